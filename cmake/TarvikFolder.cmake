@@ -1,0 +1,26 @@
+# What every target of the project has in common, and the one way to make a folder's target.
+
+add_library(tarvik_options INTERFACE)
+target_include_directories(tarvik_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(tarvik_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+
+# tarvik_logic_folder(NAME [FOLDER...]): a static library of the folder's sources that may include
+# the named folders and the standard library, nothing else.
+function(tarvik_logic_folder name)
+  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${name}/*.cpp)
+  list(LENGTH sources count)
+  if(count EQUAL 0)
+    add_library(tarvik_${name} INTERFACE)
+    target_link_libraries(tarvik_${name} INTERFACE tarvik_options)
+    foreach(below ${ARGN})
+      target_link_libraries(tarvik_${name} INTERFACE tarvik_${below})
+    endforeach()
+    return()
+  endif()
+  add_library(tarvik_${name} STATIC ${sources})
+  target_link_libraries(tarvik_${name} PUBLIC tarvik_options)
+  foreach(below ${ARGN})
+    target_link_libraries(tarvik_${name} PUBLIC tarvik_${below})
+  endforeach()
+endfunction()

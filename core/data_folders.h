@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tarvik::core {
+
+/// Where the data lie. The two folders are the same when the program is started from its own folder;
+/// they are kept apart all the same, as this system's convention: files of the first kind follow the
+/// program, files of the second the folder it was started in. Paths are UTF-8 without a final slash.
+struct DataFolders {
+  std::string program;  ///< the folder of the executable: vehicle folders, Gumik.dat, Szerviz.dat
+  std::string current;  ///< the current folder: rendsz, alkatr, megjegyz, set, figyel, figyDatum
+
+  /// The full path of a file in the program folder.
+  std::string inProgram(std::string_view name) const;
+  /// The full path of a file in the current folder.
+  std::string inCurrent(std::string_view name) const;
+  /// A vehicle's folder: the program folder and the plate without the spaces around it. Throws
+  /// Failure(PlateUnusable) for a plate that is empty, "." or "..", or holds a slash, a backslash or
+  /// a zero byte: it would lead outside the program folder.
+  std::string vehicleFolder(std::string_view plate) const;
+  /// A vehicle's logbook, napiadat.dat in its folder; throws as vehicleFolder does.
+  std::string logbook(std::string_view plate) const;
+  /// The temporary file of a deletion from that logbook, napiadatx.dat; throws as vehicleFolder does.
+  std::string logbookTemporary(std::string_view plate) const;
+};
+
+/// Whether a plate, the spaces around it aside, can name a vehicle folder.
+bool isUsablePlate(std::string_view plate);
+
+}  // namespace tarvik::core

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+
+namespace tarvik::core {
+
+/// What the record files need to know of a file.
+struct FileStatus {
+  std::int64_t size = 0;       ///< bytes
+  std::uint64_t device = 0;    ///< with inode: which file it is
+  std::uint64_t inode = 0;
+  std::uint32_t mode = 0;      ///< permission bits (rwx, three times three)
+  bool isFolder = false;
+};
+
+/// How a file is opened.
+enum class OpenMode {
+  Read,            ///< reading, the file must exist
+  ReadWrite,       ///< reading and writing, the file must exist
+  Create,          ///< reading and writing, made empty when it is missing, otherwise left as it is
+  CreateEmpty,     ///< reading and writing, made when missing, emptied when not; no link is followed
+  Folder,          ///< a folder, to sync it
+};
+
+/// The system calls that the record files use, one virtual function a call, with the system's own
+/// manner of telling failure: −1 with errno set. Everything above this interface throws Failure.
+/// The program has the real one; tests have ones that fail, record or count.
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+
+  /// Opens a file or folder; returns its descriptor.
+  virtual int open(const std::string& path, OpenMode mode) = 0;
+  /// Closes a descriptor; it is gone whatever the result.
+  virtual int close(int descriptor) = 0;
+  /// Tells of an open file.
+  virtual int status(int descriptor, FileStatus& status) = 0;
+  /// Tells of a file by its path, links followed.
+  virtual int statusOf(const std::string& path, FileStatus& status) = 0;
+  /// Reads up to buffer.size() bytes from an offset; returns how many, 0 at the end.
+  virtual std::int64_t read(int descriptor, std::span<std::byte> buffer, std::int64_t offset) = 0;
+  /// Writes up to data.size() bytes at an offset; returns how many.
+  virtual std::int64_t write(int descriptor, std::span<const std::byte> data, std::int64_t offset) = 0;
+  /// Cuts or extends an open file to a length.
+  virtual int truncate(int descriptor, std::int64_t length) = 0;
+  /// Sets an open file's permission bits.
+  virtual int setMode(int descriptor, std::uint32_t mode) = 0;
+  /// Returns when an open file's data and length, or a folder's names, are on the disk.
+  virtual int sync(int descriptor) = 0;
+  /// Gives a file a new name, replacing what has it, in one step.
+  virtual int rename(const std::string& from, const std::string& to) = 0;
+  /// Removes a file's name.
+  virtual int remove(const std::string& path) = 0;
+  /// Makes one folder.
+  virtual int makeFolder(const std::string& path) = 0;
+  /// Resolves links: the real path of an existing file into resolved.
+  virtual int resolve(const std::string& path, std::string& resolved) = 0;
+  /// Takes the exclusive advisory lock of an open file if nobody has it (errno EWOULDBLOCK otherwise);
+  /// it goes with the descriptor.
+  virtual int tryLock(int descriptor) = 0;
+  /// Waits a moment before another try for a lock.
+  virtual void pause(int milliseconds) = 0;
+};
+
+}  // namespace tarvik::core

@@ -1,0 +1,113 @@
+#pragma once
+
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "core/amount.h"
+#include "core/text.h"
+
+namespace tarvik::core {
+
+// The field encodings that all record files share: little-endian numbers and fixed-length texts, laid
+// end to end without padding. Every function takes the record's bytes and the field's offset in them.
+
+/// The flag values that writers store; readers take exactly kFlagSet for set.
+inline constexpr std::int16_t kFlagSet = -1;
+inline constexpr std::int16_t kFlagClear = 0;
+
+/// The stored form of a yes or no.
+constexpr std::int16_t toFlag(bool set) { return set ? kFlagSet : kFlagClear; }
+
+/// Reads an unsigned little-endian integer of Unsigned's width.
+template <typename Unsigned>
+constexpr Unsigned readUnsigned(std::span<const std::byte> bytes, std::size_t offset) {
+  Unsigned value = 0;
+  for (std::size_t i = 0; i < sizeof(Unsigned); ++i)
+    value = static_cast<Unsigned>(value | (static_cast<Unsigned>(bytes[offset + i]) << (8 * i)));
+  return value;
+}
+
+/// Writes an unsigned little-endian integer of Unsigned's width.
+template <typename Unsigned>
+constexpr void writeUnsigned(std::span<std::byte> bytes, std::size_t offset, Unsigned value) {
+  for (std::size_t i = 0; i < sizeof(Unsigned); ++i)
+    bytes[offset + i] = static_cast<std::byte>(value >> (8 * i));
+}
+
+inline std::int16_t readInt16(std::span<const std::byte> bytes, std::size_t offset) {
+  return static_cast<std::int16_t>(readUnsigned<std::uint16_t>(bytes, offset));
+}
+inline std::int32_t readInt32(std::span<const std::byte> bytes, std::size_t offset) {
+  return static_cast<std::int32_t>(readUnsigned<std::uint32_t>(bytes, offset));
+}
+inline Amount readAmount(std::span<const std::byte> bytes, std::size_t offset) {
+  return {static_cast<std::int64_t>(readUnsigned<std::uint64_t>(bytes, offset))};
+}
+/// Reads a date: days since 30 December 1899 as an IEEE 754 double, whatever it holds.
+inline double readDate(std::span<const std::byte> bytes, std::size_t offset) {
+  return std::bit_cast<double>(readUnsigned<std::uint64_t>(bytes, offset));
+}
+
+inline void writeInt16(std::span<std::byte> bytes, std::size_t offset, std::int16_t value) {
+  writeUnsigned(bytes, offset, static_cast<std::uint16_t>(value));
+}
+inline void writeInt32(std::span<std::byte> bytes, std::size_t offset, std::int32_t value) {
+  writeUnsigned(bytes, offset, static_cast<std::uint32_t>(value));
+}
+inline void writeAmount(std::span<std::byte> bytes, std::size_t offset, Amount value) {
+  writeUnsigned(bytes, offset, static_cast<std::uint64_t>(value.tenThousandths));
+}
+inline void writeDate(std::span<std::byte> bytes, std::size_t offset, double value) {
+  writeUnsigned(bytes, offset, std::bit_cast<std::uint64_t>(value));
+}
+
+/// A fixed text of N characters as a record holds it: N bytes of Windows-1250, so that reading a
+/// record converts and allocates nothing.
+template <std::size_t N>
+class FixedText {
+ public:
+  /// N zero bytes, the text of a record that was never written; it reads as empty.
+  constexpr FixedText() = default;
+  /// The UTF-8 text cut to its first N characters or padded with spaces.
+  explicit FixedText(std::string_view utf8) {
+    const std::string converted = toCodePage(utf8);
+    bytes_.fill(' ');
+    std::memcpy(bytes_.data(), converted.data(), converted.size() < N ? converted.size() : N);
+  }
+
+  /// The text in UTF-8, without the spaces and zero bytes around it.
+  std::string trimmed() const { return fromCodePage(core::trimmed(view())); }
+  /// All N characters in UTF-8 as stored, padding included; zero bytes show as spaces.
+  std::string asStored() const {
+    std::string spaced(view());
+    for (char& c : spaced)
+      if (c == '\0') c = ' ';
+    return fromCodePage(spaced);
+  }
+  /// Whether nothing but spaces and zero bytes is stored.
+  bool isBlank() const { return core::trimmed(view()).empty(); }
+
+  static FixedText read(std::span<const std::byte> bytes, std::size_t offset) {
+    FixedText text;
+    std::memcpy(text.bytes_.data(), bytes.data() + offset, N);
+    return text;
+  }
+  void write(std::span<std::byte> bytes, std::size_t offset) const {
+    std::memcpy(bytes.data() + offset, bytes_.data(), N);
+  }
+
+  friend bool operator==(const FixedText&, const FixedText&) = default;
+
+ private:
+  std::string_view view() const { return {bytes_.data(), N}; }
+
+  std::array<char, N> bytes_{};
+};
+
+}  // namespace tarvik::core

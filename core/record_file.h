@@ -1,0 +1,96 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <utility>
+
+#include "core/file_system.h"
+#include "core/record_list.h"
+
+namespace tarvik::core {
+
+/// The highest record number of any file: record numbers are 16-bit in this system.
+inline constexpr int kHighestRecordNumber = 32'767;
+
+/// An open descriptor that is closed on every path.
+class OpenFile {
+ public:
+  OpenFile(FileSystem& files, int descriptor) : files_(&files), descriptor_(descriptor) {}
+  OpenFile(OpenFile&& other) noexcept : files_(other.files_), descriptor_(std::exchange(other.descriptor_, -1)) {}
+  OpenFile& operator=(OpenFile&& other) noexcept;
+  OpenFile(const OpenFile&) = delete;
+  OpenFile& operator=(const OpenFile&) = delete;
+  ~OpenFile() { close(); }
+
+  int descriptor() const { return descriptor_; }
+  bool isOpen() const { return descriptor_ >= 0; }
+  /// Closes now; returns the system's answer, 0 when it was closed already.
+  int close();
+
+ private:
+  FileSystem* files_;
+  int descriptor_;
+};
+
+/// Reads a record file whole, in one read, up to the highest record number. A missing file is created
+/// empty where that is possible and counts as one without records. Throws Failure(FolderMissing) when
+/// its folder is not there, OpenFailed or ReadFailed.
+ByteBlock readRecords(FileSystem& files, const std::string& path, std::size_t recordLength);
+
+/// As readRecords, of one record type.
+template <Record R>
+RecordList<R> loadRecords(FileSystem& files, const std::string& path) {
+  return RecordList<R>(readRecords(files, path, R::kLength));
+}
+
+/// Creates the file empty when it is missing and leaves it alone otherwise. Throws
+/// Failure(FolderMissing) or Failure(OpenFailed).
+void createIfMissing(FileSystem& files, const std::string& path);
+
+/// A record file opened to be changed, by one change.
+///
+/// It holds the file's advisory lock from construction to destruction, so that two programs on one
+/// folder take turns. When append, rewrite or remove returns, the change is on the disk; until then
+/// the file is byte for byte the old one. A failure of any step throws and leaves the old file.
+/// A symbolic link is followed and stays; the file keeps its permission bits. A file without any write
+/// permission is refused whoever asks.
+class RecordFile {
+ public:
+  /// Opens and locks the file, creating it empty when it is missing. Throws Failure(FolderMissing),
+  /// OpenFailed, or FileBusy when another program holds the lock for two seconds.
+  RecordFile(FileSystem& files, std::string path, std::size_t recordLength);
+
+  /// Whole records in the file; a partial one at its end does not count.
+  std::int64_t count() const;
+
+  /// Reads count records from number first (1-based) in one read; the caller keeps them in range.
+  ByteBlock read(std::int64_t first, std::int64_t count) const;
+
+  /// Writes a record behind the last whole one and syncs. Throws Failure(FileFull) past the highest
+  /// record number, WriteFailed, SyncFailed; the file then is as it was.
+  void append(std::span<const std::byte> record);
+
+  /// Writes a record in the place of the one with that number, as a new file that replaces the old one.
+  /// Throws Failure(RecordMissing) for a number outside 1 to count().
+  void rewrite(std::int64_t number, std::span<const std::byte> record);
+
+  /// Removes the record of that number, closing the gap, by copying the others into the temporary file
+  /// and giving that the file's name. The temporary file is not emptied first: what it holds behind the
+  /// copied records becomes part of the file, as this system's convention. A number outside 1 to
+  /// count() removes nothing and copies all.
+  void remove(std::int64_t number, const std::string& temporary);
+
+ private:
+  void replaceWith(std::span<const std::byte> contents, const std::string& temporary, OpenMode mode);
+  void restoreTail(const ByteBlock& tail, std::int64_t offset);
+
+  FileSystem& files_;
+  std::string path_;
+  std::size_t recordLength_;
+  OpenFile file_;
+  FileStatus status_;
+};
+
+}  // namespace tarvik::core

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <concepts>
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <utility>
+#include <vector>
+
+namespace tarvik::core {
+
+/// A record type: its length in the file and its two conversions.
+template <typename R>
+concept Record = requires(const R record, std::span<const std::byte> in, std::span<std::byte> out) {
+  { R::kLength } -> std::convertible_to<std::size_t>;
+  { R::decode(in) } -> std::same_as<R>;
+  { record.encode(out) } -> std::same_as<void>;
+};
+
+/// A block of bytes that was read or is to be written in one piece. Moved, never copied.
+struct ByteBlock {
+  std::unique_ptr<std::byte[]> data;
+  std::size_t size = 0;
+
+  /// A block of that size; its contents are not set.
+  static ByteBlock ofSize(std::size_t size) {
+    return {std::make_unique_for_overwrite<std::byte[]>(size), size};
+  }
+  std::span<std::byte> span() { return {data.get(), size}; }
+  std::span<const std::byte> span() const { return {data.get(), size}; }
+};
+
+/// The bytes of one record.
+template <Record R>
+std::vector<std::byte> encoded(const R& record) {
+  std::vector<std::byte> bytes(R::kLength);
+  record.encode(bytes);
+  return bytes;
+}
+
+/// A file's records as they were read: the bytes themselves, a record decoded when it is asked for.
+/// Bytes behind the last whole record do not count.
+template <Record R>
+class RecordList {
+ public:
+  RecordList() = default;
+  explicit RecordList(ByteBlock bytes) : bytes_(std::move(bytes)) {}
+  /// The records as a file would hold them.
+  static RecordList of(std::span<const R> records) {
+    ByteBlock block = ByteBlock::ofSize(records.size() * R::kLength);
+    for (std::size_t i = 0; i < records.size(); ++i)
+      records[i].encode(block.span().subspan(i * R::kLength, R::kLength));
+    return RecordList(std::move(block));
+  }
+
+  /// How many whole records there are.
+  int count() const { return static_cast<int>(bytes_.size / R::kLength); }
+
+  /// The record of that number, counted from 1; one of zero bytes for a number outside 1 to count().
+  R record(int number) const {
+    static constexpr std::byte kZeros[R::kLength] = {};
+    if (number < 1 || number > count()) return R::decode(std::span<const std::byte>(kZeros));
+    const auto offset = static_cast<std::size_t>(number - 1) * R::kLength;
+    return R::decode(bytes_.span().subspan(offset, R::kLength));
+  }
+
+ private:
+  ByteBlock bytes_;
+};
+
+}  // namespace tarvik::core
