@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace tarvik::core {
 
@@ -27,14 +28,15 @@ struct CalendarDate {
 inline constexpr Day kFirstDay{-657'434};
 inline constexpr Day kLastDay{2'958'465};
 
-/// The day of a date; the date must exist (year 100 to 9999).
+/// The day of a date; throws Failure(OutOfRange) for one that does not exist (year 100 to 9999).
 Day dayOf(const CalendarDate& date);
 
 /// The date of a day from kFirstDay to kLastDay; throws Failure(OutOfRange) for any other.
 CalendarDate calendarDate(Day day);
 
 /// The day that a stored date holds: days since 30 December 1899 with the time of day as the fraction,
-/// which is dropped. Nothing when the value is no number or outside kFirstDay to kLastDay.
+/// which is dropped; the fraction of a negative value is a time of day as well (-1.25 is six o'clock on
+/// 29 December 1899). Nothing when the value is no number or outside kFirstDay to kLastDay.
 std::optional<Day> dayFromStored(double stored);
 
 /// The day as files store it, the time of day 00:00.
@@ -53,8 +55,9 @@ std::string shortDate(Day day);
 /// The short date of a stored date value, or "?" when it holds no day (a damaged record).
 std::string shortDateOfStored(double stored);
 
-/// The day whose short date the first ten or eleven characters are ("2013.07.05" or "2013.07.05.").
-std::optional<Day> dayFromShortDate(const std::string& text);
+/// The day whose short date the whole text is, with its final point or without ("2013.07.05." or
+/// "2013.07.05"). Nothing for any other text and for a date that does not exist.
+std::optional<Day> dayFromShortDate(std::string_view text);
 
 /// The day of the week, 1 = Sunday to 7 = Saturday.
 int weekday(Day day);

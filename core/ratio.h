@@ -45,7 +45,7 @@ std::int32_t toWhole32(const Ratio& value);
 std::int16_t toWhole16(const Ratio& value);
 
 /// value × 10^decimals rounded to a whole number, halves away from zero (how figures are shown).
-/// decimals is 0 to 9.
+/// Throws Failure(OutOfRange) for decimals outside 0 to 9 and past 128 bits.
 Int128 roundedAwayFromZero(const Ratio& value, int decimals);
 
 /// Integer division as the logbook's figures use it: both operands are first rounded to whole numbers
