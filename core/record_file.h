@@ -26,8 +26,8 @@ class OpenFile {
 
   int descriptor() const { return descriptor_; }
   bool isOpen() const { return descriptor_ >= 0; }
-  /// Closes now; returns the system's answer, 0 when it was closed already.
-  int close();
+  /// Closes now. What was written is synced before, so the system's answer no longer matters.
+  void close() noexcept;
 
  private:
   FileSystem* files_;
@@ -76,15 +76,17 @@ class RecordFile {
   /// Throws Failure(RecordMissing) for a number outside 1 to count().
   void rewrite(std::int64_t number, std::span<const std::byte> record);
 
-  /// Removes the record of that number, closing the gap, by copying the others into the temporary file
-  /// and giving that the file's name. The temporary file is not emptied first: what it holds behind the
-  /// copied records becomes part of the file, as this system's convention. A number outside 1 to
-  /// count() removes nothing and copies all.
+  /// Removes the record of that number, closing the gap, as a new file that replaces the old one. What the
+  /// deletion's temporary file holds behind as many records as remain becomes part of the file and the
+  /// temporary file goes: it is never emptied first, as this system's convention. A number outside 1 to
+  /// count() removes nothing.
   void remove(std::int64_t number, const std::string& temporary);
 
  private:
-  void replaceWith(std::span<const std::byte> contents, const std::string& temporary, OpenMode mode);
-  void restoreTail(const ByteBlock& tail, std::int64_t offset);
+  void replaceWith(std::span<const std::byte> contents);
+  void writeReplacement(const std::string& target, std::span<const std::byte> contents);
+  void restoreTail(const ByteBlock& tail, std::int64_t offset) noexcept;
+  void discardTemporary(const std::string& temporary, bool heldSurplus);
 
   FileSystem& files_;
   std::string path_;

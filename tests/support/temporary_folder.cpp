@@ -1,0 +1,60 @@
+#include "tests/support/temporary_folder.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <stdexcept>
+
+namespace tarvik::test {
+
+namespace fs = std::filesystem;
+
+TemporaryFolder::TemporaryFolder() {
+  std::random_device random;
+  do {
+    path_ = (fs::temp_directory_path() / ("tarvik-test-" + std::to_string(random()))).string();
+  } while (!fs::create_directory(path_));
+}
+
+TemporaryFolder::~TemporaryFolder() {
+  std::error_code ignored;
+  fs::remove_all(path_, ignored);
+}
+
+void TemporaryFolder::makeFolder(std::string_view name) const { fs::create_directories(*this / name); }
+
+void TemporaryFolder::write(std::string_view name, std::string_view contents) const {
+  std::ofstream out(*this / name, std::ios::binary | std::ios::trunc);
+  out.write(contents.data(), static_cast<std::streamsize>(contents.size()));
+  if (!out.flush()) throw std::runtime_error("cannot write " + (*this / name));
+}
+
+std::string TemporaryFolder::read(std::string_view name) const {
+  std::ifstream in(*this / name, std::ios::binary);
+  if (!in) throw std::runtime_error("cannot read " + (*this / name));
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+bool TemporaryFolder::has(std::string_view name) const { return fs::exists(*this / name); }
+
+std::vector<std::string> TemporaryFolder::names() const {
+  std::vector<std::string> found;
+  for (const auto& entry : fs::recursive_directory_iterator(path_))
+    found.push_back(fs::relative(entry.path(), path_).string());
+  std::sort(found.begin(), found.end());
+  return found;
+}
+
+std::string toText(const std::vector<std::byte>& bytes) {
+  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+std::string padded(std::string_view text, std::size_t width) {
+  std::string result(text.substr(0, width));
+  result.resize(width, ' ');
+  return result;
+}
+
+}  // namespace tarvik::test

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "core/clock.h"
+#include "core/data_folders.h"
+#include "core/file_system.h"
+
+namespace tarvik::ui {
+
+/// What the screens share for the whole run, as this system's convention: numbers that outlive a screen.
+struct ProgramState {
+  std::int16_t reminderState = 0;     ///< 1 = reminders on, 0 = off
+  std::int16_t selectedReminder = 0;  ///< record number of the reminder selected last, 0 = none
+  std::int32_t currentReading = 0;    ///< odometer reading that the km check found, km
+  std::int16_t alertSelection = 0;    ///< record number of the line clicked last on the km alert, 0 = none
+  std::int16_t chartChoice = 0;       ///< 1 to 7 = the chart chosen last, 0 = none or cancelled
+};
+
+/// The world outside the screens, handed to each of them: disk, folders, clock, version and the state
+/// that they share. Lives longer than any screen.
+struct Context {
+  core::FileSystem& files;
+  core::DataFolders folders;
+  const core::Clock& clock;
+  std::string version;  ///< major.minor.revision
+  ProgramState state = {};
+};
+
+}  // namespace tarvik::ui

@@ -1,0 +1,51 @@
+#include "ui/controls/list_view.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+
+namespace tarvik::ui {
+
+ListView::ListView(QWidget* parent) : QTreeView(parent) {
+  setRootIsDecorated(false);
+  setItemsExpandable(false);
+  setUniformRowHeights(true);
+  setAllColumnsShowFocus(true);
+  setAlternatingRowColors(true);
+  setSelectionMode(SingleSelection);
+  setSelectionBehavior(SelectRows);
+  setEditTriggers(NoEditTriggers);
+  setTabKeyNavigation(false);
+  header()->setStretchLastSection(true);
+  header()->setSectionsMovable(false);
+  header()->setHighlightSections(false);
+  connect(this, &QTreeView::clicked, this, [this](const QModelIndex& index) { emit rowChosen(index.row()); });
+}
+
+void ListView::setModel(QAbstractItemModel* model) {
+  QTreeView::setModel(model);
+  setColumnHidden(model->columnCount() - 1, true);
+}
+
+void ListView::setColumnCharacters(const QList<int>& characters) {
+  const int one = fontMetrics().horizontalAdvance(QLatin1Char('0'));
+  for (int column = 0; column < characters.size(); ++column)
+    header()->resizeSection(column, (characters[column] + 2) * one);
+}
+
+void ListView::sortByHeaderClicks() {
+  header()->setSectionsClickable(true);
+  connect(header(), &QHeaderView::sectionClicked, this, [this](int column) {
+    header()->setSortIndicatorShown(true);
+    header()->setSortIndicator(column, Qt::AscendingOrder);
+    model()->sort(column, Qt::AscendingOrder);
+  });
+}
+
+void ListView::keyPressEvent(QKeyEvent* event) {
+  const QPersistentModelIndex before = currentIndex();
+  QTreeView::keyPressEvent(event);
+  const QModelIndex now = currentIndex();
+  if (now.isValid() && now.row() != before.row()) emit rowChosen(now.row());
+}
+
+}  // namespace tarvik::ui

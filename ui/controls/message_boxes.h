@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace tarvik::ui {
+
+/// The answer that Enter gives to a question. Deletions have No, everything else Yes; Escape is No.
+enum class DefaultAnswer { Yes, No };
+
+/// Asks a question with Yes and No; true for Yes.
+bool ask(QWidget* parent, const QString& title, const QString& prompt, DefaultAnswer byDefault);
+
+/// Tells of an error with an OK button and the critical icon.
+void tellError(QWidget* parent, const QString& title, const QString& prompt);
+
+}  // namespace tarvik::ui

@@ -1,0 +1,86 @@
+#include "ui/guarded.h"
+
+#include <QHash>
+#include <QWidget>
+#include <cstring>
+#include <new>
+
+#include "ui/controls/message_boxes.h"
+#include "ui/text.h"
+
+namespace tarvik::ui {
+namespace {
+
+using core::FailureKind;
+
+// What each kind of failure is called; %1 is the file.
+QString headline(FailureKind kind) {
+  switch (kind) {
+    case FailureKind::OpenFailed: return QStringLiteral("A fájl nem nyitható meg:\n%1");
+    case FailureKind::ReadFailed: return QStringLiteral("A fájl nem olvasható:\n%1");
+    case FailureKind::WriteFailed: return QStringLiteral("A fájl nem írható (talán megtelt a lemez):\n%1");
+    case FailureKind::SyncFailed: return QStringLiteral("A rendszer nem igazolta vissza a mentést:\n%1");
+    case FailureKind::ReplaceFailed: return QStringLiteral("A fájl nem cserélhető le az új változatára:\n%1");
+    case FailureKind::FileBusy: return QStringLiteral("A fájlt egy másik program használja:\n%1");
+    case FailureKind::FolderMissing: return QStringLiteral("Nincs meg a mappa, ahol ennek a fájlnak a helye van:\n%1");
+    case FailureKind::PlateUnusable: return QStringLiteral("Ez a rendszám nem lehet mappa neve:\n%1");
+    case FailureKind::NotANumber: return QStringLiteral("Nem szám van a mezőben: %1");
+    case FailureKind::OutOfRange: return QStringLiteral("Túl nagy szám: %1");
+    case FailureKind::DivisionByZero: return QStringLiteral("Nullával kellene osztani: %1");
+    case FailureKind::FileFull: return QStringLiteral("A fájl betelt, több tétel nem fér bele:\n%1");
+    case FailureKind::RecordMissing: return QStringLiteral("Ez a tétel már nincs a fájlban:\n%1");
+  }
+  return {};
+}
+
+// The name of a field as its label on the screen says it.
+QString fieldName(const std::string& field) {
+  static const QHash<QString, QString> names{
+      {"txKmOra", "Km óra állás"},
+      {"txTankoltLiter", "Liter"},
+      {"txTankoltKtg", "Tankolt költség"},
+      {"lbFtperLiter", "Üzemanyag ár"},
+      {"txAlkatreszKtg", "Alkatrész költség"},
+      {"txMegjKtg", "Megjegyzés költsége"},
+      {"txTank", "Üzemanyag tank mérete"},
+      {"txtGumiMaxKm", "Max. km"},
+      {"txtMMaxKm", "Max. km"},
+      {"txtGumiKmFelszerelKor", "Km. óra állása felszereléskor"},
+      {"txtMKmFelszKor", "Km. óra állása felszereléskor"},
+      {"txtGumiAzotaFutottKm", "Azóta futott Km."},
+      {"txtMAzotaFutott", "Azóta futott Km."},
+      {"txtSzervizKoltseg", "Költség"},
+      {"txtKMora", "Km. óra állás"},
+  };
+  return names.value(toQt(field), toQt(field));
+}
+
+QString subject(const core::Failure& failure) {
+  return failure.file().empty() ? fieldName(failure.field()) : toQt(failure.file());
+}
+
+}  // namespace
+
+QString failureText(const core::Failure& failure) {
+  QString text = headline(failure.kind()).arg(subject(failure));
+  if (failure.systemError() != 0)
+    text += QStringLiteral("\n(%1)").arg(QString::fromLocal8Bit(std::strerror(failure.systemError())));
+  if (failure.kind() == FailureKind::SyncFailed)
+    return text + QStringLiteral("\n\nNézd meg a listát, mielőtt megismétled!");
+  return text + QStringLiteral("\n\nSemmi sem változott.");
+}
+
+bool guarded(QWidget* parent, const std::function<void()>& action) {
+  const QString title = QStringLiteral(" H i b a !");
+  try {
+    action();
+    return true;
+  } catch (const core::Failure& failure) {
+    tellError(parent, title, failureText(failure));
+  } catch (const std::bad_alloc&) {
+    tellError(parent, title, QStringLiteral("Elfogyott a memória.\n\nSemmi sem változott."));
+  }
+  return false;
+}
+
+}  // namespace tarvik::ui

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QStringList>
+#include <optional>
+#include <vector>
+
+namespace tarvik::ui {
+
+/// A row of texts, the record number it stands for and whether it is marked (a check mark and bold).
+struct TextRow {
+  QStringList cells;
+  QString record;  ///< the record number as text; kept in the last, hidden column
+  std::optional<bool> marked = std::nullopt;  ///< nothing = the list has no marks
+};
+
+/// A list of text rows under headers, with one more column without a header that carries each row's
+/// record number. Sorting is ascending by text; once a column was chosen it stays the order of every
+/// later fill.
+class TextListModel : public QAbstractTableModel {
+  Q_OBJECT
+
+ public:
+  explicit TextListModel(QStringList headers, QObject* parent = nullptr);
+
+  /// Replaces all rows.
+  void setRows(std::vector<TextRow> rows);
+  /// The column that carries the record numbers.
+  int recordColumn() const { return static_cast<int>(headers_.size()); }
+  /// The record number of a row as text ("" for a row that does not exist).
+  QString record(int row) const;
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+  /// Sorts ascending by the column's text, whatever the order asked for; a negative column is ignored.
+  void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
+
+ private:
+  QString cell(const TextRow& row, int column) const;
+  void arrange();
+
+  QStringList headers_;
+  std::vector<TextRow> rows_;
+  int sortColumn_ = -1;
+};
+
+}  // namespace tarvik::ui
