@@ -92,10 +92,9 @@ void saveAsPdf(Context& context, const PrintOut& printOut, QWidget* parent) {
     return;
   const QString path = askPdfPath(pdfName(printOut.plate, context.clock.today()), parent);
   if (path.isEmpty()) return;
-  OutputFile file(context.files, toLogic(path) + ".part");
+  OutputFile file(context.files, toLogic(path));
   if (!paintDocument(printOut.document, printOut.title, file, parent)) return;
-  file.finish();
-  file.moveTo(toLogic(path));
+  file.commit();
 }
 
 void sendTo(const QString& printer, Context& context, const PrintOut& printOut, PrintSystem& system,
@@ -105,7 +104,7 @@ void sendTo(const QString& printer, Context& context, const PrintOut& printOut, 
   const QString path = folder.filePath(QStringLiteral("lista.pdf"));
   OutputFile file(context.files, toLogic(path));
   if (!paintDocument(printOut.document, printOut.title, file, parent)) return;
-  file.finish();
+  file.commit();
   const QString refusal = system.send(printer, path, printOut.title);
   if (!refusal.isEmpty())
     tellError(parent, QStringLiteral(" H i b a !"),

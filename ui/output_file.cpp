@@ -5,41 +5,32 @@
 #include <utility>
 
 namespace tarvik::ui {
-namespace {
 
 using core::Failure;
 using core::FailureKind;
 
-Failure systemFailure(FailureKind kind, const std::string& path) {
-  const int error = errno;
-  return std::move(Failure(kind).file(path).systemError(error));
-}
-
-}  // namespace
-
 OutputFile::OutputFile(core::FileSystem& files, std::string path)
-    : files_(files), path_(std::move(path)), file_(files, files.open(path_, core::OpenMode::CreateEmpty)) {
-  if (!file_.isOpen()) throw systemFailure(FailureKind::OpenFailed, path_);
+    : files_(files),
+      path_(std::move(path)),
+      unfinished_(path_ + ".part"),
+      file_(files, files.open(unfinished_, core::OpenMode::CreateEmpty)) {
+  if (!file_.isOpen()) throw failed(FailureKind::OpenFailed);
   open(QIODevice::WriteOnly | QIODevice::Unbuffered);
 }
 
 OutputFile::~OutputFile() {
-  if (path_.empty()) return;
+  if (unfinished_.empty()) return;
   file_.close();
-  files_.remove(path_);
+  files_.remove(unfinished_);
 }
 
-void OutputFile::finish() {
-  if (!failure_ && files_.sync(file_.descriptor()) != 0)
-    failure_ = systemFailure(FailureKind::SyncFailed, path_);
+void OutputFile::commit() {
   if (failure_) throw *failure_;
+  if (files_.sync(file_.descriptor()) != 0) throw failed(FailureKind::SyncFailed);
   close();
   file_.close();
-}
-
-void OutputFile::moveTo(const std::string& path) {
-  if (files_.rename(path_, path) != 0) throw systemFailure(FailureKind::ReplaceFailed, path);
-  path_.clear();
+  if (files_.rename(unfinished_, path_) != 0) throw failed(FailureKind::ReplaceFailed);
+  unfinished_.clear();
 }
 
 qint64 OutputFile::readData(char*, qint64) {
@@ -53,13 +44,19 @@ qint64 OutputFile::writeData(const char* data, qint64 size) {
     if (put < 0 && errno == EINTR) continue;
     if (put == 0) errno = ENOSPC;
     if (put <= 0) {
-      failure_ = systemFailure(FailureKind::WriteFailed, path_);
+      failure_ = failed(FailureKind::WriteFailed);
       break;
     }
     written_ += put;
     rest = rest.subspan(static_cast<std::size_t>(put));
   }
   return failure_ ? -1 : size;
+}
+
+// The file is named as the person knows it.
+Failure OutputFile::failed(FailureKind kind) const {
+  const int error = errno;
+  return std::move(Failure(kind).file(path_).systemError(error));
 }
 
 }  // namespace tarvik::ui

@@ -11,24 +11,22 @@
 
 namespace tarvik::ui {
 
-/// A new file that the toolkit writes a document into. It is removed again unless it is moved to its final
-/// name: a failed or cancelled document leaves nothing behind.
+/// A new file that the toolkit writes a document into. It grows under a name of its own beside its place
+/// and takes its place in one step when it is complete: a failed or cancelled document leaves nothing behind
+/// and the file that was there before as it was.
 class OutputFile final : public QIODevice {
  public:
-  /// Makes the file, emptying one that is there. Throws Failure(OpenFailed).
+  /// Begins the file that is to have that path (UTF-8). Throws Failure(OpenFailed).
   OutputFile(core::FileSystem& files, std::string path);
+  /// Discards the file unless commit returned.
   ~OutputFile() override;
 
   /// Whether a write was refused. The toolkit's writers do not look, so the one who drives them must.
   bool hasFailed() const { return failure_.has_value(); }
 
-  /// Ends the writing, with the document safe on the disk. Throws what the first refused write did not
-  /// tell (WriteFailed), or SyncFailed.
-  void finish();
-
-  /// Gives the finished file its final name, replacing what has it, and keeps it. Throws
-  /// Failure(ReplaceFailed).
-  void moveTo(const std::string& path);
+  /// Puts the complete file in its place, replacing what is there, with its contents safe on the disk.
+  /// Throws Failure(WriteFailed) for the first write that was refused, SyncFailed or ReplaceFailed.
+  void commit();
 
   bool isSequential() const override { return true; }
 
@@ -37,8 +35,11 @@ class OutputFile final : public QIODevice {
   qint64 writeData(const char* data, qint64 size) override;
 
  private:
+  core::Failure failed(core::FailureKind kind) const;
+
   core::FileSystem& files_;
   std::string path_;
+  std::string unfinished_;
   core::OpenFile file_;
   std::int64_t written_ = 0;
   std::optional<core::Failure> failure_;
