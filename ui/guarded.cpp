@@ -96,4 +96,15 @@ bool guarded(QWidget* parent, const std::function<void()>& action) {
   return false;
 }
 
+bool quietly(const std::function<void()>& part) {
+  try {
+    part();
+    return true;
+  } catch (const core::Failure&) {
+    return false;
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
+}
+
 }  // namespace tarvik::ui
