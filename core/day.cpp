@@ -19,16 +19,17 @@ constexpr bool hasText(std::int64_t number) {
   return number >= kFirstDay.number && number <= kLastDay.number;
 }
 
-year_month_day chronoDate(const CalendarDate& date) {
-  return year{date.year} / date.month / date.day;
+// The calendar's own types keep the lowest bits of a number only, so the limits are checked before.
+constexpr bool withinLimits(const CalendarDate& date) {
+  return date.year >= 100 && date.year <= 9999 && date.month >= 1 && date.month <= 12 && date.day >= 1 &&
+         date.day <= 31;
 }
 
 std::optional<Day> existingDay(const CalendarDate& date) {
-  const year_month_day ymd = chronoDate(date);
-  if (date.year > 9999 || !ymd.ok()) return std::nullopt;
-  const auto number = (sys_days{ymd} - kDayZero).count();
-  if (!hasText(number)) return std::nullopt;
-  return Day{static_cast<std::int32_t>(number)};
+  if (!withinLimits(date)) return std::nullopt;
+  const year_month_day ymd = year{date.year} / date.month / date.day;
+  if (!ymd.ok()) return std::nullopt;
+  return Day{static_cast<std::int32_t>((sys_days{ymd} - kDayZero).count())};
 }
 
 constexpr std::string_view kShortDateForm = "0000.00.00";

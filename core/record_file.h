@@ -91,8 +91,8 @@ class RecordFile {
   FileSystem& files_;
   std::string path_;
   std::size_t recordLength_;
+  FileStatus status_;  // ahead of the file: opening it fills the status in
   OpenFile file_;
-  FileStatus status_;
 };
 
 }  // namespace tarvik::core

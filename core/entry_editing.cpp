@@ -1,0 +1,100 @@
+#include "core/entry_editing.h"
+
+#include <algorithm>
+
+#include "core/failure.h"
+#include "core/number_format.h"
+#include "core/number_text.h"
+#include "core/record_file.h"
+
+namespace tarvik::core {
+namespace {
+
+// Entries read from behind, some dozens in one read: the last full fill is rarely far.
+class BackwardReader {
+ public:
+  explicit BackwardReader(const RecordFile& file) : file_(file) {}
+
+  NapiAdat operator()(int number) {
+    if (number < first_) {
+      const int count = std::min(number, kEntriesARead);
+      first_ = number - count + 1;
+      entries_ = Logbook(file_.read(first_, count));
+    }
+    return entries_.record(number - first_ + 1);
+  }
+
+ private:
+  static constexpr int kEntriesARead = 64;
+
+  const RecordFile& file_;
+  Logbook entries_;
+  int first_ = kHighestRecordNumber + 1;
+};
+
+std::string consumptionText(const Ratio& litres, const Ratio& distance) {
+  if (distance.isZero()) throw Failure(FailureKind::DivisionByZero).field("txKmOra");
+  return formatted(litres / (distance / 100), "##.00");
+}
+
+}  // namespace
+
+FullFillSearch searchFullFill(int newNumber, const Ratio& litres, const Ratio& kmOra,
+                              const std::function<NapiAdat(int)>& entry) {
+  Ratio sum = litres;
+  for (int number = newNumber - 1; number >= 2; --number) {
+    const NapiAdat earlier = entry(number);
+    const bool isFull = earlier.Teletank == kFlagSet;
+    if (isFull && !earlier.TankoltLiter.isZero()) {
+      const Ratio distance = kmOra - earlier.KmOra;
+      return {distance, consumptionText(sum, distance)};
+    }
+    if (!isFull) sum = sum + earlier.TankoltLiter.ratio();
+  }
+  return {};
+}
+
+Logbook loadLogbook(FileSystem& files, const DataFolders& folders, const std::string& plate) {
+  if (!isUsablePlate(plate)) return {};
+  try {
+    return loadRecords<NapiAdat>(files, folders.logbook(plate));
+  } catch (const Failure& failure) {
+    if (failure.kind() != FailureKind::FolderMissing) throw;
+    return {};
+  }
+}
+
+Ratio recordEntry(FileSystem& files, const DataFolders& folders, const std::string& plate, EntryInput input) {
+  if (plainNumber(input.tankoltLiter).isZero()) input.teletank = false;
+  input = withDefaults(std::move(input));
+  NapiAdat entry = toEntry(input);
+  RecordFile file(files, folders.logbook(plate), NapiAdat::kLength);
+  if (file.count() >= kHighestRecordNumber)
+    throw Failure(FailureKind::FileFull).file(folders.logbook(plate)).record(file.count() + 1);
+  BackwardReader reader(file);
+  const FullFillSearch found =
+      searchFullFill(static_cast<int>(file.count()) + 1, requiredNumber(input.tankoltLiter, "txTankoltLiter"),
+                     requiredNumber(input.kmOra, "txKmOra"), std::ref(reader));
+  entry.Fogyasztas = storedConsumption(found.consumption);
+  file.append(encoded(entry));
+  return found.distance;
+}
+
+void modifyEntry(FileSystem& files, const DataFolders& folders, const std::string& plate, int number,
+                 const EntryInput& input, std::string_view shownConsumption) {
+  NapiAdat entry = toEntry(withDefaults(input));
+  entry.Fogyasztas = storedConsumption(shownConsumption);
+  RecordFile(files, folders.logbook(plate), NapiAdat::kLength).rewrite(number, encoded(entry));
+}
+
+NapiAdat openDeletion(FileSystem& files, const DataFolders& folders, const std::string& plate, int number) {
+  const Logbook logbook = loadRecords<NapiAdat>(files, folders.logbook(plate));
+  createIfMissing(files, folders.logbookTemporary(plate));
+  return logbook.record(number);
+}
+
+void deleteEntry(FileSystem& files, const DataFolders& folders, const std::string& plate, int number) {
+  RecordFile(files, folders.logbook(plate), NapiAdat::kLength).remove(number, folders.logbookTemporary(plate));
+}
+
+}  // namespace tarvik::core

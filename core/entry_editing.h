@@ -1,0 +1,50 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "core/data_folders.h"
+#include "core/entry_input.h"
+#include "core/file_system.h"
+#include "core/napi_adat.h"
+
+namespace tarvik::core {
+
+/// The walk back from a new entry to the last full fill before it.
+struct FullFillSearch {
+  Ratio distance = 0;       ///< km since that full fill; 0 when there is none
+  std::string consumption;  ///< litres per 100 km since then, "##.00"; empty when there is none
+};
+
+/// Looks for the reference full fill of a new entry with that record number: the last earlier entry, entry
+/// 1 left out on purpose (this system's convention, on which recorded consumptions rest), that is a full
+/// fill with litres. The litres of the entries between count together with the new entry's own. entry
+/// gives an entry by its number. Throws Failure(DivisionByZero) when the distance is 0.
+FullFillSearch searchFullFill(int newNumber, const Ratio& litres, const Ratio& kmOra,
+                              const std::function<NapiAdat(int)>& entry);
+
+/// The logbook of a vehicle, to be listed or computed with. A missing vehicle folder, an empty plate or
+/// one that cannot name a folder reads as a logbook without entries; a missing file is created empty.
+/// Throws Failure(OpenFailed) or ReadFailed.
+Logbook loadLogbook(FileSystem& files, const DataFolders& folders, const std::string& plate);
+
+/// Appends the entry that the input stands for, with its consumption; an entry without fuel is never a
+/// full fill. Returns the distance since the reference full fill, to be added to the fitted tyres.
+/// Throws Failure for a text that does not convert, a distance of 0, a full or unwritable file, a missing
+/// vehicle folder; nothing is recorded then.
+Ratio recordEntry(FileSystem& files, const DataFolders& folders, const std::string& plate, EntryInput input);
+
+/// Overwrites the entry of that number with what the input stands for. Its consumption is the figure that
+/// was shown beside it. Throws Failure as recordEntry does, and RecordMissing.
+void modifyEntry(FileSystem& files, const DataFolders& folders, const std::string& plate, int number,
+                 const EntryInput& input, std::string_view shownConsumption);
+
+/// Opens the deletion of an entry: makes its temporary file where there is none, empty, and returns the
+/// entry. The temporary file stays when the person declines, as this system's convention. Throws
+/// Failure for a missing folder or file.
+NapiAdat openDeletion(FileSystem& files, const DataFolders& folders, const std::string& plate, int number);
+
+/// Removes the entry of that number; later entries move up by one. Throws Failure.
+void deleteEntry(FileSystem& files, const DataFolders& folders, const std::string& plate, int number);
+
+}  // namespace tarvik::core

@@ -1,0 +1,101 @@
+#include "core/entry_input.h"
+
+#include "core/failure.h"
+#include "core/number_format.h"
+#include "core/number_text.h"
+#include "core/text.h"
+
+namespace tarvik::core {
+namespace {
+
+void defaultToZero(std::string& text) {
+  if (trimmed(text).empty()) text = "0";
+}
+
+// Runs a conversion and names the field in its failure.
+template <typename Convert>
+auto inField(const char* field, Convert convert) {
+  try {
+    return convert();
+  } catch (Failure& failure) {
+    failure.field(field);
+    throw;
+  }
+}
+
+std::int32_t wholeField(const std::string& text, const char* field) {
+  return inField(field, [&] { return toWhole32(requiredNumber(text, field)); });
+}
+
+Amount amountField(const std::string& text, const char* field) {
+  return inField(field, [&] { return toAmount(requiredNumber(text, field)); });
+}
+
+}  // namespace
+
+EntryInput withDefaults(EntryInput input) {
+  defaultToZero(input.alkatreszKtg);
+  defaultToZero(input.megjKtg);
+  defaultToZero(input.tankoltKtg);
+  defaultToZero(input.tankoltLiter);
+  defaultToZero(input.ftPerLiter);
+  return input;
+}
+
+NapiAdat toEntry(const EntryInput& input) {
+  NapiAdat entry;
+  entry.KmOra = wholeField(input.kmOra, "txKmOra");
+  entry.Datum = toStored(input.datum);
+  entry.Teletank = toFlag(input.teletank);
+  entry.TankoltLiter = amountField(input.tankoltLiter, "txTankoltLiter");
+  entry.TankoltKtg = wholeField(input.tankoltKtg, "txTankoltKtg");
+  entry.AlkatreszKtg = wholeField(input.alkatreszKtg, "txAlkatreszKtg");
+  entry.FtPerLiter = amountField(input.ftPerLiter, "lbFtperLiter");
+  entry.Olajcsere = toFlag(input.olajcsere);
+  entry.Szurocsere = toFlag(input.szurocsere);
+  entry.Gyertyacsere = toFlag(input.gyertyacsere);
+  entry.Alkatresz = FixedText<50>(input.alkatresz);
+  entry.MegjKtg = wholeField(input.megjKtg, "txMegjKtg");
+  entry.Megjegyzes = FixedText<50>(input.megjegyzes);
+  return entry;
+}
+
+ShownEntry toInput(const NapiAdat& entry) {
+  const std::optional<Day> datum = dayFromStored(entry.Datum);
+  EntryInput input{.kmOra = std::to_string(entry.KmOra),
+                   .tankoltLiter = plainText(entry.TankoltLiter),
+                   .tankoltKtg = std::to_string(entry.TankoltKtg),
+                   .ftPerLiter = plainText(entry.FtPerLiter),
+                   .alkatresz = entry.Alkatresz.trimmed(),
+                   .alkatreszKtg = std::to_string(entry.AlkatreszKtg),
+                   .megjegyzes = entry.Megjegyzes.trimmed(),
+                   .megjKtg = std::to_string(entry.MegjKtg),
+                   .datum = datum.value_or(Day{}),
+                   .teletank = entry.Teletank == kFlagSet,
+                   .olajcsere = entry.Olajcsere == kFlagSet,
+                   .szurocsere = entry.Szurocsere == kFlagSet,
+                   .gyertyacsere = entry.Gyertyacsere == kFlagSet};
+  return {std::move(input), datum};
+}
+
+Amount storedConsumption(std::string_view shown) {
+  if (plainNumber(shown).isZero()) return {};
+  return inField("lbPillAtlag", [&] { return toAmount(requiredNumber(shown, "lbPillAtlag")); });
+}
+
+std::optional<std::string> pricePerLitre(std::string_view tankoltKtg, std::string_view tankoltLiter) {
+  const std::optional<Ratio> cost = localeNumber(tankoltKtg);
+  const std::optional<Ratio> litres = localeNumber(tankoltLiter);
+  if (!cost || !litres || cost->isZero() || litres->isZero()) return std::nullopt;
+  return formatted(Ratio(toWhole(*cost)) / *litres, "###.00");
+}
+
+std::string numericPart(std::string text) {
+  while (!text.empty() && !localeNumber(text)) {
+    while (text.size() > 1 && (static_cast<unsigned char>(text.back()) & 0xC0U) == 0x80U) text.pop_back();
+    text.pop_back();
+  }
+  return text;
+}
+
+}  // namespace tarvik::core

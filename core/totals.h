@@ -1,0 +1,44 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "core/listing.h"
+#include "core/ratio.h"
+
+namespace tarvik::core {
+
+/// The totals beside the list as texts, each in its format.
+struct TotalsTexts {
+  std::string teljesKtg;           ///< all costs, "1 234 567 Ft."
+  std::string benzinKtg;           ///< the fuel's share
+  std::string alkatreszKoltseg;    ///< the rest
+  std::string megtettKm;           ///< distance between the first and last row
+  std::string liter;               ///< fuel taken
+  std::string fogyaszt;            ///< average consumption
+};
+
+/// The totals' texts and what is kept with them.
+struct Totals {
+  TotalsTexts texts;
+  bool available = false;  ///< a cost per km could be computed
+  Ratio fuelCostPerKm = 0; ///< Ft per km, when available
+};
+
+/// Brings the totals up to the listing. Without rows the distance, litre and consumption texts become
+/// empty and the costs stay; with a distance of 0 the consumption stays. The litres of the first row
+/// count in the average by the whole part of their text only: the plain numeric parse ends at the decimal
+/// comma, as this system's convention. Throws Failure(OutOfRange) when a sum leaves its type; the texts
+/// of the rows before stand then.
+void updateTotals(const Listing& listing, Totals& totals);
+
+/// The hint on a cost field: its figure divided by the days between the first and the last row, in whole
+/// forints ("123,-Ft/nap"). Figures are read back from the field's text by the plain numeric parse.
+/// Nothing when there are fewer than two rows or days.
+std::optional<std::string> costPerDay(const Listing& listing, std::string_view fieldText);
+/// As costPerDay, of the litres: "1,25 liter/nap".
+std::optional<std::string> litresPerDay(const Listing& listing, std::string_view fieldText);
+/// As costPerDay, of the distance: "45 km/nap".
+std::optional<std::string> kmPerDay(const Listing& listing, std::string_view fieldText);
+
+}  // namespace tarvik::core

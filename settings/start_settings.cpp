@@ -1,0 +1,50 @@
+#include "settings/start_settings.h"
+
+#include <algorithm>
+
+#include "core/record_file.h"
+#include "core/record_list.h"
+
+namespace tarvik::settings {
+namespace {
+
+constexpr std::size_t kRemindersOn = 0;
+constexpr std::size_t kPlate = 2;
+
+constexpr const char* kFileName = "set.dat";
+
+void writeFirst(core::RecordFile& file, const SetRecord& settings) {
+  if (file.count() == 0) return file.append(core::encoded(settings));
+  file.rewrite(1, core::encoded(settings));
+}
+
+}  // namespace
+
+SetRecord SetRecord::decode(std::span<const std::byte> bytes) {
+  return {.remindersOn = core::readInt16(bytes, kRemindersOn),
+          .plate = core::FixedText<10>::read(bytes, kPlate)};
+}
+
+void SetRecord::encode(std::span<std::byte> bytes) const {
+  core::writeInt16(bytes, kRemindersOn, remindersOn);
+  plate.write(bytes, kPlate);
+}
+
+SetRecord loadStartSettings(core::FileSystem& files, const core::DataFolders& folders) {
+  return core::loadRecords<SetRecord>(files, folders.inCurrent(kFileName)).record(1);
+}
+
+void saveStartSettings(core::FileSystem& files, const core::DataFolders& folders, const SetRecord& settings) {
+  core::RecordFile file(files, folders.inCurrent(kFileName), SetRecord::kLength);
+  writeFirst(file, settings);
+}
+
+void saveReminderFlag(core::FileSystem& files, const core::DataFolders& folders, std::int16_t remindersOn) {
+  core::RecordFile file(files, folders.inCurrent(kFileName), SetRecord::kLength);
+  const auto first = std::min<std::int64_t>(file.count(), 1);
+  SetRecord settings = core::RecordList<SetRecord>(file.read(1, first)).record(1);
+  settings.remindersOn = remindersOn;
+  writeFirst(file, settings);
+}
+
+}  // namespace tarvik::settings

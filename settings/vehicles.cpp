@@ -1,0 +1,88 @@
+#include "settings/vehicles.h"
+
+#include <utility>
+
+#include "core/failure.h"
+#include "core/number_text.h"
+#include "core/ratio.h"
+#include "core/record_file.h"
+#include "core/text.h"
+
+namespace tarvik::settings {
+namespace {
+
+constexpr std::size_t kPlate = 0;
+constexpr std::size_t kTankSize = 8;
+
+constexpr const char* kFileName = "rendsz.dat";
+constexpr const char* kTemporaryName = "rendszxx.dat";
+
+std::int16_t wholeLitres(std::string_view tankText) {
+  const std::int64_t litres = core::toWhole(core::plainNumber(tankText));
+  if (!std::in_range<std::int16_t>(litres))
+    throw core::Failure(core::FailureKind::OutOfRange).field("txTank");
+  return static_cast<std::int16_t>(litres);
+}
+
+// The vehicle is recorded by now, so nothing here fails: without its folder the logbook says what is missing.
+void makeVehicleFolder(core::FileSystem& files, const core::DataFolders& folders,
+                       std::string_view plateText) {
+  if (!core::isUsablePlate(plateText)) return;
+  if (files.makeFolder(folders.vehicleFolder(plateText)) != 0) return;
+  const core::OpenFile program(files, files.open(folders.program, core::OpenMode::Folder));
+  if (program.isOpen()) files.sync(program.descriptor());
+}
+
+}  // namespace
+
+Vehicle Vehicle::decode(std::span<const std::byte> bytes) {
+  return {.plate = core::FixedText<8>::read(bytes, kPlate), .tankSize = core::readInt16(bytes, kTankSize)};
+}
+
+void Vehicle::encode(std::span<std::byte> bytes) const {
+  plate.write(bytes, kPlate);
+  core::writeInt16(bytes, kTankSize, tankSize);
+}
+
+Vehicles loadVehicles(core::FileSystem& files, const core::DataFolders& folders) {
+  return core::loadRecords<Vehicle>(files, folders.inCurrent(kFileName));
+}
+
+Vehicles loadVehiclesOfProgramFolder(core::FileSystem& files, const core::DataFolders& folders) {
+  return core::loadRecords<Vehicle>(files, folders.inProgram(kFileName));
+}
+
+bool isTankSizeMissing(std::string_view tankText) {
+  return core::plainNumber(tankText).isZero();
+}
+
+bool isPlateMissing(std::string_view plateText) {
+  return core::trimmed(plateText).empty();
+}
+
+void addVehicle(core::FileSystem& files, const core::DataFolders& folders, std::string_view plateText,
+                std::string_view tankText) {
+  const Vehicle vehicle{.plate = core::FixedText<8>(plateText), .tankSize = wholeLitres(tankText)};
+  core::RecordFile(files, folders.inCurrent(kFileName), Vehicle::kLength).append(core::encoded(vehicle));
+  makeVehicleFolder(files, folders, plateText);
+}
+
+void removeVehicle(core::FileSystem& files, const core::DataFolders& folders, int number) {
+  core::RecordFile file(files, folders.inCurrent(kFileName), Vehicle::kLength);
+  file.remove(number, folders.inCurrent(kTemporaryName));
+}
+
+std::int16_t tankSizeOf(const Vehicles& vehicles, std::string_view plate) {
+  const std::string_view wanted = core::trimmed(plate);
+  for (int number = vehicles.count(); number >= 1; --number) {
+    const Vehicle vehicle = vehicles.record(number);
+    if (vehicle.plate.trimmed() == wanted) return vehicle.tankSize;
+  }
+  return 0;
+}
+
+std::string listText(const Vehicle& vehicle) {
+  return vehicle.plate.asStored() + " - " + std::to_string(vehicle.tankSize);
+}
+
+}  // namespace tarvik::settings

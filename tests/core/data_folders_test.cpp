@@ -1,0 +1,54 @@
+#include "core/data_folders.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/expect_failure.h"
+
+namespace tarvik::core {
+namespace {
+
+using test::expectFailure;
+using namespace std::string_view_literals;
+
+const DataFolders kFolders{.program = "/opt/tarvik", .current = "/home/elek/napló"};
+
+constexpr std::string_view kUnusable[] = {
+    "",     "   ",    ".",    "..", " .. ",     "/",    "a/b",     "/etc",
+    "../x", "..\\..", "a\\b", "\\", "ABC-123/", "\0"sv, "ABC\0"sv, "A\0B"sv,
+};
+
+TEST(DataFolders, FilesFollowTheirFolder) {
+  EXPECT_EQ(kFolders.inProgram("Gumik.dat"), "/opt/tarvik/Gumik.dat");
+  EXPECT_EQ(kFolders.inCurrent("set.dat"), "/home/elek/napló/set.dat");
+}
+
+TEST(DataFolders, VehicleFolderIsNamedByThePlateWithoutTheSpacesAroundIt) {
+  EXPECT_EQ(kFolders.vehicleFolder("ABC-123"), "/opt/tarvik/ABC-123");
+  EXPECT_EQ(kFolders.vehicleFolder("  ABC 123  "), "/opt/tarvik/ABC 123");
+}
+
+TEST(DataFolders, LogbookLiesInTheVehicleFolder) {
+  EXPECT_EQ(kFolders.logbook(" ABC-123 "), "/opt/tarvik/ABC-123/napiadat.dat");
+  EXPECT_EQ(kFolders.logbookTemporary("ABC-123"), "/opt/tarvik/ABC-123/napiadatx.dat");
+}
+
+TEST(DataFolders, UnusablePlateNeverLeadsOutOfTheProgramFolder) {
+  for (const std::string_view plate : kUnusable) {
+    expectFailure(FailureKind::PlateUnusable, [plate] { kFolders.vehicleFolder(plate); });
+    expectFailure(FailureKind::PlateUnusable, [plate] { kFolders.logbook(plate); });
+    expectFailure(FailureKind::PlateUnusable, [plate] { kFolders.logbookTemporary(plate); });
+  }
+}
+
+TEST(IsUsablePlate, PlateThatIsNoPlainFolderNameIsNot) {
+  for (const std::string_view plate : kUnusable) EXPECT_FALSE(isUsablePlate(plate)) << plate;
+}
+
+TEST(IsUsablePlate, AnyOtherPlateIs) {
+  for (const std::string_view plate :
+       {"ABC-123", " ABC-123 ", "...", ".x", "ŐRI 01", "a:b*?", "~", "-", "X.."})
+    EXPECT_TRUE(isUsablePlate(plate)) << plate;
+}
+
+}  // namespace
+}  // namespace tarvik::core
