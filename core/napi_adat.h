@@ -18,20 +18,21 @@ struct NapiAdat {
   std::int32_t KmOra = 0;            ///< odometer reading, km
   double Datum = 0;                  ///< day of the entry, days since 30 December 1899
   std::int16_t Teletank = 0;         ///< flag: tank filled to the brim
-  Amount TankoltLiter;               ///< fuel taken, litres
+  Amount TankoltLiter{};             ///< fuel taken, litres
   std::int32_t TankoltKtg = 0;       ///< cost of the fuel, Ft
   std::int32_t AlkatreszKtg = 0;     ///< cost of the part, Ft
-  Amount FtPerLiter;                 ///< price of the fuel, Ft per litre
+  Amount FtPerLiter{};               ///< price of the fuel, Ft per litre
   std::int16_t Olajcsere = 0;        ///< flag: oil change
   std::int16_t Szurocsere = 0;       ///< flag: filter insert change
   std::int16_t Gyertyacsere = 0;     ///< flag: spark plug change
-  FixedText<50> Alkatresz;           ///< name of the part
+  FixedText<50> Alkatresz{};         ///< name of the part
   std::int32_t MegjKtg = 0;          ///< cost that belongs to the note, Ft
-  FixedText<50> Megjegyzes;          ///< note
-  Amount Fogyasztas;                 ///< consumption since the last full fill, litres per 100 km; 0 = none
+  FixedText<50> Megjegyzes{};        ///< note
+  Amount Fogyasztas{};               ///< consumption since the last full fill, litres per 100 km; 0 = none
 
-  /// The entry in 156 bytes.
+  /// Reads an entry from its 156 bytes; any bytes are an entry.
   static NapiAdat decode(std::span<const std::byte> bytes);
+  /// Writes the entry into 156 bytes.
   void encode(std::span<std::byte> bytes) const;
 
   friend bool operator==(const NapiAdat&, const NapiAdat&) = default;

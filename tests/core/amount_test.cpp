@@ -4,23 +4,15 @@
 
 #include <limits>
 
-#include "core/failure.h"
+#include "tests/support/expect_failure.h"
 
 namespace tarvik::core {
 namespace {
 
+using test::expectFailure;
+
 constexpr Amount kLowest{std::numeric_limits<std::int64_t>::min()};
 constexpr Amount kHighest{std::numeric_limits<std::int64_t>::max()};
-
-template <typename Operation>
-void expectOutOfRange(Operation operation) {
-  try {
-    operation();
-    FAIL() << "nothing was thrown";
-  } catch (const Failure& failure) {
-    EXPECT_EQ(failure.kind(), FailureKind::OutOfRange);
-  }
-}
 
 TEST(Amount, IsTenThousandths) {
   EXPECT_TRUE(Amount{405'000}.ratio() == Ratio(81, 2));
@@ -36,8 +28,8 @@ TEST(Amount, Sum) {
 
 TEST(Amount, SumPast64BitsFails) {
   EXPECT_EQ(kHighest + Amount{0}, kHighest);
-  expectOutOfRange([] { kHighest + Amount{1}; });
-  expectOutOfRange([] { kLowest + Amount{-1}; });
+  expectFailure(FailureKind::OutOfRange, [] { kHighest + Amount{1}; });
+  expectFailure(FailureKind::OutOfRange, [] { kLowest + Amount{-1}; });
 }
 
 TEST(ToAmount, KeepsFourDecimals) {
@@ -57,8 +49,8 @@ TEST(ToAmount, HalvesGoToTheEvenNeighbour) {
 TEST(ToAmount, FailsPast64Bits) {
   EXPECT_EQ(toAmount(kHighest.ratio()), kHighest);
   EXPECT_EQ(toAmount(kLowest.ratio()), kLowest);
-  expectOutOfRange([] { toAmount(kHighest.ratio() + Ratio(1, 10'000)); });
-  expectOutOfRange([] { toAmount(Ratio(1'000'000'000'000'000)); });
+  expectFailure(FailureKind::OutOfRange, [] { toAmount(kHighest.ratio() + Ratio(1, 10'000)); });
+  expectFailure(FailureKind::OutOfRange, [] { toAmount(Ratio(1'000'000'000'000'000)); });
 }
 
 TEST(PlainText, HasAsManyDecimalsAsNeeded) {

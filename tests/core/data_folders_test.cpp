@@ -2,11 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "core/failure.h"
+#include "tests/support/expect_failure.h"
 
 namespace tarvik::core {
 namespace {
 
+using test::expectFailure;
 using namespace std::string_view_literals;
 
 const DataFolders kFolders{.program = "/opt/tarvik", .current = "/home/elek/napló"};
@@ -31,21 +32,11 @@ TEST(DataFolders, LogbookLiesInTheVehicleFolder) {
   EXPECT_EQ(kFolders.logbookTemporary("ABC-123"), "/opt/tarvik/ABC-123/napiadatx.dat");
 }
 
-template <typename Operation>
-void expectUnusable(Operation operation) {
-  try {
-    operation();
-    FAIL() << "nothing was thrown";
-  } catch (const Failure& failure) {
-    EXPECT_EQ(failure.kind(), FailureKind::PlateUnusable);
-  }
-}
-
 TEST(DataFolders, UnusablePlateNeverLeadsOutOfTheProgramFolder) {
   for (const std::string_view plate : kUnusable) {
-    expectUnusable([plate] { kFolders.vehicleFolder(plate); });
-    expectUnusable([plate] { kFolders.logbook(plate); });
-    expectUnusable([plate] { kFolders.logbookTemporary(plate); });
+    expectFailure(FailureKind::PlateUnusable, [plate] { kFolders.vehicleFolder(plate); });
+    expectFailure(FailureKind::PlateUnusable, [plate] { kFolders.logbook(plate); });
+    expectFailure(FailureKind::PlateUnusable, [plate] { kFolders.logbookTemporary(plate); });
   }
 }
 

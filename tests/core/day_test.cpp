@@ -4,23 +4,15 @@
 
 #include <limits>
 
-#include "core/failure.h"
+#include "tests/support/expect_failure.h"
 
 namespace tarvik::core {
 namespace {
 
+using test::expectFailure;
+
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
-
-template <typename Operation>
-void expectOutOfRange(Operation operation) {
-  try {
-    operation();
-    FAIL() << "nothing was thrown";
-  } catch (const Failure& failure) {
-    EXPECT_EQ(failure.kind(), FailureKind::OutOfRange);
-  }
-}
 
 struct DatedDay {
   CalendarDate date;
@@ -38,13 +30,13 @@ TEST(DayOf, CountsFrom30December1899) {
 }
 
 TEST(DayOf, DateThatDoesNotExistFails) {
-  expectOutOfRange([] { dayOf({2013, 2, 29}); });
-  expectOutOfRange([] { dayOf({99, 12, 31}); });
-  expectOutOfRange([] { dayOf({10'000, 1, 1}); });
-  expectOutOfRange([] { dayOf({2013, 0, 1}); });
-  expectOutOfRange([] { dayOf({2013, 257, 1}); });
-  expectOutOfRange([] { dayOf({2013, 1, 257}); });
-  expectOutOfRange([] { dayOf({2013 + 65'536, 1, 1}); });
+  expectFailure(FailureKind::OutOfRange, [] { dayOf({2013, 2, 29}); });
+  expectFailure(FailureKind::OutOfRange, [] { dayOf({99, 12, 31}); });
+  expectFailure(FailureKind::OutOfRange, [] { dayOf({10'000, 1, 1}); });
+  expectFailure(FailureKind::OutOfRange, [] { dayOf({2013, 0, 1}); });
+  expectFailure(FailureKind::OutOfRange, [] { dayOf({2013, 257, 1}); });
+  expectFailure(FailureKind::OutOfRange, [] { dayOf({2013, 1, 257}); });
+  expectFailure(FailureKind::OutOfRange, [] { dayOf({2013 + 65'536, 1, 1}); });
 }
 
 TEST(CalendarDateOf, TakesTheDayApart) {
@@ -53,8 +45,8 @@ TEST(CalendarDateOf, TakesTheDayApart) {
 }
 
 TEST(CalendarDateOf, DayOutsideTheCalendarFails) {
-  expectOutOfRange([] { calendarDate({-657'435}); });
-  expectOutOfRange([] { calendarDate({2'958'466}); });
+  expectFailure(FailureKind::OutOfRange, [] { calendarDate({-657'435}); });
+  expectFailure(FailureKind::OutOfRange, [] { calendarDate({2'958'466}); });
 }
 
 TEST(DayFromStored, DropsTheTimeOfDay) {
@@ -98,10 +90,10 @@ TEST(AddDays, CrossesMonthsAndYears) {
 
 TEST(AddDays, LeavingTheCalendarFails) {
   EXPECT_EQ(addDays(kFirstDay, 3'615'899), kLastDay);
-  expectOutOfRange([] { addDays(kLastDay, 1); });
-  expectOutOfRange([] { addDays(kFirstDay, -1); });
-  expectOutOfRange([] { addDays({1}, std::numeric_limits<std::int64_t>::max()); });
-  expectOutOfRange([] { addDays({-1}, std::numeric_limits<std::int64_t>::min()); });
+  expectFailure(FailureKind::OutOfRange, [] { addDays(kLastDay, 1); });
+  expectFailure(FailureKind::OutOfRange, [] { addDays(kFirstDay, -1); });
+  expectFailure(FailureKind::OutOfRange, [] { addDays({1}, std::numeric_limits<std::int64_t>::max()); });
+  expectFailure(FailureKind::OutOfRange, [] { addDays({-1}, std::numeric_limits<std::int64_t>::min()); });
 }
 
 TEST(DaysBetween, IsNegativeBackwards) {
@@ -121,7 +113,7 @@ TEST(ShortDate, HasElevenCharacters) {
 }
 
 TEST(ShortDate, DayOutsideTheCalendarFails) {
-  expectOutOfRange([] { shortDate({2'958'466}); });
+  expectFailure(FailureKind::OutOfRange, [] { shortDate({2'958'466}); });
 }
 
 TEST(ShortDateOfStored, DamagedDateIsAQuestionMark) {

@@ -4,26 +4,18 @@
 
 #include <limits>
 
-#include "core/failure.h"
+#include "tests/support/expect_failure.h"
 
 namespace tarvik::core {
 namespace {
+
+using test::expectFailure;
 
 constexpr Int128 kPower126 = Int128{1} << 126;
 constexpr Int128 kLowest = -kPower126 - kPower126;
 constexpr Int128 kHighest = -(kLowest + 1);
 constexpr std::int64_t kLowest64 = std::numeric_limits<std::int64_t>::min();
 constexpr std::int64_t kHighest64 = std::numeric_limits<std::int64_t>::max();
-
-template <typename Operation>
-void expectFailure(FailureKind kind, Operation operation) {
-  try {
-    operation();
-    FAIL() << "nothing was thrown";
-  } catch (const Failure& failure) {
-    EXPECT_EQ(failure.kind(), kind);
-  }
-}
 
 // GoogleTest cannot print 128 bits; the tests compare fractions as truth values.
 bool is(const Ratio& value, Int128 numerator, Int128 denominator) {
