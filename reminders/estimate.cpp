@@ -1,0 +1,83 @@
+#include "reminders/estimate.h"
+
+#include <array>
+
+#include "core/failure.h"
+#include "core/ratio.h"
+#include "core/record_file.h"
+
+namespace tarvik::reminders {
+namespace {
+
+constexpr int kStartEntry = 2;
+constexpr std::size_t kDateCharacters = 10;
+
+core::Day dayOfEntry(const core::NapiAdat& entry) {
+  const std::optional<core::Day> day = core::dayFromStored(entry.Datum);
+  if (!day) throw core::Failure(core::FailureKind::OutOfRange).field("Datum");
+  return *day;
+}
+
+std::int64_t dailyAverage(const core::NapiAdat& start, const core::NapiAdat& last) {
+  const std::int64_t days = core::daysBetween(dayOfEntry(last), dayOfEntry(start));
+  return core::wholeQuotient(core::checkedDifference(start.KmOra, last.KmOra), days);
+}
+
+// Fills what it gets to; the first step that fails throws and leaves the rest.
+void fill(Estimate& estimate, const core::Logbook& logbook, const FigyelRec& reminder, core::Day today) {
+  const std::optional<core::NapiAdat> last = lastWithReading(logbook);
+  if (!last) return;
+  estimate.dailyAverage = dailyAverage(logbook.record(kStartEntry), *last);
+  const std::int64_t due = std::int64_t{reminder.KmAllas} + reminder.KmMulva;
+  const std::int64_t daysLeft = core::wholeQuotient(due - last->KmOra, *estimate.dailyAverage);
+  estimate.overdue = daysLeft < 0;
+  estimate.expected = core::addDays(today, daysLeft);
+}
+
+}  // namespace
+
+core::Logbook logbookOf(core::FileSystem& files, const core::DataFolders& folders, std::string_view plate) {
+  if (!core::isUsablePlate(plate)) return {};
+  try {
+    return core::loadRecords<core::NapiAdat>(files, folders.logbook(plate));
+  } catch (const core::Failure& failure) {
+    if (failure.kind() != core::FailureKind::FolderMissing) throw;
+    return {};
+  }
+}
+
+std::optional<core::NapiAdat> lastWithReading(const core::Logbook& logbook) {
+  for (int i = logbook.count(); i >= 1; --i) {
+    const core::NapiAdat entry = logbook.record(i);
+    if (entry.KmOra != 0) return entry;
+  }
+  return std::nullopt;
+}
+
+Estimate estimated(const core::Logbook& logbook, const FigyelRec& reminder, core::Day today) {
+  Estimate estimate;
+  try {
+    fill(estimate, logbook, reminder, today);
+  } catch (const core::Failure&) {  // an estimate that cannot be made is no fault of the person's click
+  }
+  return estimate;
+}
+
+Estimate estimateFor(core::FileSystem& files, const core::DataFolders& folders, std::string_view plate,
+                     const FigyelRec& reminder, core::Day today) {
+  try {
+    return estimated(logbookOf(files, folders, plate), reminder, today);
+  } catch (const core::Failure&) {  // nor is a logbook that cannot be read
+    return {};
+  }
+}
+
+std::optional<std::string> weekdayName(std::string_view dateText) {
+  static constexpr std::array<const char*, 7> kNames{"Vasárnap",  "Hétfő",  "Kedd",   "Szerda",
+                                                     "Csütörtök", "Péntek", "Szombat"};
+  const std::optional<core::Day> day = core::dayFromShortDate(dateText.substr(0, kDateCharacters));
+  if (!day) return std::nullopt;
+  return kNames.at(static_cast<std::size_t>(core::weekday(*day) - 1));
+}
+
+}  // namespace tarvik::reminders

@@ -1,0 +1,81 @@
+#include "reminders/km_alert.h"
+
+#include <algorithm>
+
+#include "core/ratio.h"
+#include "core/text.h"
+#include "reminders/estimate.h"
+#include "reminders/km_reminders.h"
+#include "reminders/reminder_row.h"
+
+namespace tarvik::reminders {
+namespace {
+
+constexpr std::size_t kNumberCharacters = 4;
+
+std::optional<int> firstPassed(const KmReminders& reminders, std::string_view plate, std::int32_t reading) {
+  for (int i = 1; i <= reminders.count(); ++i)
+    if (isPassedFor(reminders.record(i), plate, reading)) return i;
+  return std::nullopt;
+}
+
+template <typename Test>
+std::vector<std::string> linesWhere(const KmReminders& reminders, Test test) {
+  std::vector<std::string> lines;
+  for (int i = 1; i <= reminders.count(); ++i) {
+    const FigyelRec reminder = reminders.record(i);
+    if (test(reminder)) lines.push_back(alertLine(reminder, i));
+  }
+  return lines;
+}
+
+}  // namespace
+
+std::int32_t currentReading(const core::Logbook& logbook) {
+  return lastWithReading(logbook).value_or(core::NapiAdat{}).KmOra;
+}
+
+bool isPassed(const FigyelRec& reminder, std::int32_t reading) {
+  return reminder.KmAllas >= 1 && reading > core::checkedSum(reminder.KmAllas, reminder.KmMulva);
+}
+
+bool isPassedFor(const FigyelRec& reminder, std::string_view plate, std::int32_t reading) {
+  return reminder.Rendszam.trimmed() == core::trimmed(plate) && isPassed(reminder, reading);
+}
+
+KmCheck checkKm(core::FileSystem& files, const core::DataFolders& folders, std::string_view plate) {
+  const core::Logbook logbook = logbookOf(files, folders, plate);
+  if (logbook.count() == 0) return {};
+  const std::int32_t reading = currentReading(logbook);
+  return {.hasEntries = true,
+          .reading = reading,
+          .firstPassed = firstPassed(loadKmReminders(files, folders), plate, reading)};
+}
+
+std::string alertLine(const FigyelRec& reminder, int record) {
+  return reminder.RogzDatum.asStored() + "  " + reminder.Szoveg.asStored() + "       " +
+         std::to_string(record);
+}
+
+std::vector<std::string> alertLines(const KmReminders& reminders, std::string_view plate,
+                                    std::int32_t reading) {
+  return linesWhere(reminders,
+                    [&](const FigyelRec& reminder) { return isPassedFor(reminder, plate, reading); });
+}
+
+std::vector<std::string> alertLinesOfAll(const KmReminders& reminders, std::int32_t reading) {
+  return linesWhere(reminders, [&](const FigyelRec& reminder) { return isPassed(reminder, reading); });
+}
+
+std::int16_t recordOfAlertLine(std::string_view line) {
+  return recordNumber(line.substr(line.size() - std::min(line.size(), kNumberCharacters)));
+}
+
+KmAlertFigures kmAlertFigures(const FigyelRec& reminder, std::int32_t reading) {
+  const std::int64_t runSince = core::checkedDifference(reading, reminder.KmAllas);
+  return {.runSince = grouped(runSince),
+          .exceededBy = grouped(runSince - reminder.KmMulva),
+          .reading = grouped(reading)};
+}
+
+}  // namespace tarvik::reminders

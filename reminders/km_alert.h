@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/data_folders.h"
+#include "core/file_system.h"
+#include "core/napi_adat.h"
+#include "reminders/figyel_rec.h"
+
+namespace tarvik::reminders {
+
+/// What one run of the km check found.
+struct KmCheck {
+  bool hasEntries = false;         ///< the vehicle's logbook has entries; without any nothing was checked
+  std::int32_t reading = 0;        ///< the current odometer reading, km
+  std::optional<int> firstPassed;  ///< record number of the first passed reminder
+
+  friend bool operator==(const KmCheck&, const KmCheck&) = default;
+};
+
+/// The figures of a passed reminder, km, grouped by threes.
+struct KmAlertFigures {
+  std::string runSince;    ///< run since the reminder was set
+  std::string exceededBy;  ///< run past the due reading
+  std::string reading;     ///< the current reading
+
+  friend bool operator==(const KmAlertFigures&, const KmAlertFigures&) = default;
+};
+
+/// The current reading: that of the last entry whose reading is not 0; 0 when there is none.
+std::int32_t currentReading(const core::Logbook& logbook);
+
+/// Whether the reading is past the reminder's due reading (equal is not). A deleted reminder never is.
+/// Throws Failure(OutOfRange) when the due reading leaves 32 bits.
+bool isPassed(const FigyelRec& reminder, std::int32_t reading);
+
+/// As isPassed, for the reminders of one vehicle alone; plates are compared trimmed.
+bool isPassedFor(const FigyelRec& reminder, std::string_view plate, std::int32_t reading);
+
+/// The km check of a vehicle: reads its logbook and figyel.dat, nothing else. Throws Failure when a file
+/// that is there cannot be read and when a due reading leaves 32 bits.
+KmCheck checkKm(core::FileSystem& files, const core::DataFolders& folders, std::string_view plate);
+
+/// A reminder's line on the alert screen: day of recording (10 characters), two spaces, text (40), seven
+/// spaces, record number.
+std::string alertLine(const FigyelRec& reminder, int record);
+
+/// The lines of the vehicle's passed reminders in file order, as the alert screen opens with them.
+/// Throws as isPassed does.
+std::vector<std::string> alertLines(const KmReminders& reminders, std::string_view plate,
+                                    std::int32_t reading);
+
+/// The lines of the passed reminders of every vehicle, all measured against one reading: what the alert
+/// screen lists after a deletion, as this system's convention. Throws as isPassed does.
+std::vector<std::string> alertLinesOfAll(const KmReminders& reminders, std::int32_t reading);
+
+/// The record number at a line's end: its last four characters, so numbers up to 9,999 fit.
+std::int16_t recordOfAlertLine(std::string_view line);
+
+/// The figures of a reminder against the current reading. Throws Failure(OutOfRange) when the distance
+/// run leaves 32 bits.
+KmAlertFigures kmAlertFigures(const FigyelRec& reminder, std::int32_t reading);
+
+}  // namespace tarvik::reminders

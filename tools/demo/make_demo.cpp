@@ -1,0 +1,95 @@
+// tarvik_make_demo LOG.csv FOLDER: fills an existing folder with the demonstration household.
+
+#include <exception>
+#include <filesystem>
+#include <iostream>
+#include <string>
+
+#include "core/data_folders.h"
+#include "core/entry_editing.h"
+#include "core/entry_input.h"
+#include "core/failure.h"
+#include "core/posix_file_system.h"
+#include "settings/lookup_list.h"
+#include "settings/start_settings.h"
+#include "settings/vehicles.h"
+#include "tools/demo/household.h"
+
+namespace tarvik::demo {
+namespace {
+
+bool hasService(const Event& event, char letter) {
+  return event.service.find(letter) != std::string::npos;
+}
+
+// What a person would have typed.
+core::EntryInput inputOf(const Event& event) {
+  core::EntryInput input;
+  input.kmOra = std::to_string(event.km);
+  input.tankoltLiter = core::plainText(event.litres);
+  input.tankoltKtg = std::to_string(event.fuelCost);
+  input.ftPerLiter = core::pricePerLitre(input.tankoltKtg, input.tankoltLiter).value_or("");
+  input.alkatresz = event.part;
+  input.alkatreszKtg = std::to_string(event.partCost);
+  input.megjegyzes = event.note;
+  input.megjKtg = std::to_string(event.noteCost);
+  input.datum = event.day;
+  input.teletank = event.isFull;
+  input.olajcsere = hasService(event, 'o');
+  input.szurocsere = hasService(event, 's');
+  input.gyertyacsere = hasService(event, 'g');
+  return input;
+}
+
+/// Fills a household's folder by the program's own operations, one after the other.
+class Maker {
+ public:
+  explicit Maker(const std::filesystem::path& folder) : folders_{folder.string(), folder.string()} {}
+
+  void add(const Car& car) {
+    settings::addVehicle(files_, folders_, car.plate, std::to_string(car.tankLitres));
+    for (const Event& event : car.events) core::recordEntry(files_, folders_, car.plate, inputOf(event));
+  }
+
+  void addLookupTexts() {
+    for (const auto& name : partNames())
+      settings::appendLookupText(files_, folders_, settings::kPartNames, name);
+    for (const auto& text : noteTexts()) settings::appendLookupText(files_, folders_, settings::kNotes, text);
+  }
+
+  void chooseAtStart(const std::string& plate) {
+    settings::saveStartSettings(files_, folders_,
+                                {.remindersOn = core::kFlagSet, .plate = core::FixedText<10>(plate)});
+  }
+
+ private:
+  core::PosixFileSystem files_;
+  core::DataFolders folders_;
+};
+
+void makeHousehold(const std::filesystem::path& log, const std::filesystem::path& folder) {
+  Maker maker(folder);
+  for (const Car& car : household(log)) maker.add(car);
+  maker.addLookupTexts();
+  maker.chooseAtStart("KLM456");
+}
+
+}  // namespace
+}  // namespace tarvik::demo
+
+int main(int argc, char** argv) {
+  if (argc != 3) {
+    std::cerr << "usage: tarvik_make_demo LOG.csv FOLDER\n";
+    return 2;
+  }
+  try {
+    tarvik::demo::makeHousehold(argv[1], argv[2]);
+  } catch (const tarvik::core::Failure& failure) {
+    std::cerr << "tarvik_make_demo: failed at " << failure.file() << ' ' << failure.field() << '\n';
+    return 1;
+  } catch (const std::exception& error) {
+    std::cerr << "tarvik_make_demo: " << error.what() << '\n';
+    return 1;
+  }
+  return 0;
+}
