@@ -1,6 +1,41 @@
 #include <QApplication>
+#include <QDir>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+#include "app/system_clock.h"
+#include "core/posix_file_system.h"
+#include "ui/frmTarvik.h"
+
+namespace {
+
+// The texts that the toolkit brings itself (Yes and No, the calendar) in Hungarian, whatever the machine
+// speaks.
+void speakHungarian(QApplication& application, QTranslator& translator) {
+  QLocale::setDefault(QLocale(QLocale::Hungarian, QLocale::Hungary));
+  if (translator.load(QStringLiteral("qtbase_hu"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    application.installTranslator(&translator);
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  return 0;
+  QApplication::setApplicationName(QStringLiteral("Tarvik"));
+  QApplication::setApplicationVersion(QStringLiteral(TARVIK_VERSION));
+  QTranslator translator;
+  speakHungarian(application, translator);
+
+  tarvik::core::PosixFileSystem files;
+  const tarvik::app::SystemClock clock;
+  tarvik::ui::Context context{.files = files,
+                              .folders = {.program = QCoreApplication::applicationDirPath().toStdString(),
+                                          .current = QDir::currentPath().toStdString()},
+                              .clock = clock,
+                              .version = TARVIK_VERSION};
+  tarvik::ui::frmTarvik window(context);
+  window.load();
+  window.show();
+  return QApplication::exec();
 }

@@ -94,7 +94,8 @@ NapiAdat openDeletion(FileSystem& files, const DataFolders& folders, const std::
 }
 
 void deleteEntry(FileSystem& files, const DataFolders& folders, const std::string& plate, int number) {
-  RecordFile(files, folders.logbook(plate), NapiAdat::kLength).remove(number, folders.logbookTemporary(plate));
+  RecordFile(files, folders.logbook(plate), NapiAdat::kLength)
+      .remove(number, folders.logbookTemporary(plate));
 }
 
 }  // namespace tarvik::core

@@ -1,6 +1,6 @@
 #include "core/entry_input.h"
 
-#include "core/failure.h"
+#include "core/field_number.h"
 #include "core/number_format.h"
 #include "core/number_text.h"
 #include "core/text.h"
@@ -10,25 +10,6 @@ namespace {
 
 void defaultToZero(std::string& text) {
   if (trimmed(text).empty()) text = "0";
-}
-
-// Runs a conversion and names the field in its failure.
-template <typename Convert>
-auto inField(const char* field, Convert convert) {
-  try {
-    return convert();
-  } catch (Failure& failure) {
-    failure.field(field);
-    throw;
-  }
-}
-
-std::int32_t wholeField(const std::string& text, const char* field) {
-  return inField(field, [&] { return toWhole32(requiredNumber(text, field)); });
-}
-
-Amount amountField(const std::string& text, const char* field) {
-  return inField(field, [&] { return toAmount(requiredNumber(text, field)); });
 }
 
 }  // namespace
@@ -44,18 +25,18 @@ EntryInput withDefaults(EntryInput input) {
 
 NapiAdat toEntry(const EntryInput& input) {
   NapiAdat entry;
-  entry.KmOra = wholeField(input.kmOra, "txKmOra");
+  entry.KmOra = requiredWhole32(input.kmOra, "txKmOra");
   entry.Datum = toStored(input.datum);
   entry.Teletank = toFlag(input.teletank);
-  entry.TankoltLiter = amountField(input.tankoltLiter, "txTankoltLiter");
-  entry.TankoltKtg = wholeField(input.tankoltKtg, "txTankoltKtg");
-  entry.AlkatreszKtg = wholeField(input.alkatreszKtg, "txAlkatreszKtg");
-  entry.FtPerLiter = amountField(input.ftPerLiter, "lbFtperLiter");
+  entry.TankoltLiter = requiredAmount(input.tankoltLiter, "txTankoltLiter");
+  entry.TankoltKtg = requiredWhole32(input.tankoltKtg, "txTankoltKtg");
+  entry.AlkatreszKtg = requiredWhole32(input.alkatreszKtg, "txAlkatreszKtg");
+  entry.FtPerLiter = requiredAmount(input.ftPerLiter, "lbFtperLiter");
   entry.Olajcsere = toFlag(input.olajcsere);
   entry.Szurocsere = toFlag(input.szurocsere);
   entry.Gyertyacsere = toFlag(input.gyertyacsere);
   entry.Alkatresz = FixedText<50>(input.alkatresz);
-  entry.MegjKtg = wholeField(input.megjKtg, "txMegjKtg");
+  entry.MegjKtg = requiredWhole32(input.megjKtg, "txMegjKtg");
   entry.Megjegyzes = FixedText<50>(input.megjegyzes);
   return entry;
 }
@@ -80,7 +61,7 @@ ShownEntry toInput(const NapiAdat& entry) {
 
 Amount storedConsumption(std::string_view shown) {
   if (plainNumber(shown).isZero()) return {};
-  return inField("lbPillAtlag", [&] { return toAmount(requiredNumber(shown, "lbPillAtlag")); });
+  return requiredAmount(shown, "lbPillAtlag");
 }
 
 std::optional<std::string> pricePerLitre(std::string_view tankoltKtg, std::string_view tankoltLiter) {

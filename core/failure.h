@@ -8,19 +8,19 @@ namespace tarvik::core {
 
 /// What kind of thing went wrong; the screens choose the words by it.
 enum class FailureKind {
-  OpenFailed,       ///< a file could not be opened or created
-  ReadFailed,       ///< a file could not be read
-  WriteFailed,      ///< a write was refused or cut short (a full disk, say)
-  SyncFailed,       ///< the system could not promise that the data reached the disk
-  ReplaceFailed,    ///< the new contents could not take the old file's place
-  FileBusy,         ///< another program held the file for too long
-  FolderMissing,    ///< a vehicle's folder is not there
-  PlateUnusable,    ///< a plate that cannot name a folder
-  NotANumber,       ///< a text that should be a number
-  OutOfRange,       ///< a figure that does not fit its type or field
-  DivisionByZero,   ///< a quotient whose divisor is 0
-  FileFull,         ///< a record past the highest number that a file may hold
-  RecordMissing,    ///< a record number that the file does not have (any more)
+  OpenFailed,      ///< a file could not be opened or created
+  ReadFailed,      ///< a file could not be read
+  WriteFailed,     ///< a write was refused or cut short (a full disk, say)
+  SyncFailed,      ///< the system could not promise that the data reached the disk
+  ReplaceFailed,   ///< the new contents could not take the old file's place
+  FileBusy,        ///< another program held the file for too long
+  FolderMissing,   ///< a vehicle's folder is not there
+  PlateUnusable,   ///< a plate that cannot name a folder
+  NotANumber,      ///< a text that should be a number
+  OutOfRange,      ///< a figure that does not fit its type or field
+  DivisionByZero,  ///< a quotient whose divisor is 0
+  FileFull,        ///< a record past the highest number that a file may hold
+  RecordMissing,   ///< a record number that the file does not have (any more)
 };
 
 /// The one exception of the program: an operation that could not be done.

@@ -9,20 +9,20 @@ namespace tarvik::core {
 
 /// What the record files need to know of a file.
 struct FileStatus {
-  std::int64_t size = 0;       ///< bytes
-  std::uint64_t device = 0;    ///< with inode: which file it is
+  std::int64_t size = 0;     ///< bytes
+  std::uint64_t device = 0;  ///< with inode: which file it is
   std::uint64_t inode = 0;
-  std::uint32_t mode = 0;      ///< permission bits (rwx, three times three)
+  std::uint32_t mode = 0;  ///< permission bits (rwx, three times three)
   bool isFolder = false;
 };
 
 /// How a file is opened.
 enum class OpenMode {
-  Read,            ///< reading, the file must exist
-  ReadWrite,       ///< reading and writing, the file must exist
-  Create,          ///< reading and writing, made empty when it is missing, otherwise left as it is
-  CreateEmpty,     ///< reading and writing, made when missing, emptied when not; no link is followed
-  Folder,          ///< a folder, to sync it
+  Read,         ///< reading, the file must exist
+  ReadWrite,    ///< reading and writing, the file must exist
+  Create,       ///< reading and writing, made empty when it is missing, otherwise left as it is
+  CreateEmpty,  ///< reading and writing, made when missing, emptied when not; no link is followed
+  Folder,       ///< a folder, to sync it
 };
 
 /// The system calls that the record files use, one virtual function a call, with the system's own

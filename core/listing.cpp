@@ -26,7 +26,9 @@ DateRange monthOf(Day picked) {
   return {toStored(first), toStored(dayOf({date.year, date.month + 1, 1}))};
 }
 
-std::string flagText(std::int16_t flag) { return flag == kFlagSet ? "X" : ""; }
+std::string flagText(std::int16_t flag) {
+  return flag == kFlagSet ? "X" : "";
+}
 
 std::string distanceText(std::int32_t previousKm, std::int32_t km) {
   if (previousKm == 0) return "0";
@@ -50,22 +52,35 @@ std::vector<std::uint16_t> listedEntries(const Logbook& logbook, const ListFilte
   return numbers;
 }
 
-std::string literText(const NapiAdat& entry) { return formatted(entry.TankoltLiter.ratio(), "##.00"); }
+std::string literText(const NapiAdat& entry) {
+  return formatted(entry.TankoltLiter.ratio(), "##.00");
+}
 
 std::string Listing::cell(int row, int column) const {
   const NapiAdat shown = entry(row);
   switch (column) {
-    case kDatumColumn: return shortDateOfStored(shown.Datum);
-    case kKmOraColumn: return std::to_string(shown.KmOra);
-    case kLiterColumn: return literText(shown);
-    case kKmColumn: return distanceText(row == 0 ? 0 : entry(row - 1).KmOra, shown.KmOra);
-    case kOlajColumn: return flagText(shown.Olajcsere);
-    case kSzuroColumn: return flagText(shown.Szurocsere);
-    case kGyertyaColumn: return flagText(shown.Gyertyacsere);
-    case kAlkatreszColumn: return shown.Alkatresz.trimmed();
-    case kMegjegyzesColumn: return shown.Megjegyzes.trimmed();
-    case kRecColumn: return std::to_string(number(row));
-    default: return {};
+    case kDatumColumn:
+      return shortDateOfStored(shown.Datum);
+    case kKmOraColumn:
+      return std::to_string(shown.KmOra);
+    case kLiterColumn:
+      return literText(shown);
+    case kKmColumn:
+      return distanceText(row == 0 ? 0 : entry(row - 1).KmOra, shown.KmOra);
+    case kOlajColumn:
+      return flagText(shown.Olajcsere);
+    case kSzuroColumn:
+      return flagText(shown.Szurocsere);
+    case kGyertyaColumn:
+      return flagText(shown.Gyertyacsere);
+    case kAlkatreszColumn:
+      return shown.Alkatresz.trimmed();
+    case kMegjegyzesColumn:
+      return shown.Megjegyzes.trimmed();
+    case kRecColumn:
+      return std::to_string(number(row));
+    default:
+      return {};
   }
 }
 

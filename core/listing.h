@@ -23,8 +23,17 @@ std::vector<std::uint16_t> listedEntries(const Logbook& logbook, const ListFilte
 
 /// The columns of the list, in order.
 enum ListColumn {
-  kDatumColumn, kKmOraColumn, kLiterColumn, kKmColumn, kOlajColumn, kSzuroColumn, kGyertyaColumn,
-  kAlkatreszColumn, kMegjegyzesColumn, kRecColumn, kListColumns
+  kDatumColumn,
+  kKmOraColumn,
+  kLiterColumn,
+  kKmColumn,
+  kOlajColumn,
+  kSzuroColumn,
+  kGyertyaColumn,
+  kAlkatreszColumn,
+  kMegjegyzesColumn,
+  kRecColumn,
+  kListColumns
 };
 
 /// A logbook and which of its entries are listed.

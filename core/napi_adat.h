@@ -15,20 +15,20 @@ namespace tarvik::core {
 struct NapiAdat {
   static constexpr std::size_t kLength = 156;
 
-  std::int32_t KmOra = 0;            ///< odometer reading, km
-  double Datum = 0;                  ///< day of the entry, days since 30 December 1899
-  std::int16_t Teletank = 0;         ///< flag: tank filled to the brim
-  Amount TankoltLiter{};             ///< fuel taken, litres
-  std::int32_t TankoltKtg = 0;       ///< cost of the fuel, Ft
-  std::int32_t AlkatreszKtg = 0;     ///< cost of the part, Ft
-  Amount FtPerLiter{};               ///< price of the fuel, Ft per litre
-  std::int16_t Olajcsere = 0;        ///< flag: oil change
-  std::int16_t Szurocsere = 0;       ///< flag: filter insert change
-  std::int16_t Gyertyacsere = 0;     ///< flag: spark plug change
-  FixedText<50> Alkatresz{};         ///< name of the part
-  std::int32_t MegjKtg = 0;          ///< cost that belongs to the note, Ft
-  FixedText<50> Megjegyzes{};        ///< note
-  Amount Fogyasztas{};               ///< consumption since the last full fill, litres per 100 km; 0 = none
+  std::int32_t KmOra = 0;         ///< odometer reading, km
+  double Datum = 0;               ///< day of the entry, days since 30 December 1899
+  std::int16_t Teletank = 0;      ///< flag: tank filled to the brim
+  Amount TankoltLiter{};          ///< fuel taken, litres
+  std::int32_t TankoltKtg = 0;    ///< cost of the fuel, Ft
+  std::int32_t AlkatreszKtg = 0;  ///< cost of the part, Ft
+  Amount FtPerLiter{};            ///< price of the fuel, Ft per litre
+  std::int16_t Olajcsere = 0;     ///< flag: oil change
+  std::int16_t Szurocsere = 0;    ///< flag: filter insert change
+  std::int16_t Gyertyacsere = 0;  ///< flag: spark plug change
+  FixedText<50> Alkatresz{};      ///< name of the part
+  std::int32_t MegjKtg = 0;       ///< cost that belongs to the note, Ft
+  FixedText<50> Megjegyzes{};     ///< note
+  Amount Fogyasztas{};            ///< consumption since the last full fill, litres per 100 km; 0 = none
 
   /// Reads an entry from its 156 bytes; any bytes are an entry.
   static NapiAdat decode(std::span<const std::byte> bytes);

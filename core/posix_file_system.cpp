@@ -20,11 +20,16 @@ constexpr std::uint32_t kPermissionBits = 0777;
 
 int flagsOf(OpenMode mode) {
   switch (mode) {
-    case OpenMode::Read: return O_RDONLY | O_CLOEXEC;
-    case OpenMode::ReadWrite: return O_RDWR | O_CLOEXEC;
-    case OpenMode::Create: return O_RDWR | O_CREAT | O_CLOEXEC;
-    case OpenMode::CreateEmpty: return O_RDWR | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC;
-    case OpenMode::Folder: return O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+    case OpenMode::Read:
+      return O_RDONLY | O_CLOEXEC;
+    case OpenMode::ReadWrite:
+      return O_RDWR | O_CLOEXEC;
+    case OpenMode::Create:
+      return O_RDWR | O_CREAT | O_CLOEXEC;
+    case OpenMode::CreateEmpty:
+      return O_RDWR | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC;
+    case OpenMode::Folder:
+      return O_RDONLY | O_DIRECTORY | O_CLOEXEC;
   }
   return O_RDONLY | O_CLOEXEC;
 }
@@ -43,7 +48,9 @@ int PosixFileSystem::open(const std::string& path, OpenMode mode) {
   return ::open(path.c_str(), flagsOf(mode), kNewFileMode);
 }
 
-int PosixFileSystem::close(int descriptor) { return ::close(descriptor); }
+int PosixFileSystem::close(int descriptor) {
+  return ::close(descriptor);
+}
 
 int PosixFileSystem::status(int descriptor, FileStatus& status) {
   struct stat native {};
@@ -67,19 +74,29 @@ std::int64_t PosixFileSystem::write(int descriptor, std::span<const std::byte> d
   return ::pwrite(descriptor, data.data(), data.size(), offset);
 }
 
-int PosixFileSystem::truncate(int descriptor, std::int64_t length) { return ::ftruncate(descriptor, length); }
+int PosixFileSystem::truncate(int descriptor, std::int64_t length) {
+  return ::ftruncate(descriptor, length);
+}
 
-int PosixFileSystem::setMode(int descriptor, std::uint32_t mode) { return ::fchmod(descriptor, mode); }
+int PosixFileSystem::setMode(int descriptor, std::uint32_t mode) {
+  return ::fchmod(descriptor, mode);
+}
 
-int PosixFileSystem::sync(int descriptor) { return ::fsync(descriptor); }
+int PosixFileSystem::sync(int descriptor) {
+  return ::fsync(descriptor);
+}
 
 int PosixFileSystem::rename(const std::string& from, const std::string& to) {
   return ::rename(from.c_str(), to.c_str());
 }
 
-int PosixFileSystem::remove(const std::string& path) { return ::unlink(path.c_str()); }
+int PosixFileSystem::remove(const std::string& path) {
+  return ::unlink(path.c_str());
+}
 
-int PosixFileSystem::makeFolder(const std::string& path) { return ::mkdir(path.c_str(), kNewFolderMode); }
+int PosixFileSystem::makeFolder(const std::string& path) {
+  return ::mkdir(path.c_str(), kNewFolderMode);
+}
 
 int PosixFileSystem::resolve(const std::string& path, std::string& resolved) {
   const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr), &std::free);
@@ -88,7 +105,9 @@ int PosixFileSystem::resolve(const std::string& path, std::string& resolved) {
   return 0;
 }
 
-int PosixFileSystem::tryLock(int descriptor) { return ::flock(descriptor, LOCK_EX | LOCK_NB); }
+int PosixFileSystem::tryLock(int descriptor) {
+  return ::flock(descriptor, LOCK_EX | LOCK_NB);
+}
 
 void PosixFileSystem::pause(int milliseconds) {
   std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));

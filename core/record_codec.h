@@ -24,7 +24,9 @@ inline constexpr std::int16_t kFlagSet = -1;
 inline constexpr std::int16_t kFlagClear = 0;
 
 /// The stored form of a yes or no.
-constexpr std::int16_t toFlag(bool set) { return set ? kFlagSet : kFlagClear; }
+constexpr std::int16_t toFlag(bool set) {
+  return set ? kFlagSet : kFlagClear;
+}
 
 /// Reads an unsigned little-endian integer of Unsigned's width. Byte by byte, so that neither the
 /// machine's byte order nor the field's alignment matters.

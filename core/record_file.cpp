@@ -31,7 +31,9 @@ int openFile(FileSystem& files, const std::string& path, OpenMode mode) {
   return uninterrupted([&] { return files.open(path, mode); });
 }
 
-bool folderIsMissing(int error) { return error == ENOENT || error == ENOTDIR; }
+bool folderIsMissing(int error) {
+  return error == ENOENT || error == ENOTDIR;
+}
 
 // Opens a file, creating it where it is missing.
 OpenFile openOrCreate(FileSystem& files, const std::string& path) {
@@ -79,8 +81,8 @@ OpenFile openLocked(FileSystem& files, const std::string& path, FileStatus& stat
 }
 
 // Fills the buffer from an offset as far as the file goes; returns how much that was.
-std::size_t readUpTo(FileSystem& files, const OpenFile& file, std::span<std::byte> buffer, std::int64_t offset,
-                     const std::string& path) {
+std::size_t readUpTo(FileSystem& files, const OpenFile& file, std::span<std::byte> buffer,
+                     std::int64_t offset, const std::string& path) {
   std::size_t done = 0;
   while (done < buffer.size()) {
     const auto got = uninterrupted([&] {
@@ -152,7 +154,8 @@ ByteBlock surplusOf(FileSystem& files, const std::string& temporary, std::int64_
     errno = EISDIR;
     fail(FailureKind::OpenFailed, temporary);
   }
-  ByteBlock surplus = ByteBlock::ofSize(static_cast<std::size_t>(std::max<std::int64_t>(status.size - offset, 0)));
+  ByteBlock surplus =
+      ByteBlock::ofSize(static_cast<std::size_t>(std::max<std::int64_t>(status.size - offset, 0)));
   surplus.size = readUpTo(files, file, surplus.span(), offset, temporary);
   return surplus;
 }
@@ -183,22 +186,30 @@ ByteBlock readRecords(FileSystem& files, const std::string& path, std::size_t re
     errno = EISDIR;
     fail(FailureKind::OpenFailed, path);
   }
-  const auto count = std::min<std::int64_t>(status.size / static_cast<std::int64_t>(recordLength), kHighestRecordNumber);
+  const auto count =
+      std::min<std::int64_t>(status.size / static_cast<std::int64_t>(recordLength), kHighestRecordNumber);
   ByteBlock block = ByteBlock::ofSize(static_cast<std::size_t>(count) * recordLength);
   block.size = readUpTo(files, file, block.span(), 0, path);
   return block;
 }
 
-void createIfMissing(FileSystem& files, const std::string& path) { openOrCreate(files, path); }
+void createIfMissing(FileSystem& files, const std::string& path) {
+  openOrCreate(files, path);
+}
 
 RecordFile::RecordFile(FileSystem& files, std::string path, std::size_t recordLength)
-    : files_(files), path_(std::move(path)), recordLength_(recordLength), file_(openLocked(files, path_, status_)) {
+    : files_(files),
+      path_(std::move(path)),
+      recordLength_(recordLength),
+      file_(openLocked(files, path_, status_)) {
   if ((status_.mode & kAnyWriteBit) != 0) return;
   errno = EACCES;
   fail(FailureKind::OpenFailed, path_);
 }
 
-std::int64_t RecordFile::count() const { return status_.size / static_cast<std::int64_t>(recordLength_); }
+std::int64_t RecordFile::count() const {
+  return status_.size / static_cast<std::int64_t>(recordLength_);
+}
 
 ByteBlock RecordFile::read(std::int64_t first, std::int64_t count) const {
   ByteBlock block = ByteBlock::ofSize(static_cast<std::size_t>(count) * recordLength_);
@@ -234,7 +245,8 @@ void RecordFile::rewrite(std::int64_t number, std::span<const std::byte> record)
   ByteBlock contents = ByteBlock::ofSize(static_cast<std::size_t>(status_.size));
   contents.size = readUpTo(files_, file_, contents.span(), 0, path_);
   const auto offset = static_cast<std::size_t>(number - 1) * recordLength_;
-  if (offset + record.size() > contents.size) throw Failure(FailureKind::ReadFailed).file(path_).record(number);
+  if (offset + record.size() > contents.size)
+    throw Failure(FailureKind::ReadFailed).file(path_).record(number);
   std::memcpy(contents.data.get() + offset, record.data(), record.size());
   replaceWith(contents.span());
 }
@@ -247,7 +259,8 @@ void RecordFile::remove(std::int64_t number, const std::string& temporary) {
   const ByteBlock surplus = surplusOf(files_, temporary, static_cast<std::int64_t>(kept), temporaryExists);
 
   const ByteBlock old = read(1, count());
-  if (old.size != static_cast<std::size_t>(count()) * recordLength_) throw Failure(FailureKind::ReadFailed).file(path_);
+  if (old.size != static_cast<std::size_t>(count()) * recordLength_)
+    throw Failure(FailureKind::ReadFailed).file(path_);
   ByteBlock contents = ByteBlock::ofSize(kept + surplus.size);
   const std::size_t ahead = removesOne ? static_cast<std::size_t>(number - 1) * recordLength_ : kept;
   const std::size_t gap = removesOne ? recordLength_ : 0;
@@ -281,7 +294,8 @@ void RecordFile::writeReplacement(const std::string& target, std::span<const std
     writeAll(files_, file, contents, 0, temporary);
     if (files_.setMode(file.descriptor(), status_.mode) != 0) fail(FailureKind::WriteFailed, temporary);
     syncFile(files_, file, temporary);
-    if (uninterrupted([&] { return files_.rename(temporary, target); }) != 0) fail(FailureKind::ReplaceFailed, path_);
+    if (uninterrupted([&] { return files_.rename(temporary, target); }) != 0)
+      fail(FailureKind::ReplaceFailed, path_);
   } catch (...) {
     files_.remove(temporary);
     throw;

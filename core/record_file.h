@@ -18,7 +18,8 @@ inline constexpr int kHighestRecordNumber = 32'767;
 class OpenFile {
  public:
   OpenFile(FileSystem& files, int descriptor) : files_(&files), descriptor_(descriptor) {}
-  OpenFile(OpenFile&& other) noexcept : files_(other.files_), descriptor_(std::exchange(other.descriptor_, -1)) {}
+  OpenFile(OpenFile&& other) noexcept
+      : files_(other.files_), descriptor_(std::exchange(other.descriptor_, -1)) {}
   OpenFile& operator=(OpenFile&& other) noexcept;
   OpenFile(const OpenFile&) = delete;
   OpenFile& operator=(const OpenFile&) = delete;

@@ -21,9 +21,9 @@ struct Statistics {
 
 /// What the estimates are made from, the logbook aside.
 struct StatisticsInput {
-  int selected = 0;             ///< record number of the clicked entry, 0 = none
-  std::int16_t tankSize = 0;    ///< litres; 0 = not known, nothing is estimated
-  std::string_view average;     ///< the text of the average consumption; its whole part counts
+  int selected = 0;           ///< record number of the clicked entry, 0 = none
+  std::int16_t tankSize = 0;  ///< litres; 0 = not known, nothing is estimated
+  std::string_view average;   ///< the text of the average consumption; its whole part counts
   Day today;
 };
 

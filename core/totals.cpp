@@ -52,7 +52,9 @@ std::int64_t daysListed(const Listing& listing) {
   return first && last ? daysBetween(*first, *last) : 0;
 }
 
-bool hasDailyHint(const Listing& listing) { return daysListed(listing) >= 2; }
+bool hasDailyHint(const Listing& listing) {
+  return daysListed(listing) >= 2;
+}
 
 }  // namespace
 

@@ -16,19 +16,32 @@ using core::FailureKind;
 // What each kind of failure is called; %1 is the file.
 QString headline(FailureKind kind) {
   switch (kind) {
-    case FailureKind::OpenFailed: return QStringLiteral("A fájl nem nyitható meg:\n%1");
-    case FailureKind::ReadFailed: return QStringLiteral("A fájl nem olvasható:\n%1");
-    case FailureKind::WriteFailed: return QStringLiteral("A fájl nem írható (talán megtelt a lemez):\n%1");
-    case FailureKind::SyncFailed: return QStringLiteral("A rendszer nem igazolta vissza a mentést:\n%1");
-    case FailureKind::ReplaceFailed: return QStringLiteral("A fájl nem cserélhető le az új változatára:\n%1");
-    case FailureKind::FileBusy: return QStringLiteral("A fájlt egy másik program használja:\n%1");
-    case FailureKind::FolderMissing: return QStringLiteral("Nincs meg a mappa, ahol ennek a fájlnak a helye van:\n%1");
-    case FailureKind::PlateUnusable: return QStringLiteral("Ez a rendszám nem lehet mappa neve:\n%1");
-    case FailureKind::NotANumber: return QStringLiteral("Nem szám van a mezőben: %1");
-    case FailureKind::OutOfRange: return QStringLiteral("Túl nagy szám: %1");
-    case FailureKind::DivisionByZero: return QStringLiteral("Nullával kellene osztani: %1");
-    case FailureKind::FileFull: return QStringLiteral("A fájl betelt, több tétel nem fér bele:\n%1");
-    case FailureKind::RecordMissing: return QStringLiteral("Ez a tétel már nincs a fájlban:\n%1");
+    case FailureKind::OpenFailed:
+      return QStringLiteral("A fájl nem nyitható meg:\n%1");
+    case FailureKind::ReadFailed:
+      return QStringLiteral("A fájl nem olvasható:\n%1");
+    case FailureKind::WriteFailed:
+      return QStringLiteral("A fájl nem írható (talán megtelt a lemez):\n%1");
+    case FailureKind::SyncFailed:
+      return QStringLiteral("A rendszer nem igazolta vissza a mentést:\n%1");
+    case FailureKind::ReplaceFailed:
+      return QStringLiteral("A fájl nem cserélhető le az új változatára:\n%1");
+    case FailureKind::FileBusy:
+      return QStringLiteral("A fájlt egy másik program használja:\n%1");
+    case FailureKind::FolderMissing:
+      return QStringLiteral("Nincs meg a mappa, ahol ennek a fájlnak a helye van:\n%1");
+    case FailureKind::PlateUnusable:
+      return QStringLiteral("Ez a rendszám nem lehet mappa neve:\n%1");
+    case FailureKind::NotANumber:
+      return QStringLiteral("Nem szám van a mezőben: %1");
+    case FailureKind::OutOfRange:
+      return QStringLiteral("Túl nagy szám: %1");
+    case FailureKind::DivisionByZero:
+      return QStringLiteral("Nullával kellene osztani: %1");
+    case FailureKind::FileFull:
+      return QStringLiteral("A fájl betelt, több tétel nem fér bele:\n%1");
+    case FailureKind::RecordMissing:
+      return QStringLiteral("Ez a tétel már nincs a fájlban:\n%1");
   }
   return {};
 }
@@ -81,6 +94,17 @@ bool guarded(QWidget* parent, const std::function<void()>& action) {
     tellError(parent, title, QStringLiteral("Elfogyott a memória.\n\nSemmi sem változott."));
   }
   return false;
+}
+
+bool quietly(const std::function<void()>& part) {
+  try {
+    part();
+    return true;
+  } catch (const core::Failure&) {
+    return false;
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
 }
 
 }  // namespace tarvik::ui

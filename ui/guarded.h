@@ -16,4 +16,8 @@ QString failureText(const core::Failure& failure);
 /// so does running out of memory. Every handler of every screen runs in it. True when it went through.
 bool guarded(QWidget* parent, const std::function<void()>& action);
 
+/// Runs a part of an action that never complains: a failure in it ends that part alone and is not told.
+/// True when it went through.
+bool quietly(const std::function<void()>& part);
+
 }  // namespace tarvik::ui

@@ -17,4 +17,17 @@ void expectFailure(core::FailureKind kind, Operation operation) {
   }
 }
 
+/// As above; the failure must name that field.
+template <typename Operation>
+void expectFieldFailure(core::FailureKind kind, const char* field, Operation operation) {
+  expectFailure(kind, [&] {
+    try {
+      operation();
+    } catch (const core::Failure& failure) {
+      EXPECT_EQ(failure.field(), field);
+      throw;
+    }
+  });
+}
+
 }  // namespace tarvik::test

@@ -26,7 +26,9 @@ int TextListModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : static_cast<int>(rows_.size());
 }
 
-int TextListModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : recordColumn() + 1; }
+int TextListModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : recordColumn() + 1;
+}
 
 QString TextListModel::cell(const TextRow& row, int column) const {
   return column == recordColumn() ? row.record : row.cells.value(column);

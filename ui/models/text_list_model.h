@@ -10,7 +10,7 @@ namespace tarvik::ui {
 /// A row of texts, the record number it stands for and whether it is marked (a check mark and bold).
 struct TextRow {
   QStringList cells;
-  QString record;  ///< the record number as text; kept in the last, hidden column
+  QString record;                             ///< the record number as text; kept in the last, hidden column
   std::optional<bool> marked = std::nullopt;  ///< nothing = the list has no marks
 };
 

@@ -1,0 +1,46 @@
+#include "repairs/repair_log.h"
+
+#include "core/failure.h"
+#include "core/field_number.h"
+#include "core/record_file.h"
+
+namespace tarvik::repairs {
+namespace {
+
+constexpr char kFile[] = "Szerviz.dat";
+constexpr char kTemporary[] = "xx.dat";
+
+}  // namespace
+
+std::vector<RepairRow> RepairLog::listOf(std::string_view plate) const {
+  return listFiltered({.plate = std::string(plate)});
+}
+
+std::vector<RepairRow> RepairLog::listFiltered(const RepairFilter& filter) const {
+  return rowsOf(core::loadRecords<Repair>(files_, folders_.inProgram(kFile)), filter);
+}
+
+Repair RepairLog::read(int number) const {
+  const std::string path = folders_.inProgram(kFile);
+  const auto repairs = core::loadRecords<Repair>(files_, path);
+  if (number < 1 || number > repairs.count())
+    throw core::Failure(core::FailureKind::RecordMissing).file(path).record(number);
+  return repairs.record(number);
+}
+
+void RepairLog::record(const NewRepair& typed) const {
+  const Repair repair{.plate = core::FixedText<10>(typed.plate),
+                      .date = core::toStored(typed.date),
+                      .description = core::FixedText<80>(typed.description),
+                      .part = core::FixedText<80>(typed.part),
+                      .costFt = core::plainWhole32(typed.cost, "txtSzervizKoltseg"),
+                      .readingKm = core::plainWhole32(typed.reading, "txtKMora")};
+  core::RecordFile(files_, folders_.inProgram(kFile), Repair::kLength).append(core::encoded(repair));
+}
+
+void RepairLog::remove(int number) const {
+  core::RecordFile(files_, folders_.inProgram(kFile), Repair::kLength)
+      .remove(number, folders_.inCurrent(kTemporary));
+}
+
+}  // namespace tarvik::repairs

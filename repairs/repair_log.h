@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/data_folders.h"
+#include "core/day.h"
+#include "core/file_system.h"
+#include "repairs/repair.h"
+#include "repairs/repair_rows.h"
+
+namespace tarvik::repairs {
+
+/// A new entry as a person typed it; no field is checked.
+struct NewRepair {
+  std::string plate;  ///< cut to 10 characters
+  core::Day date;
+  std::string description;  ///< cut to 80 characters
+  std::string part;         ///< cut to 80 characters
+  std::string cost;         ///< its leading number counts, none is 0; Ft
+  std::string reading;      ///< its leading number counts, none is 0; km
+};
+
+/// The repair log, Szerviz.dat in the program folder. Every operation opens the file, finishes with it and
+/// closes it; beside what each says, it throws the failures of the record files.
+class RepairLog {
+ public:
+  RepairLog(core::FileSystem& files, const core::DataFolders& folders) : files_(files), folders_(folders) {}
+
+  /// Lists one vehicle's entries; the plate is compared trimmed and exactly.
+  std::vector<RepairRow> listOf(std::string_view plate) const;
+  /// Lists the entries that the filter keeps.
+  std::vector<RepairRow> listFiltered(const RepairFilter& filter) const;
+  /// Reads the entry of that number; throws Failure(RecordMissing) when the file has none.
+  Repair read(int number) const;
+
+  /// Appends an entry, its two figures rounded to whole numbers, halves to even. A figure past 32 bits
+  /// throws Failure(OutOfRange) with the name of the screen's field; nothing is written then.
+  void record(const NewRepair& typed) const;
+  /// Deletes the entry of that number, over xx.dat in the current folder.
+  void remove(int number) const;
+
+ private:
+  core::FileSystem& files_;
+  core::DataFolders folders_;
+};
+
+}  // namespace tarvik::repairs

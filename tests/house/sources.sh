@@ -1,0 +1,65 @@
+#!/usr/bin/env bash
+# sources.sh RULE ROOT: checks the sources under ROOT by one rule; prints what breaks it and fails.
+set -euo pipefail
+rule="$1"
+cd "$2"
+
+# Which folders a folder may include from. Between two feature folders there is no arrow.
+declare -A arrows=(
+  [core]="core"
+  [settings]="settings core"
+  [tyres]="tyres core"
+  [repairs]="repairs core"
+  [reminders]="reminders core"
+  [charts]="charts core"
+  [print]="print core"
+  [ui]="ui core settings tyres repairs reminders charts print"
+  [app]="app ui core settings tyres repairs reminders charts print"
+)
+folders=(core settings tyres repairs reminders charts print ui app)
+
+# The one file that talks to the system, and what only it may include.
+system_file=core/posix_file_system.cpp
+system_headers='unistd\.h|fcntl\.h|sys/[a-z/]+\.h|dirent\.h|stdio\.h|cstdio|stdlib\.h|filesystem|fstream|locale|clocale|locale\.h'
+
+sources_of() { find "$1" -name '*.cpp' -o -name '*.h' | sort; }
+
+# FILE:LINE:TEXT of the includes of a folder that match a pattern.
+includes_of() {
+  local files
+  mapfile -t files < <(sources_of "$1")
+  [ ${#files[@]} -eq 0 ] || grep -HnE "^[[:space:]]*#[[:space:]]*include[[:space:]]*$2" "${files[@]}" || true
+}
+
+wrong_arrows() {
+  local folder allowed
+  for folder in "${folders[@]}"; do
+    [ -d "$folder" ] || continue
+    allowed="${arrows[$folder]// /|}"
+    # What the build generates from forms and classes lies beside them.
+    includes_of "$folder" '"' | grep -vE "include \"(($allowed)/|ui_[A-Za-z]+\.h\"|[A-Za-z_]+\.moc\")" || true
+  done
+}
+
+wrong_system_headers() {
+  local folder
+  for folder in "${folders[@]}"; do
+    [ -d "$folder" ] || continue
+    includes_of "$folder" "<($system_headers)>" | grep -v "^$system_file:" || true
+  done
+}
+
+wrong_guards() {
+  local header
+  find "${folders[@]}" tests tools fuzz benchmarks -name '*.h' 2> /dev/null | sort | while read -r header; do
+    [ "$(head -n 1 "$header")" = "#pragma once" ] || echo "$header: does not begin with #pragma once"
+  done || true
+}
+
+case "$rule" in
+  arrows) found=$(wrong_arrows) ;;
+  system-headers) found=$(wrong_system_headers) ;;
+  guards) found=$(wrong_guards) ;;
+  *) echo "no such rule: $rule" >&2; exit 2 ;;
+esac
+[ -z "$found" ] || { printf 'Against the rule "%s":\n%s\n' "$rule" "$found"; exit 1; }

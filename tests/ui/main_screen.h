@@ -1,0 +1,110 @@
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QTreeView>
+#include <memory>
+
+#include "core/napi_adat.h"
+#include "core/posix_file_system.h"
+#include "core/record_list.h"
+#include "tests/support/fixed_clock.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/ui/box_script.h"
+#include "ui/frmTarvik.h"
+
+namespace tarvik::test {
+
+/// The main screen over a folder of its own, on 21 November 2026, and its controls by their names.
+struct MainScreen {
+  explicit MainScreen(bool ownCurrentFolder = false)
+      : context{.files = files,
+                .folders = {.program = folder.path(), .current = ownCurrentFolder ? current.path() : folder.path()},
+                .clock = clock,
+                .version = "1.0.0"} {}
+
+  /// Opens the screen as the program does.
+  void open() {
+    screen = std::make_unique<ui::frmTarvik>(context);
+    screen->load();
+    screen->show();
+  }
+
+  template <typename Control>
+  Control* find(const char* name) {
+    auto* control = screen->findChild<Control*>(QString::fromUtf8(name));
+    if (control == nullptr) qFatal("no control %s", name);
+    return control;
+  }
+  QLineEdit* edit(const char* name) { return find<QLineEdit>(name); }
+  QComboBox* combo(const char* name) { return find<QComboBox>(name); }
+  QCheckBox* box(const char* name) { return find<QCheckBox>(name); }
+  QString label(const char* name) { return find<QLabel>(name)->text(); }
+  QTreeView* list() { return find<QTreeView>("ListView1"); }
+  void press(const char* name) { find<QAbstractButton>(name)->click(); }
+  void type(const char* name, const QString& text) {
+    edit(name)->setFocus();
+    edit(name)->selectAll();
+    QTest::keyClick(edit(name), Qt::Key_Delete);
+    QTest::keyClicks(edit(name), text);
+  }
+
+  int rows() { return list()->model()->rowCount(); }
+  QString cell(int row, int column) { return list()->model()->index(row, column).data().toString(); }
+  /// The shown texts of a row, the record number last, joined by '|'.
+  QString row(int number) {
+    QStringList cells;
+    for (int column = 0; column < list()->model()->columnCount(); ++column) cells.append(cell(number, column));
+    return cells.join(QLatin1Char('|'));
+  }
+  void clickRow(int row) {
+    const QModelIndex index = list()->model()->index(row, 0);
+    list()->scrollTo(index);
+    QTest::mouseClick(list()->viewport(), Qt::LeftButton, {}, list()->visualRect(index).center());
+  }
+
+  void writeLogbook(const char* plate, const std::vector<core::NapiAdat>& entries) {
+    folder.makeFolder(plate);
+    std::string bytes;
+    for (const core::NapiAdat& entry : entries) bytes += toText(core::encoded(entry));
+    folder.write(std::string(plate) + "/napiadat.dat", bytes);
+  }
+  void choosePlateAtStart(const char* plate, bool reminders = true) {
+    folder.write("set.dat", (reminders ? std::string(2, '\xFF') : std::string(2, '\0')) + padded(plate, 10));
+  }
+  core::NapiAdat stored(const char* plate, int number) {
+    const std::string bytes = folder.read(std::string(plate) + "/napiadat.dat");
+    const auto* data = reinterpret_cast<const std::byte*>(bytes.data());
+    const auto offset = static_cast<std::size_t>(number - 1) * core::NapiAdat::kLength;
+    return core::NapiAdat::decode({data + offset, core::NapiAdat::kLength});
+  }
+
+  TemporaryFolder folder;
+  TemporaryFolder current;
+  core::PosixFileSystem files;
+  FixedClock clock{{2026, 11, 21}};
+  ui::Context context;
+  std::unique_ptr<ui::frmTarvik> screen;
+};
+
+/// An entry of the logbook with the fields that most tests need.
+inline core::NapiAdat fuelling(core::CalendarDate date, std::int32_t km, std::int64_t litresTimes10000, bool full,
+                               std::int32_t cost = 0) {
+  core::NapiAdat entry;
+  entry.KmOra = km;
+  entry.Datum = core::toStored(core::dayOf(date));
+  entry.TankoltLiter = {litresTimes10000};
+  entry.Teletank = core::toFlag(full);
+  entry.TankoltKtg = cost;
+  entry.Alkatresz = core::FixedText<50>("");
+  entry.Megjegyzes = core::FixedText<50>("Tankolás");
+  return entry;
+}
+
+}  // namespace tarvik::test

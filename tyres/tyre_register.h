@@ -1,0 +1,81 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/data_folders.h"
+#include "core/file_system.h"
+#include "core/ratio.h"
+#include "tyres/tyre_rows.h"
+#include "tyres/tyre_set.h"
+
+namespace tarvik::tyres {
+
+/// The figures and texts of a set as a person typed them.
+struct TyreFields {
+  std::string type;                    ///< cut to 30 characters
+  std::string size;                    ///< cut to 15 characters
+  std::string maxKm;                   ///< must be a number with a decimal comma, if any; km
+  std::optional<std::int16_t> season;  ///< nothing when none is chosen
+  std::string kmWhenFitted;            ///< its leading number counts, none is 0; km
+  std::string kmRun;                   ///< its leading number counts, none is 0; km
+};
+
+/// A new set as a person typed it; no field is checked but maxKm.
+struct NewTyreSet {
+  std::string plate;  ///< cut to 10 characters
+  bool isFitted = false;
+  TyreFields fields;
+};
+
+/// The tyre register as one screen works with it: Gumik.dat in the program folder, and one record buffer.
+///
+/// Every set that is read or written stays in the buffer, a listing's last one too, and a set recorded
+/// without a season takes the buffer's: this system's convention. Every operation opens the file,
+/// finishes with it and closes it; beside what each says, it throws the failures of the record files.
+class TyreRegister {
+ public:
+  TyreRegister(core::FileSystem& files, const core::DataFolders& folders)
+      : files_(files), folders_(folders) {}
+
+  /// Lists one vehicle's sets; the plate is compared trimmed and exactly.
+  std::vector<TyreRow> listOf(std::string_view plate);
+  /// Lists the sets of all vehicles.
+  std::vector<TyreRow> listAll();
+  /// Reads the set of that number; throws Failure(RecordMissing) when the file has none.
+  const TyreSet& read(int number);
+
+  /// Appends a set. A maximum that is no number throws Failure(NotANumber), a figure past 32 bits
+  /// Failure(OutOfRange), each with the name of the screen's field; nothing is written then.
+  void record(const NewTyreSet& typed);
+  /// Marks the set as fitted or not; its figures stay. Throws Failure(RecordMissing).
+  void setFitted(int number, bool isFitted);
+  /// Changes the set's fields; plate and fitting stay, the season too when none is chosen. Throws as
+  /// record does, and Failure(RecordMissing).
+  void change(int number, const TyreFields& typed);
+  /// Deletes the set of that number, over xx.dat in the current folder.
+  void remove(int number);
+
+  /// The set that was read or written last; one of zero bytes at first.
+  const TyreSet& buffer() const { return buffer_; }
+
+ private:
+  std::vector<TyreRow> list(std::optional<std::string_view> plate);
+  template <typename Edit>
+  void rewrite(int number, Edit edit);
+
+  core::FileSystem& files_;
+  core::DataFolders folders_;
+  TyreSet buffer_;
+};
+
+/// Adds a distance in km to the first set that is on the vehicle's car, and only to that one: this system's
+/// convention when several are marked. The sum is rounded, halves to even. Without such a set, and for a
+/// distance of 0, the file is not written. Throws Failure(OutOfRange) when the sum leaves 32 bits.
+void addDistance(core::FileSystem& files, const core::DataFolders& folders, std::string_view plate,
+                 const core::Ratio& distance);
+
+}  // namespace tarvik::tyres

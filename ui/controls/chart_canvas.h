@@ -1,0 +1,62 @@
+#pragma once
+
+#include <qcustomplot.h>
+
+#include "ui/controls/chart_axis_labels.h"
+#include "ui/controls/chart_content.h"
+#include "ui/controls/chart_plottables.h"
+#include "ui/controls/chart_shapes.h"
+#include "ui/controls/chart_style.h"
+
+namespace tarvik::ui {
+
+/// The surface of a chart: arranges a content on the plotting library and paints it.
+///
+/// A change only marks the surface; it is arranged and plotted once, when it is next painted or asked about.
+class ChartCanvas : public QCustomPlot {
+  Q_OBJECT
+
+ public:
+  /// Creates an empty chart that leaves all mouse events to its parent.
+  explicit ChartCanvas(QWidget* parent);
+
+  /// Shows the content from the next paint on.
+  void show(const ChartContent& content);
+  /// The faces of the content shown, in painter's order.
+  const QList<ChartFace>& faces();
+  /// The outlines of the texts on both axes.
+  QList<QPolygonF> axisLabelOutlines();
+  /// The picture as drawn, `scale` pixels of it for one of the screen.
+  QPixmap picture(double scale);
+  /// Draws the picture as lines, fills and texts, in the size of the widget, for example for a document.
+  void drawOn(QPaintDevice& device);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void markChanged();
+  void arrangeIfChanged();
+  void arrange();
+  ChartFrame arrangedFrame(LabelFit& fit) const;
+  double titleHeight() const;
+  void applyLayout(const ChartFrame& frame);
+  void applyAxes(const ChartFrame& frame);
+  void applyFlatSeries(const ChartFrame& frame);
+  void applyFlatColors(const ChartFrame& frame);
+
+  ChartContent content_;
+  ChartStyle style_;
+  QCPTextElement* title_;
+  QCPBars* bars_;
+  QCPGraph* graph_;
+  ChartWalls* walls_;
+  ChartSolids* solids_;
+  ChartAxisLabels* labels_;
+  bool arranged_ = false;
+  bool plotted_ = false;
+};
+
+}  // namespace tarvik::ui

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+namespace tarvik::ui {
+
+/// The value axis: from `lower` to `upper` in readable steps, `decimals` places in its numbers.
+struct ValueScale {
+  double lower = 0;
+  double upper = 1;
+  double step = 1;
+  int decimals = 0;
+
+  /// Lists the values that carry a number and a grid line, ascending, both ends included.
+  QList<double> ticks() const;
+};
+
+/// Whether an axis has to reach zero (bars and areas) or may show the values' own range (lines).
+enum class Baseline { Zero, Free };
+
+/// Fits a scale of at most `maximumSteps` steps, each 1, 2, 2.5 or 5 times a power of ten, to the finite
+/// values. A free baseline still takes zero in when the values reach far down towards it. Without a finite
+/// value the scale runs from 0 to 1.
+ValueScale valueScale(const QList<double>& values, Baseline baseline, int maximumSteps);
+
+/// The number in the Hungarian form with the given decimal places: decimal comma, groups of three parted by
+/// no-break spaces, no minus before a zero.
+QString numberText(double value, int decimals);
+
+/// The number in the Hungarian form with up to four decimal places, none of them a trailing zero.
+QString shortNumberText(double value);
+
+}  // namespace tarvik::ui

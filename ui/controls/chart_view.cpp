@@ -1,0 +1,183 @@
+#include "ui/controls/chart_view.h"
+
+#include <QAccessible>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QToolTip>
+#include <cmath>
+
+#include "ui/controls/chart_accessible.h"
+#include "ui/controls/chart_canvas.h"
+#include "ui/controls/chart_picture.h"
+
+namespace tarvik::ui {
+
+ChartView::ChartView(QWidget* parent) : QWidget(parent), canvas_(new ChartCanvas(this)) {
+  installChartAccessibility();
+  setMouseTracking(true);
+  setFocusPolicy(Qt::StrongFocus);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+void ChartView::setTitleText(const QString& title) {
+  if (title == content_.title) return;
+  content_.title = title;
+  canvas_->show(content_);
+  QAccessibleEvent renamed(this, QAccessible::NameChanged);
+  QAccessible::updateAccessibility(&renamed);
+}
+
+void ChartView::setChartType(int type) {
+  const bool known =
+      type >= static_cast<int>(ChartType::Bars3D) && type <= static_cast<int>(ChartType::Area2D);
+  if (!known || type == chartType()) return;
+  content_.type = static_cast<ChartType>(type);
+  content_.hoveredRow = 0;
+  canvas_->show(content_);
+}
+
+void ChartView::setPoints(const QStringList& labels, const QList<double>& values) {
+  const qsizetype count = std::min(labels.size(), values.size());
+  content_.labels = labels.first(count);
+  content_.values = values.first(count);
+  content_.selectedRow = 0;
+  content_.hoveredRow = 0;
+  pressedRow_ = 0;
+  canvas_->show(content_);
+  QAccessibleEvent reordered(this, QAccessible::ObjectReorder);
+  QAccessible::updateAccessibility(&reordered);
+}
+
+QVariantList ChartView::rowValues() const {
+  return {content_.values.cbegin(), content_.values.cend()};
+}
+
+bool ChartView::hasPoint(int row) const {
+  return row >= 1 && row <= rowCount() && std::isfinite(content_.values[row - 1]);
+}
+
+void ChartView::selectRow(int row) {
+  if (!hasPoint(row)) return;
+  content_.selectedRow = row;
+  canvas_->show(content_);
+  QAccessibleEvent selected(this, QAccessible::Selection);
+  selected.setChild(row - 1);
+  QAccessible::updateAccessibility(&selected);
+  emit pointSelected(1, row);
+}
+
+// A hidden widget gets its resize event late, but its points are where its size says.
+ChartCanvas& ChartView::sizedCanvas() const {
+  canvas_->setGeometry(rect());
+  return *canvas_;
+}
+
+QRectF ChartView::pointRect(int row) const {
+  return rowRect(sizedCanvas().faces(), row);
+}
+
+int ChartView::rowAtPosition(const QPointF& position) const {
+  return rowAt(sizedCanvas().faces(), position);
+}
+
+QString ChartView::pointText(int row) const {
+  if (row < 1 || row > rowCount()) return {};
+  const QString value =
+      hasPoint(row) ? shortNumberText(content_.values[row - 1]) : QStringLiteral("nincs adat");
+  return content_.labels[row - 1] + ": " + value;
+}
+
+QList<QPolygonF> ChartView::axisLabelOutlines() const {
+  return sizedCanvas().axisLabelOutlines();
+}
+
+void ChartView::copyPicture() const {
+  copyChartPicture(sizedCanvas());
+}
+
+bool ChartView::savePicture(const QString& path) const {
+  return saveChartPicture(sizedCanvas(), path);
+}
+
+QSize ChartView::sizeHint() const {
+  return {700, 320};
+}
+
+QSize ChartView::minimumSizeHint() const {
+  return {320, 200};
+}
+
+bool ChartView::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  showPointTip(static_cast<QHelpEvent*>(event)->globalPos());
+  return true;
+}
+
+void ChartView::resizeEvent(QResizeEvent*) {
+  canvas_->setGeometry(rect());
+}
+
+void ChartView::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return QWidget::mousePressEvent(event);
+  pressedRow_ = rowAtPosition(event->position());
+}
+
+void ChartView::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return QWidget::mouseReleaseEvent(event);
+  const int row = std::exchange(pressedRow_, 0);
+  if (row > 0 && row == rowAtPosition(event->position())) selectRow(row);
+}
+
+void ChartView::mouseMoveEvent(QMouseEvent* event) {
+  const int row = rowAtPosition(event->position());
+  if (row == content_.hoveredRow) return;
+  setHoveredRow(row);
+  showPointTip(event->globalPosition().toPoint());
+}
+
+void ChartView::leaveEvent(QEvent* event) {
+  setHoveredRow(0);
+  QWidget::leaveEvent(event);
+}
+
+void ChartView::setHoveredRow(int row) {
+  if (row == content_.hoveredRow) return;
+  content_.hoveredRow = row;
+  canvas_->show(content_);
+}
+
+void ChartView::showPointTip(const QPoint& globalPosition) {
+  const int row = rowAtPosition(mapFromGlobal(globalPosition));
+  if (row == 0) return QToolTip::hideText();
+  QToolTip::showText(globalPosition, pointText(row), this);
+}
+
+void ChartView::selectNextFrom(int row, int step) {
+  for (int next = row + step; next >= 1 && next <= rowCount(); next += step) {
+    if (hasPoint(next)) return selectRow(next);
+  }
+}
+
+void ChartView::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Left:
+      return selectNextFrom(selectedRow() > 0 ? selectedRow() : rowCount() + 1, -1);
+    case Qt::Key_Right:
+      return selectNextFrom(selectedRow(), 1);
+    case Qt::Key_Home:
+      return selectNextFrom(0, 1);
+    case Qt::Key_End:
+      return selectNextFrom(rowCount() + 1, -1);
+    default:
+      QWidget::keyPressEvent(event);
+  }
+}
+
+void ChartView::contextMenuEvent(QContextMenuEvent* event) {
+  runChartMenu(*this, event->globalPos());
+}
+
+}  // namespace tarvik::ui

@@ -1,0 +1,41 @@
+#include "ui/frmMelyGrafikon.h"
+
+#include "ui/placement.h"
+#include "ui_frmMelyGrafikon.h"
+
+namespace tarvik::ui {
+namespace {
+
+constexpr QPoint kFromMainScreen(200, 233);
+
+}  // namespace
+
+frmMelyGrafikon::frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* parent)
+    : QDialog(parent), context_(context), ui_(std::make_unique<Ui::frmMelyGrafikon>()) {
+  ui_->setupUi(this);
+  // The group holds the options in the order of the form, which is that of their numbers.
+  int number = 0;
+  for (QAbstractButton* option : ui_->choices->buttons()) ui_->choices->setId(option, ++number);
+  if (QAbstractButton* last = ui_->choices->button(context_.state.chartChoice)) {
+    last->setChecked(true);
+    last->setFocus();
+  }
+  connect(ui_->cmdMegjelenit, &QPushButton::clicked, this, &frmMelyGrafikon::takeChecked);
+  connect(ui_->cmdMegsem, &QPushButton::clicked, this, &frmMelyGrafikon::reject);
+  placeAt(*this, mainTopLeft + kFromMainScreen);
+}
+
+frmMelyGrafikon::~frmMelyGrafikon() = default;
+
+void frmMelyGrafikon::takeChecked() {
+  const int checked = ui_->choices->checkedId();
+  if (checked > 0) context_.state.chartChoice = static_cast<std::int16_t>(checked);
+  accept();
+}
+
+void frmMelyGrafikon::reject() {
+  context_.state.chartChoice = 0;
+  QDialog::reject();
+}
+
+}  // namespace tarvik::ui

@@ -1,0 +1,185 @@
+#include "ui/frmTarvik.h"
+
+#include <QCloseEvent>
+#include <QLineEdit>
+#include <QScreen>
+
+#include "settings/start_settings.h"
+#include "settings/vehicles.h"
+#include "ui/controls/message_boxes.h"
+#include "ui/frmSetup.h"
+#include "ui/guarded.h"
+#include "ui/note_type_ahead.h"
+#include "ui/text.h"
+#include "ui_frmTarvik.h"
+
+namespace tarvik::ui {
+namespace {
+
+constexpr int kWidthTwips = 10'600;
+constexpr int kTwipsPerInch = 1'440;
+constexpr int kPixelsPerInch = 96;
+
+QStringList platesOf(const settings::Vehicles& vehicles) {
+  QStringList plates;
+  for (int number = 1; number <= vehicles.count(); ++number)
+    plates.append(toQt(vehicles.record(number).plate.asStored()));
+  return plates;
+}
+
+}  // namespace
+
+frmTarvik::frmTarvik(Context& context)
+    : ui_(std::make_unique<Ui::frmTarvik>()),
+      context_(context),
+      listing_(new ListingModel(this)),
+      timer_(new QTimer(this)) {
+  ui_->setupUi(this);
+  place();
+  setWindowTitle(QStringLiteral("Tarvik - ") + toQt(context_.version));
+  setUpFields();
+  setUpList();
+  setUpReminders();
+  connectButtons();
+  connectMenu();
+}
+
+frmTarvik::~frmTarvik() = default;
+
+void frmTarvik::place() {
+  const QRect available = screen()->availableGeometry();
+  const int width = (kWidthTwips * kPixelsPerInch + kTwipsPerInch / 2) / kTwipsPerInch;
+  resize(width, qMin(height(), available.height() - menuBar()->sizeHint().height()));
+  move(available.left() + (available.width() - this->width()) / 2,
+       available.top() + (available.height() - height()) / 2);
+}
+
+void frmTarvik::setUpFields() {
+  for (QComboBox* field : {ui_->Combo1, ui_->txAlkatresz, ui_->txMegjegyzes}) field->setCompleter(nullptr);
+  for (QLineEdit* field : {ui_->txKmOra, ui_->txTankoltLiter, ui_->txTankoltKtg, ui_->txAlkatreszKtg})
+    connect(field, &QLineEdit::textChanged, this, [this, field] { keepNumeric(field); });
+  for (QLineEdit* field : {ui_->txTankoltLiter, ui_->txTankoltKtg})
+    connect(field, &QLineEdit::textChanged, this, &frmTarvik::showPrice);
+  connect(ui_->txTankoltKtg, &QLineEdit::editingFinished, this, &frmTarvik::showPrice);
+  new NoteTypeAhead(ui_->txMegjegyzes, [this](const QString& typed, const QString& key) {
+    std::optional<settings::CompletedNote> found;
+    guarded(this, [&] {
+      const auto notes = settings::loadLookupTexts(context_.files, context_.folders, settings::kNotes);
+      found = settings::completedNote(notes, toLogic(typed), toLogic(key));
+    });
+    return found;
+  });
+}
+
+void frmTarvik::onClick(QAbstractButton* button, void (frmTarvik::*handler)()) {
+  connect(button, &QAbstractButton::clicked, this,
+          [this, handler] { guarded(this, [&] { (this->*handler)(); }); });
+}
+
+void frmTarvik::connectButtons() {
+  onClick(ui_->cmd_rogzit, &frmTarvik::record);
+  onClick(ui_->cmd_modosit, &frmTarvik::modify);
+  onClick(ui_->cmd_del, &frmTarvik::remove);
+  onClick(ui_->cmd_lista, &frmTarvik::toggleFilter);
+  onClick(ui_->cmdSzürés, &frmTarvik::applyFilter);
+  onClick(ui_->cmd_figyel, &frmTarvik::openFigy);
+  connect(ui_->Combo1, &QComboBox::activated, ui_->cmd_lista, &QPushButton::click);
+  connect(ui_->cmdAlkatresz, &QPushButton::clicked, this, [this] {
+    guarded(this, [this] { quickAdd(ui_->txAlkatresz, settings::kPartNames, QStringLiteral("alkatrész")); });
+  });
+  connect(ui_->cmdMegjegyzes, &QPushButton::clicked, this, [this] {
+    guarded(this, [this] { quickAdd(ui_->txMegjegyzes, settings::kNotes, QStringLiteral("megjegyzés")); });
+  });
+}
+
+void frmTarvik::connectMenu() {
+  const auto onMenu = [this](QAction* item, void (frmTarvik::*handler)()) {
+    connect(item, &QAction::triggered, this, [this, handler] { guarded(this, [&] { (this->*handler)(); }); });
+  };
+  connect(ui_->mnuKilep, &QAction::triggered, this, &QWidget::close);
+  onMenu(ui_->mnuSetup, &frmTarvik::openSetup);
+  onMenu(ui_->mnuGumik, &frmTarvik::openGumik);
+  onMenu(ui_->mnuSzerviz, &frmTarvik::openSzerviz);
+  onMenu(ui_->mnuPrint, &frmTarvik::print);
+}
+
+void frmTarvik::load() {
+  guarded(this, [this] { checkDates(); });
+  guarded(this, [this] { loadLookups(); });
+  ui_->DTPicker1->setDate(toQt(context_.clock.today()));
+  ui_->DTPSzürö->setDate(toQt(context_.clock.today()));
+  guarded(this, [this] { loadVehicles(); });
+  guarded(this, [this] { loadStartSettings(); });
+  guarded(this, [this] { beolvas(); });
+}
+
+void frmTarvik::loadLookups() {
+  const auto fill = [this](QComboBox* field, const settings::LookupFile& list) {
+    const auto texts = settings::loadLookupTexts(context_.files, context_.folders, list);
+    field->clear();
+    for (int number = 1; number <= texts.count(); ++number)
+      field->addItem(toQt(texts.record(number).text.asStored()));
+  };
+  fill(ui_->txAlkatresz, settings::kPartNames);
+  ui_->txAlkatresz->setEditText({});
+  fill(ui_->txMegjegyzes, settings::kNotes);
+  ui_->txMegjegyzes->setEditText(QStringLiteral("Tankolás"));
+}
+
+void frmTarvik::loadVehicles() {
+  fillPlates(platesOf(settings::loadVehicles(context_.files, context_.folders)));
+}
+
+// The vehicle that is worked with stays chosen when the list of vehicles changes.
+void frmTarvik::fillPlates(const QStringList& plates) {
+  const QString chosen = plate();
+  ui_->Combo1->clear();
+  ui_->Combo1->addItems(plates);
+  ui_->Combo1->setCurrentIndex(-1);
+  ui_->Combo1->setEditText(chosen);
+}
+
+void frmTarvik::loadStartSettings() {
+  const settings::SetRecord stored = settings::loadStartSettings(context_.files, context_.folders);
+  ui_->Combo1->setEditText(toQt(stored.plate.asStored()));
+  ui_->Check1->setChecked(stored.remindersOn == core::kFlagSet);
+}
+
+QString frmTarvik::plate() const {
+  return ui_->Combo1->currentText();
+}
+
+std::string frmTarvik::platePath() const {
+  return toLogic(plate());
+}
+
+bool frmTarvik::refusesBlankPlate(const QString& consequence) {
+  if (!isBlank(plate())) return false;
+  tellError(this, QStringLiteral(" H i b a !"), QStringLiteral("Nincs megadva rendszám!\n") + consequence);
+  ui_->Combo1->setFocus();
+  return true;
+}
+
+void frmTarvik::openSetup() {
+  frmSetup screen(context_, frameGeometry().topLeft(), this);
+  connect(&screen, &frmSetup::vehiclesChanged, this,
+          [this](const QStringList& plates) { fillPlates(plates); });
+  connect(&screen, &frmSetup::reminderTimerWanted, timer_,
+          [this](bool on) { on ? timer_->start() : timer_->stop(); });
+  screen.exec();
+}
+
+void frmTarvik::closeEvent(QCloseEvent* event) {
+  const bool ends = ask(this, QStringLiteral(" Kilépés "), QStringLiteral("Biztos hogy Befejezed?\n\n"),
+                        DefaultAnswer::Yes);
+  event->setAccepted(ends);
+}
+
+void frmTarvik::showEvent(QShowEvent* event) {
+  QMainWindow::showEvent(event);
+  if (wasShown_) return;
+  wasShown_ = true;
+  if (timer_->isActive()) timer_->start();  // the first check comes a full interval after this
+}
+
+}  // namespace tarvik::ui

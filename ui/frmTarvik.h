@@ -1,0 +1,106 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QTimer>
+#include <memory>
+#include <optional>
+
+#include "core/entry_input.h"
+#include "core/totals.h"
+#include "settings/lookup_list.h"
+#include "ui/context.h"
+#include "ui/models/listing_model.h"
+
+class QComboBox;
+class QLineEdit;
+
+namespace Ui {
+class frmTarvik;
+}
+
+namespace tarvik::ui {
+
+/// The main screen: the vehicle selector, the entry's fields, the list with its totals and statistics, the
+/// charts, the reminder switch and the menu that opens the other screens.
+class frmTarvik : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  /// Builds the screen without reading anything. The context outlives it.
+  explicit frmTarvik(Context& context);
+  ~frmTarvik() override;
+
+  /// Reads everything that the screen shows at start; a due date reminder shows its alert first. Called
+  /// once, before the screen is shown.
+  void load();
+
+  /// Rebuilds the list and the totals from the logbook of the chosen vehicle.
+  void beolvas();
+  /// Clears the entry's fields; the note's cost and the date stay, as this system's convention.
+  void MezoDel();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  // Building (frmTarvik.cpp).
+  void place();
+  void setUpFields();
+  void connectButtons();
+  void connectMenu();
+  void onClick(class QAbstractButton* button, void (frmTarvik::*handler)());
+  void loadLookups();
+  void loadVehicles();
+  void loadStartSettings();
+  void fillPlates(const QStringList& plates);
+  QString plate() const;
+  std::string platePath() const;
+  bool refusesBlankPlate(const QString& consequence);
+  void openSetup();
+  void openGumik();
+  void openSzerviz();
+  void print();
+
+  // The entry (frmTarvik_entry.cpp).
+  core::EntryInput entryInput() const;
+  void showInput(const core::EntryInput& input);
+  void showEntry(int record);
+  void showStatistics(const core::Logbook& logbook, int record);
+  void record();
+  void modify();
+  void remove();
+  bool refusesBlankKm();
+  void addDistanceToTyres(const core::Ratio& distance);
+  void quickAdd(QComboBox* field, const settings::LookupFile& list, const QString& what);
+  void keepNumeric(QLineEdit* field);
+  void showPrice();
+  void select(int record);
+
+  // The list (frmTarvik_list.cpp).
+  void setUpList();
+  void toggleFilter();
+  void chooseMode(int mode);
+  void applyFilter();
+  void showTotals();
+  void showHint(QObject* field);
+
+  // Reminders (frmTarvik_reminders.cpp).
+  void setUpReminders();
+  void checkDates();
+  void switchReminders(bool on);
+  void checkKm();
+  void openFigy();
+
+  std::unique_ptr<Ui::frmTarvik> ui_;
+  Context& context_;
+  ListingModel* listing_;
+  core::Totals totals_;
+  QTimer* timer_;
+  std::int16_t selectedEntry_ = 0;
+  std::int16_t listMode_ = core::kWholeList;
+  bool wasShown_ = false;
+};
+
+}  // namespace tarvik::ui

@@ -1,0 +1,90 @@
+#include <QEvent>
+#include <QHeaderView>
+#include <QLineEdit>
+
+#include "core/entry_editing.h"
+#include "ui/controls/message_boxes.h"
+#include "ui/frmTarvik.h"
+#include "ui/guarded.h"
+#include "ui/text.h"
+#include "ui_frmTarvik.h"
+
+// The list, its filter and its totals on the main screen.
+
+namespace tarvik::ui {
+
+void frmTarvik::setUpList() {
+  ui_->ListView1->setModel(listing_);
+  ui_->ListView1->setColumnCharacters({9, 6, 5, 5, 3, 4, 6, 15});
+  connect(ui_->ListView1, &ListView::rowChosen, this,
+          [this](int row) { guarded(this, [&] { showEntry(listing_->listing().number(row)); }); });
+  const QList<QRadioButton*> modes{ui_->opSzürö_0, ui_->opSzürö_1, ui_->opSzürö_2};
+  for (int mode = 0; mode < modes.size(); ++mode)
+    connect(modes[mode], &QRadioButton::clicked, this, [this, mode] { chooseMode(mode); });
+  ui_->DTPSzürö->setVisible(false);
+  for (QLineEdit* field :
+       {ui_->tx_teljes_ktg, ui_->ob_ktg, ui_->txAlkatreszKoltseg, ui_->tx_liter, ui_->tx_megtett_km})
+    field->installEventFilter(this);
+}
+
+void frmTarvik::beolvas() {
+  listing_->setListing({});
+  select(0);
+  core::Listing listing{core::loadLogbook(context_.files, context_.folders, platePath()), {}};
+  listing.numbers = core::listedEntries(listing.logbook, {listMode_, toLogic(ui_->DTPSzürö->date())});
+  listing_->setListing(std::move(listing));
+  try {
+    core::updateTotals(listing_->listing(), totals_);
+  } catch (...) {
+    showTotals();
+    throw;
+  }
+  showTotals();
+}
+
+void frmTarvik::showTotals() {
+  const core::TotalsTexts& texts = totals_.texts;
+  ui_->tx_teljes_ktg->setText(toQt(texts.teljesKtg));
+  ui_->ob_ktg->setText(toQt(texts.benzinKtg));
+  ui_->txAlkatreszKoltseg->setText(toQt(texts.alkatreszKoltseg));
+  ui_->tx_megtett_km->setText(toQt(texts.megtettKm));
+  ui_->tx_liter->setText(toQt(texts.liter));
+  ui_->tx_fogyaszt->setText(toQt(texts.fogyaszt));
+}
+
+void frmTarvik::toggleFilter() {
+  if (refusesBlankPlate(QStringLiteral("Így nem listázható..."))) return;
+  ui_->FrameSzürö->setVisible(ui_->FrameSzürö->isHidden());
+}
+
+void frmTarvik::chooseMode(int mode) {
+  listMode_ = static_cast<std::int16_t>(mode);
+  ui_->DTPSzürö->setVisible(mode != core::kWholeList);
+}
+
+void frmTarvik::applyFilter() {
+  const bool isYear = ui_->opSzürö_1->isChecked();
+  const bool isMonth = ui_->opSzürö_2->isChecked();
+  listMode_ = isYear ? core::kYearList : isMonth ? core::kMonthList : core::kWholeList;
+  ui_->FrameSzürö->hide();
+  beolvas();
+}
+
+bool frmTarvik::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Enter || event->type() == QEvent::MouseMove ||
+      event->type() == QEvent::ToolTip)
+    guarded(this, [&] { showHint(watched); });
+  return QMainWindow::eventFilter(watched, event);
+}
+
+void frmTarvik::showHint(QObject* field) {
+  auto* edit = qobject_cast<QLineEdit*>(field);
+  if (edit == nullptr) return;
+  const std::string text = toLogic(edit->text());
+  const auto hintOf = edit == ui_->tx_liter        ? &core::litresPerDay
+                      : edit == ui_->tx_megtett_km ? &core::kmPerDay
+                                                   : &core::costPerDay;
+  if (const auto hint = hintOf(listing_->listing(), text)) edit->setToolTip(toQt(*hint));
+}
+
+}  // namespace tarvik::ui

@@ -1,0 +1,137 @@
+#include "ui/list_printer.h"
+
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QProgressDialog>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <optional>
+#include <utility>
+
+#include "core/failure.h"
+#include "core/record_file.h"
+#include "ui/controls/message_boxes.h"
+#include "ui/output_file.h"
+#include "ui/page_painter.h"
+#include "ui/text.h"
+
+namespace tarvik::ui {
+namespace {
+
+constexpr int kPatienceMilliseconds = 1'000;  // a print-out that takes longer shows its progress
+
+QString commandTitle() {
+  return QStringLiteral("Listamező nyomtatása");
+}
+
+std::optional<QString> askHeading(QWidget* parent) {
+  bool accepted = false;
+  const QString heading =
+      QInputDialog::getText(parent, commandTitle(), QStringLiteral("Kérem adja meg a fejléc szövegét..."),
+                            QLineEdit::Normal, QString(), &accepted);
+  return accepted ? std::optional(heading) : std::nullopt;
+}
+
+// The PDF file to write, empty when the person gave up. The dialog is the toolkit's own: it asks itself
+// before a file is replaced, in the program's language.
+QString askPdfPath(const QString& name, QWidget* parent) {
+  QFileDialog dialog(parent, QStringLiteral("Mentés PDF-fájlba"),
+                     QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation),
+                     QStringLiteral("PDF-fájl (*.pdf)"));
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(QStringLiteral("pdf"));
+  dialog.selectFile(name);
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+QString pdfName(const QString& plate, core::Day today) {
+  return QStringLiteral("%1_%2.pdf").arg(plate, toQt(today).toString(Qt::ISODate));
+}
+
+void setUpPaper(QPdfWriter& writer, const QString& title) {
+  writer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Landscape, QMarginsF()));
+  writer.setTitle(title);
+}
+
+// Writes all pages as PDF; false when the person cancelled it. A refused write ends it early and is the
+// file's to tell.
+bool paintDocument(const print::ListDocument& document, const QString& title, OutputFile& file,
+                   QWidget* parent) {
+  QPdfWriter writer(&file);
+  setUpPaper(writer, title);
+  QProgressDialog progress(QStringLiteral("A lista oldalai készülnek..."), QStringLiteral("Mégse"), 0,
+                           document.pageCount(), parent);
+  progress.setWindowTitle(commandTitle());
+  progress.setWindowModality(Qt::WindowModal);
+  progress.setMinimumDuration(kPatienceMilliseconds);
+  progress.setValue(0);
+
+  QPainter painter(&writer);
+  for (int number = 1; number <= document.pageCount() && !file.hasFailed(); ++number) {
+    if (number > 1) writer.newPage();
+    paintPage(painter, document.page(number));
+    progress.setValue(number);
+    if (progress.wasCanceled()) return false;
+  }
+  return true;
+}
+
+// What is printed, and how it is called.
+struct PrintOut {
+  const print::ListDocument& document;
+  QString plate;
+  QString title;
+};
+
+void saveAsPdf(Context& context, const PrintOut& printOut, QWidget* parent) {
+  if (!ask(parent, commandTitle(), QStringLiteral("Nincs nyomtató ezen a gépen.\nElmented PDF-fájlba?"),
+           DefaultAnswer::Yes))
+    return;
+  const QString path = askPdfPath(pdfName(printOut.plate, context.clock.today()), parent);
+  if (path.isEmpty()) return;
+  OutputFile file(context.files, toLogic(path));
+  if (!paintDocument(printOut.document, printOut.title, file, parent)) return;
+  file.commit();
+}
+
+void sendTo(const QString& printer, Context& context, const PrintOut& printOut, PrintSystem& system,
+            QWidget* parent) {
+  const QTemporaryDir folder;
+  if (!folder.isValid()) throw core::Failure(core::FailureKind::OpenFailed).file(toLogic(folder.path()));
+  const QString path = folder.filePath(QStringLiteral("lista.pdf"));
+  OutputFile file(context.files, toLogic(path));
+  if (!paintDocument(printOut.document, printOut.title, file, parent)) return;
+  file.commit();
+  const QString refusal = system.send(printer, path, printOut.title);
+  if (!refusal.isEmpty())
+    tellError(parent, QStringLiteral(" H i b a !"),
+              QStringLiteral("A nyomtatás nem sikerült (%1):\n%2").arg(printer, refusal));
+}
+
+}  // namespace
+
+void printList(Context& context, const QString& plate, print::ListedRows rows, QWidget* parent,
+               PrintSystem& system) {
+  if (rows.records.empty()) {
+    tellError(parent, QStringLiteral(" H i b a !"),
+              QStringLiteral("A listamező üres!\nÍgy nincs mit nyomtatni..."));
+    return;
+  }
+  const auto logbook =
+      core::loadRecords<core::NapiAdat>(context.files, context.folders.logbook(toLogic(plate)));
+  const std::optional<QString> heading = askHeading(parent);
+  if (!heading) return;
+
+  const print::ListDocument document(logbook, std::move(rows), toLogic(*heading));
+  const PrintOut printOut{document, plate.trimmed(), QStringLiteral("Tarvik ") + plate.trimmed()};
+  const QString printer = system.printer();
+  if (printer.isEmpty())
+    saveAsPdf(context, printOut, parent);
+  else
+    sendTo(printer, context, printOut, system, parent);
+}
+
+}  // namespace tarvik::ui

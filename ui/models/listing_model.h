@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QAbstractTableModel>
+
+#include "core/listing.h"
+
+namespace tarvik::ui {
+
+/// The logbook list: the listed entries of a logbook, each cell made from the entry's bytes when it is
+/// asked for. The last column is the record number.
+class ListingModel : public QAbstractTableModel {
+  Q_OBJECT
+
+ public:
+  using QAbstractTableModel::QAbstractTableModel;
+
+  /// Replaces what is listed.
+  void setListing(core::Listing listing);
+  const core::Listing& listing() const { return listing_; }
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+ private:
+  core::Listing listing_;
+};
+
+}  // namespace tarvik::ui
