@@ -20,6 +20,8 @@ diff -r "$scratch/one" "$scratch/two"
 
 expect_size rendsz.dat 30
 expect_size set.dat 12
+expect_size Gumik.dat $((3 * 71))
+expect_size Szerviz.dat $((12 * 186))
 expect_size KLM456/napiadat.dat $(((78 + 25) * 156))  # the log's fill-ups and what was added between
 for plate in ABC123 XYZ789; do [ -s "$scratch/one/$plate/napiadat.dat" ]; done
 

@@ -14,6 +14,7 @@
 #include "settings/start_settings.h"
 #include "settings/vehicles.h"
 #include "tools/demo/household.h"
+#include "tools/demo/registers.h"
 
 namespace tarvik::demo {
 namespace {
@@ -57,6 +58,13 @@ class Maker {
     for (const auto& text : noteTexts()) settings::appendLookupText(files_, folders_, settings::kNotes, text);
   }
 
+  void addRegisters() {
+    tyres::TyreRegister tyreRegister(files_, folders_);
+    for (const auto& set : tyreSets()) tyreRegister.record(set);
+    const repairs::RepairLog repairLog(files_, folders_);
+    for (const auto& entry : repairEntries()) repairLog.record(entry);
+  }
+
   void chooseAtStart(const std::string& plate) {
     settings::saveStartSettings(files_, folders_,
                                 {.remindersOn = core::kFlagSet, .plate = core::FixedText<10>(plate)});
@@ -71,6 +79,7 @@ void makeHousehold(const std::filesystem::path& log, const std::filesystem::path
   Maker maker(folder);
   for (const Car& car : household(log)) maker.add(car);
   maker.addLookupTexts();
+  maker.addRegisters();
   maker.chooseAtStart("KLM456");
 }
 
