@@ -65,18 +65,18 @@ class ChartViewTest : public QObject {
     QCOMPARE(chart_->property("chartType").toInt(), 1);
     QCOMPARE(chart_->property("titleText").toString(), QString());
     QVERIFY(chart_->property("rowLabels").toStringList().isEmpty());
-    QVERIFY(chart_->property("rowValues").toList().isEmpty());
+    QVERIFY(chart_->property("rowValues").toStringList().isEmpty());
     QCOMPARE(chart_->selectedRow(), 0);
   }
 
   void propertiesTellTitleTypeAndPoints() {
     chart_->setProperty("titleText", QStringLiteral("Üzemanyag árak"));
     chart_->setProperty("chartType", 4);
-    chart_->setPoints({"2013.07.05.", "2013.07.14."}, {389.9, 401.25});
+    chart_->setPoints({"2013.07.05.", "2013.07.14."}, {389.9, 14'012.2525});
     QCOMPARE(chart_->titleText(), QStringLiteral("Üzemanyag árak"));
     QCOMPARE(chart_->chartType(), 4);
     QCOMPARE(chart_->property("rowLabels").toStringList(), QStringList({"2013.07.05.", "2013.07.14."}));
-    QCOMPARE(chart_->property("rowValues").toList(), QVariantList({389.9, 401.25}));
+    QCOMPARE(chart_->property("rowValues").toStringList(), QStringList({"389,9", "14012,2525"}));
   }
 
   void numberThatIsNoTypeChangesNothing() {
