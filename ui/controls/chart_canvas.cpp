@@ -29,11 +29,12 @@ class ValueTicker : public QCPAxisTickerFixed {
   int decimals_;
 };
 
-// Bars are as deep as wide while that is neither thin nor clumsy; a ribbon or a solid has one depth.
+// Bars are about as deep as wide; a ribbon or a solid is deeper, but not so deep that it hides its next
+// points.
 QPointF depthOf(const ChartContent& content, double width) {
   if (!drawsDepth(content.type)) return {};
   const double rowWidth = width / static_cast<double>(std::max<qsizetype>(content.values.size(), 1));
-  const double across = drawsBars(content.type) ? std::clamp(std::round(rowWidth * 0.9), 10.0, 30.0) : 26.0;
+  const double across = std::clamp(std::round(rowWidth * (drawsBars(content.type) ? 0.9 : 1.6)), 10.0, 30.0);
   return {across, -std::round(across * kDepthRise)};
 }
 
@@ -69,6 +70,8 @@ ChartCanvas::ChartCanvas(QWidget* parent)
   bars_->setWidthType(QCPBars::wtPlotCoords);
   bars_->setPen(Qt::NoPen);
   setPlottingHint(QCP::phCacheLabels, false);
+  // A polyline stroked as a whole costs many times its segments where it is steep.
+  setPlottingHint(QCP::phFastPolylines);
 }
 
 void ChartCanvas::show(const ChartContent& content) {
@@ -183,6 +186,8 @@ void ChartCanvas::applyFlatSeries(const ChartFrame& frame) {
 void ChartCanvas::applyFlatColors(const ChartFrame& frame) {
   bars_->setBrush(style_.series);
   bars_->setAntialiasedFill(true);
+  // The line over it hides the fill's edge.
+  graph_->setAntialiasedFill(false);
   graph_->setPen(QPen(style_.series, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   graph_->setBrush(Qt::NoBrush);
   if (content_.type != ChartType::Area2D) return;
