@@ -62,6 +62,7 @@ QString fieldName(const std::string& field) {
       {"txtMKmFelszKor", "Km. óra állása felszereléskor"},
       {"txtGumiAzotaFutottKm", "Azóta futott Km."},
       {"txtMAzotaFutott", "Azóta futott Km."},
+      {"lbKoltseg", "Költség összesen"},
       {"txtSzervizKoltseg", "Költség"},
       {"txtKMora", "Km. óra állás"},
   };
