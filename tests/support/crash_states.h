@@ -18,7 +18,7 @@ class CrashStates {
  public:
   /// Up to this many unsynced steps, all their subsets are visited; of more, as many subsets drawn at random,
   /// beside those of which one step is missing and those that have one step alone.
-  static constexpr std::size_t kAllSubsetsUpTo = 10;
+  static constexpr std::size_t kAllSubsetsUpTo = 12;
 
   /// The disk before the recording, and the recording.
   CrashStates(const MemoryFileSystem& before, const std::vector<DiskStep>& steps, unsigned seed);
