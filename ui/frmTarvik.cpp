@@ -6,9 +6,13 @@
 
 #include "settings/start_settings.h"
 #include "settings/vehicles.h"
+#include "ui/chart_panel.h"
 #include "ui/controls/message_boxes.h"
+#include "ui/frmGumik.h"
 #include "ui/frmSetup.h"
+#include "ui/frmSzerviz.h"
 #include "ui/guarded.h"
+#include "ui/list_printer.h"
 #include "ui/note_type_ahead.h"
 #include "ui/text.h"
 #include "ui_frmTarvik.h"
@@ -19,6 +23,13 @@ namespace {
 constexpr int kWidthTwips = 10'600;
 constexpr int kTwipsPerInch = 1'440;
 constexpr int kPixelsPerInch = 96;
+
+QStringList trimmedPlates(const settings::Vehicles& vehicles) {
+  QStringList plates;
+  for (int number = 1; number <= vehicles.count(); ++number)
+    plates.append(toQt(vehicles.record(number).plate.trimmed()));
+  return plates;
+}
 
 QStringList platesOf(const settings::Vehicles& vehicles) {
   QStringList plates;
@@ -40,6 +51,7 @@ frmTarvik::frmTarvik(Context& context)
   setUpFields();
   setUpList();
   setUpReminders();
+  setUpCharts();
   connectButtons();
   connectMenu();
 }
@@ -89,6 +101,18 @@ void frmTarvik::connectButtons() {
   });
   connect(ui_->cmdMegjegyzes, &QPushButton::clicked, this, [this] {
     guarded(this, [this] { quickAdd(ui_->txMegjegyzes, settings::kNotes, QStringLiteral("megjegyzés")); });
+  });
+}
+
+// The panel lies over the list, in one cell of the layout with it.
+void frmTarvik::setUpCharts() {
+  auto* panel = new ChartPanel(
+      context_, {.plate = [this] { return plate(); }, .averageText = [this] { return ui_->tx_fogyaszt->text(); }},
+      ui_->logbookArea);
+  ui_->areaLayout->addWidget(panel, 0, 0);
+  panel->raise();
+  connect(ui_->cmdGrafikon, &QPushButton::clicked, this, [this, panel] {
+    guarded(this, [&] { panel->toggle(*ui_->cmdGrafikon, frameGeometry().topLeft()); });
   });
 }
 
@@ -167,6 +191,26 @@ void frmTarvik::openSetup() {
   connect(&screen, &frmSetup::reminderTimerWanted, timer_,
           [this](bool on) { on ? timer_->start() : timer_->stop(); });
   screen.exec();
+}
+
+void frmTarvik::openGumik() {
+  const auto vehicles = settings::loadVehicles(context_.files, context_.folders);
+  frmGumik(context_, plate(), trimmedPlates(vehicles), this).exec();
+}
+
+void frmTarvik::openSzerviz() {
+  const auto vehicles = settings::loadVehicles(context_.files, context_.folders);
+  frmSzerviz(context_, plate(), trimmedPlates(vehicles), this).exec();
+}
+
+void frmTarvik::print() {
+  const core::Listing& listing = listing_->listing();
+  print::ListedRows rows{.records = {listing.numbers.begin(), listing.numbers.end()}, .firstKmOra = {}, .lastKmOra = {}};
+  if (listing.rows() > 0) {
+    rows.firstKmOra = listing.cell(0, core::kKmOraColumn);
+    rows.lastKmOra = listing.cell(listing.rows() - 1, core::kKmOraColumn);
+  }
+  printList(context_, plate(), std::move(rows), this);
 }
 
 void frmTarvik::closeEvent(QCloseEvent* event) {

@@ -48,6 +48,7 @@ class frmTarvik : public QMainWindow {
   // Building (frmTarvik.cpp).
   void place();
   void setUpFields();
+  void setUpCharts();
   void connectButtons();
   void connectMenu();
   void onClick(class QAbstractButton* button, void (frmTarvik::*handler)());

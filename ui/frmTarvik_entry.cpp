@@ -5,6 +5,7 @@
 #include "core/record_file.h"
 #include "core/statistics.h"
 #include "settings/vehicles.h"
+#include "tyres/tyre_register.h"
 #include "ui/controls/message_boxes.h"
 #include "ui/frmTarvik.h"
 #include "ui/guarded.h"
@@ -111,7 +112,12 @@ void frmTarvik::record() {
   ui_->ChkTeletank->setChecked(true);
 }
 
-void frmTarvik::addDistanceToTyres(const core::Ratio&) {}
+// The entry is in the logbook by now, whatever becomes of the tyres.
+void frmTarvik::addDistanceToTyres(const core::Ratio& distance) {
+  guarded(
+      this, [&] { tyres::addDistance(context_.files, context_.folders, platePath(), distance); },
+      QStringLiteral("A bejegyzés rögzítve van, de a felszerelt gumi futott kilométere nem változott."));
+}
 
 void frmTarvik::modify() {
   if (refusesBlankKm()) return;

@@ -62,6 +62,7 @@ QString fieldName(const std::string& field) {
       {"txtMKmFelszKor", "Km. óra állása felszereléskor"},
       {"txtGumiAzotaFutottKm", "Azóta futott Km."},
       {"txtMAzotaFutott", "Azóta futott Km."},
+      {"lbKoltseg", "Költség összesen"},
       {"txtSzervizKoltseg", "Költség"},
       {"txtKMora", "Km. óra állás"},
   };
@@ -74,24 +75,24 @@ QString subject(const core::Failure& failure) {
 
 }  // namespace
 
-QString failureText(const core::Failure& failure) {
+QString failureText(const core::Failure& failure, const QString& consequence) {
   QString text = headline(failure.kind()).arg(subject(failure));
   if (failure.systemError() != 0)
     text += QStringLiteral("\n(%1)").arg(QString::fromLocal8Bit(std::strerror(failure.systemError())));
   if (failure.kind() == FailureKind::SyncFailed)
     return text + QStringLiteral("\n\nNézd meg a listát, mielőtt megismétled!");
-  return text + QStringLiteral("\n\nSemmi sem változott.");
+  return text + QStringLiteral("\n\n") + consequence;
 }
 
-bool guarded(QWidget* parent, const std::function<void()>& action) {
+bool guarded(QWidget* parent, const std::function<void()>& action, const QString& consequence) {
   const QString title = QStringLiteral(" H i b a !");
   try {
     action();
     return true;
   } catch (const core::Failure& failure) {
-    tellError(parent, title, failureText(failure));
+    tellError(parent, title, failureText(failure, consequence));
   } catch (const std::bad_alloc&) {
-    tellError(parent, title, QStringLiteral("Elfogyott a memória.\n\nSemmi sem változott."));
+    tellError(parent, title, QStringLiteral("Elfogyott a memória.\n\n") + consequence);
   }
   return false;
 }

@@ -41,6 +41,7 @@ QString askPdfPath(const QString& name, QWidget* parent) {
                      QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation),
                      QStringLiteral("PDF-fájl (*.pdf)"));
   dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setViewMode(QFileDialog::List);  // the other view has words that the translation lacks
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix(QStringLiteral("pdf"));
   dialog.selectFile(name);

@@ -12,6 +12,7 @@ namespace {
 class CupsLibrary {
  public:
   bool isUsable() const { return printFile_ && addOption_ && freeOptions_ && lastErrorString_; }
+  QString errorString() const { return library_.errorString(); }
 
   QString print(const QByteArray& queue, const QByteArray& file, const QByteArray& title) const {
     void* options = nullptr;
@@ -47,7 +48,7 @@ class CupsPrintSystem final : public PrintSystem {
 
   QString send(const QString& printer, const QString& file, const QString& title) override {
     const CupsLibrary cups;
-    if (!cups.isUsable()) return QStringLiteral("libcups.so.2?");
+    if (!cups.isUsable()) return cups.errorString();
     const QString queue = printer.section(QLatin1Char('/'), 0, 0);  // behind the slash: a set of options
     return cups.print(queue.toUtf8(), QFile::encodeName(file), title.toUtf8());
   }

@@ -155,6 +155,7 @@ TEST(CompletedNoteOf, SpacesAroundTheTypedTextAndTheNoteDoNotCount) {
 
 TEST(CompletedNoteOf, ASpaceThatIsTypedBelongsToTheBeginning) {
   const LookupTexts notes = listOf({"Tankolás + mosás", "Tankolás"});
+  EXPECT_EQ(completedNote(notes, "tankolás ", "+"), (CompletedNote{"Tankolás + mosás", 10}));
   EXPECT_EQ(completedNote(notes, "tankolás", " "), (CompletedNote{"Tankolás + mosás", 9}));
 }
 

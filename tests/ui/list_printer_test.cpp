@@ -301,7 +301,15 @@ class ListPrinterTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
+  void initTestCase() {
+    QStandardPaths::setTestModeEnabled(true);
+    qputenv("CUPS_SERVER", "/nonexistent/cups.sock");  // no test reaches the machine's printers
+  }
+
+  void aMachineWithoutPrintingHasNoPrinterAndSaysWhyItRefuses() {
+    QCOMPARE(ui::machinePrinting().printer(), QString());
+    QVERIFY(!ui::machinePrinting().send("Nappali", "lista.pdf", "Tarvik").isEmpty());
+  }
 
   void anEmptyListIsToldAndNothingIsPrinted() {
     Bench bench(0);

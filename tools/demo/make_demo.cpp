@@ -2,73 +2,85 @@
 
 #include <exception>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <string>
-#include <vector>
 
-#include "core/record_codec.h"
-#include "core/record_list.h"
+#include "core/data_folders.h"
+#include "core/entry_editing.h"
+#include "core/entry_input.h"
+#include "core/failure.h"
+#include "core/posix_file_system.h"
+#include "settings/lookup_list.h"
+#include "settings/start_settings.h"
+#include "settings/vehicles.h"
 #include "tools/demo/household.h"
-#include "tools/demo/logbook_writer.h"
+#include "tools/demo/registers.h"
 
 namespace tarvik::demo {
 namespace {
 
-using Bytes = std::vector<std::byte>;
-
-void append(Bytes& bytes, const Bytes& more) {
-  bytes.insert(bytes.end(), more.begin(), more.end());
+bool hasService(const Event& event, char letter) {
+  return event.service.find(letter) != std::string::npos;
 }
 
-void writeFile(const std::filesystem::path& path, const Bytes& bytes) {
-  std::ofstream file(path, std::ios::binary);
-  file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-  file.close();
-  if (!file) throw std::runtime_error("cannot write " + path.string());
+// What a person would have typed.
+core::EntryInput inputOf(const Event& event) {
+  core::EntryInput input;
+  input.kmOra = std::to_string(event.km);
+  input.tankoltLiter = core::plainText(event.litres);
+  input.tankoltKtg = std::to_string(event.fuelCost);
+  input.ftPerLiter = core::pricePerLitre(input.tankoltKtg, input.tankoltLiter).value_or("");
+  input.alkatresz = event.part;
+  input.alkatreszKtg = std::to_string(event.partCost);
+  input.megjegyzes = event.note;
+  input.megjKtg = std::to_string(event.noteCost);
+  input.datum = event.day;
+  input.teletank = event.isFull;
+  input.olajcsere = hasService(event, 'o');
+  input.szurocsere = hasService(event, 's');
+  input.gyertyacsere = hasService(event, 'g');
+  return input;
 }
 
-Bytes vehicleRecord(const Car& car) {
-  Bytes bytes(10);
-  core::FixedText<8>(car.plate).write(bytes, 0);
-  core::writeInt16(bytes, 8, car.tankLitres);
-  return bytes;
-}
+/// Fills a household's folder by the program's own operations, one after the other.
+class Maker {
+ public:
+  explicit Maker(const std::filesystem::path& folder) : folders_{folder.string(), folder.string()} {}
 
-Bytes settingsRecord(const std::string& plateAtStart) {
-  Bytes bytes(12);
-  core::writeInt16(bytes, 0, core::kFlagSet);
-  core::FixedText<10>(plateAtStart).write(bytes, 2);
-  return bytes;
-}
-
-Bytes lookupList(const std::vector<std::string>& texts) {
-  Bytes all;
-  for (const std::string& text : texts) {
-    Bytes bytes(50);
-    core::FixedText<50>(text).write(bytes, 0);
-    append(all, bytes);
+  void add(const Car& car) {
+    settings::addVehicle(files_, folders_, car.plate, std::to_string(car.tankLitres));
+    for (const Event& event : car.events) core::recordEntry(files_, folders_, car.plate, inputOf(event));
   }
-  return all;
-}
 
-Bytes logbook(const Car& car) {
-  Bytes all;
-  for (const core::NapiAdat& entry : logbookOf(car.events)) append(all, core::encoded(entry));
-  return all;
-}
+  void addLookupTexts() {
+    for (const auto& name : partNames())
+      settings::appendLookupText(files_, folders_, settings::kPartNames, name);
+    for (const auto& text : noteTexts()) settings::appendLookupText(files_, folders_, settings::kNotes, text);
+  }
+
+  void addRegisters() {
+    tyres::TyreRegister tyreRegister(files_, folders_);
+    for (const auto& set : tyreSets()) tyreRegister.record(set);
+    const repairs::RepairLog repairLog(files_, folders_);
+    for (const auto& entry : repairEntries()) repairLog.record(entry);
+  }
+
+  void chooseAtStart(const std::string& plate) {
+    settings::saveStartSettings(files_, folders_,
+                                {.remindersOn = core::kFlagSet, .plate = core::FixedText<10>(plate)});
+  }
+
+ private:
+  core::PosixFileSystem files_;
+  core::DataFolders folders_;
+};
 
 void makeHousehold(const std::filesystem::path& log, const std::filesystem::path& folder) {
-  Bytes vehicles;
-  for (const Car& car : household(log)) {
-    append(vehicles, vehicleRecord(car));
-    std::filesystem::create_directory(folder / car.plate);
-    writeFile(folder / car.plate / "napiadat.dat", logbook(car));
-  }
-  writeFile(folder / "rendsz.dat", vehicles);
-  writeFile(folder / "alkatr.dat", lookupList(partNames()));
-  writeFile(folder / "megjegyz.dat", lookupList(noteTexts()));
-  writeFile(folder / "set.dat", settingsRecord("KLM456"));
+  Maker maker(folder);
+  for (const Car& car : household(log)) maker.add(car);
+  maker.addLookupTexts();
+  maker.addRegisters();
+  maker.chooseAtStart("KLM456");
 }
 
 }  // namespace
@@ -81,6 +93,9 @@ int main(int argc, char** argv) {
   }
   try {
     tarvik::demo::makeHousehold(argv[1], argv[2]);
+  } catch (const tarvik::core::Failure& failure) {
+    std::cerr << "tarvik_make_demo: failed at " << failure.file() << ' ' << failure.field() << '\n';
+    return 1;
   } catch (const std::exception& error) {
     std::cerr << "tarvik_make_demo: " << error.what() << '\n';
     return 1;

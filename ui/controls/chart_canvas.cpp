@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ui/controls/chart_thinning.h"
+
 namespace tarvik::ui {
 namespace {
 
@@ -13,6 +15,8 @@ constexpr double kEdgeGap = 8;
 constexpr double kTickDistance = 38;
 constexpr double kSmallestPlot = 20;
 constexpr double kDepthRise = 0.6;
+// More are neither told apart nor drawn quickly enough to scroll through.
+constexpr int kMostRowsDrawn = 400;
 
 // Numbers the value axis in the Hungarian form.
 class ValueTicker : public QCPAxisTickerFixed {
@@ -29,11 +33,12 @@ class ValueTicker : public QCPAxisTickerFixed {
   int decimals_;
 };
 
-// Bars are as deep as wide while that is neither thin nor clumsy; a ribbon or a solid has one depth.
+// Bars are about as deep as wide; a ribbon or a solid is deeper, but not so deep that it hides its next
+// points.
 QPointF depthOf(const ChartContent& content, double width) {
   if (!drawsDepth(content.type)) return {};
   const double rowWidth = width / static_cast<double>(std::max<qsizetype>(content.values.size(), 1));
-  const double across = drawsBars(content.type) ? std::clamp(std::round(rowWidth * 0.9), 10.0, 30.0) : 26.0;
+  const double across = std::clamp(std::round(rowWidth * (drawsBars(content.type) ? 0.9 : 1.6)), 10.0, 30.0);
   return {across, -std::round(across * kDepthRise)};
 }
 
@@ -69,6 +74,8 @@ ChartCanvas::ChartCanvas(QWidget* parent)
   bars_->setWidthType(QCPBars::wtPlotCoords);
   bars_->setPen(Qt::NoPen);
   setPlottingHint(QCP::phCacheLabels, false);
+  // A polyline stroked as a whole costs many times its segments where it is steep.
+  setPlottingHint(QCP::phFastPolylines);
 }
 
 void ChartCanvas::show(const ChartContent& content) {
@@ -91,31 +98,58 @@ const QList<ChartFace>& ChartCanvas::faces() {
   return solids_->faces();
 }
 
+int ChartCanvas::drawnRow(int row) {
+  arrangeIfChanged();
+  return nearestDrawn(drawnRows_, row);
+}
+
 double ChartCanvas::titleHeight() const {
   return std::ceil(QFontMetricsF(style_.titleFont).height()) + 16;
 }
 
 ChartFrame ChartCanvas::arrangedFrame(LabelFit& fit) const {
   const QFontMetricsF metrics(style_.labelFont);
-  const Baseline baseline = drawsLine(content_.type) ? Baseline::Free : Baseline::Zero;
+  const Baseline baseline = drawsLine(drawn_.type) ? Baseline::Free : Baseline::Zero;
   ChartFrame frame;
-  frame.rows = static_cast<int>(content_.values.size());
-  frame.depth = depthOf(content_, width());
+  frame.rows = static_cast<int>(drawn_.values.size());
+  frame.depth = depthOf(drawn_, width());
   const double top = titleHeight() + kTopGap - frame.depth.y();
   const double room = height() - top - kEdgeGap;
-  fit = fitLabels(content_.labels, metrics, width() - kRightGap - frame.depth.x() - 56, height());
+  fit = fitLabels(drawn_.labels, metrics, width() - kRightGap - frame.depth.x() - 56, height());
   const double plotHeight = std::max(room - fit.height, kSmallestPlot);
-  frame.scale = valueScale(content_.values, baseline, static_cast<int>(plotHeight / kTickDistance));
+  frame.scale = valueScale(drawn_.values, baseline, static_cast<int>(plotHeight / kTickDistance));
   const double numbers = std::ceil(widestNumber(frame.scale, metrics) + kValueLabelPadding + kEdgeGap);
   const double left = std::max(numbers, std::ceil(fit.leftOverhang) + kEdgeGap / 2);
   const double plotWidth = std::max(width() - left - kRightGap - frame.depth.x(), kSmallestPlot);
-  fit = fitLabels(content_.labels, metrics, plotWidth, height());
+  fit = fitLabels(drawn_.labels, metrics, plotWidth, height());
   frame.front = QRectF(left, top, plotWidth, std::max(std::floor(room - fit.height), kSmallestPlot));
   return frame;
 }
 
+// The content as it is drawn; its selected and hovered rows keep their own numbers.
+void ChartCanvas::thinContent() {
+  drawnRows_ = rowsToDraw(content_.values, kMostRowsDrawn, content_.selectedRow);
+  drawn_ = content_;
+  if (drawnRows_.size() == content_.values.size()) return;
+  drawn_.labels.clear();
+  drawn_.values.clear();
+  for (const int row : std::as_const(drawnRows_)) {
+    drawn_.labels.append(content_.labels[row - 1]);
+    drawn_.values.append(content_.values[row - 1]);
+  }
+}
+
+QList<ChartFace> ChartCanvas::facesOfRows(const ChartFrame& frame) const {
+  QList<ChartFace> faces = chartFaces(drawn_.type, frame, drawn_.values);
+  for (ChartFace& face : faces) {
+    if (face.row > 0) face.row = drawnRows_[face.row - 1];
+  }
+  return faces;
+}
+
 void ChartCanvas::arrange() {
   style_ = chartStyle(palette(), font());
+  thinContent();
   LabelFit fit;
   ChartFrame frame = arrangedFrame(fit);
   applyLayout(frame);
@@ -125,10 +159,10 @@ void ChartCanvas::arrange() {
   applyFlatSeries(frame);
   applyFlatColors(frame);
   const QFontMetricsF metrics(style_.labelFont);
-  labels_->setLabels(placeLabels(fit, content_.labels, metrics, frame, width()), frame, style_);
-  walls_->setVisible(drawsDepth(content_.type));
+  labels_->setLabels(placeLabels(fit, drawn_.labels, metrics, frame, width()), frame, style_);
+  walls_->setVisible(drawsDepth(drawn_.type));
   walls_->setRoom(frame, style_);
-  solids_->setSeries(content_, frame, chartFaces(content_.type, frame, content_.values), style_);
+  solids_->setSeries(drawn_, frame, facesOfRows(frame), style_);
   plotted_ = false;
 }
 
@@ -153,24 +187,24 @@ void ChartCanvas::applyAxes(const ChartFrame& frame) {
   xAxis->setBasePen(frame.scale.lower < 0 ? style_.grid : style_.axis);
   yAxis->setRange(frame.scale.lower, frame.scale.upper);
   yAxis->setTicker(QSharedPointer<QCPAxisTicker>(new ValueTicker(frame.scale)));
-  yAxis->setBasePen(drawsDepth(content_.type) ? QPen(style_.axis) : QPen(Qt::NoPen));
+  yAxis->setBasePen(drawsDepth(drawn_.type) ? QPen(style_.axis) : QPen(Qt::NoPen));
   yAxis->setTickPen(Qt::NoPen);
   yAxis->setSubTickPen(Qt::NoPen);
   yAxis->setTickLabelFont(style_.labelFont);
   yAxis->setTickLabelColor(style_.quietText);
-  yAxis->grid()->setVisible(!drawsDepth(content_.type));
+  yAxis->grid()->setVisible(!drawsDepth(drawn_.type));
   yAxis->grid()->setPen(style_.grid);
   yAxis->grid()->setZeroLinePen(frame.scale.lower < 0 ? style_.axis : style_.grid);
 }
 
 void ChartCanvas::applyFlatSeries(const ChartFrame& frame) {
-  const bool flat = !drawsDepth(content_.type);
-  bars_->setVisible(flat && drawsBars(content_.type));
-  graph_->setVisible(flat && !drawsBars(content_.type));
+  const bool flat = !drawsDepth(drawn_.type);
+  bars_->setVisible(flat && drawsBars(drawn_.type));
+  graph_->setVisible(flat && !drawsBars(drawn_.type));
   QVector<double> keys;
   QVector<double> values;
   for (int row = 1; row <= frame.rows; ++row) {
-    const double value = content_.values[row - 1];
+    const double value = drawn_.values[row - 1];
     if (bars_->visible() && !std::isfinite(value)) continue;
     keys.append(row);
     values.append(std::isfinite(value) ? value : qQNaN());
@@ -183,9 +217,11 @@ void ChartCanvas::applyFlatSeries(const ChartFrame& frame) {
 void ChartCanvas::applyFlatColors(const ChartFrame& frame) {
   bars_->setBrush(style_.series);
   bars_->setAntialiasedFill(true);
+  // The line over it hides the fill's edge.
+  graph_->setAntialiasedFill(false);
   graph_->setPen(QPen(style_.series, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   graph_->setBrush(Qt::NoBrush);
-  if (content_.type != ChartType::Area2D) return;
+  if (drawn_.type != ChartType::Area2D) return;
   QColor strong = style_.series;
   QColor faint = style_.series;
   strong.setAlphaF(0.5F);

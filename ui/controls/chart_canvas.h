@@ -24,6 +24,8 @@ class ChartCanvas : public QCustomPlot {
   void show(const ChartContent& content);
   /// The faces of the content shown, in painter's order.
   const QList<ChartFace>& faces();
+  /// The row that stands for a row in the picture: itself, or a neighbour in a series too long to draw whole.
+  int drawnRow(int row);
   /// The outlines of the texts on both axes.
   QList<QPolygonF> axisLabelOutlines();
   /// The picture as drawn, `scale` pixels of it for one of the screen.
@@ -40,6 +42,8 @@ class ChartCanvas : public QCustomPlot {
   void markChanged();
   void arrangeIfChanged();
   void arrange();
+  void thinContent();
+  QList<ChartFace> facesOfRows(const ChartFrame& frame) const;
   ChartFrame arrangedFrame(LabelFit& fit) const;
   double titleHeight() const;
   void applyLayout(const ChartFrame& frame);
@@ -48,6 +52,8 @@ class ChartCanvas : public QCustomPlot {
   void applyFlatColors(const ChartFrame& frame);
 
   ChartContent content_;
+  ChartContent drawn_;
+  QList<int> drawnRows_;
   ChartStyle style_;
   QCPTextElement* title_;
   QCPBars* bars_;

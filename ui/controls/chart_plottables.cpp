@@ -6,12 +6,31 @@ namespace tarvik::ui {
 namespace {
 
 constexpr double kHollowMarker = 2.6;
+constexpr double kLap = 0.8;
 constexpr double kThinnestDrawnByLibrary = 2.5;
 
 void fill(QCPPainter* painter, const QPolygonF& outline, const QColor& color) {
   painter->setPen(Qt::NoPen);
   painter->setBrush(color);
   painter->drawPolygon(outline);
+}
+
+// A face drawn a little beyond the edges that nearer faces cover, so that no seam shows: a side goes on
+// under the front, a bar's top as well, a slope under the slope on its right.
+QPolygonF lapped(const ChartFace& face, ChartType type) {
+  QPolygonF outline = face.outline;
+  if (face.side == FaceSide::Front) return outline;
+  if (face.side == FaceSide::Right || drawsBars(type)) {
+    const QPointF lap = face.side == FaceSide::Right ? QPointF(-kLap, 0) : QPointF(0, kLap);
+    outline[0] += lap;
+    outline[1] += lap;
+    return outline;
+  }
+  QLineF along(outline[0], outline[1]);
+  along.setLength(kLap);
+  outline[1] += along.p2() - along.p1();
+  outline[2] += along.p2() - along.p1();
+  return outline;
 }
 
 }  // namespace
@@ -110,11 +129,10 @@ void ChartSolids::drawFace(QCPPainter& painter, const ChartFace& face) const {
     painter.drawPolyline(face.outline);
     return;
   }
-  // The outline in the face's own colour closes the seam between slanted neighbours.
-  const bool slanted = face.side != FaceSide::Front;
-  painter.setPen(slanted ? QPen(color, 0.6) : QPen(Qt::NoPen));
-  painter.setBrush(color);
-  painter.drawPolygon(face.outline);
+  // A front ends on whole pixels or under its edge line; smoothing it would only show seams.
+  painter.setAntialiasing(face.side != FaceSide::Front || !drawsDepth(content_.type));
+  fill(&painter, lapped(face, content_.type), color);
+  painter.setAntialiasing(true);
 }
 
 void ChartSolids::drawMarker(QCPPainter& painter, const ChartFace& face) const {
@@ -129,8 +147,9 @@ void ChartSolids::drawMarker(QCPPainter& painter, const ChartFace& face) const {
     painter.setPen(Qt::NoPen);
     painter.setBrush(color);
   } else {
-    painter.setPen(QPen(color, 1.6));
-    painter.setBrush(style_.background);
+    const bool depth = drawsDepth(content_.type);
+    painter.setPen(QPen(depth ? shaded(color, FaceSide::Right) : color, 1.6));
+    painter.setBrush(depth ? QColor(Qt::white) : style_.background);
   }
   painter.drawEllipse(disc);
 }

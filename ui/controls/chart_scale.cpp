@@ -92,4 +92,8 @@ QString shortNumberText(double value) {
   return text;
 }
 
+QString plainNumberText(double value) {
+  return shortNumberText(value).remove(QChar::Nbsp);
+}
+
 }  // namespace tarvik::ui

@@ -31,4 +31,7 @@ QString numberText(double value, int decimals);
 /// The number in the Hungarian form with up to four decimal places, none of them a trailing zero.
 QString shortNumberText(double value);
 
+/// The same without groups.
+QString plainNumberText(double value);
+
 }  // namespace tarvik::ui

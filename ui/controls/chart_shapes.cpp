@@ -9,6 +9,7 @@ namespace tarvik::ui {
 namespace {
 
 constexpr double kBarShare = 0.72;
+constexpr double kBarShareWithDepth = 0.62;
 constexpr double kWidestBar = 72;
 constexpr double kThinnestBar = 2;
 constexpr double kMarkerReach = 2;
@@ -17,32 +18,28 @@ constexpr double kMarkerReach = 2;
 // zero is drawn as a thin bar, to be told from a gap.
 QRectF barRect(const ChartFrame& frame, int row, double value) {
   const double half = barWidth(frame) / 2;
-  double left = frame.x(row) - half;
-  double right = frame.x(row) + half;
-  if (!frame.depth.isNull()) {
-    left = std::round(left);
-    right = std::max(std::round(right), left + kThinnestBar);
-  }
-  const double zero = frame.y(0);
-  const double end = frame.y(value);
+  const auto placed = [&frame](double pixel) { return frame.depth.isNull() ? pixel : std::round(pixel); };
+  const double left = placed(frame.x(row) - half);
+  const double right = std::max(placed(frame.x(row) + half), left + kThinnestBar);
+  const double zero = placed(frame.y(0));
+  const double end = placed(frame.y(value));
   const double top = std::min({zero, end, std::max(zero, end) - kThinnestBar});
   return QRectF(QPointF(left, top), QPointF(right, std::max(zero, end)));
 }
 
 void appendBar(QList<ChartFace>& faces, const ChartFrame& frame, const QRectF& bar, int row) {
-  const auto corner = [&](const QPointF& point, double z) { return frame.at(point.x(), point.y(), z); };
+  const QPointF nearer = nearShift(frame);
+  const QPointF farther = frame.depth * kFar;
   const auto face = [&](const QPointF& from, const QPointF& to, FaceSide side) {
-    faces.append(
-        {{{corner(from, kNear), corner(to, kNear), corner(to, kFar), corner(from, kFar)}}, side, row});
+    faces.append({{{from + nearer, to + nearer, to + farther, from + farther}}, side, row});
   };
   if (!frame.depth.isNull()) {
     face(bar.bottomRight(), bar.topRight(), FaceSide::Right);
     face(bar.topLeft(), bar.topRight(), FaceSide::Top);
   }
-  const QPointF shift = frame.depth * kNear;
-  faces.append({QPolygonF({bar.topLeft() + shift, bar.topRight() + shift, bar.bottomRight() + shift,
-                           bar.bottomLeft() + shift}),
-                FaceSide::Front, row});
+  const QRectF front = bar.translated(nearer);
+  faces.append(
+      {{{front.topLeft(), front.topRight(), front.bottomRight(), front.bottomLeft()}}, FaceSide::Front, row});
 }
 
 // From left to right: where two bars meet on the screen, the right one is always the nearer.
@@ -94,7 +91,8 @@ QPointF ChartFrame::at(double frontX, double frontY, double z) const {
 }
 
 double barWidth(const ChartFrame& frame) {
-  return std::min(frame.rowWidth() * kBarShare, kWidestBar);
+  const double share = frame.depth.isNull() ? kBarShare : kBarShareWithDepth;
+  return std::min(frame.rowWidth() * share, kWidestBar);
 }
 
 QList<ChartFace> chartFaces(ChartType type, const ChartFrame& frame, const QList<double>& values) {

@@ -38,8 +38,8 @@ double upperSideShown(const ChartFrame& frame, const QPointF& from, const QPoint
 }
 
 QPolygonF strip(const ChartFrame& frame, const QPointF& from, const QPointF& to) {
-  return QPolygonF({from + frame.depth * kNear, to + frame.depth * kNear, to + frame.depth * kFar,
-                    from + frame.depth * kFar});
+  return QPolygonF(
+      {from + nearShift(frame), to + nearShift(frame), to + frame.depth * kFar, from + frame.depth * kFar});
 }
 
 QPointF between(const QPointF& from, const QPointF& to, double atX) {
@@ -83,7 +83,7 @@ void appendSlopes(QList<ChartFace>& faces, const ChartFrame& frame, const QList<
 }
 
 void appendFronts(QList<ChartFace>& faces, const ChartFrame& frame, const QList<Vertex>& line) {
-  const QPointF shift = frame.depth * kNear;
+  const QPointF shift = nearShift(frame);
   const double zero = frame.y(0);
   qsizetype start = 0;
   while (start + 1 < line.size()) {
@@ -107,13 +107,16 @@ QPolygonF disc(const QPointF& centre, double radius) {
   return outline;
 }
 
-QPolygonF frontEdge(const ChartFrame& frame, const Run& run) {
-  QPolygonF edge;
-  for (const Vertex& vertex : run) edge.append(vertex.position + frame.depth * kNear);
-  return edge;
+void appendEdge(QList<ChartFace>& faces, const ChartFrame& frame, const Vertex& from, const Vertex& to) {
+  const QPointF shift = nearShift(frame);
+  faces.append({QPolygonF({from.position + shift, to.position + shift}), FaceSide::Edge, 0});
 }
 
 }  // namespace
+
+QPointF nearShift(const ChartFrame& frame) {
+  return (frame.depth * kNear).toPoint();
+}
 
 void appendRibbon(QList<ChartFace>& faces, const ChartFrame& frame, const QList<double>& values) {
   for (const Run& run : runs(frame, values)) {
@@ -122,7 +125,7 @@ void appendRibbon(QList<ChartFace>& faces, const ChartFrame& frame, const QList<
       const QPointF to = run[index + 1].position;
       const bool upper = upperSideShown(frame, from, to) > 0;
       faces.append({strip(frame, from, to), upper ? FaceSide::Top : FaceSide::Under, 0});
-      faces.append({QPolygonF({from + frame.depth * kNear, to + frame.depth * kNear}), FaceSide::Edge, 0});
+      appendEdge(faces, frame, run[index], run[index + 1]);
     }
   }
 }
@@ -136,7 +139,11 @@ void appendSolid(QList<ChartFace>& faces, const ChartFrame& frame, const QList<d
   }
   for (const QList<Vertex>& line : lines) appendFronts(faces, frame, line);
   if (frame.depth.isNull()) return;
-  for (const Run& run : all) faces.append({frontEdge(frame, run), FaceSide::Edge, 0});
+  for (const Run& run : all) {
+    for (qsizetype index = 0; index + 1 < run.size(); ++index) {
+      appendEdge(faces, frame, run[index], run[index + 1]);
+    }
+  }
 }
 
 void appendMarkers(QList<ChartFace>& faces, const ChartFrame& frame, const QList<double>& values, double z) {

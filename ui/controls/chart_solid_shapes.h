@@ -11,6 +11,9 @@ inline constexpr double kMiddle = 0.5;
 /// The share of the depth at which a series' back stands.
 inline constexpr double kFar = 0.85;
 
+/// How far a series' front is shifted from the front plane, in whole pixels.
+QPointF nearShift(const ChartFrame& frame);
+
 /// Appends a line with depth: a ribbon between each two neighbouring points, broken at gaps.
 void appendRibbon(QList<ChartFace>& faces, const ChartFrame& frame, const QList<double>& values);
 

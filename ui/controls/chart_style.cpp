@@ -39,11 +39,11 @@ ChartStyle chartStyle(const QPalette& palette, const QFont& font) {
 QColor shaded(const QColor& base, FaceSide side) {
   switch (side) {
     case FaceSide::Top:
-      return mixed(base, Qt::white, 0.32);
+      return mixed(base, Qt::white, 0.36);
     case FaceSide::Right:
       return mixed(base, Qt::black, 0.32);
     case FaceSide::Under:
-      return mixed(base, Qt::black, 0.4);
+      return mixed(base, Qt::black, 0.26);
     case FaceSide::Edge:
       return mixed(base, Qt::black, 0.18);
     case FaceSide::Front:

@@ -51,8 +51,12 @@ void ChartView::setPoints(const QStringList& labels, const QList<double>& values
   QAccessible::updateAccessibility(&reordered);
 }
 
-QVariantList ChartView::rowValues() const {
-  return {content_.values.cbegin(), content_.values.cend()};
+QStringList ChartView::rowValues() const {
+  QStringList texts;
+  for (const double value : content_.values) {
+    texts.append(std::isfinite(value) ? plainNumberText(value) : QString());
+  }
+  return texts;
 }
 
 bool ChartView::hasPoint(int row) const {
@@ -76,7 +80,9 @@ ChartCanvas& ChartView::sizedCanvas() const {
 }
 
 QRectF ChartView::pointRect(int row) const {
-  return rowRect(sizedCanvas().faces(), row);
+  if (!hasPoint(row)) return {};
+  ChartCanvas& canvas = sizedCanvas();
+  return rowRect(canvas.faces(), canvas.drawnRow(row));
 }
 
 int ChartView::rowAtPosition(const QPointF& position) const {

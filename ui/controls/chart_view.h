@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QVariant>
+#include <QStringList>
 #include <QWidget>
 
 #include "ui/controls/chart_content.h"
@@ -19,7 +19,7 @@ class ChartView : public QWidget {
   Q_PROPERTY(QString titleText READ titleText WRITE setTitleText)
   Q_PROPERTY(int chartType READ chartType WRITE setChartType)
   Q_PROPERTY(QStringList rowLabels READ rowLabels)
-  Q_PROPERTY(QVariantList rowValues READ rowValues)
+  Q_PROPERTY(QStringList rowValues READ rowValues)
   Q_PROPERTY(int selectedRow READ selectedRow)
 
  public:
@@ -43,8 +43,8 @@ class ChartView : public QWidget {
   int rowCount() const { return static_cast<int>(content_.values.size()); }
   /// The labels of the points in their order.
   QStringList rowLabels() const { return content_.labels; }
-  /// The values of the points in their order, as doubles.
-  QVariantList rowValues() const;
+  /// The values of the points in their order, as plain decimal texts ("20500", "7,63"), empty for a gap.
+  QStringList rowValues() const;
 
   /// The row of the selected point, counted from 1; 0 when none is selected.
   int selectedRow() const { return content_.selectedRow; }
@@ -52,7 +52,7 @@ class ChartView : public QWidget {
   void selectRow(int row);
 
   /// The part of the widget where a point is drawn and found by a click: its bar's front or its marker. Null
-  /// for a gap and for a row without a point.
+  /// for a gap and for a row without a point. In a series too long to draw whole the nearest drawn point's.
   QRectF pointRect(int row) const;
   /// The row of the point drawn at a position of the widget, 0 when there is none.
   int rowAtPosition(const QPointF& position) const;

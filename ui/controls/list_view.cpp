@@ -41,11 +41,17 @@ void ListView::sortByHeaderClicks() {
   });
 }
 
+QString ListView::highlightedRecord() const {
+  const QModelIndexList selected = selectionModel()->selectedRows(model()->columnCount() - 1);
+  return selected.isEmpty() ? QString() : selected.first().data().toString();
+}
+
+// A row is reached by moving to it, or by selecting the one where the keyboard stands already.
 void ListView::keyPressEvent(QKeyEvent* event) {
-  const QPersistentModelIndex before = currentIndex();
+  const QString before = highlightedRecord();
   QTreeView::keyPressEvent(event);
-  const QModelIndex now = currentIndex();
-  if (now.isValid() && now.row() != before.row()) emit rowChosen(now.row());
+  const QString now = highlightedRecord();
+  if (!now.isEmpty() && now != before) emit rowChosen(currentIndex().row());
 }
 
 }  // namespace tarvik::ui

@@ -18,6 +18,8 @@ class ListView : public QTreeView {
   void setColumnCharacters(const QList<int>& characters);
   /// Lets a click on a header sort the rows by that column, ascending, from then on.
   void sortByHeaderClicks();
+  /// The record number of the highlighted row as text; empty when no row is highlighted.
+  QString highlightedRecord() const;
 
  signals:
   /// A row was clicked, or reached with the keyboard.

@@ -1,0 +1,203 @@
+#include "reminders/km_alert.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <limits>
+
+#include "tests/reminders/builders.h"
+#include "tests/reminders/watching_file_system.h"
+#include "tests/support/expect_failure.h"
+
+namespace tarvik::reminders {
+namespace {
+
+using core::FailureKind;
+using test::deletedKmReminder;
+using test::entry;
+using test::fileOf;
+using test::kmReminder;
+using test::listOf;
+using test::padded;
+
+constexpr std::int32_t kHighest = std::numeric_limits<std::int32_t>::max();
+
+TEST(PassedReminder, IsStrictlyBehindTheReading) {
+  const FigyelRec reminder = kmReminder(10000, 5000, "Olaj", "ABC-123");
+  EXPECT_FALSE(isPassed(reminder, 14999));
+  EXPECT_FALSE(isPassed(reminder, 15000));
+  EXPECT_TRUE(isPassed(reminder, 15001));
+}
+
+TEST(PassedReminder, IsNeverADeletedOne) {
+  EXPECT_FALSE(isPassed(deletedKmReminder("ABC-123"), 15001));
+  EXPECT_FALSE(isPassed(kmReminder(0, 5000, "Olaj", "A"), 15001));
+  EXPECT_FALSE(isPassed(kmReminder(-1, 5000, "Olaj", "A"), 15001));
+  EXPECT_TRUE(isPassed(kmReminder(1, 5000, "Olaj", "A"), 15001));
+}
+
+TEST(PassedReminder, IsOfItsOwnVehicleByTheTrimmedPlate) {
+  const FigyelRec reminder = kmReminder(10000, 5000, "Olaj", " ABC-123");
+  EXPECT_TRUE(isPassedFor(reminder, "ABC-123", 15001));
+  EXPECT_TRUE(isPassedFor(reminder, "  ABC-123   ", 15001));
+  EXPECT_FALSE(isPassedFor(reminder, "ABC-12", 15001));
+  EXPECT_FALSE(isPassedFor(reminder, "", 15001));
+}
+
+TEST(PassedReminder, FailsWhenTheDueReadingLeaves32Bits) {
+  EXPECT_FALSE(isPassed(kmReminder(kHighest - 1, 1, "x", "A"), kHighest));
+  test::expectFailure(FailureKind::OutOfRange, [] { isPassed(kmReminder(kHighest, 1, "x", "A"), 5); });
+  EXPECT_FALSE(isPassedFor(kmReminder(kHighest, 1, "x", "A"), "B", 5));
+}
+
+TEST(CurrentReading, IsTheLastOtherThanZero) {
+  EXPECT_EQ(currentReading(listOf({entry(100, 1), entry(200, 2)})), 200);
+  EXPECT_EQ(currentReading(listOf({entry(100, 1), entry(200, 2), entry(0, 3), entry(0, 4)})), 200);
+  EXPECT_EQ(currentReading(listOf({entry(100, 1), entry(0, 2)})), 100);
+}
+
+TEST(CurrentReading, IsZeroWhenAllAre) {
+  EXPECT_EQ(currentReading(listOf({entry(0, 1), entry(0, 2)})), 0);
+}
+
+class KmCheckTest : public testing::Test {
+ protected:
+  void storeLogbook(std::initializer_list<core::NapiAdat> entries) {
+    program_.makeFolder("ABC-123");
+    program_.write("ABC-123/napiadat.dat", fileOf(entries));
+  }
+  void store(std::initializer_list<FigyelRec> reminders) { current_.write("figyel.dat", fileOf(reminders)); }
+  KmCheck check(std::string_view plate) { return checkKm(files_, folders_, plate); }
+
+  test::TemporaryFolder program_;
+  test::TemporaryFolder current_;
+  test::WatchingFileSystem files_;
+  core::DataFolders folders_{program_.path(), current_.path()};
+};
+
+TEST_F(KmCheckTest, FindsTheFirstPassedReminderOfTheVehicle) {
+  storeLogbook({entry(100, 1), entry(15001, 2), entry(0, 3)});
+  store({kmReminder(1, 1, "Másé", "DEF-456"), kmReminder(10000, 5000, "Olaj", "ABC-123"),
+         deletedKmReminder("ABC-123"), kmReminder(10000, 5001, "Fék", "ABC-123"),
+         kmReminder(1, 1, "Szűrő", "ABC-123")});
+  EXPECT_EQ(check(" ABC-123 "), (KmCheck{true, 15001, 2}));
+}
+
+TEST_F(KmCheckTest, FindsNothingAtTheDueReading) {
+  storeLogbook({entry(15000, 2)});
+  store({kmReminder(10000, 5000, "Olaj", "ABC-123"), kmReminder(1, 1, "Másé", "DEF-456")});
+  EXPECT_EQ(check("ABC-123"), (KmCheck{true, 15000, std::nullopt}));
+}
+
+TEST_F(KmCheckTest, OfAnEmptyLogbookLooksAtNoReminder) {
+  storeLogbook({});
+  EXPECT_EQ(check("ABC-123"), KmCheck{});
+  EXPECT_TRUE(current_.names().empty());
+}
+
+TEST_F(KmCheckTest, TakesAMissingFolderAndAnUnusablePlateForAnEmptyLogbook) {
+  EXPECT_EQ(check("XYZ-999"), KmCheck{});
+  EXPECT_EQ(check(""), KmCheck{});
+  EXPECT_EQ(check("../ABC"), KmCheck{});
+  EXPECT_TRUE(program_.names().empty());
+}
+
+TEST_F(KmCheckTest, CreatesMissingRemindersEmpty) {
+  storeLogbook({entry(15000, 2)});
+  EXPECT_EQ(check("ABC-123"), (KmCheck{true, 15000, std::nullopt}));
+  EXPECT_EQ(current_.read("figyel.dat"), "");
+}
+
+TEST_F(KmCheckTest, FailsWhenADueReadingLeaves32Bits) {
+  storeLogbook({entry(15000, 2)});
+  store({kmReminder(kHighest, 1, "Olaj", "ABC-123")});
+  test::expectFailure(FailureKind::OutOfRange, [&] { check("ABC-123"); });
+}
+
+TEST_F(KmCheckTest, OfTheLargestLogbookAndAThousandRemindersTakesNoTimeAndTouchesTwoFiles) {
+  program_.makeFolder("ABC-123");
+  program_.write("ABC-123/napiadat.dat", std::string(std::size_t{156} * 32767, '\1'));
+  std::string many;
+  for (int i = 0; i < 1000; ++i) many += fileOf({kmReminder(kHighest - 1, 1, "Olaj", "ABC-123")});
+  current_.write("figyel.dat", many);
+  check("ABC-123");
+  files_.opened.clear();
+  files_.reads = 0;
+  auto fastest = std::chrono::steady_clock::duration::max();
+  for (int i = 0; i < 5; ++i) {
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(check("ABC-123"), (KmCheck{true, 0x01010101, std::nullopt}));
+    fastest = std::min(fastest, std::chrono::steady_clock::now() - start);
+  }
+  EXPECT_LT(fastest, std::chrono::milliseconds(5));
+  EXPECT_EQ(files_.reads, 5 * 2);
+  const std::set<std::string> expected{program_ / "ABC-123/napiadat.dat", current_ / "figyel.dat"};
+  EXPECT_EQ(files_.opened, expected);
+}
+
+const std::string kOlajLine = "2013.06.01  " + padded("Olaj", 40) + "       ";
+
+TEST(AlertLine, HasItsFixedLayout) {
+  EXPECT_EQ(alertLine(kmReminder(1, 2, "Olaj", "ABC-123"), 7), kOlajLine + "7");
+  EXPECT_EQ(kOlajLine.size(), 59U);
+}
+
+TEST(AlertLine, GivesItsRecordNumberBack) {
+  EXPECT_EQ(recordOfAlertLine(kOlajLine + "7"), 7);
+  EXPECT_EQ(recordOfAlertLine(kOlajLine + "123"), 123);
+  EXPECT_EQ(recordOfAlertLine(kOlajLine + "9999"), 9999);
+}
+
+TEST(AlertLine, LosesTheFirstDigitOfANumberPast9999) {
+  EXPECT_EQ(recordOfAlertLine(kOlajLine + "12345"), 2345);
+}
+
+TEST(AlertLine, ThatIsShortIsReadWhole) {
+  EXPECT_EQ(recordOfAlertLine(""), 0);
+  EXPECT_EQ(recordOfAlertLine("12"), 12);
+}
+
+class AlertLinesTest : public testing::Test {
+ protected:
+  const KmReminders reminders_ = listOf({
+      kmReminder(15000, 1, "Még nem", "ABC-123"),
+      kmReminder(10000, 5000, "Olaj", "ABC-123"),
+      deletedKmReminder("ABC-123"),
+      kmReminder(100, 1, "Másé", "DEF-456"),
+      kmReminder(100, 200, "Olaj", "ABC-123 "),
+  });
+};
+
+TEST_F(AlertLinesTest, AtOpeningAreTheVehiclesOwnInFileOrder) {
+  EXPECT_EQ(alertLines(reminders_, "ABC-123", 15001),
+            (std::vector<std::string>{kOlajLine + "2", kOlajLine + "5"}));
+}
+
+TEST_F(AlertLinesTest, AfterADeletionAreThoseOfEveryVehicle) {
+  const std::string other = "2013.06.01  Másé" + std::string(36, ' ') + "       4";
+  EXPECT_EQ(alertLinesOfAll(reminders_, 15001),
+            (std::vector<std::string>{kOlajLine + "2", other, kOlajLine + "5"}));
+}
+
+TEST(KmAlertFigures, AreTheDistancesAgainstTheReading) {
+  EXPECT_EQ(kmAlertFigures(kmReminder(10000, 5000, "Olaj", "A"), 16234),
+            (KmAlertFigures{"6 234", "1 234", "16 234"}));
+}
+
+TEST(KmAlertFigures, OfZeroAreEmpty) {
+  EXPECT_EQ(kmAlertFigures(kmReminder(10000, 0, "Olaj", "A"), 10000), (KmAlertFigures{"", "", "10 000"}));
+  EXPECT_EQ(kmAlertFigures(FigyelRec{}, 0), KmAlertFigures{});
+}
+
+TEST(KmAlertFigures, MayBeNegativeAfterAnOtherVehiclesReminder) {
+  EXPECT_EQ(kmAlertFigures(kmReminder(12000, 5000, "Olaj", "A"), 10000),
+            (KmAlertFigures{"-2 000", "-7 000", "10 000"}));
+}
+
+TEST(KmAlertFigures, FailWhenTheDistanceRunLeaves32Bits) {
+  test::expectFailure(FailureKind::OutOfRange,
+                      [] { kmAlertFigures(kmReminder(kHighest, 0, "x", "A"), -kHighest); });
+}
+
+}  // namespace
+}  // namespace tarvik::reminders

@@ -1,0 +1,134 @@
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDir>
+#include <QFileDialog>
+#include <QImage>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+
+#include "tests/ui/chart_samples.h"
+#include "ui/controls/chart_view.h"
+
+using tarvik::ui::ChartView;
+using namespace tarvik::ui::samples;
+
+namespace {
+
+// Checks again and again from the event loop until a widget of the kind is there, then acts on it once.
+template <typename Window>
+void whenShown(const std::function<void(Window&)>& act) {
+  auto* const timer = new QTimer(qApp);
+  QObject::connect(timer, &QTimer::timeout, timer, [timer, act] {
+    for (QWidget* const widget : QApplication::topLevelWidgets()) {
+      auto* const window = qobject_cast<Window*>(widget);
+      if (!window || !window->isVisible()) continue;
+      timer->deleteLater();
+      timer->stop();
+      return act(*window);
+    }
+  });
+  timer->start(0);
+}
+
+void clickMenuItem(ChartView& chart, int index) {
+  whenShown<QMenu>([index](QMenu& menu) {
+    menu.setActiveAction(menu.actions().at(index));
+    QTest::keyClick(&menu, Qt::Key_Return);
+  });
+  QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(50, 50), chart.mapToGlobal(QPoint(50, 50)));
+  QApplication::sendEvent(&chart, &event);
+}
+
+}  // namespace
+
+class ChartPictureTest : public QObject {
+  Q_OBJECT
+
+ private:
+  ChartView* chart_ = nullptr;
+
+ private slots:
+  void init() {
+    chart_ = new ChartView;
+    chart_->resize(690, 300);
+    chart_->show();
+  }
+
+  void cleanup() { delete chart_; }
+
+  void savesPngAtTwiceTheSize() {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("grafikon.png");
+    chart_->setPoints(monthLabels(78), waves(78));
+    QVERIFY(chart_->savePicture(path));
+    QCOMPARE(QImage(path).size(), QSize(1380, 600));
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList("grafikon.png"));
+  }
+
+  void savesPdf() {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("grafikon.PDF");
+    chart_->setPoints(monthLabels(78), waves(78));
+    QVERIFY(chart_->savePicture(path));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    QVERIFY(bytes.startsWith("%PDF-"));
+    QVERIFY(bytes.trimmed().endsWith("%%EOF"));
+  }
+
+  void failedSaveLeavesNoFile() {
+    const QTemporaryDir folder;
+    QVERIFY(!chart_->savePicture(folder.filePath("nincs/grafikon.png")));
+    QVERIFY(!chart_->savePicture(folder.path()));
+    QVERIFY(QDir(folder.path()).isEmpty());
+  }
+
+  void menuCopiesThePicture() {
+    QApplication::clipboard()->clear();
+    chart_->setPoints(monthLabels(3), waves(3));
+    clickMenuItem(*chart_, 0);
+    QCOMPARE(QApplication::clipboard()->image().size(), QSize(1380, 600));
+  }
+
+  void menuSavesWhereThePersonSays() {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("kép.png");
+    QString title;
+    whenShown<QFileDialog>([&](QFileDialog& dialog) {
+      title = dialog.labelText(QFileDialog::Accept);
+      dialog.findChild<QLineEdit*>("fileNameEdit")->setText(path);
+      static_cast<QDialog&>(dialog).done(QDialog::Accepted);
+    });
+    clickMenuItem(*chart_, 1);
+    QCOMPARE(title, QStringLiteral("&Mentés"));
+    QVERIFY(!QImage(path).isNull());
+  }
+
+  void menuTellsAFailedSave() {
+    QString title;
+    QString text;
+    const auto readAndClose = [&](QMessageBox& box) {
+      title = box.windowTitle();
+      text = box.text();
+      box.accept();
+    };
+    whenShown<QFileDialog>([&](QFileDialog& dialog) {
+      dialog.findChild<QLineEdit*>("fileNameEdit")->setText("/nincs-ilyen-mappa/kép.png");
+      whenShown<QMessageBox>(readAndClose);
+      static_cast<QDialog&>(dialog).done(QDialog::Accepted);
+    });
+    clickMenuItem(*chart_, 1);
+    QCOMPARE(title, QStringLiteral(" H i b a !"));
+    QVERIFY(text.contains("/nincs-ilyen-mappa/kép.png"));
+  }
+};
+
+QTEST_MAIN(ChartPictureTest)
+#include "chart_picture_test.moc"

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QDate>
+#include <QList>
+#include <QStringList>
+#include <cmath>
+
+/// Labels and values with which the charts are tested.
+namespace tarvik::ui::samples {
+
+/// The labels of so many months from January 2007 on.
+inline QStringList monthLabels(int count) {
+  QStringList labels;
+  for (int month = 0; month < count; ++month) {
+    labels.append(QStringLiteral("%1. %2. hó").arg(2007 + month / 12).arg(month % 12 + 1));
+  }
+  return labels;
+}
+
+/// The labels of so many days, nine days apart.
+inline QStringList dateLabels(int count) {
+  QStringList labels;
+  for (int day = 0; day < count; ++day) {
+    labels.append(QDate(2013, 7, 5).addDays(day * 9).toString(QStringLiteral("yyyy.MM.dd.")));
+  }
+  return labels;
+}
+
+/// Values between 2,000 and 9,000 that go up and down.
+inline QList<double> waves(int count) {
+  QList<double> values;
+  for (int index = 0; index < count; ++index) values.append(5500 + 3500 * std::sin(index * 0.8));
+  return values;
+}
+
+}  // namespace tarvik::ui::samples

@@ -1,0 +1,36 @@
+#include "ui/dialog_parts.h"
+
+#include <QAction>
+#include <QDialog>
+#include <QLayout>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QScreen>
+
+#include "ui/text.h"
+
+namespace tarvik::ui {
+
+void centreOnDisplay(QWidget& window) {
+  QRect place(QPoint(), window.size());
+  place.moveCenter(window.screen()->availableGeometry().center());
+  window.move(place.topLeft());
+}
+
+void addClosingMenu(QDialog& dialog, QAction* close) {
+  auto* menu = new QMenuBar(&dialog);
+  menu->addAction(close);
+  dialog.layout()->setMenuBar(menu);
+  QObject::connect(close, &QAction::triggered, &dialog, &QDialog::close);
+}
+
+QString numberText(int number) {
+  return toQt(std::to_string(number));
+}
+
+void fillField(QLineEdit* field, const std::string& text) {
+  field->setText(toQt(text));
+  field->setCursorPosition(0);
+}
+
+}  // namespace tarvik::ui

@@ -1,0 +1,197 @@
+#include "ui/frmGumik.h"
+
+#include <QButtonGroup>
+#include <QItemSelectionModel>
+
+#include "ui/dialog_parts.h"
+#include "ui/guarded.h"
+#include "ui/text.h"
+#include "ui_frmGumik.h"
+
+namespace tarvik::ui {
+namespace {
+
+QButtonGroup* groupOf(QWidget* screen, const QList<QAbstractButton*>& seasons) {
+  auto* group = new QButtonGroup(screen);
+  for (int season = 0; season < seasons.size(); ++season) group->addButton(seasons[season], season);
+  return group;
+}
+
+// A season that the file should not hold selects none.
+void selectSeason(QButtonGroup* group, std::int16_t season) {
+  group->setExclusive(false);
+  for (QAbstractButton* button : group->buttons()) button->setChecked(group->id(button) == season);
+  group->setExclusive(true);
+}
+
+std::optional<std::int16_t> selectedSeason(const QButtonGroup* group) {
+  if (group->checkedButton() == nullptr) return std::nullopt;
+  return static_cast<std::int16_t>(group->checkedId());
+}
+
+TextRow rowOf(const tyres::TyreRow& row) {
+  return {
+      .cells = {toQt(row.plate), toQt(row.type), toQt(row.season), toQt(row.kmRun), toQt(row.remainingLife)},
+      .record = numberText(row.number),
+      .marked = row.isFitted};
+}
+
+}  // namespace
+
+frmGumik::frmGumik(Context& context, const QString& plate, const QStringList& plates, QWidget* parent)
+    : QDialog(parent), ui_(std::make_unique<Ui::frmGumik>()), tyres_(context.files, context.folders) {
+  ui_->setupUi(this);
+  addClosingMenu(*this, ui_->mnuBezar);
+  prepareFields(plate, plates);
+  prepareList();
+  connectButtons();
+  centreOnDisplay(*this);
+  guarded(this, [this] { BeolvasGumi(); });
+}
+
+frmGumik::~frmGumik() = default;
+
+void frmGumik::prepareFields(const QString& plate, const QStringList& plates) {
+  ui_->frameGumiModosit->hide();
+  opGumiEvszak_ = groupOf(this, {ui_->opGumiEvszak_0, ui_->opGumiEvszak_1, ui_->opGumiEvszak_2});
+  opMEszak_ = groupOf(this, {ui_->opMEszak_0, ui_->opMEszak_1, ui_->opMEszak_2});
+  ui_->cmbRendszam->setCompleter(nullptr);
+  ui_->cmbRendszam->addItems(plates);
+  ui_->cmbRendszam->setEditText(plate.trimmed());
+  connect(ui_->cmbRendszam, &QComboBox::activated, this,
+          [this] { guarded(this, [this] { BeolvasGumi(); }); });
+  for (const QLineEdit* field :
+       {ui_->txtMtipus, ui_->txtMMeret, ui_->txtMMaxKm, ui_->txtMKmFelszKor, ui_->txtMAzotaFutott})
+    connect(field, &QLineEdit::returnPressed, ui_->cmdGumiModosit, &QPushButton::click);
+}
+
+void frmGumik::prepareList() {
+  rows_ =
+      new TextListModel({QStringLiteral("Rendszám"), QStringLiteral("Gumi típusa"), QStringLiteral("Évszak"),
+                         QStringLiteral("Futott Km."), QStringLiteral("Állapota")},
+                        this);
+  ui_->ListViewGumi->setModel(rows_);
+  ui_->ListViewGumi->setColumnCharacters({16, 34, 12, 12, 10});
+  ui_->ListViewGumi->sortByHeaderClicks();
+  connect(ui_->ListViewGumi, &ListView::rowChosen, this,
+          [this](int row) { guarded(this, [this, row] { choose(row); }); });
+  connect(ui_->ListViewGumi->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          &frmGumik::enableDeletion);
+}
+
+void frmGumik::connectButtons() {
+  onClick(ui_->cmdOsszesGumi, &frmGumik::BeolvasOsszesGumi);
+  onClick(ui_->cmdGumiRogzites, &frmGumik::recordSet);
+  onClick(ui_->cmdGumiFel, &frmGumik::fitSet);
+  onClick(ui_->cmdGumiLe, &frmGumik::takeSetOff);
+  onClick(ui_->cmdGumiModosit, &frmGumik::changeSet);
+  onClick(ui_->cmdGumiDel, &frmGumik::deleteSet);
+  connect(ui_->cmdGumiModositKeret, &QPushButton::clicked, ui_->frameGumiModosit, &QWidget::show);
+  connect(ui_->cmdGumiModositMegsem, &QPushButton::clicked, ui_->frameGumiModosit, &QWidget::hide);
+}
+
+void frmGumik::onClick(QAbstractButton* button, Handler handler) {
+  connect(button, &QAbstractButton::clicked, this,
+          [this, handler] { guarded(this, [this, handler] { (this->*handler)(); }); });
+}
+
+void frmGumik::BeolvasGumi() {
+  showRows(tyres_.listOf(toLogic(ui_->cmbRendszam->currentText())));
+}
+
+void frmGumik::BeolvasOsszesGumi() {
+  showRows(tyres_.listAll());
+}
+
+void frmGumik::showRows(const std::vector<tyres::TyreRow>& rows) {
+  std::vector<TextRow> shown;
+  for (const tyres::TyreRow& row : rows) shown.push_back(rowOf(row));
+  rows_->setRows(std::move(shown));
+  enableDeletion();
+}
+
+void frmGumik::enableDeletion() {
+  ui_->cmdGumiDel->setEnabled(!ui_->ListViewGumi->highlightedRecord().isEmpty());
+}
+
+void frmGumik::choose(int row) {
+  ui_->cmdGumiModositKeret->setEnabled(true);
+  chosen_ = rows_->record(row).toInt();
+  const tyres::TyreSet& set = tyres_.read(chosen_);
+  fillNewFields(set);
+  fillChangeFields(set);
+  const bool isOnCar = set.onCar != tyres::kNotFitted;
+  ui_->cmdGumiFel->setEnabled(!isOnCar);
+  ui_->cmdGumiLe->setEnabled(isOnCar);
+}
+
+void frmGumik::fillNewFields(const tyres::TyreSet& set) {
+  ui_->cmbRendszam->setEditText(toQt(set.plate.asStored()));
+  fillField(ui_->txtGumiTipusa, set.type.asStored());
+  fillField(ui_->txtGumiMeret, set.size.asStored());
+  ui_->txtGumiMaxKm->setText(numberText(set.maxKm));
+  selectSeason(opGumiEvszak_, set.season);
+  ui_->chkGumiFentVan->setChecked(set.onCar != tyres::kNotFitted);
+  ui_->txtGumiKmFelszerelKor->setText(numberText(set.kmWhenFitted));
+  ui_->txtGumiAzotaFutottKm->setText(numberText(set.kmRun));
+}
+
+void frmGumik::fillChangeFields(const tyres::TyreSet& set) {
+  fillField(ui_->txtMtipus, set.type.trimmed());
+  fillField(ui_->txtMMeret, set.size.trimmed());
+  ui_->txtMMaxKm->setText(numberText(set.maxKm));
+  selectSeason(opMEszak_, set.season);
+  ui_->txtMKmFelszKor->setText(numberText(set.kmWhenFitted));
+  ui_->txtMAzotaFutott->setText(numberText(set.kmRun));
+}
+
+tyres::TyreFields frmGumik::newFields() const {
+  return {.type = toLogic(ui_->txtGumiTipusa->text()),
+          .size = toLogic(ui_->txtGumiMeret->text()),
+          .maxKm = toLogic(ui_->txtGumiMaxKm->text()),
+          .season = selectedSeason(opGumiEvszak_),
+          .kmWhenFitted = toLogic(ui_->txtGumiKmFelszerelKor->text()),
+          .kmRun = toLogic(ui_->txtGumiAzotaFutottKm->text())};
+}
+
+tyres::TyreFields frmGumik::changeFields() const {
+  return {.type = toLogic(ui_->txtMtipus->text()),
+          .size = toLogic(ui_->txtMMeret->text()),
+          .maxKm = toLogic(ui_->txtMMaxKm->text()),
+          .season = selectedSeason(opMEszak_),
+          .kmWhenFitted = toLogic(ui_->txtMKmFelszKor->text()),
+          .kmRun = toLogic(ui_->txtMAzotaFutott->text())};
+}
+
+// Neither the list nor the fields change: the set is seen at the next listing, this system's convention.
+void frmGumik::recordSet() {
+  tyres_.record({.plate = toLogic(ui_->cmbRendszam->currentText()),
+                 .isFitted = ui_->chkGumiFentVan->isChecked(),
+                 .fields = newFields()});
+}
+
+void frmGumik::fitSet() {
+  tyres_.setFitted(chosen_, true);
+  BeolvasGumi();
+}
+
+void frmGumik::takeSetOff() {
+  tyres_.setFitted(chosen_, false);
+  BeolvasGumi();
+}
+
+void frmGumik::changeSet() {
+  tyres_.change(chosen_, changeFields());
+  ui_->cmdGumiModositKeret->setEnabled(false);
+  ui_->frameGumiModosit->hide();
+  BeolvasGumi();
+}
+
+// No question is asked, so the set that goes is the highlighted one and no other.
+void frmGumik::deleteSet() {
+  tyres_.remove(ui_->ListViewGumi->highlightedRecord().toInt());
+  BeolvasGumi();
+  ui_->ListViewGumi->setFocus();
+}
+
+}  // namespace tarvik::ui

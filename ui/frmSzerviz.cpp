@@ -1,0 +1,120 @@
+#include "ui/frmSzerviz.h"
+
+#include <QItemSelectionModel>
+
+#include "ui/dialog_parts.h"
+#include "ui/guarded.h"
+#include "ui/text.h"
+#include "ui_frmSzerviz.h"
+
+namespace tarvik::ui {
+namespace {
+
+TextRow rowOf(const repairs::RepairRow& row) {
+  return {.cells = {toQt(row.plate), toQt(row.date), toQt(row.description), toQt(row.part),
+                    numberText(row.costFt), numberText(row.readingKm)},
+          .record = numberText(row.number)};
+}
+
+}  // namespace
+
+frmSzerviz::frmSzerviz(Context& context, const QString& plate, const QStringList& plates, QWidget* parent)
+    : QDialog(parent), ui_(std::make_unique<Ui::frmSzerviz>()), log_(context.files, context.folders) {
+  ui_->setupUi(this);
+  addClosingMenu(*this, ui_->mnuBezar);
+  prepareFields(plate, plates, context.clock.today());
+  prepareList();
+  onClick(ui_->cmdSzervizSzures, &frmSzerviz::filter);
+  for (const QLineEdit* key : {ui_->txtSzervizMegnev, ui_->txtAlkatresz})
+    connect(key, &QLineEdit::returnPressed, ui_->cmdSzervizSzures, &QPushButton::click);
+  onClick(ui_->cmdRogzitSzerviz, &frmSzerviz::recordRepair);
+  onClick(ui_->cmdDelSzerviz, &frmSzerviz::deleteRepair);
+  centreOnDisplay(*this);
+  guarded(this, [this] { BeolvasSzerviz(); });
+}
+
+frmSzerviz::~frmSzerviz() = default;
+
+void frmSzerviz::prepareFields(const QString& plate, const QStringList& plates, core::Day today) {
+  ui_->cmbRendszam2->setCompleter(nullptr);
+  ui_->cmbRendszam2->addItems(plates);
+  ui_->cmbRendszam2->setEditText(plate.trimmed());
+  ui_->DTPSzerviz->setDateRange(toQt(core::kFirstDay), toQt(core::kLastDay));
+  ui_->DTPSzerviz->setDate(toQt(today));
+}
+
+void frmSzerviz::prepareList() {
+  rows_ =
+      new TextListModel({QStringLiteral("Rendszám"), QStringLiteral("Dátum"), QStringLiteral("Megnevezés"),
+                         QStringLiteral("Alkatrész"), QStringLiteral("Költség"), QStringLiteral("Km. óra")},
+                        this);
+  ui_->ListViewSzerviz->setModel(rows_);
+  ui_->ListViewSzerviz->setColumnCharacters({12, 12, 32, 26, 10, 8});
+  ui_->ListViewSzerviz->sortByHeaderClicks();
+  connect(ui_->ListViewSzerviz, &ListView::rowChosen, this,
+          [this](int row) { guarded(this, [this, row] { choose(row); }); });
+  connect(ui_->ListViewSzerviz->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          &frmSzerviz::enableDeletion);
+}
+
+void frmSzerviz::onClick(QAbstractButton* button, Handler handler) {
+  connect(button, &QAbstractButton::clicked, this,
+          [this, handler] { guarded(this, [this, handler] { (this->*handler)(); }); });
+}
+
+void frmSzerviz::BeolvasSzerviz() {
+  showRows(log_.listOf(toLogic(ui_->cmbRendszam2->currentText())));
+}
+
+// The rows come first: should their total be too large, the entry that makes it so can still be deleted.
+void frmSzerviz::showRows(const std::vector<repairs::RepairRow>& rows) {
+  std::vector<TextRow> shown;
+  for (const repairs::RepairRow& row : rows) shown.push_back(rowOf(row));
+  rows_->setRows(std::move(shown));
+  enableDeletion();
+  ui_->lbKoltseg->clear();
+  ui_->lbKoltseg->setText(toQt(repairs::totalText(rows)));
+}
+
+void frmSzerviz::enableDeletion() {
+  ui_->cmdDelSzerviz->setEnabled(!ui_->ListViewSzerviz->highlightedRecord().isEmpty());
+}
+
+// A damaged date leaves the picker's own.
+void frmSzerviz::choose(int row) {
+  const repairs::Repair repair = log_.read(rows_->record(row).toInt());
+  fillField(ui_->txtAlkatresz, repair.part.asStored());
+  fillField(ui_->txtSzervizMegnev, repair.description.asStored());
+  if (const auto day = core::dayFromStored(repair.date)) ui_->DTPSzerviz->setDate(toQt(*day));
+  ui_->txtKMora->setText(numberText(repair.readingKm));
+  ui_->txtSzervizKoltseg->setText(numberText(repair.costFt));
+  ui_->cmbRendszam2->setEditText(toQt(repair.plate.asStored()));
+}
+
+void frmSzerviz::filter() {
+  showRows(log_.listFiltered({.plate = toLogic(ui_->cmbRendszam2->currentText()),
+                              .isAllVehicles = ui_->chkOsszesAuto->isChecked(),
+                              .description = toLogic(ui_->txtSzervizMegnev->text()),
+                              .part = toLogic(ui_->txtAlkatresz->text())}));
+}
+
+void frmSzerviz::recordRepair() {
+  log_.record({.plate = toLogic(ui_->cmbRendszam2->currentText()),
+               .date = toLogic(ui_->DTPSzerviz->date()),
+               .description = toLogic(ui_->txtSzervizMegnev->text()),
+               .part = toLogic(ui_->txtAlkatresz->text()),
+               .cost = toLogic(ui_->txtSzervizKoltseg->text()),
+               .reading = toLogic(ui_->txtKMora->text())});
+  for (QLineEdit* field : {ui_->txtAlkatresz, ui_->txtKMora, ui_->txtSzervizKoltseg, ui_->txtSzervizMegnev})
+    field->clear();
+  BeolvasSzerviz();
+}
+
+// No question is asked, so the entry that goes is the highlighted one and no other.
+void frmSzerviz::deleteRepair() {
+  log_.remove(ui_->ListViewSzerviz->highlightedRecord().toInt());
+  BeolvasSzerviz();
+  ui_->ListViewSzerviz->setFocus();
+}
+
+}  // namespace tarvik::ui

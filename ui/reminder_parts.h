@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+class QLabel;
+class QWidget;
+
+namespace tarvik::ui {
+
+class ListView;
+class TextListModel;
+
+/// Puts a list of reminders on a view under three headers (date, text, plate), wide enough for what
+/// reminders hold; the model belongs to the view.
+TextListModel* prepareReminderList(ListView* view, const QStringList& headers);
+
+/// Shows a text on a label that stands for a figure or a stored text, to assistive tools too.
+void showCaption(QLabel* label, const QString& text);
+
+/// Tells that no row was chosen to be deleted.
+void tellNothingSelected(QWidget* screen);
+
+}  // namespace tarvik::ui

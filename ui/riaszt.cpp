@@ -1,0 +1,96 @@
+#include "ui/riaszt.h"
+
+#include <QShowEvent>
+
+#include "reminders/km_alert.h"
+#include "reminders/km_reminders.h"
+#include "reminders/reminder_row.h"
+#include "ui/dialog_parts.h"
+#include "ui/guarded.h"
+#include "ui/reminder_parts.h"
+#include "ui/text.h"
+#include "ui_riaszt.h"
+
+namespace tarvik::ui {
+namespace {
+
+// The length of a line with a record number of four digits, and where its text begins.
+constexpr int kLineCharacters = 63;
+constexpr int kTextColumn = 12;
+
+QFont fixedPitchFont(const QFont& like) {
+  QFont font = like;
+  font.setFamilies({QStringLiteral("Courier New"), QStringLiteral("Liberation Mono")});
+  font.setStyleHint(QFont::Monospace);
+  font.setFixedPitch(true);
+  return font;
+}
+
+}  // namespace
+
+riaszt::riaszt(Context& context, const QString& plate, QWidget* parent)
+    : QDialog(parent), context_(context), ui_(std::make_unique<Ui::riaszt>()) {
+  ui_->setupUi(this);
+  addClosingMenu(*this, ui_->mnu_bezar);
+  prepareList();
+  connect(ui_->List1, &QListWidget::itemSelectionChanged, this,
+          [this] { guarded(this, [this] { chooseLine(); }); });
+  connect(ui_->cmd_torles, &QPushButton::clicked, this,
+          [this] { guarded(this, [this] { deleteChosen(); }); });
+  adjustSize();
+  centreOnDisplay(*this);
+  guarded(this, [&] {
+    showLines(reminders::alertLines(reminders::loadKmReminders(context_.files, context_.folders),
+                                    toLogic(plate), context_.state.currentReading));
+  });
+}
+
+riaszt::~riaszt() = default;
+
+void riaszt::prepareList() {
+  ui_->List1->setFont(fixedPitchFont(font()));
+  const int character = QFontMetrics(ui_->List1->font()).horizontalAdvance(QLatin1Char('0'));
+  const int border = ui_->List1->frameWidth() + style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
+  const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  ui_->List1->setMinimumWidth(kLineCharacters * character + 2 * border + scrollBar);
+  ui_->lbRogzDatuma->setIndent(border);
+  ui_->lbRogzDatuma->setMinimumWidth(kTextColumn * character + border);
+  ui_->List1->setFocus();
+}
+
+void riaszt::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  if (!event->spontaneous()) ui_->List1->setCurrentRow(0);
+}
+
+void riaszt::showLines(const std::vector<std::string>& lines) {
+  ui_->List1->clear();
+  for (const std::string& line : lines) ui_->List1->addItem(toQt(line));
+}
+
+void riaszt::chooseLine() {
+  const QList<QListWidgetItem*> chosen = ui_->List1->selectedItems();
+  if (chosen.isEmpty()) return;
+  const std::int16_t record = reminders::recordOfAlertLine(toLogic(chosen.first()->text()));
+  context_.state.alertSelection = record;
+  const reminders::FigyelRec reminder =
+      reminders::loadKmReminders(context_.files, context_.folders).record(record);
+  fillField(ui_->tx_szoveg, reminder.Szoveg.asStored());
+  fillField(ui_->tx_km_allas, reminders::grouped(reminder.KmAllas));
+  fillField(ui_->tx_km_mulva, reminders::grouped(reminder.KmMulva));
+  const auto figures = reminders::kmAlertFigures(reminder, context_.state.currentReading);
+  fillField(ui_->tx_megtett_km, figures.runSince);
+  fillField(ui_->tx_tullepve, figures.exceededBy);
+  fillField(ui_->tx_utolso_km, figures.reading);
+}
+
+// Nobody is asked, the selection and the fields stay, and the list then has every vehicle's reminders: this
+// system's convention, kept deliberately.
+void riaszt::deleteChosen() {
+  if (context_.state.alertSelection == 0) return tellNothingSelected(this);
+  reminders::blankKmReminder(context_.files, context_.folders, context_.state.alertSelection);
+  showLines(reminders::alertLinesOfAll(reminders::loadKmReminders(context_.files, context_.folders),
+                                       context_.state.currentReading));
+}
+
+}  // namespace tarvik::ui

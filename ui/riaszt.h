@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QDialog>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "ui/context.h"
+
+namespace Ui {
+class riaszt;
+}
+
+namespace tarvik::ui {
+
+/// The km alert: the passed km reminders of a vehicle against the current reading that the check found,
+/// by how much each is exceeded, and their deletion.
+class riaszt : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// Opens for that vehicle; plate is the main screen's text.
+  riaszt(Context& context, const QString& plate, QWidget* parent);
+  ~riaszt() override;
+
+ protected:
+  /// Chooses the first line when the screen comes up.
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void prepareList();
+  void showLines(const std::vector<std::string>& lines);
+  void chooseLine();
+  void deleteChosen();
+
+  Context& context_;
+  std::unique_ptr<Ui::riaszt> ui_;
+};
+
+}  // namespace tarvik::ui
