@@ -26,6 +26,13 @@ QFont fixedPitchFont(const QFont& like) {
   return font;
 }
 
+// A little smaller than the rest, so that the first heading ends before the second begins.
+QFont headingFont(const QFont& like) {
+  QFont heading = like;
+  heading.setPointSizeF(like.pointSizeF() * 0.9);
+  return heading;
+}
+
 }  // namespace
 
 riaszt::riaszt(Context& context, const QString& plate, QWidget* parent)
@@ -37,8 +44,7 @@ riaszt::riaszt(Context& context, const QString& plate, QWidget* parent)
           [this] { guarded(this, [this] { chooseLine(); }); });
   connect(ui_->cmd_torles, &QPushButton::clicked, this,
           [this] { guarded(this, [this] { deleteChosen(); }); });
-  adjustSize();
-  centreOnDisplay(*this);
+  sizeAndCentre(*this);
   guarded(this, [&] {
     showLines(reminders::alertLines(reminders::loadKmReminders(context_.files, context_.folders),
                                     toLogic(plate), context_.state.currentReading));
@@ -53,7 +59,7 @@ void riaszt::prepareList() {
   const int border = ui_->List1->frameWidth() + style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
   const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
   ui_->List1->setMinimumWidth(kLineCharacters * character + 2 * border + scrollBar);
-  ui_->lbRogzDatuma->setIndent(border);
+  for (QLabel* heading : {ui_->lbRogzDatuma, ui_->lbSzovegOszlop}) heading->setFont(headingFont(font()));
   ui_->lbRogzDatuma->setMinimumWidth(kTextColumn * character + border);
   ui_->List1->setFocus();
 }
