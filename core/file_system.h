@@ -48,6 +48,9 @@ class FileSystem {
   virtual int truncate(int descriptor, std::int64_t length) = 0;
   /// Sets an open file's permission bits.
   virtual int setMode(int descriptor, std::uint32_t mode) = 0;
+  /// Returns when what was written to an open file has left for the disk, so that nothing done afterwards
+  /// gets there before it. That is an order and not yet a promise: sync makes the promise.
+  virtual int writeOut(int descriptor) = 0;
   /// Returns when an open file's data and length, or a folder's names, are on the disk.
   virtual int sync(int descriptor) = 0;
   /// Gives a file a new name, replacing what has it, in one step.

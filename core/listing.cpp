@@ -1,29 +1,33 @@
 #include "core/listing.h"
 
-#include <limits>
+#include <optional>
 
 #include "core/number_format.h"
 
 namespace tarvik::core {
 namespace {
 
-// The stored dates of a filter: from the first day up to, not including, the last.
-struct DateRange {
-  double from;
-  double before;
+// The days of a filter, both ends included.
+struct DayRange {
+  Day first;
+  Day last;
+
+  bool holds(double stored) const {
+    const std::optional<Day> day = dayFromStored(stored);
+    return day && *day >= first && *day <= last;
+  }
 };
 
-DateRange yearOf(Day picked) {
+DayRange yearOf(Day picked) {
   const int year = calendarDate(picked).year;
-  return {toStored(dayOf({year, 1, 1})), toStored(dayOf({year, 12, 31})) + 1};
+  return {dayOf({year, 1, 1}), dayOf({year, 12, 31})};
 }
 
-DateRange monthOf(Day picked) {
-  const CalendarDate date = calendarDate(picked);
-  const Day first = dayOf({date.year, date.month, 1});
-  const bool isDecember = date.month == 12;
-  if (isDecember) return {toStored(first), toStored(first) + 31};
-  return {toStored(first), toStored(dayOf({date.year, date.month + 1, 1}))};
+DayRange monthOf(Day picked) {
+  const auto [year, month, day] = calendarDate(picked);
+  const Day first = dayOf({year, month, 1});
+  if (month == 12) return {first, dayOf({year, month, 31})};
+  return {first, addDays(dayOf({year, month + 1, 1}), -1)};
 }
 
 std::string flagText(std::int16_t flag) {
@@ -39,14 +43,11 @@ std::string distanceText(std::int32_t previousKm, std::int32_t km) {
 
 std::vector<std::uint16_t> listedEntries(const Logbook& logbook, const ListFilter& filter) {
   const bool filtered = filter.mode == kYearList || filter.mode == kMonthList;
-  const DateRange range = filter.mode == kYearList ? yearOf(filter.picked) : monthOf(filter.picked);
+  const DayRange range = filter.mode == kYearList ? yearOf(filter.picked) : monthOf(filter.picked);
   std::vector<std::uint16_t> numbers;
   numbers.reserve(filtered ? 0 : static_cast<std::size_t>(logbook.count()));
   for (int number = 1; number <= logbook.count(); ++number) {
-    if (filtered) {
-      const double datum = logbook.record(number).Datum;
-      if (!(datum >= range.from && datum < range.before)) continue;
-    }
+    if (filtered && !range.holds(logbook.record(number).Datum)) continue;
     numbers.push_back(static_cast<std::uint16_t>(number));
   }
   return numbers;

@@ -15,6 +15,7 @@ class PosixFileSystem final : public FileSystem {
   std::int64_t write(int descriptor, std::span<const std::byte> data, std::int64_t offset) override;
   int truncate(int descriptor, std::int64_t length) override;
   int setMode(int descriptor, std::uint32_t mode) override;
+  int writeOut(int descriptor) override;
   int sync(int descriptor) override;
   int rename(const std::string& from, const std::string& to) override;
   int remove(const std::string& path) override;

@@ -141,11 +141,15 @@ OpenFile openToRead(FileSystem& files, const std::string& path) {
   return file;
 }
 
-// What the temporary file of a deletion holds from an offset on; nothing when there is no such file.
-ByteBlock surplusOf(FileSystem& files, const std::string& temporary, std::int64_t offset, bool& exists) {
+// What the temporary file of a deletion was found to hold.
+struct Leftover {
+  std::int64_t size = -1;  // bytes; -1 when there is no such file
+  ByteBlock surplus;       // what lies behind the records that remain
+};
+
+Leftover leftoverIn(FileSystem& files, const std::string& temporary, std::int64_t remaining) {
   const OpenFile file(files, openFile(files, temporary, OpenMode::Read));
-  exists = file.isOpen();
-  if (!exists) {
+  if (!file.isOpen()) {
     if (errno == ENOENT) return {};
     fail(FailureKind::OpenFailed, temporary);
   }
@@ -154,10 +158,32 @@ ByteBlock surplusOf(FileSystem& files, const std::string& temporary, std::int64_
     errno = EISDIR;
     fail(FailureKind::OpenFailed, temporary);
   }
-  ByteBlock surplus =
-      ByteBlock::ofSize(static_cast<std::size_t>(std::max<std::int64_t>(status.size - offset, 0)));
-  surplus.size = readUpTo(files, file, surplus.span(), offset, temporary);
-  return surplus;
+  const std::int64_t behind = std::max<std::int64_t>(status.size - remaining, 0);
+  Leftover leftover{status.size, ByteBlock::ofSize(static_cast<std::size_t>(behind))};
+  leftover.surplus.size = readUpTo(files, file, leftover.surplus.span(), remaining, temporary);
+  return leftover;
+}
+
+// A name left by a run that was cut short is removed, never emptied: it may be a second name of a file that
+// is in use.
+OpenFile createNew(FileSystem& files, const std::string& path) {
+  const bool isFree = uninterrupted([&] { return files.remove(path); }) == 0 || errno == ENOENT;
+  OpenFile file(files, isFree ? openFile(files, path, OpenMode::CreateEmpty) : -1);
+  if (!file.isOpen()) fail(FailureKind::OpenFailed, path);
+  return file;
+}
+
+bool renamed(FileSystem& files, const std::string& from, const std::string& to) {
+  return uninterrupted([&] { return files.rename(from, to); }) == 0;
+}
+
+// Gives a replacement the target's name, or leaves nothing of it.
+void renameOrRemove(FileSystem& files, const std::string& replacement, const std::string& target) {
+  if (renamed(files, replacement, target)) return;
+  const int error = errno;
+  files.remove(replacement);
+  errno = error;
+  fail(FailureKind::ReplaceFailed, target);
 }
 
 }  // namespace
@@ -221,23 +247,49 @@ ByteBlock RecordFile::read(std::int64_t first, std::int64_t count) const {
 void RecordFile::append(std::span<const std::byte> record) {
   const std::int64_t before = count();
   if (before >= kHighestRecordNumber) throw Failure(FailureKind::FileFull).file(path_).record(before + 1);
+  if (record.back() == std::byte{0}) return appendInPlace(record);
+  const ByteBlock old = readWhole(before);
+  ByteBlock contents = ByteBlock::ofSize(old.size + recordLength_);
+  std::ranges::copy(old.span(), contents.data.get());
+  std::ranges::copy(record, contents.data.get() + old.size);
+  replaceWith(contents.span());
+}
+
+// All but the record's last byte is outside the count. Once that has left for the disk, the file's length
+// alone makes it a record, and with it the last byte, 0 like all that a length adds. So whatever a power cut
+// leaves of it, no record is there without its bytes.
+void RecordFile::appendInPlace(std::span<const std::byte> record) {
+  const std::int64_t before = count();
   const auto offset = before * static_cast<std::int64_t>(recordLength_);
+  const std::int64_t after = offset + static_cast<std::int64_t>(recordLength_);
   ByteBlock tail = ByteBlock::ofSize(static_cast<std::size_t>(status_.size - offset));
   tail.size = readUpTo(files_, file_, tail.span(), offset, path_);
   try {
-    writeAll(files_, file_, record, offset, path_);
+    writeAll(files_, file_, record.first(record.size() - 1), offset, path_);
+    if (files_.writeOut(file_.descriptor()) != 0) fail(FailureKind::SyncFailed, path_);
+    if (uninterrupted([&] { return files_.truncate(file_.descriptor(), after); }) != 0)
+      fail(FailureKind::WriteFailed, path_);
     syncFile(files_, file_, path_);
     if (before == 0) syncFolderOf(files_, path_);  // the file's name may be as new as its first record
   } catch (...) {
     restoreTail(tail, offset);
     throw;
   }
-  status_.size = offset + static_cast<std::int64_t>(recordLength_);
+  status_.size = after;
 }
 
+// The old length must reach the disk before the next append: a power cut then could otherwise find the new
+// length with that append's bytes half written. What a disk refuses here cannot be helped.
 void RecordFile::restoreTail(const ByteBlock& tail, std::int64_t offset) noexcept {
   if (tail.size != 0) files_.write(file_.descriptor(), tail.span(), offset);
   files_.truncate(file_.descriptor(), offset + static_cast<std::int64_t>(tail.size));
+  files_.sync(file_.descriptor());
+}
+
+ByteBlock RecordFile::readWhole(std::int64_t records) const {
+  ByteBlock block = read(1, records);
+  if (block.size == static_cast<std::size_t>(records) * recordLength_) return block;
+  throw Failure(FailureKind::ReadFailed).file(path_);
 }
 
 void RecordFile::rewrite(std::int64_t number, std::span<const std::byte> record) {
@@ -255,52 +307,74 @@ void RecordFile::remove(std::int64_t number, const std::string& temporary) {
   const bool removesOne = number >= 1 && number <= count();
   const std::int64_t remaining = count() - (removesOne ? 1 : 0);
   const auto kept = static_cast<std::size_t>(remaining) * recordLength_;
-  bool temporaryExists = false;
-  const ByteBlock surplus = surplusOf(files_, temporary, static_cast<std::int64_t>(kept), temporaryExists);
+  const Leftover leftover = leftoverIn(files_, temporary, static_cast<std::int64_t>(kept));
 
-  const ByteBlock old = read(1, count());
-  if (old.size != static_cast<std::size_t>(count()) * recordLength_)
-    throw Failure(FailureKind::ReadFailed).file(path_);
-  ByteBlock contents = ByteBlock::ofSize(kept + surplus.size);
+  const ByteBlock old = readWhole(count());
+  ByteBlock contents = ByteBlock::ofSize(kept + leftover.surplus.size);
   const std::size_t ahead = removesOne ? static_cast<std::size_t>(number - 1) * recordLength_ : kept;
   const std::size_t gap = removesOne ? recordLength_ : 0;
   std::copy_n(old.data.get(), ahead, contents.data.get());
   std::copy_n(old.data.get() + ahead + gap, kept - ahead, contents.data.get() + ahead);
-  std::copy_n(surplus.data.get(), surplus.size, contents.data.get() + kept);
+  std::ranges::copy(leftover.surplus.span(), contents.data.get() + kept);
+  if (leftover.size > 0) return replaceThrough(temporary, contents.span());
   replaceWith(contents.span());
-  if (temporaryExists) discardTemporary(temporary, surplus.size != 0);
-}
-
-// The surplus is in the file now; it must not be found there again by the next deletion.
-void RecordFile::discardTemporary(const std::string& temporary, bool heldSurplus) {
-  if (files_.remove(temporary) == 0 || !heldSurplus) return;
-  const OpenFile emptied(files_, openFile(files_, temporary, OpenMode::CreateEmpty));
-  if (!emptied.isOpen()) fail(FailureKind::ReplaceFailed, temporary);
+  if (leftover.size == 0) files_.remove(temporary);  // empty, it is harmless where it stays
 }
 
 void RecordFile::replaceWith(std::span<const std::byte> contents) {
   const std::string target = resolved(files_, path_);
-  writeReplacement(target, contents);
+  const std::string replacement = target + ".tmp";
+  OpenFile file = makeReplacement(replacement, contents);
+  renameOrRemove(files_, replacement, target);
+  takeOver(std::move(file), contents.size());
+  syncFolderOf(files_, target);
+}
+
+// The surplus is in the new contents, so the temporary file must go in the same step in which they take the
+// file's place: it becomes the new contents first and is then itself renamed. On another file system it
+// cannot be, and goes afterwards.
+void RecordFile::replaceThrough(const std::string& temporary, std::span<const std::byte> contents) {
+  const std::string target = resolved(files_, path_);
+  const std::string replacement = target + ".tmp";
+  OpenFile file = makeReplacement(replacement, contents);
+  const bool isNear = renamed(files_, replacement, temporary);
+  if (isNear && !renamed(files_, temporary, target)) fail(FailureKind::ReplaceFailed, target);
+  if (!isNear) renameOrRemove(files_, replacement, target);
+  takeOver(std::move(file), contents.size());
+  syncFolderOf(files_, target);
+  if (!isNear) discard(temporary);
+  if (folderOf(temporary) != folderOf(target)) syncFolderOf(files_, temporary);
+}
+
+// A temporary file on another file system must not be found again by the next deletion.
+void RecordFile::discard(const std::string& temporary) {
+  if (uninterrupted([&] { return files_.remove(temporary); }) != 0) {
+    const OpenFile file(files_, openFile(files_, temporary, OpenMode::ReadWrite));
+    if (!file.isOpen() || files_.truncate(file.descriptor(), 0) != 0)
+      fail(FailureKind::ReplaceFailed, temporary);
+  }
 }
 
 // The new file's lock is taken before it gets the name and kept until the name is on the disk: whoever
 // changes it next builds on a file that a power cut cannot take back.
-void RecordFile::writeReplacement(const std::string& target, std::span<const std::byte> contents) {
-  const std::string temporary = target + ".tmp";
-  const OpenFile file(files_, openFile(files_, temporary, OpenMode::CreateEmpty));
-  if (!file.isOpen()) fail(FailureKind::OpenFailed, temporary);
+OpenFile RecordFile::makeReplacement(const std::string& replacement, std::span<const std::byte> contents) {
+  OpenFile file = createNew(files_, replacement);
   try {
-    if (!tryLock(files_, file, temporary)) throw Failure(FailureKind::FileBusy).file(temporary);
-    writeAll(files_, file, contents, 0, temporary);
-    if (files_.setMode(file.descriptor(), status_.mode) != 0) fail(FailureKind::WriteFailed, temporary);
-    syncFile(files_, file, temporary);
-    if (uninterrupted([&] { return files_.rename(temporary, target); }) != 0)
-      fail(FailureKind::ReplaceFailed, path_);
+    if (!tryLock(files_, file, replacement)) throw Failure(FailureKind::FileBusy).file(replacement);
+    writeAll(files_, file, contents, 0, replacement);
+    if (uninterrupted([&] { return files_.setMode(file.descriptor(), status_.mode); }) != 0)
+      fail(FailureKind::WriteFailed, replacement);
+    syncFile(files_, file, replacement);
   } catch (...) {
-    files_.remove(temporary);
+    files_.remove(replacement);
     throw;
   }
-  syncFolderOf(files_, target);
+  return file;
+}
+
+void RecordFile::takeOver(OpenFile file, std::size_t size) {
+  file_ = std::move(file);
+  status_.size = static_cast<std::int64_t>(size);
 }
 
 }  // namespace tarvik::core

@@ -69,8 +69,10 @@ class RecordFile {
   /// Reads count records from number first (1-based) in one read; the caller keeps them in range.
   ByteBlock read(std::int64_t first, std::int64_t count) const;
 
-  /// Writes a record behind the last whole one and syncs. Throws Failure(FileFull) past the highest
-  /// record number, WriteFailed, SyncFailed; the file then is as it was.
+  /// Adds a record behind the last whole one. One that ends in a zero byte, as those that end in a number
+  /// do, is written in place; any other goes into a new file that replaces the old one, because no order of
+  /// writes makes it safe in place. Throws Failure(FileFull) past the highest record number, WriteFailed,
+  /// SyncFailed, ReplaceFailed; the file then is as it was.
   void append(std::span<const std::byte> record);
 
   /// Writes a record in the place of the one with that number, as a new file that replaces the old one.
@@ -84,10 +86,14 @@ class RecordFile {
   void remove(std::int64_t number, const std::string& temporary);
 
  private:
-  void replaceWith(std::span<const std::byte> contents);
-  void writeReplacement(const std::string& target, std::span<const std::byte> contents);
+  ByteBlock readWhole(std::int64_t records) const;
+  void appendInPlace(std::span<const std::byte> record);
   void restoreTail(const ByteBlock& tail, std::int64_t offset) noexcept;
-  void discardTemporary(const std::string& temporary, bool heldSurplus);
+  void replaceWith(std::span<const std::byte> contents);
+  void replaceThrough(const std::string& temporary, std::span<const std::byte> contents);
+  OpenFile makeReplacement(const std::string& replacement, std::span<const std::byte> contents);
+  void takeOver(OpenFile file, std::size_t size);
+  void discard(const std::string& temporary);
 
   FileSystem& files_;
   std::string path_;

@@ -17,6 +17,8 @@ struct Statistics {
   std::optional<std::string> datum;      ///< expected day of the next fuelling, short date form
   std::optional<std::string> km;         ///< km that can still be driven before that day
   std::optional<std::string> ftPerKm;    ///< fuel cost of a km
+
+  friend bool operator==(const Statistics&, const Statistics&) = default;
 };
 
 /// What the estimates are made from, the logbook aside.

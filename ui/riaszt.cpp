@@ -26,6 +26,13 @@ QFont fixedPitchFont(const QFont& like) {
   return font;
 }
 
+// A little smaller than the rest, so that the first heading ends before the second begins.
+QFont headingFont(const QFont& like) {
+  QFont heading = like;
+  heading.setPointSizeF(like.pointSizeF() * 0.9);
+  return heading;
+}
+
 }  // namespace
 
 riaszt::riaszt(Context& context, const QString& plate, QWidget* parent)
@@ -53,7 +60,7 @@ void riaszt::prepareList() {
   const int border = ui_->List1->frameWidth() + style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
   const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
   ui_->List1->setMinimumWidth(kLineCharacters * character + 2 * border + scrollBar);
-  ui_->lbRogzDatuma->setIndent(border);
+  for (QLabel* heading : {ui_->lbRogzDatuma, ui_->lbSzovegOszlop}) heading->setFont(headingFont(font()));
   ui_->lbRogzDatuma->setMinimumWidth(kTextColumn * character + border);
   ui_->List1->setFocus();
 }

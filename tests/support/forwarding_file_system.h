@@ -21,6 +21,7 @@ class ForwardingFileSystem : public core::FileSystem {
   }
   int truncate(int descriptor, std::int64_t length) override { return real_.truncate(descriptor, length); }
   int setMode(int descriptor, std::uint32_t mode) override { return real_.setMode(descriptor, mode); }
+  int writeOut(int descriptor) override { return real_.writeOut(descriptor); }
   int sync(int descriptor) override { return real_.sync(descriptor); }
   int rename(const std::string& from, const std::string& to) override { return real_.rename(from, to); }
   int remove(const std::string& path) override { return real_.remove(path); }

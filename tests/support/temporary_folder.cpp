@@ -42,7 +42,7 @@ bool TemporaryFolder::has(std::string_view name) const { return fs::exists(*this
 std::vector<std::string> TemporaryFolder::names() const {
   std::vector<std::string> found;
   for (const auto& entry : fs::recursive_directory_iterator(path_))
-    found.push_back(fs::relative(entry.path(), path_).string());
+    found.push_back(entry.path().lexically_relative(path_).string());
   std::sort(found.begin(), found.end());
   return found;
 }

@@ -1,0 +1,489 @@
+#include "core/entry_editing.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <limits>
+#include <random>
+
+#include "core/failure.h"
+#include "core/posix_file_system.h"
+#include "tests/core/entries.h"
+#include "tests/support/expect_failure.h"
+#include "tests/support/reference_logbook.h"
+#include "tests/support/temporary_folder.h"
+
+namespace tarvik::core {
+namespace {
+
+namespace fs = std::filesystem;
+using test::bytesOf;
+using test::expectFailure;
+using test::expectFieldFailure;
+using test::PlainEntry;
+
+constexpr std::size_t kLength = 156;
+constexpr std::int32_t k5July2013 = 41'460;
+
+// A fuelling of 5 July 2013 as it is typed; the costs are left blank.
+EntryInput typed(std::string km, std::string litres, bool full = true) {
+  EntryInput input;
+  input.kmOra = std::move(km);
+  input.tankoltLiter = std::move(litres);
+  input.megjegyzes = "Tankolás";
+  input.datum = dayOf({2013, 7, 5});
+  input.teletank = full;
+  return input;
+}
+
+// The same as it must lie in the file; litres and consumption in ten-thousandths.
+PlainEntry stored(std::int32_t km, std::int64_t litres, bool full, std::int64_t consumption = 0) {
+  PlainEntry entry;
+  entry.km = km;
+  entry.day = k5July2013;
+  entry.full = full;
+  entry.litres = litres;
+  entry.note = "Tankol\xE1s";
+  entry.consumption = consumption;
+  return entry;
+}
+
+std::string fileOf(const std::vector<PlainEntry>& entries) {
+  std::string bytes;
+  for (const PlainEntry& entry : entries) bytes += bytesOf(entry);
+  return bytes;
+}
+
+class EntryEditing : public testing::Test {
+ protected:
+  EntryEditing() { folder_.makeFolder("ABC123"); }
+
+  Ratio record(const EntryInput& input) { return recordEntry(files_, folders_, "ABC123", input); }
+  void modify(int number, const EntryInput& input, std::string_view consumption = "") {
+    modifyEntry(files_, folders_, "ABC123", number, input, consumption);
+  }
+  void remove(int number) { deleteEntry(files_, folders_, "ABC123", number); }
+  NapiAdat open(int number) { return openDeletion(files_, folders_, "ABC123", number); }
+  Logbook load(const std::string& plate = "ABC123") { return loadLogbook(files_, folders_, plate); }
+
+  void write(std::string_view contents) { folder_.write("ABC123/napiadat.dat", contents); }
+  void write(const std::vector<PlainEntry>& entries) { write(fileOf(entries)); }
+  std::string file() const { return folder_.read("ABC123/napiadat.dat"); }
+  std::int64_t recordedConsumption(const EntryInput& input) {
+    record(input);
+    const Logbook logbook = load();
+    return logbook.record(logbook.count()).Fogyasztas.tenThousandths;
+  }
+
+  test::TemporaryFolder folder_;
+  test::TemporaryFolder current_;
+  PosixFileSystem files_;
+  DataFolders folders_{folder_.path(), current_.path()};
+};
+
+using Names = std::vector<std::string>;
+
+// Loading.
+
+TEST_F(EntryEditing, MissingLogbookIsEmptyAndCreated) {
+  EXPECT_EQ(load().count(), 0);
+  EXPECT_EQ(file(), "");
+}
+
+TEST_F(EntryEditing, PlateWithSpacesAroundItIsTheSameVehicle) {
+  write({stored(10'000, 400'000, true)});
+  EXPECT_EQ(load("  ABC123    ").count(), 1);
+  recordEntry(files_, folders_, " ABC123 ", typed("10100", "1"));
+  EXPECT_EQ(load().count(), 2);
+}
+
+TEST_F(EntryEditing, MissingVehicleFolderLoadsAsAnEmptyLogbookAndIsNotCreated) {
+  EXPECT_EQ(load("XYZ999").count(), 0);
+  EXPECT_FALSE(folder_.has("XYZ999"));
+}
+
+TEST_F(EntryEditing, PlateThatNamesNoFolderLoadsEmptyAndCreatesNothing) {
+  for (const char* plate : {"", "   ", ".", "..", "a/b", "../ABC123", "a\\b"})
+    EXPECT_EQ(load(plate).count(), 0) << plate;
+  EXPECT_EQ(folder_.names(), Names{"ABC123"});
+  EXPECT_EQ(current_.names(), Names{});
+}
+
+TEST_F(EntryEditing, PlateThatNamesNoFolderIsRefusedByEveryChange) {
+  for (const char* plate : {"", "..", "a/b", "a\\b"}) {
+    expectFailure(FailureKind::PlateUnusable, [&] { recordEntry(files_, folders_, plate, typed("1", "1")); });
+    expectFailure(FailureKind::PlateUnusable,
+                  [&] { modifyEntry(files_, folders_, plate, 1, typed("1", "1"), ""); });
+    expectFailure(FailureKind::PlateUnusable, [&] { openDeletion(files_, folders_, plate, 1); });
+    expectFailure(FailureKind::PlateUnusable, [&] { deleteEntry(files_, folders_, plate, 1); });
+  }
+  EXPECT_EQ(folder_.names(), Names{"ABC123"});
+}
+
+TEST_F(EntryEditing, LongAndForeignPlatesAreFoldersLikeAnyOther) {
+  for (const std::string& plate : {std::string(40, 'A'), std::string("日本語"), std::string("ŐŰ-123")}) {
+    EXPECT_EQ(load(plate).count(), 0);
+    folder_.makeFolder(plate);
+    recordEntry(files_, folders_, plate, typed("10000", "40"));
+    EXPECT_EQ(load(plate).count(), 1);
+  }
+}
+
+TEST_F(EntryEditing, PlateTooLongForAFolderSaysSo) {
+  const std::string plate(300, 'A');
+  expectFailure(FailureKind::OpenFailed, [&] { load(plate); });
+  expectFailure(FailureKind::OpenFailed, [&] { recordEntry(files_, folders_, plate, typed("1", "1")); });
+}
+
+TEST_F(EntryEditing, MissingVehicleFolderIsToldByEveryChangeAndNotCreated) {
+  fs::remove_all(folder_ / "ABC123");
+  expectFailure(FailureKind::FolderMissing, [&] { record(typed("10000", "40")); });
+  expectFailure(FailureKind::FolderMissing, [&] { modify(1, typed("10000", "40")); });
+  expectFailure(FailureKind::FolderMissing, [&] { open(1); });
+  expectFailure(FailureKind::FolderMissing, [&] { remove(1); });
+  EXPECT_EQ(folder_.names(), Names{});
+}
+
+// Recording.
+
+TEST_F(EntryEditing, FirstEntryIsRecordedToTheByte) {
+  EntryInput input = typed("10000", "40,5");
+  input.tankoltKtg = "16200";
+  input.ftPerLiter = "400,00";
+  input.alkatresz = "Olajszűrő";
+  input.alkatreszKtg = "2500";
+  input.megjKtg = "-100";
+  input.olajcsere = input.gyertyacsere = true;
+  const Ratio distance = record(input);
+
+  PlainEntry expected = stored(10'000, 405'000, true);
+  expected.fuelCost = 16'200;
+  expected.price = 4'000'000;
+  expected.part = "Olajsz\xFBr\xF5";
+  expected.partCost = 2'500;
+  expected.noteCost = -100;
+  expected.oil = expected.plugs = true;
+  EXPECT_EQ(file(), bytesOf(expected));
+  EXPECT_EQ(distance, Ratio(0));
+  EXPECT_EQ(folder_.names(), (Names{"ABC123", "ABC123/napiadat.dat"}));
+}
+
+TEST_F(EntryEditing, SecondEntryHasNoConsumptionThoughTheFirstWasAFullFill) {
+  record(typed("10000", "40"));
+  EXPECT_EQ(record(typed("10500", "35")), Ratio(0));
+  EXPECT_EQ(file(), fileOf({stored(10'000, 400'000, true), stored(10'500, 350'000, true)}));
+}
+
+TEST_F(EntryEditing, ConsumptionCountsAllFuelSinceTheLastFullFill) {
+  write({stored(9'000, 300'000, true), stored(10'000, 400'000, true), stored(10'300, 200'000, false)});
+  EXPECT_EQ(record(typed("10500", "15")), Ratio(500));
+  EXPECT_EQ(file(), fileOf({stored(9'000, 300'000, true), stored(10'000, 400'000, true),
+                            stored(10'300, 200'000, false), stored(10'500, 150'000, true, 70'000)}));
+}
+
+TEST_F(EntryEditing, EntryThatIsNoFullFillCarriesAConsumptionToo) {
+  write({stored(9'000, 300'000, true), stored(10'000, 400'000, true)});
+  EXPECT_EQ(recordedConsumption(typed("10500", "35", false)), 70'000);
+}
+
+TEST_F(EntryEditing, EntryWithoutFuelCarriesTheConsumptionOfTheFuelBefore) {
+  write({stored(9'000, 300'000, true), stored(10'000, 400'000, true), stored(10'300, 350'000, false)});
+  EXPECT_EQ(recordedConsumption(typed("10500", "")), 70'000);
+}
+
+TEST_F(EntryEditing, BlankLitresAreStoredAsZeroAndNeverAsAFullFill) {
+  record(typed("10000", "  "));
+  EXPECT_EQ(file(), bytesOf(stored(10'000, 0, false)));
+}
+
+TEST_F(EntryEditing, LitresBelowOneAreNeverAFullFillBecauseTheCommaEndsThePlainNumber) {
+  record(typed("10000", "0,5"));
+  record(typed("10001", ",5"));
+  record(typed("10002", "1,5"));
+  EXPECT_EQ(file(), fileOf({stored(10'000, 5'000, false), stored(10'001, 5'000, false),
+                            stored(10'002, 15'000, true)}));
+}
+
+TEST_F(EntryEditing, FullFillWithoutLitresIsSkippedAndAddsNothing) {
+  write({stored(9'000, 300'000, true), stored(10'000, 400'000, true), stored(10'200, 0, true)});
+  EXPECT_EQ(record(typed("10500", "35")), Ratio(500));
+}
+
+TEST_F(EntryEditing, SearchNeverReadsEntryOne) {
+  write({stored(9'000, 300'000, true), stored(10'000, 400'000, false), stored(10'200, 100'000, false)});
+  EXPECT_EQ(record(typed("10500", "35")), Ratio(0));
+  EXPECT_EQ(load().record(4).Fogyasztas, Amount{});
+}
+
+TEST_F(EntryEditing, SearchGoesBackAsFarAsItMust) {
+  std::vector<PlainEntry> entries{stored(9'000, 300'000, true), stored(10'000, 400'000, true)};
+  for (int i = 1; i <= 200; ++i) entries.push_back(stored(10'000 + i, 10'000, false));  // 1 litre each
+  write(entries);
+  EXPECT_EQ(record(typed("11000", "50")), Ratio(1'000));
+  EXPECT_EQ(load().record(203).Fogyasztas.tenThousandths, 250'000);  // (200 + 50) / 10
+}
+
+TEST_F(EntryEditing, ConsumptionRoundsHalvesAwayFromZeroToTwoDecimals) {
+  write({stored(9'000, 300'000, true), stored(10'000, 400'000, true)});
+  EXPECT_EQ(recordedConsumption(typed("11000", "75,05")), 75'100);  // 7.505
+}
+
+TEST_F(EntryEditing, ConsumptionBelowOneIsStoredAsNone) {
+  write({stored(9'000, 300'000, true), stored(10'000, 400'000, true)});
+  EXPECT_EQ(record(typed("20000", "50")), Ratio(10'000));
+  EXPECT_EQ(load().record(3).Fogyasztas, Amount{});  // shown as ",50"
+}
+
+TEST_F(EntryEditing, ReadingBelowTheFullFillGivesANegativeConsumption) {
+  write({stored(9'000, 300'000, true), stored(10'000, 400'000, true)});
+  EXPECT_EQ(record(typed("9500", "35")), Ratio(-500));
+  EXPECT_EQ(load().record(3).Fogyasztas.tenThousandths, -70'000);
+}
+
+TEST_F(EntryEditing, FractionOfAReadingCountsInTheDistance) {
+  write({stored(9'000, 300'000, true), stored(10'000, 400'000, true)});
+  EXPECT_EQ(record(typed("10500,5", "35")), Ratio(1'001, 2));
+  EXPECT_EQ(load().record(3).KmOra, 10'500);
+}
+
+TEST_F(EntryEditing, ReadingOfTheLastFullFillRecordsNothing) {
+  write({stored(9'000, 300'000, true), stored(10'000, 400'000, true)});
+  const std::string before = file();
+  expectFieldFailure(FailureKind::DivisionByZero, "txKmOra", [&] { record(typed("10000", "35")); });
+  EXPECT_EQ(file(), before);
+  record(typed("10001", "35"));
+  EXPECT_EQ(load().count(), 3);
+}
+
+TEST_F(EntryEditing, FigureThatDoesNotFitRecordsNothing) {
+  write({stored(9'000, 300'000, true)});
+  const std::string before = file();
+  expectFieldFailure(FailureKind::OutOfRange, "txKmOra", [&] { record(typed("3000000000", "35")); });
+  expectFieldFailure(FailureKind::OutOfRange, "txTankoltLiter",
+                     [&] { record(typed("10000", "1000000000000000")); });
+  expectFieldFailure(FailureKind::NotANumber, "txTankoltLiter", [&] { record(typed("10000", "abc")); });
+  EXPECT_EQ(file(), before);
+}
+
+TEST_F(EntryEditing, EntriesBeyond32767AreRefused) {
+  std::string full;
+  for (int i = 0; i < 32'766; ++i) full += std::string(kLength, '\0');
+  write(full);
+  record(typed("10000", "40"));
+  EXPECT_EQ(file().size(), 32'767 * kLength);
+  expectFailure(FailureKind::FileFull, [&] { record(typed("10500", "40")); });
+  EXPECT_EQ(file().size(), 32'767 * kLength);
+}
+
+TEST_F(EntryEditing, PartialTailIsOverwritten) {
+  write(bytesOf(stored(10'000, 400'000, true)) + std::string(100, 'x'));
+  record(typed("10500", "35"));
+  EXPECT_EQ(file(), fileOf({stored(10'000, 400'000, true), stored(10'500, 350'000, true)}));
+}
+
+TEST_F(EntryEditing, LeapDayIsRecorded) {
+  EntryInput input = typed("10000", "40");
+  input.datum = dayOf({2024, 2, 29});
+  record(input);
+  PlainEntry expected = stored(10'000, 400'000, true);
+  expected.day = 45'351;
+  EXPECT_EQ(file(), bytesOf(expected));
+}
+
+TEST_F(EntryEditing, TextsAreCutToFiftyCharactersOfTheCodePage) {
+  EntryInput input = typed("10000", "40");
+  for (int i = 0; i < 200; ++i) input.megjegyzes += "ű";  // behind "Tankolás", 408 characters
+  input.alkatresz = "日" + std::string(49, 'a') + "b";
+  record(input);
+  PlainEntry expected = stored(10'000, 400'000, true);
+  expected.note = "Tankol\xE1s" + std::string(42, '\xFB');
+  expected.part = "?" + std::string(49, 'a');
+  EXPECT_EQ(file(), bytesOf(expected));
+}
+
+TEST(FullFillSearch, LeavesDamagedFlagsOutOfTheFullFills) {
+  std::vector<NapiAdat> entries{test::fuelling({2013, 1, 1}, 9'000, 100'000, true),
+                                test::fuelling({2013, 1, 2}, 10'000, 100'000, true),
+                                test::fuelling({2013, 1, 3}, 10'100, 100'000, true)};
+  entries[2].Teletank = 1;
+  const auto entry = [&](int number) { return entries[static_cast<std::size_t>(number - 1)]; };
+  const FullFillSearch found = searchFullFill(4, 10, 10'500, entry);
+  EXPECT_EQ(found.distance, Ratio(500));
+  EXPECT_EQ(found.consumption, "4,00");  // 10 + 10 litres on 500 km
+}
+
+TEST(FullFillSearch, OfTheFirstTwoEntriesReadsNothing) {
+  const auto never = [](int) -> NapiAdat {
+    ADD_FAILURE() << "an entry was read";
+    return {};
+  };
+  EXPECT_EQ(searchFullFill(1, 40, 10'000, never).consumption, "");
+  EXPECT_EQ(searchFullFill(2, 40, 10'000, never).distance, Ratio(0));
+}
+
+// Modifying.
+
+TEST_F(EntryEditing, ModifyingOverwritesOneEntryAndTakesTheShownConsumption) {
+  write({stored(9'000, 300'000, true), stored(10'000, 400'000, true), stored(10'500, 350'000, true, 70'000)});
+  modify(2, typed("10100", "41,25", false), "6,54");
+  EXPECT_EQ(file(), fileOf({stored(9'000, 300'000, true), stored(10'100, 412'500, false, 65'400),
+                            stored(10'500, 350'000, true, 70'000)}));
+  EXPECT_EQ(folder_.names(), (Names{"ABC123", "ABC123/napiadat.dat"}));
+}
+
+TEST_F(EntryEditing, ModifyingWithoutAShownFigureStoresNoConsumption) {
+  for (const char* shown : {"", "Nem volt teletankolva!", "Nem volt tankolás!", ",75"}) {
+    write({stored(10'000, 400'000, true, 70'000)});
+    modify(1, typed("10000", "40"), shown);
+    EXPECT_EQ(file(), bytesOf(stored(10'000, 400'000, true))) << shown;
+  }
+}
+
+TEST_F(EntryEditing, ModifyingGivesBlankFieldsTheirDefaultsAndKeepsTheFullTankFlag) {
+  write({stored(10'000, 400'000, true)});
+  modify(1, typed("10000", ""));
+  EXPECT_EQ(file(), bytesOf(stored(10'000, 0, true)));
+}
+
+TEST_F(EntryEditing, ModifyingAnEntryThatIsNotThereChangesNothing) {
+  write({stored(10'000, 400'000, true)});
+  const std::string before = file();
+  for (const int number : {0, 2, -1, 32'767})
+    expectFailure(FailureKind::RecordMissing, [&] { modify(number, typed("1", "1")); });
+  EXPECT_EQ(file(), before);
+}
+
+TEST_F(EntryEditing, ModifyingWithAFigureThatDoesNotFitChangesNothing) {
+  write({stored(10'000, 400'000, true)});
+  const std::string before = file();
+  expectFieldFailure(FailureKind::OutOfRange, "txKmOra", [&] { modify(1, typed("3000000000", "1")); });
+  expectFieldFailure(FailureKind::NotANumber, "txKmOra", [&] { modify(1, typed("", "1")); });
+  EXPECT_EQ(file(), before);
+}
+
+// Deleting.
+
+std::vector<PlainEntry> fiveEntries() {
+  std::vector<PlainEntry> entries;
+  for (int i = 1; i <= 5; ++i) entries.push_back(stored(10'000 * i, 400'000, true));
+  return entries;
+}
+
+TEST_F(EntryEditing, DeletingMovesLaterEntriesUp) {
+  std::vector<PlainEntry> entries = fiveEntries();
+  write(entries);
+  EXPECT_EQ(open(3).KmOra, 30'000);
+  remove(3);
+  entries.erase(entries.begin() + 2);
+  EXPECT_EQ(file(), fileOf(entries));
+  EXPECT_EQ(folder_.names(), (Names{"ABC123", "ABC123/napiadat.dat"}));
+}
+
+TEST_F(EntryEditing, DecliningLeavesTheLogbookAndAnEmptyTemporaryFile) {
+  write(fiveEntries());
+  open(3);
+  EXPECT_EQ(file(), fileOf(fiveEntries()));
+  EXPECT_EQ(folder_.read("ABC123/napiadatx.dat"), "");
+}
+
+TEST_F(EntryEditing, OpeningADeletionLeavesWhatTheTemporaryFileHolds) {
+  write(fiveEntries());
+  folder_.write("ABC123/napiadatx.dat", "left over");
+  open(3);
+  EXPECT_EQ(folder_.read("ABC123/napiadatx.dat"), "left over");
+}
+
+TEST_F(EntryEditing, SurplusOfTheTemporaryFileBecomesPartOfTheLogbook) {
+  write(fiveEntries());
+  std::vector<PlainEntry> leftOver(6, stored(7, 70'000, false));
+  folder_.write("ABC123/napiadatx.dat", fileOf(leftOver));
+  remove(5);
+  std::vector<PlainEntry> expected = fiveEntries();
+  expected.pop_back();
+  expected.insert(expected.end(), 2, stored(7, 70'000, false));
+  EXPECT_EQ(file(), fileOf(expected));
+  EXPECT_FALSE(folder_.has("ABC123/napiadatx.dat"));
+}
+
+TEST_F(EntryEditing, DeletingTheOnlyEntryLeavesAnEmptyFile) {
+  write({stored(10'000, 400'000, true)});
+  remove(1);
+  EXPECT_EQ(file(), "");
+}
+
+TEST_F(EntryEditing, EntryThatIsNotThereIsShownAsZeroesAndDeletingItRemovesNothing) {
+  write(fiveEntries());
+  EXPECT_EQ(open(6), NapiAdat{});
+  remove(6);
+  EXPECT_EQ(file(), fileOf(fiveEntries()));
+}
+
+// Files in a bad state.
+
+TEST_F(EntryEditing, ReadOnlyLogbookIsListedAndRefusesEveryChange) {
+  write(fiveEntries());
+  ASSERT_EQ(::chmod((folder_ / "ABC123/napiadat.dat").c_str(), 0444), 0);
+  EXPECT_EQ(load().count(), 5);
+  expectFailure(FailureKind::OpenFailed, [&] { record(typed("60000", "40")); });
+  expectFailure(FailureKind::OpenFailed, [&] { modify(1, typed("60000", "40")); });
+  expectFailure(FailureKind::OpenFailed, [&] { remove(1); });
+  EXPECT_EQ(file(), fileOf(fiveEntries()));
+}
+
+TEST_F(EntryEditing, LogbookThatIsAFolderIsTold) {
+  folder_.makeFolder("ABC123/napiadat.dat");
+  expectFailure(FailureKind::OpenFailed, [&] { load(); });
+  expectFailure(FailureKind::OpenFailed, [&] { record(typed("10000", "40")); });
+  expectFailure(FailureKind::OpenFailed, [&] { modify(1, typed("10000", "40")); });
+  expectFailure(FailureKind::OpenFailed, [&] { open(1); });
+  expectFailure(FailureKind::OpenFailed, [&] { remove(1); });
+  EXPECT_EQ(folder_.names(), (Names{"ABC123", "ABC123/napiadat.dat"}));
+}
+
+TEST_F(EntryEditing, RandomBytesSurviveEveryEditWithoutACrash) {
+  std::mt19937 random(156);
+  for (int round = 0; round < 30; ++round) {
+    std::string bytes(random() % (6 * kLength), '\0');
+    std::ranges::generate(bytes, [&] { return static_cast<char>(random()); });
+    write(bytes);
+    const auto whole = bytes.size() / kLength;
+    const std::string records = bytes.substr(0, whole * kLength);
+    record(typed("10000", "40"));
+    EXPECT_EQ(file().substr(0, records.size()), records);
+    EXPECT_EQ(file().size(), records.size() + kLength);
+    remove(static_cast<int>(whole) + 1);
+    EXPECT_EQ(file(), records);
+    for (int number = 1; number <= static_cast<int>(whole); ++number) toInput(open(number));
+  }
+}
+
+// The whole real log.
+
+TEST_F(EntryEditing, RealLogIsRecordedToTheByte) {
+  const auto fillUps = test::readFuelLog(TARVIK_TEST_DATA "/fuel_log_estate.csv");
+  ASSERT_EQ(fillUps.size(), 78u);
+  for (const test::FillUp& fill : fillUps) {
+    EntryInput input = typed(std::to_string(fill.km), fill.litres, fill.full);
+    std::ranges::replace(input.tankoltLiter, '.', ',');
+    input.tankoltKtg = std::to_string(fill.costFt);
+    input.ftPerLiter = pricePerLitre(input.tankoltKtg, input.tankoltLiter).value();
+    input.datum = dayOf({fill.date.year, fill.date.month, fill.date.day});
+    record(input);
+  }
+  EXPECT_EQ(file(), test::referenceLogbook(fillUps));
+
+  const Logbook logbook = load();
+  const auto consumption = [&](int number) { return logbook.record(number).Fogyasztas.tenThousandths; };
+  EXPECT_EQ(consumption(2), 0);                                       // entry 1 is never the reference
+  EXPECT_EQ(consumption(3), 54'800);                                  // 46.4 litres on 846 km: 5.485
+  EXPECT_EQ(logbook.record(3).FtPerLiter.tenThousandths, 4'831'900);  // 22,420 Ft for 46.4 litres
+  EXPECT_EQ(consumption(52), 0);       // 48.96 litres on 19,636 km, after two years: below 1
+  EXPECT_EQ(consumption(55), 10'100);  // 10 litres on 987 km, not full: 1.013
+  EXPECT_EQ(consumption(56), 51'400);  // those and 53.67 on 1,238 km: 5.143
+  EXPECT_EQ(consumption(71), 57'100);  // two on one day, 9.65 and 15.57 litres on 442 km: 5.706
+}
+
+}  // namespace
+}  // namespace tarvik::core

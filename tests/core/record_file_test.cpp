@@ -1,0 +1,417 @@
+#include "core/record_file.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <functional>
+
+#include "tests/support/expect_failure.h"
+#include "tests/support/forwarding_file_system.h"
+#include "tests/support/temporary_folder.h"
+
+namespace tarvik::core {
+namespace {
+
+namespace fs = std::filesystem;
+using test::expectFailure;
+
+constexpr std::size_t kLength = 4;
+
+std::span<const std::byte> bytes(std::string_view text) {
+  return std::as_bytes(std::span(text.data(), text.size()));
+}
+
+std::string text(const ByteBlock& block) {
+  return {reinterpret_cast<const char*>(block.data.get()), block.size};
+}
+
+// Records of four characters in one file, its deletion's temporary file beside it.
+class RecordFileTest : public testing::Test {
+ protected:
+  RecordFile opened() { return RecordFile(files_, path_, kLength); }
+  void append(std::string_view record) { opened().append(bytes(record)); }
+  void rewrite(std::int64_t number, std::string_view record) { opened().rewrite(number, bytes(record)); }
+  void remove(std::int64_t number) { opened().remove(number, temporary_); }
+  std::string loaded() { return text(readRecords(files_, path_, kLength)); }
+  void write(std::string_view contents) { folder_.write("data.dat", contents); }
+  std::string stored() const { return folder_.read("data.dat"); }
+  void setMode(mode_t mode) const { ASSERT_EQ(::chmod(path_.c_str(), mode), 0); }
+  mode_t mode() const {
+    struct stat status {};
+    EXPECT_EQ(::stat(path_.c_str(), &status), 0);
+    return status.st_mode & 0777;
+  }
+
+  test::TemporaryFolder folder_;
+  PosixFileSystem files_;
+  std::string path_ = folder_ / "data.dat";
+  std::string temporary_ = folder_ / "datax.dat";
+};
+
+using Names = std::vector<std::string>;
+
+// Reading.
+
+TEST_F(RecordFileTest, MissingFileHasNoRecordsAndIsCreatedEmptyByTheFirstRead) {
+  EXPECT_EQ(loaded(), "");
+  EXPECT_EQ(folder_.names(), Names{"data.dat"});
+  EXPECT_EQ(stored(), "");
+}
+
+TEST_F(RecordFileTest, MissingFileIsCreatedEmptyWhenItIsOpenedToBeChanged) {
+  EXPECT_EQ(opened().count(), 0);
+  EXPECT_EQ(stored(), "");
+}
+
+TEST_F(RecordFileTest, ReadsTheRecordsAsTheyLie) {
+  write("AAAABBBBCCCC");
+  EXPECT_EQ(loaded(), "AAAABBBBCCCC");
+  EXPECT_EQ(opened().count(), 3);
+  EXPECT_EQ(text(opened().read(2, 2)), "BBBBCCCC");
+}
+
+TEST_F(RecordFileTest, PartialRecordAtTheEndDoesNotCount) {
+  write("AAAABBBBCC");
+  EXPECT_EQ(loaded(), "AAAABBBB");
+  EXPECT_EQ(opened().count(), 2);
+}
+
+TEST_F(RecordFileTest, ReadingChangesNothing) {
+  write("AAAABB");
+  setMode(0444);
+  EXPECT_EQ(loaded(), "AAAA");
+  EXPECT_EQ(stored(), "AAAABB");
+  EXPECT_EQ(mode(), 0444u);
+}
+
+TEST_F(RecordFileTest, AFileOf100MegabytesReadsItsFirst32767Records) {
+  write("AAAA");
+  fs::resize_file(path_, 100'000'000);
+  const std::string records = loaded();
+  EXPECT_EQ(records.size(), 32'767u * kLength);
+  EXPECT_EQ(records.substr(0, 5), std::string("AAAA\0", 5));
+}
+
+TEST_F(RecordFileTest, ReadsTheWholeFileInOneRead) {
+  struct CountingFileSystem : test::ForwardingFileSystem {
+    int reads = 0;
+    std::int64_t read(int descriptor, std::span<std::byte> buffer, std::int64_t offset) override {
+      ++reads;
+      return ForwardingFileSystem::read(descriptor, buffer, offset);
+    }
+  } counting;
+  write(std::string(32'767 * kLength, 'x'));
+  EXPECT_EQ(readRecords(counting, path_, kLength).size, 32'767u * kLength);
+  EXPECT_EQ(counting.reads, 1);
+}
+
+TEST_F(RecordFileTest, MissingFolderIsToldAndNotCreated) {
+  const std::string inside = folder_ / "gone/data.dat";
+  expectFailure(FailureKind::FolderMissing, [&] { readRecords(files_, inside, kLength); });
+  expectFailure(FailureKind::FolderMissing, [&] { RecordFile(files_, inside, kLength); });
+  expectFailure(FailureKind::FolderMissing, [&] { createIfMissing(files_, inside); });
+  EXPECT_EQ(folder_.names(), Names{});
+}
+
+TEST_F(RecordFileTest, AFileInTheFoldersPlaceCountsAsAMissingFolder) {
+  folder_.write("plain", "");
+  const std::string inside = folder_ / "plain/data.dat";
+  expectFailure(FailureKind::FolderMissing, [&] { readRecords(files_, inside, kLength); });
+  expectFailure(FailureKind::FolderMissing, [&] { RecordFile(files_, inside, kLength); });
+}
+
+TEST_F(RecordFileTest, AFolderInTheFilesPlaceCannotBeOpened) {
+  folder_.makeFolder("data.dat");
+  expectFailure(FailureKind::OpenFailed, [&] { loaded(); });
+  expectFailure(FailureKind::OpenFailed, [&] { opened(); });
+  expectFailure(FailureKind::OpenFailed, [&] { createIfMissing(files_, path_); });
+  EXPECT_EQ(folder_.names(), Names{"data.dat"});
+}
+
+TEST_F(RecordFileTest, FailureNamesTheFile) {
+  folder_.makeFolder("data.dat");
+  try {
+    loaded();
+    FAIL();
+  } catch (const Failure& failure) {
+    EXPECT_EQ(failure.file(), path_);
+    EXPECT_EQ(failure.systemError(), EISDIR);
+  }
+}
+
+TEST_F(RecordFileTest, CreateIfMissingLeavesAnExistingFileAlone) {
+  write("AAAAB");
+  createIfMissing(files_, path_);
+  EXPECT_EQ(stored(), "AAAAB");
+}
+
+// Appending.
+
+TEST_F(RecordFileTest, AppendsBehindTheLastRecord) {
+  append("AAAA");
+  append("BBBB");
+  EXPECT_EQ(stored(), "AAAABBBB");
+  EXPECT_EQ(folder_.names(), Names{"data.dat"});
+}
+
+TEST_F(RecordFileTest, AppendsTwiceWhileOpen) {
+  RecordFile file = opened();
+  file.append(bytes("AAAA"));
+  file.append(bytes("BBBB"));
+  EXPECT_EQ(file.count(), 2);
+  EXPECT_EQ(stored(), "AAAABBBB");
+}
+
+TEST_F(RecordFileTest, AppendOverwritesAPartialTail) {
+  write("AAAABBBBCC");
+  append("DDDD");
+  EXPECT_EQ(stored(), "AAAABBBBDDDD");
+}
+
+TEST_F(RecordFileTest, Holds32767RecordsAndNotOneMore) {
+  write(std::string(32'766 * kLength, 'x'));
+  append("AAAA");
+  const std::string full = stored();
+  EXPECT_EQ(full.size(), 32'767u * kLength);
+  expectFailure(FailureKind::FileFull, [&] { append("BBBB"); });
+  EXPECT_EQ(stored(), full);
+}
+
+// Rewriting.
+
+TEST_F(RecordFileTest, RewritesARecordInItsPlace) {
+  write("AAAABBBBCCCC");
+  rewrite(2, "XXXX");
+  EXPECT_EQ(stored(), "AAAAXXXXCCCC");
+  rewrite(1, "YYYY");
+  rewrite(3, "ZZZZ");
+  EXPECT_EQ(stored(), "YYYYXXXXZZZZ");
+  EXPECT_EQ(folder_.names(), Names{"data.dat"});
+}
+
+TEST_F(RecordFileTest, RewriteKeepsAPartialTail) {
+  write("AAAABBBBCC");
+  rewrite(2, "XXXX");
+  EXPECT_EQ(stored(), "AAAAXXXXCC");
+}
+
+TEST_F(RecordFileTest, RewritesNoRecordThatTheFileDoesNotHave) {
+  write("AAAABBBBCC");
+  for (const std::int64_t number : {std::int64_t{0}, std::int64_t{-1}, std::int64_t{3}, INT64_MAX, INT64_MIN})
+    expectFailure(FailureKind::RecordMissing, [&] { rewrite(number, "XXXX"); });
+  EXPECT_EQ(stored(), "AAAABBBBCC");
+}
+
+// Deleting.
+
+TEST_F(RecordFileTest, DeletionClosesTheGap) {
+  write("AAAABBBBCCCCDDDDEEEE");
+  remove(3);
+  EXPECT_EQ(stored(), "AAAABBBBDDDDEEEE");
+  remove(1);
+  EXPECT_EQ(stored(), "BBBBDDDDEEEE");
+  remove(3);
+  EXPECT_EQ(stored(), "BBBBDDDD");
+  EXPECT_EQ(folder_.names(), Names{"data.dat"});
+}
+
+TEST_F(RecordFileTest, DeletingTheOnlyRecordLeavesAnEmptyFile) {
+  write("AAAA");
+  remove(1);
+  EXPECT_EQ(stored(), "");
+}
+
+TEST_F(RecordFileTest, DeletionTakesTheEmptyTemporaryFileAway) {
+  write("AAAABBBB");
+  folder_.write("datax.dat", "");
+  remove(1);
+  EXPECT_EQ(stored(), "BBBB");
+  EXPECT_EQ(folder_.names(), Names{"data.dat"});
+}
+
+TEST_F(RecordFileTest, SurplusInTheTemporaryFileBecomesPartOfTheFile) {
+  write("AAAABBBBCCCC");
+  folder_.write("datax.dat", "11112222333344445");
+  remove(2);
+  EXPECT_EQ(stored(), "AAAACCCC333344445");
+  EXPECT_EQ(folder_.names(), Names{"data.dat"});
+}
+
+TEST_F(RecordFileTest, TemporaryFileWithoutSurplusIsWrittenOver) {
+  write("AAAABBBBCCCC");
+  folder_.write("datax.dat", "11112222");
+  remove(3);
+  EXPECT_EQ(stored(), "AAAABBBB");
+}
+
+TEST_F(RecordFileTest, DeletionDropsAPartialTail) {
+  write("AAAABBBBCC");
+  remove(1);
+  EXPECT_EQ(stored(), "BBBB");
+}
+
+TEST_F(RecordFileTest, DeletionOfARecordThatIsNotThereRemovesNothing) {
+  write("AAAABBBB");
+  for (const std::int64_t number : {std::int64_t{0}, std::int64_t{-1}, std::int64_t{3}, INT64_MAX, INT64_MIN})
+    remove(number);
+  EXPECT_EQ(stored(), "AAAABBBB");
+}
+
+TEST_F(RecordFileTest, AFolderInTheTemporaryFilesPlaceStopsTheDeletion) {
+  write("AAAABBBB");
+  folder_.makeFolder("datax.dat");
+  expectFailure(FailureKind::OpenFailed, [&] { remove(1); });
+  EXPECT_EQ(stored(), "AAAABBBB");
+}
+
+TEST_F(RecordFileTest, DeletionFromAFileOf100MegabytesLosesNoOtherRecord) {
+  write("AAAABBBBCCCC");
+  fs::resize_file(path_, 100'000'000);
+  remove(2);
+  EXPECT_EQ(fs::file_size(path_), 100'000'000u - kLength);
+  EXPECT_EQ(loaded().substr(0, 9), std::string("AAAACCCC\0", 9));
+}
+
+// What a replaced file keeps.
+
+TEST_F(RecordFileTest, SymbolicLinkIsFollowedAndStays) {
+  folder_.makeFolder("elsewhere");
+  folder_.write("elsewhere/real.dat", "AAAABBBB");
+  fs::create_symlink("elsewhere/real.dat", path_);
+  rewrite(1, "XXXX");
+  remove(2);
+  append("CCCC");
+  EXPECT_TRUE(fs::is_symlink(path_));
+  EXPECT_FALSE(fs::is_symlink(folder_ / "elsewhere/real.dat"));
+  EXPECT_EQ(folder_.read("elsewhere/real.dat"), "XXXXCCCC");
+  EXPECT_EQ(folder_.names(), (Names{"data.dat", "elsewhere", "elsewhere/real.dat"}));
+}
+
+TEST_F(RecordFileTest, PermissionBitsAreKept) {
+  for (const mode_t kept : {0600u, 0664u, 0640u, 0200u}) {
+    write("AAAABBBB");
+    setMode(kept);
+    if (::geteuid() != 0 && kept == 0200u) continue;  // only root opens a file that it may not read
+    rewrite(1, "XXXX");
+    EXPECT_EQ(mode(), kept);
+    remove(2);
+    EXPECT_EQ(mode(), kept);
+    append("CCCC");
+    EXPECT_EQ(mode(), kept);
+    setMode(0600);
+  }
+}
+
+TEST_F(RecordFileTest, ReadOnlyFileIsRefusedWhoeverAsks) {
+  write("AAAABBBB");
+  setMode(0444);
+  expectFailure(FailureKind::OpenFailed, [&] { append("XXXX"); });
+  expectFailure(FailureKind::OpenFailed, [&] { rewrite(1, "XXXX"); });
+  expectFailure(FailureKind::OpenFailed, [&] { remove(1); });
+  EXPECT_EQ(stored(), "AAAABBBB");
+  EXPECT_EQ(folder_.names(), Names{"data.dat"});
+}
+
+TEST_F(RecordFileTest, LeftoverOfAnInterruptedReplacementIsOverwritten) {
+  write("AAAABBBB");
+  folder_.write("data.dat.tmp", "half of something longer than the file");
+  rewrite(2, "XXXX");
+  EXPECT_EQ(stored(), "AAAAXXXX");
+  EXPECT_EQ(folder_.names(), Names{"data.dat"});
+}
+
+TEST_F(RecordFileTest, ALinkInThePlaceOfTheReplacementIsNotFollowed) {
+  write("AAAABBBB");
+  folder_.write("precious", "do not empty");
+  fs::create_symlink("precious", folder_ / "data.dat.tmp");
+  expectFailure(FailureKind::OpenFailed, [&] { rewrite(2, "XXXX"); });
+  EXPECT_EQ(stored(), "AAAABBBB");
+  EXPECT_EQ(folder_.read("precious"), "do not empty");
+}
+
+// Two programs on one folder.
+
+struct PausingFileSystem : test::ForwardingFileSystem {
+  void pause(int milliseconds) override {
+    waited += milliseconds;
+    meanwhile();
+  }
+  int waited = 0;
+  std::function<void()> meanwhile = [] {};
+};
+
+TEST_F(RecordFileTest, FileThatAnotherProgramHoldsIsBusyAfterTwoSeconds) {
+  write("AAAA");
+  const RecordFile other = opened();
+  PausingFileSystem waiting;
+  expectFailure(FailureKind::FileBusy, [&] { RecordFile(waiting, path_, kLength); });
+  EXPECT_EQ(waiting.waited, 2'000);
+  EXPECT_EQ(stored(), "AAAA");
+}
+
+TEST_F(RecordFileTest, WaitsForTheOtherProgramToFinish) {
+  auto other = std::make_unique<RecordFile>(files_, path_, kLength);
+  PausingFileSystem waiting;
+  waiting.meanwhile = [&] {
+    if (waiting.waited < 100) return;
+    other->append(bytes("AAAA"));
+    other.reset();
+  };
+  RecordFile(waiting, path_, kLength).append(bytes("BBBB"));
+  EXPECT_EQ(waiting.waited, 100);
+  EXPECT_EQ(stored(), "AAAABBBB");
+}
+
+TEST_F(RecordFileTest, ChangeBuildsOnTheFileThatReplacedTheOneWaitedFor) {
+  write("AAAABBBB");
+  auto other = std::make_unique<RecordFile>(files_, path_, kLength);
+  PausingFileSystem waiting;
+  waiting.meanwhile = [&] {
+    other->rewrite(1, bytes("XXXX"));
+    other.reset();
+  };
+  RecordFile(waiting, path_, kLength).rewrite(2, bytes("YYYY"));
+  EXPECT_EQ(stored(), "XXXXYYYY");
+}
+
+TEST_F(RecordFileTest, LockGoesWhenTheOperationFails) {
+  write("AAAA");
+  expectFailure(FailureKind::RecordMissing, [&] { rewrite(2, "XXXX"); });
+  rewrite(1, "YYYY");
+  EXPECT_EQ(stored(), "YYYY");
+}
+
+// A system that does everything by halves.
+struct HaltingFileSystem : test::ForwardingFileSystem {
+  std::int64_t read(int descriptor, std::span<std::byte> buffer, std::int64_t offset) override {
+    if (interrupts()) return -1;
+    return ForwardingFileSystem::read(descriptor, buffer.first(std::min<std::size_t>(buffer.size(), 3)),
+                                      offset);
+  }
+  std::int64_t write(int descriptor, std::span<const std::byte> data, std::int64_t offset) override {
+    if (interrupts()) return -1;
+    return ForwardingFileSystem::write(descriptor, data.first(std::min<std::size_t>(data.size(), 3)), offset);
+  }
+  bool interrupts() {
+    errno = EINTR;
+    return calls++ % 2 == 0;
+  }
+  int calls = 0;
+};
+
+TEST_F(RecordFileTest, ShortAndInterruptedCallsAreContinued) {
+  HaltingFileSystem halting;
+  RecordFile(halting, path_, kLength).append(bytes("AAAA"));
+  RecordFile(halting, path_, kLength).append(bytes("BBBB"));
+  RecordFile(halting, path_, kLength).rewrite(1, bytes("CCCC"));
+  RecordFile(halting, path_, kLength).append(bytes("DDDD"));
+  RecordFile(halting, path_, kLength).remove(2, temporary_);
+  EXPECT_EQ(stored(), "CCCCDDDD");
+  EXPECT_EQ(text(readRecords(halting, path_, kLength)), "CCCCDDDD");
+}
+
+}  // namespace
+}  // namespace tarvik::core

@@ -1,0 +1,266 @@
+#include "core/totals.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+#include <random>
+
+#include "core/failure.h"
+#include "tests/core/entries.h"
+#include "tests/support/expect_failure.h"
+
+namespace tarvik::core {
+namespace {
+
+using test::expectFailure;
+using test::fuelling;
+using test::listingOf;
+using Text = std::optional<std::string>;
+using Entries = std::vector<NapiAdat>;
+
+Totals totalsOf(const Entries& entries) {
+  Totals totals;
+  updateTotals(listingOf(entries), totals);
+  return totals;
+}
+
+// 40.5 litres at 10,000 km for 16,200 Ft, 30 litres at 10,400 km for 12,000 Ft.
+Entries twoFuellings() {
+  Entries entries{fuelling({2013, 7, 1}, 10'000, 405'000, true),
+                  fuelling({2013, 7, 11}, 10'400, 300'000, true)};
+  entries[0].TankoltKtg = 16'200;
+  entries[1].TankoltKtg = 12'000;
+  return entries;
+}
+
+NapiAdat costing(std::int32_t fuel, std::int32_t part, std::int32_t note) {
+  NapiAdat entry = fuelling({2013, 7, 1}, 10'000, 0, false);
+  entry.TankoltKtg = fuel;
+  entry.AlkatreszKtg = part;
+  entry.MegjKtg = note;
+  return entry;
+}
+
+TotalsTexts earlierTexts() {
+  return {.teljesKtg = "1 Ft.",
+          .benzinKtg = "2 Ft.",
+          .alkatreszKoltseg = "3 Ft.",
+          .megtettKm = "4 Km.",
+          .liter = "5, Liter",
+          .fogyaszt = "6, Liter/100Km"};
+}
+
+// The sums.
+
+TEST(Totals, AddUpTheListedRows) {
+  const Totals totals = totalsOf(twoFuellings());
+  EXPECT_EQ(totals.texts.teljesKtg, "28 200 Ft.");
+  EXPECT_EQ(totals.texts.benzinKtg, "28 200 Ft.");
+  EXPECT_EQ(totals.texts.alkatreszKoltseg, " Ft.");
+  EXPECT_EQ(totals.texts.megtettKm, "400 Km.");
+  EXPECT_EQ(totals.texts.liter, "70,5 Liter");
+}
+
+TEST(Totals, FractionOfTheFirstRowsLitresIsDroppedFromTheAverage) {
+  EXPECT_EQ(totalsOf(twoFuellings()).texts.fogyaszt, "7,63 Liter/100Km");  // (70.5 - 40) / 400 × 100 = 7.625
+}
+
+TEST(Totals, LitresBelowOneInTheFirstRowAreNotTakenOff) {
+  const Totals totals =
+      totalsOf({fuelling({2013, 7, 1}, 10'000, 9'900, true), fuelling({2013, 7, 2}, 10'100, 70'100, true)});
+  EXPECT_EQ(totals.texts.liter, "8, Liter");
+  EXPECT_EQ(totals.texts.fogyaszt, "8, Liter/100Km");
+}
+
+TEST(Totals, CostOf1234567IsGroupedInThrees) {
+  const Totals totals = totalsOf({costing(1'000'000, 234'000, 560), costing(0, 0, 7)});
+  EXPECT_EQ(totals.texts.teljesKtg, "1 234 567 Ft.");
+  EXPECT_EQ(totals.texts.benzinKtg, "1 000 000 Ft.");
+  EXPECT_EQ(totals.texts.alkatreszKoltseg, "234 567 Ft.");
+}
+
+TEST(Totals, NegativeCostsKeepTheirSign) {
+  const Totals totals = totalsOf({costing(1'000, -3'500, 0)});
+  EXPECT_EQ(totals.texts.teljesKtg, "-2 500 Ft.");
+  EXPECT_EQ(totals.texts.benzinKtg, "1 000 Ft.");
+  EXPECT_EQ(totals.texts.alkatreszKoltseg, "-3 500 Ft.");
+}
+
+TEST(Totals, CountTheRowsOfTheFilterAlone) {
+  Entries entries = twoFuellings();
+  entries.insert(entries.begin(), fuelling({2012, 1, 1}, 1'000, 990'000, true));
+  Totals totals;
+  updateTotals(listingOf(entries, {kYearList, dayOf({2013, 1, 1})}), totals);
+  EXPECT_EQ(totals.texts.megtettKm, "400 Km.");
+  EXPECT_EQ(totals.texts.fogyaszt, "7,63 Liter/100Km");
+}
+
+TEST(Totals, FallingReadingsGiveANegativeDistance) {
+  Entries entries = twoFuellings();
+  entries[1].KmOra = 9'600;
+  const Totals totals = totalsOf(entries);
+  EXPECT_EQ(totals.texts.megtettKm, "-400 Km.");
+  EXPECT_EQ(totals.texts.fogyaszt, "-7,63 Liter/100Km");
+}
+
+TEST(Totals, FuelCostOfAKmIsKeptForTheStatistics) {
+  const Totals totals = totalsOf(twoFuellings());
+  EXPECT_TRUE(totals.available);
+  EXPECT_EQ(totals.fuelCostPerKm, Ratio(705, 10));  // 28,200 / 400
+}
+
+// What stays.
+
+TEST(Totals, OneRowShowsItsLitresAndKeepsTheConsumption) {
+  Totals totals{.texts = earlierTexts(), .available = true, .fuelCostPerKm = 70};
+  updateTotals(listingOf({fuelling({2013, 7, 1}, 10'000, 405'000, true)}), totals);
+  EXPECT_EQ(totals.texts.megtettKm, " Km.");
+  EXPECT_EQ(totals.texts.liter, "40,5 Liter");
+  EXPECT_EQ(totals.texts.fogyaszt, "6, Liter/100Km");
+  EXPECT_FALSE(totals.available);
+}
+
+TEST(Totals, DistanceOfZeroKeepsTheConsumption) {
+  Entries entries = twoFuellings();
+  entries[1].KmOra = entries[0].KmOra;
+  Totals totals{.texts = earlierTexts()};
+  updateTotals(listingOf(entries), totals);
+  EXPECT_EQ(totals.texts.fogyaszt, "6, Liter/100Km");
+  EXPECT_FALSE(totals.available);
+}
+
+TEST(Totals, EmptyListingKeepsTheCostsAndClearsTheRest) {
+  Totals totals{.texts = earlierTexts()};
+  updateTotals(listingOf({}), totals);
+  EXPECT_EQ(totals.texts.teljesKtg, "1 Ft.");
+  EXPECT_EQ(totals.texts.benzinKtg, "2 Ft.");
+  EXPECT_EQ(totals.texts.alkatreszKoltseg, "3 Ft.");
+  EXPECT_EQ(totals.texts.megtettKm, "");
+  EXPECT_EQ(totals.texts.liter, "");
+  EXPECT_EQ(totals.texts.fogyaszt, "");
+}
+
+// Sums that leave their type.
+
+TEST(Totals, SumPast32BitsFailsAndTheTextsOfTheRowsBeforeStand) {
+  Totals totals{.texts = earlierTexts()};
+  const Listing listing =
+      listingOf({costing(2'000'000'000, 5, 0), costing(147'483'643, 0, 0), costing(1, 0, 0)});
+  expectFailure(FailureKind::OutOfRange, [&] { updateTotals(listing, totals); });
+  // After the second row the sum had not left its type: 2,147,483,648 is the first that does.
+  EXPECT_EQ(totals.texts.teljesKtg, "2000 000 005 Ft.");
+  EXPECT_EQ(totals.texts.benzinKtg, "2000 000 000 Ft.");
+  EXPECT_EQ(totals.texts.alkatreszKoltseg, "5 Ft.");
+  EXPECT_EQ(totals.texts.megtettKm, "4 Km.");
+  EXPECT_FALSE(totals.available);
+}
+
+TEST(Totals, SumOfExactlyTheHighestFigureStands) {
+  EXPECT_EQ(totalsOf({costing(2'000'000'000, 5, 0), costing(147'483'642, 0, 0)}).texts.teljesKtg,
+            "2147 483 647 Ft.");
+}
+
+TEST(Totals, FirstRowThatDoesNotFitLeavesTheEarlierTexts) {
+  Totals totals{.texts = earlierTexts()};
+  const Listing listing = listingOf({costing(2'000'000'000, 2'000'000'000, 0)});
+  expectFailure(FailureKind::OutOfRange, [&] { updateTotals(listing, totals); });
+  EXPECT_EQ(totals.texts.teljesKtg, "1 Ft.");
+  EXPECT_EQ(totals.texts.fogyaszt, "6, Liter/100Km");
+}
+
+TEST(Totals, LitresPast64BitsFail) {
+  const auto lots = fuelling({2013, 7, 1}, 1, std::numeric_limits<std::int64_t>::max(), false);
+  Totals totals;
+  expectFailure(FailureKind::OutOfRange, [&] { updateTotals(listingOf({lots, lots}), totals); });
+  EXPECT_EQ(totals.texts.teljesKtg, " Ft.");
+}
+
+TEST(Totals, DistancePast32BitsFailsAfterTheCostsAreShown) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  Entries entries = twoFuellings();
+  entries[0].KmOra = Limits::min();
+  entries[1].KmOra = Limits::max();
+  Totals totals{.texts = earlierTexts()};
+  expectFailure(FailureKind::OutOfRange, [&] { updateTotals(listingOf(entries), totals); });
+  EXPECT_EQ(totals.texts.teljesKtg, "28 200 Ft.");
+  EXPECT_EQ(totals.texts.megtettKm, "4 Km.");
+}
+
+TEST(Totals, RandomBytesAreSummedOrRefused) {
+  std::mt19937 random(40'500);
+  for (int round = 0; round < 2'000; ++round) {
+    ByteBlock block = ByteBlock::ofSize((1 + random() % 4) * NapiAdat::kLength);
+    std::ranges::generate(block.span(), [&] { return static_cast<std::byte>(random()); });
+    Listing listing{Logbook(std::move(block)), {}};
+    listing.numbers = listedEntries(listing.logbook, {});
+    Totals totals;
+    try {
+      updateTotals(listing, totals);
+    } catch (const Failure& failure) {
+      EXPECT_EQ(failure.kind(), FailureKind::OutOfRange);
+    }
+    EXPECT_EQ(costPerDay(listing, "1").has_value(), litresPerDay(listing, "1").has_value());
+  }
+}
+
+// The hints per day.
+
+Listing spanning(CalendarDate first, CalendarDate last) {
+  return listingOf(
+      {fuelling(first, 1, 0, false), fuelling({1999, 1, 1}, 2, 0, false), fuelling(last, 3, 0, false)});
+}
+
+Listing tenDays() {
+  return spanning({2013, 7, 1}, {2013, 7, 11});
+}
+
+TEST(DailyHint, OfACostIsDividedInWholeForints) {
+  EXPECT_EQ(costPerDay(tenDays(), "1 234 567 Ft."), Text("123456,-Ft/nap"));
+  EXPECT_EQ(costPerDay(tenDays(), "-1 239 Ft."), Text("-123,-Ft/nap"));
+  EXPECT_EQ(costPerDay(tenDays(), " Ft."), Text("0,-Ft/nap"));
+  EXPECT_EQ(costPerDay(tenDays(), ""), Text("0,-Ft/nap"));
+}
+
+TEST(DailyHint, OfTheLitresLosesTheirFractionInTheReadBack) {
+  EXPECT_EQ(litresPerDay(tenDays(), "70,9 Liter"), Text("7,00 liter/nap"));
+  EXPECT_EQ(litresPerDay(tenDays(), "5, Liter"), Text("0,50 liter/nap"));
+  EXPECT_EQ(litresPerDay(tenDays(), "1 234,5 Liter"), Text("123,40 liter/nap"));
+  EXPECT_EQ(litresPerDay(tenDays(), ",5 Liter"), Text("0,00 liter/nap"));
+}
+
+TEST(DailyHint, OfTheDistanceHasTwoDigitsAtLeastAndGroups) {
+  EXPECT_EQ(kmPerDay(tenDays(), "454 Km."), Text("45 km/nap"));
+  EXPECT_EQ(kmPerDay(tenDays(), "50 Km."), Text("05 km/nap"));
+  EXPECT_EQ(kmPerDay(tenDays(), "12 345 Km."), Text("1\xC2\xA0"
+                                                    "235 km/nap"));
+  EXPECT_EQ(kmPerDay(tenDays(), " Km."), Text("00 km/nap"));
+}
+
+TEST(DailyHint, NeedsTwoDays) {
+  EXPECT_EQ(costPerDay(spanning({2013, 7, 1}, {2013, 7, 2}), "100"), std::nullopt);
+  EXPECT_EQ(costPerDay(spanning({2013, 7, 1}, {2013, 7, 3}), "100"), Text("50,-Ft/nap"));
+  EXPECT_EQ(kmPerDay(spanning({2013, 7, 1}, {2013, 7, 1}), "100"), std::nullopt);
+  EXPECT_EQ(litresPerDay(spanning({2013, 7, 11}, {2013, 7, 1}), "100"), std::nullopt);
+}
+
+TEST(DailyHint, NeedsTwoRows) {
+  EXPECT_EQ(costPerDay(listingOf({}), "100"), std::nullopt);
+  EXPECT_EQ(litresPerDay(listingOf({fuelling({2013, 7, 1}, 1, 0, false)}), "100"), std::nullopt);
+}
+
+TEST(DailyHint, CountsFromTheFirstToTheLastListedRow) {
+  const Entries entries{fuelling({2012, 1, 1}, 1, 0, false), fuelling({2013, 7, 1}, 2, 0, false),
+                        fuelling({2013, 7, 5}, 3, 0, false), fuelling({2014, 1, 1}, 4, 0, false)};
+  const Listing listing = listingOf(entries, {kYearList, dayOf({2013, 1, 1})});
+  EXPECT_EQ(costPerDay(listing, "100 Ft."), Text("25,-Ft/nap"));
+}
+
+TEST(DailyHint, DamagedDateGivesNone) {
+  Entries entries = twoFuellings();
+  entries[1].Datum = std::numeric_limits<double>::quiet_NaN();
+  EXPECT_EQ(costPerDay(listingOf(entries), "100"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace tarvik::core

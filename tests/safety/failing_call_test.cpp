@@ -1,0 +1,106 @@
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <optional>
+
+#include "core/failure.h"
+#include "tests/safety/prepared_disk.h"
+#include "tests/support/intercepted_file_system.h"
+
+namespace tarvik::test {
+namespace {
+
+// What an operation made of the disk, and whether it was reported as failed.
+struct Outcome {
+  std::string contents;
+  bool isReported = false;
+};
+
+Outcome outcomeOf(const Operation& operation, MemoryFileSystem& disk, core::FileSystem& files) {
+  bool isReported = false;
+  try {
+    operation.run(files, kDiskFolders);
+  } catch (const core::Failure&) {
+    isReported = true;
+  }
+  return {disk.contents(operation.file(kDiskFolders)), isReported};
+}
+
+class FailingCallTest : public testing::TestWithParam<int> {
+ protected:
+  // Runs the operation once with a failure; false when it made fewer calls than that.
+  bool runWith(const FailurePlan& plan) {
+    MemoryFileSystem disk = before_;
+    FailingFileSystem files(disk, plan);
+    const Outcome got = outcomeOf(*operation_, disk, files);
+    if (!files.hasFailed()) return false;
+    ++cases_;
+    EXPECT_EQ(disk.openFiles(), 0) << "a file stayed open";
+    const bool isNew = got.contents == new_.contents;
+    EXPECT_TRUE(isNew || isOld(got.contents, plan)) << "neither old nor new";
+    EXPECT_TRUE(isNew || got.isReported) << "not done and not reported";
+    if (HasFailure()) return false;
+    expectNextWorks(disk, isNew);
+    return true;
+  }
+
+  // A disk that stays broken cannot be cut back either: what then stays behind the last record is no record.
+  bool isOld(const std::string& contents, const FailurePlan& plan) const {
+    if (contents == old_) return true;
+    return plan.staysBroken && contents.starts_with(old_) &&
+           contents.size() - old_.size() < operation_->recordLength;
+  }
+
+  void expectNextWorks(MemoryFileSystem& disk, bool isNew) {
+    const Outcome next = outcomeOf(*operation_, disk, disk);
+    EXPECT_EQ(disk.openFiles(), 0);
+    if (isNew) return;
+    EXPECT_EQ(next.isReported, new_.isReported) << "the next operation";
+    EXPECT_TRUE(next.contents == new_.contents) << "the next operation";
+  }
+
+  void prepare(const Operation& operation, int count) {
+    operation_ = &operation;
+    before_ = preparedDisk(operation, count);
+    old_ = before_.contents(operation.file(kDiskFolders));
+    MemoryFileSystem disk = before_;
+    new_ = outcomeOf(operation, disk, disk);
+  }
+
+  const Operation* operation_ = nullptr;
+  MemoryFileSystem before_;
+  std::string old_;
+  Outcome new_;
+  int cases_ = 0;
+};
+
+constexpr int kErrors[] = {EIO, ENOSPC, EDQUOT, EACCES, EROFS, EXDEV, EBUSY, EINTR, FailurePlan::kShortWrite};
+
+// A short write is asked for at every call and happens where that call is a write.
+TEST_P(FailingCallTest, EndsOldOrNewAndIsReported) {
+  for (const Operation& operation : operations(GetParam())) {
+    prepare(operation, GetParam());
+    MemoryFileSystem disk = before_;
+    CountingFileSystem counting(disk);
+    outcomeOf(operation, disk, counting);
+    int calls = 0;
+    for (const int count : counting.counts()) calls += count;
+    for (const int error : kErrors)
+      for (const bool staysBroken : {false, true})
+        for (int nth = 1; nth <= calls; ++nth) {
+          SCOPED_TRACE(testing::Message() << operation.name << ", call " << nth << ", errno " << error
+                                          << (staysBroken ? ", from then on" : ", once"));
+          runWith({nth, error, staysBroken});
+          if (HasFailure()) return;
+        }
+  }
+  std::printf("%d cases\n", cases_);
+  EXPECT_GE(cases_, 1'000);
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, FailingCallTest, testing::Values(0, 1, 105, 106, 32'767),
+                         [](const auto& files) { return "With" + std::to_string(files.param) + "Records"; });
+
+}  // namespace
+}  // namespace tarvik::test

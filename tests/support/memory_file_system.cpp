@@ -1,0 +1,313 @@
+#include "tests/support/memory_file_system.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <stdexcept>
+
+namespace tarvik::test {
+namespace {
+
+constexpr std::uint32_t kOwnerWrites = 0200;
+
+int refuse(int error) {
+  errno = error;
+  return -1;
+}
+
+std::string_view textOf(std::span<const std::byte> bytes) {
+  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+}  // namespace
+
+std::string parentOf(const std::string& path) {
+  return path.substr(0, path.rfind('/'));
+}
+
+void MemoryFileSystem::putFolder(const std::string& path) {
+  folders_.insert(path);
+}
+
+void MemoryFileSystem::put(const std::string& path, std::string contents) {
+  const int node = newNode();
+  nodes_[static_cast<std::size_t>(node)].length = static_cast<std::int64_t>(contents.size());
+  nodes_[static_cast<std::size_t>(node)].disk = std::make_shared<std::string>(std::move(contents));
+  names_[path] = node;
+}
+
+void MemoryFileSystem::putLink(const std::string& path, const std::string& target) {
+  links_[path] = target;
+}
+
+void MemoryFileSystem::setModeOf(const std::string& path, std::uint32_t mode) {
+  nodeAt(names_.at(followed(path))).mode = mode;
+}
+
+bool MemoryFileSystem::has(const std::string& path) const {
+  return names_.contains(followed(path));
+}
+
+const std::string& MemoryFileSystem::contents(const std::string& path) const {
+  static const std::string kNothing;
+  const auto found = names_.find(followed(path));
+  if (found == names_.end()) return kNothing;
+  const Node& node = nodes_[static_cast<std::size_t>(found->second)];
+  if (static_cast<std::int64_t>(node.disk->size()) != node.length)
+    const_cast<Node&>(node).disk = std::make_shared<std::string>(
+        node.disk->substr(0, static_cast<std::size_t>(node.length))
+            .append(static_cast<std::size_t>(std::max<std::int64_t>(
+                        node.length - static_cast<std::int64_t>(node.disk->size()), 0)),
+                    '\0'));
+  return *node.disk;
+}
+
+std::uint32_t MemoryFileSystem::modeOf(const std::string& path) const {
+  return nodes_[static_cast<std::size_t>(names_.at(followed(path)))].mode;
+}
+
+int MemoryFileSystem::openFiles() const {
+  return static_cast<int>(std::ranges::count_if(descriptors_, &Descriptor::isOpen));
+}
+
+void MemoryFileSystem::forgetOpenFiles() {
+  descriptors_.clear();
+  for (Node& node : nodes_) node.lockedBy = -1;
+}
+
+void MemoryFileSystem::apply(const DiskStep& step) {
+  while (step.node >= static_cast<int>(nodes_.size())) newNode();
+  switch (step.kind) {
+    case DiskStep::Kind::Write:
+      return writeInto(nodeAt(step.node), step.bytes, step.offset);
+    case DiskStep::Kind::Length:
+      return setLength(nodeAt(step.node), step.offset);
+    case DiskStep::Kind::Rename:
+      names_.erase(step.from);
+      [[fallthrough]];
+    case DiskStep::Kind::Name:
+      names_[step.path] = step.node;
+      return;
+    case DiskStep::Kind::Unname:
+      names_.erase(step.path);
+      return;
+    case DiskStep::Kind::Folder:
+      folders_.insert(step.path);
+      return;
+    default:
+      return;
+  }
+}
+
+int MemoryFileSystem::open(const std::string& path, core::OpenMode mode) {
+  const std::string name = followed(path);
+  const bool creates = mode == core::OpenMode::Create || mode == core::OpenMode::CreateEmpty;
+  if (!isFolder(parentOf(name)) && !isFolder(name)) return refuse(ENOENT);
+  if (mode == core::OpenMode::CreateEmpty && links_.contains(path)) return refuse(ELOOP);
+  if (isFolder(name) != (mode == core::OpenMode::Folder) &&
+      (isFolder(name) ? mode != core::OpenMode::Read : true))
+    return refuse(isFolder(name) ? EISDIR : ENOTDIR);
+  int node = -1;
+  if (!isFolder(name)) {
+    if (!names_.contains(name)) {
+      if (!creates) return refuse(ENOENT);
+      node = newNode();
+      names_[name] = node;
+      record({.kind = DiskStep::Kind::Name, .node = node, .path = name});
+    }
+    node = names_[name];
+    if (mode != core::OpenMode::Read && (nodeAt(node).mode & kOwnerWrites) == 0) return refuse(EACCES);
+    if (mode == core::OpenMode::CreateEmpty && nodeAt(node).length != 0) {
+      setLength(nodeAt(node), 0);
+      record({.kind = DiskStep::Kind::Length, .node = node, .offset = 0});
+    }
+  }
+  descriptors_.push_back({node, name, true, mode != core::OpenMode::Read && mode != core::OpenMode::Folder});
+  return static_cast<int>(descriptors_.size()) - 1;
+}
+
+int MemoryFileSystem::close(int descriptor) {
+  Descriptor* const file = descriptorOf(descriptor);
+  if (!file) return refuse(EBADF);
+  file->isOpen = false;
+  if (file->node >= 0 && nodeAt(file->node).lockedBy == descriptor) nodeAt(file->node).lockedBy = -1;
+  return 0;
+}
+
+int MemoryFileSystem::status(int descriptor, core::FileStatus& status) {
+  const Descriptor* const file = descriptorOf(descriptor);
+  if (!file) return refuse(EBADF);
+  fill(status, file->node, file->path);
+  return 0;
+}
+
+int MemoryFileSystem::statusOf(const std::string& path, core::FileStatus& status) {
+  const std::string name = followed(path);
+  const auto found = names_.find(name);
+  if (found == names_.end() && !isFolder(name)) return refuse(ENOENT);
+  fill(status, found == names_.end() ? -1 : found->second, name);
+  return 0;
+}
+
+std::int64_t MemoryFileSystem::read(int descriptor, std::span<std::byte> buffer, std::int64_t offset) {
+  const Descriptor* const file = descriptorOf(descriptor);
+  if (!file) return refuse(EBADF);
+  if (file->node < 0) return refuse(EISDIR);
+  const Node& node = nodeAt(file->node);
+  const auto wanted = std::min<std::int64_t>(static_cast<std::int64_t>(buffer.size()), node.length - offset);
+  if (wanted <= 0) return 0;
+  const auto there =
+      std::clamp<std::int64_t>(static_cast<std::int64_t>(node.disk->size()) - offset, 0, wanted);
+  if (there != 0) std::memcpy(buffer.data(), node.disk->data() + offset, static_cast<std::size_t>(there));
+  std::fill_n(buffer.begin() + there, wanted - there, std::byte{0});
+  return wanted;
+}
+
+std::int64_t MemoryFileSystem::write(int descriptor, std::span<const std::byte> data, std::int64_t offset) {
+  const Descriptor* const file = descriptorOf(descriptor);
+  if (!file || !file->writes) return refuse(EBADF);
+  Node& node = nodeAt(file->node);
+  const auto size = static_cast<std::int64_t>(data.size());
+  if (records_) {
+    for (std::int64_t at = offset; at < offset + size;) {
+      const std::int64_t end = std::min(offset + size, (at / kSectorSize + 1) * kSectorSize);
+      const auto piece =
+          textOf(data).substr(static_cast<std::size_t>(at - offset), static_cast<std::size_t>(end - at));
+      record({.kind = DiskStep::Kind::Write, .node = file->node, .offset = at, .bytes = std::string(piece)});
+      if (end > node.length) record({.kind = DiskStep::Kind::Length, .node = file->node, .offset = end});
+      at = end;
+    }
+  }
+  writeInto(node, textOf(data), offset);
+  if (offset + size > node.length) node.length = offset + size;
+  return size;
+}
+
+int MemoryFileSystem::truncate(int descriptor, std::int64_t length) {
+  const Descriptor* const file = descriptorOf(descriptor);
+  if (!file || !file->writes) return refuse(EBADF);
+  setLength(nodeAt(file->node), length);
+  record({.kind = DiskStep::Kind::Length, .node = file->node, .offset = length});
+  return 0;
+}
+
+int MemoryFileSystem::setMode(int descriptor, std::uint32_t mode) {
+  const Descriptor* const file = descriptorOf(descriptor);
+  if (!file) return refuse(EBADF);
+  nodeAt(file->node).mode = mode;
+  return 0;
+}
+
+int MemoryFileSystem::writeOut(int descriptor) {
+  const Descriptor* const file = descriptorOf(descriptor);
+  if (!file || file->node < 0) return refuse(EBADF);
+  record({.kind = DiskStep::Kind::WriteOut, .node = file->node});
+  return 0;
+}
+
+int MemoryFileSystem::sync(int descriptor) {
+  const Descriptor* const file = descriptorOf(descriptor);
+  if (!file) return refuse(EBADF);
+  if (file->node < 0)
+    record({.kind = DiskStep::Kind::SyncFolder, .path = file->path});
+  else
+    record({.kind = DiskStep::Kind::SyncFile, .node = file->node});
+  return 0;
+}
+
+int MemoryFileSystem::rename(const std::string& from, const std::string& to) {
+  const auto found = names_.find(from);
+  if (found == names_.end() || !isFolder(parentOf(to))) return refuse(ENOENT);
+  if (isFolder(to)) return refuse(EISDIR);
+  if (isOnOtherDevice(from) != isOnOtherDevice(to)) return refuse(EXDEV);
+  const int node = found->second;
+  names_.erase(found);
+  links_.erase(to);
+  names_[to] = node;
+  record({.kind = DiskStep::Kind::Rename, .node = node, .path = to, .from = from});
+  return 0;
+}
+
+int MemoryFileSystem::remove(const std::string& path) {
+  if (isFolder(path)) return refuse(EISDIR);
+  if (links_.erase(path) != 0) return 0;
+  if (names_.erase(path) == 0) return refuse(ENOENT);
+  record({.kind = DiskStep::Kind::Unname, .path = path});
+  return 0;
+}
+
+int MemoryFileSystem::makeFolder(const std::string& path) {
+  if (!isFolder(parentOf(path))) return refuse(ENOENT);
+  if (isFolder(path) || names_.contains(path)) return refuse(EEXIST);
+  folders_.insert(path);
+  record({.kind = DiskStep::Kind::Folder, .path = path});
+  return 0;
+}
+
+int MemoryFileSystem::resolve(const std::string& path, std::string& resolved) {
+  resolved = followed(path);
+  return names_.contains(resolved) || isFolder(resolved) ? 0 : refuse(ENOENT);
+}
+
+int MemoryFileSystem::tryLock(int descriptor) {
+  const Descriptor* const file = descriptorOf(descriptor);
+  if (!file || file->node < 0) return refuse(EBADF);
+  Node& node = nodeAt(file->node);
+  if (node.lockedBy >= 0 && node.lockedBy != descriptor) return refuse(EWOULDBLOCK);
+  node.lockedBy = descriptor;
+  return 0;
+}
+
+std::string MemoryFileSystem::followed(const std::string& path) const {
+  const auto link = links_.find(path);
+  return link == links_.end() ? path : followed(link->second);
+}
+
+MemoryFileSystem::Node& MemoryFileSystem::nodeAt(int node) {
+  return nodes_[static_cast<std::size_t>(node)];
+}
+
+int MemoryFileSystem::newNode() {
+  static const auto kEmpty = std::make_shared<std::string>();
+  nodes_.push_back({.disk = kEmpty});
+  return static_cast<int>(nodes_.size()) - 1;
+}
+
+void MemoryFileSystem::writeInto(Node& node, std::string_view bytes, std::int64_t offset) {
+  if (node.disk.use_count() > 1) node.disk = std::make_shared<std::string>(*node.disk);
+  const auto at = static_cast<std::size_t>(offset);
+  if (node.disk->size() < at + bytes.size()) node.disk->resize(at + bytes.size());
+  bytes.copy(node.disk->data() + at, bytes.size());
+}
+
+// What lies behind a file's end is forgotten when the file is cut and zeros when it grows again.
+void MemoryFileSystem::setLength(Node& node, std::int64_t length) {
+  if (length < node.length && length < static_cast<std::int64_t>(node.disk->size()))
+    node.disk = std::make_shared<std::string>(node.disk->substr(0, static_cast<std::size_t>(length)));
+  node.length = length;
+}
+
+void MemoryFileSystem::record(DiskStep step) {
+  if (records_) steps_.push_back(std::move(step));
+}
+
+MemoryFileSystem::Descriptor* MemoryFileSystem::descriptorOf(int descriptor) {
+  if (descriptor < 0 || descriptor >= static_cast<int>(descriptors_.size())) return nullptr;
+  Descriptor& found = descriptors_[static_cast<std::size_t>(descriptor)];
+  return found.isOpen ? &found : nullptr;
+}
+
+bool MemoryFileSystem::isOnOtherDevice(const std::string& path) const {
+  return std::ranges::any_of(otherDevice_,
+                             [&](const std::string& folder) { return path.starts_with(folder + "/"); });
+}
+
+void MemoryFileSystem::fill(core::FileStatus& status, int node, const std::string& path) const {
+  status = {.device = isOnOtherDevice(path) ? 2U : 1U, .isFolder = node < 0};
+  if (node < 0) return;
+  status.inode = static_cast<std::uint64_t>(node) + 1;
+  status.size = nodes_[static_cast<std::size_t>(node)].length;
+  status.mode = nodes_[static_cast<std::size_t>(node)].mode;
+}
+
+}  // namespace tarvik::test

@@ -1,0 +1,174 @@
+#include "ui/riaszt.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QScreen>
+
+#include "tests/ui/reminder_desk.h"
+
+namespace tarvik {
+namespace {
+
+using test::deletedKmReminder;
+using test::fileOf;
+using test::kmReminder;
+using test::part;
+using test::shownText;
+
+/// A desk with two passed reminders of ABC-123, one of another vehicle and one not passed yet; the reading
+/// is 15 001 km.
+struct AlertDesk : test::ReminderDesk {
+  AlertDesk() {
+    context.state.currentReading = 15001;
+    storeKm({other, first, notYet, second});
+  }
+  const reminders::FigyelRec other = kmReminder(100, 1, "Másé", "DEF-456");
+  const reminders::FigyelRec first = kmReminder(10000, 5000, "Olaj", "ABC-123");
+  const reminders::FigyelRec notYet = kmReminder(10000, 5001, "Szűrő", "ABC-123");
+  const reminders::FigyelRec second = kmReminder(12000, 1000, "Fék", "ABC-123");
+};
+
+QString line(const QString& text, int record) {
+  return "2013.06.01  " + shownText(text) + "       " + QString::number(record);
+}
+
+/// The km alert over a desk, for ABC-123.
+struct Alert {
+  explicit Alert(test::ReminderDesk& desk) : screen(desk.context, QStringLiteral(" ABC-123 "), nullptr) {
+    screen.show();
+    if (!QTest::qWaitForWindowActive(&screen)) QTest::qFail("the screen did not come up", __FILE__, __LINE__);
+  }
+
+  QListWidget* list() const { return part<QListWidget>(screen, "List1"); }
+  QStringList lines() const {
+    QStringList texts;
+    for (int row = 0; row < list()->count(); ++row) texts << list()->item(row)->text();
+    return texts;
+  }
+  void click(int row) const {
+    QTest::mouseClick(list()->viewport(), Qt::LeftButton, {},
+                      list()->visualItemRect(list()->item(row)).center());
+  }
+  void press() const { QTest::mouseClick(part<QPushButton>(screen, "cmd_torles"), Qt::LeftButton); }
+  QStringList details() const {
+    QStringList texts;
+    for (const char* name :
+         {"tx_szoveg", "tx_km_allas", "tx_km_mulva", "tx_megtett_km", "tx_tullepve", "tx_utolso_km"})
+      texts << part<QLineEdit>(screen, name)->text();
+    return texts;
+  }
+
+  ui::riaszt screen;
+};
+
+const QStringList kDetailsOfFirst{shownText("Olaj"), "10 000", "5 000", "5 001", "1", "15 001"};
+
+class RiasztTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void opensInTheMiddleWithTheVehiclesPassedReminders() {
+    AlertDesk desk;
+    const Alert alert(desk);
+    QCOMPARE(alert.screen.windowTitle(), QStringLiteral("FIGYELEM!"));
+    QVERIFY(test::isCentred(alert.screen));
+    QCOMPARE(alert.lines(), (QStringList{line("Olaj", 2), line("Fék", 4)}));
+    QCOMPARE(alert.list()->font().families().first(), QStringLiteral("Courier New"));
+  }
+
+  void choosesTheFirstLineWhenItComesUp() {
+    AlertDesk desk;
+    const Alert alert(desk);
+    QCOMPARE(desk.context.state.alertSelection, 2);
+    QCOMPARE(alert.details(), kDetailsOfFirst);
+    QVERIFY(alert.list()->item(0)->isSelected());
+  }
+
+  void aClickShowsItsLine() {
+    AlertDesk desk;
+    const Alert alert(desk);
+    alert.click(1);
+    QCOMPARE(desk.context.state.alertSelection, 4);
+    QCOMPARE(alert.details(), (QStringList{shownText("Fék"), "12 000", "1 000", "3 001", "2 001", "15 001"}));
+    QTest::keyClick(alert.list(), Qt::Key_Up);
+    QCOMPARE(alert.details(), kDetailsOfFirst);
+  }
+
+  void theSelectedReminderOfTheEntryScreenStays() {
+    AlertDesk desk;
+    desk.context.state.selectedReminder = 3;
+    const Alert alert(desk);
+    QCOMPARE(desk.context.state.selectedReminder, 3);
+  }
+
+  void anEmptyListChoosesNothingAndDeletingIsTold() {
+    test::ReminderDesk desk;
+    const Alert alert(desk);
+    QCOMPARE(alert.lines(), QStringList());
+    QCOMPARE(desk.context.state.alertSelection, 0);
+    const auto box = test::answerNextBox(QMessageBox::Ok);
+    alert.press();
+    test::compareBox(*box, QMessageBox::Critical, test::kErrorTitle, test::kNothingSelected);
+    QCOMPARE(desk.storedKm(), std::string());
+  }
+
+  void deletingAsksNothingAndThenListsEveryVehicle() {
+    AlertDesk desk;
+    const Alert alert(desk);
+    alert.press();
+    QCOMPARE(desk.storedKm(), fileOf({desk.other, deletedKmReminder("ABC-123"), desk.notYet, desk.second}));
+    QCOMPARE(alert.lines(), (QStringList{line("Másé", 1), line("Fék", 4)}));
+  }
+
+  void afterADeletionTheSelectionAndTheFieldsStay() {
+    AlertDesk desk;
+    const Alert alert(desk);
+    alert.press();
+    QCOMPARE(desk.context.state.alertSelection, 2);
+    QCOMPARE(alert.details(), kDetailsOfFirst);
+    const std::string once = desk.storedKm();
+    alert.press();
+    QCOMPARE(desk.storedKm(), once);
+  }
+
+  void anotherVehiclesReminderIsMeasuredAgainstTheSameReading() {
+    AlertDesk desk;
+    const Alert alert(desk);
+    alert.press();
+    alert.click(0);
+    QCOMPARE(desk.context.state.alertSelection, 1);
+    QCOMPARE(alert.details(), (QStringList{shownText("Másé"), "100", "1", "14 901", "14 900", "15 001"}));
+  }
+
+  void aDeletionThatCannotBeSavedIsTold() {
+    AlertDesk desk;
+    const Alert alert(desk);
+    desk.storeKm({desk.other});
+    const auto box = test::answerNextBox(QMessageBox::Ok);
+    alert.press();
+    QVERIFY(box->shown);
+    QCOMPARE(box->title, test::kErrorTitle);
+    QCOMPARE(desk.storedKm(), fileOf({desk.other}));
+  }
+
+  void theMenuItemAndEscapeCloseAndEnterDeletesNothing() {
+    AlertDesk desk;
+    const std::string before = desk.storedKm();
+    const Alert alert(desk);
+    QTest::keyClick(alert.list(), Qt::Key_Return);
+    QCOMPARE(desk.storedKm(), before);
+    part<QAction>(alert.screen, "mnu_bezar")->trigger();
+    QVERIFY(!alert.screen.isVisible());
+    Alert other(desk);
+    QTest::keyClick(&other.screen, Qt::Key_Escape);
+    QVERIFY(!other.screen.isVisible());
+  }
+};
+
+}  // namespace
+}  // namespace tarvik
+
+QTEST_MAIN(tarvik::RiasztTest)
+#include "riaszt_test.moc"
