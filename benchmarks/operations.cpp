@@ -202,7 +202,7 @@ class Measurements {
          {.name = "filter to a year", .act = [&] { sized.filter(core::kYearList); }},
          {.name = "click with statistics", .act = [&] { sized.click(); }},
          {.name = "km check", .act = [&] { sized.checkKm(); }},
-         {.name = "pages", .act = [&] { sized.makePages(); }, .acts = 1},
+         {.name = "pages", .act = [&] { sized.makePages(); }},
          durable("append", [&] { sized.record(); }, restore),
          durable("append floor", [&] { appendBarely(bare.logbookPath(), record); }, restoreBare),
          durable("durable modify", [&] { sized.modify(); }, restore),
