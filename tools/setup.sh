@@ -61,7 +61,7 @@ need_packages() {
     local -n packages="$list"
     wanted+=("${packages[@]}")
   done
-  mapfile -t missing < <(missing_packages "${wanted[@]}")
+  mapfile -t missing < <(missing_packages "${wanted[@]}" | sort --unique)
   [ "${#missing[@]}" -eq 0 ] || install_packages "${missing[@]}"
 }
 
