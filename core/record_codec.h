@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstddef>
@@ -28,21 +29,28 @@ constexpr std::int16_t toFlag(bool set) {
   return set ? kFlagSet : kFlagClear;
 }
 
-/// Reads an unsigned little-endian integer of Unsigned's width. Byte by byte, so that neither the
-/// machine's byte order nor the field's alignment matters.
+/// A number's bytes in the order of the files, lowest first, turned round where the machine's own order is
+/// the other one.
+template <std::size_t N>
+constexpr std::array<std::byte, N> inFileOrder(std::array<std::byte, N> bytes) {
+  if constexpr (std::endian::native == std::endian::big) std::ranges::reverse(bytes);
+  return bytes;
+}
+
+/// Reads an unsigned little-endian integer of Unsigned's width. The bytes are copied out in one piece, so
+/// that the field's alignment does not matter: a list of thousands of records is decoded at each listing.
 template <typename Unsigned>
 constexpr Unsigned readUnsigned(std::span<const std::byte> bytes, std::size_t offset) {
-  Unsigned value = 0;
-  for (std::size_t i = 0; i < sizeof(Unsigned); ++i)
-    value = static_cast<Unsigned>(value | (static_cast<Unsigned>(bytes[offset + i]) << (8 * i)));
-  return value;
+  std::array<std::byte, sizeof(Unsigned)> raw{};
+  std::ranges::copy_n(bytes.data() + offset, sizeof(Unsigned), raw.begin());
+  return std::bit_cast<Unsigned>(inFileOrder(raw));
 }
 
 /// Writes an unsigned little-endian integer of Unsigned's width, lowest byte first.
 template <typename Unsigned>
 constexpr void writeUnsigned(std::span<std::byte> bytes, std::size_t offset, Unsigned value) {
-  for (std::size_t i = 0; i < sizeof(Unsigned); ++i)
-    bytes[offset + i] = static_cast<std::byte>(value >> (8 * i));
+  const auto raw = inFileOrder(std::bit_cast<std::array<std::byte, sizeof(Unsigned)>>(value));
+  std::ranges::copy(raw, bytes.data() + offset);
 }
 
 /// Reads a signed 16-bit integer, a flag among them.

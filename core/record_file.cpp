@@ -248,10 +248,8 @@ void RecordFile::append(std::span<const std::byte> record) {
   const std::int64_t before = count();
   if (before >= kHighestRecordNumber) throw Failure(FailureKind::FileFull).file(path_).record(before + 1);
   if (record.back() == std::byte{0}) return appendInPlace(record);
-  const ByteBlock old = readWhole(before);
-  ByteBlock contents = ByteBlock::ofSize(old.size + recordLength_);
-  std::ranges::copy(old.span(), contents.data.get());
-  std::ranges::copy(record, contents.data.get() + old.size);
+  ByteBlock contents = readWhole(before, recordLength_);
+  std::ranges::copy(record, contents.data.get() + contents.size - recordLength_);
   replaceWith(contents.span());
 }
 
@@ -286,9 +284,11 @@ void RecordFile::restoreTail(const ByteBlock& tail, std::int64_t offset) noexcep
   files_.sync(file_.descriptor());
 }
 
-ByteBlock RecordFile::readWhole(std::int64_t records) const {
-  ByteBlock block = read(1, records);
-  if (block.size == static_cast<std::size_t>(records) * recordLength_) return block;
+// The first records, with that many bytes of room behind them.
+ByteBlock RecordFile::readWhole(std::int64_t records, std::size_t room) const {
+  const auto size = static_cast<std::size_t>(records) * recordLength_;
+  ByteBlock block = ByteBlock::ofSize(size + room);
+  if (readUpTo(files_, file_, block.span().first(size), 0, path_) == size) return block;
   throw Failure(FailureKind::ReadFailed).file(path_);
 }
 
@@ -309,13 +309,14 @@ void RecordFile::remove(std::int64_t number, const std::string& temporary) {
   const auto kept = static_cast<std::size_t>(remaining) * recordLength_;
   const Leftover leftover = leftoverIn(files_, temporary, static_cast<std::int64_t>(kept));
 
-  const ByteBlock old = readWhole(count());
-  ByteBlock contents = ByteBlock::ofSize(kept + leftover.surplus.size);
-  const std::size_t ahead = removesOne ? static_cast<std::size_t>(number - 1) * recordLength_ : kept;
-  const std::size_t gap = removesOne ? recordLength_ : 0;
-  std::copy_n(old.data.get(), ahead, contents.data.get());
-  std::copy_n(old.data.get() + ahead + gap, kept - ahead, contents.data.get() + ahead);
+  ByteBlock contents = readWhole(count(), leftover.surplus.size);
+  if (removesOne) {
+    const auto behind = static_cast<std::size_t>(number) * recordLength_;
+    std::byte* const record = contents.data.get() + behind - recordLength_;
+    std::memmove(record, record + recordLength_, kept + recordLength_ - behind);
+  }
   std::ranges::copy(leftover.surplus.span(), contents.data.get() + kept);
+  contents.size = kept + leftover.surplus.size;
   if (leftover.size > 0) return replaceThrough(temporary, contents.span());
   replaceWith(contents.span());
   if (leftover.size == 0) files_.remove(temporary);  // empty, it is harmless where it stays

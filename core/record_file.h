@@ -86,7 +86,7 @@ class RecordFile {
   void remove(std::int64_t number, const std::string& temporary);
 
  private:
-  ByteBlock readWhole(std::int64_t records) const;
+  ByteBlock readWhole(std::int64_t records, std::size_t room) const;
   void appendInPlace(std::span<const std::byte> record);
   void restoreTail(const ByteBlock& tail, std::int64_t offset) noexcept;
   void replaceWith(std::span<const std::byte> contents);

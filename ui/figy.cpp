@@ -27,8 +27,7 @@ figy::figy(Context& context, QString plate, QWidget* parent)
   prepareFields();
   prepareLists();
   connectButtons();
-  adjustSize();
-  centreOnDisplay(*this);
+  sizeAndCentre(*this);
   guarded(this, [this] { BeolvasFigyel(); });
   guarded(this, [this] { BeolvasFigyDatum(); });
 }

@@ -2,7 +2,6 @@
 
 #include "reminders/date_reminders.h"
 #include "ui/controls/message_boxes.h"
-#include "ui/dialog_parts.h"
 #include "ui/guarded.h"
 #include "ui/models/reminder_rows.h"
 #include "ui/reminder_parts.h"
@@ -20,8 +19,7 @@ frmDatumFigyelmeztetes::frmDatumFigyelmeztetes(Context& context, QWidget* parent
           [this](int row) { guarded(this, [&] { choose(row); }); });
   connect(ui_->cmdDel, &QPushButton::clicked, this, [this] { guarded(this, [this] { deleteChosen(); }); });
   connect(ui_->Command1, &QPushButton::clicked, this, &QDialog::close);
-  adjustSize();
-  centreOnDisplay(*this);
+  sizeAndCentre(*this);
   guarded(this, [this] { load(); });
 }
 

@@ -25,6 +25,8 @@ QString typedCharacter(QEvent* event) {
 
 NoteTypeAhead::NoteTypeAhead(QComboBox* field, Finder find)
     : QObject(field), edit_(field->lineEdit()), find_(std::move(find)) {
+  // The list owns the keyboard for its text field and hands events on behind the filters' back.
+  field->installEventFilter(this);
   edit_->installEventFilter(this);
 }
 
@@ -38,8 +40,9 @@ bool NoteTypeAhead::eventFilter(QObject* watched, QEvent* event) {
 void NoteTypeAhead::selectWhole(Qt::FocusReason reason) {
   if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason) return;
   if (isBlank(edit_->text())) edit_->setText(QStringLiteral("Tankolás"));
+  edit_->selectAll();
   // The mouse press that brought the focus sets the cursor after this event.
-  QTimer::singleShot(0, edit_, &QLineEdit::selectAll);
+  if (reason == Qt::MouseFocusReason) QTimer::singleShot(0, edit_, &QLineEdit::selectAll);
 }
 
 bool NoteTypeAhead::complete(const QString& key) {

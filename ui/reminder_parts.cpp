@@ -2,13 +2,23 @@
 
 #include <QHeaderView>
 #include <QLabel>
+#include <QLayout>
 #include <QStyle>
 
 #include "ui/controls/list_view.h"
 #include "ui/controls/message_boxes.h"
+#include "ui/dialog_parts.h"
 #include "ui/models/text_list_model.h"
 
 namespace tarvik::ui {
+
+// Only a polished part knows the size that it needs, and layouts remember what it asked for before.
+void sizeAndCentre(QWidget& dialog) {
+  for (const QWidget* part : dialog.findChildren<QWidget*>()) part->ensurePolished();
+  for (QLayout* layout : dialog.findChildren<QLayout*>()) layout->invalidate();
+  dialog.adjustSize();
+  centreOnDisplay(dialog);
+}
 
 TextListModel* prepareReminderList(ListView* view, const QStringList& headers) {
   static const QList<int> kCharacters{11, 40, 10};

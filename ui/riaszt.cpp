@@ -44,8 +44,7 @@ riaszt::riaszt(Context& context, const QString& plate, QWidget* parent)
           [this] { guarded(this, [this] { chooseLine(); }); });
   connect(ui_->cmd_torles, &QPushButton::clicked, this,
           [this] { guarded(this, [this] { deleteChosen(); }); });
-  adjustSize();
-  centreOnDisplay(*this);
+  sizeAndCentre(*this);
   guarded(this, [&] {
     showLines(reminders::alertLines(reminders::loadKmReminders(context_.files, context_.folders),
                                     toLogic(plate), context_.state.currentReading));

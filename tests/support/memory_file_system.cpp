@@ -274,8 +274,17 @@ int MemoryFileSystem::newNode() {
 }
 
 void MemoryFileSystem::writeInto(Node& node, std::string_view bytes, std::int64_t offset) {
-  if (node.disk.use_count() > 1) node.disk = std::make_shared<std::string>(*node.disk);
+  if (node.disk.use_count() > 1) {
+    auto own = std::make_shared<std::string>();
+    own->reserve(node.disk->size() + bytes.size());
+    own->append(*node.disk);
+    node.disk = std::move(own);
+  }
   const auto at = static_cast<std::size_t>(offset);
+  if (node.disk->size() == at) {
+    node.disk->append(bytes);
+    return;
+  }
   if (node.disk->size() < at + bytes.size()) node.disk->resize(at + bytes.size());
   bytes.copy(node.disk->data() + at, bytes.size());
 }

@@ -396,7 +396,8 @@ class FrmTarvikEntryTest : public QObject {
     main.open();
     QLineEdit* note = main.combo("txMegjegyzes")->lineEdit();
     note->clear();
-    QTest::keyClicks(note, "tan");
+    main.combo("txMegjegyzes")->setFocus();
+    QTest::keyClicks(QApplication::focusWidget(), "tan");
     QCOMPARE(note->text(), QString("TANKOLÁS + MOSÁS"));
     QCOMPARE(note->selectionStart(), 3);
     QCOMPARE(note->selectedText(), QString("KOLÁS + MOSÁS"));

@@ -34,6 +34,7 @@ struct MainScreen {
     screen = std::make_unique<ui::frmTarvik>(context);
     screen->load();
     screen->show();
+    if (!QTest::qWaitForWindowActive(screen.get())) qFatal("the main screen did not come to the front");
   }
 
   template <typename Control>

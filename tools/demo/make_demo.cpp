@@ -1,11 +1,14 @@
-// tarvik_make_demo LOG.csv FOLDER: fills an existing folder with the demonstration household.
+// tarvik_make_demo LOG.csv FOLDER TODAY: fills an existing folder with the demonstration household; its date
+// reminders fall around the day given (2013.07.05.).
 
 #include <exception>
 #include <filesystem>
 #include <iostream>
+#include <stdexcept>
 #include <string>
 
 #include "core/data_folders.h"
+#include "core/day.h"
 #include "core/entry_editing.h"
 #include "core/entry_input.h"
 #include "core/failure.h"
@@ -65,6 +68,12 @@ class Maker {
     for (const auto& entry : repairEntries()) repairLog.record(entry);
   }
 
+  void addReminders(core::Day today) {
+    for (const auto& [on, entry] : kmReminders()) reminders::recordKmReminder(files_, folders_, entry, on);
+    for (const auto& [on, entry] : dateReminders(today))
+      reminders::recordDateReminder(files_, folders_, entry, on);
+  }
+
   void chooseAtStart(const std::string& plate) {
     settings::saveStartSettings(files_, folders_,
                                 {.remindersOn = core::kFlagSet, .plate = core::FixedText<10>(plate)});
@@ -75,11 +84,18 @@ class Maker {
   core::DataFolders folders_;
 };
 
-void makeHousehold(const std::filesystem::path& log, const std::filesystem::path& folder) {
+core::Day dayOfArgument(const char* text) {
+  const auto day = core::dayFromShortDate(text);
+  if (!day) throw std::runtime_error(std::string("no day: ") + text);
+  return *day;
+}
+
+void makeHousehold(const std::filesystem::path& log, const std::filesystem::path& folder, core::Day today) {
   Maker maker(folder);
   for (const Car& car : household(log)) maker.add(car);
   maker.addLookupTexts();
   maker.addRegisters();
+  maker.addReminders(today);
   maker.chooseAtStart("KLM456");
 }
 
@@ -87,12 +103,12 @@ void makeHousehold(const std::filesystem::path& log, const std::filesystem::path
 }  // namespace tarvik::demo
 
 int main(int argc, char** argv) {
-  if (argc != 3) {
-    std::cerr << "usage: tarvik_make_demo LOG.csv FOLDER\n";
+  if (argc != 4) {
+    std::cerr << "usage: tarvik_make_demo LOG.csv FOLDER TODAY\n";
     return 2;
   }
   try {
-    tarvik::demo::makeHousehold(argv[1], argv[2]);
+    tarvik::demo::makeHousehold(argv[1], argv[2], tarvik::demo::dayOfArgument(argv[3]));
   } catch (const tarvik::core::Failure& failure) {
     std::cerr << "tarvik_make_demo: failed at " << failure.file() << ' ' << failure.field() << '\n';
     return 1;

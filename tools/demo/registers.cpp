@@ -62,4 +62,22 @@ std::vector<repairs::NewRepair> repairEntries() {
   };
 }
 
+std::vector<Entered<reminders::KmReminderEntry>> kmReminders() {
+  return {
+      {core::dayOf({2021, 6, 11}), {"Fékfolyadék csere", "228310", "50000", "KLM456"}},
+      {core::dayOf({2025, 9, 1}), {"Olajcsere, olajszűrő", "273610", "7000", "KLM456"}},
+      {core::dayOf({2024, 9, 10}), {"Vezérműszíj csere", "261560", "90000", "KLM456"}},
+      {core::dayOf({2025, 10, 22}), {"Olajcsere, olajszűrő", "99650", "15000", "ABC123"}},
+  };
+}
+
+std::vector<Entered<reminders::DateReminderEntry>> dateReminders(core::Day today) {
+  const core::Day entered = core::addDays(today, -60);
+  return {
+      {entered, {core::addDays(today, 5), "Műszaki vizsga", "KLM456"}},
+      {entered, {core::addDays(today, -3), "Kötelező biztosítás", "ABC123"}},
+      {entered, {core::addDays(today, 200), "Autópálya matrica", "XYZ789"}},
+  };
+}
+
 }  // namespace tarvik::demo

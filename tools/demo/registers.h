@@ -2,6 +2,9 @@
 
 #include <vector>
 
+#include "core/day.h"
+#include "reminders/date_reminders.h"
+#include "reminders/km_reminders.h"
 #include "repairs/repair_log.h"
 #include "tyres/tyre_register.h"
 
@@ -12,5 +15,19 @@ std::vector<tyres::NewTyreSet> tyreSets();
 
 /// The household's repairs and services, in order of date.
 std::vector<repairs::NewRepair> repairEntries();
+
+/// A reminder and the day on which it was entered.
+template <typename Entry>
+struct Entered {
+  core::Day on;
+  Entry entry;
+};
+
+/// The household's km reminders: of KLM456 one passed, one that soon will be and one far off, and one of
+/// ABC123 that is not passed.
+std::vector<Entered<reminders::KmReminderEntry>> kmReminders();
+
+/// The household's date reminders: one due in a few days, one overdue and one far off from today.
+std::vector<Entered<reminders::DateReminderEntry>> dateReminders(core::Day today);
 
 }  // namespace tarvik::demo

@@ -1,0 +1,254 @@
+// tarvik_bench_operations FOLDER ROUNDS: the logic's operations beside their floors and peers. Makes its
+// files in FOLDER, writes the rows of the table.
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+#include "benchmarks/floors.h"
+#include "benchmarks/logbook.h"
+#include "benchmarks/rows.h"
+#include "benchmarks/sqlite_peer.h"
+#include "core/entry_editing.h"
+#include "core/failure.h"
+#include "core/posix_file_system.h"
+#include "core/record_file.h"
+#include "core/statistics.h"
+#include "core/totals.h"
+#include "print/list_document.h"
+#include "reminders/km_alert.h"
+#include "settings/vehicles.h"
+
+namespace tarvik::bench {
+namespace {
+
+constexpr int kReminders = 1'000;
+constexpr int kDurableActs = 5;
+constexpr double kMillisecond = 1e6;
+
+core::EntryInput typedEntry(int km) {
+  return {.kmOra = std::to_string(km),
+          .tankoltLiter = "40,5",
+          .tankoltKtg = "16200",
+          .ftPerLiter = "400,00",
+          .alkatresz = "",
+          .alkatreszKtg = "0",
+          .megjegyzes = "Tankolás",
+          .megjKtg = "0",
+          .datum = core::dayOf({2029, 12, 31}),
+          .teletank = true};
+}
+
+/// The operations on one vehicle's folder, as the screens call them.
+class Operations {
+ public:
+  Operations(std::string folder, int entries)
+      : folder_(std::move(folder)),
+        entries_(entries),
+        bytes_(logbookBytes(entries)),
+        folders_{folder_, folder_} {
+    makeFolder(folder_, entries, kReminders);
+  }
+
+  std::string logbookFolder() const { return folder_ + "/" + kPlate; }
+  std::string logbookPath() const { return logbookFolder() + "/napiadat.dat"; }
+
+  /// Puts the logbook back as it was made, with room for as many entries more.
+  void restore(int room) {
+    std::vector<std::byte> shorter = bytes_;
+    shorter.resize(bytes_.size() - static_cast<std::size_t>(room) * core::NapiAdat::kLength);
+    writeFile(logbookPath(), shorter);
+    settle();
+  }
+
+  void load() {
+    const core::Logbook logbook = core::loadLogbook(files_, folders_, kPlate);
+    for (int number = 1; number <= logbook.count(); ++number) {
+      core::NapiAdat entry = logbook.record(number);
+      benchmark::DoNotOptimize(entry);
+    }
+  }
+  void filter(core::ListMode mode) {
+    core::Listing listing{core::loadLogbook(files_, folders_, kPlate), {}};
+    const core::ListFilter filter{mode, core::addDays(core::dayOf({1940, 1, 1}), entries_ - 1)};
+    listing.numbers = core::listedEntries(listing.logbook, filter);
+    core::Totals totals;
+    core::updateTotals(listing, totals);
+    benchmark::DoNotOptimize(totals);
+  }
+  void click() {
+    const core::Logbook logbook = core::loadLogbook(files_, folders_, kPlate);
+    const auto vehicles = settings::loadVehiclesOfProgramFolder(files_, folders_);
+    auto found = core::statisticsOf(logbook, {.selected = logbook.count(),
+                                              .tankSize = settings::tankSizeOf(vehicles, kPlate),
+                                              .average = "6,5 Liter/100Km",
+                                              .today = core::dayOf({2029, 12, 31})});
+    auto shown = core::toInput(logbook.record(logbook.count()));
+    benchmark::DoNotOptimize(found);
+    benchmark::DoNotOptimize(shown);
+  }
+  void checkKm() {
+    auto found = reminders::checkKm(files_, folders_, kPlate);
+    benchmark::DoNotOptimize(found);
+  }
+  void record() { core::recordEntry(files_, folders_, kPlate, typedEntry(++km_)); }
+  void modify() { core::modifyEntry(files_, folders_, kPlate, entries_ / 2, typedEntry(km_), "6,50"); }
+  void remove() { core::deleteEntry(files_, folders_, kPlate, entries_ / 2); }
+  void makePages() {
+    const core::Logbook logbook = core::loadLogbook(files_, folders_, kPlate);
+    print::ListedRows rows;
+    for (int number = 1; number <= logbook.count(); ++number) rows.records.push_back(number);
+    const print::ListDocument document(logbook, std::move(rows), "Fejléc");
+    for (int number = 1; number <= document.pageCount(); ++number) {
+      print::Page page = document.page(number);
+      benchmark::DoNotOptimize(page);
+    }
+  }
+
+ private:
+  std::string folder_;
+  int entries_;
+  std::vector<std::byte> bytes_;
+  core::PosixFileSystem files_;
+  core::DataFolders folders_;
+  int km_ = 2'000'000;
+};
+
+/// The measurements in one place: each takes its times and writes its rows.
+class Measurements {
+ public:
+  Measurements(const std::string& folder, int rounds)
+      : folder_(folder), rounds_(rounds), full_(folder + "/full", kFullLogbook) {}
+
+  void reading() {
+    SqlitePeer peer(folder_ + "/peer.sqlite", kFullLogbook);
+    const Times times = takeTimes({{.name = "load", .act = [&] { full_.load(); }},
+                                   {.name = "floor", .act = [&] { readBarely(full_.logbookPath()); }},
+                                   {.name = "year", .act = [&] { full_.filter(core::kYearList); }},
+                                   {.name = "floor2", .act = [&] { readBarely(full_.logbookPath()); }},
+                                   {.name = "month", .act = [&] { full_.filter(core::kMonthList); }},
+                                   {.name = "click", .act = [&] { full_.click(); }},
+                                   {.name = "km", .act = [&] { full_.checkKm(); }},
+                                   {.name = "select", .act = [&] { peer.select(); }}},
+                                  rounds_);
+    const Beside floor{"one read + barest decoding", times.at("floor")};
+    const Beside sameFloor{"the same", times.at("floor2")};
+    writeAgainstFloor("load and decode", times.at("load"), floor, 1.25);
+    writeAgainstPeer("load and decode", times.at("load"), {"SQLite SELECT", times.at("select")}, 5);
+    writeAgainstFloor("filter to a year", times.at("year"), sameFloor, 1.5);
+    writeAgainstFloor("filter to a month", times.at("month"), sameFloor, 1.5);
+    writeAgainstFloor("click with statistics", times.at("click"), sameFloor, 1.5);
+    writeAgainstFloor("km check, 1,000 reminders", times.at("km"), sameFloor, 1.5);
+    writeTime("km check, 1,000 reminders", median(times.at("km")), 5 * kMillisecond);
+  }
+
+  void writing() {
+    SqlitePeer peer(folder_ + "/peer.sqlite", kFullLogbook);
+    Operations bare(folder_ + "/floor", kFullLogbook);
+    const std::vector<std::byte> record = core::encoded(entryOf(1));
+    const auto restore = [&] { full_.restore(kDurableActs); };
+    const auto restoreBare = [&] { bare.restore(kDurableActs); };
+    const Times times = takeTimes(
+        {durable(
+             "append", [&] { full_.record(); }, restore),
+         durable(
+             "append floor", [&] { appendBarely(bare.logbookPath(), record); }, restoreBare),
+         durable(
+             "insert", [&] { peer.insert(); }, settle),
+         durable(
+             "modify", [&] { full_.modify(); }, restore),
+         durable(
+             "replace floor", [&] { replaceBarely(bare.logbookFolder(), "napiadat.dat"); }, restoreBare),
+         durable(
+             "delete", [&] { full_.remove(); }, restore)},
+        rounds_);
+    full_.restore(0);
+    writeAgainstFloor("durable append", times.at("append"), {"raw write + sync", times.at("append floor")},
+                      1.5);
+    writeAgainstPeer("durable append", times.at("append"), {"SQLite insert", times.at("insert")}, 3);
+    const Beside floor{"raw copy + sync + rename + folder sync", times.at("replace floor")};
+    writeAgainstFloor("durable modify", times.at("modify"), floor, 1.25);
+    writeAgainstFloor("durable delete", times.at("delete"), floor, 1.25);
+  }
+
+  void printing() {
+    const Times times = takeTimes({{.name = "pages", .act = [&] { full_.makePages(); }, .acts = 1}}, 3);
+    writeTime("print-out of everything as pages", median(times.at("pages")), 1'000 * kMillisecond);
+  }
+
+  void growth() {
+    const std::vector<int> sizes{1'024, 4'096, 16'384, kFullLogbook};
+    std::map<std::string, std::vector<double>> medians;
+    for (const int size : sizes)
+      for (const auto& [name, times] : timesAt(size)) medians[name].push_back(median(times));
+    for (const char* name : {"load and decode", "filter to a year", "click with statistics", "km check"})
+      writeGrowth(std::string(name) + kSizes, sizes, medians.at(name), medians.at("read"));
+    writeGrowth(std::string("durable append") + kSizes, sizes, medians.at("append"),
+                medians.at("append floor"));
+    for (const char* name : {"durable modify", "durable delete"})
+      writeGrowth(std::string(name) + kSizes, sizes, medians.at(name), medians.at("replace"));
+    writeGrowth(std::string("print-out as pages") + kSizes, sizes, medians.at("pages"), medians.at("read"));
+  }
+
+ private:
+  static constexpr const char* kSizes = " at 1 k / 4 k / 16 k / 32 k";
+
+  static Measured durable(const char* name, std::function<void()> act, std::function<void()> prepare) {
+    return {.name = name, .act = std::move(act), .prepare = std::move(prepare), .acts = kDurableActs};
+  }
+
+  Times timesAt(int size) {
+    Operations sized(folder_ + "/sized", size);
+    const auto restore = [&] { sized.restore(kDurableActs); };
+    const std::string logbook = sized.logbookPath();
+    Operations bare(folder_ + "/floor", size);
+    const auto restoreBare = [&] { bare.restore(kDurableActs); };
+    const std::vector<std::byte> record = core::encoded(entryOf(1));
+    return takeTimes(
+        {{.name = "load and decode", .act = [&] { sized.load(); }},
+         {.name = "read", .act = [&] { readBarely(logbook); }},
+         {.name = "filter to a year", .act = [&] { sized.filter(core::kYearList); }},
+         {.name = "click with statistics", .act = [&] { sized.click(); }},
+         {.name = "km check", .act = [&] { sized.checkKm(); }},
+         {.name = "pages", .act = [&] { sized.makePages(); }},
+         durable(
+             "append", [&] { sized.record(); }, restore),
+         durable(
+             "append floor", [&] { appendBarely(bare.logbookPath(), record); }, restoreBare),
+         durable(
+             "durable modify", [&] { sized.modify(); }, restore),
+         durable(
+             "replace", [&] { replaceBarely(bare.logbookFolder(), "napiadat.dat"); }, restoreBare),
+         durable(
+             "durable delete", [&] { sized.remove(); }, restore)},
+        (rounds_ + 1) / 2);
+  }
+
+  std::string folder_;
+  int rounds_;
+  Operations full_;
+};
+
+}  // namespace
+}  // namespace tarvik::bench
+
+int main(int argc, char** argv) {
+  if (argc != 3) {
+    std::fputs("usage: tarvik_bench_operations FOLDER ROUNDS\n", stderr);
+    return 2;
+  }
+  try {
+    tarvik::bench::Measurements measurements(argv[1], std::atoi(argv[2]));
+    measurements.reading();
+    measurements.writing();
+    measurements.printing();
+    measurements.growth();
+  } catch (const tarvik::core::Failure& failure) {
+    std::fprintf(stderr, "failure %d at %s %s, system error %d\n", static_cast<int>(failure.kind()),
+                 failure.file().c_str(), failure.field().c_str(), failure.systemError());
+    return 1;
+  }
+  return 0;
+}

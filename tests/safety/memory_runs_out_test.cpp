@@ -1,0 +1,113 @@
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <new>
+
+#include "core/failure.h"
+#include "core/posix_file_system.h"
+#include "tests/support/operations.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+// How many allocations of this program are granted before one is refused; negative: all of them.
+int granted = -1;
+int asked = 0;
+
+bool isRefused() {
+  ++asked;
+  if (granted < 0) return false;
+  return granted-- == 0;
+}
+
+void* allocated(std::size_t size) {
+  if (isRefused()) throw std::bad_alloc();
+  if (void* const memory = std::malloc(size == 0 ? 1 : size)) return memory;
+  throw std::bad_alloc();
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+  return allocated(size);
+}
+void* operator new[](std::size_t size) {
+  return allocated(size);
+}
+void operator delete(void* memory) noexcept {
+  std::free(memory);
+}
+void operator delete[](void* memory) noexcept {
+  std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+  std::free(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept {
+  std::free(memory);
+}
+
+namespace tarvik::test {
+namespace {
+
+long openDescriptors() {
+  long count = 0;
+  for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) ++count;
+  return count;
+}
+
+class MemoryRunsOutTest : public testing::TestWithParam<int> {
+ protected:
+  MemoryRunsOutTest() { folder_.makeFolder(kOperationPlate); }
+
+  std::string nameOf(const Operation& operation) const {
+    return operation.file(folders_).substr(folder_.path().size() + 1);
+  }
+
+  // Runs the operation with so many allocations granted; whether it was stopped.
+  bool isStopped(const Operation& operation, int allocations) {
+    granted = allocations;
+    asked = 0;
+    try {
+      operation.run(files_, folders_);
+    } catch (const std::bad_alloc&) {
+      granted = -1;
+      return true;
+    } catch (const core::Failure&) {
+    }
+    granted = -1;
+    return false;
+  }
+
+  TemporaryFolder folder_;
+  const core::DataFolders folders_{.program = folder_.path(), .current = folder_.path()};
+  core::PosixFileSystem files_;
+};
+
+TEST_P(MemoryRunsOutTest, EndsOldOrNewAndLeavesNothingOpen) {
+  int cases = 0;
+  for (const Operation& operation : operations(GetParam())) {
+    const std::string old = fileOf(operation, GetParam());
+    folder_.write(nameOf(operation), old);
+    ASSERT_FALSE(isStopped(operation, -1));
+    const int allocations = asked;
+    const std::string changed = folder_.read(nameOf(operation));
+    const long open = openDescriptors();
+    for (int nth = 0; nth < allocations; ++nth, ++cases) {
+      folder_.write(nameOf(operation), old);
+      const bool stopped = isStopped(operation, nth);
+      const std::string now = folder_.read(nameOf(operation));
+      EXPECT_TRUE(now == changed || (stopped && now == old)) << operation.name << ", allocation " << nth;
+      EXPECT_EQ(openDescriptors(), open) << operation.name << ", allocation " << nth;
+    }
+  }
+  std::printf("%d cases\n", cases);
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, MemoryRunsOutTest, testing::Values(0, 1, 105),
+                         [](const auto& files) { return "With" + std::to_string(files.param) + "Records"; });
+
+}  // namespace
+}  // namespace tarvik::test

@@ -1,0 +1,177 @@
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <set>
+
+#include "core/failure.h"
+#include "core/record_file.h"
+#include "core/record_list.h"
+#include "tests/support/forwarding_file_system.h"
+#include "tests/support/shared_memory_folder.h"
+#include "tests/support/temporary_folder.h"
+
+namespace tarvik::test {
+namespace {
+
+constexpr int kChangesAProgram = 5'000;
+
+// A kind of record that holds nothing but an identity. One kind ends in a zero byte and is added in place,
+// the other is not and never is.
+struct Kind {
+  const char* file;
+  const char* temporary;
+  std::size_t length;
+  char last;
+};
+constexpr Kind kKinds[] = {{"inplace.dat", "inplacex.dat", 156, '\0'},
+                           {"replaced.dat", "replacedx.dat", 50, ' '}};
+
+std::string recordOf(const Kind& kind, const std::string& identity) {
+  std::string record = padded(identity, kind.length);
+  record.back() = kind.last;
+  return record;
+}
+
+std::string identityIn(std::string_view record) {
+  return std::string(record.substr(0, record.find(' ')));
+}
+
+std::string_view textOf(const core::ByteBlock& block) {
+  return {reinterpret_cast<const char*>(block.data.get()), block.size};
+}
+
+// Waits for the other program a moment only, so that the two take turns as often as can be.
+class ImpatientFileSystem final : public ForwardingFileSystem {
+ public:
+  void pause(int) override { ForwardingFileSystem::pause(1); }
+};
+
+// One program: it adds, rewrites and removes, and notes in a file of its own what it did to which record.
+class Program {
+ public:
+  Program(const std::string& folder, char name)
+      : folder_(folder), name_(name), random_(static_cast<unsigned>(name)) {
+    notes_ = std::fopen((folder + "/notes-" + name).c_str(), "w");
+  }
+  ~Program() { std::fclose(notes_); }
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  void run() {
+    for (int change = 0; change < kChangesAProgram;) {
+      try {
+        makeOne(kKinds[random_() % std::size(kKinds)], name_ + std::to_string(change));
+        ++change;
+      } catch (const core::Failure& failure) {
+        if (failure.kind() != core::FailureKind::FileBusy) throw;
+        std::fputs("busy\n", notes_);
+      }
+    }
+  }
+
+ private:
+  void makeOne(const Kind& kind, const std::string& identity) {
+    core::RecordFile file(files_, folder_ + "/" + kind.file, kind.length);
+    const auto choice = random_() % 10;
+    // As many go as come once there are some hundred, so that the files stay small.
+    const bool grows = file.count() < 200 ? choice < 6 : choice < 3;
+    if (file.count() == 0 || grows) return add(file, kind, identity);
+    const auto number = static_cast<std::int64_t>(random_() % static_cast<unsigned long>(file.count())) + 1;
+    const std::string gone = identityIn(textOf(file.read(number, 1)));
+    if (choice == 9) {
+      file.rewrite(number, std::as_bytes(std::span<const char>(recordOf(kind, identity))));
+      note('+', kind, identity);
+    } else {
+      file.remove(number, folder_ + "/" + kind.temporary);
+    }
+    note('-', kind, gone);
+  }
+
+  void add(core::RecordFile& file, const Kind& kind, const std::string& identity) {
+    file.append(std::as_bytes(std::span<const char>(recordOf(kind, identity))));
+    note('+', kind, identity);
+  }
+
+  void note(char what, const Kind& kind, const std::string& identity) {
+    std::fprintf(notes_, "%c%zu:%s\n", what, kind.length, identity.c_str());
+  }
+
+  std::string folder_;
+  char name_;
+  std::mt19937 random_;
+  ImpatientFileSystem files_;
+  std::FILE* notes_;
+};
+
+std::string contentsOf(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+pid_t started(const std::string& folder, char name) {
+  const pid_t child = ::fork();
+  if (child != 0) return child;
+  try {
+    Program(folder, name).run();
+  } catch (...) {
+    ::_exit(1);
+  }
+  ::_exit(0);
+}
+
+std::vector<std::string> linesOf(const std::string& text) {
+  std::vector<std::string> lines;
+  for (std::size_t at = 0; at < text.size(); at = text.find('\n', at) + 1)
+    lines.push_back(text.substr(at, text.find('\n', at) - at));
+  return lines;
+}
+
+TEST(TwoProgramsTest, LoseNothingAndDoubleNothing) {
+  const TemporaryFolder onDisk;
+  const SharedMemoryFolder inMemory(onDisk);  // where the system has one: it saves the waiting for a disk
+  const std::string folder = inMemory.isApartFrom(onDisk) ? inMemory.path() : onDisk.path();
+  const pid_t programs[] = {started(folder, 'a'), started(folder, 'b')};
+  for (const pid_t program : programs) {
+    int status = 0;
+    ASSERT_EQ(::waitpid(program, &status, 0), program);
+    ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+  }
+
+  std::set<std::string> expected;
+  std::vector<std::string> gone;
+  long busy = 0;
+  for (const std::string& line : linesOf(contentsOf(folder + "/notes-a") + contentsOf(folder + "/notes-b"))) {
+    if (line == "busy") ++busy;
+    if (line.front() == '-') gone.push_back(line.substr(1));
+    if (line.front() != '+') continue;
+    EXPECT_TRUE(expected.insert(line.substr(1)).second) << line;
+  }
+  for (const std::string& record : gone) EXPECT_EQ(expected.erase(record), 1U) << record << " went twice";
+
+  std::set<std::string> found;
+  for (const Kind& kind : kKinds) {
+    const std::string contents = contentsOf(folder + "/" + kind.file);
+    ASSERT_EQ(contents.size() % kind.length, 0U);
+    for (std::size_t at = 0; at < contents.size(); at += kind.length) {
+      const std::string record = contents.substr(at, kind.length);
+      const std::string identity = identityIn(record);
+      EXPECT_EQ(record, recordOf(kind, identity));
+      EXPECT_TRUE(found.insert(std::to_string(kind.length) + ":" + identity).second)
+          << identity << " is doubled";
+    }
+    EXPECT_FALSE(std::filesystem::exists(folder + "/" + kind.file + ".tmp"));
+  }
+  EXPECT_EQ(found, expected);
+  std::printf("%zu records at the end, %ld times the other program was busy for too long\n", found.size(),
+              busy);
+}
+
+}  // namespace
+}  // namespace tarvik::test
