@@ -44,12 +44,11 @@ FullFillSearch searchFullFill(int newNumber, const Ratio& litres, const Ratio& k
   Ratio sum = litres;
   for (int number = newNumber - 1; number >= 2; --number) {
     const NapiAdat earlier = entry(number);
-    const bool isFull = earlier.Teletank == kFlagSet;
-    if (isFull && !earlier.TankoltLiter.isZero()) {
+    if (earlier.Teletank == kFlagSet && !earlier.TankoltLiter.isZero()) {
       const Ratio distance = kmOra - earlier.KmOra;
       return {distance, consumptionText(sum, distance)};
     }
-    if (!isFull) sum = sum + earlier.TankoltLiter.ratio();
+    sum = sum + earlier.TankoltLiter.ratio();
   }
   return {};
 }

@@ -1,24 +1,8 @@
 #include "core/field_number.h"
 
-#include "core/failure.h"
 #include "core/number_text.h"
 
 namespace tarvik::core {
-namespace {
-
-// Runs a conversion and names the field in its failure.
-template <typename Convert>
-auto inField(const char* field, Convert convert) {
-  try {
-    return convert();
-  } catch (Failure& failure) {
-    failure.field(field);
-    throw;
-  }
-}
-
-}  // namespace
-
 std::int32_t fieldWhole32(const Ratio& value, const char* field) {
   return inField(field, [&] { return toWhole32(value); });
 }

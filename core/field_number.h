@@ -4,12 +4,24 @@
 #include <string_view>
 
 #include "core/amount.h"
+#include "core/failure.h"
 #include "core/ratio.h"
 
 namespace tarvik::core {
 
 // The figures of a screen's fields. All of them round to the nearest value, halves to even, and every
 // failure carries the field's name: OutOfRange for a figure that the record's field cannot hold.
+
+/// What a computation gives; a Failure that it throws names the field.
+template <typename Compute>
+auto inField(const char* field, Compute compute) {
+  try {
+    return compute();
+  } catch (Failure& failure) {
+    failure.field(field);
+    throw;
+  }
+}
 
 /// A field's figure in 32 bits; throws Failure(OutOfRange).
 std::int32_t fieldWhole32(const Ratio& value, const char* field);

@@ -1,6 +1,7 @@
 #include "core/totals.h"
 
 #include "core/failure.h"
+#include "core/field_number.h"
 #include "core/number_format.h"
 #include "core/number_text.h"
 
@@ -16,10 +17,12 @@ struct Sums {
   Amount litres;
 
   void add(const NapiAdat& entry) {
-    const std::int32_t cost = checkedSum(checkedSum(entry.TankoltKtg, entry.AlkatreszKtg), entry.MegjKtg);
-    const std::int32_t newTotal = checkedSum(total, cost);
-    const std::int32_t newFuel = checkedSum(fuel, entry.TankoltKtg);
-    litres = litres + entry.TankoltLiter;
+    const auto cost = [&] {
+      return checkedSum(checkedSum(entry.TankoltKtg, entry.AlkatreszKtg), entry.MegjKtg);
+    };
+    const auto newTotal = inField("tx_teljes_ktg", [&] { return checkedSum(total, cost()); });
+    const auto newFuel = inField("ob_ktg", [&] { return checkedSum(fuel, entry.TankoltKtg); });
+    litres = inField("tx_liter", [&] { return litres + entry.TankoltLiter; });
     total = newTotal;
     fuel = newFuel;
   }
@@ -67,7 +70,8 @@ void updateTotals(const Listing& listing, Totals& totals) {
   }
   const Sums sums = sumRows(listing, texts);
   const NapiAdat first = listing.entry(0);
-  const std::int32_t distance = checkedDifference(listing.entry(listing.rows() - 1).KmOra, first.KmOra);
+  const NapiAdat last = listing.entry(listing.rows() - 1);
+  const auto distance = inField("tx_megtett_km", [&] { return checkedDifference(last.KmOra, first.KmOra); });
   texts.megtettKm = formatted(distance, R"(### ### ###\ \K\m\.)");
   texts.liter = formatted(sums.litres.ratio(), R"(### ###.##\ \L\i\t\e\r)");
   if (distance == 0) return;

@@ -50,6 +50,11 @@ QString headline(FailureKind kind) {
 QString fieldName(const std::string& field) {
   static const QHash<QString, QString> names{
       {"txKmOra", "Km óra állás"},
+      {"lbPillAtlag", "Pillanatnyi átlag fogy."},
+      {"tx_teljes_ktg", "Eddigi Költség"},
+      {"ob_ktg", "Ebből benzin"},
+      {"tx_liter", "Összes tankolás"},
+      {"tx_megtett_km", "Megtett út"},
       {"txTankoltLiter", "Liter"},
       {"txTankoltKtg", "Tankolt költség"},
       {"lbFtperLiter", "Üzemanyag ár"},

@@ -12,6 +12,7 @@
 #include "core/posix_file_system.h"
 #include "tests/core/entries.h"
 #include "tests/support/expect_failure.h"
+#include "tests/support/forwarding_file_system.h"
 #include "tests/support/reference_logbook.h"
 #include "tests/support/temporary_folder.h"
 
@@ -223,6 +224,19 @@ TEST_F(EntryEditing, SearchGoesBackAsFarAsItMust) {
   write(entries);
   EXPECT_EQ(record(typed("11000", "50")), Ratio(1'000));
   EXPECT_EQ(load().record(203).Fogyasztas.tenThousandths, 250'000);  // (200 + 50) / 10
+}
+
+TEST_F(EntryEditing, SearchReadsSomeDozensOfEntriesAtOnce) {
+  struct CountingFileSystem : test::ForwardingFileSystem {
+    int reads = 0;
+    std::int64_t read(int descriptor, std::span<std::byte> buffer, std::int64_t offset) override {
+      ++reads;
+      return ForwardingFileSystem::read(descriptor, buffer, offset);
+    }
+  } counting;
+  write(std::vector<PlainEntry>(6'401, stored(10'000, 0, false)));
+  recordEntry(counting, folders_, "ABC123", typed("10500", "40"));
+  EXPECT_LE(counting.reads, 101);
 }
 
 TEST_F(EntryEditing, ConsumptionRoundsHalvesAwayFromZeroToTwoDecimals) {

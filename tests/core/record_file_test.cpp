@@ -95,19 +95,6 @@ TEST_F(RecordFileTest, AFileOf100MegabytesReadsItsFirst32767Records) {
   EXPECT_EQ(records.substr(0, 5), std::string("AAAA\0", 5));
 }
 
-TEST_F(RecordFileTest, ReadsTheWholeFileInOneRead) {
-  struct CountingFileSystem : test::ForwardingFileSystem {
-    int reads = 0;
-    std::int64_t read(int descriptor, std::span<std::byte> buffer, std::int64_t offset) override {
-      ++reads;
-      return ForwardingFileSystem::read(descriptor, buffer, offset);
-    }
-  } counting;
-  write(std::string(32'767 * kLength, 'x'));
-  EXPECT_EQ(readRecords(counting, path_, kLength).size, 32'767u * kLength);
-  EXPECT_EQ(counting.reads, 1);
-}
-
 TEST_F(RecordFileTest, MissingFolderIsToldAndNotCreated) {
   const std::string inside = folder_ / "gone/data.dat";
   expectFailure(FailureKind::FolderMissing, [&] { readRecords(files_, inside, kLength); });
@@ -157,18 +144,19 @@ TEST_F(RecordFileTest, AppendsBehindTheLastRecord) {
   EXPECT_EQ(folder_.names(), Names{"data.dat"});
 }
 
-TEST_F(RecordFileTest, AppendsTwiceWhileOpen) {
-  RecordFile file = opened();
-  file.append(bytes("AAAA"));
-  file.append(bytes("BBBB"));
-  EXPECT_EQ(file.count(), 2);
-  EXPECT_EQ(stored(), "AAAABBBB");
+TEST_F(RecordFileTest, AppendsARecordThatEndsInZero) {
+  append(std::string_view("AA\0\0", kLength));
+  append(std::string_view("\0\0\0\0", kLength));
+  EXPECT_EQ(stored(), std::string("AA\0\0\0\0\0\0", 8));
 }
 
 TEST_F(RecordFileTest, AppendOverwritesAPartialTail) {
   write("AAAABBBBCC");
   append("DDDD");
   EXPECT_EQ(stored(), "AAAABBBBDDDD");
+  write("AAAABBBBCCC");
+  append(std::string_view("D\0\0\0", kLength));
+  EXPECT_EQ(stored(), std::string("AAAABBBBD\0\0\0", 12));
 }
 
 TEST_F(RecordFileTest, Holds32767RecordsAndNotOneMore) {
@@ -383,6 +371,41 @@ TEST_F(RecordFileTest, LockGoesWhenTheOperationFails) {
   expectFailure(FailureKind::RecordMissing, [&] { rewrite(2, "XXXX"); });
   rewrite(1, "YYYY");
   EXPECT_EQ(stored(), "YYYY");
+}
+
+// How often the system was asked for each thing.
+struct CountingFileSystem : test::ForwardingFileSystem {
+  int reads = 0;
+  int syncs = 0;
+  std::int64_t read(int descriptor, std::span<std::byte> buffer, std::int64_t offset) override {
+    ++reads;
+    return ForwardingFileSystem::read(descriptor, buffer, offset);
+  }
+  int sync(int descriptor) override {
+    ++syncs;
+    return ForwardingFileSystem::sync(descriptor);
+  }
+};
+
+TEST_F(RecordFileTest, ReadsTheWholeFileInOneRead) {
+  CountingFileSystem counting;
+  write(std::string(32'767 * kLength, 'x'));
+  EXPECT_EQ(readRecords(counting, path_, kLength).size, 32'767u * kLength);
+  EXPECT_EQ(counting.reads, 1);
+}
+
+TEST_F(RecordFileTest, NewNameIsSyncedWithTheFile) {
+  CountingFileSystem counting;
+  const std::string_view endsInZero("AAA\0", kLength);
+  RecordFile(counting, path_, kLength).append(bytes(endsInZero));
+  EXPECT_EQ(counting.syncs, 2);  // the file, and the folder that its name is new in
+  RecordFile(counting, path_, kLength).append(bytes(endsInZero));
+  EXPECT_EQ(counting.syncs, 3);
+  RecordFile(counting, path_, kLength).append(bytes("BBBB"));
+  EXPECT_EQ(counting.syncs, 5);  // the whole file anew, under its old name
+  RecordFile(counting, path_, kLength).rewrite(1, bytes("CCCC"));
+  EXPECT_EQ(counting.syncs, 7);
+  EXPECT_EQ(stored(), std::string("CCCCAAA\0BBBB", 12));
 }
 
 // A system that does everything by halves.

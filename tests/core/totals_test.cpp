@@ -13,7 +13,7 @@
 namespace tarvik::core {
 namespace {
 
-using test::expectFailure;
+using test::expectFieldFailure;
 using test::fuelling;
 using test::listingOf;
 using Text = std::optional<std::string>;
@@ -147,7 +147,7 @@ TEST(Totals, SumPast32BitsFailsAndTheTextsOfTheRowsBeforeStand) {
   Totals totals{.texts = earlierTexts()};
   const Listing listing =
       listingOf({costing(2'000'000'000, 5, 0), costing(147'483'643, 0, 0), costing(1, 0, 0)});
-  expectFailure(FailureKind::OutOfRange, [&] { updateTotals(listing, totals); });
+  expectFieldFailure(FailureKind::OutOfRange, "tx_teljes_ktg", [&] { updateTotals(listing, totals); });
   // After the second row the sum had not left its type: 2,147,483,648 is the first that does.
   EXPECT_EQ(totals.texts.teljesKtg, "2000 000 005 Ft.");
   EXPECT_EQ(totals.texts.benzinKtg, "2000 000 000 Ft.");
@@ -164,15 +164,24 @@ TEST(Totals, SumOfExactlyTheHighestFigureStands) {
 TEST(Totals, FirstRowThatDoesNotFitLeavesTheEarlierTexts) {
   Totals totals{.texts = earlierTexts()};
   const Listing listing = listingOf({costing(2'000'000'000, 2'000'000'000, 0)});
-  expectFailure(FailureKind::OutOfRange, [&] { updateTotals(listing, totals); });
+  expectFieldFailure(FailureKind::OutOfRange, "tx_teljes_ktg", [&] { updateTotals(listing, totals); });
   EXPECT_EQ(totals.texts.teljesKtg, "1 Ft.");
   EXPECT_EQ(totals.texts.fogyaszt, "6, Liter/100Km");
+}
+
+TEST(Totals, FuelCostPast32BitsFailsThoughTheWholeFits) {
+  Totals totals;
+  const Listing listing =
+      listingOf({costing(2'000'000'000, -2'000'000'000, 0), costing(2'000'000'000, 0, 0)});
+  expectFieldFailure(FailureKind::OutOfRange, "ob_ktg", [&] { updateTotals(listing, totals); });
 }
 
 TEST(Totals, LitresPast64BitsFail) {
   const auto lots = fuelling({2013, 7, 1}, 1, std::numeric_limits<std::int64_t>::max(), false);
   Totals totals;
-  expectFailure(FailureKind::OutOfRange, [&] { updateTotals(listingOf({lots, lots}), totals); });
+  expectFieldFailure(FailureKind::OutOfRange, "tx_liter", [&] {
+    updateTotals(listingOf({lots, lots}), totals);
+  });
   EXPECT_EQ(totals.texts.teljesKtg, " Ft.");
 }
 
@@ -182,7 +191,8 @@ TEST(Totals, DistancePast32BitsFailsAfterTheCostsAreShown) {
   entries[0].KmOra = Limits::min();
   entries[1].KmOra = Limits::max();
   Totals totals{.texts = earlierTexts()};
-  expectFailure(FailureKind::OutOfRange, [&] { updateTotals(listingOf(entries), totals); });
+  expectFieldFailure(FailureKind::OutOfRange, "tx_megtett_km",
+                     [&] { updateTotals(listingOf(entries), totals); });
   EXPECT_EQ(totals.texts.teljesKtg, "28 200 Ft.");
   EXPECT_EQ(totals.texts.megtettKm, "4 Km.");
 }

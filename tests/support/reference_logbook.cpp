@@ -50,6 +50,10 @@ int referenceFill(const std::vector<FillUp>& fillUps, int next) {
   return -1;
 }
 
+std::int32_t kmSince(const std::vector<FillUp>& fillUps, int reference, int number) {
+  return fillUps[static_cast<std::size_t>(number)].km - fillUps[static_cast<std::size_t>(reference)].km;
+}
+
 // Litres per 100 km since the last full fill in ten-thousandths. It is shown with two decimals first, and
 // a figure below 1 is taken for none.
 std::int64_t consumption(const std::vector<FillUp>& fillUps, int number) {
@@ -58,9 +62,8 @@ std::int64_t consumption(const std::vector<FillUp>& fillUps, int number) {
   std::int64_t litresHundredths = 0;
   for (int i = reference + 1; i <= number; ++i)
     litresHundredths += fillUps[static_cast<std::size_t>(i)].litresHundredths;
-  const std::int64_t km =
-      fillUps[static_cast<std::size_t>(number)].km - fillUps[static_cast<std::size_t>(reference)].km;
-  const std::int64_t shownHundredths = roundedQuotient(litresHundredths * 100, km);
+  const std::int64_t shownHundredths =
+      roundedQuotient(litresHundredths * 100, kmSince(fillUps, reference, number));
   return shownHundredths < 100 ? 0 : shownHundredths * 100;
 }
 
@@ -134,6 +137,13 @@ std::string referenceLogbook(const std::vector<FillUp>& fillUps) {
     bytes += bytesOf(entry);
   }
   return bytes;
+}
+
+std::int32_t referenceTyreKm(const std::vector<FillUp>& fillUps) {
+  std::int32_t km = 0;
+  for (int i = 0; i < static_cast<int>(fillUps.size()); ++i)
+    if (const int reference = referenceFill(fillUps, i); reference >= 0) km += kmSince(fillUps, reference, i);
+  return km;
 }
 
 }  // namespace tarvik::test
