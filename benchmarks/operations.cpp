@@ -45,7 +45,10 @@ core::EntryInput typedEntry(int km) {
 class Operations {
  public:
   Operations(std::string folder, int entries)
-      : folder_(std::move(folder)), entries_(entries), bytes_(logbookBytes(entries)), folders_{folder_, folder_} {
+      : folder_(std::move(folder)),
+        entries_(entries),
+        bytes_(logbookBytes(entries)),
+        folders_{folder_, folder_} {
     makeFolder(folder_, entries, kReminders);
   }
 
@@ -121,16 +124,15 @@ class Measurements {
 
   void reading() {
     SqlitePeer peer(folder_ + "/peer.sqlite", kFullLogbook);
-    const Times times =
-        takeTimes({{.name = "load", .act = [&] { full_.load(); }},
-                   {.name = "floor", .act = [&] { readBarely(full_.logbookPath()); }},
-                   {.name = "year", .act = [&] { full_.filter(core::kYearList); }},
-                   {.name = "floor2", .act = [&] { readBarely(full_.logbookPath()); }},
-                   {.name = "month", .act = [&] { full_.filter(core::kMonthList); }},
-                   {.name = "click", .act = [&] { full_.click(); }},
-                   {.name = "km", .act = [&] { full_.checkKm(); }},
-                   {.name = "select", .act = [&] { peer.select(); }}},
-                  rounds_);
+    const Times times = takeTimes({{.name = "load", .act = [&] { full_.load(); }},
+                                   {.name = "floor", .act = [&] { readBarely(full_.logbookPath()); }},
+                                   {.name = "year", .act = [&] { full_.filter(core::kYearList); }},
+                                   {.name = "floor2", .act = [&] { readBarely(full_.logbookPath()); }},
+                                   {.name = "month", .act = [&] { full_.filter(core::kMonthList); }},
+                                   {.name = "click", .act = [&] { full_.click(); }},
+                                   {.name = "km", .act = [&] { full_.checkKm(); }},
+                                   {.name = "select", .act = [&] { peer.select(); }}},
+                                  rounds_);
     const Beside floor{"one read + barest decoding", times.at("floor")};
     const Beside sameFloor{"the same", times.at("floor2")};
     writeAgainstFloor("load and decode", times.at("load"), floor, 1.25);
@@ -149,15 +151,22 @@ class Measurements {
     const auto restore = [&] { full_.restore(kDurableActs); };
     const auto restoreBare = [&] { bare.restore(kDurableActs); };
     const Times times = takeTimes(
-        {durable("append", [&] { full_.record(); }, restore),
-         durable("append floor", [&] { appendBarely(bare.logbookPath(), record); }, restoreBare),
-         durable("insert", [&] { peer.insert(); }, settle),
-         durable("modify", [&] { full_.modify(); }, restore),
-         durable("replace floor", [&] { replaceBarely(bare.logbookFolder(), "napiadat.dat"); }, restoreBare),
-         durable("delete", [&] { full_.remove(); }, restore)},
+        {durable(
+             "append", [&] { full_.record(); }, restore),
+         durable(
+             "append floor", [&] { appendBarely(bare.logbookPath(), record); }, restoreBare),
+         durable(
+             "insert", [&] { peer.insert(); }, settle),
+         durable(
+             "modify", [&] { full_.modify(); }, restore),
+         durable(
+             "replace floor", [&] { replaceBarely(bare.logbookFolder(), "napiadat.dat"); }, restoreBare),
+         durable(
+             "delete", [&] { full_.remove(); }, restore)},
         rounds_);
     full_.restore(0);
-    writeAgainstFloor("durable append", times.at("append"), {"raw write + sync", times.at("append floor")}, 1.5);
+    writeAgainstFloor("durable append", times.at("append"), {"raw write + sync", times.at("append floor")},
+                      1.5);
     writeAgainstPeer("durable append", times.at("append"), {"SQLite insert", times.at("insert")}, 3);
     const Beside floor{"raw copy + sync + rename + folder sync", times.at("replace floor")};
     writeAgainstFloor("durable modify", times.at("modify"), floor, 1.25);
@@ -176,7 +185,8 @@ class Measurements {
       for (const auto& [name, times] : timesAt(size)) medians[name].push_back(median(times));
     for (const char* name : {"load and decode", "filter to a year", "click with statistics", "km check"})
       writeGrowth(std::string(name) + kSizes, sizes, medians.at(name), medians.at("read"));
-    writeGrowth(std::string("durable append") + kSizes, sizes, medians.at("append"), medians.at("append floor"));
+    writeGrowth(std::string("durable append") + kSizes, sizes, medians.at("append"),
+                medians.at("append floor"));
     for (const char* name : {"durable modify", "durable delete"})
       writeGrowth(std::string(name) + kSizes, sizes, medians.at(name), medians.at("replace"));
     writeGrowth(std::string("print-out as pages") + kSizes, sizes, medians.at("pages"), medians.at("read"));
@@ -203,11 +213,16 @@ class Measurements {
          {.name = "click with statistics", .act = [&] { sized.click(); }},
          {.name = "km check", .act = [&] { sized.checkKm(); }},
          {.name = "pages", .act = [&] { sized.makePages(); }},
-         durable("append", [&] { sized.record(); }, restore),
-         durable("append floor", [&] { appendBarely(bare.logbookPath(), record); }, restoreBare),
-         durable("durable modify", [&] { sized.modify(); }, restore),
-         durable("replace", [&] { replaceBarely(bare.logbookFolder(), "napiadat.dat"); }, restoreBare),
-         durable("durable delete", [&] { sized.remove(); }, restore)},
+         durable(
+             "append", [&] { sized.record(); }, restore),
+         durable(
+             "append floor", [&] { appendBarely(bare.logbookPath(), record); }, restoreBare),
+         durable(
+             "durable modify", [&] { sized.modify(); }, restore),
+         durable(
+             "replace", [&] { replaceBarely(bare.logbookFolder(), "napiadat.dat"); }, restoreBare),
+         durable(
+             "durable delete", [&] { sized.remove(); }, restore)},
         (rounds_ + 1) / 2);
   }
 

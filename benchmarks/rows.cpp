@@ -40,8 +40,8 @@ void writeRow(const Row& row) {
   std::fflush(stdout);
 }
 
-void writeAgainstFloor(const std::string& figure, const std::vector<double>& nanoseconds,
-                       const Beside& floor, double mostTimes) {
+void writeAgainstFloor(const std::string& figure, const std::vector<double>& nanoseconds, const Beside& floor,
+                       double mostTimes) {
   const double ratio = medianRatio(nanoseconds, floor.nanoseconds);
   writeRow({.figure = figure,
             .measured = timeText(median(nanoseconds)),

@@ -32,8 +32,8 @@ inline constexpr double kGrowthTolerance = 1.1;
 void writeRow(const Row& row);
 
 /// A figure that is to stay within some times its floor.
-void writeAgainstFloor(const std::string& figure, const std::vector<double>& nanoseconds,
-                       const Beside& floor, double mostTimes);
+void writeAgainstFloor(const std::string& figure, const std::vector<double>& nanoseconds, const Beside& floor,
+                       double mostTimes);
 
 /// A figure that is to be some times faster than a peer.
 void writeAgainstPeer(const std::string& figure, const std::vector<double>& nanoseconds, const Beside& peer,

@@ -1,0 +1,136 @@
+// tarvik_bench_start PROGRAM BARE FIRST_PAINT FOLDER ROUNDS PLATFORM...: how long a program takes from its
+// start to its first painted window, and how much memory, beside a bare window of the same toolkit. The
+// program is copied into FOLDER, where its data are. Writes the rows of the table.
+
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "benchmarks/logbook.h"
+#include "benchmarks/rows.h"
+#include "core/napi_adat.h"
+
+namespace tarvik::bench {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int kReportDescriptor = 3;
+constexpr double kBytesAKilobyte = 1'024;
+constexpr double kBytesAMegabyte = kBytesAKilobyte * kBytesAKilobyte;
+constexpr double kFileBytes = double{kFullLogbook} * core::NapiAdat::kLength;
+
+[[noreturn]] void fail(const char* what) {
+  std::perror(what);
+  std::exit(1);
+}
+
+struct Start {
+  double nanoseconds = 0;
+  double peakBytes = 0;
+};
+
+[[noreturn]] void become(const std::string& program, int report) {
+  const std::string folder = std::filesystem::path(program).parent_path().string();
+  if (dup2(report, kReportDescriptor) < 0 || chdir(folder.c_str()) != 0) fail("start");
+  execl(program.c_str(), program.c_str(), nullptr);
+  fail(program.c_str());
+}
+
+Start startOnce(const std::string& program) {
+  int report[2];
+  if (pipe(report) != 0) fail("pipe");
+  const auto before = Clock::now();
+  const pid_t child = fork();
+  if (child < 0) fail("fork");
+  if (child == 0) become(program, report[1]);
+  close(report[1]);
+  char painted = 0;
+  const bool wasPainted = read(report[0], &painted, 1) == 1;
+  const std::chrono::duration<double, std::nano> took = Clock::now() - before;
+  close(report[0]);
+  struct rusage used {};
+  if (wait4(child, nullptr, 0, &used) != child || !wasPainted) fail(program.c_str());
+  return {took.count(), static_cast<double>(used.ru_maxrss) * kBytesAKilobyte};
+}
+
+/// The starts of one program.
+struct Starts {
+  std::vector<double> nanoseconds;
+  std::vector<double> peakBytes;
+
+  void add(const Start& start) {
+    nanoseconds.push_back(start.nanoseconds);
+    peakBytes.push_back(start.peakBytes);
+  }
+};
+
+std::string megabytes(double bytes) {
+  return numberText(bytes / kBytesAMegabyte, " MB");
+}
+
+void writeMemory(const std::string& platform, const Starts& bare, const Starts& empty, const Starts& full) {
+  const double ratio = medianRatio(empty.peakBytes, bare.peakBytes);
+  writeRow({.figure = "peak memory, empty folder" + platform,
+            .measured = megabytes(median(empty.peakBytes)),
+            .floor = megabytes(median(bare.peakBytes)) + " bare window",
+            .ratio = numberText(ratio, " ×"),
+            .goal = "≤ 1.25 ×",
+            .met = ratio <= 1.25});
+  const double more = (median(full.peakBytes) - median(empty.peakBytes)) / kFileBytes;
+  writeRow({.figure = "peak memory, full logbook" + platform,
+            .measured = megabytes(median(full.peakBytes)),
+            .floor = megabytes(kFileBytes) + " the file",
+            .ratio = numberText(more, " × the file more"),
+            .goal = "≤ 1.50 × more",
+            .met = more <= 1.5});
+}
+
+/// Program and bare window on one platform, in turns.
+void measure(const std::string& platform, const std::string& bareProgram, const std::string& emptyProgram,
+             const std::string& fullProgram, int rounds) {
+  setenv("QT_QPA_PLATFORM", platform.c_str(), 1);
+  Starts bare, empty, full;
+  for (const auto& program : {bareProgram, emptyProgram, fullProgram}) startOnce(program);  // into the caches
+  for (int round = 0; round < rounds; ++round) {
+    bare.add(startOnce(bareProgram));
+    empty.add(startOnce(emptyProgram));
+    full.add(startOnce(fullProgram));
+  }
+  const Beside floor{"bare window", bare.nanoseconds};
+  const std::string where = " (" + platform + ")";
+  writeAgainstFloor("start to first painted window, empty folder" + where, empty.nanoseconds, floor, 1.5);
+  writeAgainstFloor("start to first painted window, full logbook" + where, full.nanoseconds, floor, 1.75);
+  writeMemory(where, bare, empty, full);
+}
+
+std::string programIn(const std::string& folder, const std::string& program, int entries) {
+  makeFolder(folder, entries, 0);
+  std::filesystem::copy_file(program, folder + "/Tarvik");
+  return folder + "/Tarvik";
+}
+
+}  // namespace
+}  // namespace tarvik::bench
+
+int main(int argc, char** argv) {
+  using namespace tarvik::bench;
+  if (argc < 7) {
+    std::fputs("usage: tarvik_bench_start PROGRAM BARE FIRST_PAINT FOLDER ROUNDS PLATFORM...\n", stderr);
+    return 2;
+  }
+  const std::string folder = std::filesystem::absolute(argv[4]).string();
+  const std::string bare = std::filesystem::absolute(argv[2]).string();
+  const std::string empty = programIn(folder + "/start-empty", argv[1], 0);
+  const std::string full = programIn(folder + "/start-full", argv[1], kFullLogbook);
+  setenv("LD_PRELOAD", std::filesystem::absolute(argv[3]).c_str(), 1);
+  for (int i = 6; i < argc; ++i) measure(argv[i], bare, empty, full, std::atoi(argv[5]));
+  return 0;
+}
