@@ -93,6 +93,18 @@ void writeMemory(const std::string& platform, const Starts& bare, const Starts& 
             .met = more <= 1.5});
 }
 
+// Leaves nothing but the program: the first start makes files.
+void emptyFolderOf(const std::string& program) {
+  for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::path(program).parent_path()))
+    if (entry.path() != program) std::filesystem::remove_all(entry);
+}
+
+std::string programIn(const std::string& folder, const std::string& program, int entries) {
+  makeFolder(folder, entries, 0);
+  std::filesystem::copy_file(program, folder + "/Tarvik");
+  return folder + "/Tarvik";
+}
+
 /// Program and bare window on one platform, in turns.
 void measure(const std::string& platform, const std::string& bareProgram, const std::string& emptyProgram,
              const std::string& fullProgram, int rounds) {
@@ -101,6 +113,7 @@ void measure(const std::string& platform, const std::string& bareProgram, const 
   for (const auto& program : {bareProgram, emptyProgram, fullProgram}) startOnce(program);  // into the caches
   for (int round = 0; round < rounds; ++round) {
     bare.add(startOnce(bareProgram));
+    emptyFolderOf(emptyProgram);
     empty.add(startOnce(emptyProgram));
     full.add(startOnce(fullProgram));
   }
@@ -109,12 +122,6 @@ void measure(const std::string& platform, const std::string& bareProgram, const 
   writeAgainstFloor("start to first painted window, empty folder" + where, empty.nanoseconds, floor, 1.5);
   writeAgainstFloor("start to first painted window, full logbook" + where, full.nanoseconds, floor, 1.75);
   writeMemory(where, bare, empty, full);
-}
-
-std::string programIn(const std::string& folder, const std::string& program, int entries) {
-  makeFolder(folder, entries, 0);
-  std::filesystem::copy_file(program, folder + "/Tarvik");
-  return folder + "/Tarvik";
 }
 
 }  // namespace

@@ -43,6 +43,7 @@ void saveReminderFlag(core::FileSystem& files, const core::DataFolders& folders,
   core::RecordFile file(files, folders.inCurrent(kFileName), SetRecord::kLength);
   const auto first = std::min<std::int64_t>(file.count(), 1);
   SetRecord settings = core::RecordList<SetRecord>(file.read(1, first)).record(1);
+  if (first == 1 && settings.remindersOn == remindersOn) return;
   settings.remindersOn = remindersOn;
   writeFirst(file, settings);
 }

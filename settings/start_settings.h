@@ -31,7 +31,8 @@ SetRecord loadStartSettings(core::FileSystem& files, const core::DataFolders& fo
 /// Writes the settings as record 1. Throws as core::RecordFile does.
 void saveStartSettings(core::FileSystem& files, const core::DataFolders& folders, const SetRecord& settings);
 
-/// Writes the reminder flag alone and keeps the plate that is stored. Throws as core::RecordFile does.
+/// Writes the reminder flag alone and keeps the plate that is stored. A flag that is stored already is not
+/// written again: at start the program waits for no disk. Throws as core::RecordFile does.
 void saveReminderFlag(core::FileSystem& files, const core::DataFolders& folders, std::int16_t remindersOn);
 
 }  // namespace tarvik::settings

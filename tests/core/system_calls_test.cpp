@@ -11,6 +11,7 @@
 #include "settings/vehicles.h"
 #include "tests/safety/prepared_disk.h"
 #include "tests/support/intercepted_file_system.h"
+#include "tests/support/temporary_folder.h"
 #include "tyres/tyre_register.h"
 
 // What each operation asks of the system, exactly. The counts are the same for a few records and for
@@ -172,6 +173,14 @@ TEST(SystemCalls, OfADeletionThatTakesOverALeftTemporaryFile) {
   EXPECT_EQ(textOf(files),
             "open 4, close 4, status 2, statusOf 1, read 2, write 1, setMode 1, sync 2, rename 2, remove 1, "
             "resolve 1, tryLock 2");
+}
+
+TEST(SystemCalls, OfAReminderFlagThatIsStoredAlreadyWriteNothing) {
+  MemoryFileSystem disk =
+      preparedDisk(kDiskFolders.inCurrent("set.dat"), toText(core::encoded(settings::SetRecord{})));
+  CountingFileSystem files(disk);
+  settings::saveReminderFlag(files, kDiskFolders, core::kFlagClear);
+  EXPECT_EQ(textOf(files), "open 1, close 1, status 1, statusOf 1, read 1, tryLock 1");
 }
 
 }  // namespace
