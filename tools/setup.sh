@@ -11,7 +11,7 @@ cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 
 # The Debian 12 packages, in this one place, by what they are for.
 BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev libqcustomplot-dev libgl1-mesa-dev)
-RUNTIME_PACKAGES=(qt6-translations-l10n fonts-liberation)
+RUNTIME_PACKAGES=(qt6-translations-l10n fonts-dejavu-core fonts-liberation)
 SCREENSHOT_PACKAGES=(xvfb imagemagick)
 WAYLAND_PACKAGES=(qt6-wayland)
 TEST_PACKAGES=(libgtest-dev libgmock-dev poppler-utils xvfb)

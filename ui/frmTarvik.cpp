@@ -165,7 +165,7 @@ void frmTarvik::fillPlates(const QStringList& plates) {
 
 void frmTarvik::loadStartSettings() {
   const settings::SetRecord stored = settings::loadStartSettings(context_.files, context_.folders);
-  ui_->Combo1->setEditText(toQt(stored.plate.asStored()));
+  ui_->Combo1->setEditText(stored.plate.isBlank() ? QString() : toQt(stored.plate.asStored()));
   ui_->Check1->setChecked(stored.remindersOn == core::kFlagSet);
 }
 

@@ -132,6 +132,19 @@ class FrmTarvikRemindersTest : public QObject {
     QCOMPARE(screens.opened.size(), 2);
   }
 
+  void anotherVehiclesReminderWaitsUntilThatOneIsChosen() {
+    Household main;
+    main.writeLogbook("XYZ789", {fuelling({2024, 1, 1}, 20'000, 100'000, true)});
+    main.folder.write("figyel.dat", kmReminder("XYZ789", 10'000, 5'000));
+    main.open();
+    ScreenWatch screens;
+    main.tick();
+    QCOMPARE(screens.opened, QStringList());
+    main.combo("Combo1")->setEditText("XYZ789");
+    main.tick();
+    QCOMPARE(screens.opened, (QStringList{"riaszt"}));
+  }
+
   void aReadingEqualToTheDueOneIsNotPassed() {
     Household main(15'000);
     main.folder.write("figyel.dat", kmReminder("ABC123", 10'000, 5'000));

@@ -16,15 +16,20 @@ QString asTyped(const std::string& litres) {
 
 // Enters a fill-up through the window's fields, presses the button and answers its question.
 void enter(MainScreen& main, const FillUp& fill) {
+  main.screen->activateWindow();  // the question took the front
+  QVERIFY(QTest::qWaitForWindowActive(main.screen.get()));
   main.find<QDateEdit>("DTPicker1")->setDate(QDate(fill.date.year, fill.date.month, fill.date.day));
   main.type("txKmOra", QString::number(fill.km));
   main.type("txTankoltLiter", asTyped(fill.litres));
   main.type("txTankoltKtg", QString::number(fill.costFt));
   if (main.box("ChkTeletank")->isChecked() != fill.full)
     QTest::keyClick(main.box("ChkTeletank"), Qt::Key_Space);
-  main.combo("txMegjegyzes")->setEditText(QStringLiteral("Tankolás"));
+  main.combo("txMegjegyzes")->setFocus(Qt::TabFocusReason);  // which fills the cleared field in
+  QCOMPARE(main.combo("txMegjegyzes")->currentText(), QString("Tankolás"));
   BoxScript boxes({QMessageBox::Yes});
-  QTest::keyClick(main.find<QPushButton>("cmd_rogzit"), Qt::Key_Space);
+  auto* const button = main.find<QPushButton>("cmd_rogzit");
+  button->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(button, Qt::Key_Space);
   QCOMPARE(boxes.seen, (QList{kRecordQuestion}));
 }
 
