@@ -17,6 +17,7 @@ WAYLAND_PACKAGES=(qt6-wayland)
 TEST_PACKAGES=(libgtest-dev libgmock-dev poppler-utils xvfb)
 BENCH_PACKAGES=(libbenchmark-dev libsqlite3-dev xvfb)
 CLANG_PACKAGES=(clang-14 libclang-rt-14-dev clang-tidy-14 clang-format-14)
+COVERAGE_PACKAGES=(gcovr)
 
 fail() {
   echo "$(basename "$0"): $*" >&2

@@ -22,7 +22,9 @@ std::string_view textOf(std::span<const std::byte> bytes) {
 }  // namespace
 
 std::string parentOf(const std::string& path) {
-  return path.substr(0, path.rfind('/'));
+  const std::size_t slash = path.rfind('/');
+  if (slash == std::string::npos) return ".";
+  return slash == 0 ? "/" : path.substr(0, slash);
 }
 
 void MemoryFileSystem::putFolder(const std::string& path) {

@@ -1,0 +1,346 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <functional>
+#include <utility>
+
+#include "core/posix_file_system.h"
+#include "core/record_file.h"
+#include "tests/support/expect_failure.h"
+#include "tests/support/intercepted_file_system.h"
+#include "tests/support/memory_file_system.h"
+#include "tests/support/temporary_folder.h"
+
+// What happens to a record file between the calls that change it, and where a disk answers oddly.
+
+namespace tarvik::core {
+namespace {
+
+constexpr std::size_t kLength = 4;
+const std::string kPath = "/data/file.dat";
+const std::string kTemporary = "/data/filex.dat";
+
+std::span<const std::byte> bytesOf(std::string_view text) {
+  return {reinterpret_cast<const std::byte*>(text.data()), text.size()};
+}
+
+// Does something of its own before a call, or answers in its place.
+class HookedFileSystem final : public test::InterceptedFileSystem {
+ public:
+  using InterceptedFileSystem::InterceptedFileSystem;
+  std::function<bool(test::Call)> before = [](test::Call) { return true; };
+  std::function<std::int64_t(std::int64_t)> transferred = [](std::int64_t bytes) { return bytes; };
+  std::function<void(FileStatus&)> seen = [](FileStatus&) {};
+
+  std::int64_t read(int descriptor, std::span<std::byte> buffer, std::int64_t offset) override {
+    const auto wanted = static_cast<std::size_t>(transferred(static_cast<std::int64_t>(buffer.size())));
+    return InterceptedFileSystem::read(descriptor, buffer.first(wanted), offset);
+  }
+  std::int64_t write(int descriptor, std::span<const std::byte> data, std::int64_t offset) override {
+    const auto wanted = static_cast<std::size_t>(transferred(static_cast<std::int64_t>(data.size())));
+    return InterceptedFileSystem::write(descriptor, data.first(wanted), offset);
+  }
+  int statusOf(const std::string& path, FileStatus& status) override {
+    const int result = InterceptedFileSystem::statusOf(path, status);
+    seen(status);
+    return result;
+  }
+
+ private:
+  bool admitted(test::Call call) override { return before(call); }
+};
+
+class RecordFileFailuresTest : public testing::Test {
+ protected:
+  RecordFileFailuresTest() { disk_.putFolder("/data"); }
+
+  void append(std::string_view record) { RecordFile(files_, kPath, kLength).append(bytesOf(record)); }
+
+  // From now on the next such call fails with that error; later ones work.
+  void failOnce(test::Call which, int error) {
+    files_.before = [this, which, error](test::Call call) {
+      if (call != which) return true;
+      files_.before = [](test::Call) { return true; };
+      errno = error;
+      return false;
+    };
+  }
+
+  test::MemoryFileSystem disk_;
+  HookedFileSystem files_{disk_};
+};
+
+TEST_F(RecordFileFailuresTest, AFileReplacedWhileItsLockWasTakenIsOpenedAnew) {
+  disk_.put(kPath, "old1");
+  bool isReplaced = false;
+  files_.before = [&](test::Call call) {
+    if (call == test::Call::TryLock && !std::exchange(isReplaced, true)) disk_.put(kPath, "new1");
+    return true;
+  };
+  append(std::string_view("add\0", 4));
+  EXPECT_EQ(disk_.contents(kPath), std::string("new1add\0", 8));
+}
+
+TEST_F(RecordFileFailuresTest, AFileOfTheSameNumberOnAnotherDeviceIsAnotherFile) {
+  disk_.put(kPath, "old1");
+  int looks = 0;
+  files_.seen = [&](FileStatus& status) {
+    if (looks++ == 0) ++status.device;
+  };
+  append(std::string_view("add\0", 4));
+  EXPECT_EQ(looks, 2);
+}
+
+TEST_F(RecordFileFailuresTest, AFileRemovedWhileItsLockWasTakenIsMadeAnew) {
+  disk_.put(kPath, "old1");
+  bool isGone = false;
+  files_.before = [&](test::Call call) {
+    if (call == test::Call::StatusOf && !isGone) isGone = disk_.remove(kPath) == 0;
+    return true;
+  };
+  append(std::string_view("add\0", 4));
+  EXPECT_EQ(disk_.contents(kPath), std::string("add\0", 4));
+}
+
+TEST_F(RecordFileFailuresTest, AnotherProgramsLockIsWaitedForTwoSecondsAtMost) {
+  disk_.put(kPath, "old1");
+  const RecordFile other(disk_, kPath, kLength);
+  int pauses = 0;
+  files_.before = [&](test::Call call) {
+    if (call == test::Call::Pause) ++pauses;
+    return true;
+  };
+  test::expectFailure(FailureKind::FileBusy, [&] { append(std::string_view("add\0", 4)); });
+  EXPECT_EQ(pauses, 80);
+  EXPECT_EQ(disk_.openFiles(), 1);
+}
+
+TEST_F(RecordFileFailuresTest, AFailedAppendPutsThePartBehindTheLastRecordBack) {
+  disk_.put(kPath, "old1ta");
+  failOnce(test::Call::Sync, EIO);
+  test::expectFailure(FailureKind::SyncFailed, [&] { append(std::string_view("add\0", 4)); });
+  EXPECT_EQ(disk_.contents(kPath), "old1ta");
+}
+
+TEST_F(RecordFileFailuresTest, ADiskThatTakesNothingIsFull) {
+  disk_.put(kPath, "old1");
+  files_.transferred = [](std::int64_t) { return 0; };
+  try {
+    append(std::string_view("add\0", 4));
+    ADD_FAILURE() << "nothing was thrown";
+  } catch (const Failure& failure) {
+    EXPECT_EQ(failure.kind(), FailureKind::WriteFailed);
+    EXPECT_EQ(failure.systemError(), ENOSPC);
+  }
+  EXPECT_EQ(disk_.contents(kPath), "old1");
+}
+
+TEST_F(RecordFileFailuresTest, ReadsAndWritesInPiecesAreWhole) {
+  disk_.put(kPath, "old1old2");
+  files_.transferred = [](std::int64_t bytes) { return std::min<std::int64_t>(bytes, 3); };
+  RecordFile(files_, kPath, kLength).rewrite(1, bytesOf("new1"));
+  EXPECT_EQ(disk_.contents(kPath), "new1old2");
+}
+
+// Another program without the lock (an editor, a copy) may cut a file short after its length was read.
+TEST_F(RecordFileFailuresTest, AFileCutShortMeanwhileIsNotReplacedByWhatIsLeft) {
+  for (const int operation : {0, 1, 2}) {
+    disk_.put(kPath, "old1old2");
+    RecordFile file(files_, kPath, kLength);
+    const OpenFile other(disk_, disk_.open(kPath, OpenMode::ReadWrite));
+    disk_.truncate(other.descriptor(), 3);
+    test::expectFailure(FailureKind::ReadFailed, [&] {
+      if (operation == 0) file.rewrite(2, bytesOf("new2"));
+      if (operation == 1) file.remove(1, kTemporary);
+      if (operation == 2) file.append(bytesOf("more"));
+    });
+    EXPECT_EQ(disk_.contents(kPath), "old");
+  }
+}
+
+TEST_F(RecordFileFailuresTest, AReplacementInUseIsLeftAlone) {
+  disk_.put(kPath, "old1");
+  int locks = 0;
+  files_.before = [&](test::Call call) {
+    errno = EWOULDBLOCK;
+    return call != test::Call::TryLock || ++locks == 1;
+  };
+  test::expectFailure(FailureKind::FileBusy, [&] { append("more"); });
+  EXPECT_EQ(disk_.contents(kPath), "old1");
+  EXPECT_FALSE(disk_.has(kPath + ".tmp"));
+}
+
+TEST_F(RecordFileFailuresTest, ALeftoverReplacementThatIsASecondNameDoesNotEmptyItsFile) {
+  const test::TemporaryFolder folder;
+  folder.write("file.dat", "old1");
+  ASSERT_EQ(::link((folder / "file.dat").c_str(), (folder / "file.dat.tmp").c_str()), 0);
+  PosixFileSystem files;
+  RecordFile(files, folder / "file.dat", kLength).append(bytesOf("more"));
+  EXPECT_EQ(folder.read("file.dat"), "old1more");
+  EXPECT_EQ(folder.names(), std::vector<std::string>{"file.dat"});
+}
+
+TEST_F(RecordFileFailuresTest, ALaterChangeOfTheSameFileBuildsOnItsReplacement) {
+  disk_.put(kPath, "old1");
+  RecordFile file(files_, kPath, kLength);
+  file.append(bytesOf("more"));
+  file.append(bytesOf(std::string_view("end\0", 4)));
+  file.rewrite(1, bytesOf("new1"));
+  file.remove(2, kTemporary);
+  EXPECT_EQ(file.count(), 2);
+  EXPECT_EQ(disk_.contents(kPath), std::string("new1end\0", 8));
+}
+
+class LeftoverFailuresTest : public RecordFileFailuresTest {
+ protected:
+  LeftoverFailuresTest() {
+    disk_.put(kPath, "rec1rec2");
+    disk_.put(kTemporary, "copysurp");
+  }
+  void removeFirst() { RecordFile(files_, kPath, kLength).remove(1, kTemporary); }
+};
+
+TEST_F(LeftoverFailuresTest, TheSurplusBecomesPartOfTheFile) {
+  removeFirst();
+  EXPECT_EQ(disk_.contents(kPath), "rec2surp");
+  EXPECT_FALSE(disk_.has(kTemporary));
+}
+
+TEST_F(LeftoverFailuresTest, AFailedRenameKeepsTheSurplus) {
+  int renames = 0;
+  files_.before = [&](test::Call call) {
+    errno = EIO;
+    return call != test::Call::Rename || ++renames != 2;
+  };
+  test::expectFailure(FailureKind::ReplaceFailed, [&] { removeFirst(); });
+  EXPECT_EQ(disk_.contents(kPath), "rec1rec2");
+  EXPECT_EQ(disk_.contents(kTemporary), "rec2surp");
+}
+
+class LeftoverOnAnotherDeviceTest : public RecordFileFailuresTest {
+ protected:
+  LeftoverOnAnotherDeviceTest() {
+    disk_.putFolder("/far");
+    disk_.moveToOtherDevice("/far");
+    disk_.put(kPath, "rec1rec2");
+    disk_.put(kFar, "copysurp");
+  }
+  void removeFirst() { RecordFile(files_, kPath, kLength).remove(1, kFar); }
+  const std::string kFar = "/far/filex.dat";
+};
+
+TEST_F(LeftoverOnAnotherDeviceTest, GoesAfterwards) {
+  removeFirst();
+  EXPECT_EQ(disk_.contents(kPath), "rec2surp");
+  EXPECT_FALSE(disk_.has(kFar));
+}
+
+TEST_F(LeftoverOnAnotherDeviceTest, IsEmptiedWhereItCannotGo) {
+  int removals = 0;
+  files_.before = [&](test::Call call) {
+    errno = EACCES;
+    return call != test::Call::Remove || ++removals < 2;
+  };
+  removeFirst();
+  EXPECT_EQ(disk_.contents(kPath), "rec2surp");
+  EXPECT_TRUE(disk_.has(kFar));
+  EXPECT_EQ(disk_.contents(kFar), "");
+}
+
+TEST_F(LeftoverOnAnotherDeviceTest, IsReportedWhereItCannotEvenBeEmptied) {
+  for (const test::Call last : {test::Call::Open, test::Call::Truncate}) {
+    disk_.put(kPath, "rec1rec2");
+    int removals = 0;
+    files_.before = [&](test::Call call) {
+      errno = EACCES;
+      if (call == test::Call::Remove) return ++removals < 2;
+      return removals < 2 || call != last;
+    };
+    test::expectFailure(FailureKind::ReplaceFailed, [&] { removeFirst(); });
+    EXPECT_EQ(disk_.contents(kPath), "rec2surp");
+  }
+}
+
+TEST(ReadRecordsPlacesTest, AMissingFileThatCannotBeMadeHasNoRecords) {
+  test::MemoryFileSystem disk;
+  disk.putFolder("/data");
+  HookedFileSystem files(disk);
+  bool isFirst = true;
+  files.before = [&](test::Call call) {
+    if (call != test::Call::Open || !std::exchange(isFirst, false)) return true;
+    errno = EROFS;
+    return false;
+  };
+  EXPECT_EQ(readRecords(files, kPath, kLength).size, 0U);
+}
+
+TEST(ReadRecordsPlacesTest, AFileThatNobodyMayOpenIsReported) {
+  test::MemoryFileSystem disk;
+  disk.putFolder("/data");
+  disk.put(kPath, "old1");
+  HookedFileSystem files(disk);
+  files.before = [&](test::Call call) {
+    errno = EACCES;
+    return call != test::Call::Open;
+  };
+  test::expectFailure(FailureKind::OpenFailed, [&] { readRecords(files, kPath, kLength); });
+}
+
+TEST(RecordFilePathsTest, ABarePathLiesInTheCurrentFolderAndOneMayLieInTheRoot) {
+  test::MemoryFileSystem disk;
+  disk.putFolder(".");
+  disk.putFolder("/");
+  for (const std::string path : {"bare.dat", "/root.dat"}) {
+    RecordFile(disk, path, kLength).append(bytesOf("more"));
+    EXPECT_EQ(disk.contents(path), "more");
+  }
+}
+
+TEST(OpenFileTest, MovingClosesWhatWasOpen) {
+  test::MemoryFileSystem disk;
+  disk.putFolder("/data");
+  OpenFile first(disk, disk.open("/data/a", OpenMode::Create));
+  OpenFile second(disk, disk.open("/data/b", OpenMode::Create));
+  first = std::move(second);
+  EXPECT_EQ(disk.openFiles(), 1);
+  OpenFile& same = first;
+  first = std::move(same);
+  EXPECT_TRUE(first.isOpen());
+  first.close();
+  first.close();
+  EXPECT_EQ(disk.openFiles(), 0);
+}
+
+TEST(PosixFileSystemTest, TellsFailuresAsTheSystemDoes) {
+  PosixFileSystem files;
+  FileStatus status;
+  std::string resolved;
+  EXPECT_EQ(files.status(-1, status), -1);
+  EXPECT_EQ(errno, EBADF);
+  EXPECT_EQ(files.statusOf("/nowhere/at/all", status), -1);
+  EXPECT_EQ(errno, ENOENT);
+  EXPECT_EQ(files.resolve("/nowhere/at/all", resolved), -1);
+  EXPECT_EQ(errno, ENOENT);
+  EXPECT_EQ(files.writeOut(-1), -1);
+  EXPECT_EQ(errno, EBADF);
+  files.pause(0);
+}
+
+TEST(PosixFileSystemTest, OpensInEveryMode) {
+  const test::TemporaryFolder folder;
+  PosixFileSystem files;
+  folder.write("data", "1234");
+  for (const OpenMode mode : {OpenMode::Read, OpenMode::ReadWrite, OpenMode::Create}) {
+    const OpenFile file(files, files.open(folder / "data", mode));
+    EXPECT_TRUE(file.isOpen());
+    EXPECT_EQ(folder.read("data"), "1234");
+  }
+  EXPECT_TRUE(OpenFile(files, files.open(folder.path(), OpenMode::Folder)).isOpen());
+  EXPECT_TRUE(OpenFile(files, files.open(folder / "data", OpenMode::CreateEmpty)).isOpen());
+  EXPECT_EQ(folder.read("data"), "");
+}
+
+}  // namespace
+}  // namespace tarvik::core
