@@ -1,6 +1,7 @@
 #include "benchmarks/rounds.h"
 
 #include <benchmark/benchmark.h>
+#include <time.h>
 
 #include <algorithm>
 
@@ -14,7 +15,11 @@ class Keeper final : public benchmark::BenchmarkReporter {
  public:
   bool ReportContext(const Context&) override { return true; }
   void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs) times[run.run_name.function_name].push_back(run.GetAdjustedRealTime());
+    for (const Run& run : runs) {
+      Series& series = times[run.run_name.function_name];
+      series.wall.push_back(run.GetAdjustedRealTime());
+      series.processor.push_back(run.GetAdjustedCPUTime());
+    }
   }
 
   Times times;
@@ -30,6 +35,12 @@ void enlist(const Measured& thing) {
     entry->Iterations(thing.acts);
   else
     entry->MinTime(kSecondsASeries);
+}
+
+double clockNanoseconds(clockid_t clock) {
+  timespec time{};
+  clock_gettime(clock, &time);
+  return static_cast<double>(time.tv_sec) * 1e9 + static_cast<double>(time.tv_nsec);
 }
 
 }  // namespace
@@ -54,6 +65,15 @@ double medianRatio(const std::vector<double>& a, const std::vector<double>& b) {
   for (std::size_t round = 0; round < std::min(a.size(), b.size()); ++round)
     ratios.push_back(a[round] / b[round]);
   return median(std::move(ratios));
+}
+
+Moment now() {
+  return {clockNanoseconds(CLOCK_MONOTONIC), clockNanoseconds(CLOCK_THREAD_CPUTIME_ID)};
+}
+
+Moment since(const Moment& start) {
+  const Moment end = now();
+  return {end.wall - start.wall, end.processor - start.processor};
 }
 
 }  // namespace tarvik::bench

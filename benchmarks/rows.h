@@ -23,7 +23,7 @@ struct Row {
 /// What runs beside a figure: a floor or a peer.
 struct Beside {
   std::string what;
-  std::vector<double> nanoseconds;
+  std::vector<double> nanoseconds;  ///< one a round
 };
 
 /// How much the growth of a figure may differ from its floor's before it counts.
@@ -39,8 +39,9 @@ void writeAgainstFloor(const std::string& figure, const std::vector<double>& nan
 void writeAgainstPeer(const std::string& figure, const std::vector<double>& nanoseconds, const Beside& peer,
                       double leastTimesFaster);
 
-/// A figure that is to stay within a time.
-void writeTime(const std::string& figure, double nanoseconds, double mostNanoseconds);
+/// A figure that is to stay within a time. It waits for nothing, so what counts is the processor's time: the
+/// wall clock, which stands beside it, measures what else the machine does.
+void writeTime(const std::string& figure, const Series& times, double mostNanoseconds);
 
 /// What a figure costs as the logbook grows, against its floor at the same sizes. The ratio says how many
 /// times dearer an entry is than in the smallest logbook, at the worst of the sizes; linear is 1. What the

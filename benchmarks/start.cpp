@@ -34,6 +34,7 @@ constexpr double kFileBytes = double{kFullLogbook} * core::NapiAdat::kLength;
 
 struct Start {
   double nanoseconds = 0;
+  double processorNanoseconds = 0;
   double peakBytes = 0;
 };
 
@@ -42,6 +43,10 @@ struct Start {
   if (dup2(report, kReportDescriptor) < 0 || chdir(folder.c_str()) != 0) fail("start");
   execl(program.c_str(), program.c_str(), nullptr);
   fail(program.c_str());
+}
+
+double nanosecondsOf(const timeval& time) {
+  return static_cast<double>(time.tv_sec) * 1e9 + static_cast<double>(time.tv_usec) * 1e3;
 }
 
 Start startOnce(const std::string& program) {
@@ -58,16 +63,19 @@ Start startOnce(const std::string& program) {
   close(report[0]);
   struct rusage used {};
   if (wait4(child, nullptr, 0, &used) != child || !wasPainted) fail(program.c_str());
-  return {took.count(), static_cast<double>(used.ru_maxrss) * kBytesAKilobyte};
+  return {took.count(), nanosecondsOf(used.ru_utime) + nanosecondsOf(used.ru_stime),
+          static_cast<double>(used.ru_maxrss) * kBytesAKilobyte};
 }
 
 /// The starts of one program.
 struct Starts {
   std::vector<double> nanoseconds;
+  std::vector<double> processorNanoseconds;
   std::vector<double> peakBytes;
 
   void add(const Start& start) {
     nanoseconds.push_back(start.nanoseconds);
+    processorNanoseconds.push_back(start.processorNanoseconds);
     peakBytes.push_back(start.peakBytes);
   }
 };
@@ -105,22 +113,36 @@ std::string programIn(const std::string& folder, const std::string& program, int
   return folder + "/Tarvik";
 }
 
+/// The bare window and the program over its two folders.
+struct Programs {
+  std::string bare;
+  std::string empty;
+  std::string full;
+};
+
 /// Program and bare window on one platform, in turns.
-void measure(const std::string& platform, const std::string& bareProgram, const std::string& emptyProgram,
-             const std::string& fullProgram, int rounds) {
+void measure(const std::string& platform, const Programs& programs, int rounds) {
   setenv("QT_QPA_PLATFORM", platform.c_str(), 1);
-  Starts bare, empty, full;
-  for (const auto& program : {bareProgram, emptyProgram, fullProgram}) startOnce(program);  // into the caches
+  Starts bare, first, empty, full;
+  for (const auto& program : {programs.bare, programs.empty, programs.full})
+    startOnce(program);  // into the caches
   for (int round = 0; round < rounds; ++round) {
-    bare.add(startOnce(bareProgram));
-    emptyFolderOf(emptyProgram);
-    empty.add(startOnce(emptyProgram));
-    full.add(startOnce(fullProgram));
+    bare.add(startOnce(programs.bare));
+    emptyFolderOf(programs.empty);
+    first.add(startOnce(programs.empty));
+    empty.add(startOnce(programs.empty));
+    full.add(startOnce(programs.full));
   }
   const Beside floor{"bare window", bare.nanoseconds};
   const std::string where = " (" + platform + ")";
-  writeAgainstFloor("start to first painted window, empty folder" + where, empty.nanoseconds, floor, 1.5);
-  writeAgainstFloor("start to first painted window, full logbook" + where, full.nanoseconds, floor, 1.75);
+  const std::string figure = "start to first painted window, ";
+  writeAgainstFloor(figure + "empty folder" + where, empty.nanoseconds, floor, 1.5);
+  writeAgainstFloor(figure + "the very first in it" + where, first.nanoseconds, floor, 1.5);
+  writeAgainstFloor(figure + "full logbook" + where, full.nanoseconds, floor, 1.75);
+  const Beside work{"bare window", bare.processorNanoseconds};
+  const std::string cost = "the same start's processor time, ";
+  writeAgainstFloor(cost + "empty folder" + where, empty.processorNanoseconds, work, 1.5);
+  writeAgainstFloor(cost + "full logbook" + where, full.processorNanoseconds, work, 1.75);
   writeMemory(where, bare, empty, full);
 }
 
@@ -134,10 +156,10 @@ int main(int argc, char** argv) {
     return 2;
   }
   const std::string folder = std::filesystem::absolute(argv[4]).string();
-  const std::string bare = std::filesystem::absolute(argv[2]).string();
-  const std::string empty = programIn(folder + "/start-empty", argv[1], 0);
-  const std::string full = programIn(folder + "/start-full", argv[1], kFullLogbook);
+  const Programs programs{.bare = std::filesystem::absolute(argv[2]).string(),
+                          .empty = programIn(folder + "/start-empty", argv[1], 0),
+                          .full = programIn(folder + "/start-full", argv[1], kFullLogbook)};
   setenv("LD_PRELOAD", std::filesystem::absolute(argv[3]).c_str(), 1);
-  for (int i = 6; i < argc; ++i) measure(argv[i], bare, empty, full, std::atoi(argv[5]));
+  for (int i = 6; i < argc; ++i) measure(argv[i], programs, std::atoi(argv[5]));
   return 0;
 }

@@ -75,7 +75,8 @@ QString fieldName(const std::string& field) {
 }
 
 QString subject(const core::Failure& failure) {
-  return failure.file().empty() ? fieldName(failure.field()) : toQt(failure.file());
+  if (!failure.file().empty()) return toQt(failure.file());
+  return failure.field().empty() ? QStringLiteral("a számítás eredménye") : fieldName(failure.field());
 }
 
 }  // namespace

@@ -15,7 +15,7 @@
 
 namespace tarvik::ui {
 
-ChartView::ChartView(QWidget* parent) : QWidget(parent), canvas_(new ChartCanvas(this)) {
+ChartView::ChartView(QWidget* parent) : QWidget(parent) {
   installChartAccessibility();
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
@@ -25,7 +25,7 @@ ChartView::ChartView(QWidget* parent) : QWidget(parent), canvas_(new ChartCanvas
 void ChartView::setTitleText(const QString& title) {
   if (title == content_.title) return;
   content_.title = title;
-  canvas_->show(content_);
+  redraw();
   QAccessibleEvent renamed(this, QAccessible::NameChanged);
   QAccessible::updateAccessibility(&renamed);
 }
@@ -36,7 +36,7 @@ void ChartView::setChartType(int type) {
   if (!known || type == chartType()) return;
   content_.type = static_cast<ChartType>(type);
   content_.hoveredRow = 0;
-  canvas_->show(content_);
+  redraw();
 }
 
 void ChartView::setPoints(const QStringList& labels, const QList<double>& values) {
@@ -46,7 +46,7 @@ void ChartView::setPoints(const QStringList& labels, const QList<double>& values
   content_.selectedRow = 0;
   content_.hoveredRow = 0;
   pressedRow_ = 0;
-  canvas_->show(content_);
+  redraw();
   QAccessibleEvent reordered(this, QAccessible::ObjectReorder);
   QAccessible::updateAccessibility(&reordered);
 }
@@ -66,15 +66,26 @@ bool ChartView::hasPoint(int row) const {
 void ChartView::selectRow(int row) {
   if (!hasPoint(row)) return;
   content_.selectedRow = row;
-  canvas_->show(content_);
+  redraw();
   QAccessibleEvent selected(this, QAccessible::Selection);
   selected.setChild(row - 1);
   QAccessible::updateAccessibility(&selected);
   emit pointSelected(1, row);
 }
 
-// A hidden widget gets its resize event late, but its points are where its size says.
+// Before there is a canvas, nothing is drawn that would have to change.
+void ChartView::redraw() {
+  if (canvas_ != nullptr) canvas_->show(content_);
+}
+
+// The canvas is made when the chart is first seen or asked about, so that no start waits for it. A hidden
+// widget gets its resize event late, but its points are where its size says.
 ChartCanvas& ChartView::sizedCanvas() const {
+  if (canvas_ == nullptr) {
+    canvas_ = new ChartCanvas(const_cast<ChartView*>(this));  // a child is no part of what const promises
+    canvas_->show(content_);
+    canvas_->setVisible(true);
+  }
   canvas_->setGeometry(rect());
   return *canvas_;
 }
@@ -122,8 +133,13 @@ bool ChartView::event(QEvent* event) {
   return true;
 }
 
+void ChartView::showEvent(QShowEvent* event) {
+  sizedCanvas();
+  QWidget::showEvent(event);
+}
+
 void ChartView::resizeEvent(QResizeEvent*) {
-  canvas_->setGeometry(rect());
+  if (canvas_ != nullptr) canvas_->setGeometry(rect());
 }
 
 void ChartView::mousePressEvent(QMouseEvent* event) {
@@ -152,7 +168,7 @@ void ChartView::leaveEvent(QEvent* event) {
 void ChartView::setHoveredRow(int row) {
   if (row == content_.hoveredRow) return;
   content_.hoveredRow = row;
-  canvas_->show(content_);
+  redraw();
 }
 
 void ChartView::showPointTip(const QPoint& globalPosition) {

@@ -76,6 +76,7 @@ class ChartView : public QWidget {
 
  protected:
   bool event(QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -86,13 +87,14 @@ class ChartView : public QWidget {
 
  private:
   ChartCanvas& sizedCanvas() const;
+  void redraw();
   bool hasPoint(int row) const;
   void setHoveredRow(int row);
   void selectNextFrom(int row, int step);
   void showPointTip(const QPoint& globalPosition);
 
   ChartContent content_;
-  ChartCanvas* canvas_;
+  mutable ChartCanvas* canvas_ = nullptr;  // made when it is needed
   int pressedRow_ = 0;
 };
 
