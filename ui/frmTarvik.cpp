@@ -112,6 +112,7 @@ void frmTarvik::setUpCharts() {
       ui_->logbookArea);
   ui_->areaLayout->addWidget(panel, 0, 0);
   panel->raise();
+  ui_->cmdGrafikon->installEventFilter(this);
   connect(ui_->cmdGrafikon, &QPushButton::clicked, this, [this, panel] {
     guarded(this, [&] { panel->toggle(*ui_->cmdGrafikon, frameGeometry().topLeft()); });
   });
@@ -130,12 +131,12 @@ void frmTarvik::connectMenu() {
 
 void frmTarvik::load() {
   guarded(this, [this] { checkDates(); });
-  guarded(this, [this] { loadLookups(); });
+  loadLookups();
   ui_->DTPicker1->setDate(toQt(context_.clock.today()));
   ui_->DTPSzürö->setDate(toQt(context_.clock.today()));
   guarded(this, [this] { loadVehicles(); });
   guarded(this, [this] { loadStartSettings(); });
-  guarded(this, [this] { beolvas(); });
+  relist({});
 }
 
 void frmTarvik::loadLookups() {
@@ -145,9 +146,9 @@ void frmTarvik::loadLookups() {
     for (int number = 1; number <= texts.count(); ++number)
       field->addItem(toQt(texts.record(number).text.asStored()));
   };
-  fill(ui_->txAlkatresz, settings::kPartNames);
+  guarded(this, [&] { fill(ui_->txAlkatresz, settings::kPartNames); });
   ui_->txAlkatresz->setEditText({});
-  fill(ui_->txMegjegyzes, settings::kNotes);
+  guarded(this, [&] { fill(ui_->txMegjegyzes, settings::kNotes); });
   ui_->txMegjegyzes->setEditText(QStringLiteral("Tankolás"));
 }
 

@@ -194,6 +194,22 @@ class FrmTarvikEntryTest : public QObject {
     QCOMPARE(main.edit("txKmOra")->text(), QString("3000000000"));
   }
 
+  void aListThatFailsAfterRecordingSaysThatTheEntryIsIn() {
+    MainScreen main;
+    main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 1, 1, true, 2'000'000'000)});
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    main.type("txKmOra", "100");
+    main.type("txTankoltKtg", "2000000000");
+    BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
+    main.press("cmd_rogzit");
+    QCOMPARE(boxes.seen.size(), 2);
+    QCOMPARE(boxes.seen[1].text,
+             QString("Túl nagy szám: Eddigi Költség\n\n"
+                     "A bejegyzés rögzítve van. A lista vagy az összesítése nem teljes."));
+    QCOMPARE(main.folder.read("ABC123/napiadat.dat").size(), std::size_t{2 * 156});
+  }
+
   void lettersInTheNotesCostAreRefused() {
     MainScreen main;
     main.writeLogbook("ABC123", {});
@@ -235,7 +251,8 @@ class FrmTarvikEntryTest : public QObject {
     BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
     main.press("cmd_rogzit");
     QCOMPARE(boxes.seen.size(), 2);
-    QVERIFY(boxes.seen[1].text.startsWith("Ez a rendszám nem lehet mappa neve"));
+    QCOMPARE(boxes.seen[1].text,
+             "Ez a rendszám nem lehet mappa neve:\n" + plate + "\n\nSemmi sem változott.");
     QVERIFY(main.folder.names() == before);
   }
 

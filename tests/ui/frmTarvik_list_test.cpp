@@ -231,6 +231,8 @@ class FrmTarvikListTest : public QObject {
     main.open();
     QCOMPARE(boxes.seen.size(), 1);
     QCOMPARE(main.rows(), 2);
+    QCOMPARE(boxes.seen[0].text,
+             QString("Túl nagy szám: Eddigi Költség\n\nA lista vagy az összesítése nem teljes."));
     QCOMPARE(main.edit("tx_teljes_ktg")->text(), QString("2000 000 000 Ft."));
   }
 
@@ -257,6 +259,27 @@ class FrmTarvikListTest : public QObject {
     for (const char* name : {"lbPillAtlag", "lbDatum", "lbKm", "lb_ft_km"})
       QCOMPARE(main.label(name), QString());
     QCOMPARE(main.edit("txKmOra")->text(), QString("10400"));
+  }
+
+  void theChartsOpenByTheirLetterThoughTheMenuHasItToo() {
+    MainScreen main;
+    main.open();
+    QString opened;
+    QTimer::singleShot(0, main.screen.get(), [&] {
+      opened = QApplication::activeModalWidget()->objectName();
+      QApplication::activeModalWidget()->close();
+    });
+    QTest::keyClick(main.edit("txKmOra"), Qt::Key_G, Qt::AltModifier);
+    QCOMPARE(opened, QString("frmMelyGrafikon"));
+  }
+
+  void aNoteListThatIsAFolderLeavesTheNoteReady() {
+    MainScreen main;
+    main.folder.makeFolder("megjegyz.dat");
+    BoxScript boxes;
+    main.open();
+    QCOMPARE(boxes.seen.size(), 1);
+    QCOMPARE(main.combo("txMegjegyzes")->currentText(), QString("Tankolás"));
   }
 
   void theExitQuestionDecides() {

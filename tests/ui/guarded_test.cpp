@@ -43,10 +43,12 @@ class GuardedTest : public QObject {
                      "megismétled!"));
   }
 
-  void theSystemsOwnWordsStandInBrackets() {
-    const QString text =
-        ui::failureText(Failure(FailureKind::WriteFailed).file("/a/b.dat").systemError(ENOSPC));
-    QVERIFY(text.contains(QString("\n(%1)").arg(QString::fromLocal8Bit(std::strerror(ENOSPC)))));
+  void theSystemsErrorIsSaidInHungarian() {
+    QCOMPARE(ui::failureText(Failure(FailureKind::WriteFailed).file("/a").systemError(ENOSPC)),
+             QString("A fájl nem írható (talán megtelt a lemez):\n/a\n(nincs több hely a lemezen)\n\n"
+                     "Semmi sem változott."));
+    QVERIFY(ui::failureText(Failure(FailureKind::OpenFailed).file("/a").systemError(99999))
+                .contains("(99999. számú rendszerhiba)"));
   }
 
   void aFieldIsCalledByItsLabel() {
