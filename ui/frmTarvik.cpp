@@ -107,7 +107,8 @@ void frmTarvik::connectButtons() {
 // The panel lies over the list, in one cell of the layout with it.
 void frmTarvik::setUpCharts() {
   auto* panel = new ChartPanel(
-      context_, {.plate = [this] { return plate(); }, .averageText = [this] { return ui_->tx_fogyaszt->text(); }},
+      context_,
+      {.plate = [this] { return plate(); }, .averageText = [this] { return ui_->tx_fogyaszt->text(); }},
       ui_->logbookArea);
   ui_->areaLayout->addWidget(panel, 0, 0);
   panel->raise();
@@ -205,7 +206,8 @@ void frmTarvik::openSzerviz() {
 
 void frmTarvik::print() {
   const core::Listing& listing = listing_->listing();
-  print::ListedRows rows{.records = {listing.numbers.begin(), listing.numbers.end()}, .firstKmOra = {}, .lastKmOra = {}};
+  print::ListedRows rows{
+      .records = {listing.numbers.begin(), listing.numbers.end()}, .firstKmOra = {}, .lastKmOra = {}};
   if (listing.rows() > 0) {
     rows.firstKmOra = listing.cell(0, core::kKmOraColumn);
     rows.lastKmOra = listing.cell(listing.rows() - 1, core::kKmOraColumn);
