@@ -59,9 +59,10 @@ class RecordList {
   /// The record of that number, counted from 1; one of zero bytes for a number outside 1 to count().
   R record(int number) const {
     static constexpr std::byte kZeros[R::kLength] = {};
-    if (number < 1 || number > count()) return R::decode(std::span<const std::byte>(kZeros));
-    const auto offset = static_cast<std::size_t>(number - 1) * R::kLength;
-    return R::decode(bytes_.span().subspan(offset, R::kLength));
+    const bool isThere = number >= 1 && number <= count();
+    const auto offset = isThere ? static_cast<std::size_t>(number - 1) * R::kLength : 0;
+    const std::span<const std::byte> from = isThere ? bytes_.span() : kZeros;
+    return R::decode(from.subspan(offset, R::kLength));
   }
 
  private:
