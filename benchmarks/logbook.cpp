@@ -15,7 +15,7 @@ constexpr int kFirstYear = 1940;
 constexpr std::int32_t kKmADay = 40;
 
 reminders::FigyelRec reminderOf(int number) {
-  return {.KmMulva = 2'000'000 + number,
+  return {.KmMulva = 2'000'000'000 + number,
           .KmAllas = 1'000,
           .RogzDatum = core::FixedText<10>("2013.07.05"),
           .Szoveg = core::FixedText<40>("Vezérműszíj cseréje"),
