@@ -56,7 +56,7 @@ char lastDigit(std::uint64_t value) {
 
 // The digits of a magnitude, with zeros before them up to that many; none at all for 0 and 0.
 std::string digitsOf(UInt128 value, int atLeast) {
-  std::array<char, 64> buffer;
+  std::array<char, 64> buffer{};
   auto first = buffer.end();
   for (; value > std::numeric_limits<std::uint64_t>::max(); value /= 10)
     *--first = lastDigit(static_cast<std::uint64_t>(value % 10));

@@ -184,6 +184,7 @@ std::vector<std::string> lookAtRepairs(const std::string& file) {
   attempt([&] { repairs::totalText(rows); });
   repairs::rowsOf(all, {.plate = kPlate, .description = "fék", .part = "TÁRCSA"});
   std::vector<std::string> shown;
+  shown.reserve(rows.size());
   for (const repairs::RepairRow& row : rows)
     shown.push_back(row.plate + "|" + row.date + "|" + row.description + "|" + row.part);
   return shown;

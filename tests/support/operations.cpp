@@ -83,8 +83,8 @@ tyres::TyreFields typedTyre() {
 }
 
 /// What the operations on one file have in common.
-Operation onFile(std::string (DataFolders::*folder)(std::string_view) const, std::string name,
-                 std::string temporary, std::size_t length, std::function<std::string(int)> record) {
+Operation onFile(std::string (DataFolders::*folder)(std::string_view) const, const std::string& name,
+                 const std::string& temporary, std::size_t length, std::function<std::string(int)> record) {
   return {.file = [=](const DataFolders& folders) { return (folders.*folder)(name); },
           .temporary =
               [=](const DataFolders& folders) {

@@ -59,6 +59,12 @@ class ChartViewTest : public QObject {
     chart_->show();
   }
 
+  void isNotHiddenByItsOwnDrawing() {
+    chart_->setPoints({"a"}, {1});
+    QVERIFY(chart_->pointRect(1).isValid());
+    QVERIFY(chart_->visibleRegion().contains(chart_->pointRect(1).center().toPoint()));
+  }
+
   void cleanup() { delete chart_; }
 
   void startsEmptyAsFlatBars() {

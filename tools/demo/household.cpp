@@ -84,7 +84,7 @@ std::vector<Event> madeUpFillUps(const Habits& habits) {
     const int taken = event.isFull ? needed : 1500;
     missing = needed - taken;
     price += between(-9, 10);
-    event.litres = {taken * 100};
+    event.litres = {std::int64_t{taken} * 100};
     event.fuelCost = (taken * price + 50) / 100;
     fillUps.push_back(event);
   }

@@ -61,6 +61,7 @@ ChartCanvas::ChartCanvas(QWidget* parent)
       solids_(new ChartSolids(xAxis, yAxis)),
       labels_(new ChartAxisLabels(this)) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
+  setAttribute(Qt::WA_OpaquePaintEvent, false);  // or the chart under it would count as hidden
   setFocusPolicy(Qt::NoFocus);
   plotLayout()->insertRow(0);
   plotLayout()->addElement(0, 0, title_);
