@@ -57,11 +57,14 @@ class RecordList {
   int count() const { return static_cast<int>(bytes_.size / R::kLength); }
 
   /// The record of that number, counted from 1; one of zero bytes for a number outside 1 to count().
-  R record(int number) const {
+  R record(int number) const { return R::decode(bytes(number)); }
+
+  /// The bytes of that record, zero ones as above: for a question about one field of thousands of records.
+  std::span<const std::byte> bytes(int number) const {
     static constexpr std::byte kZeros[R::kLength] = {};
-    if (number < 1 || number > count()) return R::decode(std::span<const std::byte>(kZeros));
+    if (number < 1 || number > count()) return std::span<const std::byte>(kZeros);
     const auto offset = static_cast<std::size_t>(number - 1) * R::kLength;
-    return R::decode(bytes_.span().subspan(offset, R::kLength));
+    return bytes_.span().subspan(offset, R::kLength);
   }
 
  private:
