@@ -29,7 +29,7 @@ std::string DataFolders::inCurrent(std::string_view name) const {
 }
 
 std::string DataFolders::vehicleFolder(std::string_view plate) const {
-  if (!isUsablePlate(plate)) throw Failure(FailureKind::PlateUnusable);
+  if (!isUsablePlate(plate)) throw Failure(FailureKind::PlateUnusable).file(std::string(plate));
   return inProgram(withoutOuterSpaces(plate));
 }
 

@@ -114,7 +114,8 @@ void syncFile(FileSystem& files, const OpenFile& file, const std::string& path) 
 std::string folderOf(const std::string& path) {
   const auto slash = path.rfind('/');
   if (slash == std::string::npos) return ".";
-  return slash == 0 ? "/" : path.substr(0, slash);
+  if (slash == 0) return "/";
+  return path.substr(0, slash);
 }
 
 void syncFolderOf(FileSystem& files, const std::string& path) {

@@ -62,9 +62,10 @@ class RecordList {
   /// The bytes of that record, zero ones as above: for a question about one field of thousands of records.
   std::span<const std::byte> bytes(int number) const {
     static constexpr std::byte kZeros[R::kLength] = {};
-    if (number < 1 || number > count()) return std::span<const std::byte>(kZeros);
-    const auto offset = static_cast<std::size_t>(number - 1) * R::kLength;
-    return bytes_.span().subspan(offset, R::kLength);
+    const bool isThere = number >= 1 && number <= count();
+    const auto offset = isThere ? static_cast<std::size_t>(number - 1) * R::kLength : 0;
+    const std::span<const std::byte> from = isThere ? bytes_.span() : kZeros;
+    return from.subspan(offset, R::kLength);
   }
 
  private:

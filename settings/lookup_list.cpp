@@ -57,7 +57,8 @@ std::vector<std::string> matching(const LookupTexts& texts, std::string_view new
 std::optional<CompletedNote> completedNote(const LookupTexts& notes, std::string_view textBeforeSelection,
                                            std::string_view key) {
   // A space at the end is one of the characters typed, one at the beginning is not.
-  textBeforeSelection.remove_prefix(std::min(textBeforeSelection.find_first_not_of(' '), textBeforeSelection.size()));
+  textBeforeSelection.remove_prefix(
+      std::min(textBeforeSelection.find_first_not_of(' '), textBeforeSelection.size()));
   const std::string prefix = core::upperCased(textBeforeSelection) + core::upperCased(key);
   for (int number = notes.count(); number >= 1; --number) {
     std::string note = notes.record(number).text.trimmed();

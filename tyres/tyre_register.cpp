@@ -1,9 +1,9 @@
 #include "tyres/tyre_register.h"
 
 #include "core/failure.h"
+#include "core/field_number.h"
 #include "core/record_file.h"
 #include "core/text.h"
-#include "core/field_number.h"
 
 namespace tarvik::tyres {
 namespace {

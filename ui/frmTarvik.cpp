@@ -107,10 +107,12 @@ void frmTarvik::connectButtons() {
 // The panel lies over the list, in one cell of the layout with it.
 void frmTarvik::setUpCharts() {
   auto* panel = new ChartPanel(
-      context_, {.plate = [this] { return plate(); }, .averageText = [this] { return ui_->tx_fogyaszt->text(); }},
+      context_,
+      {.plate = [this] { return plate(); }, .averageText = [this] { return ui_->tx_fogyaszt->text(); }},
       ui_->logbookArea);
   ui_->areaLayout->addWidget(panel, 0, 0);
   panel->raise();
+  ui_->cmdGrafikon->installEventFilter(this);
   connect(ui_->cmdGrafikon, &QPushButton::clicked, this, [this, panel] {
     guarded(this, [&] { panel->toggle(*ui_->cmdGrafikon, frameGeometry().topLeft()); });
   });
@@ -129,12 +131,12 @@ void frmTarvik::connectMenu() {
 
 void frmTarvik::load() {
   guarded(this, [this] { checkDates(); });
-  guarded(this, [this] { loadLookups(); });
+  loadLookups();
   ui_->DTPicker1->setDate(toQt(context_.clock.today()));
   ui_->DTPSzürö->setDate(toQt(context_.clock.today()));
   guarded(this, [this] { loadVehicles(); });
   guarded(this, [this] { loadStartSettings(); });
-  guarded(this, [this] { beolvas(); });
+  relist({});
 }
 
 void frmTarvik::loadLookups() {
@@ -144,9 +146,9 @@ void frmTarvik::loadLookups() {
     for (int number = 1; number <= texts.count(); ++number)
       field->addItem(toQt(texts.record(number).text.asStored()));
   };
-  fill(ui_->txAlkatresz, settings::kPartNames);
+  guarded(this, [&] { fill(ui_->txAlkatresz, settings::kPartNames); });
   ui_->txAlkatresz->setEditText({});
-  fill(ui_->txMegjegyzes, settings::kNotes);
+  guarded(this, [&] { fill(ui_->txMegjegyzes, settings::kNotes); });
   ui_->txMegjegyzes->setEditText(QStringLiteral("Tankolás"));
 }
 
@@ -205,7 +207,8 @@ void frmTarvik::openSzerviz() {
 
 void frmTarvik::print() {
   const core::Listing& listing = listing_->listing();
-  print::ListedRows rows{.records = {listing.numbers.begin(), listing.numbers.end()}, .firstKmOra = {}, .lastKmOra = {}};
+  print::ListedRows rows{
+      .records = {listing.numbers.begin(), listing.numbers.end()}, .firstKmOra = {}, .lastKmOra = {}};
   if (listing.rows() > 0) {
     rows.firstKmOra = listing.cell(0, core::kKmOraColumn);
     rows.lastKmOra = listing.cell(listing.rows() - 1, core::kKmOraColumn);

@@ -84,6 +84,7 @@ class frmTarvik : public QMainWindow {
   void toggleFilter();
   void chooseMode(int mode);
   void applyFilter();
+  void relist(const QString& before);
   void showTotals();
   void showHint(QObject* field);
 

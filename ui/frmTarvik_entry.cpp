@@ -108,7 +108,7 @@ void frmTarvik::record() {
   addDistanceToTyres(distance);
   ui_->txMegjKtg->setText(toQt(core::withDefaults(input).megjKtg));
   MezoDel();
-  guarded(this, [this] { beolvas(); });
+  relist(QStringLiteral("A bejegyzés rögzítve van. "));
   ui_->ChkTeletank->setChecked(true);
 }
 
@@ -133,7 +133,7 @@ void frmTarvik::modify() {
   core::modifyEntry(context_.files, context_.folders, platePath(), selectedEntry_, input,
                     toLogic(ui_->lbPillAtlag->text()));
   showInput(input);
-  beolvas();
+  relist(QStringLiteral("A bejegyzés módosítva van. "));
 }
 
 void frmTarvik::remove() {
@@ -145,7 +145,7 @@ void frmTarvik::remove() {
                              .arg(toQt(core::shortDateOfStored(entry.Datum)));
   if (!ask(this, QStringLiteral(" TÖRLÉS az adatállományból !"), prompt, DefaultAnswer::No)) return;
   core::deleteEntry(context_.files, context_.folders, platePath(), selectedEntry_);
-  beolvas();
+  relist(QStringLiteral("A bejegyzés törölve van. "));
 }
 
 void frmTarvik::quickAdd(QComboBox* field, const settings::LookupFile& list, const QString& what) {

@@ -67,10 +67,21 @@ void frmTarvik::applyFilter() {
   const bool isMonth = ui_->opSzürö_2->isChecked();
   listMode_ = isYear ? core::kYearList : isMonth ? core::kMonthList : core::kWholeList;
   ui_->FrameSzürö->hide();
-  beolvas();
+  relist({});
+}
+
+// Lists anew after something that is done, whatever becomes of the list: a failure says first what was done.
+void frmTarvik::relist(const QString& before) {
+  guarded(
+      this, [this] { beolvas(); }, before + QStringLiteral("A lista vagy az összesítése nem teljes."));
 }
 
 bool frmTarvik::eventFilter(QObject* watched, QEvent* event) {
+  // The menu has the same letter, so the toolkit would only bring the focus here.
+  if (watched == ui_->cmdGrafikon && event->type() == QEvent::Shortcut) {
+    ui_->cmdGrafikon->click();
+    return true;
+  }
   if (event->type() == QEvent::Enter || event->type() == QEvent::MouseMove ||
       event->type() == QEvent::ToolTip)
     guarded(this, [&] { showHint(watched); });

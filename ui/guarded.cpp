@@ -2,7 +2,7 @@
 
 #include <QHash>
 #include <QWidget>
-#include <cstring>
+#include <cerrno>
 #include <new>
 
 #include "ui/controls/message_boxes.h"
@@ -74,6 +74,33 @@ QString fieldName(const std::string& field) {
   return names.value(toQt(field), toQt(field));
 }
 
+// What the system's error number means.
+QString systemWords(int error) {
+  static const QHash<int, QString> words{
+      {ENOENT, "nincs ilyen fájl vagy mappa"},
+      {ENOTDIR, "az út egyik eleme nem mappa"},
+      {EISDIR, "ez egy mappa, nem fájl"},
+      {EACCES, "nincs hozzá jogosultság"},
+      {EPERM, "a rendszer nem engedi"},
+      {EROFS, "a meghajtó csak olvasható"},
+      {ENOSPC, "nincs több hely a lemezen"},
+      {EDQUOT, "betelt a lemezkeret"},
+      {EFBIG, "túl nagy lenne a fájl"},
+      {EIO, "a lemez hibát jelzett"},
+      {EBUSY, "a fájl foglalt"},
+      {ETXTBSY, "a fájl foglalt"},
+      {EMFILE, "túl sok fájl van nyitva"},
+      {ENFILE, "túl sok fájl van nyitva"},
+      {ENAMETOOLONG, "túl hosszú a név"},
+      {ELOOP, "körbe mutató hivatkozás"},
+      {EXDEV, "másik meghajtón van"},
+      {EINTR, "a rendszer félbeszakította"},
+      {EINVAL, "a rendszer nem tudja megtenni"},
+      {ENOTSUP, "a meghajtó nem tudja megtenni"},
+  };
+  return words.value(error, QStringLiteral("%1. számú rendszerhiba").arg(error));
+}
+
 QString subject(const core::Failure& failure) {
   if (!failure.file().empty()) return toQt(failure.file());
   return failure.field().empty() ? QStringLiteral("a számítás eredménye") : fieldName(failure.field());
@@ -83,8 +110,7 @@ QString subject(const core::Failure& failure) {
 
 QString failureText(const core::Failure& failure, const QString& consequence) {
   QString text = headline(failure.kind()).arg(subject(failure));
-  if (failure.systemError() != 0)
-    text += QStringLiteral("\n(%1)").arg(QString::fromLocal8Bit(std::strerror(failure.systemError())));
+  if (failure.systemError() != 0) text += QStringLiteral("\n(%1)").arg(systemWords(failure.systemError()));
   if (failure.kind() == FailureKind::SyncFailed)
     return text + QStringLiteral("\n\nNézd meg a listát, mielőtt megismétled!");
   return text + QStringLiteral("\n\n") + consequence;

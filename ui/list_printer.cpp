@@ -20,7 +20,8 @@
 namespace tarvik::ui {
 namespace {
 
-constexpr int kPatienceMilliseconds = 40;  // a print-out that takes longer shows its progress: the window lives on
+constexpr int kPatienceMilliseconds =
+    40;  // a print-out that takes longer shows its progress: the window lives on
 
 QString commandTitle() {
   return QStringLiteral("Listamező nyomtatása");

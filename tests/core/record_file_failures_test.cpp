@@ -1,9 +1,16 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
+#include <cstddef>
 #include <functional>
+#include <iterator>
+#include <thread>
 #include <utility>
 
 #include "core/posix_file_system.h"
@@ -326,6 +333,38 @@ TEST(PosixFileSystemTest, TellsFailuresAsTheSystemDoes) {
   EXPECT_EQ(files.writeOut(-1), -1);
   EXPECT_EQ(errno, EBADF);
   files.pause(0);
+}
+
+// Makes a system call one that the system does not know, for the calling thread.
+void forget(unsigned systemCall) {
+  sock_filter rules[] = {BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+                         BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, systemCall, 0, 1),
+                         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | ENOSYS),
+                         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
+  const sock_fprog program{.len = std::size(rules), .filter = rules};
+  ASSERT_EQ(::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0), 0);
+  ASSERT_EQ(::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program), 0);
+}
+
+TEST(PosixFileSystemTest, SyncsWhereTheSystemCannotOrderWrites) {
+  const test::TemporaryFolder folder;
+  PosixFileSystem files;
+  const OpenFile file(files, files.open(folder / "data", OpenMode::Create));
+  int result = -1;
+  std::thread([&] {
+    forget(SYS_sync_file_range);
+    result = files.writeOut(file.descriptor());
+  }).join();
+  EXPECT_EQ(result, 0);
+}
+
+TEST(PosixFileSystemTest, OpensInAnUnknownModeToReadOnly) {
+  const test::TemporaryFolder folder;
+  folder.write("data", "1234");
+  PosixFileSystem files;
+  const OpenFile file(files, files.open(folder / "data", static_cast<OpenMode>(99)));
+  EXPECT_TRUE(file.isOpen());
+  EXPECT_EQ(files.truncate(file.descriptor(), 0), -1);
 }
 
 TEST(PosixFileSystemTest, OpensInEveryMode) {

@@ -23,7 +23,9 @@ TemporaryFolder::~TemporaryFolder() {
   fs::remove_all(path_, ignored);
 }
 
-void TemporaryFolder::makeFolder(std::string_view name) const { fs::create_directories(*this / name); }
+void TemporaryFolder::makeFolder(std::string_view name) const {
+  fs::create_directories(*this / name);
+}
 
 void TemporaryFolder::write(std::string_view name, std::string_view contents) const {
   std::ofstream out(*this / name, std::ios::binary | std::ios::trunc);
@@ -37,7 +39,9 @@ std::string TemporaryFolder::read(std::string_view name) const {
   return {std::istreambuf_iterator<char>(in), {}};
 }
 
-bool TemporaryFolder::has(std::string_view name) const { return fs::exists(*this / name); }
+bool TemporaryFolder::has(std::string_view name) const {
+  return fs::exists(*this / name);
+}
 
 std::vector<std::string> TemporaryFolder::names() const {
   std::vector<std::string> found;

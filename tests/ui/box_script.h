@@ -41,8 +41,7 @@ class BoxScript : public QObject {
   void answer(QMessageBox* box) {
     seen.append({box->windowTitle(), box->text(), box->icon(), box->standardButton(box->defaultButton()),
                  box->standardButton(box->escapeButton())});
-    QAbstractButton* button =
-        answers_.isEmpty() ? box->escapeButton() : box->button(answers_.takeFirst());
+    QAbstractButton* button = answers_.isEmpty() ? box->escapeButton() : box->button(answers_.takeFirst());
     if (button == nullptr) button = box->buttons().first();
     QTimer::singleShot(0, button, &QAbstractButton::click);
   }
@@ -65,7 +64,11 @@ template <>
 inline char* toString(const QList<tarvik::test::SeenBox>& boxes) {
   QString all;
   for (const auto& box : boxes)
-    all += QStringLiteral("[%1|%2|%3|%4|%5]").arg(box.title, box.text).arg(box.icon).arg(box.enter).arg(box.escape);
+    all += QStringLiteral("[%1|%2|%3|%4|%5]")
+               .arg(box.title, box.text)
+               .arg(box.icon)
+               .arg(box.enter)
+               .arg(box.escape);
   return qstrdup(all.toUtf8().constData());
 }
 }  // namespace QTest

@@ -139,14 +139,17 @@ class FrmTarvikEntryTest : public QObject {
 
   void consumptionRunsSinceTheLastFullFillAndTheFittedTyresRunAlong() {
     MainScreen main;
-    main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 9000, 300'000, true), fuelling({2024, 1, 2}, 10000, 400'000, true),
-                                 fuelling({2024, 1, 3}, 10200, 200'000, false)});
+    main.writeLogbook(
+        "ABC123", {fuelling({2024, 1, 1}, 9000, 300'000, true), fuelling({2024, 1, 2}, 10000, 400'000, true),
+                   fuelling({2024, 1, 3}, 10200, 200'000, false)});
     main.choosePlateAtStart("ABC123");
     const auto tyre = [](const char* plate, char onCar, char run) {
-      return padded(plate, 10) + std::string(4, '\0') + std::string(2, '\0') + padded("Gumi", 30) + padded("185", 15) +
-             std::string("\x40\x9C\0\0", 4) + std::string{onCar, '\0'} + std::string{run, '\0', '\0', '\0'};
+      return padded(plate, 10) + std::string(4, '\0') + std::string(2, '\0') + padded("Gumi", 30) +
+             padded("185", 15) + std::string("\x40\x9C\0\0", 4) + std::string{onCar, '\0'} +
+             std::string{run, '\0', '\0', '\0'};
     };
-    const std::string before = tyre("ABC123", 0, 1) + tyre("ABC123", 1, 2) + tyre("ABC123", 1, 3) + tyre("XYZ789", 1, 4);
+    const std::string before =
+        tyre("ABC123", 0, 1) + tyre("ABC123", 1, 2) + tyre("ABC123", 1, 3) + tyre("XYZ789", 1, 4);
     main.folder.write("Gumik.dat", before);
     main.open();
     main.type("txKmOra", "10500");
@@ -162,7 +165,8 @@ class FrmTarvikEntryTest : public QObject {
 
   void aDistanceOfZeroRecordsNothingAndKeepsTheFields() {
     MainScreen main;
-    const std::vector entries{fuelling({2024, 1, 1}, 9000, 300'000, true), fuelling({2024, 1, 2}, 10000, 400'000, true)};
+    const std::vector entries{fuelling({2024, 1, 1}, 9000, 300'000, true),
+                              fuelling({2024, 1, 2}, 10000, 400'000, true)};
     main.writeLogbook("ABC123", entries);
     main.choosePlateAtStart("ABC123");
     main.open();
@@ -190,6 +194,22 @@ class FrmTarvikEntryTest : public QObject {
     QCOMPARE(main.edit("txKmOra")->text(), QString("3000000000"));
   }
 
+  void aListThatFailsAfterRecordingSaysThatTheEntryIsIn() {
+    MainScreen main;
+    main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 1, 1, true, 2'000'000'000)});
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    main.type("txKmOra", "100");
+    main.type("txTankoltKtg", "2000000000");
+    BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
+    main.press("cmd_rogzit");
+    QCOMPARE(boxes.seen.size(), 2);
+    QCOMPARE(boxes.seen[1].text,
+             QString("Túl nagy szám: Eddigi Költség\n\n"
+                     "A bejegyzés rögzítve van. A lista vagy az összesítése nem teljes."));
+    QCOMPARE(main.folder.read("ABC123/napiadat.dat").size(), std::size_t{2 * 156});
+  }
+
   void lettersInTheNotesCostAreRefused() {
     MainScreen main;
     main.writeLogbook("ABC123", {});
@@ -200,7 +220,8 @@ class FrmTarvikEntryTest : public QObject {
     BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
     main.press("cmd_rogzit");
     QCOMPARE(boxes.seen.size(), 2);
-    QCOMPARE(boxes.seen[1].text, QString("Nem szám van a mezőben: Megjegyzés költsége\n\nSemmi sem változott."));
+    QCOMPARE(boxes.seen[1].text,
+             QString("Nem szám van a mezőben: Megjegyzés költsége\n\nSemmi sem változott."));
     QCOMPARE(main.folder.read("ABC123/napiadat.dat"), std::string());
   }
 
@@ -230,7 +251,8 @@ class FrmTarvikEntryTest : public QObject {
     BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
     main.press("cmd_rogzit");
     QCOMPARE(boxes.seen.size(), 2);
-    QVERIFY(boxes.seen[1].text.startsWith("Ez a rendszám nem lehet mappa neve"));
+    QCOMPARE(boxes.seen[1].text,
+             "Ez a rendszám nem lehet mappa neve:\n" + plate + "\n\nSemmi sem változott.");
     QVERIFY(main.folder.names() == before);
   }
 
@@ -248,8 +270,10 @@ class FrmTarvikEntryTest : public QObject {
   void modifyingKeepsTheFieldsAndTakesTheShownConsumption() {
     MainScreen main;
     main.folder.write("rendsz.dat", padded("ABC123", 8) + std::string("\x32\0", 2));
-    main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 9000, 300'000, true), fuelling({2024, 1, 2}, 10000, 400'000, true),
-                                 fuelling({2024, 1, 12}, 10500, 350'000, true), fuelling({2024, 1, 22}, 11000, 300'000, true)});
+    main.writeLogbook(
+        "ABC123",
+        {fuelling({2024, 1, 1}, 9000, 300'000, true), fuelling({2024, 1, 2}, 10000, 400'000, true),
+         fuelling({2024, 1, 12}, 10500, 350'000, true), fuelling({2024, 1, 22}, 11000, 300'000, true)});
     main.choosePlateAtStart("ABC123");
     main.open();
     main.clickRow(2);
@@ -279,8 +303,8 @@ class FrmTarvikEntryTest : public QObject {
     BoxScript boxes({QMessageBox::Yes});
     main.press("cmd_del");
     QCOMPARE(boxes.seen,
-             (QList{questionBox(" TÖRLÉS az adatállományból !", "Biztos T Ö R Ö L H E T Ő\na 2024.01.03. tétel? ",
-                                QMessageBox::No)}));
+             (QList{questionBox(" TÖRLÉS az adatállományból !",
+                                "Biztos T Ö R Ö L H E T Ő\na 2024.01.03. tétel? ", QMessageBox::No)}));
     QCOMPARE(main.folder.read("ABC123/napiadat.dat").size(), std::size_t{4 * 156});
     QCOMPARE(main.stored("ABC123", 3).KmOra, 4000);
     QCOMPARE(main.stored("ABC123", 4).KmOra, 5000);
@@ -335,14 +359,17 @@ class FrmTarvikEntryTest : public QObject {
 
   void quickAddAsksForEveryKnownTextThatContainsTheNewOne() {
     MainScreen main;
-    main.folder.write("alkatr.dat", padded("OLAJSZ\xDBR\xD5 BET\xC9T", 50) + padded("LEVEG\xD5SZ\xDBR\xD5", 50));
+    main.folder.write("alkatr.dat",
+                      padded("OLAJSZ\xDBR\xD5 BET\xC9T", 50) + padded("LEVEG\xD5SZ\xDBR\xD5", 50));
     main.open();
     main.combo("txAlkatresz")->setEditText("szűrő");
-    const SeenBox first = questionBox(" Rögzítés az adatállományba !", "Biztos JÓ az adat ?\nMehet a rögzítés ?", QMessageBox::Yes);
+    const SeenBox first = questionBox(" Rögzítés az adatállományba !",
+                                      "Biztos JÓ az adat ?\nMehet a rögzítés ?", QMessageBox::Yes);
     const auto known = [](const QString& text) {
-      return questionBox(" Meglévő megjegyzés!",
-                         "Ez az alkatrész már szerepel az adatbázisban\n \n'' " + text + " ''  néven!\n \nMég is felveszed?",
-                         QMessageBox::Yes);
+      return questionBox(
+          " Meglévő megjegyzés!",
+          "Ez az alkatrész már szerepel az adatbázisban\n \n'' " + text + " ''  néven!\n \nMég is felveszed?",
+          QMessageBox::Yes);
     };
     BoxScript boxes({QMessageBox::Yes, QMessageBox::Yes, QMessageBox::Yes});
     main.press("cmdAlkatresz");
@@ -361,18 +388,22 @@ class FrmTarvikEntryTest : public QObject {
     BoxScript boxes({QMessageBox::Yes, QMessageBox::No});
     main.press("cmdMegjegyzes");
     QCOMPARE(boxes.seen.size(), 2);
-    QCOMPARE(boxes.seen[1].text,
-             QString("Ez az megjegyzés már szerepel az adatbázisban\n \n'' Tankolás ''  néven!\n \nMég is felveszed?"));
+    QCOMPARE(boxes.seen[1].text, QString("Ez az megjegyzés már szerepel az adatbázisban\n \n'' Tankolás ''  "
+                                         "néven!\n \nMég is felveszed?"));
     QCOMPARE(main.folder.read("megjegyz.dat").size(), std::size_t{100});
   }
 
   void lettersTypedOrPastedIntoANumberFieldGo_data() {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("kept");
-    QTest::newRow("letter behind") << "12a" << "12";
-    QTest::newRow("letters only") << "abc" << "";
-    QTest::newRow("decimal comma") << "40,5" << "40,5";
-    QTest::newRow("point") << "40.5" << "405";
+    QTest::newRow("letter behind") << "12a"
+                                   << "12";
+    QTest::newRow("letters only") << "abc"
+                                  << "";
+    QTest::newRow("decimal comma") << "40,5"
+                                   << "40,5";
+    QTest::newRow("point") << "40.5"
+                           << "405";
   }
   void lettersTypedOrPastedIntoANumberFieldGo() {
     QFETCH(QString, typed);

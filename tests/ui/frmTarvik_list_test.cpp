@@ -16,7 +16,8 @@ void hover(QWidget* field) {
 }
 
 std::vector<core::NapiAdat> twoFills() {
-  return {fuelling({2024, 1, 1}, 10'000, 405'000, true, 16'200), fuelling({2024, 1, 11}, 10'400, 300'000, true, 12'000)};
+  return {fuelling({2024, 1, 1}, 10'000, 405'000, true, 16'200),
+          fuelling({2024, 1, 11}, 10'400, 300'000, true, 12'000)};
 }
 
 }  // namespace
@@ -41,7 +42,8 @@ class FrmTarvikListTest : public QObject {
     QCOMPARE(main.rows(), 0);
     QVERIFY(!main.find<QPushButton>("cmd_del")->isEnabled());
     QVERIFY(!main.find<QPushButton>("cmd_modosit")->isEnabled());
-    const std::vector<std::string> made{"alkatr.dat", "figyDatum.dat", "megjegyz.dat", "rendsz.dat", "set.dat"};
+    const std::vector<std::string> made{"alkatr.dat", "figyDatum.dat", "megjegyz.dat", "rendsz.dat",
+                                        "set.dat"};
     QVERIFY(main.folder.names() == made);
   }
 
@@ -82,15 +84,17 @@ class FrmTarvikListTest : public QObject {
     main.writeLogbook("ABC123", twoFills());
     main.choosePlateAtStart("ABC123");
     main.open();
-    const QAbstractItemModelTester tester(main.list()->model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+    const QAbstractItemModelTester tester(main.list()->model(),
+                                          QAbstractItemModelTester::FailureReportingMode::QtTest);
     main.screen->beolvas();
     QCOMPARE(main.rows(), 2);
   }
 
   void theMonthFilterListsThatMonthOfThatYear() {
     MainScreen main;
-    main.writeLogbook("ABC123", {fuelling({2012, 3, 5}, 1000, 1, true), fuelling({2013, 3, 1}, 2000, 1, true),
-                                 fuelling({2013, 3, 31}, 2500, 1, true), fuelling({2013, 4, 1}, 3000, 1, true)});
+    main.writeLogbook("ABC123",
+                      {fuelling({2012, 3, 5}, 1000, 1, true), fuelling({2013, 3, 1}, 2000, 1, true),
+                       fuelling({2013, 3, 31}, 2500, 1, true), fuelling({2013, 4, 1}, 3000, 1, true)});
     main.choosePlateAtStart("ABC123");
     main.open();
     main.press("cmd_lista");
@@ -126,7 +130,8 @@ class FrmTarvikListTest : public QObject {
 
   void choosingAPlateShowsTheFilterAndListsOnlyWhenConfirmed() {
     MainScreen main;
-    main.folder.write("rendsz.dat", padded("ABC123", 8) + std::string("\x2D\0", 2) + padded("XYZ789", 8) + std::string("\x2D\0", 2));
+    main.folder.write("rendsz.dat", padded("ABC123", 8) + std::string("\x2D\0", 2) + padded("XYZ789", 8) +
+                                        std::string("\x2D\0", 2));
     main.writeLogbook("ABC123", twoFills());
     main.writeLogbook("XYZ789", {fuelling({2024, 5, 5}, 77, 10'000, true)});
     main.choosePlateAtStart("ABC123");
@@ -180,7 +185,8 @@ class FrmTarvikListTest : public QObject {
     main.writeLogbook("ABC123", twoFills());
     main.choosePlateAtStart("ABC123");
     main.open();
-    for (const char* name : {"tx_teljes_ktg", "ob_ktg", "txAlkatreszKoltseg", "tx_liter", "tx_megtett_km"}) hover(main.edit(name));
+    for (const char* name : {"tx_teljes_ktg", "ob_ktg", "txAlkatreszKoltseg", "tx_liter", "tx_megtett_km"})
+      hover(main.edit(name));
     QCOMPARE(main.edit("tx_teljes_ktg")->toolTip(), QString("2820,-Ft/nap"));
     QCOMPARE(main.edit("ob_ktg")->toolTip(), QString("2820,-Ft/nap"));
     QCOMPARE(main.edit("txAlkatreszKoltseg")->toolTip(), QString("0,-Ft/nap"));
@@ -218,19 +224,23 @@ class FrmTarvikListTest : public QObject {
 
   void sumsPastTheirTypeAreAFailureAndTheRowsStayListed() {
     MainScreen main;
-    main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 1, 1, true, 2'000'000'000), fuelling({2024, 1, 2}, 2, 1, true, 2'000'000'000)});
+    main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 1, 1, true, 2'000'000'000),
+                                 fuelling({2024, 1, 2}, 2, 1, true, 2'000'000'000)});
     main.choosePlateAtStart("ABC123");
     BoxScript boxes;
     main.open();
     QCOMPARE(boxes.seen.size(), 1);
     QCOMPARE(main.rows(), 2);
+    QCOMPARE(boxes.seen[0].text,
+             QString("Túl nagy szám: Eddigi Költség\n\nA lista vagy az összesítése nem teljes."));
     QCOMPARE(main.edit("tx_teljes_ktg")->text(), QString("2000 000 000 Ft."));
   }
 
   void clickingEntryOneEmptiesTheConsumption() {
     MainScreen main;
     main.folder.write("rendsz.dat", padded("ABC123", 8) + std::string("\x32\0", 2));
-    main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 9000, 300'000, true, 1), fuelling({2024, 1, 2}, 10000, 400'000, true, 1),
+    main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 9000, 300'000, true, 1),
+                                 fuelling({2024, 1, 2}, 10000, 400'000, true, 1),
                                  fuelling({2024, 1, 12}, 10500, 350'000, true, 1)});
     main.choosePlateAtStart("ABC123");
     main.open();
@@ -246,8 +256,30 @@ class FrmTarvikListTest : public QObject {
     main.choosePlateAtStart("ABC123");
     main.open();
     main.clickRow(1);
-    for (const char* name : {"lbPillAtlag", "lbDatum", "lbKm", "lb_ft_km"}) QCOMPARE(main.label(name), QString());
+    for (const char* name : {"lbPillAtlag", "lbDatum", "lbKm", "lb_ft_km"})
+      QCOMPARE(main.label(name), QString());
     QCOMPARE(main.edit("txKmOra")->text(), QString("10400"));
+  }
+
+  void theChartsOpenByTheirLetterThoughTheMenuHasItToo() {
+    MainScreen main;
+    main.open();
+    QString opened;
+    QTimer::singleShot(0, main.screen.get(), [&] {
+      opened = QApplication::activeModalWidget()->objectName();
+      QApplication::activeModalWidget()->close();
+    });
+    QTest::keyClick(main.edit("txKmOra"), Qt::Key_G, Qt::AltModifier);
+    QCOMPARE(opened, QString("frmMelyGrafikon"));
+  }
+
+  void aNoteListThatIsAFolderLeavesTheNoteReady() {
+    MainScreen main;
+    main.folder.makeFolder("megjegyz.dat");
+    BoxScript boxes;
+    main.open();
+    QCOMPARE(boxes.seen.size(), 1);
+    QCOMPARE(main.combo("txMegjegyzes")->currentText(), QString("Tankolás"));
   }
 
   void theExitQuestionDecides() {

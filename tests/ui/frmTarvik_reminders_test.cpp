@@ -64,7 +64,8 @@ std::string dateReminder(core::CalendarDate when) {
 // A household whose one car stands at that reading, reminders on.
 struct Household : MainScreen {
   explicit Household(std::int32_t reading = 15'001, bool reminders = true) {
-    writeLogbook("ABC123", {fuelling({2024, 1, 1}, reading, 100'000, true), fuelling({2024, 1, 2}, 0, 0, false)});
+    writeLogbook("ABC123",
+                 {fuelling({2024, 1, 1}, reading, 100'000, true), fuelling({2024, 1, 2}, 0, 0, false)});
     choosePlateAtStart("ABC123", reminders);
   }
   QTimer* timer() { return find<QTimer>("Timer1"); }
@@ -75,7 +76,9 @@ struct Household : MainScreen {
 const std::string kOn(2, '\xFF');
 const std::string kOff(2, '\0');
 
-qsizetype openFiles() { return QDir("/proc/self/fd").entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System).size(); }
+qsizetype openFiles() {
+  return QDir("/proc/self/fd").entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System).size();
+}
 
 }  // namespace
 
@@ -118,7 +121,8 @@ class FrmTarvikRemindersTest : public QObject {
 
   void aPassedReminderOpensTheAlertAtEachTickUntilItIsGone() {
     Household main;
-    main.folder.write("figyel.dat", kmReminder("XYZ789", 1, 1) + kmReminder("ABC123", 10'000, 5'000) + kmReminder("ABC123", 1, 1));
+    main.folder.write("figyel.dat", kmReminder("XYZ789", 1, 1) + kmReminder("ABC123", 10'000, 5'000) +
+                                        kmReminder("ABC123", 1, 1));
     main.open();
     ScreenWatch screens;
     main.tick();
@@ -206,7 +210,8 @@ class FrmTarvikRemindersTest : public QObject {
   void aDateReminderDueInFourteenDaysComesBeforeTheLists() {
     Household main(15'001, false);
     main.folder.write("rendsz.dat", padded("ABC123", 8) + std::string("\x2D\0", 2));
-    main.folder.write("figyDatum.dat", dateReminder({2026, 12, 6}) + dateReminder({2026, 12, 5}) + dateReminder({2020, 1, 1}));
+    main.folder.write("figyDatum.dat",
+                      dateReminder({2026, 12, 6}) + dateReminder({2026, 12, 5}) + dateReminder({2020, 1, 1}));
     ScreenWatch screens;
     int platesThen = -1;
     screens.whileOpen = [&] { platesThen = main.combo("Combo1")->count(); };
@@ -255,7 +260,8 @@ class FrmTarvikRemindersTest : public QObject {
     const auto memory = mallinfo2().uordblks;
     const auto files = openFiles();
     for (int i = 0; i < 10'000; ++i) main.tick();
-    QVERIFY2(mallinfo2().uordblks < memory + 100'000, qPrintable(QString::number(mallinfo2().uordblks - memory)));
+    QVERIFY2(mallinfo2().uordblks < memory + 100'000,
+             qPrintable(QString::number(mallinfo2().uordblks - memory)));
     QCOMPARE(openFiles(), files);
   }
 
@@ -277,7 +283,8 @@ class FrmTarvikRemindersTest : public QObject {
       for (int i = 0; i < 1'000; ++i) open();
       QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
       QCoreApplication::processEvents();
-      QVERIFY2(mallinfo2().uordblks < memory + 300'000, qPrintable(QString::number(mallinfo2().uordblks - memory)));
+      QVERIFY2(mallinfo2().uordblks < memory + 300'000,
+               qPrintable(QString::number(mallinfo2().uordblks - memory)));
       QCOMPARE(openFiles(), files);
     }
   }

@@ -25,7 +25,8 @@ namespace tarvik::test {
 struct MainScreen {
   explicit MainScreen(bool ownCurrentFolder = false)
       : context{.files = files,
-                .folders = {.program = folder.path(), .current = ownCurrentFolder ? current.path() : folder.path()},
+                .folders = {.program = folder.path(),
+                            .current = ownCurrentFolder ? current.path() : folder.path()},
                 .clock = clock,
                 .version = "1.0.0"} {}
 
@@ -61,7 +62,8 @@ struct MainScreen {
   /// The shown texts of a row, the record number last, joined by '|'.
   QString row(int number) {
     QStringList cells;
-    for (int column = 0; column < list()->model()->columnCount(); ++column) cells.append(cell(number, column));
+    for (int column = 0; column < list()->model()->columnCount(); ++column)
+      cells.append(cell(number, column));
     return cells.join(QLatin1Char('|'));
   }
   void clickRow(int row) {
@@ -95,8 +97,8 @@ struct MainScreen {
 };
 
 /// An entry of the logbook with the fields that most tests need.
-inline core::NapiAdat fuelling(core::CalendarDate date, std::int32_t km, std::int64_t litresTimes10000, bool full,
-                               std::int32_t cost = 0) {
+inline core::NapiAdat fuelling(core::CalendarDate date, std::int32_t km, std::int64_t litresTimes10000,
+                               bool full, std::int32_t cost = 0) {
   core::NapiAdat entry;
   entry.KmOra = km;
   entry.Datum = core::toStored(core::dayOf(date));
