@@ -47,7 +47,7 @@ std::vector<std::uint16_t> listedEntries(const Logbook& logbook, const ListFilte
   std::vector<std::uint16_t> numbers;
   numbers.reserve(filtered ? 0 : static_cast<std::size_t>(logbook.count()));
   for (int number = 1; number <= logbook.count(); ++number) {
-    if (filtered && !range.holds(logbook.record(number).Datum)) continue;
+    if (filtered && !range.holds(NapiAdat::decodeDatum(logbook.bytes(number)))) continue;
     numbers.push_back(static_cast<std::uint16_t>(number));
   }
   return numbers;

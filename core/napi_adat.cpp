@@ -37,6 +37,10 @@ NapiAdat NapiAdat::decode(std::span<const std::byte> bytes) {
           .Fogyasztas = readAmount(bytes, kFogyasztas)};
 }
 
+double NapiAdat::decodeDatum(std::span<const std::byte> bytes) {
+  return readDate(bytes, kDatum);
+}
+
 void NapiAdat::encode(std::span<std::byte> bytes) const {
   writeInt32(bytes, kKmOra, KmOra);
   writeDate(bytes, kDatum, Datum);

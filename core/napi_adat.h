@@ -32,6 +32,8 @@ struct NapiAdat {
 
   /// Reads an entry from its 156 bytes; any bytes are an entry.
   static NapiAdat decode(std::span<const std::byte> bytes);
+  /// Reads the Datum of an entry's 156 bytes alone.
+  static double decodeDatum(std::span<const std::byte> bytes);
   /// Writes the entry into 156 bytes.
   void encode(std::span<std::byte> bytes) const;
 

@@ -57,12 +57,15 @@ class RecordList {
   int count() const { return static_cast<int>(bytes_.size / R::kLength); }
 
   /// The record of that number, counted from 1; one of zero bytes for a number outside 1 to count().
-  R record(int number) const {
+  R record(int number) const { return R::decode(bytes(number)); }
+
+  /// The bytes of that record, zero ones as above: for a question about one field of thousands of records.
+  std::span<const std::byte> bytes(int number) const {
     static constexpr std::byte kZeros[R::kLength] = {};
     const bool isThere = number >= 1 && number <= count();
     const auto offset = isThere ? static_cast<std::size_t>(number - 1) * R::kLength : 0;
     const std::span<const std::byte> from = isThere ? bytes_.span() : kZeros;
-    return R::decode(from.subspan(offset, R::kLength));
+    return from.subspan(offset, R::kLength);
   }
 
  private:
