@@ -20,6 +20,7 @@ enum class FailureKind {
   OutOfRange,      ///< a figure that does not fit its type or field
   DivisionByZero,  ///< a quotient whose divisor is 0
   FileFull,        ///< a record past the highest number that a file may hold
+  FileChanged,     ///< a file that is not any more what the person saw
   RecordMissing,   ///< a record number that the file does not have (any more)
 };
 

@@ -75,6 +75,10 @@ class RecordFile {
   /// SyncFailed, ReplaceFailed; the file then is as it was.
   void append(std::span<const std::byte> record);
 
+  /// Adds records behind the last whole one, all in one step: as a new file that replaces the old one. Throws
+  /// Failure(FileFull) where they would pass the highest record number, and as append does.
+  void appendAll(std::span<const std::byte> records);
+
   /// Writes a record in the place of the one with that number, as a new file that replaces the old one.
   /// Throws Failure(RecordMissing) for a number outside 1 to count().
   void rewrite(std::int64_t number, std::span<const std::byte> record);

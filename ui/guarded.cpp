@@ -40,6 +40,8 @@ QString headline(FailureKind kind) {
       return QStringLiteral("Nullával kellene osztani: %1");
     case FailureKind::FileFull:
       return QStringLiteral("A fájl betelt, több tétel nem fér bele:\n%1");
+    case FailureKind::FileChanged:
+      return QStringLiteral("A fájl közben megváltozott, egy másik program írhatott bele:\n%1");
     case FailureKind::RecordMissing:
       return QStringLiteral("Ez a tétel már nincs a fájlban:\n%1");
   }
