@@ -37,8 +37,8 @@ struct CsvRow {
 struct CsvEnd {
   enum class Fault {
     None,
-    RowTooLong,    ///< a line, row or number of cells past the limits
-    OpenQuote,     ///< the text ends inside a quoted cell
+    RowTooLong,  ///< a line, row or number of cells past the limits
+    OpenQuote,   ///< the text ends inside a quoted cell
   };
   Fault fault = Fault::None;
   int line = 0;  ///< where the row with the fault begins

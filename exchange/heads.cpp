@@ -68,19 +68,19 @@ bool hasOneOf(const Words& words, std::span<const std::string_view> list) {
 
 constexpr std::array<std::string_view, 9> kKilometreWords = {
     "KM", "KMS", "KILOMETER", "KILOMETERS", "KILOMETRE", "KILOMETRES", "KMH", "KILOMETERBEN", "KILOMETERN"};
-constexpr std::array<std::string_view, 7> kMileWords = {"MI",      "MILE",   "MILES", "MEILE",
+constexpr std::array<std::string_view, 7> kMileWords = {"MI",     "MILE",    "MILES", "MEILE",
                                                         "MEILEN", "MERFOLD", "MPG"};
-constexpr std::array<std::string_view, 7> kLitreWords = {"L",     "LITER",  "LITERS", "LITRE",
+constexpr std::array<std::string_view, 7> kLitreWords = {"L",      "LITER",    "LITERS", "LITRE",
                                                          "LITRES", "LITERBEN", "LITERN"};
-constexpr std::array<std::string_view, 8> kGallonWords = {"GAL",     "GALS",    "GALLON", "GALLONS",
+constexpr std::array<std::string_view, 8> kGallonWords = {"GAL",     "GALS",     "GALLON",    "GALLONS",
                                                           "GALLONE", "GALLONEN", "GALLONBAN", "MPG"};
 constexpr std::array<std::string_view, 4> kUsWords = {"US", "USA", "AMERIKAI", "AMERIKANISCHE"};
-constexpr std::array<std::string_view, 7> kUkWords = {"UK",     "IMP",    "IMPERIAL",  "GB",
+constexpr std::array<std::string_view, 7> kUkWords = {"UK",    "IMP",  "IMPERIAL", "GB",
                                                       "ANGOL", "BRIT", "ENGLISCHE"};
 
 // Words that say the unit or the currency of a column, or nothing at all.
-constexpr std::array<std::string_view, 12> kSideWords = {"FT",  "HUF", "EUR", "USD",      "GBP", "CHF",
-                                                         "CZK", "PLN", "RON", "OPTIONAL", "IN",  "OPCIONALIS"};
+constexpr std::array<std::string_view, 12> kSideWords = {
+    "FT", "HUF", "EUR", "USD", "GBP", "CHF", "CZK", "PLN", "RON", "OPTIONAL", "IN", "OPCIONALIS"};
 
 bool isSideWord(std::string_view word) {
   return isOneOf(word, kSideWords) || isOneOf(word, kKilometreWords) || isOneOf(word, kMileWords) ||
@@ -111,31 +111,108 @@ const std::vector<Vocabulary>& vocabulary() {
         "REFUEL DATE", "TANKDATUM", "DATUM UHRZEIT", "DATUM UND UHRZEIT", "NAP", "IDOPONT", "DATUM IDO",
         "TANKOLAS DATUMA", "TANKOLAS NAPJA"}},
       {Meaning::Odometer,
-       {"ODOMETER", "ODO", "ODOMETER READING", "ODOMETER VALUE", "MILEAGE", "KILOMETERSTAND", "KM STAND",
-        "TACHOSTAND", "TACHO", "KILOMETERZAHLER", "ZAHLERSTAND", "KM ORA", "KM ORA ALLAS", "KM ORA ALLASA",
-        "KMORA", "KILOMETERORA", "KILOMETERORA ALLAS", "KILOMETERORA ALLASA", "KILOMETER ORA ALLAS",
-        "ORAALLAS", "KM ALLAS", "KM ORAALLAS", "OSSZES KM", "KILOMETER ALLAS"}},
+       {"ODOMETER",
+        "ODO",
+        "ODOMETER READING",
+        "ODOMETER VALUE",
+        "MILEAGE",
+        "KILOMETERSTAND",
+        "KM STAND",
+        "TACHOSTAND",
+        "TACHO",
+        "KILOMETERZAHLER",
+        "ZAHLERSTAND",
+        "KM ORA",
+        "KM ORA ALLAS",
+        "KM ORA ALLASA",
+        "KMORA",
+        "KILOMETERORA",
+        "KILOMETERORA ALLAS",
+        "KILOMETERORA ALLASA",
+        "KILOMETER ORA ALLAS",
+        "ORAALLAS",
+        "KM ALLAS",
+        "KM ORAALLAS",
+        "OSSZES KM",
+        "KILOMETER ALLAS"}},
       {Meaning::UnitPrice,
-       {"PRICE PER UNIT", "UNIT PRICE", "VOLUMEPRICE", "VOLUME PRICE", "PRICE L", "PRICE LITER",
-        "PRICE LITRE", "PRICE GAL", "PRICE GALLON", "PRICE PER LITER", "PRICE PER LITRE", "PRICE PER GALLON",
-        "COST PER LITER", "COST PER LITRE", "COST PER GALLON", "COST GALLON", "COST LITER", "COST LITRE",
-        "COST PER UNIT", "FUEL PRICE", "PREIS L", "PREIS LITER", "PREIS PRO LITER", "PREIS JE LITER",
-        "LITERPREIS", "EINZELPREIS", "EGYSEGAR", "LITERENKENTI AR", "LITERAR", "FT LITER", "FT L",
-        "UZEMANYAG AR", "UZEMANYAG ARA", "AR LITER", "AR L", "BENZINAR"}},
+       {"PRICE PER UNIT",
+        "UNIT PRICE",
+        "VOLUMEPRICE",
+        "VOLUME PRICE",
+        "PRICE L",
+        "PRICE LITER",
+        "PRICE LITRE",
+        "PRICE GAL",
+        "PRICE GALLON",
+        "PRICE PER LITER",
+        "PRICE PER LITRE",
+        "PRICE PER GALLON",
+        "COST PER LITER",
+        "COST PER LITRE",
+        "COST PER GALLON",
+        "COST GALLON",
+        "COST LITER",
+        "COST LITRE",
+        "COST PER UNIT",
+        "FUEL PRICE",
+        "PREIS L",
+        "PREIS LITER",
+        "PREIS PRO LITER",
+        "PREIS JE LITER",
+        "LITERPREIS",
+        "EINZELPREIS",
+        "EGYSEGAR",
+        "LITERENKENTI AR",
+        "LITERAR",
+        "FT LITER",
+        "FT L",
+        "UZEMANYAG AR",
+        "UZEMANYAG ARA",
+        "AR LITER",
+        "AR L",
+        "BENZINAR"}},
       {Meaning::Volume,
-       {"FUEL", "VOLUME", "FUEL VOLUME", "LITER", "LITERS", "LITRE", "LITRES", "GALLON", "GALLONS", "GAL",
-        "QUANTITY", "QTY", "FUEL AMOUNT", "FILL AMOUNT", "FUEL QUANTITY", "FUELCONSUMED", "FUEL CONSUMED",
-        "FUEL ADDED", "MENGE", "TANKMENGE", "GETANKTE MENGE", "KRAFTSTOFFMENGE", "MENNYISEG", "TANKOLT",
-        "TANKOLT LITER", "TANKOLT MENNYISEG", "UZEMANYAG MENNYISEG", "UZEMANYAG", "TANKOLAS"}},
-      {Meaning::TotalCost,
-       {"COST", "TOTAL COST", "TOTALCOST", "TOTAL PRICE", "TOTAL", "TOTAL AMOUNT", "AMOUNT PAID", "FUEL COST",
-        "KOSTEN", "GESAMTKOSTEN", "GESAMTPREIS", "BETRAG", "KOLTSEG", "OSSZKOLTSEG", "TANKOLT KOLTSEG",
-        "TANKOLAS KOLTSEGE", "OSSZEG", "FIZETETT", "FIZETETT OSSZEG", "TELJES AR", "VEGOSSZEG", "OSSZ AR"}},
+       {"FUEL",
+        "VOLUME",
+        "FUEL VOLUME",
+        "LITER",
+        "LITERS",
+        "LITRE",
+        "LITRES",
+        "GALLON",
+        "GALLONS",
+        "GAL",
+        "QUANTITY",
+        "QTY",
+        "FUEL AMOUNT",
+        "FILL AMOUNT",
+        "FUEL QUANTITY",
+        "FUELCONSUMED",
+        "FUEL CONSUMED",
+        "FUEL ADDED",
+        "MENGE",
+        "TANKMENGE",
+        "GETANKTE MENGE",
+        "KRAFTSTOFFMENGE",
+        "MENNYISEG",
+        "TANKOLT",
+        "TANKOLT LITER",
+        "TANKOLT MENNYISEG",
+        "UZEMANYAG MENNYISEG",
+        "UZEMANYAG",
+        "TANKOLAS"}},
+      {Meaning::TotalCost, {"COST",      "TOTAL COST",   "TOTALCOST",       "TOTAL PRICE",
+                            "TOTAL",     "TOTAL AMOUNT", "AMOUNT PAID",     "FUEL COST",
+                            "KOSTEN",    "GESAMTKOSTEN", "GESAMTPREIS",     "BETRAG",
+                            "KOLTSEG",   "OSSZKOLTSEG",  "TANKOLT KOLTSEG", "TANKOLAS KOLTSEGE",
+                            "OSSZEG",    "FIZETETT",     "FIZETETT OSSZEG", "TELJES AR",
+                            "VEGOSSZEG", "OSSZ AR"}},
       {Meaning::Price, {"PRICE", "PREIS", "AR", "ARA"}},
-      {Meaning::Full,
-       {"FULL", "FULL TANK", "FULL FILLUP", "FULL FILL UP", "FILLED UP", "ISFILLTOFULL", "FILL TO FULL",
-        "COMPLETELY FILL", "TANK FULL", "VOLL", "VOLLGETANKT", "VOLLBETANKUNG", "VOLLTANKUNG", "TANKART",
-        "TELE", "TELE TANKOLVA", "TELETANK", "TELE TANKOLAS", "TELE TANK", "TELI TANK"}},
+      {Meaning::Full, {"FULL",          "FULL TANK",     "FULL FILLUP",     "FULL FILL UP", "FILLED UP",
+                       "ISFILLTOFULL",  "FILL TO FULL",  "COMPLETELY FILL", "TANK FULL",    "VOLL",
+                       "VOLLGETANKT",   "VOLLBETANKUNG", "VOLLTANKUNG",     "TANKART",      "TELE",
+                       "TELE TANKOLVA", "TELETANK",      "TELE TANKOLAS",   "TELE TANK",    "TELI TANK"}},
       {Meaning::Partial,
        {"PARTIAL", "PARTIAL FUELUP", "PARTIALFUELUP", "PARTIAL FILL", "PARTIAL FILL UP", "PARTIAL FILLUP",
         "PARTIAL TANK", "TEILBETANKUNG", "TEILTANKUNG", "RESZLEGES", "RESZLEGES TANKOLAS", "NEM TELE"}},
@@ -153,8 +230,7 @@ const std::vector<Vocabulary>& vocabulary() {
        {"TYPE", "KIND", "RECORD TYPE", "ENTRY TYPE", "ART", "EINTRAGSART", "TIPUS", "FAJTA",
         "BEJEGYZES TIPUSA"}},
       {Meaning::DistanceUnit, {"DISTANCE UNIT", "ODOMETER UNIT", "STRECKENEINHEIT", "TAVOLSAG EGYSEGE"}},
-      {Meaning::VolumeUnit,
-       {"VOLUME UNIT", "FILL UNITS", "FUEL UNIT", "MENGENEINHEIT", "MENNYISEG EGYSEGE"}},
+      {Meaning::VolumeUnit, {"VOLUME UNIT", "FILL UNITS", "FUEL UNIT", "MENGENEINHEIT", "MENNYISEG EGYSEGE"}},
       {Meaning::Currency, {"CURRENCY", "CURRENCY CODE", "WAHRUNG", "PENZNEM", "DEVIZA"}},
       {Meaning::Vehicle,
        {"VEHICLE", "VEHICLE NAME", "CAR", "CAR NAME", "FAHRZEUG", "AUTO", "JARMU", "RENDSZAM"}},
@@ -237,24 +313,25 @@ std::string currencyOf(std::string_view text) {
 
 bool saysYes(std::string_view cell) {
   constexpr std::array<std::string_view, 18> kYes = {
-      "YES", "Y", "TRUE", "1", "X",    "FULL", "JA",  "J",    "WAHR",
-      "VOLL", "VOLLBETANKUNG", "VOLLTANKUNG", "IGEN", "I", "IGAZ", "TELE", "TELI", "1 0"};
+      "YES",           "Y",           "TRUE", "1", "X",    "FULL", "JA",   "J",  "WAHR", "VOLL",
+      "VOLLBETANKUNG", "VOLLTANKUNG", "IGEN", "I", "IGAZ", "TELE", "TELI", "1 0"};
   return isOneOf(folded(cell), kYes);
 }
 
 bool namesTotal(std::string_view cell) {
   constexpr std::array<std::string_view, 18> kTotals = {
-      "TOTAL",    "TOTALS", "SUM",     "SUMME",        "GESAMT", "GESAMTSUMME", "AVERAGE", "AVG",     "MEAN",
-      "MITTELWERT", "DURCHSCHNITT", "OSSZESEN", "OSSZEG", "VEGOSSZEG", "ATLAG", "ATLAGOSAN", "MINDOSSZESEN",
-      "GRAND TOTAL"};
+      "TOTAL",   "TOTALS",    "SUM",   "SUMME",      "GESAMT",       "GESAMTSUMME",
+      "AVERAGE", "AVG",       "MEAN",  "MITTELWERT", "DURCHSCHNITT", "OSSZESEN",
+      "OSSZEG",  "VEGOSSZEG", "ATLAG", "ATLAGOSAN",  "MINDOSSZESEN", "GRAND TOTAL"};
   return isOneOf(folded(cell), kTotals);
 }
 
 bool namesFuelling(std::string_view kind) {
   constexpr std::array<std::string_view, 22> kFuelWords = {
-      "GAS",    "FUEL",      "FUELUP",    "FILLUP",    "FILL",     "REFUEL",       "REFUELING", "REFUELLING",
-      "PETROL", "DIESEL",    "TANKUNG",   "BETANKUNG", "TANKEN",   "VOLLBETANKUNG", "TEILBETANKUNG", "TANKOLAS",
-      "BENZIN", "GASOLINE", "UZEMANYAG", "FULL",      "PARTIAL",  "GAZOLAJ"};
+      "GAS",       "FUEL",          "FUELUP",        "FILLUP",   "FILL",    "REFUEL",
+      "REFUELING", "REFUELLING",    "PETROL",        "DIESEL",   "TANKUNG", "BETANKUNG",
+      "TANKEN",    "VOLLBETANKUNG", "TEILBETANKUNG", "TANKOLAS", "BENZIN",  "GASOLINE",
+      "UZEMANYAG", "FULL",          "PARTIAL",       "GAZOLAJ"};
   const std::string plain = folded(kind);
   const Words words = wordsOf(plain);
   return words.empty() || hasOneOf(words, kFuelWords);

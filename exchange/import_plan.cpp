@@ -206,7 +206,8 @@ void importEntries(core::FileSystem& files, const std::string& path, const core:
                    const std::vector<NapiAdat>& entries) {
   core::RecordFile file(files, path, NapiAdat::kLength);
   const core::Logbook now(file.read(1, file.count()));
-  if (!std::ranges::equal(now.bytes(), seen.bytes())) throw core::Failure(core::FailureKind::FileChanged).file(path);
+  if (!std::ranges::equal(now.bytes(), seen.bytes()))
+    throw core::Failure(core::FailureKind::FileChanged).file(path);
   file.appendAll(core::Logbook::of(entries).bytes());
 }
 

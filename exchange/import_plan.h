@@ -13,16 +13,16 @@ namespace tarvik::exchange {
 
 /// What is noticed of an entry that could be taken over.
 enum class Doubt {
-  AlreadyThere,       ///< the logbook has an entry of the same day, reading and litres
-  DayRunsBackwards,   ///< against the order of its file, or before the last day of the logbook
+  AlreadyThere,      ///< the logbook has an entry of the same day, reading and litres
+  DayRunsBackwards,  ///< against the order of its file, or before the last day of the logbook
   OdometerFalls,
-  OdometerJumps,      ///< by more than kGreatestStep
+  OdometerJumps,  ///< by more than kGreatestStep
   MoreThanTank,
-  MissedBefore,       ///< the file says that a fill-up before it is missing
-  NoConsumption,      ///< no distance since the full fill before it: its consumption cannot be told
-  OdometerTaken,      ///< the file has no reading: that of the entry before it
-  NoteCut,            ///< longer than the logbook keeps
-  LettersLost,        ///< letters that the logbook cannot keep
+  MissedBefore,   ///< the file says that a fill-up before it is missing
+  NoConsumption,  ///< no distance since the full fill before it: its consumption cannot be told
+  OdometerTaken,  ///< the file has no reading: that of the entry before it
+  NoteCut,        ///< longer than the logbook keeps
+  LettersLost,    ///< letters that the logbook cannot keep
 };
 
 /// The longest distance between two entries that is not noticed, km.

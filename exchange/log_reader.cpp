@@ -71,8 +71,8 @@ void readOwnRows(const LogTable& table, LogFile& file) {
     if (entry) {
       file.rows.push_back({.line = row.line, .day = *core::dayFromStored(entry->Datum), .own = entry});
     } else {
-      file.unread.push_back({row.line, whyUnread(row, column), table.columns[column].head,
-                             std::string(row.cell(column))});
+      file.unread.push_back(
+          {row.line, whyUnread(row, column), table.columns[column].head, std::string(row.cell(column))});
     }
   }
 }

@@ -33,11 +33,11 @@ struct UnreadRow {
   enum class Why {
     NoDay,
     DayNotUnderstood,
-    NoOdometer,        ///< a fill-up without a reading
+    NoOdometer,  ///< a fill-up without a reading
     FigureNotUnderstood,
-    FigureTooLarge,    ///< for the fields of a logbook
-    NothingInIt,       ///< neither fuel nor cost nor note
-    Total,             ///< a sum or an average under the table
+    FigureTooLarge,  ///< for the fields of a logbook
+    NothingInIt,     ///< neither fuel nor cost nor note
+    Total,           ///< a sum or an average under the table
   };
   int line = 0;
   Why why = Why::NoDay;
@@ -74,9 +74,9 @@ struct LogFile {
   std::vector<UnreadRow> unread;
 };
 
-/// Understands a logbook that this program or another wrote as CSV, from the whole of its text (UTF-8, without
-/// a mark). Separator, quote, decimal sign, order of the days and units are found out; dayOrder says the
-/// order where the person has. Never throws but for memory.
+/// Understands a logbook that this program or another wrote as CSV, from the whole of its text (UTF-8,
+/// without a mark). Separator, quote, decimal sign, order of the days and units are found out; dayOrder says
+/// the order where the person has. Never throws but for memory.
 LogFile readLog(std::string_view text, std::optional<DayOrder> dayOrder = std::nullopt);
 
 /// The separator and quote under which most heads of a table of fill-ups are found.

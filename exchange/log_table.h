@@ -38,9 +38,10 @@ struct LogTable {
   bool has(Meaning meaning) const { return columnOf(meaning) < columns.size(); }
 };
 
-/// Finds the table of fill-ups among the rows of a file: heads that name a day, a reading and a volume. A file
-/// may have titles over its heads and tables of other kinds before and behind; those are skipped and told.
-/// A column whose cells are no figures is not read as one, and of two columns of one meaning the first is.
+/// Finds the table of fill-ups among the rows of a file: heads that name a day, a reading and a volume. A
+/// file may have titles over its heads and tables of other kinds before and behind; those are skipped and
+/// told. A column whose cells are no figures is not read as one, and of two columns of one meaning the first
+/// is.
 LogTable findLogTable(std::vector<CsvRow> rows);
 
 /// The heads that a row would be, each with its meaning by its words alone.

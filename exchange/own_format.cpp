@@ -40,7 +40,7 @@ std::size_t computedFrom(std::string_view text) {
   const std::size_t first = text.find_first_not_of("' ");
   if (first == std::string_view::npos) return first;
   return std::string_view("=+-@\t\r\n").find(text[first]) == std::string_view::npos ? std::string_view::npos
-                                                                                   : first;
+                                                                                    : first;
 }
 
 bool needsQuotes(std::string_view cell, char separator) {

@@ -17,8 +17,8 @@ struct TextTable {
   std::vector<std::vector<std::string>> rows;
 };
 
-/// The table as a CSV file in UTF-8: a mark at its beginning, semicolons, CR LF, quotes where RFC 4180 asks for
-/// them and around outer spaces. Texts that a spreadsheet would compute are made harmless.
+/// The table as a CSV file in UTF-8: a mark at its beginning, semicolons, CR LF, quotes where RFC 4180 asks
+/// for them and around outer spaces. Texts that a spreadsheet would compute are made harmless.
 std::string csvOf(const TextTable& table);
 
 /// The table as a spreadsheet takes it from the clipboard: tabs and line feeds, quotes where needed, without

@@ -150,8 +150,8 @@ void findOutHow(LogTable& table, std::optional<DayOrder> dayOrder, LogFile& file
   file.hasCosts = table.has(Meaning::TotalCost) || table.has(Meaning::UnitPrice);
   file.saysWhichAreFull = table.has(Meaning::Full) || table.has(Meaning::Partial);
   const bool isAmerican = file.volume == VolumeUnit::UsGallon || file.currency == "USD";
-  file.dayOrder = shownDayOrder(cellsOf(table, Meaning::Day),
-                                isAmerican ? DayOrder::MonthFirst : DayOrder::DayFirst);
+  file.dayOrder =
+      shownDayOrder(cellsOf(table, Meaning::Day), isAmerican ? DayOrder::MonthFirst : DayOrder::DayFirst);
   if (dayOrder) file.dayOrder.order = *dayOrder;
 }
 
@@ -162,9 +162,7 @@ struct RowReader::Figure {
 };
 
 RowReader::RowReader(const LogTable& table, const LogFile& file)
-    : table_(table),
-      dayOrder_(file.dayOrder.order),
-      signs_(decimalSigns(table, file.shape.separator)) {}
+    : table_(table), dayOrder_(file.dayOrder.order), signs_(decimalSigns(table, file.shape.separator)) {}
 
 std::string_view RowReader::cell(const CsvRow& row, Meaning meaning) const {
   return table_.has(meaning) ? core::trimmed(row.cell(table_.columnOf(meaning))) : std::string_view();

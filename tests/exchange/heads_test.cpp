@@ -16,11 +16,13 @@ TEST(AHead, IsFoldedToCapitalsWithoutAccentsAndSigns) {
 TEST(AHead, IsUnderstoodInThreeLanguages) {
   for (const char* head : {"Date", "fuelup_date", "Datum", "Dátum", "Data"})
     EXPECT_EQ(meaningOf(head), Meaning::Day) << head;
-  for (const char* head : {"Odometer", "odometer_km", "Odo (mi)", "Kilometerstand", "Km óra állás", "Mileage"})
+  for (const char* head :
+       {"Odometer", "odometer_km", "Odo (mi)", "Kilometerstand", "Km óra állás", "Mileage"})
     EXPECT_EQ(meaningOf(head), Meaning::Odometer) << head;
   for (const char* head : {"Fuel (litres)", "Gallons", "Menge", "Liter", "Mennyiség (l)", "FuelConsumed"})
     EXPECT_EQ(meaningOf(head), Meaning::Volume) << head;
-  for (const char* head : {"Total Cost", "cost_ft", "Kosten", "Gesamtpreis", "Tankolt költség", "Összeg (Ft)"})
+  for (const char* head :
+       {"Total Cost", "cost_ft", "Kosten", "Gesamtpreis", "Tankolt költség", "Összeg (Ft)"})
     EXPECT_EQ(meaningOf(head), Meaning::TotalCost) << head;
   for (const char* head : {"Price per Unit", "Price / L", "VolumePrice", "Preis/Liter", "Egységár (Ft/l)"})
     EXPECT_EQ(meaningOf(head), Meaning::UnitPrice) << head;

@@ -46,8 +46,9 @@ std::string logOf(const std::string& rows) {
 }
 
 TEST(APlan, OrdersEntriesByDayThenReading) {
-  const auto plan = planOf(readLog(logOf("2024-01-09,1900,40,1,1,0,\n2024-01-09,1500,40,1,1,0,\n"
-                                         "2024-01-05,1000,40,1,1,0,\n")));
+  const auto plan =
+      planOf(readLog(logOf("2024-01-09,1900,40,1,1,0,\n2024-01-09,1500,40,1,1,0,\n"
+                           "2024-01-05,1000,40,1,1,0,\n")));
   EXPECT_THAT(readings(plan), ElementsAre(1'000, 1'500, 1'900));
 }
 
@@ -65,8 +66,9 @@ TEST(APlan, MakesEntriesAsTheyWouldBeTypedIn) {
 
 // Entry 1 is never a reference; entry 2 is one; 20 + 30 litres over 500 km come to 10.
 TEST(APlan, WorksOutConsumptionsAsForEntriesTypedIn) {
-  const auto plan = planOf(readLog(logOf("2024-01-01,1000,40,1,1,0,\n2024-01-02,1500,40,1,1,0,\n"
-                                         "2024-01-03,1750,20,1,0,0,\n2024-01-04,2000,30,1,1,0,\n")));
+  const auto plan =
+      planOf(readLog(logOf("2024-01-01,1000,40,1,1,0,\n2024-01-02,1500,40,1,1,0,\n"
+                           "2024-01-03,1750,20,1,0,0,\n2024-01-04,2000,30,1,1,0,\n")));
   std::vector<std::int64_t> found;
   for (const auto& planned : plan.entries) found.push_back(planned.entry.Fogyasztas.tenThousandths);
   EXPECT_THAT(found, ElementsAre(0, 0, 80'000, 100'000));
@@ -99,9 +101,10 @@ TEST(APlan, NoticesWhatLooksWrong) {
 }
 
 TEST(APlan, NoticesADayThatRunsAgainstItsFile) {
-  const auto plan = planOf(readLog(logOf("2024-01-09,1900,40,1,1,0,\n2024-01-05,1500,40,1,1,0,\n"
-                                         "2024-01-07,1700,40,1,1,0,\n2024-01-03,1200,40,1,1,0,\n"
-                                         "2024-01-01,1000,40,1,1,0,\n")));
+  const auto plan =
+      planOf(readLog(logOf("2024-01-09,1900,40,1,1,0,\n2024-01-05,1500,40,1,1,0,\n"
+                           "2024-01-07,1700,40,1,1,0,\n2024-01-03,1200,40,1,1,0,\n"
+                           "2024-01-01,1000,40,1,1,0,\n")));
   EXPECT_THAT(readings(plan), ElementsAre(1'000, 1'200, 1'500, 1'700, 1'900));
   EXPECT_THAT(plan.entries[2].doubts, Contains(Doubt::DayRunsBackwards));
   EXPECT_THAT(plan.entries[3].doubts, Not(Contains(Doubt::DayRunsBackwards)));
@@ -110,15 +113,17 @@ TEST(APlan, NoticesADayThatRunsAgainstItsFile) {
 TEST(APlan, LeavesOutWhatTheLogbookHasAlready) {
   const core::Logbook logbook =
       core::Logbook::of(std::vector<NapiAdat>{fuelling({2024, 1, 5}, 1'000, 400'000, true)});
-  const auto plan = planOf(readLog(logOf("2024-01-05,1000,40,1,1,0,\n2024-01-05,1000,40.1,1,1,0,\n")), logbook);
+  const auto plan =
+      planOf(readLog(logOf("2024-01-05,1000,40,1,1,0,\n2024-01-05,1000,40.1,1,1,0,\n")), logbook);
   EXPECT_FALSE(plan.entries[0].isTaken);
   EXPECT_THAT(plan.entries[0].doubts, Contains(Doubt::AlreadyThere));
   EXPECT_TRUE(plan.entries[1].isTaken);
 }
 
 TEST(APlan, TakesAFillUpWithoutADistanceWithoutAConsumption) {
-  const auto plan = planOf(readLog(logOf("2024-01-01,1000,40,1,1,0,\n2024-01-02,1500,40,1,1,0,\n"
-                                         "2024-01-03,1500,5,1,1,0,\n")));
+  const auto plan =
+      planOf(readLog(logOf("2024-01-01,1000,40,1,1,0,\n2024-01-02,1500,40,1,1,0,\n"
+                           "2024-01-03,1500,5,1,1,0,\n")));
   EXPECT_THAT(plan.entries[2].doubts, ElementsAre(Doubt::NoConsumption));
   EXPECT_TRUE(plan.entries[2].entry.Fogyasztas.isZero());
   EXPECT_TRUE(plan.entries[2].isTaken);
@@ -163,8 +168,10 @@ TEST(AnImport, PutsTheEntriesBehindThoseThatAreThere) {
 }
 
 TEST(AnImport, IsRefusedWhenTheLogbookIsNoLongerWhatWasSeen) {
-  const core::Logbook seen = core::Logbook::of(std::vector<NapiAdat>{fuelling({2024, 1, 1}, 500, 300'000, true)});
-  const core::Logbook now = core::Logbook::of(std::vector<NapiAdat>{fuelling({2024, 1, 1}, 501, 300'000, true)});
+  const core::Logbook seen =
+      core::Logbook::of(std::vector<NapiAdat>{fuelling({2024, 1, 1}, 500, 300'000, true)});
+  const core::Logbook now =
+      core::Logbook::of(std::vector<NapiAdat>{fuelling({2024, 1, 1}, 501, 300'000, true)});
   for (const std::string& contents : {bytesOf(now), std::string(), bytesOf(seen) + bytesOf(now)}) {
     MemoryFileSystem disk = emptyDisk();
     disk.put(kPath, contents);

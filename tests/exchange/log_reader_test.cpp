@@ -65,11 +65,11 @@ TEST(ALog, TellsWhyEachRowThatItCannotReadIsNone) {
       "Total,,60.5,90,\n");
   std::vector<std::pair<int, UnreadRow::Why>> told;
   for (const UnreadRow& row : file.unread) told.emplace_back(row.line, row.why);
-  EXPECT_THAT(told, ElementsAre(std::pair(3, UnreadRow::Why::NoDay), std::pair(4, UnreadRow::Why::DayNotUnderstood),
-                                std::pair(5, UnreadRow::Why::NoOdometer),
-                                std::pair(7, UnreadRow::Why::NothingInIt),
-                                std::pair(8, UnreadRow::Why::FigureNotUnderstood),
-                                std::pair(9, UnreadRow::Why::Total)));
+  EXPECT_THAT(
+      told,
+      ElementsAre(std::pair(3, UnreadRow::Why::NoDay), std::pair(4, UnreadRow::Why::DayNotUnderstood),
+                  std::pair(5, UnreadRow::Why::NoOdometer), std::pair(7, UnreadRow::Why::NothingInIt),
+                  std::pair(8, UnreadRow::Why::FigureNotUnderstood), std::pair(9, UnreadRow::Why::Total)));
   EXPECT_EQ(file.unread[1].head, "Date");
   EXPECT_EQ(file.unread[1].cell, "2024-02-31");
   ASSERT_EQ(file.rows.size(), 2U);
@@ -84,8 +84,8 @@ TEST(ALog, WithTwoTablesTellsTheOtherOneEvenWithoutATitle) {
 }
 
 TEST(ALog, OfSeveralVehiclesNamesThem) {
-  const LogFile file =
-      readLog("Vehicle,Date,Odometer,Litres\nA,2024-01-05,1000,40\nB,2024-01-06,900,30\nA,2024-01-09,1500,41\n");
+  const LogFile file = readLog(
+      "Vehicle,Date,Odometer,Litres\nA,2024-01-05,1000,40\nB,2024-01-06,900,30\nA,2024-01-09,1500,41\n");
   EXPECT_THAT(file.vehicles, ElementsAre("A", "B"));
   const auto plan = exchange::planImport(file, {.forintsPerUnit = 1, .vehicle = "A"}, {}, 0);
   EXPECT_EQ(plan.entries.size(), 2U);
@@ -100,7 +100,8 @@ TEST(ALog, ReadsItsDaysInTheOrderThatThePersonSays) {
 TEST(ALog, OfPricesThatGoWithTheVolumeTakesThemForTotals) {
   const LogFile file = readLog("Date,Odometer,Litres,Price\n2024-01-05,1000,40,60\n2024-01-09,1500,20,31\n");
   EXPECT_EQ(file.columns[3].meaning, Meaning::TotalCost);
-  const LogFile units = readLog("Date,Odometer,Litres,Price\n2024-01-05,1000,40,1.5\n2024-01-09,1500,20,1.6\n");
+  const LogFile units =
+      readLog("Date,Odometer,Litres,Price\n2024-01-05,1000,40,1.5\n2024-01-09,1500,20,1.6\n");
   EXPECT_EQ(units.columns[3].meaning, Meaning::UnitPrice);
   EXPECT_EQ(units.rows[0].totalCost, core::Ratio(60));
 }

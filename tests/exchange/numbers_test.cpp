@@ -43,7 +43,11 @@ TEST(AFigure, IsReadWithItsGroupsAndUnits) {
   EXPECT_EQ(readFigure("1 234,50 Ft", DecimalSign::Comma), Ratio(12'345, 10));
   EXPECT_EQ(readFigure("1.234,5", DecimalSign::Comma), Ratio(12'345, 10));
   EXPECT_EQ(readFigure("1,234.5", DecimalSign::Point), Ratio(12'345, 10));
-  EXPECT_EQ(readFigure("1\xC2\xA0""234\xE2\x80\xAF""567", DecimalSign::Comma), Ratio(1'234'567));
+  EXPECT_EQ(readFigure("1\xC2\xA0"
+                       "234\xE2\x80\xAF"
+                       "567",
+                       DecimalSign::Comma),
+            Ratio(1'234'567));
   EXPECT_EQ(readFigure("12'345.60", DecimalSign::Point), Ratio(123'456, 10));
   EXPECT_EQ(readFigure("€40.10", DecimalSign::Point), Ratio(401, 10));
   EXPECT_EQ(readFigure("-5", DecimalSign::Comma), Ratio(-5));
@@ -52,7 +56,8 @@ TEST(AFigure, IsReadWithItsGroupsAndUnits) {
 }
 
 TEST(AFigure, IsNoneWithWrongGroupsOrOtherText) {
-  for (const char* text : {"", "-", "abc", "12:30", "1/2", "2024-01-05", "1.23,45.6", "Tank1Capacity", "1 23"})
+  for (const char* text :
+       {"", "-", "abc", "12:30", "1/2", "2024-01-05", "1.23,45.6", "Tank1Capacity", "1 23"})
     EXPECT_EQ(readFigure(text, DecimalSign::Comma), std::nullopt) << text;
   EXPECT_EQ(readFigure("12.34", DecimalSign::Comma), std::nullopt);
 }

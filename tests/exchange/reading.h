@@ -26,8 +26,7 @@ inline std::string sample(const std::string& name) {
 inline exchange::ImportPlan planOf(const exchange::LogFile& file, const core::Logbook& logbook = {},
                                    core::Ratio factor = 1, std::int16_t tankLitres = 0) {
   return exchange::planImport(
-      file,
-      {.distance = file.distance, .volume = file.volume, .forintsPerUnit = factor, .vehicle = {}},
+      file, {.distance = file.distance, .volume = file.volume, .forintsPerUnit = factor, .vehicle = {}},
       logbook, tankLitres);
 }
 

@@ -135,12 +135,13 @@ TEST(ALogbook, IsWrittenAsASpreadsheetOpensIt) {
   entry.Megjegyzes = core::FixedText<50>("=1+1");
   entry.MegjKtg = -5;
   entry.Fogyasztas = {76'300};
-  EXPECT_EQ(fileOf({entry}),
-            "\xEF\xBB\xBF"
-            "Dátum;Km óra állás;Liter;Tankolt költség (Ft);Üzemanyag ár (Ft/liter);Tele tankolva;Olajcsere;"
-            "Szűrőbetét csere;Gyertya csere;Alkatrész megnevezése;Alkatrész költség (Ft);Megjegyzés;"
-            "Megjegyzés költsége (Ft);Fogyasztás (liter/100 km)\r\n"
-            "2013-07-05;12345;40,5;16000;395,06;igen;igen;nem;nem;\"szűrő; \"\"jó\"\"\";1200;'=1+1;-5;7,63\r\n");
+  EXPECT_EQ(
+      fileOf({entry}),
+      "\xEF\xBB\xBF"
+      "Dátum;Km óra állás;Liter;Tankolt költség (Ft);Üzemanyag ár (Ft/liter);Tele tankolva;Olajcsere;"
+      "Szűrőbetét csere;Gyertya csere;Alkatrész megnevezése;Alkatrész költség (Ft);Megjegyzés;"
+      "Megjegyzés költsége (Ft);Fogyasztás (liter/100 km)\r\n"
+      "2013-07-05;12345;40,5;16000;395,06;igen;igen;nem;nem;\"szűrő; \"\"jó\"\"\";1200;'=1+1;-5;7,63\r\n");
 }
 
 TEST(ALogbook, WithADamagedDayOrFlagGoesOutAsFarAsItCan) {

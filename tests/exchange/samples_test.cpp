@@ -4,9 +4,10 @@
 
 #include "tests/exchange/reading.h"
 
-// The exports of other logbooks, by the structure of their heads. All but the real one at the end hold the same ten
-// invented fill-ups: 400.93 litres in all and 41.27 in the first, over 5,888 km, which is 6.11 litres per
-// 100 km. Whole numbers of the first fill-up's litres count in the shown figure: (400.93 - 41) / 58.88 = 6.11.
+// The exports of other logbooks, by the structure of their heads. All but the real one at the end hold the
+// same ten invented fill-ups: 400.93 litres in all and 41.27 in the first, over 5,888 km, which is 6.11
+// litres per 100 km. Whole numbers of the first fill-up's litres count in the shown figure: (400.93 - 41)
+// / 58.88 = 6.11.
 
 namespace tarvik::test {
 namespace {
@@ -54,8 +55,9 @@ TEST(ASampleLog, OfQuotedSectionsWithHashMarksIsUnderstood) {
   // "Price" is the total there, because the price of a litre has a column of its own: 65.58 × 390.
   EXPECT_EQ(plan.entries[0].entry.TankoltKtg, 25'576);
   EXPECT_EQ(plan.entries[0].entry.TankoltLiter.tenThousandths, 412'700);
-  EXPECT_THAT(file.skipped, ElementsAre(SkippedSection{"Vehicle", 2, 1}, SkippedSection{"CostCategories", 17, 2},
-                                        SkippedSection{"Costs", 21, 1}));
+  EXPECT_THAT(file.skipped,
+              ElementsAre(SkippedSection{"Vehicle", 2, 1}, SkippedSection{"CostCategories", 17, 2},
+                          SkippedSection{"Costs", 21, 1}));
   EXPECT_TRUE(plan.entries[5].doubts.contains(exchange::Doubt::MissedBefore));
 }
 
