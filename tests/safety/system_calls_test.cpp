@@ -74,7 +74,8 @@ const std::map<std::string, std::string> kExpected = {{"recordEntry", kInPlaceAf
                                                       {"removeTyre", kDeletion},
                                                       {"addTyreDistance", kReplacementAfterALook},
                                                       {"recordRepair", kInPlace},
-                                                      {"removeRepair", kDeletion}};
+                                                      {"removeRepair", kDeletion},
+                                                      {"importEntries", kReplacementAfterALook}};
 
 class SystemCallsTest : public testing::TestWithParam<int> {};
 
