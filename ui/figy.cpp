@@ -5,6 +5,8 @@
 #include "ui/controls/message_boxes.h"
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
+#include "ui/list_menu.h"
+#include "ui/list_tables.h"
 #include "ui/models/reminder_rows.h"
 #include "ui/reminder_parts.h"
 #include "ui/text.h"
@@ -26,6 +28,7 @@ figy::figy(Context& context, QString plate, QWidget* parent)
   addClosingMenu(*this, ui_->mnu_bezar);
   prepareFields();
   prepareLists();
+  addListMenus();
   connectButtons();
   sizeAndCentre(*this);
   guarded(this, [this] { BeolvasFigyel(); });
@@ -53,6 +56,15 @@ void figy::prepareLists() {
           [this](int row) { guarded(this, [&] { chooseKm(row); }); });
   connect(ui_->ListView2, &ListView::rowChosen, this,
           [this](int row) { guarded(this, [&] { chooseDate(row); }); });
+}
+
+void figy::addListMenus() {
+  new ListMenu(ui_->ListView1, context_,
+               {.fileName = [] { return QStringLiteral("figyelmeztetesek_km"); },
+                .csv = [this] { return kmRemindersCsv(context_.files, context_.folders, *kmRows_); }});
+  new ListMenu(ui_->ListView2, context_,
+               {.fileName = [] { return QStringLiteral("figyelmeztetesek_datum"); },
+                .csv = [this] { return dateRemindersCsv(context_.files, context_.folders, *dateRows_); }});
 }
 
 void figy::connectButtons() {

@@ -31,6 +31,7 @@ class figy : public QDialog {
 
   void prepareFields();
   void prepareLists();
+  void addListMenus();
   void connectButtons();
   void onClick(QAbstractButton* button, Handler handler);
   void makeTabsButtonDefault(int tab);

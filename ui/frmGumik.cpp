@@ -5,6 +5,8 @@
 
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
+#include "ui/list_menu.h"
+#include "ui/list_tables.h"
 #include "ui/text.h"
 #include "ui_frmGumik.h"
 
@@ -44,6 +46,7 @@ frmGumik::frmGumik(Context& context, const QString& plate, const QStringList& pl
   addClosingMenu(*this, ui_->mnuBezar);
   prepareFields(plate, plates);
   prepareList();
+  addListMenu(context);
   connectButtons();
   centreOnDisplay(*this);
   guarded(this, [this] { BeolvasGumi(); });
@@ -77,6 +80,12 @@ void frmGumik::prepareList() {
           [this](int row) { guarded(this, [this, row] { choose(row); }); });
   connect(ui_->ListViewGumi->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &frmGumik::enableDeletion);
+}
+
+void frmGumik::addListMenu(Context& context) {
+  new ListMenu(ui_->ListViewGumi, context,
+               {.fileName = [] { return QStringLiteral("gumik"); },
+                .csv = [this, &context] { return tyresCsv(context.files, context.folders, *rows_); }});
 }
 
 void frmGumik::connectButtons() {

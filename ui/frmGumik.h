@@ -34,6 +34,7 @@ class frmGumik : public QDialog {
 
   void prepareFields(const QString& plate, const QStringList& plates);
   void prepareList();
+  void addListMenu(Context& context);
   void connectButtons();
   void onClick(QAbstractButton* button, Handler handler);
 

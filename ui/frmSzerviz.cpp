@@ -4,6 +4,8 @@
 
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
+#include "ui/list_menu.h"
+#include "ui/list_tables.h"
 #include "ui/text.h"
 #include "ui_frmSzerviz.h"
 
@@ -24,6 +26,7 @@ frmSzerviz::frmSzerviz(Context& context, const QString& plate, const QStringList
   addClosingMenu(*this, ui_->mnuBezar);
   prepareFields(plate, plates, context.clock.today());
   prepareList();
+  addListMenu(context);
   onClick(ui_->cmdSzervizSzures, &frmSzerviz::filter);
   for (const QLineEdit* key : {ui_->txtSzervizMegnev, ui_->txtAlkatresz})
     connect(key, &QLineEdit::returnPressed, ui_->cmdSzervizSzures, &QPushButton::click);
@@ -55,6 +58,12 @@ void frmSzerviz::prepareList() {
           [this](int row) { guarded(this, [this, row] { choose(row); }); });
   connect(ui_->ListViewSzerviz->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &frmSzerviz::enableDeletion);
+}
+
+void frmSzerviz::addListMenu(Context& context) {
+  new ListMenu(ui_->ListViewSzerviz, context,
+               {.fileName = [] { return QStringLiteral("javitasok"); },
+                .csv = [this, &context] { return repairsCsv(context.files, context.folders, *rows_); }});
 }
 
 void frmSzerviz::onClick(QAbstractButton* button, Handler handler) {

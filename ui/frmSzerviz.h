@@ -31,6 +31,7 @@ class frmSzerviz : public QDialog {
 
   void prepareFields(const QString& plate, const QStringList& plates, core::Day today);
   void prepareList();
+  void addListMenu(Context& context);
   void onClick(QAbstractButton* button, Handler handler);
 
   void BeolvasSzerviz();

@@ -88,6 +88,10 @@ class frmTarvik : public QMainWindow {
   void showTotals();
   void showHint(QObject* field);
 
+  // The list's context menu (frmTarvik_exchange.cpp).
+  void setUpListMenu();
+  void importLog();
+
   // Reminders (frmTarvik_reminders.cpp).
   void setUpReminders();
   void checkDates();
