@@ -32,8 +32,8 @@ bool asksForFactor(const exchange::LogFile& log) {
 }
 
 QString factorLabel(const exchange::LogFile& log) {
-  const QString currency = log.currency.empty() ? QStringLiteral("a fájl pénzneme") : toQt(log.currency);
-  return QStringLiteral("1 %1 ennyi &forint:").arg(currency);
+  if (log.currency.empty()) return QStringLiteral("A fájl pénzneme hány &forint:");
+  return QStringLiteral("1 %1 hány &forint:").arg(toQt(log.currency));
 }
 
 // Shows a question or leaves it out, its label with it.
@@ -71,13 +71,17 @@ ImportPreview::ImportPreview(Context& context, ImportSource source, QWidget* par
   connect(entries_, &ImportModel::ticksChanged, this, &ImportPreview::showState);
   showFile();
   sizeAndCentre(*this);
+  focusQuestion();
 }
 
 ImportPreview::~ImportPreview() = default;
 
 void ImportPreview::setUpLists() {
   ui_->ListViewBejegyzesek->setModel(entries_);
-  ui_->ListViewBejegyzesek->setColumnCharacters({14, 7, 6, 5, 4, 5, 7, 12, 22, 4, 8, 40});
+  ui_->ListViewBejegyzesek->setColumnCharacters({14, 7, 6, 5, 4, 5, 7, 14, 26, 4, 8, 40});
+  for (const int column :
+       {core::kOlajColumn, core::kSzuroColumn, core::kGyertyaColumn, core::kAlkatreszColumn})
+    ui_->ListViewBejegyzesek->setColumnHidden(column, !source_.log.isOwn);
   const int width = ui_->ListViewBejegyzesek->fontMetrics().horizontalAdvance(QLatin1Char('0')) * 130;
   ui_->ListViewBejegyzesek->setMinimumSize(std::min(width, screen()->availableGeometry().width() * 4 / 5),
                                            screen()->availableGeometry().height() / 3);
@@ -179,6 +183,13 @@ QString ImportPreview::missingAnswer() const {
   return {};
 }
 
+// The first question without an answer, else the entries.
+void ImportPreview::focusQuestion() {
+  if (ui_->cmbMennyiseg->currentIndex() < 0) return ui_->cmbMennyiseg->setFocus();
+  if (source_.log.vehicles.size() > 1) return ui_->cmbJarmu->setFocus();
+  factor() ? ui_->ListViewBejegyzesek->setFocus() : ui_->txValto->setFocus();
+}
+
 void ImportPreview::showState() {
   const auto& all = entries_->plan().entries;
   const auto taken = std::ranges::count_if(all, &exchange::PlannedEntry::isTaken);
@@ -189,10 +200,10 @@ void ImportPreview::showState() {
   ui_->cmdAtvesz->setEnabled(state.isEmpty() && taken > 0);
   if (state.isEmpty()) state = QStringLiteral("Kijelölve: %1 bejegyzés").arg(taken);
   ui_->lbState->setText(state);
-  ui_->lbFile->setText(QStringLiteral("%1, %2 bejegyzés a(z) %3 naplójához")
-                           .arg(source_.name)
+  ui_->lbFile->setText(QStringLiteral("%1 naplójához: %2 bejegyzés (%3)")
+                           .arg(toQt(source_.plate).trimmed())
                            .arg(all.size())
-                           .arg(toQt(source_.plate).trimmed()));
+                           .arg(source_.name));
   ui_->SSTab1->setTabText(0, QStringLiteral("Bejegyzések (%1)").arg(all.size()));
 }
 

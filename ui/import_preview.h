@@ -49,6 +49,7 @@ class ImportPreview : public QDialog {
   void showColumns();
   void showLeftOut();
   void showState();
+  void focusQuestion();
   QString missingAnswer() const;
   std::optional<core::Ratio> factor() const;
   exchange::Answers answers() const;

@@ -55,8 +55,8 @@ class ImportPreviewTest : public QObject {
       const std::string bytes = desk.program.read(kFile);
       std::vector<core::NapiAdat> entries;
       for (std::size_t at = 0; at + core::NapiAdat::kLength <= bytes.size(); at += core::NapiAdat::kLength)
-        entries.push_back(core::NapiAdat::decode(
-            std::as_bytes(std::span(bytes.data() + at, core::NapiAdat::kLength))));
+        entries.push_back(
+            core::NapiAdat::decode(std::as_bytes(std::span(bytes.data() + at, core::NapiAdat::kLength))));
       return entries;
     }
     // Reads a file of that text in; act is what the person does in the preview.
@@ -99,8 +99,14 @@ class ImportPreviewTest : public QObject {
     QCOMPARE(decoded("a\0b\0;\0\x51\x01", 8), std::string("ab;ő"));
     QCOMPARE(decoded("\0a\0b\0;\x01\x51", 8), std::string("ab;ő"));
     QCOMPARE(decoded("\xF5t\xFBz \xE1", 6), std::string("őtűz á"));
-    QCOMPARE(decoded("\xA3""40.10 \x80", 8), std::string("£40.10 €"));
-    QCOMPARE(decoded("Stra\xDF""e \x80", 8), std::string("Straße €"));
+    QCOMPARE(decoded("\xA3"
+                     "40.10 \x80",
+                     8),
+             std::string("£40.10 €"));
+    QCOMPARE(decoded("Stra\xDF"
+                     "e \x80",
+                     8),
+             std::string("Straße €"));
     QCOMPARE(decoded("", 0), std::string());
   }
 
@@ -147,7 +153,8 @@ class ImportPreviewTest : public QObject {
 
   void anEntryThatIsThereAlreadyIsNotTicked() {
     Import import;
-    import.writeLogbook({fuelling({2024, 1, 5}, 1000, 405'000, true), fuelling({2024, 1, 19}, 1500, 300'000, true)});
+    import.writeLogbook(
+        {fuelling({2024, 1, 5}, 1000, 405'000, true), fuelling({2024, 1, 19}, 1500, 300'000, true)});
     QVERIFY(!import.read(kForintLog, [](ui::ImportPreview& preview) {
       QCOMPARE(state(preview), QStringLiteral("Kijelölve: 0 bejegyzés"));
       QVERIFY(!button(preview)->isEnabled());
@@ -163,7 +170,7 @@ class ImportPreviewTest : public QObject {
                           QVERIFY(!button(preview)->isEnabled());
                           QCOMPARE(state(preview), QStringLiteral("Írd be, hány forint a fájl pénzneme!"));
                           QCOMPARE(test::part<QLabel>(preview, "lbValto")->text(),
-                                   QStringLiteral("1 USD ennyi &forint:"));
+                                   QStringLiteral("1 USD hány &forint:"));
                           test::typeInto(*test::part<QLineEdit>(preview, "txValto"), "360,5");
                           QVERIFY(button(preview)->isEnabled());
                           test::press(*button(preview));
@@ -207,79 +214,82 @@ class ImportPreviewTest : public QObject {
         "06.01.2024;Wäsche\n",
         [](ui::ImportPreview& preview) {
           const auto* columns = list(preview, "ListViewOszlopok");
-          QCOMPARE(row(columns, 1, 2), QStringLiteral("Kilometerstand|km óra állás"));
-          QCOMPARE(row(columns, 3, 2), QStringLiteral("Reifen|– (nem kell)"));
-          const auto* leftOut = list(preview, "ListViewKimarado");
-          QCOMPARE(leftOut->rowCount(), 2);
-          QCOMPARE(row(leftOut, 0, 2), QStringLiteral("3|nincs benne dátum"));
-          QCOMPARE(row(leftOut, 1, 2), QStringLiteral("6|más rész: „Kosten” (1 sor)"));
-          const QString notices = test::part<QLabel>(preview, "lbNotices")->text();
-          QVERIFY(notices.contains("mindegyik annak számít"));
-          QVERIFY(notices.contains("A gumik futott kilométere nem változik"));
-          preview.reject();
-        });
-  }
+    QCOMPARE(row(columns, 1, 2), QStringLiteral("Kilometerstand|km óra állás"));
+    QCOMPARE(row(columns, 3, 2), QStringLiteral("Reifen|– (nem kell)"));
+    const auto* leftOut = list(preview, "ListViewKimarado");
+    QCOMPARE(leftOut->rowCount(), 2);
+    QCOMPARE(row(leftOut, 0, 2), QStringLiteral("3|nincs benne dátum"));
+    QCOMPARE(row(leftOut, 1, 2), QStringLiteral("6|más rész: „Kosten” (1 sor)"));
+    const QString notices = test::part<QLabel>(preview, "lbNotices")->text();
+    QVERIFY(notices.contains("mindegyik annak számít"));
+    QVERIFY(notices.contains("A gumik futott kilométere nem változik"));
+    preview.reject();
+  });
+}
 
   void aLogbookThatChangedMeanwhileIsNotTouched() {
-    Import import;
-    const core::NapiAdat other = fuelling({2024, 2, 1}, 9000, 400'000, true);
-    BoxScript boxes({QMessageBox::Ok});
-    QVERIFY(!import.read(kForintLog, [&](ui::ImportPreview& preview) {
-      import.writeLogbook({other});
-      test::press(*button(preview));
-      preview.reject();
-    }));
-    QCOMPARE(boxes.seen.size(), 1);
-    QVERIFY(boxes.seen[0].text.startsWith("A fájl közben megváltozott, egy másik program írhatott bele:"));
-    QCOMPARE(import.stored().size(), 1U);
-    QVERIFY(import.stored()[0] == other);
-  }
+  Import import;
+  const core::NapiAdat other = fuelling({2024, 2, 1}, 9000, 400'000, true);
+  BoxScript boxes({QMessageBox::Ok});
+  QVERIFY(!import.read(kForintLog, [&](ui::ImportPreview& preview) {
+    import.writeLogbook({other});
+    test::press(*button(preview));
+    preview.reject();
+  }));
+  QCOMPARE(boxes.seen.size(), 1);
+  QVERIFY(boxes.seen[0].text.startsWith("A fájl közben megváltozott, egy másik program írhatott bele:"));
+  QCOMPARE(import.stored().size(), 1U);
+  QVERIFY(import.stored()[0] == other);
+}
 
-  void aFileWithoutALogbookIsToldInABox() {
-    Import import;
-    BoxScript boxes({QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok});
-    import.read("alma;körte\n1;2\n");
-    import.read("Date,Odometer,Litres\n");
-    import.read(std::string("PK\3\4\0\0\0\0", 8));
-    QCOMPARE(boxes.seen,
-             (QList{errorBox(kError, QStringLiteral("Ebben a fájlban nincs tankolási táblázat:\nlog.csv\n\nKell "
-                                                    "benne egy fejléc, amely megnevezi a dátumot, a km óra "
-                                                    "állását és a tankolt mennyiséget.") +
-                                         kNothing),
-                    errorBox(kError, QStringLiteral("Ebben a fájlban csak fejléc van, bejegyzés nincs:\nlog.csv") +
-                                         kNothing),
-                    errorBox(kError, QStringLiteral("Ez nem szövegfájl:\nlog.csv\n\nHa táblázat, mentsd el "
-                                                    "CSV-fájlként, és azt olvasd be.") +
-                                         kNothing)}));
-  }
+void aFileWithoutALogbookIsToldInABox() {
+  Import import;
+  BoxScript boxes({QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok});
+  import.read("alma;körte\n1;2\n");
+  import.read("Date,Odometer,Litres\n");
+  import.read(std::string("PK\3\4\0\0\0\0", 8));
+  QCOMPARE(
+      boxes.seen,
+      (QList{errorBox(kError, QStringLiteral("Ebben a fájlban nincs tankolási táblázat:\nlog.csv\n\nKell "
+                                             "benne egy fejléc, amely megnevezi a dátumot, a km óra "
+                                             "állását és a tankolt mennyiséget.") +
+                                  kNothing),
+             errorBox(kError, QStringLiteral("Ebben a fájlban csak fejléc van, bejegyzés nincs:\nlog.csv") +
+                                  kNothing),
+             errorBox(kError, QStringLiteral("Ez nem szövegfájl:\nlog.csv\n\nHa táblázat, mentsd el "
+                                             "CSV-fájlként, és azt olvasd be.") +
+                                  kNothing)}));
+}
 
-  void aFileOfAHundredMegabytesAndAnEndlessLineEndInABoxAtOnce() {
-    Import import;
-    BoxScript boxes({QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok});
-    QElapsedTimer timer;
-    timer.start();
-    import.read(std::string(ui::kLargestTextFile, 'x'));
-    import.read("Date,Odometer,Litres\n2024-01-05,1000,\"" + std::string(10'000'000, '\n'));
-    import.desk.current.write("huge.csv", "");
-    std::filesystem::resize_file(import.desk.current / "huge.csv", 100 * 1024 * 1024);
-    ui::importCsvFileAt(import.desk.context, kPlate, ui::toQt(import.desk.current / "huge.csv"), nullptr);
-    QCOMPARE(boxes.seen.size(), 3);
-    QVERIFY(boxes.seen[0].text.startsWith("Ez a fájl nem olvasható naplóként:\nlog.csv\n\nA(z) 1. sorban"));
-    QVERIFY(boxes.seen[1].text.contains("A(z) 2. sorban kezdődő rész túl hosszú"));
-    QVERIFY(boxes.seen[2].text.startsWith("Ez a fájl túl nagy ahhoz, hogy egy napló legyen:\nhuge.csv (100 MB)"));
-    QVERIFY2(timer.elapsed() < 30'000, "it takes too long");
-  }
+void aFileOfAHundredMegabytesAndAnEndlessLineEndInABoxAtOnce() {
+  Import import;
+  BoxScript boxes({QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok});
+  QElapsedTimer timer;
+  timer.start();
+  import.read(std::string(ui::kLargestTextFile, 'x'));
+  import.read("Date,Odometer,Litres\n2024-01-05,1000,\"" + std::string(10'000'000, '\n'));
+  import.desk.current.write("huge.csv", "");
+  std::filesystem::resize_file(import.desk.current / "huge.csv", 100 * 1024 * 1024);
+  ui::importCsvFileAt(import.desk.context, kPlate, ui::toQt(import.desk.current / "huge.csv"), nullptr);
+  QCOMPARE(boxes.seen.size(), 3);
+  QVERIFY(boxes.seen[0].text.startsWith("Ez a fájl nem olvasható naplóként:\nlog.csv\n\nA(z) 1. sorban"));
+  QVERIFY(boxes.seen[1].text.contains("A(z) 2. sorban kezdődő rész túl hosszú"));
+  QVERIFY(
+      boxes.seen[2].text.startsWith("Ez a fájl túl nagy ahhoz, hogy egy napló legyen:\nhuge.csv (100 MB)"));
+  QVERIFY2(timer.elapsed() < 30'000, "it takes too long");
+}
 
-  void aFileThatIsGoneIsToldInABox() {
-    Import import;
-    BoxScript boxes({QMessageBox::Ok});
-    ui::guarded(nullptr, [&] {
-      ui::importCsvFileAt(import.desk.context, kPlate, ui::toQt(import.desk.current / "none.csv"), nullptr);
-    });
-    QCOMPARE(boxes.seen.size(), 1);
-    QVERIFY(boxes.seen[0].text.startsWith("A fájl nem nyitható meg:\n"));
-  }
-};
+void aFileThatIsGoneIsToldInABox() {
+  Import import;
+  BoxScript boxes({QMessageBox::Ok});
+  ui::guarded(nullptr, [&] {
+    ui::importCsvFileAt(import.desk.context, kPlate, ui::toQt(import.desk.current / "none.csv"), nullptr);
+  });
+  QCOMPARE(boxes.seen.size(), 1);
+  QVERIFY(boxes.seen[0].text.startsWith("A fájl nem nyitható meg:\n"));
+}
+}
+;
 
 QTEST_MAIN(ImportPreviewTest)
 #include "import_preview_test.moc"
