@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 #include <QTimer>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -9,6 +10,7 @@
 #include "core/totals.h"
 #include "settings/lookup_list.h"
 #include "ui/context.h"
+#include "ui/guarded.h"
 #include "ui/models/listing_model.h"
 
 class QComboBox;
@@ -51,7 +53,6 @@ class frmTarvik : public QMainWindow {
   void setUpCharts();
   void connectButtons();
   void connectMenu();
-  void onClick(class QAbstractButton* button, void (frmTarvik::*handler)());
   void loadLookups();
   void loadVehicles();
   void loadStartSettings();
@@ -73,8 +74,9 @@ class frmTarvik : public QMainWindow {
   void modify();
   void remove();
   bool refusesBlankKm();
-  void addDistanceToTyres(const core::Ratio& distance);
+  Attempt addDistanceToTyres(const core::Ratio& distance);
   void quickAdd(QComboBox* field, const settings::LookupFile& list, const QString& what);
+  void fillTexts(QComboBox* field, const settings::LookupFile& list);
   void keepNumeric(QLineEdit* field);
   void showPrice();
   void select(int record);
@@ -84,7 +86,8 @@ class frmTarvik : public QMainWindow {
   void toggleFilter();
   void chooseMode(int mode);
   void applyFilter();
-  void relist(const QString& before);
+  void relistInPlace();
+  bool changeLogbook(const QString& done, const std::function<void()>& make);
   void showTotals();
   void showHint(QObject* field);
 

@@ -3,6 +3,7 @@
 #include <QLineEdit>
 
 #include "core/entry_editing.h"
+#include "ui/change.h"
 #include "ui/controls/message_boxes.h"
 #include "ui/frmTarvik.h"
 #include "ui/guarded.h"
@@ -16,8 +17,8 @@ namespace tarvik::ui {
 void frmTarvik::setUpList() {
   ui_->ListView1->setModel(listing_);
   ui_->ListView1->setColumnCharacters({9, 6, 5, 5, 3, 4, 6, 15});
-  connect(ui_->ListView1, &ListView::rowChosen, this,
-          [this](int row) { guarded(this, [&] { showEntry(listing_->listing().number(row)); }); });
+  ui_->ListView1->onRowChosen(
+      [this](int row) { return guarded(this, [&] { showEntry(listing_->listing().number(row)); }); });
   const QList<QRadioButton*> modes{ui_->opSzürö_0, ui_->opSzürö_1, ui_->opSzürö_2};
   for (int mode = 0; mode < modes.size(); ++mode)
     connect(modes[mode], &QRadioButton::clicked, this, [this, mode] { chooseMode(mode); });
@@ -67,13 +68,15 @@ void frmTarvik::applyFilter() {
   const bool isMonth = ui_->opSzürö_2->isChecked();
   listMode_ = isYear ? core::kYearList : isMonth ? core::kMonthList : core::kWholeList;
   ui_->FrameSzürö->hide();
-  relist({});
+  guarded(this, [this] { beolvas(); }, {.failed = kListIncomplete});
 }
 
-// Lists anew after something that is done, whatever becomes of the list: a failure says first what was done.
-void frmTarvik::relist(const QString& before) {
-  guarded(
-      this, [this] { beolvas(); }, before + QStringLiteral("A lista vagy az összesítése nem teljes."));
+void frmTarvik::relistInPlace() {
+  ui_->ListView1->keepPlace([this] { beolvas(); });
+}
+
+bool frmTarvik::changeLogbook(const QString& done, const std::function<void()>& make) {
+  return carryOut(this, {.done = done, .make = make, .list = [this] { relistInPlace(); }});
 }
 
 bool frmTarvik::eventFilter(QObject* watched, QEvent* event) {

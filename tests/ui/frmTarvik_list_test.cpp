@@ -286,7 +286,7 @@ class FrmTarvikListTest : public QObject {
     MainScreen main;
     main.open();
     BoxScript boxes({QMessageBox::No, QMessageBox::Yes});
-    main.find<QAction>("mnuKilep")->trigger();
+    main.choose("mnuKilep");
     QVERIFY(main.screen->isVisible());
     main.screen->close();
     QVERIFY(!main.screen->isVisible());

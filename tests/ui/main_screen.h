@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
@@ -49,6 +50,11 @@ struct MainScreen {
   QCheckBox* box(const char* name) { return find<QCheckBox>(name); }
   QString label(const char* name) { return find<QLabel>(name)->text(); }
   QTreeView* list() { return find<QTreeView>("ListView1"); }
+  /// Chooses a menu item; what it opens comes up before this returns.
+  void choose(const char* item) {
+    find<QAction>(item)->trigger();
+    QCoreApplication::processEvents();
+  }
   void press(const char* name) { find<QAbstractButton>(name)->click(); }
   void type(const char* name, const QString& text) {
     edit(name)->setFocus();

@@ -2,10 +2,12 @@
 
 #include <QTreeView>
 
+#include "ui/controls/row_choice.h"
+
 namespace tarvik::ui {
 
 /// A list of rows in columns: whole rows are selected one at a time, all rows have one height, and the
-/// model's last column (the record number) is hidden.
+/// model's last column (the record number) is hidden. The highlighted row is the chosen one, see RowChoice.
 class ListView : public QTreeView {
   Q_OBJECT
 
@@ -14,19 +16,21 @@ class ListView : public QTreeView {
 
   /// Shows a model and hides its last column.
   void setModel(QAbstractItemModel* model) override;
+  /// Says, once the model is set, what choosing a row does.
+  void onRowChosen(RowChoice::Chooser choose);
   /// Gives each shown column its share of the width, in characters; the last one takes what is left.
   void setColumnCharacters(const QList<int>& characters);
   /// Lets a click on a header sort the rows by that column, ascending, from then on.
   void sortByHeaderClicks();
   /// The record number of the highlighted row as text; empty when no row is highlighted.
   QString highlightedRecord() const;
+  /// Highlights the row of that record without choosing it; no row when the list has none of it.
+  void highlightRecord(int record);
+  /// Fills the list anew and leaves it where it was, see RowChoice.
+  void keepPlace(const std::function<void()>& refill) { choice_->keepPlace(refill); }
 
- signals:
-  /// A row was clicked, or reached with the keyboard.
-  void rowChosen(int row);
-
- protected:
-  void keyPressEvent(QKeyEvent* event) override;
+ private:
+  RowChoice* choice_ = nullptr;
 };
 
 }  // namespace tarvik::ui
