@@ -144,7 +144,7 @@ class FrmTarvikRemindersTest : public QObject {
     ScreenWatch screens;
     main.tick();
     QCOMPARE(screens.opened, QStringList());
-    main.combo("Combo1")->setEditText("XYZ789");
+    main.type("Combo1", "XYZ789");
     main.tick();
     QCOMPARE(screens.opened, (QStringList{"riaszt"}));
   }
@@ -245,7 +245,7 @@ class FrmTarvikRemindersTest : public QObject {
     Household main;
     main.open();
     ScreenWatch screens;
-    main.choose("mnuSetup");
+    main.chooseItem("mnuSetup");
     QCOMPARE(screens.opened, (QStringList{"frmSetup"}));
     // The stored "on" ran its switch on opening: state 0 becomes 1 and the timer stops.
     QCOMPARE(main.context.state.reminderState, std::int16_t{1});

@@ -18,6 +18,7 @@
 #include "tests/support/fixed_clock.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/ui/box_script.h"
+#include "tests/ui/by_hand.h"
 #include "ui/frmTarvik.h"
 
 namespace tarvik::test {
@@ -51,17 +52,17 @@ struct MainScreen {
   QString label(const char* name) { return find<QLabel>(name)->text(); }
   QTreeView* list() { return find<QTreeView>("ListView1"); }
   /// Chooses a menu item; what it opens comes up before this returns.
-  void choose(const char* item) {
+  void chooseItem(const char* item) {
     find<QAction>(item)->trigger();
     QCoreApplication::processEvents();
   }
-  void press(const char* name) { find<QAbstractButton>(name)->click(); }
+  void press(const char* name) { test::press(*find<QAbstractButton>(name)); }
   void type(const char* name, const QString& text) {
-    edit(name)->setFocus();
-    edit(name)->selectAll();
-    QTest::keyClick(edit(name), Qt::Key_Delete);
-    QTest::keyClicks(edit(name), text);
+    if (auto* chooser = screen->findChild<QComboBox*>(QString::fromUtf8(name)))
+      return typeInto(*chooser, text);
+    typeInto(*edit(name), text);
   }
+  void type(const char* name, QDate day) { typeInto(*find<QDateEdit>(name), day); }
 
   int rows() { return list()->model()->rowCount(); }
   QString cell(int row, int column) { return list()->model()->index(row, column).data().toString(); }
