@@ -44,6 +44,8 @@ QString headline(FailureKind kind) {
       return QStringLiteral("A fájl betelt, több tétel nem fér bele:\n%1");
     case FailureKind::FileTooLong:
       return QStringLiteral("A fájlban több tétel van, mint amennyit a program kezelni tud:\n%1");
+    case FailureKind::FileChanged:
+      return QStringLiteral("A fájl közben megváltozott, egy másik program írhatott bele:\n%1");
     case FailureKind::RecordMissing:
       return QStringLiteral("Ez a tétel már nincs a fájlban:\n%1");
     case FailureKind::RecordChanged:
