@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTabBar>
@@ -93,6 +94,18 @@ inline void choose(QComboBox& chooser, int entry) {
 inline void openPage(QTabWidget& pages, int page) {
   if (!isInReach(*pages.tabBar())) return;
   QTest::mouseClick(pages.tabBar(), Qt::LeftButton, {}, pages.tabBar()->tabRect(page).center());
+}
+
+/// Clicks an item of a menu bar, found by its name. Fails the test when a person could not.
+inline void pick(QMenuBar& menu, const char* item) {
+  const QString name = QString::fromUtf8(item);
+  for (QAction* action : menu.actions()) {
+    if (action->objectName() != name) continue;
+    if (!isInReach(menu)) return;
+    if (!action->isVisible() || !action->isEnabled()) return failOver(menu, name + " cannot be chosen");
+    return QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(action).center());
+  }
+  failOver(menu, "has no " + name);
 }
 
 /// Moves a scroll bar to a position. Fails the test when a person could not.
