@@ -1,8 +1,8 @@
 #include "ui/frmDatumFigyelmeztetes.h"
 
 #include "reminders/date_reminders.h"
-#include "ui/controls/message_boxes.h"
 #include "ui/guarded.h"
+#include "ui/message_boxes.h"
 #include "ui/models/reminder_rows.h"
 #include "ui/reminder_parts.h"
 #include "ui/text.h"

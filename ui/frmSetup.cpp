@@ -5,8 +5,8 @@
 #include <algorithm>
 
 #include "settings/start_settings.h"
-#include "ui/controls/message_boxes.h"
 #include "ui/guarded.h"
+#include "ui/message_boxes.h"
 #include "ui/text.h"
 #include "ui_frmSetup.h"
 

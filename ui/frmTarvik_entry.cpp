@@ -6,9 +6,9 @@
 #include "core/statistics.h"
 #include "settings/vehicles.h"
 #include "tyres/tyre_register.h"
-#include "ui/controls/message_boxes.h"
 #include "ui/frmTarvik.h"
 #include "ui/guarded.h"
+#include "ui/message_boxes.h"
 #include "ui/text.h"
 #include "ui_frmTarvik.h"
 
