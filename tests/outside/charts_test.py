@@ -1,14 +1,18 @@
-"""charts_test.py PROGRAM MAKE_DEMO LOG.csv: in the built program on a real display, each chart is drawn, as the first
-one after a start as well as later. An off-screen widget is not enough: there the library paints in another order."""
+"""Each chart is drawn in the built program on a real display, as the first one after a start as well as later.
 
-import hashlib
-import pathlib
+An off-screen widget is not enough to see that: there the plotting library paints in another order.
+"""
+
+import os
 import subprocess
-import sys
-import tempfile
 import unittest
 
-from desktop import Desktop, Program, wait_for
+os.environ["TARVIK_DISPLAY"] = "2732x1800"  # room for the program at twice the scale
+
+import keyboard
+from accessible import wait_for
+from desktop import Desktop
+from program import Program, demo_folder
 
 CHARTS = {  # option of the chooser: title
     "Pillanatnyi átlagfogyasztások": "Pillanatnyi fogyasztások",
@@ -20,85 +24,98 @@ CHARTS = {  # option of the chooser: title
     "100 km. költségváltozásai": "100 km költség változásai.",
 }
 TYPES = ("2D terület", "2D oszlop", "2D vonal", "3D terület", "3D oszlop", "3D vonal")
-SCREEN = (2732, 1536)
-FEWEST_PIXELS = 600  # a line of 2 pixels across the plot has more; a chart without its series has none
+FEWEST_PIXELS = 600  # a line across the plot has more; a chart without its series has none
 
 
 def is_of_series(red, green, blue):
     return blue > red + 60 and blue > green + 20
 
 
-def fill_household(folder, make_demo, log):
-    """A household whose start no alert interrupts."""
-    subprocess.run([make_demo, log, folder, "2013.07.05."], check=True)
-    for reminders in ("figyel.dat", "figyDatum.dat"):
-        (folder / reminders).unlink()
-
-
 class Charts(unittest.TestCase):
     scale = 1
 
-    def start(self):
-        return Program(PROGRAM, HOUSEHOLD, self.scale)
+    @classmethod
+    def setUpClass(cls):
+        cls.folder = demo_folder()
+
+    def started(self):
+        return Program(self.folder, without_alerts=True, environment={"QT_SCALE_FACTOR": str(self.scale)})
 
     def choose(self, program, option):
-        program.press("push button", "Grafikon megjelenítése")
-        program.press("radio button", option)
-        program.press("push button", "Megjelenít")
-        program.find("chart", CHARTS[option])
+        """Shows a chart through the chooser and gives the main window."""
+        main = program.window("Tarvik - ")
+        main.part("push button", "Grafikon megjelenítése").press()
+        chooser = program.window("Grafikon választás")
+        chooser.part("radio button", option).press()
+        chooser.part("push button", "Megjelenít").press()
+        main.part("push button", "Grafikon elrejtése")
+        return main
 
-    def drawn(self, program, what, smallest=FEWEST_PIXELS):
+    def box(self, part):
+        """Where a part is, in pixels of the display."""
+        return tuple(self.scale * edge for edge in part.extents)
+
+    def drawn(self, main, what, more_than=FEWEST_PIXELS):
         """Waits until the series is in the picture; gives the number of its pixels."""
-        box = program.box("chart", "")
-        return wait_for(f"the series of {what}", lambda: (
-            count if (count := DESKTOP.photo().count(box, is_of_series)) > smallest else None))
+        chart = main.part("chart")
 
-    def picture(self, program):
-        """The picture of the chart once it has come to rest."""
-        box = program.box("chart", "")
-        pictures = [DESKTOP.photo().part(box)]
+        def pixels():
+            count = Desktop.get().photo().count(self.box(chart), is_of_series)
+            return count if count > more_than else None
+        return wait_for(pixels, f"the series of {what}")
+
+    def picture(self, main):
+        """The picture of the chart when it has come to rest."""
+        box = self.box(main.part("chart"))
+        seen = [None, Desktop.get().photo().part(box)]
 
         def rests():
-            pictures.append(DESKTOP.photo().part(box))
-            return pictures[-1] == pictures[-2]
-        wait_for("the picture at rest", rests)
-        return hashlib.sha256(pictures[-1]).hexdigest()
+            seen[:] = seen[1], Desktop.get().photo().part(box)
+            return seen[0] == seen[1]
+        wait_for(rests, "the picture to come to rest")
+        return seen[1]
+
+    def click(self, part):
+        left, top, width, height = self.box(part)
+        subprocess.run(["xdotool", "mousemove", str(left + width // 2), str(top + height // 2), "click", "1"],
+                       check=True)
 
     def test_each_chart_is_drawn_as_the_first_one(self):
         for option, title in CHARTS.items():
-            with self.subTest(title), self.start() as program:
-                self.choose(program, option)
-                self.drawn(program, title)
+            with self.subTest(title), self.started() as program:
+                self.drawn(self.choose(program, option), title)
 
     def test_each_type_is_drawn_and_differs_from_the_others(self):
-        program = self.enterContext(self.start())
-        self.choose(program, "Havi tankolási költség")
-        pictures = set()
-        shown = "2D oszlop"
-        for index, name in enumerate(TYPES):
-            program.click("combo box", shown)
-            program.keys("Home", *["Down"] * index, "Return")
-            program.find("combo box", name)
-            shown = name
-            self.drawn(program, name)
-            pictures.add(self.picture(program))
-        self.assertEqual(len(pictures), len(TYPES))
+        with self.started() as program:
+            main = self.choose(program, "Havi tankolási költség")
+            pictures = set()
+            shown = "2D oszlop"
+            for place, name in enumerate(TYPES):
+                self.click(main.part("combo box", shown))
+                keyboard.press("Home", *["Down"] * place, "Return")
+                main.part("combo box", name)
+                shown = name
+                self.drawn(main, name)
+                pictures.add(self.picture(main))
+            self.assertEqual(len(pictures), len(TYPES))
 
     def test_a_chart_is_drawn_again_after_it_was_hidden(self):
-        program = self.enterContext(self.start())
-        for option in ("Üzemanyag árak", "Havi megtett km."):
-            self.choose(program, option)
-            self.drawn(program, option)
-            program.press("push button", "Grafikon elrejtése")
+        with self.started() as program:
+            for option in ("Üzemanyag árak", "Havi megtett km."):
+                main = self.choose(program, option)
+                self.drawn(main, option)
+                main.part("push button", "Grafikon elrejtése").press()
 
     def test_a_chart_grows_with_the_window(self):
-        program = self.enterContext(self.start())
-        self.choose(program, "Havi tankolási költség")
-        before = self.drawn(program, "the chart at first")
-        left, top, right, bottom = program.box("chart", "")
-        program.resize(*(self.scale * edge for edge in (1300, 760)))
-        wait_for("a wider chart", lambda: program.box("chart", "")[2] - program.box("chart", "")[0] > right - left)
-        self.drawn(program, "the wider chart", smallest=before * 5 // 4)
+        with self.started() as program:
+            main = self.choose(program, "Havi tankolási költség")
+            before = self.drawn(main, "the chart at first")
+            left, top, width, height = self.box(main)
+            window = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^Tarvik - "], check=True,
+                                    capture_output=True, text=True).stdout.split()[0]
+            subprocess.run(["xdotool", "windowsize", window, str(width * 3 // 2), str(height)], check=True)
+            wait_for(lambda: self.box(main)[2] > width, "a wider window")
+            self.drawn(main, "the wider chart", more_than=before * 5 // 4)
 
 
 class ChartsAtTwiceTheScale(Charts):
@@ -106,7 +123,4 @@ class ChartsAtTwiceTheScale(Charts):
 
 
 if __name__ == "__main__":
-    PROGRAM, make_demo, log = sys.argv[1:4]
-    with Desktop(*SCREEN) as DESKTOP, tempfile.TemporaryDirectory(prefix="tarvik-household-") as HOUSEHOLD:
-        fill_household(pathlib.Path(HOUSEHOLD), make_demo, log)
-        unittest.main(argv=sys.argv[:1] + sys.argv[4:])
+    unittest.main()

@@ -1,203 +1,139 @@
-"""A desktop for one test: a virtual display that can be photographed, a session bus, and the built program on it,
-driven through the accessibility interface as an assistive tool does."""
+"""A desktop of a test's own: virtual display, window manager, session bus and accessibility service."""
 
+import atexit
+import ctypes
 import os
 import pathlib
+import select
 import shutil
-import struct
+import signal
 import subprocess
+import sys
 import tempfile
-import time
 
-PATIENCE = 20  # seconds that anything may take before the test gives up
-# What has hundreds of parts, which are asked about one by one, and what is looked for there alone.
-LISTS = ("tree table", "tree", "table", "list")
-IN_LISTS = ("table cell", "list item", "table column header", "table row")
+from photo import Photo
 
-
-def wait_for(what, condition, patience=PATIENCE):
-    """Returns the first answer of the condition that counts as true; fails with what was waited for."""
-    end = time.monotonic() + patience
-    while True:
-        answer = condition()
-        if answer:
-            return answer
-        assert time.monotonic() < end, f"{what}: not within {patience} seconds"
-        time.sleep(0.02)  # between two looks, not for the thing to happen
+START_LIMIT_SECONDS = 30
+END_LIMIT_SECONDS = 5
+_PR_SET_PDEATHSIG = 1
+_libc = ctypes.CDLL(None)
 
 
-class Photo:
-    """What stands on the display: one byte each of blue, green, red and nothing for a pixel, row by row."""
+def _die_with_parent():
+    _libc.prctl(_PR_SET_PDEATHSIG, signal.SIGTERM)
 
-    def __init__(self, pixels, bytes_per_row):
-        self._pixels = pixels
-        self._bytes_per_row = bytes_per_row
 
-    def row(self, y, left, right):
-        """The blue, green and red bytes of a stretch of one row."""
-        start = y * self._bytes_per_row
-        stretch = self._pixels[start + 4 * left:start + 4 * right]
-        return stretch[0::4], stretch[1::4], stretch[2::4]
+def spawn(command, **options):
+    """Starts a process that ends with this one, however this one ends."""
+    return subprocess.Popen(command, stdin=subprocess.DEVNULL, preexec_fn=_die_with_parent, **options)
 
-    def part(self, box):
-        """The bytes of a box, to be compared with those of another photograph."""
-        left, top, right, bottom = box
-        return b"".join(b"".join(self.row(y, left, right)) for y in range(top, bottom))
 
-    def count(self, box, is_wanted):
-        """The number of pixels in the box (left, top, right, bottom) whose red, green, blue are wanted."""
-        left, top, right, bottom = box
-        return sum(is_wanted(r, g, b) for y in range(top, bottom) for b, g, r in zip(*self.row(y, left, right)))
+def end(process):
+    """Ends a process of spawn() and waits until it is gone."""
+    if process.poll() is None:
+        process.terminate()
+    try:
+        process.wait(END_LIMIT_SECONDS)
+    except subprocess.TimeoutExpired:
+        process.kill()
+        process.wait()
+
+
+def _line(descriptor, what):
+    """The first line that a starting process writes to tell that it is ready."""
+    text = b""
+    while not text.endswith(b"\n"):
+        if not select.select([descriptor], [], [], START_LIMIT_SECONDS)[0]:
+            raise TimeoutError(f"{what} did not start within {START_LIMIT_SECONDS} s")
+        got = os.read(descriptor, 256)
+        if not got:
+            raise RuntimeError(f"{what} ended at its start")
+        text += got
+    return text.decode().strip()
 
 
 class Desktop:
-    """The display and the bus, one for a whole test program; to be used in a with statement."""
+    """One a process, because the accessibility library binds a process to one bus. Ends with the process.
 
-    def __init__(self, width, height):
-        self._folder = pathlib.Path(tempfile.mkdtemp(prefix="tarvik-desktop-"))
-        self._processes = []
-        try:
-            self._start_display(width, height)
-            self._start_bus()
-        except BaseException:
-            self.__exit__()
-            raise
+    The display has the size that TARVIK_DISPLAY says, such as "2732x1800".
+    """
 
-    def _spawn(self, command, **options):
-        process = subprocess.Popen(command, stderr=subprocess.DEVNULL, **options)
-        self._processes.append(process)
-        return process
+    _running = None
 
-    def _start_display(self, width, height):
-        reading, writing = os.pipe()
-        self._spawn(["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{width}x{height}x24", "-dpi", "96",
-                     "-nolisten", "tcp", "-fbdir", str(self._folder)], pass_fds=[writing])
-        os.close(writing)
-        with os.fdopen(reading) as answer:
-            os.environ["DISPLAY"] = ":" + answer.readline().strip()
+    @classmethod
+    def get(cls):
+        """The desktop of this process, started when it is first asked for."""
+        if cls._running is None:
+            cls._running = cls()
+        return cls._running
 
-    def _start_bus(self):
-        bus = self._spawn(["dbus-daemon", "--session", "--nofork", "--print-address"], stdout=subprocess.PIPE, text=True)
-        with bus.stdout as answer:
-            os.environ["DBUS_SESSION_BUS_ADDRESS"] = answer.readline().strip()
+    def __init__(self):
+        self.scratch = pathlib.Path(tempfile.mkdtemp(prefix="tarvik-outside-"))
+        self._helpers = []
+        atexit.register(self._end)
+        signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
+        self._set_environment()
+        self._start_display()
+        self._start_bus()
+        self._start_window_manager()
+        subprocess.run(["setxkbmap", "hu"], check=True)
+
+    def spawn(self, command, name, **options):
+        """Starts a process of spawn() that writes to a log of this name."""
+        with open(self.scratch / f"{name}.log", "ab") as log:
+            return spawn(command, stdout=log, stderr=log, **options)
+
+    def photograph(self, path):
+        """Puts a picture of the whole display into a PNG file."""
+        subprocess.run(["import", "-window", "root", str(path)], check=True)
 
     def photo(self):
-        """Photographs the display from the file that it keeps its picture in."""
-        data = (self._folder / "Xvfb_screen0").read_bytes()
-        words = struct.unpack(">25I", data[:100])
-        return Photo(data[words[0] + 12 * words[19]:], words[12])
+        """What is on the display now, to be looked at."""
+        return Photo(self.scratch / "Xvfb_screen0")
 
-    def __enter__(self):
-        return self
+    def _set_environment(self):
+        for name in list(os.environ):
+            if name.startswith(("QT_", "DBUS_", "AT_SPI_", "XDG_", "WAYLAND_", "LC_", "LANG")):
+                del os.environ[name]
+        runtime = self.scratch / "run"
+        runtime.mkdir(mode=0o700)
+        (self.scratch / "home").mkdir()
+        os.environ.update(
+            HOME=str(self.scratch / "home"),
+            XDG_RUNTIME_DIR=str(runtime),
+            LC_ALL="C.UTF-8",
+            GSETTINGS_BACKEND="memory",
+            NO_AT_BRIDGE="1",
+            QT_QPA_PLATFORM="xcb",
+            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
+        )
 
-    def __exit__(self, *_):
-        for process in reversed(self._processes):
-            process.terminate()
-            process.wait()
-        shutil.rmtree(self._folder, ignore_errors=True)
+    def _helper(self, command, ready, **options):
+        name = pathlib.Path(command[0]).name
+        self._helpers.append(self.spawn(command, name, **options))
+        return _line(ready, name)
 
+    def _start_display(self):
+        ready, told = os.pipe()
+        # A new server resets when its last client goes, between two programs.
+        size = os.environ.get("TARVIK_DISPLAY", "1366x900")
+        command = ["Xvfb", "-displayfd", str(told), "-screen", "0", f"{size}x24", "-dpi", "96"]
+        command += ["-nolisten", "tcp", "-noreset", "-fbdir", str(self.scratch)]
+        number = self._helper(command, ready, pass_fds=[told])
+        os.environ["DISPLAY"] = f":{number}"
 
-class Program:
-    """The program on a copy of a data folder; to be used in a with statement, inside that of a desktop."""
+    def _start_bus(self):
+        ready, told = os.pipe()
+        command = ["dbus-daemon", "--session", "--nofork", f"--print-address={told}"]
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._helper(command, ready, pass_fds=[told])
 
-    def __init__(self, executable, data_folder, scale=1):
-        self._scale = scale
-        self._folder = pathlib.Path(tempfile.mkdtemp(prefix="tarvik-program-"))
-        shutil.copytree(data_folder, self._folder, dirs_exist_ok=True)
-        shutil.copy(executable, self._folder / "Tarvik")
-        environment = dict(os.environ, QT_QPA_PLATFORM="xcb", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
-                           QT_SCALE_FACTOR=str(scale), LC_ALL="C.UTF-8")
-        self._process = subprocess.Popen([self._folder / "Tarvik"], cwd=self._folder, env=environment)
-        try:
-            self._application = wait_for("the program on the accessibility bus", self._find_application)
-        except BaseException:
-            self.__exit__()
-            raise
+    def _start_window_manager(self):
+        fifo = self.scratch / "window-manager"
+        os.mkfifo(fifo)
+        ready = os.open(fifo, os.O_RDWR)
+        self._helper(["openbox", "--sm-disable", "--startup", f"sh -c 'echo ready > {fifo}'"], ready)
 
-    def _find_application(self):
-        assert self._process.poll() is None, "the program ended by itself"
-        desktop = _atspi().get_desktop(0)
-        children = [desktop.get_child_at_index(i) for i in range(desktop.get_child_count())]
-        return next((child for child in children if child and child.get_process_id() == self._process.pid), None)
-
-    def resize(self, width, height):
-        """Gives the program's window another size, in pixels of the display."""
-        window = wait_for("the window", lambda: _output_of("xdotool", "search", "--onlyvisible", "--pid",
-                                                           str(self._process.pid)).split())[0]
-        _output_of("xdotool", "windowsize", window, str(width), str(height))
-
-    def find(self, role, name):
-        """The shown part of a role whose name begins so, waited for; roles as the interface words them."""
-        return wait_for(f'{role} "{name}"', lambda: self.shown(role, name))
-
-    def shown(self, role, name):
-        """The shown part of a role whose name begins so, or None; the windows opened last come first."""
-        windows = range(self._application.get_child_count())
-        try:
-            return _first(_search(self._application.get_child_at_index(index), role, name)
-                          for index in reversed(windows))
-        except _glib_error():  # a part went away under the search
-            return None
-
-    def press(self, role, name):
-        """Does the first action of a part: presses a button, checks an option."""
-        self.find(role, name).do_action(0)
-
-    def click(self, role, name):
-        """Clicks on the middle of a part with the mouse."""
-        left, top, right, bottom = self.box(role, name)
-        _output_of("xdotool", "mousemove", str((left + right) // 2), str((top + bottom) // 2), "click", "1")
-
-    def keys(self, *names):
-        """Presses keys one after the other, by the names that the display gives them."""
-        _output_of("xdotool", "key", "--delay", "0", *names)
-
-    def box(self, role, name):
-        """Where a part is on the display: left, top, right, bottom in its pixels."""
-        place = self.find(role, name).get_extents(0)
-        return tuple(self._scale * edge for edge in (place.x, place.y, place.x + place.width,
-                                                     place.y + place.height))
-
-    def __enter__(self):
-        return self
-
-    def __exit__(self, *_):
-        self._process.kill()
-        self._process.wait()
-        shutil.rmtree(self._folder, ignore_errors=True)
-
-
-def _atspi():
-    # Known only now, because the library asks for the display and the bus when it is loaded.
-    import gi
-    gi.require_version("Atspi", "2.0")
-    from gi.repository import Atspi
-    return Atspi
-
-
-def _glib_error():
-    from gi.repository import GLib
-    return GLib.Error
-
-
-def _first(answers):
-    return next((answer for answer in answers if answer), None)
-
-
-def _has(part, state):
-    return part.get_state_set().contains(getattr(_atspi().StateType, state))
-
-
-def _output_of(*command):
-    return subprocess.run(command, capture_output=True, text=True).stdout
-
-
-def _search(part, role, name):
-    if part is None:
-        return None
-    own_role = part.get_role_name()
-    if own_role == role and part.get_name().startswith(name):
-        return part if _has(part, "SHOWING") else None
-    if own_role in LISTS and role not in IN_LISTS:
-        return None
-    return _first(_search(part.get_child_at_index(index), role, name) for index in range(part.get_child_count()))
+    def _end(self):
+        for helper in reversed(self._helpers):
+            end(helper)
+        shutil.rmtree(self.scratch, ignore_errors=True)
