@@ -94,7 +94,8 @@ void RecordFile::appendAll(std::span<const std::byte> records) {
   const std::int64_t after = before + static_cast<std::int64_t>(records.size() / recordLength_);
   if (after > kHighestRecordNumber) throw Failure(FailureKind::FileFull).file(path_).record(after);
   ByteBlock contents = readWhole(records.size());
-  std::ranges::copy(records, contents.data.get() + contents.size - records.size());
+  std::ranges::copy(records, contents.data.get() + offsetOf(before + 1));
+  contents.size = offsetOf(after + 1);
   replaceWith(contents.span());
 }
 

@@ -2,9 +2,9 @@
 
 #include "reminders/date_reminders.h"
 #include "ui/change.h"
-#include "ui/controls/message_boxes.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
+#include "ui/message_boxes.h"
 #include "ui/models/reminder_rows.h"
 #include "ui/reminder_parts.h"
 #include "ui/text.h"

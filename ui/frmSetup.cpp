@@ -6,10 +6,10 @@
 
 #include "settings/start_settings.h"
 #include "ui/change.h"
-#include "ui/controls/message_boxes.h"
 #include "ui/controls/row_choice.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
+#include "ui/message_boxes.h"
 #include "ui/text.h"
 #include "ui_frmSetup.h"
 

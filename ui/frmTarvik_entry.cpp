@@ -7,9 +7,9 @@
 #include "settings/vehicles.h"
 #include "tyres/tyre_register.h"
 #include "ui/change.h"
-#include "ui/controls/message_boxes.h"
 #include "ui/frmTarvik.h"
 #include "ui/guarded.h"
+#include "ui/message_boxes.h"
 #include "ui/text.h"
 #include "ui_frmTarvik.h"
 

@@ -4,9 +4,9 @@
 
 #include "core/entry_editing.h"
 #include "ui/change.h"
-#include "ui/controls/message_boxes.h"
 #include "ui/frmTarvik.h"
 #include "ui/guarded.h"
+#include "ui/message_boxes.h"
 #include "ui/text.h"
 #include "ui_frmTarvik.h"
 

@@ -5,7 +5,7 @@
 #include <cerrno>
 #include <new>
 
-#include "ui/controls/message_boxes.h"
+#include "ui/message_boxes.h"
 #include "ui/text.h"
 
 namespace tarvik::ui {

@@ -6,8 +6,8 @@
 #include <QStyle>
 
 #include "ui/controls/list_view.h"
-#include "ui/controls/message_boxes.h"
 #include "ui/dialog_parts.h"
+#include "ui/message_boxes.h"
 #include "ui/models/text_list_model.h"
 
 namespace tarvik::ui {

@@ -11,6 +11,8 @@ import subprocess
 import sys
 import tempfile
 
+from photo import Photo
+
 START_LIMIT_SECONDS = 30
 END_LIMIT_SECONDS = 5
 _PR_SET_PDEATHSIG = 1
@@ -51,7 +53,10 @@ def _line(descriptor, what):
 
 
 class Desktop:
-    """One a process, because the accessibility library binds a process to one bus. Ends with the process."""
+    """One a process, because the accessibility library binds a process to one bus. Ends with the process.
+
+    The display has the size that TARVIK_DISPLAY says, such as "2732x1800".
+    """
 
     _running = None
 
@@ -82,6 +87,10 @@ class Desktop:
         """Puts a picture of the whole display into a PNG file."""
         subprocess.run(["import", "-window", "root", str(path)], check=True)
 
+    def photo(self):
+        """What is on the display now, to be looked at."""
+        return Photo(self.scratch / "Xvfb_screen0")
+
     def _set_environment(self):
         for name in list(os.environ):
             if name.startswith(("QT_", "DBUS_", "AT_SPI_", "XDG_", "WAYLAND_", "LC_", "LANG")):
@@ -107,8 +116,10 @@ class Desktop:
     def _start_display(self):
         ready, told = os.pipe()
         # A new server resets when its last client goes, between two programs.
-        command = ["Xvfb", "-displayfd", str(told), "-screen", "0", "1366x900x24", "-dpi", "96"]
-        number = self._helper(command + ["-nolisten", "tcp", "-noreset"], ready, pass_fds=[told])
+        size = os.environ.get("TARVIK_DISPLAY", "1366x900")
+        command = ["Xvfb", "-displayfd", str(told), "-screen", "0", f"{size}x24", "-dpi", "96"]
+        command += ["-nolisten", "tcp", "-noreset", "-fbdir", str(self.scratch)]
+        number = self._helper(command, ready, pass_fds=[told])
         os.environ["DISPLAY"] = f":{number}"
 
     def _start_bus(self):

@@ -29,13 +29,15 @@ class Program:
     """Runs while a `with` lasts; when that fails, a picture of the display stays in the build folder.
 
     `folder` is where it runs, a new demonstration folder unless one is given; `without_alerts` takes the
-    reminders away first; `wrapper` goes before the program's name: ["strace", ...].
+    reminders away first; `wrapper` goes before the program's name: ["strace", ...]; `environment` is added to
+    the desktop's.
     """
 
-    def __init__(self, folder=None, without_alerts=False, wrapper=()):
+    def __init__(self, folder=None, without_alerts=False, wrapper=(), environment=None):
         self.desktop = Desktop.get()
         self.folder = pathlib.Path(folder) if folder else demo_folder()
         self._wrapper = list(wrapper)
+        self._environment = {**os.environ, **(environment or {})}
         self.process = None
         if without_alerts:
             for reminders in ("figyel.dat", "figyDatum.dat"):
@@ -45,7 +47,8 @@ class Program:
         program = self.folder / PROGRAM.name
         if not program.exists():
             shutil.copy(PROGRAM, program)
-        self.process = self.desktop.spawn(self._wrapper + [str(program)], "program", cwd=self.folder)
+        self.process = self.desktop.spawn(self._wrapper + [str(program)], "program", cwd=self.folder,
+                                          env=self._environment)
         return self
 
     def __exit__(self, failure, *_):

@@ -7,7 +7,7 @@
 
 #include "tests/ui/box_script.h"
 #include "ui/controls/list_view.h"
-#include "ui/controls/message_boxes.h"
+#include "ui/message_boxes.h"
 #include "ui/models/text_list_model.h"
 
 namespace tarvik::ui {

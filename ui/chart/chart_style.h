@@ -4,7 +4,7 @@
 #include <QFont>
 #include <QPalette>
 
-#include "ui/controls/chart_shapes.h"
+#include "ui/chart/chart_shapes.h"
 
 namespace tarvik::ui {
 

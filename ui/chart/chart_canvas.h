@@ -2,17 +2,18 @@
 
 #include <qcustomplot.h>
 
-#include "ui/controls/chart_axis_labels.h"
-#include "ui/controls/chart_content.h"
-#include "ui/controls/chart_plottables.h"
-#include "ui/controls/chart_shapes.h"
-#include "ui/controls/chart_style.h"
+#include "ui/chart/chart_axis_labels.h"
+#include "ui/chart/chart_content.h"
+#include "ui/chart/chart_plottables.h"
+#include "ui/chart/chart_shapes.h"
+#include "ui/chart/chart_style.h"
 
 namespace tarvik::ui {
 
 /// The surface of a chart: arranges a content on the plotting library and paints it.
 ///
 /// A change only marks the surface; it is arranged and plotted once, when it is next painted or asked about.
+/// It counts as plotted when the library has plotted it, not when that was asked of it.
 class ChartCanvas : public QCustomPlot {
   Q_OBJECT
 

@@ -1,9 +1,9 @@
-#include "ui/controls/chart_shapes.h"
+#include "ui/chart/chart_shapes.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "ui/controls/chart_solid_shapes.h"
+#include "ui/chart/chart_solid_shapes.h"
 
 namespace tarvik::ui {
 namespace {

@@ -1,4 +1,4 @@
-#include "ui/controls/chart_thinning.h"
+#include "ui/chart/chart_thinning.h"
 
 #include <algorithm>
 #include <cmath>

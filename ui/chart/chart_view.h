@@ -3,7 +3,7 @@
 #include <QStringList>
 #include <QWidget>
 
-#include "ui/controls/chart_content.h"
+#include "ui/chart/chart_content.h"
 
 namespace tarvik::ui {
 

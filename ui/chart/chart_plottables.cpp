@@ -1,4 +1,4 @@
-#include "ui/controls/chart_plottables.h"
+#include "ui/chart/chart_plottables.h"
 
 #include <algorithm>
 

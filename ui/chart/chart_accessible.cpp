@@ -1,10 +1,10 @@
-#include "ui/controls/chart_accessible.h"
+#include "ui/chart/chart_accessible.h"
 
 #include <QAccessibleWidget>
 #include <QHash>
 #include <QPointer>
 
-#include "ui/controls/chart_view.h"
+#include "ui/chart/chart_view.h"
 
 namespace tarvik::ui {
 namespace {

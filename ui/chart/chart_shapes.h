@@ -4,8 +4,8 @@
 #include <QPolygonF>
 #include <QRectF>
 
-#include "ui/controls/chart_content.h"
-#include "ui/controls/chart_scale.h"
+#include "ui/chart/chart_content.h"
+#include "ui/chart/chart_scale.h"
 
 namespace tarvik::ui {
 

@@ -1,4 +1,4 @@
-#include "ui/controls/chart_view.h"
+#include "ui/chart/chart_view.h"
 
 #include <QAccessible>
 #include <QContextMenuEvent>
@@ -9,9 +9,9 @@
 #include <QToolTip>
 #include <cmath>
 
-#include "ui/controls/chart_accessible.h"
-#include "ui/controls/chart_canvas.h"
-#include "ui/controls/chart_picture.h"
+#include "ui/chart/chart_accessible.h"
+#include "ui/chart/chart_canvas.h"
+#include "ui/chart/chart_picture.h"
 
 namespace tarvik::ui {
 

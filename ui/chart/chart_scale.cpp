@@ -1,4 +1,4 @@
-#include "ui/controls/chart_scale.h"
+#include "ui/chart/chart_scale.h"
 
 #include <QLocale>
 #include <algorithm>

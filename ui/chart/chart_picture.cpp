@@ -1,4 +1,4 @@
-#include "ui/controls/chart_picture.h"
+#include "ui/chart/chart_picture.h"
 
 #include <QBuffer>
 #include <QClipboard>
@@ -12,8 +12,8 @@
 #include <QPdfWriter>
 #include <QSaveFile>
 
-#include "ui/controls/chart_canvas.h"
-#include "ui/controls/chart_view.h"
+#include "ui/chart/chart_canvas.h"
+#include "ui/chart/chart_view.h"
 
 namespace tarvik::ui {
 namespace {

@@ -1,4 +1,4 @@
-#include "ui/controls/chart_axis_labels.h"
+#include "ui/chart/chart_axis_labels.h"
 
 #include <algorithm>
 #include <cmath>

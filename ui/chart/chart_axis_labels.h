@@ -2,8 +2,8 @@
 
 #include <qcustomplot.h>
 
-#include "ui/controls/chart_shapes.h"
-#include "ui/controls/chart_style.h"
+#include "ui/chart/chart_shapes.h"
+#include "ui/chart/chart_style.h"
 
 namespace tarvik::ui {
 

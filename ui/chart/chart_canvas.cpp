@@ -1,9 +1,9 @@
-#include "ui/controls/chart_canvas.h"
+#include "ui/chart/chart_canvas.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "ui/controls/chart_thinning.h"
+#include "ui/chart/chart_thinning.h"
 
 namespace tarvik::ui {
 namespace {
@@ -75,8 +75,13 @@ ChartCanvas::ChartCanvas(QWidget* parent)
   bars_->setWidthType(QCPBars::wtPlotCoords);
   bars_->setPen(Qt::NoPen);
   setPlottingHint(QCP::phCacheLabels, false);
+  // A replot that painted at once would paint the old buffers, and none may begin inside it.
+  setPlottingHint(QCP::phImmediateRefresh, false);
   // A polyline stroked as a whole costs many times its segments where it is steep.
   setPlottingHint(QCP::phFastPolylines);
+  // The library replots by itself as well: whoever asked for it, what it plots is the content shown.
+  connect(this, &QCustomPlot::beforeReplot, this, &ChartCanvas::arrangeIfChanged);
+  connect(this, &QCustomPlot::afterReplot, this, [this] { plotted_ = true; });
 }
 
 void ChartCanvas::show(const ChartContent& content) {
@@ -253,9 +258,7 @@ void ChartCanvas::paintEvent(QPaintEvent* event) {
     setBufferDevicePixelRatio(devicePixelRatioF());
     plotted_ = false;
   }
-  arrangeIfChanged();
-  if (!plotted_) replot(rpQueuedRefresh);
-  plotted_ = true;
+  if (!arranged_ || !plotted_) replot(rpQueuedRefresh);
   QCustomPlot::paintEvent(event);
 }
 

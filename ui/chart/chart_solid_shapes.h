@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/controls/chart_shapes.h"
+#include "ui/chart/chart_shapes.h"
 
 namespace tarvik::ui {
 

@@ -1,4 +1,4 @@
-#include "ui/controls/chart_solid_shapes.h"
+#include "ui/chart/chart_solid_shapes.h"
 
 #include <algorithm>
 #include <cmath>

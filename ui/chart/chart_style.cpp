@@ -1,4 +1,4 @@
-#include "ui/controls/chart_style.h"
+#include "ui/chart/chart_style.h"
 
 namespace tarvik::ui {
 namespace {
