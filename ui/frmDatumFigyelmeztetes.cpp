@@ -1,6 +1,7 @@
 #include "ui/frmDatumFigyelmeztetes.h"
 
 #include "reminders/date_reminders.h"
+#include "ui/access.h"
 #include "ui/controls/message_boxes.h"
 #include "ui/guarded.h"
 #include "ui/models/reminder_rows.h"
@@ -12,6 +13,7 @@ namespace tarvik::ui {
 frmDatumFigyelmeztetes::frmDatumFigyelmeztetes(Context& context, QWidget* parent)
     : QDialog(parent), context_(context), ui_(std::make_unique<Ui::frmDatumFigyelmeztetes>()) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   rows_ = prepareReminderList(
       ui_->ListView1,
       {QStringLiteral("Dátum"), QStringLiteral("Figyelmeztetés Szövege"), QStringLiteral("Rendszám")});

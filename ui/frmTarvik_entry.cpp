@@ -146,6 +146,7 @@ void frmTarvik::remove() {
   if (!ask(this, QStringLiteral(" TÖRLÉS az adatállományból !"), prompt, DefaultAnswer::No)) return;
   core::deleteEntry(context_.files, context_.folders, platePath(), selectedEntry_);
   relist(QStringLiteral("A bejegyzés törölve van. "));
+  ui_->ListView1->setFocus();
 }
 
 void frmTarvik::quickAdd(QComboBox* field, const settings::LookupFile& list, const QString& what) {

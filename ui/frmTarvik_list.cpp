@@ -54,7 +54,7 @@ void frmTarvik::showTotals() {
 
 void frmTarvik::toggleFilter() {
   if (refusesBlankPlate(QStringLiteral("Így nem listázható..."))) return;
-  ui_->FrameSzürö->setVisible(ui_->FrameSzürö->isHidden());
+  ui_->FrameSzürö->isHidden() ? openFilter() : ui_->FrameSzürö->hide();
 }
 
 void frmTarvik::chooseMode(int mode) {
@@ -68,6 +68,7 @@ void frmTarvik::applyFilter() {
   listMode_ = isYear ? core::kYearList : isMonth ? core::kMonthList : core::kWholeList;
   ui_->FrameSzürö->hide();
   relist({});
+  ui_->ListView1->setFocus();
 }
 
 // Lists anew after something that is done, whatever becomes of the list: a failure says first what was done.
@@ -77,11 +78,7 @@ void frmTarvik::relist(const QString& before) {
 }
 
 bool frmTarvik::eventFilter(QObject* watched, QEvent* event) {
-  // The menu has the same letter, so the toolkit would only bring the focus here.
-  if (watched == ui_->cmdGrafikon && event->type() == QEvent::Shortcut) {
-    ui_->cmdGrafikon->click();
-    return true;
-  }
+  if (takesLetterOfChart(watched, event)) return true;
   if (event->type() == QEvent::Enter || event->type() == QEvent::MouseMove ||
       event->type() == QEvent::ToolTip)
     guarded(this, [&] { showHint(watched); });

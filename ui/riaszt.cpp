@@ -5,6 +5,7 @@
 #include "reminders/km_alert.h"
 #include "reminders/km_reminders.h"
 #include "reminders/reminder_row.h"
+#include "ui/access.h"
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
 #include "ui/reminder_parts.h"
@@ -38,6 +39,7 @@ QFont headingFont(const QFont& like) {
 riaszt::riaszt(Context& context, const QString& plate, QWidget* parent)
     : QDialog(parent), context_(context), ui_(std::make_unique<Ui::riaszt>()) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   addClosingMenu(*this, ui_->mnu_bezar);
   prepareList();
   connect(ui_->List1, &QListWidget::itemSelectionChanged, this,

@@ -2,10 +2,14 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
+
+#include "ui/controls/list_accessible.h"
 
 namespace tarvik::ui {
 
 ListView::ListView(QWidget* parent) : QTreeView(parent) {
+  installListAccessibility();
   setRootIsDecorated(false);
   setItemsExpandable(false);
   setUniformRowHeights(true);
@@ -44,6 +48,26 @@ void ListView::sortByHeaderClicks() {
 QString ListView::highlightedRecord() const {
   const QModelIndexList selected = selectionModel()->selectedRows(model()->columnCount() - 1);
   return selected.isEmpty() ? QString() : selected.first().data().toString();
+}
+
+int ListView::shownColumns() const {
+  return model() == nullptr ? 0 : model()->columnCount() - 1;
+}
+
+int ListView::accessiblePlace(int number) const {
+  if (!isToolkitTelling_ || shownColumns() < 1) return number;
+  const int counted = shownColumns() + 1;
+  return number / counted * shownColumns() + qMin(number % counted, shownColumns() - 1);
+}
+
+void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  const QScopedValueRollback telling(isToolkitTelling_, true);
+  QTreeView::currentChanged(current, previous);
+}
+
+void ListView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  const QScopedValueRollback telling(isToolkitTelling_, true);
+  QTreeView::selectionChanged(selected, deselected);
 }
 
 // A row is reached by moving to it, or by selecting the one where the keyboard stands already.

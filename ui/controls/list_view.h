@@ -20,6 +20,11 @@ class ListView : public QTreeView {
   void sortByHeaderClicks();
   /// The record number of the highlighted row as text; empty when no row is highlighted.
   QString highlightedRecord() const;
+  /// How many columns are shown: all but the record number.
+  int shownColumns() const;
+  /// The place among the list's accessible parts that a number means: the toolkit counts the hidden column
+  /// too while it tells of a row.
+  int accessiblePlace(int number) const;
 
  signals:
   /// A row was clicked, or reached with the keyboard.
@@ -27,6 +32,11 @@ class ListView : public QTreeView {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+
+ private:
+  bool isToolkitTelling_ = false;
 };
 
 }  // namespace tarvik::ui
