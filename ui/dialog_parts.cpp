@@ -7,6 +7,7 @@
 #include <QMenuBar>
 #include <QScreen>
 
+#include "ui/access.h"
 #include "ui/text.h"
 
 namespace tarvik::ui {
@@ -21,6 +22,7 @@ void addClosingMenu(QDialog& dialog, QAction* close) {
   auto* menu = new QMenuBar(&dialog);
   menu->addAction(close);
   dialog.layout()->setMenuBar(menu);
+  openWithF10(*menu);
   QObject::connect(close, &QAction::triggered, &dialog, &QDialog::close);
 }
 

@@ -2,6 +2,7 @@
 
 #include "reminders/date_reminders.h"
 #include "reminders/km_reminders.h"
+#include "ui/access.h"
 #include "ui/change.h"
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
@@ -25,6 +26,7 @@ bool confirmsRecording(QWidget* screen, const QString& whose) {
 figy::figy(Context& context, QString plate, QWidget* parent)
     : QDialog(parent), context_(context), plate_(std::move(plate)), ui_(std::make_unique<Ui::figy>()) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   addClosingMenu(*this, ui_->mnu_bezar);
   prepareFields();
   prepareLists();

@@ -1,6 +1,7 @@
 #include "ui/frmDatumFigyelmeztetes.h"
 
 #include "reminders/date_reminders.h"
+#include "ui/access.h"
 #include "ui/change.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
@@ -14,6 +15,7 @@ namespace tarvik::ui {
 frmDatumFigyelmeztetes::frmDatumFigyelmeztetes(Context& context, QWidget* parent)
     : QDialog(parent), context_(context), ui_(std::make_unique<Ui::frmDatumFigyelmeztetes>()) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   rows_ = prepareReminderList(
       ui_->ListView1,
       {QStringLiteral("Dátum"), QStringLiteral("Figyelmeztetés Szövege"), QStringLiteral("Rendszám")});

@@ -3,6 +3,7 @@
 #include <QButtonGroup>
 #include <QScopeGuard>
 
+#include "ui/access.h"
 #include "ui/change.h"
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
@@ -43,6 +44,7 @@ TextRow rowOf(const tyres::TyreRow& row) {
 frmGumik::frmGumik(Context& context, const QString& plate, const QStringList& plates, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmGumik>()), tyres_(context.files, context.folders) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   addClosingMenu(*this, ui_->mnuBezar);
   prepareFields(plate, plates);
   prepareList();

@@ -1,5 +1,6 @@
 #include "ui/frmMelyGrafikon.h"
 
+#include "ui/access.h"
 #include "ui/placement.h"
 #include "ui_frmMelyGrafikon.h"
 
@@ -13,6 +14,7 @@ constexpr QPoint kFromMainScreen(200, 233);
 frmMelyGrafikon::frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* parent)
     : QDialog(parent), context_(context), ui_(std::make_unique<Ui::frmMelyGrafikon>()) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   // The group holds the options in the order of the form, which is that of their numbers.
   int number = 0;
   for (QAbstractButton* option : ui_->choices->buttons()) ui_->choices->setId(option, ++number);

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "settings/start_settings.h"
+#include "ui/access.h"
 #include "ui/change.h"
 #include "ui/controls/row_choice.h"
 #include "ui/guarded.h"
@@ -35,6 +36,7 @@ void tellMissing(QWidget* screen, const QString& prompt, QWidget* field) {
 frmSetup::frmSetup(Context& context, QPoint mainTopLeft, QWidget* parent)
     : QDialog(parent), context_(context), mainTopLeft_(mainTopLeft), ui_(std::make_unique<Ui::frmSetup>()) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   ui_->cmbRendszam->setCompleter(nullptr);
   connectButtons();
   connectLists();

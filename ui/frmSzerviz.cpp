@@ -2,6 +2,7 @@
 
 #include <QScopeGuard>
 
+#include "ui/access.h"
 #include "ui/change.h"
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
@@ -23,6 +24,7 @@ TextRow rowOf(const repairs::RepairRow& row) {
 frmSzerviz::frmSzerviz(Context& context, const QString& plate, const QStringList& plates, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmSzerviz>()), log_(context.files, context.folders) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   addClosingMenu(*this, ui_->mnuBezar);
   prepareFields(plate, plates, context.clock.today());
   prepareList();

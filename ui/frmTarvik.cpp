@@ -6,6 +6,7 @@
 
 #include "settings/start_settings.h"
 #include "settings/vehicles.h"
+#include "ui/access.h"
 #include "ui/change.h"
 #include "ui/chart_panel.h"
 #include "ui/frmGumik.h"
@@ -48,6 +49,7 @@ frmTarvik::frmTarvik(Context& context)
       listing_(new ListingModel(this)),
       timer_(new QTimer(this)) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   place();
   setWindowTitle(QStringLiteral("Tarvik - ") + toQt(context_.version));
   setUpFields();
@@ -56,6 +58,7 @@ frmTarvik::frmTarvik(Context& context)
   setUpCharts();
   connectButtons();
   connectMenu();
+  setUpKeyboard();
 }
 
 frmTarvik::~frmTarvik() = default;
@@ -109,7 +112,6 @@ void frmTarvik::setUpCharts() {
       ui_->logbookArea);
   ui_->areaLayout->addWidget(panel, 0, 0);
   panel->raise();
-  ui_->cmdGrafikon->installEventFilter(this);
   connect(ui_->cmdGrafikon, &QPushButton::clicked, this, [this, panel] {
     guarded(this, [&] { panel->toggle(*ui_->cmdGrafikon, frameGeometry().topLeft()); });
   });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
 #include <functional>
 #include <memory>
@@ -91,6 +92,15 @@ class frmTarvik : public QMainWindow {
   void showTotals();
   void showHint(QObject* field);
 
+  // The keyboard (frmTarvik_keyboard.cpp).
+  void setUpKeyboard();
+  void onKey(const QKeySequence& keys, QWidget* within, void (frmTarvik::*handler)());
+  bool takesLetterOfChart(QObject* watched, QEvent* event);
+  void jump();
+  void openFilter();
+  void listFiltered();
+  void closeFilter();
+
   // Reminders (frmTarvik_reminders.cpp).
   void setUpReminders();
   void checkDates();
@@ -106,6 +116,8 @@ class frmTarvik : public QMainWindow {
   std::int16_t selectedEntry_ = 0;
   std::int16_t listMode_ = core::kWholeList;
   bool wasShown_ = false;
+  QPointer<QWidget> lastField_;
+  QPointer<QWidget> filterOpener_;
 };
 
 }  // namespace tarvik::ui

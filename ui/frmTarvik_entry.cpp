@@ -158,6 +158,7 @@ void frmTarvik::remove() {
   if (!ask(this, QStringLiteral(" TÖRLÉS az adatállományból !"), prompt, DefaultAnswer::No)) return;
   changeLogbook(QStringLiteral("A bejegyzés törölve van."),
                 [this] { core::deleteEntry(context_.files, context_.folders, platePath(), selectedEntry_); });
+  ui_->ListView1->setFocus();
 }
 
 void frmTarvik::quickAdd(QComboBox* field, const settings::LookupFile& list, const QString& what) {

@@ -55,7 +55,7 @@ void frmTarvik::showTotals() {
 
 void frmTarvik::toggleFilter() {
   if (refusesBlankPlate(QStringLiteral("Így nem listázható..."))) return;
-  ui_->FrameSzürö->setVisible(ui_->FrameSzürö->isHidden());
+  ui_->FrameSzürö->isHidden() ? openFilter() : ui_->FrameSzürö->hide();
 }
 
 void frmTarvik::chooseMode(int mode) {
@@ -69,6 +69,7 @@ void frmTarvik::applyFilter() {
   listMode_ = isYear ? core::kYearList : isMonth ? core::kMonthList : core::kWholeList;
   ui_->FrameSzürö->hide();
   guarded(this, [this] { beolvas(); }, {.failed = kListIncomplete});
+  ui_->ListView1->setFocus();
 }
 
 void frmTarvik::relistInPlace() {
@@ -80,11 +81,7 @@ bool frmTarvik::changeLogbook(const QString& done, const std::function<void()>& 
 }
 
 bool frmTarvik::eventFilter(QObject* watched, QEvent* event) {
-  // The menu has the same letter, so the toolkit would only bring the focus here.
-  if (watched == ui_->cmdGrafikon && event->type() == QEvent::Shortcut) {
-    ui_->cmdGrafikon->click();
-    return true;
-  }
+  if (takesLetterOfChart(watched, event)) return true;
   if (event->type() == QEvent::Enter || event->type() == QEvent::MouseMove ||
       event->type() == QEvent::ToolTip)
     guarded(this, [&] { showHint(watched); });

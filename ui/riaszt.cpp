@@ -5,6 +5,7 @@
 #include "reminders/km_alert.h"
 #include "reminders/km_reminders.h"
 #include "reminders/reminder_row.h"
+#include "ui/access.h"
 #include "ui/change.h"
 #include "ui/controls/row_choice.h"
 #include "ui/dialog_parts.h"
@@ -40,6 +41,7 @@ QFont headingFont(const QFont& like) {
 riaszt::riaszt(Context& context, const QString& plate, QWidget* parent)
     : QDialog(parent), context_(context), plate_(toLogic(plate)), ui_(std::make_unique<Ui::riaszt>()) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   addClosingMenu(*this, ui_->mnu_bezar);
   prepareList();
   choice_ = new RowChoice(ui_->List1, [this](int row) { return guarded(this, [&] { chooseLine(row); }); });
