@@ -6,6 +6,7 @@
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
 #include "ui/models/reminder_rows.h"
+#include "ui/placement.h"
 #include "ui/reminder_parts.h"
 #include "ui/text.h"
 #include "ui_figy.h"
@@ -27,7 +28,8 @@ figy::figy(Context& context, QString plate, QWidget* parent)
   prepareFields();
   prepareLists();
   connectButtons();
-  sizeAndCentre(*this);
+  keepWithinReach(*this);
+  openInTheMiddle(*this);
   guarded(this, [this] { BeolvasFigyel(); });
   guarded(this, [this] { BeolvasFigyDatum(); });
 }

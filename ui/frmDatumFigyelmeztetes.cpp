@@ -4,6 +4,7 @@
 #include "ui/controls/message_boxes.h"
 #include "ui/guarded.h"
 #include "ui/models/reminder_rows.h"
+#include "ui/placement.h"
 #include "ui/reminder_parts.h"
 #include "ui/text.h"
 #include "ui_frmDatumFigyelmeztetes.h"
@@ -19,7 +20,8 @@ frmDatumFigyelmeztetes::frmDatumFigyelmeztetes(Context& context, QWidget* parent
           [this](int row) { guarded(this, [&] { choose(row); }); });
   connect(ui_->cmdDel, &QPushButton::clicked, this, [this] { guarded(this, [this] { deleteChosen(); }); });
   connect(ui_->Command1, &QPushButton::clicked, this, &QDialog::close);
-  sizeAndCentre(*this);
+  keepWithinReach(*this);
+  openInTheMiddle(*this);
   guarded(this, [this] { load(); });
 }
 

@@ -2,13 +2,19 @@
 
 #include <QItemSelectionModel>
 
+#include "ui/controls/list_delegate.h"
+#include "ui/controls/list_hint.h"
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
+#include "ui/placement.h"
 #include "ui/text.h"
 #include "ui_frmSzerviz.h"
 
 namespace tarvik::ui {
 namespace {
+
+constexpr int kCostColumn = 4;
+constexpr int kReadingColumn = 5;
 
 TextRow rowOf(const repairs::RepairRow& row) {
   return {.cells = {toQt(row.plate), toQt(row.date), toQt(row.description), toQt(row.part),
@@ -29,7 +35,8 @@ frmSzerviz::frmSzerviz(Context& context, const QString& plate, const QStringList
     connect(key, &QLineEdit::returnPressed, ui_->cmdSzervizSzures, &QPushButton::click);
   onClick(ui_->cmdRogzitSzerviz, &frmSzerviz::recordRepair);
   onClick(ui_->cmdDelSzerviz, &frmSzerviz::deleteRepair);
-  centreOnDisplay(*this);
+  keepWithinReach(*this);
+  openInTheMiddle(*this);
   guarded(this, [this] { BeolvasSzerviz(); });
 }
 
@@ -49,7 +56,9 @@ void frmSzerviz::prepareList() {
                          QStringLiteral("Alkatrész"), QStringLiteral("Költség"), QStringLiteral("Km. óra")},
                         this);
   ui_->ListViewSzerviz->setModel(rows_);
-  ui_->ListViewSzerviz->setColumnCharacters({12, 12, 32, 26, 10, 8});
+  rows_->setFigureColumns({kCostColumn, kReadingColumn});
+  layOutList(*ui_->ListViewSzerviz, {"WWWWWWWW", "9999.99.99.", "", "", "-999999999", "-9999999"});
+  new ListHint(*ui_->ListViewSzerviz, QStringLiteral("Nincs ilyen javítás vagy szervíz felvéve."));
   ui_->ListViewSzerviz->sortByHeaderClicks();
   connect(ui_->ListViewSzerviz, &ListView::rowChosen, this,
           [this](int row) { guarded(this, [this, row] { choose(row); }); });

@@ -13,7 +13,9 @@
 #include "ui/frmSzerviz.h"
 #include "ui/guarded.h"
 #include "ui/list_printer.h"
+#include "ui/look.h"
 #include "ui/note_type_ahead.h"
+#include "ui/placement.h"
 #include "ui/text.h"
 #include "ui_frmTarvik.h"
 
@@ -21,8 +23,7 @@ namespace tarvik::ui {
 namespace {
 
 constexpr int kWidthTwips = 10'600;
-constexpr int kTwipsPerInch = 1'440;
-constexpr int kPixelsPerInch = 96;
+constexpr int kWishedRows = 6;
 
 QStringList trimmedPlates(const settings::Vehicles& vehicles) {
   QStringList plates;
@@ -46,7 +47,6 @@ frmTarvik::frmTarvik(Context& context)
       listing_(new ListingModel(this)),
       timer_(new QTimer(this)) {
   ui_->setupUi(this);
-  place();
   setWindowTitle(QStringLiteral("Tarvik - ") + toQt(context_.version));
   setUpFields();
   setUpList();
@@ -54,16 +54,22 @@ frmTarvik::frmTarvik(Context& context)
   setUpCharts();
   connectButtons();
   connectMenu();
+  place();
 }
 
 frmTarvik::~frmTarvik() = default;
 
+// The filter may be opened later: the window has its width from the start. Where the display has room the
+// list is taller than it must be; where it is low, the results stand beside each other.
 void frmTarvik::place() {
-  const QRect available = screen()->availableGeometry();
-  const int width = (kWidthTwips * kPixelsPerInch + kTwipsPerInch / 2) / kTwipsPerInch;
-  resize(width, qMin(height(), available.height() - menuBar()->sizeHint().height()));
-  move(available.left() + (available.width() - this->width()) / 2,
-       available.top() + (available.height() - height()) / 2);
+  keepWithinReach(*this);
+  const QMargins sides = ui_->mainLayout->contentsMargins();
+  const int around = sides.left() + sides.right();
+  ui_->FrameSzürö->ensurePolished();
+  ui_->centralwidget->setMinimumWidth(ui_->FrameSzürö->minimumSizeHint().width() + around);
+  const QSize wanted(pixelsOfTwips(kWidthTwips, *this), sizeHint().height() + kWishedRows * rowHeight());
+  const bool isLow = screen()->availableGeometry().height() < ui_->centralwidget->sizeHint().height();
+  openInTheMiddle(*this, isLow ? QSize(ui_->resultBand->wideWidth() + around, wanted.height()) : wanted);
 }
 
 void frmTarvik::setUpFields() {
@@ -137,6 +143,7 @@ void frmTarvik::load() {
   guarded(this, [this] { loadVehicles(); });
   guarded(this, [this] { loadStartSettings(); });
   relist({});
+  ui_->ListView1->scrollToBottom();
 }
 
 void frmTarvik::loadLookups() {

@@ -9,6 +9,7 @@
 #include "core/totals.h"
 #include "settings/lookup_list.h"
 #include "ui/context.h"
+#include "ui/list_cues.h"
 #include "ui/models/listing_model.h"
 
 class QComboBox;
@@ -19,6 +20,9 @@ class frmTarvik;
 }
 
 namespace tarvik::ui {
+
+class ListDelegate;
+class ListHint;
 
 /// The main screen: the vehicle selector, the entry's fields, the list with its totals and statistics, the
 /// charts, the reminder switch and the menu that opens the other screens.
@@ -85,6 +89,8 @@ class frmTarvik : public QMainWindow {
   void chooseMode(int mode);
   void applyFilter();
   void relist(const QString& before);
+  void showCues();
+  void markNewest();
   void showTotals();
   void showHint(QObject* field);
 
@@ -100,6 +106,9 @@ class frmTarvik : public QMainWindow {
   ListingModel* listing_;
   core::Totals totals_;
   QTimer* timer_;
+  ListDelegate* delegate_ = nullptr;
+  ListHint* emptyList_ = nullptr;
+  ShownList shown_;
   std::int16_t selectedEntry_ = 0;
   std::int16_t listMode_ = core::kWholeList;
   bool wasShown_ = false;

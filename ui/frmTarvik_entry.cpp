@@ -110,6 +110,8 @@ void frmTarvik::record() {
   MezoDel();
   relist(QStringLiteral("A bejegyzés rögzítve van. "));
   ui_->ChkTeletank->setChecked(true);
+  markNewest();
+  ui_->txKmOra->setFocus();
 }
 
 // The entry is in the logbook by now, whatever becomes of the tyres.

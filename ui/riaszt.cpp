@@ -7,6 +7,7 @@
 #include "reminders/reminder_row.h"
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
+#include "ui/placement.h"
 #include "ui/reminder_parts.h"
 #include "ui/text.h"
 #include "ui_riaszt.h"
@@ -44,7 +45,8 @@ riaszt::riaszt(Context& context, const QString& plate, QWidget* parent)
           [this] { guarded(this, [this] { chooseLine(); }); });
   connect(ui_->cmd_torles, &QPushButton::clicked, this,
           [this] { guarded(this, [this] { deleteChosen(); }); });
-  sizeAndCentre(*this);
+  keepWithinReach(*this);
+  openInTheMiddle(*this);
   guarded(this, [&] {
     showLines(reminders::alertLines(reminders::loadKmReminders(context_.files, context_.folders),
                                     toLogic(plate), context_.state.currentReading));

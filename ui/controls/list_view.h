@@ -14,8 +14,6 @@ class ListView : public QTreeView {
 
   /// Shows a model and hides its last column.
   void setModel(QAbstractItemModel* model) override;
-  /// Gives each shown column its share of the width, in characters; the last one takes what is left.
-  void setColumnCharacters(const QList<int>& characters);
   /// Lets a click on a header sort the rows by that column, ascending, from then on.
   void sortByHeaderClicks();
   /// The record number of the highlighted row as text; empty when no row is highlighted.
