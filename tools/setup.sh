@@ -15,6 +15,8 @@ RUNTIME_PACKAGES=(qt6-translations-l10n fonts-dejavu-core fonts-liberation)
 SCREENSHOT_PACKAGES=(xvfb imagemagick)
 WAYLAND_PACKAGES=(qt6-wayland)
 TEST_PACKAGES=(libgtest-dev libgmock-dev poppler-utils xvfb)
+# A desktop for the tests from outside: window manager, keys, pictures, session bus, accessibility service.
+TEST_PACKAGES+=(openbox xdotool x11-xkb-utils imagemagick dbus-daemon at-spi2-core python3 python3-pyatspi)
 BENCH_PACKAGES=(libbenchmark-dev libsqlite3-dev xvfb)
 CLANG_PACKAGES=(clang-14 libclang-rt-14-dev clang-tidy-14 clang-format-14)
 COVERAGE_PACKAGES=(gcovr)

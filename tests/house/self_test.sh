@@ -88,3 +88,15 @@ expect_call_caught clock '#include <ctime>
 long now() { return std::time(nullptr); }'
 expect_call_caught clock '#include <chrono>
 auto now() { return std::chrono::system_clock::now(); }'
+
+fresh_tree
+mkdir -p "$scratch/tree/tests"
+printf 'TEST(Suite, Name) {}\n' > "$scratch/tree/tests/logic_test.cpp"
+printf '  void name() {\n' > "$scratch/tree/tests/screen_test.cpp"
+# shellcheck disable=SC2016
+printf '| a rule | what it does | `Suite.Name`, `name()` |\n' > "$scratch/tree/page.md"
+"$here/established.sh" "$scratch/tree/page.md" "$scratch/tree/tests" || fail "a page in order is refused"
+for gone in Suite.Nam Name.Suite 'nam()'; do
+  printf '| a rule | what it does | `%s` |\n' "$gone" > "$scratch/tree/page.md"
+  ! "$here/established.sh" "$scratch/tree/page.md" "$scratch/tree/tests" > /dev/null || fail "a page that names $gone passes"
+done

@@ -18,6 +18,7 @@
 #include "tests/charts/entries.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/ui/by_hand.h"
 #include "tests/ui/next_dialog.h"
 #include "ui/controls/chart_view.h"
 #include "ui/frmMelyGrafikon.h"
@@ -68,7 +69,7 @@ struct Screen {
       if (choice > 0) chooser.findChild<QRadioButton*>(QStringLiteral("Option%1").arg(choice))->click();
       chooser.findChild<QPushButton*>(choice > 0 ? "cmdMegjelenit" : "cmdMegsem")->click();
     });
-    button.click();
+    test::press(button);
   }
 
   QString plate = "ABC123";
@@ -182,7 +183,9 @@ class ChartPanelTest : public QObject {
   void startsWithTheLatestFiftyAndTheScrollRangeRight() {
     write(numbered(120));
     Screen screen(context_);
-    screen.count()->setText("20");
+    screen.choose(1);
+    test::typeInto(*screen.count(), "20");
+    test::press(screen.button);
     screen.choose(1);
     QCOMPARE(screen.chart()->rowCount(), 50);
     QCOMPARE(firstValue(screen), "71");
@@ -196,8 +199,8 @@ class ChartPanelTest : public QObject {
     write(numbered(120));
     Screen screen(context_);
     screen.choose(1);
-    screen.limit()->setChecked(true);
-    screen.scrollBar()->setValue(100);
+    test::press(*screen.limit());
+    test::scrollTo(*screen.scrollBar(), 100);
     QCOMPARE(screen.chart()->rowCount(), 21);
     QCOMPARE(firstValue(screen), "100");
     QCOMPARE(screen.chart()->rowLabels().last(), "2013.09.29.");
@@ -208,7 +211,7 @@ class ChartPanelTest : public QObject {
     write(numbered(120));
     Screen screen(context_);
     screen.choose(1);
-    screen.scrollBar()->setValue(10);
+    test::scrollTo(*screen.scrollBar(), 10);
     QCOMPARE(screen.chart()->rowCount(), 111);
     QCOMPARE(firstValue(screen), "10");
   }
@@ -217,7 +220,7 @@ class ChartPanelTest : public QObject {
     write(numbered(30));
     Screen screen(context_);
     screen.choose(1);
-    screen.scrollBar()->setValue(20);
+    test::scrollTo(*screen.scrollBar(), 20);
     QCOMPARE(screen.chart()->rowCount(), 29);
     QCOMPARE(firstValue(screen), "2");
   }
@@ -226,15 +229,15 @@ class ChartPanelTest : public QObject {
     write(numbered(120));
     Screen screen(context_);
     screen.choose(1);
-    screen.count()->setText("3");
-    screen.scrollBar()->setValue(2);
+    test::typeInto(*screen.count(), "3");
+    test::scrollTo(*screen.scrollBar(), 2);
     QCOMPARE(screen.count()->text(), "50");
-    screen.count()->setText("5");
-    screen.scrollBar()->setValue(3);
+    test::typeInto(*screen.count(), "5");
+    test::scrollTo(*screen.scrollBar(), 3);
     QCOMPARE(screen.count()->text(), "5");
-    screen.count()->clear();
+    test::typeInto(*screen.count(), "");
     QCOMPARE(screen.count()->text(), "");
-    screen.scrollBar()->setValue(4);
+    test::scrollTo(*screen.scrollBar(), 4);
     QCOMPARE(screen.count()->text(), "50");
   }
 
@@ -242,7 +245,7 @@ class ChartPanelTest : public QObject {
     write(numbered(120));
     Screen screen(context_);
     screen.choose(1);
-    screen.count()->setText("12");
+    test::typeInto(*screen.count(), "12");
     QCOMPARE(screen.scrollBar()->pageStep(), 12);
   }
 
@@ -251,7 +254,7 @@ class ChartPanelTest : public QObject {
     Screen screen(context_);
     screen.choose(1);
     write(numbered(150));
-    screen.scrollBar()->setValue(2);
+    test::scrollTo(*screen.scrollBar(), 2);
     QCOMPARE(screen.scrollBar()->maximum(), 149);
   }
 
@@ -259,9 +262,9 @@ class ChartPanelTest : public QObject {
     write(numbered(120));
     Screen screen(context_);
     screen.choose(1);
-    screen.limit()->setChecked(true);
+    test::press(*screen.limit());
     write(numbered(60));
-    screen.scrollBar()->setValue(100);
+    test::scrollTo(*screen.scrollBar(), 100);
     QCOMPARE(screen.scrollBar()->maximum(), 59);
     QCOMPARE(screen.scrollBar()->value(), 59);
     QCOMPARE(screen.chart()->rowCount(), 2);
@@ -271,8 +274,8 @@ class ChartPanelTest : public QObject {
     write(numbered(120));
     Screen screen(context_);
     screen.choose(1);
-    screen.scrollBar()->setValue(100);
-    screen.count()->setText("2");
+    test::scrollTo(*screen.scrollBar(), 100);
+    test::typeInto(*screen.count(), "2");
     screen.button.click();
     QCOMPARE(screen.scrollBar()->value(), 1);
     QCOMPARE(screen.count()->text(), "50");
@@ -298,8 +301,10 @@ class ChartPanelTest : public QObject {
   void setsTheChartType() {
     QFETCH(int, index);
     QFETCH(int, type);
+    write(numbered(10));
     Screen screen(context_);
-    screen.control<QComboBox>("Combo2")->setCurrentIndex(index);
+    screen.choose(2);
+    test::choose(*screen.control<QComboBox>("Combo2"), index);
     QCOMPARE(screen.chart()->chartType(), type);
     screen.control<QComboBox>("Combo2")->setCurrentIndex(-1);
     QCOMPARE(screen.chart()->chartType(), type);
@@ -308,7 +313,9 @@ class ChartPanelTest : public QObject {
   void keepsTheTypeForTheNextChart() {
     write(numbered(10));
     Screen screen(context_);
-    screen.control<QComboBox>("Combo2")->setCurrentIndex(4);
+    screen.choose(1);
+    test::choose(*screen.control<QComboBox>("Combo2"), 4);
+    test::press(screen.button);
     screen.choose(2);
     QCOMPARE(screen.chart()->chartType(), 0);
   }
@@ -327,10 +334,10 @@ class ChartPanelTest : public QObject {
     write(numbered(120));
     Screen screen(context_);
     screen.choose(1);
-    screen.scrollBar()->setValue(100);
+    test::scrollTo(*screen.scrollBar(), 100);
     screen.chart()->selectRow(2);
     QCOMPARE(screen.chart()->titleText(), "Pillanatnyi fogyasztás: 2013.09.10. - 101,00 liter");
-    screen.scrollBar()->setValue(101);
+    test::scrollTo(*screen.scrollBar(), 101);
     QCOMPARE(screen.chart()->titleText(), "Pillanatnyi fogyasztások");
   }
 
@@ -363,7 +370,7 @@ class ChartPanelTest : public QObject {
     screen.choose(1);
     std::filesystem::remove(*folder_ / "ABC123/napiadat.dat");
     std::filesystem::create_directory(*folder_ / "ABC123/napiadat.dat");
-    screen.scrollBar()->setValue(5);
+    test::scrollTo(*screen.scrollBar(), 5);
     QCOMPARE(screen.chart()->rowCount(), 50);
     screen.button.click();
     QVERIFY(!screen.panel.isVisible());

@@ -15,9 +15,7 @@
 namespace tarvik {
 namespace {
 
-using test::answerNextBox;
 using test::clickRow;
-using test::compareBox;
 using test::dateReminder;
 using test::deletedKmReminder;
 using test::entry;
@@ -28,7 +26,8 @@ using test::rowsOf;
 using test::shownText;
 
 const QString kRecordTitle = QStringLiteral(" Rögzítés az adatállományban !");
-const QString kDeleteText = QStringLiteral("Biztos TÖRÖLHETŐ\na listán kijelölt tétel ?");
+const test::SeenBox kDeleteQuestion = test::questionBox(
+    test::kDeleteTitle, QStringLiteral("Biztos TÖRÖLHETŐ\na listán kijelölt tétel ?"), QMessageBox::No);
 const QString kPlaceholder = QStringLiteral(" |Nincs figyelmeztetés...| | ");
 
 reminders::FigyelRec recordedToday(std::int32_t reading, std::int32_t after, std::string_view text) {
@@ -51,17 +50,17 @@ struct Figy {
   ui::ListView& dateList() const { return *part<ui::ListView>(screen, "ListView2"); }
   QDateEdit* picker() const { return part<QDateEdit>(screen, "DTPMikor"); }
 
-  void openTab(int tab) const { part<QTabWidget>(screen, "SSTab1")->setCurrentIndex(tab); }
-  void press(const char* name) const { QTest::mouseClick(button(name), Qt::LeftButton); }
+  void openTab(int tab) const { test::openPage(*part<QTabWidget>(screen, "SSTab1"), tab); }
+  void press(const char* name) const { test::press(*button(name)); }
   test::SeenBox pressAndAnswer(const char* name, QMessageBox::StandardButton answer) const {
-    const auto box = answerNextBox(answer);
+    test::BoxScript boxes({answer});
     press(name);
-    return *box;
+    return boxes.seen.value(0);
   }
   void enterKm(const QString& reading, const QString& after, const QString& text) const {
-    field("tx_km_allas")->setText(reading);
-    field("tx_km_mulva")->setText(after);
-    field("tx_szoveg")->setText(text);
+    test::typeInto(*field("tx_km_allas"), reading);
+    test::typeInto(*field("tx_km_mulva"), after);
+    test::typeInto(*field("tx_szoveg"), text);
   }
   QStringList estimate() const {
     return {field("tx_atlag_km")->text(), label("lb_varh_datum")->text(), label("Label2")->text(),
@@ -147,8 +146,8 @@ class FigyTest : public QObject {
     const Figy figy(desk);
     figy.enterKm("1000", "500", "Olaj");
     const auto box = figy.pressAndAnswer("cmd_rogzit", QMessageBox::No);
-    compareBox(box, QMessageBox::Question, kRecordTitle, "Biztos JÓK az adatok ?\nMehet a rögzítés ");
-    QCOMPARE(box.byDefault, QMessageBox::Yes);
+    QCOMPARE(box,
+             test::questionBox(kRecordTitle, "Biztos JÓK az adatok ?\nMehet a rögzítés ", QMessageBox::Yes));
     QCOMPARE(desk.storedKm(), std::string());
   }
 
@@ -180,12 +179,11 @@ class FigyTest : public QObject {
     const Figy figy(desk);
     std::filesystem::permissions(desk.current / "figyel.dat", std::filesystem::perms::owner_read);
     figy.enterKm("1000", "500", "Fék");
-    const auto question = answerNextBox(QMessageBox::Yes);
-    const auto error = answerNextBox(QMessageBox::Ok);
+    test::BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
     figy.press("cmd_rogzit");
-    QVERIFY(error->shown);
-    QCOMPARE(error->title, test::kErrorTitle);
-    QCOMPARE(error->icon, QMessageBox::Critical);
+    QCOMPARE(boxes.seen.size(), 2);
+    QCOMPARE(boxes.seen[1].title, test::kErrorTitle);
+    QCOMPARE(boxes.seen[1].icon, QMessageBox::Critical);
     QCOMPARE(desk.storedKm(), before);
     QCOMPARE(figy.field("tx_szoveg")->text(), QStringLiteral("Fék"));
   }
@@ -277,8 +275,7 @@ class FigyTest : public QObject {
     const Figy figy(desk);
     clickRow(figy.kmList(), 0);
     const auto box = figy.pressAndAnswer("cmd_del", QMessageBox::No);
-    compareBox(box, QMessageBox::Question, test::kDeleteTitle, kDeleteText);
-    QCOMPARE(box.byDefault, QMessageBox::No);
+    QCOMPARE(box, kDeleteQuestion);
     QCOMPARE(desk.storedKm(), before);
     QCOMPARE(desk.context.state.selectedReminder, 1);
     QCOMPARE(figy.field("tx_szoveg")->text(), shownText("Olaj"));
@@ -311,11 +308,11 @@ class FigyTest : public QObject {
     figy.openTab(1);
     clickRow(figy.dateList(), 0);
     desk.context.state.selectedReminder = 0;
-    compareBox(figy.pressAndAnswer("cmdDel2", QMessageBox::Ok), QMessageBox::Critical, test::kErrorTitle,
-               test::kNothingSelected);
+    QCOMPARE(figy.pressAndAnswer("cmdDel2", QMessageBox::Ok),
+             test::errorBox(test::kErrorTitle, test::kNothingSelected));
     figy.openTab(0);
-    compareBox(figy.pressAndAnswer("cmd_del", QMessageBox::Ok), QMessageBox::Critical, test::kErrorTitle,
-               test::kNothingSelected);
+    QCOMPARE(figy.pressAndAnswer("cmd_del", QMessageBox::Ok),
+             test::errorBox(test::kErrorTitle, test::kNothingSelected));
     QCOMPARE(desk.storedKm(), before);
   }
 
@@ -356,8 +353,9 @@ class FigyTest : public QObject {
     const Figy figy(desk);
     figy.openTab(1);
     const auto box = figy.pressAndAnswer("cmdRogzit2", QMessageBox::No);
-    compareBox(box, QMessageBox::Question, kRecordTitle,
-               "Biztos JÓK az adatok ?\nMehet a rögzítés ABC-123  gépkocsira?");
+    QCOMPARE(box,
+             test::questionBox(kRecordTitle, "Biztos JÓK az adatok ?\nMehet a rögzítés ABC-123  gépkocsira?",
+                               QMessageBox::Yes));
     QCOMPARE(desk.storedDates(), std::string());
   }
 
@@ -367,8 +365,8 @@ class FigyTest : public QObject {
     desk.storeDates({first});
     const Figy figy(desk);
     figy.openTab(1);
-    figy.picker()->setDate(QDate(2013, 7, 19));
-    part<QLineEdit>(figy.screen, "txtMire")->setText("Műszaki");
+    test::typeInto(*figy.picker(), QDate(2013, 7, 19));
+    test::typeInto(*part<QLineEdit>(figy.screen, "txtMire"), "Műszaki");
     figy.pressAndAnswer("cmdRogzit2", QMessageBox::Yes);
     auto second = dateReminder(14, "Műszaki", "ABC-123");
     second.Beirva = core::FixedText<10>("2013.07.05");
@@ -396,8 +394,7 @@ class FigyTest : public QObject {
     QCOMPARE(desk.context.state.selectedReminder, 2);
     QCOMPARE(part<QLineEdit>(figy.screen, "txtMire")->text(), QString());
     const auto no = figy.pressAndAnswer("cmdDel2", QMessageBox::No);
-    compareBox(no, QMessageBox::Question, test::kDeleteTitle, kDeleteText);
-    QCOMPARE(no.byDefault, QMessageBox::No);
+    QCOMPARE(no, kDeleteQuestion);
     QCOMPARE(desk.storedDates().size(), std::size_t{3 * 68});
     figy.pressAndAnswer("cmdDel2", QMessageBox::Yes);
     QCOMPARE(desk.storedDates(), fileOf({first, third}));

@@ -8,7 +8,6 @@
 namespace tarvik {
 namespace {
 
-using test::answerNextBox;
 using test::clickRow;
 using test::dateReminder;
 using test::fileOf;
@@ -39,9 +38,9 @@ struct Alert {
             caption("lbNapok")};
   }
   test::SeenBox deleteAndAnswer(QMessageBox::StandardButton answer) const {
-    const auto box = answerNextBox(answer);
-    QTest::mouseClick(part<QPushButton>(screen, "cmdDel"), Qt::LeftButton);
-    return *box;
+    test::BoxScript boxes({answer});
+    test::press(*part<QPushButton>(screen, "cmdDel"));
+    return boxes.seen.value(0);
   }
 
   ui::frmDatumFigyelmeztetes screen;
@@ -117,8 +116,8 @@ class FrmDatumFigyelmeztetesTest : public QObject {
     const Alert alert(desk);
     clickRow(alert.list(), 1);
     const auto box = alert.deleteAndAnswer(QMessageBox::No);
-    test::compareBox(box, QMessageBox::Question, test::kDeleteTitle, "Biztos TÖRÖLHETŐ\na figyelmeztetés ?");
-    QCOMPARE(box.byDefault, QMessageBox::No);
+    QCOMPARE(box,
+             test::questionBox(test::kDeleteTitle, "Biztos TÖRÖLHETŐ\na figyelmeztetés ?", QMessageBox::No));
     QVERIFY(alert.screen.isVisible());
     QCOMPARE(desk.storedDates(), fileOf({desk.far, desk.soon, desk.now, desk.late}));
   }
@@ -154,7 +153,7 @@ class FrmDatumFigyelmeztetesTest : public QObject {
     auto* const close = part<QPushButton>(alert.screen, "Command1");
     QVERIFY(close->isDefault());
     QVERIFY(!part<QPushButton>(alert.screen, "cmdDel")->autoDefault());
-    QTest::mouseClick(close, Qt::LeftButton);
+    test::press(*close);
     QVERIFY(!alert.screen.isVisible());
     Alert other(desk);
     QTest::keyClick(&other.screen, Qt::Key_Escape);

@@ -46,10 +46,10 @@ struct Tyres : test::Desk {
   QPoint middleOf(int row) { return list()->visualRect(list()->model()->index(row, 1)).center(); }
   void clickRow(int row) { QTest::mouseClick(list()->viewport(), Qt::LeftButton, {}, middleOf(row)); }
   QPushButton* button(const char* name) { return part<QPushButton>(*screen, name); }
-  void press(const char* name) { QTest::mouseClick(button(name), Qt::LeftButton); }
+  void press(const char* name) { test::press(*button(name)); }
   bool isEnabled(const char* name) { return button(name)->isEnabled(); }
   QString text(const char* name) { return part<QLineEdit>(*screen, name)->text(); }
-  void type(const char* name, const QString& text) { part<QLineEdit>(*screen, name)->setText(text); }
+  void type(const char* name, const QString& text) { test::typeInto(*part<QLineEdit>(*screen, name), text); }
   QString plate() { return part<QComboBox>(*screen, "cmbRendszam")->currentText(); }
   bool isOn(const QString& name) { return screen->findChild<QAbstractButton*>(name)->isChecked(); }
   bool isChangeOpen() { return part<QGroupBox>(*screen, "frameGumiModosit")->isVisible(); }
@@ -231,8 +231,8 @@ class frmGumikTest : public QObject {
     tyres.type("txtGumiMaxKm", "35 000,5");
     tyres.type("txtGumiKmFelszerelKor", "120000.5");
     tyres.type("txtGumiAzotaFutottKm", "500 km");
-    part<QRadioButton>(*tyres.screen, "opGumiEvszak_1")->click();
-    part<QCheckBox>(*tyres.screen, "chkGumiFentVan")->click();
+    test::press(*part<QRadioButton>(*tyres.screen, "opGumiEvszak_1"));
+    test::press(*part<QCheckBox>(*tyres.screen, "chkGumiFentVan"));
     tyres.press("cmdGumiRogzites");
     const TyreSet expected{.plate = core::FixedText<10>("ABC-123"),
                            .kmWhenFitted = 120'000,
@@ -262,12 +262,11 @@ class frmGumikTest : public QObject {
     tyres.store({setOf("ABC-123", "a")});
     tyres.open();
     tyres.type("txtGumiTipusa", "Barum");
-    const auto box = test::answerNextBox(QMessageBox::Ok);
+    test::BoxScript boxes({QMessageBox::Ok});
     tyres.press("cmdGumiRogzites");
-    QVERIFY(box->shown);
-    QCOMPARE(box->title, " H i b a !");
-    QCOMPARE(box->text, "Nem szám van a mezőben: Max. km\n\nSemmi sem változott.");
-    QCOMPARE(box->icon, QMessageBox::Critical);
+    QCOMPARE(boxes.seen.value(0).title, " H i b a !");
+    QCOMPARE(boxes.seen.value(0).text, "Nem szám van a mezőben: Max. km\n\nSemmi sem változott.");
+    QCOMPARE(boxes.seen.value(0).icon, QMessageBox::Critical);
     QCOMPARE(tyres.storedCount(), 1);
     QCOMPARE(tyres.text("txtGumiTipusa"), "Barum");
   }
@@ -324,7 +323,7 @@ class frmGumikTest : public QObject {
     tyres.type("txtMMaxKm", "50000");
     tyres.type("txtMKmFelszKor", "1");
     tyres.type("txtMAzotaFutott", "2");
-    part<QRadioButton>(*tyres.screen, "opMEszak_2")->click();
+    test::press(*part<QRadioButton>(*tyres.screen, "opMEszak_2"));
     tyres.press("cmdGumiModosit");
     const TyreSet expected{.plate = core::FixedText<10>("ABC-123"),
                            .kmWhenFitted = 1,
@@ -359,9 +358,9 @@ class frmGumikTest : public QObject {
     tyres.clickRow(0);
     tyres.press("cmdGumiModositKeret");
     tyres.type("txtMMaxKm", "");
-    const auto box = test::answerNextBox(QMessageBox::Ok);
+    test::BoxScript boxes({QMessageBox::Ok});
     tyres.press("cmdGumiModosit");
-    QCOMPARE(box->text, "Nem szám van a mezőben: Max. km\n\nSemmi sem változott.");
+    QCOMPARE(boxes.seen.value(0).text, "Nem szám van a mezőben: Max. km\n\nSemmi sem változott.");
     QVERIFY(tyres.isChangeOpen());
     QVERIFY(tyres.stored(1) == setOf("ABC-123", "a"));
   }
@@ -431,9 +430,9 @@ class frmGumikTest : public QObject {
     tyres.open();
     tyres.clickRow(0);
     tyres.press("cmdGumiDel");
-    const auto box = test::answerNextBox(QMessageBox::Ok);
+    test::BoxScript boxes({QMessageBox::Ok});
     tyres.press("cmdGumiFel");
-    QVERIFY(box->text.startsWith("Ez a tétel már nincs a fájlban:\n"));
+    QVERIFY(boxes.seen.value(0).text.startsWith("Ez a tétel már nincs a fájlban:\n"));
     QCOMPARE(tyres.storedCount(), 0);
   }
 
@@ -454,9 +453,9 @@ class frmGumikTest : public QObject {
   void aFileThatCannotBeReadIsToldWhenTheScreenOpens() {
     Tyres tyres;
     tyres.program.makeFolder("Gumik.dat");
-    const auto box = test::answerNextBox(QMessageBox::Ok);
+    test::BoxScript boxes({QMessageBox::Ok});
     tyres.open();
-    QVERIFY(box->text.startsWith("A fájl nem nyitható meg:\n"));
+    QVERIFY(boxes.seen.value(0).text.startsWith("A fájl nem nyitható meg:\n"));
     QCOMPARE(tyres.list()->model()->rowCount(), 0);
   }
 

@@ -16,8 +16,8 @@
 namespace tarvik {
 namespace {
 
-using test::answerNextBox;
-using test::openBox;
+using test::BoxScript;
+using test::errorBox;
 using test::padded;
 using test::part;
 
@@ -41,16 +41,17 @@ struct Setup : test::Desk {
   QListWidget* list(const char* name) const { return part<QListWidget>(screen, name); }
   QComboBox* startPlate() const { return part<QComboBox>(screen, "cmbRendszam"); }
   QCheckBox* reminders() const { return part<QCheckBox>(screen, "chkRiaszt"); }
-  void openPage(int page) const { part<QTabWidget>(screen, "SSTab1")->setCurrentIndex(page); }
+  void openPage(int page) const { test::openPage(*part<QTabWidget>(screen, "SSTab1"), page); }
 
   void show() {
     screen.show();
     QVERIFY(QTest::qWaitForWindowActive(&screen));
   }
-  void press(const char* name) const { QTest::mouseClick(button(name), Qt::LeftButton); }
+  void press(const char* name) const { test::press(*button(name)); }
+  void type(const char* name, const QString& text) const { test::typeInto(*field(name), text); }
   void add(const QString& plate, const QString& tank) const {
-    field("txRendszam")->setText(plate);
-    field("txTank")->setText(tank);
+    type("txRendszam", plate);
+    type("txTank", tank);
     press("cmdRendszamFelvesz");
   }
   void clickRow(const char* name, int row) const {
@@ -71,22 +72,8 @@ struct Setup : test::Desk {
   ui::frmSetup screen;
 };
 
-void compareError(const test::SeenBox& box, const QString& title, const QString& text) {
-  QVERIFY(box.shown);
-  QCOMPARE(box.title, title);
-  QCOMPARE(box.text, text);
-  QCOMPARE(box.icon, QMessageBox::Critical);
-  QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
-}
-
-void compareDeletionQuestion(const test::SeenBox& box) {
-  QVERIFY(box.shown);
-  QCOMPARE(box.title, " TÖRLÉS az adatállományból !");
-  QCOMPARE(box.text, "Biztos T Ö R Ö L H E T Ő\na kijelölt tétel? ");
-  QCOMPARE(box.icon, QMessageBox::Question);
-  QCOMPARE(box.buttons, QMessageBox::Yes | QMessageBox::No);
-  QCOMPARE(box.byDefault, QMessageBox::No);
-}
+const test::SeenBox kDeletionQuestion = test::questionBox(
+    " TÖRLÉS az adatállományból !", "Biztos T Ö R Ö L H E T Ő\na kijelölt tétel? ", QMessageBox::No);
 
 QString fifty(const char* text) {
   return QString::fromUtf8(text).leftJustified(50);
@@ -314,20 +301,20 @@ void frmSetup_test::aFileThatIsAFolderIsToldAndTheOthersAreRead() {
   Setup setup;
   setup.current.makeFolder("rendsz.dat");
   setup.current.write("megjegyz.dat", padded("Mos\xE1s", 50));
-  const auto box = answerNextBox(QMessageBox::Ok);
+  BoxScript boxes({QMessageBox::Ok});
   setup.show();
-  QVERIFY(box->shown);
-  QCOMPARE(box->title, " H i b a !");
-  QCOMPARE(box->icon, QMessageBox::Critical);
-  QVERIFY(box->text.startsWith("A fájl nem nyitható meg:\n"));
+  QCOMPARE(boxes.seen.value(0).title, " H i b a !");
+  QCOMPARE(boxes.seen.value(0).icon, QMessageBox::Critical);
+  QVERIFY(boxes.seen.value(0).text.startsWith("A fájl nem nyitható meg:\n"));
   QCOMPARE(setup.rows("listMegj"), QStringList({fifty("Mosás")}));
 }
 
 void frmSetup_test::theAddButtonIsEnabledWhileThePlateHasText() {
-  const Setup setup;
-  setup.field("txRendszam")->setText(" ");
+  Setup setup;
+  setup.show();
+  setup.type("txRendszam", " ");
   QVERIFY(setup.button("cmdRendszamFelvesz")->isEnabled());
-  setup.field("txRendszam")->clear();
+  setup.type("txRendszam", "");
   QVERIFY(!setup.button("cmdRendszamFelvesz")->isEnabled());
 }
 
@@ -343,9 +330,9 @@ void frmSetup_test::aMissingTankSizeIsToldAndItsFieldFocused() {
   QFETCH(QString, tank);
   Setup setup;
   setup.show();
-  const auto box = answerNextBox(QMessageBox::Ok);
+  BoxScript boxes({QMessageBox::Ok});
   setup.add("ABC123", tank);
-  compareError(*box, "HIBA", "Nincs megadva üzemanyag tank méret!\nPótold...");
+  QCOMPARE(boxes.seen, QList{errorBox("HIBA", "Nincs megadva üzemanyag tank méret!\nPótold...")});
   QCOMPARE(setup.screen.focusWidget()->objectName(), "txTank");
   QCOMPARE(setup.current.read("rendsz.dat"), "");
   QVERIFY(setup.program.names().empty());
@@ -354,9 +341,9 @@ void frmSetup_test::aMissingTankSizeIsToldAndItsFieldFocused() {
 void frmSetup_test::aPlateOfOnlySpacesIsToldAndItsFieldFocused() {
   Setup setup;
   setup.show();
-  const auto box = answerNextBox(QMessageBox::Ok);
+  BoxScript boxes({QMessageBox::Ok});
   setup.add("   ", "45");
-  compareError(*box, "HIBA", "Nincs megadva rendszám!\nPótold...");
+  QCOMPARE(boxes.seen, QList{errorBox("HIBA", "Nincs megadva rendszám!\nPótold...")});
   QCOMPARE(setup.screen.focusWidget()->objectName(), "txRendszam");
   QCOMPARE(setup.current.read("rendsz.dat"), "");
 }
@@ -364,9 +351,9 @@ void frmSetup_test::aPlateOfOnlySpacesIsToldAndItsFieldFocused() {
 void frmSetup_test::theTankSizeIsAskedForBeforeThePlate() {
   Setup setup;
   setup.show();
-  const auto box = answerNextBox(QMessageBox::Ok);
+  BoxScript boxes({QMessageBox::Ok});
   setup.add("   ", "0");
-  compareError(*box, "HIBA", "Nincs megadva üzemanyag tank méret!\nPótold...");
+  QCOMPARE(boxes.seen, QList{errorBox("HIBA", "Nincs megadva üzemanyag tank méret!\nPótold...")});
 }
 
 void frmSetup_test::tankSizesAreStoredAsTheLeadingNumberRounded_data() {
@@ -426,9 +413,9 @@ void frmSetup_test::aPlateTypedWithALeadingSpaceKeepsItInTheListOnly() {
 void frmSetup_test::aPlateThatNamesNoFolderIsRecordedWithoutABox() {
   Setup setup;
   setup.show();
-  const auto box = answerNextBox(QMessageBox::Ok);
+  BoxScript boxes;
   for (const char* plate : {"..", "a/b", "a\\b"}) setup.add(plate, "45");
-  QVERIFY(!box->shown);
+  QCOMPARE(boxes.seen.size(), 0);
   QCOMPARE(setup.rows("List1"), QStringList({"..       - 45", "a/b      - 45", "a\\b      - 45"}));
   QVERIFY(setup.program.names().empty());
 }
@@ -436,9 +423,10 @@ void frmSetup_test::aPlateThatNamesNoFolderIsRecordedWithoutABox() {
 void frmSetup_test::aTankPastTheFieldIsToldAndNothingChanges() {
   Setup setup;
   setup.show();
-  const auto box = answerNextBox(QMessageBox::Ok);
+  BoxScript boxes({QMessageBox::Ok});
   setup.add("ABC123", "40000");
-  compareError(*box, " H i b a !", "Túl nagy szám: Üzemanyag tank mérete\n\nSemmi sem változott.");
+  QCOMPARE(boxes.seen,
+           QList{errorBox(" H i b a !", "Túl nagy szám: Üzemanyag tank mérete\n\nSemmi sem változott.")});
   QCOMPARE(setup.current.read("rendsz.dat"), "");
   QVERIFY(setup.program.names().empty());
   QCOMPARE(setup.field("txTank")->text(), "40000");
@@ -447,12 +435,11 @@ void frmSetup_test::aTankPastTheFieldIsToldAndNothingChanges() {
 void frmSetup_test::addingToAListThatIsAFolderIsToldAndNothingChanges() {
   Setup setup;
   setup.current.makeFolder("rendsz.dat");
-  const auto atStart = answerNextBox(QMessageBox::Ok);
+  BoxScript boxes({QMessageBox::Ok, QMessageBox::Ok});
   setup.show();
   const QSignalSpy changed(&setup.screen, &ui::frmSetup::vehiclesChanged);
-  const auto box = answerNextBox(QMessageBox::Ok);
   setup.add("ABC123", "45");
-  QCOMPARE(box->title, " H i b a !");
+  QCOMPARE(boxes.seen.value(1).title, " H i b a !");
   QCOMPARE(changed.count(), 0);
   QVERIFY(setup.program.names().empty());
   QCOMPARE(setup.field("txRendszam")->text(), "ABC123");
@@ -461,8 +448,8 @@ void frmSetup_test::addingToAListThatIsAFolderIsToldAndNothingChanges() {
 void frmSetup_test::enterInEitherFieldAdds() {
   Setup setup;
   setup.show();
-  setup.field("txRendszam")->setText("ABC123");
-  setup.field("txTank")->setText("45");
+  setup.type("txRendszam", "ABC123");
+  setup.type("txTank", "45");
   QTest::keyClick(setup.field("txTank"), Qt::Key_Return);
   QTest::keyClick(setup.field("txRendszam"), Qt::Key_Return);
   QCOMPARE(setup.rows("List1"), QStringList({"ABC123   - 45", "ABC123   - 45"}));
@@ -486,11 +473,11 @@ void frmSetup_test::deletingAVehicleAsksNothingAndLeavesBarePlates() {
   setup.program.makeFolder("ABC123");
   setup.show();
   const QSignalSpy changed(&setup.screen, &ui::frmSetup::vehiclesChanged);
-  const auto box = answerNextBox(QMessageBox::Yes);
+  BoxScript boxes;
   setup.clickRow("List1", 0);
   setup.press("cmdRendszamDel");
   const QStringList plates{"ŐŰ-456  ", "GHI789  "};
-  QVERIFY(!box->shown);
+  QCOMPARE(boxes.seen.size(), 0);
   QCOMPARE(setup.rows("List1"), plates);
   QCOMPARE(setup.startPlates(), plates);
   QCOMPARE(changed.count(), 1);
@@ -563,9 +550,9 @@ void frmSetup_test::decliningADeletionLeavesEverything() {
   setup.openPage(2);
   setup.clickRow(list, 1);
   QVERIFY(setup.button(button)->isEnabled());
-  const auto box = answerNextBox(QMessageBox::No);
+  BoxScript boxes({QMessageBox::No});
   setup.press(button);
-  compareDeletionQuestion(*box);
+  QCOMPARE(boxes.seen, QList{kDeletionQuestion});
   QCOMPARE(setup.rows(list), QStringList({fifty("A"), fifty("B")}));
   QVERIFY(setup.list(list)->selectedItems().isEmpty());
   QVERIFY(!setup.button(button)->isEnabled());
@@ -585,9 +572,9 @@ void frmSetup_test::confirmingADeletionRemovesTheClickedText() {
   setup.show();
   setup.openPage(2);
   setup.clickRow(list, 1);
-  const auto box = answerNextBox(QMessageBox::Yes);
+  BoxScript boxes({QMessageBox::Yes});
   setup.press(button);
-  compareDeletionQuestion(*box);
+  QCOMPARE(boxes.seen, QList{kDeletionQuestion});
   QCOMPARE(setup.rows(list), QStringList({fifty("A"), fifty("C")}));
   QVERIFY(!setup.button(button)->isEnabled());
   QCOMPARE(setup.current.read(file.toStdString()), padded("A", 50) + padded("C", 50));
@@ -599,19 +586,19 @@ void frmSetup_test::theNoteButtonIsDisabledBeforeTheQuestionThePartButtonAfterIt
   setup.current.write("megjegyz.dat", padded("B", 50));
   setup.show();
   setup.openPage(2);
-  bool partEnabled = false;
-  bool noteEnabled = true;
-  const auto onPart = [&] { partEnabled = setup.button("cmdAlkatrDel")->isEnabled(); };
-  const auto onNote = [&] { noteEnabled = setup.button("cmdMegjDel")->isEnabled(); };
+  QList<bool> partEnabled;
+  QList<bool> noteEnabled;
+  BoxScript boxes({QMessageBox::No, QMessageBox::No});
+  boxes.whileOpen = [&](QMessageBox&) {
+    partEnabled << setup.button("cmdAlkatrDel")->isEnabled();
+    noteEnabled << setup.button("cmdMegjDel")->isEnabled();
+  };
   setup.clickRow("listAlkatr", 0);
-  const auto partBox = answerNextBox(QMessageBox::No, onPart);
   setup.press("cmdAlkatrDel");
   setup.clickRow("listMegj", 0);
-  const auto noteBox = answerNextBox(QMessageBox::No, onNote);
   setup.press("cmdMegjDel");
-  QVERIFY(partBox->shown && noteBox->shown);
-  QVERIFY(partEnabled);
-  QVERIFY(!noteEnabled);
+  QCOMPARE(partEnabled, (QList{true, false}));
+  QCOMPARE(noteEnabled, (QList{false, false}));
 }
 
 void frmSetup_test::aFailedDeletionLeavesTheListAndCanBeTriedAgain() {
@@ -621,10 +608,9 @@ void frmSetup_test::aFailedDeletionLeavesTheListAndCanBeTriedAgain() {
   setup.show();
   setup.openPage(2);
   setup.clickRow("listMegj", 0);
-  const auto question = answerNextBox(QMessageBox::Yes);
-  const auto error = answerNextBox(QMessageBox::Ok);
+  BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
   setup.press("cmdMegjDel");
-  QCOMPARE(error->title, " H i b a !");
+  QCOMPARE(boxes.seen.value(1).title, " H i b a !");
   QCOMPARE(setup.rows("listMegj"), QStringList({fifty("A")}));
   QCOMPARE(setup.current.read("megjegyz.dat"), padded("A", 50));
   setup.clickRow("listMegj", 0);
@@ -636,22 +622,22 @@ void frmSetup_test::savingWritesThePlateAndTheFlagWithoutAMessage() {
   setup.current.write("rendsz.dat", kTwoVehicles);
   setup.show();
   setup.openPage(1);
-  const auto box = answerNextBox(QMessageBox::Ok);
-  setup.startPlate()->setCurrentIndex(0);
-  setup.reminders()->click();
+  BoxScript boxes;
+  test::choose(*setup.startPlate(), 0);
+  test::press(*setup.reminders());
   setup.press("cmdSetup");
   QCOMPARE(setup.current.read("set.dat"), kRemindersOn);
-  setup.reminders()->click();
+  test::press(*setup.reminders());
   setup.press("cmdSetup");
   QCOMPARE(setup.current.read("set.dat"), kRemindersOff);
-  QVERIFY(!box->shown);
+  QCOMPARE(boxes.seen.size(), 0);
 }
 
 void frmSetup_test::savingCutsThePlateToTenCharacters() {
   Setup setup;
   setup.show();
   setup.openPage(1);
-  setup.startPlate()->setEditText("ŐBCDEFGHIJK");
+  test::typeInto(*setup.startPlate(), "ŐBCDEFGHIJK");
   setup.press("cmdSetup");
   QCOMPARE(setup.current.read("set.dat"), std::string("\x00\x00\xD5"
                                                       "BCDEFGHIJ",
@@ -674,8 +660,7 @@ void frmSetup_test::enterOnTheStartPageSavesThePlateAsTyped() {
   setup.current.write("rendsz.dat", kTwoVehicles);
   setup.show();
   setup.openPage(1);
-  setup.startPlate()->setFocus();
-  setup.startPlate()->setEditText("abc123  ");
+  test::typeInto(*setup.startPlate(), "abc123  ");
   QTest::keyClick(setup.startPlate(), Qt::Key_Return);
   QCOMPARE(setup.current.read("set.dat"), std::string("\x00\x00"
                                                       "abc123    ",
@@ -685,20 +670,21 @@ void frmSetup_test::enterOnTheStartPageSavesThePlateAsTyped() {
 void frmSetup_test::theSwitchTogglesTheStateWhateverTheBoxShows() {
   Setup setup;
   setup.show();
+  setup.openPage(1);
   const QSignalSpy switched(&setup.screen, &ui::frmSetup::reminderTimerWanted);
   setup.context.state.reminderState = 1;
-  setup.reminders()->click();
+  test::press(*setup.reminders());
   QVERIFY(setup.reminders()->isChecked());
   QCOMPARE(setup.context.state.reminderState, 0);
   QCOMPARE(setup.reminders()->text(), kOn);
   QCOMPARE(switched.last().first().toBool(), true);
-  setup.reminders()->click();
+  test::press(*setup.reminders());
   QVERIFY(!setup.reminders()->isChecked());
   QCOMPARE(setup.context.state.reminderState, 1);
   QCOMPARE(setup.reminders()->text(), kOff);
   QCOMPARE(switched.last().first().toBool(), false);
   setup.context.state.reminderState = 0;
-  setup.reminders()->click();
+  test::press(*setup.reminders());
   QCOMPARE(setup.context.state.reminderState, 1);
   QCOMPARE(setup.reminders()->text(), kOff);
   QCOMPARE(switched.count(), 3);
@@ -708,7 +694,8 @@ void frmSetup_test::theSwitchChangesNothingOnDisk() {
   Setup setup;
   setup.current.write("set.dat", kRemindersOff);
   setup.show();
-  setup.reminders()->click();
+  setup.openPage(1);
+  test::press(*setup.reminders());
   QCOMPARE(setup.current.read("set.dat"), kRemindersOff);
 }
 

@@ -49,12 +49,12 @@ struct Log : test::Desk {
                       list()->visualRect(list()->model()->index(row, 1)).center());
   }
   QPushButton* button(const char* name) { return part<QPushButton>(*screen, name); }
-  void press(const char* name) { QTest::mouseClick(button(name), Qt::LeftButton); }
+  void press(const char* name) { test::press(*button(name)); }
   QString text(const char* name) { return part<QLineEdit>(*screen, name)->text(); }
-  void type(const char* name, const QString& text) { part<QLineEdit>(*screen, name)->setText(text); }
+  void type(const char* name, const QString& text) { test::typeInto(*part<QLineEdit>(*screen, name), text); }
   QComboBox* plates() { return part<QComboBox>(*screen, "cmbRendszam2"); }
   QDateEdit* date() { return part<QDateEdit>(*screen, "DTPSzerviz"); }
-  void checkAllCars() { part<QCheckBox>(*screen, "chkOsszesAuto")->click(); }
+  void checkAllCars() { test::press(*part<QCheckBox>(*screen, "chkOsszesAuto")); }
 
   std::unique_ptr<frmSzerviz> screen;
 };
@@ -202,7 +202,7 @@ class frmSzervizTest : public QObject {
     log.type("txtAlkatresz", "Fékbetét");
     log.type("txtSzervizKoltseg", "12.5");
     log.type("txtKMora", "133000 km");
-    log.date()->setDate(QDate(2013, 7, 4));
+    test::typeInto(*log.date(), QDate(2013, 7, 4));
     log.press("cmdRogzitSzerviz");
     const Repair expected{.plate = core::FixedText<10>("ABC-123"),
                           .date = 41'459,
@@ -222,10 +222,10 @@ class frmSzervizTest : public QObject {
     log.open();
     log.type("txtSzervizMegnev", "a");
     log.type("txtSzervizKoltseg", "2147483648");
-    const auto box = test::answerNextBox(QMessageBox::Ok);
+    test::BoxScript boxes({QMessageBox::Ok});
     log.press("cmdRogzitSzerviz");
-    QCOMPARE(box->title, " H i b a !");
-    QCOMPARE(box->text, "Túl nagy szám: Költség\n\nSemmi sem változott.");
+    QCOMPARE(boxes.seen.value(0).title, " H i b a !");
+    QCOMPARE(boxes.seen.value(0).text, "Túl nagy szám: Költség\n\nSemmi sem változott.");
     QCOMPARE(log.storedCount(), 0);
     QCOMPARE(log.text("txtSzervizMegnev"), "a");
   }
@@ -233,9 +233,9 @@ class frmSzervizTest : public QObject {
   void aTotalThatIsTooLargeIsToldAndTheEntryCanStillBeDeleted() {
     Log log;
     log.store({repairOf("ABC-123", "a", 2'000'000'000), repairOf("ABC-123", "b", 2'000'000'000)});
-    const auto box = test::answerNextBox(QMessageBox::Ok);
+    test::BoxScript boxes({QMessageBox::Ok});
     log.open();
-    QCOMPARE(box->text, "Túl nagy szám: Költség összesen\n\nSemmi sem változott.");
+    QCOMPARE(boxes.seen.value(0).text, "Túl nagy szám: Költség összesen\n\nSemmi sem változott.");
     QCOMPARE(log.total(), QString());
     log.clickRow(1);
     log.press("cmdDelSzerviz");

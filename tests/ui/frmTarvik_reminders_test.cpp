@@ -144,7 +144,7 @@ class FrmTarvikRemindersTest : public QObject {
     ScreenWatch screens;
     main.tick();
     QCOMPARE(screens.opened, QStringList());
-    main.combo("Combo1")->setEditText("XYZ789");
+    main.type("Combo1", "XYZ789");
     main.tick();
     QCOMPARE(screens.opened, (QStringList{"riaszt"}));
   }

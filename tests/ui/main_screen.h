@@ -17,6 +17,7 @@
 #include "tests/support/fixed_clock.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/ui/box_script.h"
+#include "tests/ui/by_hand.h"
 #include "ui/frmTarvik.h"
 
 namespace tarvik::test {
@@ -49,13 +50,13 @@ struct MainScreen {
   QCheckBox* box(const char* name) { return find<QCheckBox>(name); }
   QString label(const char* name) { return find<QLabel>(name)->text(); }
   QTreeView* list() { return find<QTreeView>("ListView1"); }
-  void press(const char* name) { find<QAbstractButton>(name)->click(); }
+  void press(const char* name) { test::press(*find<QAbstractButton>(name)); }
   void type(const char* name, const QString& text) {
-    edit(name)->setFocus();
-    edit(name)->selectAll();
-    QTest::keyClick(edit(name), Qt::Key_Delete);
-    QTest::keyClicks(edit(name), text);
+    if (auto* chooser = screen->findChild<QComboBox*>(QString::fromUtf8(name)))
+      return typeInto(*chooser, text);
+    typeInto(*edit(name), text);
   }
+  void type(const char* name, QDate day) { typeInto(*find<QDateEdit>(name), day); }
 
   int rows() { return list()->model()->rowCount(); }
   QString cell(int row, int column) { return list()->model()->index(row, column).data().toString(); }

@@ -18,7 +18,7 @@ QString asTyped(const std::string& litres) {
 void enter(MainScreen& main, const FillUp& fill) {
   main.screen->activateWindow();  // the question took the front
   QVERIFY(QTest::qWaitForWindowActive(main.screen.get()));
-  main.find<QDateEdit>("DTPicker1")->setDate(QDate(fill.date.year, fill.date.month, fill.date.day));
+  main.type("DTPicker1", QDate(fill.date.year, fill.date.month, fill.date.day));
   main.type("txKmOra", QString::number(fill.km));
   main.type("txTankoltLiter", asTyped(fill.litres));
   main.type("txTankoltKtg", QString::number(fill.costFt));

@@ -49,15 +49,6 @@ inline QString shownText(const QString& text) {
   return text.leftJustified(40);
 }
 
-/// What a box must have said.
-inline void compareBox(const SeenBox& box, QMessageBox::Icon icon, const QString& title,
-                       const QString& text) {
-  QVERIFY(box.shown);
-  QCOMPARE(box.icon, icon);
-  QCOMPARE(box.title, title);
-  QCOMPARE(box.text, text);
-}
-
 /// Whether the window stands in the middle of its display, give or take its frame.
 inline bool isCentred(const QWidget& window) {
   const QPoint off = window.frameGeometry().center() - window.screen()->availableGeometry().center();

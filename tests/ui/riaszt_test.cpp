@@ -51,7 +51,7 @@ struct Alert {
     QTest::mouseClick(list()->viewport(), Qt::LeftButton, {},
                       list()->visualItemRect(list()->item(row)).center());
   }
-  void press() const { QTest::mouseClick(part<QPushButton>(screen, "cmd_torles"), Qt::LeftButton); }
+  void press() const { test::press(*part<QPushButton>(screen, "cmd_torles")); }
   QStringList details() const {
     QStringList texts;
     for (const char* name :
@@ -108,9 +108,9 @@ class RiasztTest : public QObject {
     const Alert alert(desk);
     QCOMPARE(alert.lines(), QStringList());
     QCOMPARE(desk.context.state.alertSelection, 0);
-    const auto box = test::answerNextBox(QMessageBox::Ok);
+    test::BoxScript boxes({QMessageBox::Ok});
     alert.press();
-    test::compareBox(*box, QMessageBox::Critical, test::kErrorTitle, test::kNothingSelected);
+    QCOMPARE(boxes.seen, QList{test::errorBox(test::kErrorTitle, test::kNothingSelected)});
     QCOMPARE(desk.storedKm(), std::string());
   }
 
@@ -146,10 +146,9 @@ class RiasztTest : public QObject {
     AlertDesk desk;
     const Alert alert(desk);
     desk.storeKm({desk.other});
-    const auto box = test::answerNextBox(QMessageBox::Ok);
+    test::BoxScript boxes({QMessageBox::Ok});
     alert.press();
-    QVERIFY(box->shown);
-    QCOMPARE(box->title, test::kErrorTitle);
+    QCOMPARE(boxes.seen.value(0).title, test::kErrorTitle);
     QCOMPARE(desk.storedKm(), fileOf({desk.other}));
   }
 

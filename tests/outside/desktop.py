@@ -1,0 +1,128 @@
+"""A desktop of a test's own: virtual display, window manager, session bus and accessibility service."""
+
+import atexit
+import ctypes
+import os
+import pathlib
+import select
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+
+START_LIMIT_SECONDS = 30
+END_LIMIT_SECONDS = 5
+_PR_SET_PDEATHSIG = 1
+_libc = ctypes.CDLL(None)
+
+
+def _die_with_parent():
+    _libc.prctl(_PR_SET_PDEATHSIG, signal.SIGTERM)
+
+
+def spawn(command, **options):
+    """Starts a process that ends with this one, however this one ends."""
+    return subprocess.Popen(command, stdin=subprocess.DEVNULL, preexec_fn=_die_with_parent, **options)
+
+
+def end(process):
+    """Ends a process of spawn() and waits until it is gone."""
+    if process.poll() is None:
+        process.terminate()
+    try:
+        process.wait(END_LIMIT_SECONDS)
+    except subprocess.TimeoutExpired:
+        process.kill()
+        process.wait()
+
+
+def _line(descriptor, what):
+    """The first line that a starting process writes to tell that it is ready."""
+    text = b""
+    while not text.endswith(b"\n"):
+        if not select.select([descriptor], [], [], START_LIMIT_SECONDS)[0]:
+            raise TimeoutError(f"{what} did not start within {START_LIMIT_SECONDS} s")
+        got = os.read(descriptor, 256)
+        if not got:
+            raise RuntimeError(f"{what} ended at its start")
+        text += got
+    return text.decode().strip()
+
+
+class Desktop:
+    """One a process, because the accessibility library binds a process to one bus. Ends with the process."""
+
+    _running = None
+
+    @classmethod
+    def get(cls):
+        """The desktop of this process, started when it is first asked for."""
+        if cls._running is None:
+            cls._running = cls()
+        return cls._running
+
+    def __init__(self):
+        self.scratch = pathlib.Path(tempfile.mkdtemp(prefix="tarvik-outside-"))
+        self._helpers = []
+        atexit.register(self._end)
+        signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
+        self._set_environment()
+        self._start_display()
+        self._start_bus()
+        self._start_window_manager()
+        subprocess.run(["setxkbmap", "hu"], check=True)
+
+    def spawn(self, command, name, **options):
+        """Starts a process of spawn() that writes to a log of this name."""
+        with open(self.scratch / f"{name}.log", "ab") as log:
+            return spawn(command, stdout=log, stderr=log, **options)
+
+    def photograph(self, path):
+        """Puts a picture of the whole display into a PNG file."""
+        subprocess.run(["import", "-window", "root", str(path)], check=True)
+
+    def _set_environment(self):
+        for name in list(os.environ):
+            if name.startswith(("QT_", "DBUS_", "AT_SPI_", "XDG_", "WAYLAND_", "LC_", "LANG")):
+                del os.environ[name]
+        runtime = self.scratch / "run"
+        runtime.mkdir(mode=0o700)
+        (self.scratch / "home").mkdir()
+        os.environ.update(
+            HOME=str(self.scratch / "home"),
+            XDG_RUNTIME_DIR=str(runtime),
+            LC_ALL="C.UTF-8",
+            GSETTINGS_BACKEND="memory",
+            NO_AT_BRIDGE="1",
+            QT_QPA_PLATFORM="xcb",
+            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
+        )
+
+    def _helper(self, command, ready, **options):
+        name = pathlib.Path(command[0]).name
+        self._helpers.append(self.spawn(command, name, **options))
+        return _line(ready, name)
+
+    def _start_display(self):
+        ready, told = os.pipe()
+        # A new server resets when its last client goes, between two programs.
+        command = ["Xvfb", "-displayfd", str(told), "-screen", "0", "1366x900x24", "-dpi", "96"]
+        number = self._helper(command + ["-nolisten", "tcp", "-noreset"], ready, pass_fds=[told])
+        os.environ["DISPLAY"] = f":{number}"
+
+    def _start_bus(self):
+        ready, told = os.pipe()
+        command = ["dbus-daemon", "--session", "--nofork", f"--print-address={told}"]
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._helper(command, ready, pass_fds=[told])
+
+    def _start_window_manager(self):
+        fifo = self.scratch / "window-manager"
+        os.mkfifo(fifo)
+        ready = os.open(fifo, os.O_RDWR)
+        self._helper(["openbox", "--sm-disable", "--startup", f"sh -c 'echo ready > {fifo}'"], ready)
+
+    def _end(self):
+        for helper in reversed(self._helpers):
+            end(helper)
+        shutil.rmtree(self.scratch, ignore_errors=True)

@@ -1,0 +1,103 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+
+namespace tarvik::test {
+
+/// Why a person cannot use a part of a screen now; null when they can.
+inline const char* outOfReach(const QWidget& part) {
+  const QWidget* modal = QApplication::activeModalWidget();
+  if (!part.isVisible()) return "is hidden";
+  if (part.visibleRegion().isEmpty()) return "is out of sight";
+  if (!part.isEnabled()) return "is disabled";
+  if (modal != nullptr && modal != part.window()) return "is behind another screen";
+  return nullptr;
+}
+
+/// Fails the test because of a part of a screen.
+inline void failOver(const QWidget& part, const QString& why) {
+  QTest::qFail(qPrintable(part.objectName() + QLatin1Char(' ') + why), __FILE__, __LINE__);
+}
+
+/// Whether a person can use a part now; fails the test when not.
+inline bool isInReach(const QWidget& part) {
+  const char* fault = outOfReach(part);
+  if (fault != nullptr) failOver(part, QString::fromLatin1(fault));
+  return fault == nullptr;
+}
+
+/// Types characters one by one, whatever their alphabet.
+inline void typeKeys(QWidget& field, const QString& text) {
+  for (const QChar character : text) {
+    const bool isAscii = character.unicode() < 128;
+    const Qt::Key key = isAscii ? QTest::asciiToKey(character.toLatin1()) : Qt::Key_unknown;
+    QTest::sendKeyEvent(QTest::Click, &field, key, QString(character), Qt::NoModifier);
+  }
+}
+
+/// Clicks into a field, takes away what it holds and types a text; a proposal that then stands selected
+/// behind the text is taken away too. Fails the test when a person could not.
+inline void typeInto(QLineEdit& field, const QString& text) {
+  if (!isInReach(field)) return;
+  if (field.isReadOnly()) return failOver(field, QStringLiteral("takes no text"));
+  QTest::mouseClick(&field, Qt::LeftButton);
+  QTest::keyClick(&field, Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(&field, Qt::Key_Delete);
+  typeKeys(field, text);
+  if (field.hasSelectedText()) QTest::keyClick(&field, Qt::Key_Delete);
+}
+inline void typeInto(QComboBox& field, const QString& text) {
+  if (!isInReach(field)) return;
+  if (!field.isEditable()) return failOver(field, QStringLiteral("takes no text"));
+  typeInto(*field.lineEdit(), text);
+}
+
+/// Types a day into a date field, year first. Fails the test when a person could not.
+inline void typeInto(QDateEdit& field, QDate day) {
+  if (!isInReach(field)) return;
+  field.setFocus(Qt::TabFocusReason);
+  field.setSelectedSection(QDateTimeEdit::YearSection);
+  typeKeys(field, day.toString(QStringLiteral("yyyyMMdd")));
+  if (field.date() != day) failOver(field, "does not take " + day.toString(Qt::ISODate));
+}
+
+/// Clicks a button, a check box or an option. Fails the test when a person could not.
+inline void press(QAbstractButton& button) {
+  if (!isInReach(button)) return;
+  const bool isWhole = qobject_cast<QPushButton*>(&button) != nullptr;
+  const QPoint middle = button.rect().center();
+  QTest::mouseClick(&button, Qt::LeftButton, {}, isWhole ? middle : QPoint(8, middle.y()));
+}
+
+/// Opens a chooser and clicks one of its entries. Fails the test when a person could not.
+inline void choose(QComboBox& chooser, int entry) {
+  if (!isInReach(chooser)) return;
+  chooser.showPopup();
+  QAbstractItemView& entries = *chooser.view();
+  const QRect place =
+      entries.visualRect(chooser.model()->index(entry, chooser.modelColumn(), chooser.rootModelIndex()));
+  QTest::mouseClick(entries.viewport(), Qt::LeftButton, {}, place.center());
+}
+
+/// Brings a page to the front by its tab. Fails the test when a person could not.
+inline void openPage(QTabWidget& pages, int page) {
+  if (!isInReach(*pages.tabBar())) return;
+  QTest::mouseClick(pages.tabBar(), Qt::LeftButton, {}, pages.tabBar()->tabRect(page).center());
+}
+
+/// Moves a scroll bar to a position. Fails the test when a person could not.
+inline void scrollTo(QScrollBar& bar, int position) {
+  if (isInReach(bar)) bar.setSliderPosition(position);
+}
+
+}  // namespace tarvik::test
