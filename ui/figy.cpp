@@ -9,6 +9,7 @@
 #include "ui/handlers.h"
 #include "ui/message_boxes.h"
 #include "ui/models/reminder_rows.h"
+#include "ui/placement.h"
 #include "ui/reminder_parts.h"
 #include "ui/text.h"
 #include "ui_figy.h"
@@ -31,7 +32,8 @@ figy::figy(Context& context, QString plate, QWidget* parent)
   prepareFields();
   prepareLists();
   connectButtons();
-  sizeAndCentre(*this);
+  keepWithinReach(*this);
+  openInTheMiddle(*this);
   guarded(this, [this] { BeolvasFigyel(); });
   guarded(this, [this] { BeolvasFigyDatum(); });
 }

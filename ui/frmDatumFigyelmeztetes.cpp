@@ -7,6 +7,7 @@
 #include "ui/handlers.h"
 #include "ui/message_boxes.h"
 #include "ui/models/reminder_rows.h"
+#include "ui/placement.h"
 #include "ui/reminder_parts.h"
 #include "ui/text.h"
 #include "ui_frmDatumFigyelmeztetes.h"
@@ -22,7 +23,8 @@ frmDatumFigyelmeztetes::frmDatumFigyelmeztetes(Context& context, QWidget* parent
   ui_->ListView1->onRowChosen([this](int row) { return guarded(this, [&] { choose(row); }); });
   onClick(this, ui_->cmdDel, &frmDatumFigyelmeztetes::deleteChosen);
   connect(ui_->Command1, &QPushButton::clicked, this, &QDialog::close);
-  sizeAndCentre(*this);
+  keepWithinReach(*this);
+  openInTheMiddle(*this);
   guarded(this, [this] { load(); });
 }
 

@@ -7,7 +7,8 @@
 namespace tarvik::ui {
 namespace {
 
-constexpr QPoint kFromMainScreen(200, 233);
+constexpr int kRightTwips = 3'000;
+constexpr int kDownTwips = 3'500;
 
 }  // namespace
 
@@ -24,7 +25,9 @@ frmMelyGrafikon::frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* 
   }
   connect(ui_->cmdMegjelenit, &QPushButton::clicked, this, &frmMelyGrafikon::takeChecked);
   connect(ui_->cmdMegsem, &QPushButton::clicked, this, &frmMelyGrafikon::reject);
-  placeAt(*this, mainTopLeft + kFromMainScreen);
+  keepWithinReach(*this);
+  openAt(*this,
+         mainTopLeft + QPoint(pixelsOfTwips(kRightTwips, *this), pixelsOfTwips(kDownTwips, *this)));
 }
 
 frmMelyGrafikon::~frmMelyGrafikon() = default;

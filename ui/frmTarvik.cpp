@@ -15,8 +15,10 @@
 #include "ui/guarded.h"
 #include "ui/handlers.h"
 #include "ui/list_printer.h"
+#include "ui/look.h"
 #include "ui/message_boxes.h"
 #include "ui/note_type_ahead.h"
+#include "ui/placement.h"
 #include "ui/text.h"
 #include "ui_frmTarvik.h"
 
@@ -24,8 +26,7 @@ namespace tarvik::ui {
 namespace {
 
 constexpr int kWidthTwips = 10'600;
-constexpr int kTwipsPerInch = 1'440;
-constexpr int kPixelsPerInch = 96;
+constexpr int kWishedRows = 6;
 
 QStringList trimmedPlates(const settings::Vehicles& vehicles) {
   QStringList plates;
@@ -50,7 +51,6 @@ frmTarvik::frmTarvik(Context& context)
       timer_(new QTimer(this)) {
   ui_->setupUi(this);
   makeAccessible(*this);
-  place();
   setWindowTitle(QStringLiteral("Tarvik - ") + toQt(context_.version));
   setUpFields();
   setUpList();
@@ -59,16 +59,22 @@ frmTarvik::frmTarvik(Context& context)
   connectButtons();
   connectMenu();
   setUpKeyboard();
+  place();
 }
 
 frmTarvik::~frmTarvik() = default;
 
+// The filter may be opened later: the window has its width from the start. Where the display has room the
+// list is taller than it must be; where it is low, the results stand beside each other.
 void frmTarvik::place() {
-  const QRect available = screen()->availableGeometry();
-  const int width = (kWidthTwips * kPixelsPerInch + kTwipsPerInch / 2) / kTwipsPerInch;
-  resize(width, qMin(height(), available.height() - menuBar()->sizeHint().height()));
-  move(available.left() + (available.width() - this->width()) / 2,
-       available.top() + (available.height() - height()) / 2);
+  keepWithinReach(*this);
+  const QMargins sides = ui_->mainLayout->contentsMargins();
+  const int around = sides.left() + sides.right();
+  ui_->FrameSzürö->ensurePolished();
+  ui_->centralwidget->setMinimumWidth(ui_->FrameSzürö->minimumSizeHint().width() + around);
+  const QSize wanted(pixelsOfTwips(kWidthTwips, *this), sizeHint().height() + kWishedRows * rowHeight());
+  const bool isLow = screen()->availableGeometry().height() < ui_->centralwidget->sizeHint().height();
+  openInTheMiddle(*this, isLow ? QSize(ui_->resultBand->wideWidth() + around, wanted.height()) : wanted);
 }
 
 void frmTarvik::setUpFields() {
@@ -133,6 +139,7 @@ void frmTarvik::load() {
   guarded(this, [this] { loadVehicles(); });
   guarded(this, [this] { loadStartSettings(); });
   guarded(this, [this] { beolvas(); }, {.failed = kListIncomplete});
+  ui_->ListView1->scrollToBottom();
 }
 
 void frmTarvik::loadLookups() {

@@ -12,6 +12,7 @@
 #include "settings/lookup_list.h"
 #include "ui/context.h"
 #include "ui/guarded.h"
+#include "ui/list_cues.h"
 #include "ui/models/listing_model.h"
 
 class QComboBox;
@@ -22,6 +23,9 @@ class frmTarvik;
 }
 
 namespace tarvik::ui {
+
+class ListDelegate;
+class ListHint;
 
 /// The main screen: the vehicle selector, the entry's fields, the list with its totals and statistics, the
 /// charts, the reminder switch and the menu that opens the other screens.
@@ -89,6 +93,8 @@ class frmTarvik : public QMainWindow {
   void applyFilter();
   void relistInPlace();
   bool changeLogbook(const QString& done, const std::function<void()>& make);
+  void showCues();
+  void markNewest();
   void showTotals();
   void showHint(QObject* field);
 
@@ -113,6 +119,9 @@ class frmTarvik : public QMainWindow {
   ListingModel* listing_;
   core::Totals totals_;
   QTimer* timer_;
+  ListDelegate* delegate_ = nullptr;
+  ListHint* emptyList_ = nullptr;
+  ShownList shown_;
   std::int16_t selectedEntry_ = 0;
   std::int16_t listMode_ = core::kWholeList;
   bool wasShown_ = false;

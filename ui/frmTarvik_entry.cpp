@@ -118,6 +118,8 @@ void frmTarvik::record() {
     ui_->ChkTeletank->setChecked(true);
   });
   if (isRecorded && !tyres.isDone()) tell(this, tyres.text);
+  if (isRecorded) markNewest();
+  ui_->txKmOra->setFocus();
 }
 
 // The entry is in the logbook by now, whatever becomes of the tyres.

@@ -4,6 +4,8 @@
 
 #include "core/entry_editing.h"
 #include "ui/change.h"
+#include "ui/controls/list_delegate.h"
+#include "ui/controls/list_hint.h"
 #include "ui/frmTarvik.h"
 #include "ui/guarded.h"
 #include "ui/message_boxes.h"
@@ -16,13 +18,15 @@ namespace tarvik::ui {
 
 void frmTarvik::setUpList() {
   ui_->ListView1->setModel(listing_);
-  ui_->ListView1->setColumnCharacters({9, 6, 5, 5, 3, 4, 6, 15});
+  delegate_ = layOutList(*ui_->ListView1, {"9999.99.99.", "9999999", "999,99", "-9999", "X", "X", "X", "", ""});
+  emptyList_ = new ListHint(*ui_->ListView1);
+  connect(ui_->Combo1, &QComboBox::currentTextChanged, this, &frmTarvik::showCues);
   ui_->ListView1->onRowChosen(
       [this](int row) { return guarded(this, [&] { showEntry(listing_->listing().number(row)); }); });
   const QList<QRadioButton*> modes{ui_->opSzürö_0, ui_->opSzürö_1, ui_->opSzürö_2};
   for (int mode = 0; mode < modes.size(); ++mode)
     connect(modes[mode], &QRadioButton::clicked, this, [this, mode] { chooseMode(mode); });
-  ui_->DTPSzürö->setVisible(false);
+  chooseMode(core::kWholeList);
   for (QLineEdit* field :
        {ui_->tx_teljes_ktg, ui_->ob_ktg, ui_->txAlkatreszKoltseg, ui_->tx_liter, ui_->tx_megtett_km})
     field->installEventFilter(this);
@@ -34,6 +38,11 @@ void frmTarvik::beolvas() {
   core::Listing listing{core::loadLogbook(context_.files, context_.folders, platePath()), {}};
   listing.numbers = core::listedEntries(listing.logbook, {listMode_, toLogic(ui_->DTPSzürö->date())});
   listing_->setListing(std::move(listing));
+  shown_ = {.plate = plate().trimmed(),
+            .mode = listMode_,
+            .day = toLogic(ui_->DTPSzürö->date()),
+            .entries = listing_->listing().rows()};
+  showCues();
   try {
     core::updateTotals(listing_->listing(), totals_);
   } catch (...) {
@@ -41,6 +50,19 @@ void frmTarvik::beolvas() {
     throw;
   }
   showTotals();
+}
+
+void frmTarvik::showCues() {
+  showListLine(*ui_->lbNaplo, shown_, plate().trimmed());
+  emptyList_->setText(emptyListText(shown_, ui_->Combo1->count() > 0));
+}
+
+// The newest entry is the last one; after a recording its row is tinted for a moment.
+void frmTarvik::markNewest() {
+  const int last = listing_->rowCount() - 1;
+  if (last < 0) return;
+  ui_->ListView1->scrollToBottom();
+  delegate_->mark(listing_->index(last, listing_->columnCount() - 1).data().toString(), *ui_->ListView1);
 }
 
 void frmTarvik::showTotals() {
@@ -60,6 +82,7 @@ void frmTarvik::toggleFilter() {
 
 void frmTarvik::chooseMode(int mode) {
   listMode_ = static_cast<std::int16_t>(mode);
+  ui_->Label4->setVisible(mode != core::kWholeList);
   ui_->DTPSzürö->setVisible(mode != core::kWholeList);
 }
 

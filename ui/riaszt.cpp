@@ -9,7 +9,9 @@
 #include "ui/change.h"
 #include "ui/controls/row_choice.h"
 #include "ui/dialog_parts.h"
+#include "ui/guarded.h"
 #include "ui/handlers.h"
+#include "ui/placement.h"
 #include "ui/reminder_parts.h"
 #include "ui/text.h"
 #include "ui_riaszt.h"
@@ -46,7 +48,8 @@ riaszt::riaszt(Context& context, const QString& plate, QWidget* parent)
   prepareList();
   choice_ = new RowChoice(ui_->List1, [this](int row) { return guarded(this, [&] { chooseLine(row); }); });
   onClick(this, ui_->cmd_torles, &riaszt::deleteChosen);
-  sizeAndCentre(*this);
+  keepWithinReach(*this);
+  openInTheMiddle(*this);
   guarded(this, [this] { listLines(); });
 }
 

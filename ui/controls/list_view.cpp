@@ -28,12 +28,6 @@ void ListView::setModel(QAbstractItemModel* model) {
   setColumnHidden(model->columnCount() - 1, true);
 }
 
-void ListView::setColumnCharacters(const QList<int>& characters) {
-  const int one = fontMetrics().horizontalAdvance(QLatin1Char('0'));
-  for (int column = 0; column < characters.size(); ++column)
-    header()->resizeSection(column, (characters[column] + 2) * one);
-}
-
 void ListView::sortByHeaderClicks() {
   header()->setSectionsClickable(true);
   connect(header(), &QHeaderView::sectionClicked, this, [this](int column) {

@@ -18,8 +18,6 @@ class ListView : public QTreeView {
   void setModel(QAbstractItemModel* model) override;
   /// Says, once the model is set, what choosing a row does.
   void onRowChosen(RowChoice::Chooser choose);
-  /// Gives each shown column its share of the width, in characters; the last one takes what is left.
-  void setColumnCharacters(const QList<int>& characters);
   /// Lets a click on a header sort the rows by that column, ascending, from then on.
   void sortByHeaderClicks();
   /// The record number of the highlighted row as text; empty when no row is highlighted.
