@@ -7,7 +7,7 @@
 #include "tests/ui/main_screen.h"
 #include "tests/ui/next_dialog.h"
 #include "tests/ui/support.h"
-#include "ui/controls/chart_view.h"
+#include "ui/chart/chart_view.h"
 #include "ui/controls/list_view.h"
 #include "ui/figy.h"
 #include "ui/frmDatumFigyelmeztetes.h"

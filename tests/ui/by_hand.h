@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QTabBar>
 #include <QTabWidget>
@@ -30,8 +31,15 @@ inline void failOver(const QWidget& part, const QString& why) {
   QTest::qFail(qPrintable(part.objectName() + QLatin1Char(' ') + why), __FILE__, __LINE__);
 }
 
+/// Scrolls a part into view where its screen is larger than the display.
+inline void scrollTo(QWidget& part) {
+  for (QWidget* around = part.parentWidget(); around != nullptr; around = around->parentWidget())
+    if (auto* area = qobject_cast<QScrollArea*>(around)) area->ensureWidgetVisible(&part);
+}
+
 /// Whether a person can use a part now; fails the test when not.
-inline bool isInReach(const QWidget& part) {
+inline bool isInReach(QWidget& part) {
+  scrollTo(part);
   const char* fault = outOfReach(part);
   if (fault != nullptr) failOver(part, QString::fromLatin1(fault));
   return fault == nullptr;
@@ -103,7 +111,8 @@ inline void pick(QMenuBar& menu, const char* item) {
     if (action->objectName() != name) continue;
     if (!isInReach(menu)) return;
     if (!action->isVisible() || !action->isEnabled()) return failOver(menu, name + " cannot be chosen");
-    return QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(action).center());
+    QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(action).center());
+    return QCoreApplication::processEvents();  // a command is carried out once its menu has closed
   }
   failOver(menu, "has no " + name);
 }
