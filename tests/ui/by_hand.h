@@ -16,6 +16,12 @@
 
 namespace tarvik::test {
 
+/// Scrolls what lies in scroll areas so that a part comes into view, as a person does.
+inline void bringIntoView(QWidget& part) {
+  for (QWidget* above = part.parentWidget(); above != nullptr; above = above->parentWidget())
+    if (auto* area = qobject_cast<QScrollArea*>(above)) area->ensureWidgetVisible(&part);
+}
+
 /// Why a person cannot use a part of a screen now; null when they can.
 inline const char* outOfReach(const QWidget& part) {
   const QWidget* modal = QApplication::activeModalWidget();
@@ -31,15 +37,9 @@ inline void failOver(const QWidget& part, const QString& why) {
   QTest::qFail(qPrintable(part.objectName() + QLatin1Char(' ') + why), __FILE__, __LINE__);
 }
 
-/// Scrolls a part into view where its screen is larger than the display.
-inline void scrollTo(QWidget& part) {
-  for (QWidget* around = part.parentWidget(); around != nullptr; around = around->parentWidget())
-    if (auto* area = qobject_cast<QScrollArea*>(around)) area->ensureWidgetVisible(&part);
-}
-
-/// Whether a person can use a part now; fails the test when not.
+/// Whether a person can use a part now, if need be by scrolling; fails the test when not.
 inline bool isInReach(QWidget& part) {
-  scrollTo(part);
+  bringIntoView(part);
   const char* fault = outOfReach(part);
   if (fault != nullptr) failOver(part, QString::fromLatin1(fault));
   return fault == nullptr;
