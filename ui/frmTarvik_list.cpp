@@ -25,7 +25,9 @@ void frmTarvik::setUpList() {
       [this](int row) { return guarded(this, [&] { showEntry(listing_->listing().number(row)); }); });
   const QList<QRadioButton*> modes{ui_->opSzürö_0, ui_->opSzürö_1, ui_->opSzürö_2};
   for (int mode = 0; mode < modes.size(); ++mode)
-    connect(modes[mode], &QRadioButton::clicked, this, [this, mode] { chooseMode(mode); });
+    connect(modes[mode], &QRadioButton::toggled, this, [this, mode](bool on) {
+      if (on) chooseMode(mode);
+    });
   chooseMode(core::kWholeList);
   for (QLineEdit* field :
        {ui_->tx_teljes_ktg, ui_->ob_ktg, ui_->txAlkatreszKoltseg, ui_->tx_liter, ui_->tx_megtett_km})
