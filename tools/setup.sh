@@ -20,6 +20,9 @@ TEST_PACKAGES+=(openbox xdotool x11-xkb-utils imagemagick dbus-daemon at-spi2-co
 BENCH_PACKAGES=(libbenchmark-dev libsqlite3-dev xvfb)
 CLANG_PACKAGES=(clang-14 libclang-rt-14-dev clang-tidy-14 clang-format-14)
 COVERAGE_PACKAGES=(gcovr)
+# For the packages to unpack: the manual made into one page, libraries found beside the program.
+PACKAGE_PACKAGES=(pandoc patchelf)
+PACKAGE_TEST_PACKAGES=(desktop-file-utils appstream mmdebstrap dosfstools)
 
 fail() {
   echo "$(basename "$0"): $*" >&2
