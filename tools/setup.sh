@@ -22,6 +22,9 @@ PRINTING_PACKAGES=(cups cups-client printer-driver-cups-pdf)
 BENCH_PACKAGES=(libbenchmark-dev libsqlite3-dev xvfb)
 CLANG_PACKAGES=(clang-14 libclang-rt-14-dev clang-tidy-14 clang-format-14)
 COVERAGE_PACKAGES=(gcovr)
+# For the packages to unpack: the manual made into one page, libraries found beside the program.
+PACKAGE_PACKAGES=(pandoc patchelf)
+PACKAGE_TEST_PACKAGES=(desktop-file-utils appstream mmdebstrap dosfstools)
 
 fail() {
   echo "$(basename "$0"): $*" >&2
