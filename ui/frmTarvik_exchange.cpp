@@ -1,6 +1,8 @@
 #include "exchange/own_format.h"
+#include "ui/change.h"
 #include "ui/csv_files.h"
 #include "ui/frmTarvik.h"
+#include "ui/guarded.h"
 #include "ui/list_menu.h"
 #include "ui/text.h"
 #include "ui_frmTarvik.h"
@@ -22,8 +24,10 @@ void frmTarvik::setUpListMenu() {
 
 void frmTarvik::importLog() {
   if (refusesBlankPlate(QStringLiteral("Így nem olvasható be..."))) return;
-  if (importCsvFile(context_, platePath(), this))
-    relist(QStringLiteral("A bejegyzések bekerültek a naplóba. "));
+  if (!importCsvFile(context_, platePath(), this)) return;
+  guarded(this, [this] { relistInPlace(); },
+          {.failed = QStringLiteral("A bejegyzések bekerültek a naplóba. ") + kListIncomplete});
+  markNewest();
 }
 
 }  // namespace tarvik::ui

@@ -3,18 +3,19 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStyledItemDelegate>
 #include <algorithm>
 #include <optional>
 #include <utility>
 
 #include "core/number_text.h"
 #include "core/record_file.h"
+#include "ui/controls/list_delegate.h"
 #include "ui/controls/list_view.h"
-#include "ui/dialog_parts.h"
 #include "ui/guarded.h"
 #include "ui/import_words.h"
 #include "ui/models/text_list_model.h"
-#include "ui/reminder_parts.h"
+#include "ui/placement.h"
 #include "ui/text.h"
 #include "ui_import_preview.h"
 
@@ -26,6 +27,7 @@ using exchange::DistanceUnit;
 using exchange::VolumeUnit;
 
 constexpr const char* kForint = "HUF";
+constexpr int kWantedCharacters = 130;
 
 bool asksForFactor(const exchange::LogFile& log) {
   return log.hasCosts && log.currency != kForint;
@@ -42,10 +44,10 @@ void showQuestion(QWidget* label, QWidget* field, bool isAsked) {
   field->setVisible(isAsked);
 }
 
-TextListModel* listOn(ListView* view, const QStringList& headers, const QList<int>& characters) {
+TextListModel* listOn(ListView* view, const QStringList& headers, const QStringList& longest) {
   auto* rows = new TextListModel(headers, view);
   view->setModel(rows);
-  view->setColumnCharacters(characters);
+  layOutList(*view, longest);
   return rows;
 }
 
@@ -70,25 +72,33 @@ ImportPreview::ImportPreview(Context& context, ImportSource source, QWidget* par
   connect(ui_->cmdMegsem, &QPushButton::clicked, this, &QDialog::reject);
   connect(entries_, &ImportModel::ticksChanged, this, &ImportPreview::showState);
   showFile();
-  sizeAndCentre(*this);
+  keepWithinReach(*this);
+  openInTheMiddle(*this, wantedSize());
   focusQuestion();
 }
 
 ImportPreview::~ImportPreview() = default;
 
+// The ticks are boxes here, which the program's own rows do not draw.
 void ImportPreview::setUpLists() {
-  ui_->ListViewBejegyzesek->setModel(entries_);
-  ui_->ListViewBejegyzesek->setColumnCharacters({14, 7, 6, 5, 4, 5, 7, 14, 26, 4, 8, 40});
+  ListView* entries = ui_->ListViewBejegyzesek;
+  entries->setModel(entries_);
+  layOutList(*entries, {"MM9999.99.99.", "9999999", "999,99", "-99999", "X", "X", "X", "MMMMMMMMMM", "", "X",
+                        "9 999 999", ""});
+  entries->setItemDelegate(new QStyledItemDelegate(entries));
   for (const int column :
        {core::kOlajColumn, core::kSzuroColumn, core::kGyertyaColumn, core::kAlkatreszColumn})
-    ui_->ListViewBejegyzesek->setColumnHidden(column, !source_.log.isOwn);
-  const int width = ui_->ListViewBejegyzesek->fontMetrics().horizontalAdvance(QLatin1Char('0')) * 130;
-  ui_->ListViewBejegyzesek->setMinimumSize(std::min(width, screen()->availableGeometry().width() * 4 / 5),
-                                           screen()->availableGeometry().height() / 3);
+    entries->setColumnHidden(column, !source_.log.isOwn);
   columns_ = listOn(ui_->ListViewOszlopok, {QStringLiteral("A fájl oszlopa"), QStringLiteral("Jelentése")},
-                    {40, 30});
-  leftOut_ =
-      listOn(ui_->ListViewKimarado, {QStringLiteral("Sor"), QStringLiteral("Miért marad ki")}, {8, 60});
+                    {"", ""});
+  leftOut_ = listOn(ui_->ListViewKimarado, {QStringLiteral("Sor"), QStringLiteral("Miért marad ki")},
+                    {"9999999", ""});
+}
+
+// Wide enough for what is noticed of an entry, as far as the display goes.
+QSize ImportPreview::wantedSize() const {
+  const int width = fontMetrics().horizontalAdvance(QLatin1Char('0')) * kWantedCharacters;
+  return {width, screen()->availableGeometry().height() * 3 / 4};
 }
 
 void ImportPreview::setUpQuestions() {

@@ -43,6 +43,7 @@ class ImportPreview : public QDialog {
  private:
   void setUpQuestions();
   void setUpLists();
+  QSize wantedSize() const;
   void showFile();
   void readAgain();
   void planAgain();

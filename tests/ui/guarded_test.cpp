@@ -62,8 +62,8 @@ class GuardedTest : public QObject {
 
   void anActionThatFailsShowsOneBoxWithItsConsequence() {
     test::BoxScript boxes;
-    QVERIFY(!ui::guarded(
-        nullptr, [] { throw Failure(FailureKind::DivisionByZero).field("txKmOra"); }, "Félig kész."));
+    QVERIFY(!ui::guarded(nullptr, [] { throw Failure(FailureKind::DivisionByZero).field("txKmOra"); },
+                         {.failed = "Félig kész."}));
     QCOMPARE(boxes.seen.size(), 1);
     QCOMPARE(boxes.seen[0].title, QString(" H i b a !"));
     QCOMPARE(boxes.seen[0].text, QString("Nullával kellene osztani: Km óra állás\n\nFélig kész."));
