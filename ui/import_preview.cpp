@@ -64,7 +64,7 @@ ImportPreview::ImportPreview(Context& context, ImportSource source, QWidget* par
       ui_(std::make_unique<Ui::ImportPreview>()),
       context_(context),
       source_(std::move(source)),
-      entries_(new ImportModel(this)) {
+      entries_(new ImportModel(source_.log.isOwn, this)) {
   ui_->setupUi(this);
   setUpLists();
   setUpQuestions();
@@ -83,12 +83,8 @@ ImportPreview::~ImportPreview() = default;
 void ImportPreview::setUpLists() {
   ListView* entries = ui_->ListViewBejegyzesek;
   entries->setModel(entries_);
-  layOutList(*entries, {"MM9999.99.99.", "9999999", "999,99", "-99999", "X", "X", "X", "MMMMMMMMMM", "", "X",
-                        "9 999 999", ""});
+  layOutList(*entries, entries_->longestTexts());
   entries->setItemDelegate(new QStyledItemDelegate(entries));
-  for (const int column :
-       {core::kOlajColumn, core::kSzuroColumn, core::kGyertyaColumn, core::kAlkatreszColumn})
-    entries->setColumnHidden(column, !source_.log.isOwn);
   columns_ = listOn(ui_->ListViewOszlopok, {QStringLiteral("A fájl oszlopa"), QStringLiteral("Jelentése")},
                     {"", ""});
   leftOut_ = listOn(ui_->ListViewKimarado, {QStringLiteral("Sor"), QStringLiteral("Miért marad ki")},

@@ -15,9 +15,24 @@ namespace {
 
 enum Column { kTele = core::kRecColumn, kKoltseg, kEszrevetel, kSor, kColumns };
 
-constexpr const char* kHeaders[kColumns] = {"Dátum",   "Km óra",     "liter",     "Km",         "Olaj",
-                                            "Szürő",   "Gyertya",    "Alkatrész", "Megjegyzés", "Tele",
-                                            "Költség", "Észrevétel", "Sor"};
+struct Look {
+  const char* header;
+  const char* longest;
+};
+
+constexpr Look kLooks[kColumns] = {{"Dátum", "MM9999.99.99."},
+                                   {"Km óra", "9999999"},
+                                   {"liter", "999,99"},
+                                   {"Km", "-99999"},
+                                   {"Olaj", "X"},
+                                   {"Szürő", "X"},
+                                   {"Gyertya", "X"},
+                                   {"Alkatrész", "MMMMMMMMMM"},
+                                   {"Megjegyzés", ""},
+                                   {"Tele", "X"},
+                                   {"Költség", "999 999 999"},
+                                   {"Észrevétel", ""},
+                                   {"Sor", "999999"}};
 
 bool isFigure(int column) {
   return column == core::kKmOraColumn || column == core::kLiterColumn || column == core::kKmColumn ||
@@ -47,7 +62,23 @@ core::Listing listingOf(const exchange::ImportPlan& plan) {
   return listing;
 }
 
+bool isPart(int column) {
+  return column >= core::kOlajColumn && column <= core::kAlkatreszColumn;
+}
+
 }  // namespace
+
+ImportModel::ImportModel(bool hasParts, QObject* parent) : QAbstractTableModel(parent) {
+  for (int column = 0; column < kColumns; ++column)
+    if (hasParts || !isPart(column)) columns_.push_back(column);
+}
+
+QStringList ImportModel::longestTexts() const {
+  QStringList texts;
+  for (const int column : columns_)
+    if (column != kSor) texts.append(QString::fromUtf8(kLooks[column].longest));
+  return texts;
+}
 
 void ImportModel::setPlan(exchange::ImportPlan plan, const core::Logbook& logbook) {
   beginResetModel();
@@ -63,7 +94,7 @@ int ImportModel::rowCount(const QModelIndex& parent) const {
 }
 
 int ImportModel::columnCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : kColumns;
+  return parent.isValid() ? 0 : static_cast<int>(columns_.size());
 }
 
 QString ImportModel::text(const exchange::PlannedEntry& planned, int row, int column) const {
@@ -84,15 +115,16 @@ QString ImportModel::text(const exchange::PlannedEntry& planned, int row, int co
 QVariant ImportModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
   const auto& planned = plan_.entries[static_cast<std::size_t>(index.row())];
+  const int column = columns_[static_cast<std::size_t>(index.column())];
   switch (role) {
     case Qt::DisplayRole:
-      return text(planned, index.row(), index.column());
+      return text(planned, index.row(), column);
     case Qt::ToolTipRole:
-      return index.column() == kEszrevetel ? QVariant(wordsOf(planned.doubts)) : QVariant();
+      return column == kEszrevetel ? QVariant(wordsOf(planned.doubts)) : QVariant();
     case Qt::TextAlignmentRole:
-      return QVariant::fromValue(alignmentOf(index.column()));
+      return QVariant::fromValue(alignmentOf(column));
     case Qt::CheckStateRole:
-      if (index.column() != core::kDatumColumn) return {};
+      if (column != core::kDatumColumn) return {};
       return planned.isTaken ? Qt::Checked : Qt::Unchecked;
     default:
       return {};
@@ -100,9 +132,10 @@ QVariant ImportModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant ImportModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal || section < 0 || section >= kColumns) return {};
-  if (role == Qt::DisplayRole) return QString::fromUtf8(kHeaders[section]);
-  if (role == Qt::TextAlignmentRole) return QVariant::fromValue(alignmentOf(section));
+  if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
+  const int column = columns_[static_cast<std::size_t>(section)];
+  if (role == Qt::DisplayRole) return QString::fromUtf8(kLooks[column].header);
+  if (role == Qt::TextAlignmentRole) return QVariant::fromValue(alignmentOf(column));
   return {};
 }
 
@@ -115,7 +148,7 @@ bool ImportModel::setData(const QModelIndex& index, const QVariant& value, int r
   if (role != Qt::CheckStateRole || !checkIndex(index, CheckIndexOption::IndexIsValid)) return false;
   plan_.entries[static_cast<std::size_t>(index.row())].isTaken = value.toInt() == Qt::Checked;
   exchange::settle(plan_, *logbook_);
-  emit dataChanged(this->index(0, 0), this->index(rowCount() - 1, kColumns - 1));
+  emit dataChanged(this->index(0, 0), this->index(rowCount() - 1, columnCount() - 1));
   emit ticksChanged();
   return true;
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QStringList>
+#include <vector>
 
 #include "core/listing.h"
 #include "exchange/import_plan.h"
@@ -13,11 +15,14 @@ class ImportModel : public QAbstractTableModel {
   Q_OBJECT
 
  public:
-  using QAbstractTableModel::QAbstractTableModel;
+  /// An entry of a program's own file may hold part changes; the columns for them are left out otherwise.
+  explicit ImportModel(bool hasParts, QObject* parent = nullptr);
 
   /// Replaces what is shown. logbook is the one that the entries are to come behind; it outlives the model.
   void setPlan(exchange::ImportPlan plan, const core::Logbook& logbook);
   const exchange::ImportPlan& plan() const { return plan_; }
+  /// The longest text that each column is laid out for; empty for those that share what remains.
+  QStringList longestTexts() const;
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -34,6 +39,7 @@ class ImportModel : public QAbstractTableModel {
  private:
   QString text(const exchange::PlannedEntry& planned, int row, int column) const;
 
+  std::vector<int> columns_;
   exchange::ImportPlan plan_;
   core::Listing listing_;
   const core::Logbook* logbook_ = nullptr;
