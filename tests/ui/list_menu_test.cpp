@@ -54,15 +54,15 @@ class ListMenuTest : public QObject {
     }
   };
 
-  // What a list's CSV item puts into a file.
-  static std::string saved(const QWidget& list, const test::TemporaryFolder& folder) {
+  // What a list's CSV item puts into a new file of that name.
+  static std::string saved(const QWidget& list, const test::TemporaryFolder& folder, const char* name) {
     onNextDialog<QFileDialog>([&](QFileDialog& dialog) {
       dialog.setDirectory(ui::toQt(folder.path()));
-      dialog.selectFile(QStringLiteral("saved.csv"));
+      dialog.selectFile(QString::fromLatin1(name));
       static_cast<QDialog&>(dialog).accept();
     });
     item(list, "mnuCsvMentes")->trigger();
-    return folder.read("saved.csv");
+    return folder.read(name);
   }
   static std::string clipboard() { return ui::toLogic(QGuiApplication::clipboard()->text()); }
 
@@ -85,7 +85,8 @@ class ListMenuTest : public QObject {
       });
     };
     closeNext();
-    QContextMenuEvent byMouse(QContextMenuEvent::Mouse, QPoint(5, 5), screen.list()->viewport()->mapToGlobal(QPoint(5, 5)));
+    QContextMenuEvent byMouse(QContextMenuEvent::Mouse, QPoint(5, 5),
+                              screen.list()->viewport()->mapToGlobal(QPoint(5, 5)));
     QApplication::sendEvent(screen.list()->viewport(), &byMouse);
     closeNext();
     QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint());
@@ -98,9 +99,10 @@ class ListMenuTest : public QObject {
   void copyingTakesTheWholeListWithItsHeadsWhereNoRowIsChosen() {
     Screen screen;
     item(*screen.list(), "mnuMasolas")->trigger();
-    QCOMPARE(clipboard(), std::string("Dátum\tKm óra\tliter\tKm\tOlaj\tSzürő\tGyertya\tAlkatrész\tMegjegyzés\n"
-                                      "2026.01.05.\t1000\t40,00\t0\t\t\t\t\tTankolás\n"
-                                      "2026.01.19.\t1500\t30,50\t500\t\t\t\t\tTankolás\n"));
+    QCOMPARE(clipboard(),
+             std::string("Dátum\tKm óra\tliter\tKm\tOlaj\tSzürő\tGyertya\tAlkatrész\tMegjegyzés\n"
+                         "2026.01.05.\t1000\t40,00\t0\t\t\t\t\tTankolás\n"
+                         "2026.01.19.\t1500\t30,50\t500\t\t\t\t\tTankolás\n"));
   }
 
   void copyingTakesTheChosenRowAlone() {
@@ -113,9 +115,10 @@ class ListMenuTest : public QObject {
 
   void theLogbookIsSavedWithEveryField() {
     Screen screen;
-    const std::string file = saved(*screen.list(), screen.current);
+    const std::string file = saved(*screen.list(), screen.current, "logbook.csv");
     QVERIFY(file.starts_with(kMark));
-    QVERIFY(file.find("\r\n2026-01-05;1000;40;24000;0;igen;nem;nem;nem;;0;Tankolás;0;0\r\n") != std::string::npos);
+    QVERIFY(file.find("\r\n2026-01-05;1000;40;24000;0;igen;nem;nem;nem;;0;Tankolás;0;0\r\n") !=
+            std::string::npos);
     QVERIFY(file.ends_with("\r\n2026-01-19;1500;30,5;18000;0;nem;nem;nem;nem;;0;Tankolás;0;0\r\n"));
   }
 
@@ -123,9 +126,8 @@ class ListMenuTest : public QObject {
     Screen screen;
     screen.current.write("log.csv", "Dátum;Km óra;Liter;Költség (Ft)\n2026.02.01.;2000;30;18000\n");
     onNextDialog<QFileDialog>([&](QFileDialog& dialog) {
-      onNextDialog<ui::ImportPreview>([](ui::ImportPreview& preview) {
-        test::press(*preview.findChild<QPushButton*>("cmdAtvesz"));
-      });
+      onNextDialog<ui::ImportPreview>(
+          [](ui::ImportPreview& preview) { test::press(*preview.findChild<QPushButton*>("cmdAtvesz")); });
       dialog.setDirectory(ui::toQt(screen.current.path()));
       dialog.selectFile(QStringLiteral("log.csv"));
       static_cast<QDialog&>(dialog).accept();
@@ -145,20 +147,23 @@ class ListMenuTest : public QObject {
     reminders::recordKmReminder(context.files, context.folders, {"Olaj", "1000", "15000", "ABC-123"},
                                 core::dayOf({2026, 3, 1}));
     reminders::recordDateReminder(context.files, context.folders,
-                                  {core::dayOf({2027, 1, 2}), "Vizsga", "ABC-123"}, core::dayOf({2026, 3, 1}));
+                                  {core::dayOf({2027, 1, 2}), "Vizsga", "ABC-123"},
+                                  core::dayOf({2026, 3, 1}));
     const QStringList two{"Másolás", "Mentés CSV-fájlba…"};
 
     ui::frmGumik tyreScreen(context, "ABC-123", {}, nullptr);
     auto* tyreList = tyreScreen.findChild<QTreeView*>("ListViewGumi");
     QCOMPARE(itemsOf(*tyreList), two);
-    QCOMPARE(saved(*tyreList, desk.current),
-             kMark + std::string("Rendszám;Gumi típusa;Méret;Évszak;Fent van;Km óra állás felszereléskor;Azóta futott "
-                                 "km;Max. km\r\nABC-123;Téli;195/65 R15;Téli;igen;1000;-5;40000\r\n"));
+    QCOMPARE(
+        saved(*tyreList, desk.current, "tyres.csv"),
+        kMark +
+            std::string("Rendszám;Gumi típusa;Méret;Évszak;Fent van;Km óra állás felszereléskor;Azóta futott "
+                        "km;Max. km\r\nABC-123;Téli;195/65 R15;Téli;igen;1000;-5;40000\r\n"));
 
     ui::frmSzerviz repairScreen(context, "ABC-123", {}, nullptr);
     auto* repairList = repairScreen.findChild<QTreeView*>("ListViewSzerviz");
     QCOMPARE(itemsOf(*repairList), two);
-    QCOMPARE(saved(*repairList, desk.current),
+    QCOMPARE(saved(*repairList, desk.current, "repairs.csv"),
              kMark + std::string("Rendszám;Dátum;Megnevezés;Alkatrész;Költség (Ft);Km óra állás\r\n"
                                  "ABC-123;2026-03-01;'=fék;tárcsa;12000;1200\r\n"));
 
@@ -167,11 +172,12 @@ class ListMenuTest : public QObject {
     auto* dateList = reminderScreen.findChild<QTreeView*>("ListView2");
     QCOMPARE(itemsOf(*kmList), two);
     QCOMPARE(itemsOf(*dateList), two);
-    QCOMPARE(saved(*kmList, desk.current),
+    QCOMPARE(saved(*kmList, desk.current, "km.csv"),
              kMark + std::string("Rendszám;Szöveg;Km óra állás;Hány km múlva;Rögzítve\r\n"
                                  "ABC-123;Olaj;1000;15000;2026.03.01\r\n"));
-    QCOMPARE(saved(*dateList, desk.current),
-             kMark + std::string("Rendszám;Szöveg;Mikor;Rögzítve\r\nABC-123;Vizsga;2027-01-02;2026.03.01\r\n"));
+    QCOMPARE(
+        saved(*dateList, desk.current, "days.csv"),
+        kMark + std::string("Rendszám;Szöveg;Mikor;Rögzítve\r\nABC-123;Vizsga;2027-01-02;2026.03.01\r\n"));
   }
 };
 
