@@ -23,10 +23,11 @@ struct Fit {
 
 Fit fitOf(std::string_view text, CsvShape shape) {
   Fit best;
+  std::size_t rows = 0;
   readCsv(text, shape, [&](CsvRow&& row) {
     const int heads = recognisedHeads(row);
     if (heads > best.heads) best = {heads, std::move(row.cells)};
-    return true;
+    return ++rows <= kMostRows;
   });
   return best;
 }
