@@ -9,10 +9,22 @@ namespace tarvik::ui {
 using core::Failure;
 using core::FailureKind;
 
+namespace {
+
+// A name beside the place that nothing has: what is there already belongs to somebody else.
+std::string unusedName(core::FileSystem& files, const std::string& path) {
+  core::FileStatus there;
+  std::string name = path + ".part";
+  for (int n = 2; files.statusOf(name, there) == 0; ++n) name = path + ".part" + std::to_string(n);
+  return name;
+}
+
+}  // namespace
+
 OutputFile::OutputFile(core::FileSystem& files, std::string path)
     : files_(files),
       path_(std::move(path)),
-      unfinished_(path_ + ".part"),
+      unfinished_(unusedName(files, path_)),
       file_(files, files.open(unfinished_, core::OpenMode::CreateEmpty)) {
   if (!file_.isOpen()) throw failed(FailureKind::OpenFailed);
   open(QIODevice::WriteOnly | QIODevice::Unbuffered);
