@@ -4,6 +4,7 @@
 #include <QScopeGuard>
 
 #include "ui/change.h"
+#include "ui/controls/plate_chooser.h"
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
@@ -57,11 +58,9 @@ void frmGumik::prepareFields(const QString& plate, const QStringList& plates) {
   ui_->frameGumiModosit->hide();
   opGumiEvszak_ = groupOf(this, {ui_->opGumiEvszak_0, ui_->opGumiEvszak_1, ui_->opGumiEvszak_2});
   opMEszak_ = groupOf(this, {ui_->opMEszak_0, ui_->opMEszak_1, ui_->opMEszak_2});
-  ui_->cmbRendszam->setCompleter(nullptr);
   ui_->cmbRendszam->addItems(plates);
   ui_->cmbRendszam->setEditText(plate.trimmed());
-  connect(ui_->cmbRendszam, &QComboBox::activated, this,
-          [this] { guarded(this, [this] { BeolvasGumi(); }); });
+  new PlateChooser(ui_->cmbRendszam, [this] { guarded(this, [this] { BeolvasGumi(); }); });
   for (const QLineEdit* field :
        {ui_->txtMtipus, ui_->txtMMeret, ui_->txtMMaxKm, ui_->txtMKmFelszKor, ui_->txtMAzotaFutott})
     connect(field, &QLineEdit::returnPressed, ui_->cmdGumiModosit, &QPushButton::click);

@@ -7,6 +7,7 @@
 #include "settings/start_settings.h"
 #include "ui/change.h"
 #include "ui/controls/message_boxes.h"
+#include "ui/controls/plate_chooser.h"
 #include "ui/controls/row_choice.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
@@ -35,7 +36,7 @@ void tellMissing(QWidget* screen, const QString& prompt, QWidget* field) {
 frmSetup::frmSetup(Context& context, QPoint mainTopLeft, QWidget* parent)
     : QDialog(parent), context_(context), mainTopLeft_(mainTopLeft), ui_(std::make_unique<Ui::frmSetup>()) {
   ui_->setupUi(this);
-  ui_->cmbRendszam->setCompleter(nullptr);
+  new PlateChooser(ui_->cmbRendszam);
   connectButtons();
   connectLists();
   ui_->txRendszam->setFocus();

@@ -3,6 +3,7 @@
 #include <QScopeGuard>
 
 #include "ui/change.h"
+#include "ui/controls/plate_chooser.h"
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
@@ -38,7 +39,7 @@ frmSzerviz::frmSzerviz(Context& context, const QString& plate, const QStringList
 frmSzerviz::~frmSzerviz() = default;
 
 void frmSzerviz::prepareFields(const QString& plate, const QStringList& plates, core::Day today) {
-  ui_->cmbRendszam2->setCompleter(nullptr);
+  new PlateChooser(ui_->cmbRendszam2);
   ui_->cmbRendszam2->addItems(plates);
   ui_->cmbRendszam2->setEditText(plate.trimmed());
   ui_->DTPSzerviz->setDateRange(toQt(core::kFirstDay), toQt(core::kLastDay));
