@@ -9,6 +9,7 @@
 #include "ui/change.h"
 #include "ui/chart_panel.h"
 #include "ui/controls/message_boxes.h"
+#include "ui/controls/plate_chooser.h"
 #include "ui/frmGumik.h"
 #include "ui/frmSetup.h"
 #include "ui/frmSzerviz.h"
@@ -69,15 +70,17 @@ void frmTarvik::place() {
 }
 
 void frmTarvik::setUpFields() {
-  for (QComboBox* field : {ui_->Combo1, ui_->txAlkatresz, ui_->txMegjegyzes}) field->setCompleter(nullptr);
+  for (QComboBox* field : {ui_->txAlkatresz, ui_->txMegjegyzes}) field->setCompleter(nullptr);
+  for (QDateEdit* day : {ui_->DTPicker1, ui_->DTPSzürö})
+    day->setDateRange(toQt(core::kFirstDay), toQt(core::kLastDay));
   for (QLineEdit* field : {ui_->txKmOra, ui_->txTankoltLiter, ui_->txTankoltKtg, ui_->txAlkatreszKtg})
     connect(field, &QLineEdit::textChanged, this, [this, field] { keepNumeric(field); });
   for (QLineEdit* field : {ui_->txTankoltLiter, ui_->txTankoltKtg})
     connect(field, &QLineEdit::textChanged, this, &frmTarvik::showPrice);
-  connect(ui_->txTankoltKtg, &QLineEdit::editingFinished, this, &frmTarvik::showPrice);
+  ui_->txTankoltKtg->installEventFilter(this);
   new NoteTypeAhead(ui_->txMegjegyzes, [this](const QString& typed, const QString& key) {
     std::optional<settings::CompletedNote> found;
-    guarded(this, [&] {
+    noteSearch_.run(this, [&] {
       const auto notes = settings::loadLookupTexts(context_.files, context_.folders, settings::kNotes);
       found = settings::completedNote(notes, toLogic(typed), toLogic(key));
     });
@@ -92,7 +95,7 @@ void frmTarvik::connectButtons() {
   onClick(this, ui_->cmd_lista, &frmTarvik::toggleFilter);
   onClick(this, ui_->cmdSzürés, &frmTarvik::applyFilter);
   onClick(this, ui_->cmd_figyel, &frmTarvik::openFigy);
-  connect(ui_->Combo1, &QComboBox::activated, ui_->cmd_lista, &QPushButton::click);
+  new PlateChooser(ui_->Combo1, [this] { ui_->cmd_lista->click(); });
   connect(ui_->cmdAlkatresz, &QPushButton::clicked, this, [this] {
     guarded(this, [this] { quickAdd(ui_->txAlkatresz, settings::kPartNames, QStringLiteral("alkatrész")); });
   });
@@ -109,6 +112,7 @@ void frmTarvik::setUpCharts() {
       ui_->logbookArea);
   ui_->areaLayout->addWidget(panel, 0, 0);
   panel->raise();
+  panel->installEventFilter(this);
   ui_->cmdGrafikon->installEventFilter(this);
   connect(ui_->cmdGrafikon, &QPushButton::clicked, this, [this, panel] {
     guarded(this, [&] { panel->toggle(*ui_->cmdGrafikon, frameGeometry().topLeft()); });

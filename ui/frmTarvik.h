@@ -103,6 +103,8 @@ class frmTarvik : public QMainWindow {
   ListingModel* listing_;
   core::Totals totals_;
   QTimer* timer_;
+  ToldOnce kmCheck_;
+  ToldOnce noteSearch_;
   std::int16_t selectedEntry_ = 0;
   std::int16_t listMode_ = core::kWholeList;
   bool wasShown_ = false;

@@ -4,6 +4,7 @@
 
 #include "core/entry_editing.h"
 #include "ui/change.h"
+#include "ui/chart_panel.h"
 #include "ui/controls/message_boxes.h"
 #include "ui/frmTarvik.h"
 #include "ui/guarded.h"
@@ -44,13 +45,12 @@ void frmTarvik::beolvas() {
 }
 
 void frmTarvik::showTotals() {
-  const core::TotalsTexts& texts = totals_.texts;
-  ui_->tx_teljes_ktg->setText(toQt(texts.teljesKtg));
-  ui_->ob_ktg->setText(toQt(texts.benzinKtg));
-  ui_->txAlkatreszKoltseg->setText(toQt(texts.alkatreszKoltseg));
-  ui_->tx_megtett_km->setText(toQt(texts.megtettKm));
-  ui_->tx_liter->setText(toQt(texts.liter));
-  ui_->tx_fogyaszt->setText(toQt(texts.fogyaszt));
+  ui_->tx_teljes_ktg->setText(toQt(totals_.teljesKtg));
+  ui_->ob_ktg->setText(toQt(totals_.benzinKtg));
+  ui_->txAlkatreszKoltseg->setText(toQt(totals_.alkatreszKoltseg));
+  ui_->tx_megtett_km->setText(toQt(totals_.megtettKm));
+  ui_->tx_liter->setText(toQt(totals_.liter));
+  ui_->tx_fogyaszt->setText(toQt(totals_.fogyaszt));
 }
 
 void frmTarvik::toggleFilter() {
@@ -85,6 +85,14 @@ bool frmTarvik::eventFilter(QObject* watched, QEvent* event) {
     ui_->cmdGrafikon->click();
     return true;
   }
+  if (watched == ui_->txTankoltKtg) {
+    if (event->type() == QEvent::FocusOut) showPrice();
+    return false;
+  }
+  // Nobody reaches a list that a chart covers, with the keyboard or an assistive tool either.
+  if (watched == ui_->logbookArea->findChild<ChartPanel*>() &&
+      (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent))
+    ui_->ListView1->setVisible(event->type() == QEvent::HideToParent);
   if (event->type() == QEvent::Enter || event->type() == QEvent::MouseMove ||
       event->type() == QEvent::ToolTip)
     guarded(this, [&] { showHint(watched); });

@@ -285,6 +285,32 @@ class ChartPanelTest : public QObject {
     QCOMPARE(firstValue(screen), "0");
   }
 
+  void theCountTheLimitAndTheTitleOutliveHidingAndShowing() {
+    write(numbered(60));
+    Screen screen(context_);
+    screen.choose(1);
+    test::typeInto(*screen.count(), "20");
+    test::press(*screen.limit());
+    screen.button.click();
+    QCOMPARE(screen.chart()->titleText(), "Pillanatnyi fogyasztások");
+    QCOMPARE(screen.count()->text(), "20");
+    screen.choose(1);
+    QCOMPARE(screen.count()->text(), "20");
+    QVERIFY(screen.limit()->isChecked());
+    QCOMPARE(screen.chart()->titleText(), "Pillanatnyi fogyasztások");
+  }
+
+  void anEmptyLogbookLeavesTheGridAsItWas() {
+    write(numbered(7));
+    Screen screen(context_);
+    screen.choose(2);
+    screen.button.click();
+    write({});
+    screen.choose(0);
+    QCOMPARE(screen.chart()->rowLabels(), (QStringList{"1", "2", "3", "4", "5", "6", "7"}));
+    QCOMPARE(screen.chart()->titleText(), "Üzemanyag árak");
+  }
+
   void numbersNoMoreRowsThanRecords() {
     write(numbered(7));
     Screen screen(context_);
