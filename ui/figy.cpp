@@ -2,12 +2,14 @@
 
 #include "reminders/date_reminders.h"
 #include "reminders/km_reminders.h"
+#include "ui/access.h"
 #include "ui/change.h"
-#include "ui/controls/message_boxes.h"
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
+#include "ui/message_boxes.h"
 #include "ui/models/reminder_rows.h"
+#include "ui/placement.h"
 #include "ui/reminder_parts.h"
 #include "ui/text.h"
 #include "ui_figy.h"
@@ -25,11 +27,13 @@ bool confirmsRecording(QWidget* screen, const QString& whose) {
 figy::figy(Context& context, QString plate, QWidget* parent)
     : QDialog(parent), context_(context), plate_(std::move(plate)), ui_(std::make_unique<Ui::figy>()) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   addClosingMenu(*this, ui_->mnu_bezar);
   prepareFields();
   prepareLists();
   connectButtons();
-  sizeAndCentre(*this);
+  keepWithinReach(*this);
+  openInTheMiddle(*this);
   guarded(this, [this] { BeolvasFigyel(); });
   guarded(this, [this] { BeolvasFigyDatum(); });
 }

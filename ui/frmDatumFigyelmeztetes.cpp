@@ -1,11 +1,13 @@
 #include "ui/frmDatumFigyelmeztetes.h"
 
 #include "reminders/date_reminders.h"
+#include "ui/access.h"
 #include "ui/change.h"
-#include "ui/controls/message_boxes.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
+#include "ui/message_boxes.h"
 #include "ui/models/reminder_rows.h"
+#include "ui/placement.h"
 #include "ui/reminder_parts.h"
 #include "ui/text.h"
 #include "ui_frmDatumFigyelmeztetes.h"
@@ -14,13 +16,15 @@ namespace tarvik::ui {
 frmDatumFigyelmeztetes::frmDatumFigyelmeztetes(Context& context, QWidget* parent)
     : QDialog(parent), context_(context), ui_(std::make_unique<Ui::frmDatumFigyelmeztetes>()) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   rows_ = prepareReminderList(
       ui_->ListView1,
       {QStringLiteral("Dátum"), QStringLiteral("Figyelmeztetés Szövege"), QStringLiteral("Rendszám")});
   ui_->ListView1->onRowChosen([this](int row) { return guarded(this, [&] { choose(row); }); });
   onClick(this, ui_->cmdDel, &frmDatumFigyelmeztetes::deleteChosen);
   connect(ui_->Command1, &QPushButton::clicked, this, &QDialog::close);
-  sizeAndCentre(*this);
+  keepWithinReach(*this);
+  openInTheMiddle(*this);
   guarded(this, [this] { load(); });
 }
 

@@ -3,16 +3,23 @@
 #include <QButtonGroup>
 #include <QScopeGuard>
 
+#include "ui/access.h"
 #include "ui/change.h"
+#include "ui/controls/list_delegate.h"
+#include "ui/controls/list_hint.h"
 #include "ui/controls/plate_chooser.h"
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
+#include "ui/placement.h"
 #include "ui/text.h"
 #include "ui_frmGumik.h"
 
 namespace tarvik::ui {
 namespace {
+
+constexpr int kKmRunColumn = 3;
+constexpr int kConditionColumn = 4;
 
 QButtonGroup* groupOf(QWidget* screen, const QList<QAbstractButton*>& seasons) {
   auto* group = new QButtonGroup(screen);
@@ -44,11 +51,13 @@ TextRow rowOf(const tyres::TyreRow& row) {
 frmGumik::frmGumik(Context& context, const QString& plate, const QStringList& plates, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmGumik>()), tyres_(context.files, context.folders) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   addClosingMenu(*this, ui_->mnuBezar);
   prepareFields(plate, plates);
   prepareList();
   connectButtons();
-  centreOnDisplay(*this);
+  keepWithinReach(*this);
+  openInTheMiddle(*this);
   guarded(this, [this] { BeolvasGumi(); });
 }
 
@@ -72,7 +81,9 @@ void frmGumik::prepareList() {
                          QStringLiteral("Futott Km."), QStringLiteral("Állapota")},
                         this);
   ui_->ListViewGumi->setModel(rows_);
-  ui_->ListViewGumi->setColumnCharacters({16, 34, 12, 12, 10});
+  rows_->setFigureColumns({kKmRunColumn, kConditionColumn});
+  layOutList(*ui_->ListViewGumi, {"WWWWWWWWWW", "", "Négyévszakos", "-2147483648", "-999 %"});
+  new ListHint(*ui_->ListViewGumi, QStringLiteral("Ehhez a rendszámhoz nincs gumi felvéve."));
   ui_->ListViewGumi->sortByHeaderClicks();
   ui_->ListViewGumi->onRowChosen([this](int row) { return guarded(this, [&] { choose(row); }); });
 }

@@ -1,26 +1,26 @@
 #include "ui/frmSetup.h"
 
-#include <QScreen>
 #include <QShowEvent>
 #include <algorithm>
 
 #include "settings/start_settings.h"
+#include "ui/access.h"
 #include "ui/change.h"
-#include "ui/controls/message_boxes.h"
+#include "ui/controls/list_hint.h"
 #include "ui/controls/plate_chooser.h"
 #include "ui/controls/row_choice.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
+#include "ui/message_boxes.h"
+#include "ui/placement.h"
 #include "ui/text.h"
 #include "ui_frmSetup.h"
 
 namespace tarvik::ui {
 namespace {
 
-// 2000 and 2500 twips at 96 dpi: right of and below the main screen's corner.
-constexpr QPoint kOffset{133, 167};
-// Room for the window's frame and title, whose size is known only once it is on the screen.
-constexpr QPoint kFrame{8, 40};
+constexpr int kRightTwips = 2'000;
+constexpr int kDownTwips = 2'500;
 
 std::string plateAlone(const settings::Vehicle& vehicle) {
   return vehicle.plate.asStored();
@@ -37,8 +37,10 @@ frmSetup::frmSetup(Context& context, QPoint mainTopLeft, QWidget* parent)
     : QDialog(parent), context_(context), mainTopLeft_(mainTopLeft), ui_(std::make_unique<Ui::frmSetup>()) {
   ui_->setupUi(this);
   new PlateChooser(ui_->cmbRendszam);
+  makeAccessible(*this);
   connectButtons();
   connectLists();
+  keepWithinReach(*this);
   ui_->txRendszam->setFocus();
 }
 
@@ -59,6 +61,9 @@ void frmSetup::connectButtons() {
 }
 
 void frmSetup::connectLists() {
+  new ListHint(*ui_->List1, QStringLiteral("Még nincs gépkocsi.\nÍrd be fent a rendszámot és a tank méretét!"));
+  for (QListWidget* list : {ui_->listAlkatr, ui_->listMegj})
+    new ListHint(*list, QStringLiteral("Még üres.\nA főképernyő Felvesz gombja bővíti."));
   chosenVehicle_ = enableWhileChosen(ui_->List1, ui_->cmdRendszamDel);
   chosenPartName_ = enableWhileChosen(ui_->listAlkatr, ui_->cmdAlkatrDel);
   chosenNote_ = enableWhileChosen(ui_->listMegj, ui_->cmdMegjDel);
@@ -87,12 +92,7 @@ void frmSetup::load() {
 }
 
 void frmSetup::place() {
-  const QRect available = screen()->availableGeometry();
-  resize(size().boundedTo(available.size() - QSize(kFrame.x(), kFrame.y())));
-  const QPoint lastCorner = available.bottomRight() - QPoint(width(), height()) - kFrame;
-  const QPoint wanted = mainTopLeft_ + kOffset;
-  move(std::max(available.left(), std::min(wanted.x(), lastCorner.x())),
-       std::max(available.top(), std::min(wanted.y(), lastCorner.y())));
+  openAt(*this, mainTopLeft_ + QPoint(pixelsOfTwips(kRightTwips, *this), pixelsOfTwips(kDownTwips, *this)));
 }
 
 void frmSetup::loadVehicleLists() {

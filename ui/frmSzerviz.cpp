@@ -2,16 +2,23 @@
 
 #include <QScopeGuard>
 
+#include "ui/access.h"
 #include "ui/change.h"
+#include "ui/controls/list_delegate.h"
+#include "ui/controls/list_hint.h"
 #include "ui/controls/plate_chooser.h"
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
+#include "ui/placement.h"
 #include "ui/text.h"
 #include "ui_frmSzerviz.h"
 
 namespace tarvik::ui {
 namespace {
+
+constexpr int kCostColumn = 4;
+constexpr int kReadingColumn = 5;
 
 TextRow rowOf(const repairs::RepairRow& row) {
   return {.cells = {toQt(row.plate), toQt(row.date), toQt(row.description), toQt(row.part),
@@ -24,6 +31,7 @@ TextRow rowOf(const repairs::RepairRow& row) {
 frmSzerviz::frmSzerviz(Context& context, const QString& plate, const QStringList& plates, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmSzerviz>()), log_(context.files, context.folders) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   addClosingMenu(*this, ui_->mnuBezar);
   prepareFields(plate, plates, context.clock.today());
   prepareList();
@@ -32,7 +40,8 @@ frmSzerviz::frmSzerviz(Context& context, const QString& plate, const QStringList
     connect(key, &QLineEdit::returnPressed, ui_->cmdSzervizSzures, &QPushButton::click);
   onClick(this, ui_->cmdRogzitSzerviz, &frmSzerviz::recordRepair);
   onClick(this, ui_->cmdDelSzerviz, &frmSzerviz::deleteRepair);
-  centreOnDisplay(*this);
+  keepWithinReach(*this);
+  openInTheMiddle(*this);
   guarded(this, [this] { BeolvasSzerviz(); });
 }
 
@@ -52,7 +61,9 @@ void frmSzerviz::prepareList() {
                          QStringLiteral("Alkatrész"), QStringLiteral("Költség"), QStringLiteral("Km. óra")},
                         this);
   ui_->ListViewSzerviz->setModel(rows_);
-  ui_->ListViewSzerviz->setColumnCharacters({12, 12, 32, 26, 10, 8});
+  rows_->setFigureColumns({kCostColumn, kReadingColumn});
+  layOutList(*ui_->ListViewSzerviz, {"WWWWWWWW", "9999.99.99.", "", "", "-999999999", "-9999999"});
+  new ListHint(*ui_->ListViewSzerviz, QStringLiteral("Nincs ilyen javítás vagy szervíz felvéve."));
   ui_->ListViewSzerviz->sortByHeaderClicks();
   ui_->ListViewSzerviz->onRowChosen([this](int row) { return guarded(this, [&] { choose(row); }); });
 }

@@ -6,9 +6,9 @@
 
 #include "settings/start_settings.h"
 #include "settings/vehicles.h"
+#include "ui/access.h"
 #include "ui/change.h"
 #include "ui/chart_panel.h"
-#include "ui/controls/message_boxes.h"
 #include "ui/controls/plate_chooser.h"
 #include "ui/frmGumik.h"
 #include "ui/frmSetup.h"
@@ -16,7 +16,10 @@
 #include "ui/guarded.h"
 #include "ui/handlers.h"
 #include "ui/list_printer.h"
+#include "ui/look.h"
+#include "ui/message_boxes.h"
 #include "ui/note_type_ahead.h"
+#include "ui/placement.h"
 #include "ui/text.h"
 #include "ui_frmTarvik.h"
 
@@ -24,8 +27,7 @@ namespace tarvik::ui {
 namespace {
 
 constexpr int kWidthTwips = 10'600;
-constexpr int kTwipsPerInch = 1'440;
-constexpr int kPixelsPerInch = 96;
+constexpr int kWishedRows = 6;
 
 QStringList trimmedPlates(const settings::Vehicles& vehicles) {
   QStringList plates;
@@ -49,7 +51,7 @@ frmTarvik::frmTarvik(Context& context)
       listing_(new ListingModel(this)),
       timer_(new QTimer(this)) {
   ui_->setupUi(this);
-  place();
+  makeAccessible(*this);
   setWindowTitle(QStringLiteral("Tarvik - ") + toQt(context_.version));
   setUpFields();
   setUpList();
@@ -57,16 +59,23 @@ frmTarvik::frmTarvik(Context& context)
   setUpCharts();
   connectButtons();
   connectMenu();
+  setUpKeyboard();
+  place();
 }
 
 frmTarvik::~frmTarvik() = default;
 
+// The filter may be opened later: the window has its width from the start. Where the display has room the
+// list is taller than it must be; where it is low, the results stand beside each other.
 void frmTarvik::place() {
-  const QRect available = screen()->availableGeometry();
-  const int width = (kWidthTwips * kPixelsPerInch + kTwipsPerInch / 2) / kTwipsPerInch;
-  resize(width, qMin(height(), available.height() - menuBar()->sizeHint().height()));
-  move(available.left() + (available.width() - this->width()) / 2,
-       available.top() + (available.height() - height()) / 2);
+  keepWithinReach(*this);
+  const QMargins sides = ui_->mainLayout->contentsMargins();
+  const int around = sides.left() + sides.right();
+  ui_->FrameSzürö->ensurePolished();
+  ui_->centralwidget->setMinimumWidth(ui_->FrameSzürö->minimumSizeHint().width() + around);
+  const QSize wanted(pixelsOfTwips(kWidthTwips, *this), sizeHint().height() + kWishedRows * rowHeight());
+  const bool isLow = screen()->availableGeometry().height() < ui_->centralwidget->sizeHint().height();
+  openInTheMiddle(*this, isLow ? QSize(ui_->resultBand->wideWidth() + around, wanted.height()) : wanted);
 }
 
 void frmTarvik::setUpFields() {
@@ -113,7 +122,6 @@ void frmTarvik::setUpCharts() {
   ui_->areaLayout->addWidget(panel, 0, 0);
   panel->raise();
   panel->installEventFilter(this);
-  ui_->cmdGrafikon->installEventFilter(this);
   connect(ui_->cmdGrafikon, &QPushButton::clicked, this, [this, panel] {
     guarded(this, [&] { panel->toggle(*ui_->cmdGrafikon, frameGeometry().topLeft()); });
   });
@@ -135,6 +143,7 @@ void frmTarvik::load() {
   guarded(this, [this] { loadVehicles(); });
   guarded(this, [this] { loadStartSettings(); });
   guarded(this, [this] { beolvas(); }, {.failed = kListIncomplete});
+  ui_->ListView1->scrollToBottom();
 }
 
 void frmTarvik::loadLookups() {

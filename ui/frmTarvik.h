@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
 #include <functional>
 #include <memory>
@@ -11,6 +12,7 @@
 #include "settings/lookup_list.h"
 #include "ui/context.h"
 #include "ui/guarded.h"
+#include "ui/list_cues.h"
 #include "ui/models/listing_model.h"
 
 class QComboBox;
@@ -21,6 +23,9 @@ class frmTarvik;
 }
 
 namespace tarvik::ui {
+
+class ListDelegate;
+class ListHint;
 
 /// The main screen: the vehicle selector, the entry's fields, the list with its totals and statistics, the
 /// charts, the reminder switch and the menu that opens the other screens.
@@ -88,8 +93,19 @@ class frmTarvik : public QMainWindow {
   void applyFilter();
   void relistInPlace();
   bool changeLogbook(const QString& done, const std::function<void()>& make);
+  void showCues();
+  void markNewest();
   void showTotals();
   void showHint(QObject* field);
+
+  // The keyboard (frmTarvik_keyboard.cpp).
+  void setUpKeyboard();
+  void onKey(const QKeySequence& keys, QWidget* within, void (frmTarvik::*handler)());
+  bool takesLetterOfChart(QObject* watched, QEvent* event);
+  void jump();
+  void openFilter();
+  void listFiltered();
+  void closeFilter();
 
   // Reminders (frmTarvik_reminders.cpp).
   void setUpReminders();
@@ -105,9 +121,14 @@ class frmTarvik : public QMainWindow {
   QTimer* timer_;
   ToldOnce kmCheck_;
   ToldOnce noteSearch_;
+  ListDelegate* delegate_ = nullptr;
+  ListHint* emptyList_ = nullptr;
+  ShownList shown_;
   std::int16_t selectedEntry_ = 0;
   std::int16_t listMode_ = core::kWholeList;
   bool wasShown_ = false;
+  QPointer<QWidget> lastField_;
+  QPointer<QWidget> filterOpener_;
 };
 
 }  // namespace tarvik::ui

@@ -7,9 +7,9 @@
 #include "settings/vehicles.h"
 #include "tyres/tyre_register.h"
 #include "ui/change.h"
-#include "ui/controls/message_boxes.h"
 #include "ui/frmTarvik.h"
 #include "ui/guarded.h"
+#include "ui/message_boxes.h"
 #include "ui/text.h"
 #include "ui_frmTarvik.h"
 
@@ -118,6 +118,8 @@ void frmTarvik::record() {
     ui_->ChkTeletank->setChecked(true);
   });
   if (isRecorded && !tyres.isDone()) tell(this, tyres.text);
+  if (isRecorded) markNewest();
+  ui_->txKmOra->setFocus();
 }
 
 // The entry is in the logbook by now, whatever becomes of the tyres.
@@ -158,6 +160,7 @@ void frmTarvik::remove() {
   if (!ask(this, QStringLiteral(" TÖRLÉS az adatállományból !"), prompt, DefaultAnswer::No)) return;
   changeLogbook(QStringLiteral("A bejegyzés törölve van."),
                 [this] { core::deleteEntry(context_.files, context_.folders, platePath(), selectedEntry_); });
+  ui_->ListView1->setFocus();
 }
 
 void frmTarvik::quickAdd(QComboBox* field, const settings::LookupFile& list, const QString& what) {

@@ -5,10 +5,13 @@
 #include "reminders/km_alert.h"
 #include "reminders/km_reminders.h"
 #include "reminders/reminder_row.h"
+#include "ui/access.h"
 #include "ui/change.h"
 #include "ui/controls/row_choice.h"
 #include "ui/dialog_parts.h"
+#include "ui/guarded.h"
 #include "ui/handlers.h"
+#include "ui/placement.h"
 #include "ui/reminder_parts.h"
 #include "ui/text.h"
 #include "ui_riaszt.h"
@@ -40,11 +43,13 @@ QFont headingFont(const QFont& like) {
 riaszt::riaszt(Context& context, const QString& plate, QWidget* parent)
     : QDialog(parent), context_(context), plate_(toLogic(plate)), ui_(std::make_unique<Ui::riaszt>()) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   addClosingMenu(*this, ui_->mnu_bezar);
   prepareList();
   choice_ = new RowChoice(ui_->List1, [this](int row) { return guarded(this, [&] { chooseLine(row); }); });
   onClick(this, ui_->cmd_torles, &riaszt::deleteChosen);
-  sizeAndCentre(*this);
+  keepWithinReach(*this);
+  openInTheMiddle(*this);
   guarded(this, [this] { listLines(); });
 }
 

@@ -386,7 +386,7 @@ class FrmTarvikRemindersTest : public QObject {
       QCoreApplication::processEvents();
       QVERIFY2(mallinfo2().uordblks < memory + 300'000,
                qPrintable(QString::number(mallinfo2().uordblks - memory)));
-      QCOMPARE(openFiles(), files);
+      QVERIFY(openFiles() <= files);  // the toolkit may have let go of its own meanwhile
     }
   }
 

@@ -29,6 +29,8 @@ class GuardedTest : public QObject {
     row("folder", FailureKind::FolderMissing,
         "Nincs meg a mappa, ahol ennek a fájlnak a helye van:\n/a/b.dat");
     row("full", FailureKind::FileFull, "A fájl betelt, több tétel nem fér bele:\n/a/b.dat");
+    row("changed", FailureKind::FileChanged,
+        "A fájl közben megváltozott, egy másik program írhatott bele:\n/a/b.dat");
     row("record", FailureKind::RecordMissing, "Ez a tétel már nincs a fájlban:\n/a/b.dat");
   }
   void everyKindOfFailureIsSaidInHungarian() {

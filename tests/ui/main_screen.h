@@ -6,6 +6,7 @@
 #include <QDateEdit>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
@@ -62,6 +63,7 @@ struct MainScreen {
       return typeInto(*chooser, text);
     typeInto(*edit(name), text);
   }
+  void pick(const char* item) { test::pick(*screen->menuBar(), item); }
   void type(const char* name, QDate day) { typeInto(*find<QDateEdit>(name), day); }
 
   int rows() { return list()->model()->rowCount(); }

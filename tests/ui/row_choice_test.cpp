@@ -7,7 +7,7 @@
 
 #include "tests/ui/box_script.h"
 #include "ui/controls/list_view.h"
-#include "ui/controls/message_boxes.h"
+#include "ui/message_boxes.h"
 #include "ui/models/text_list_model.h"
 
 namespace tarvik::ui {
@@ -153,6 +153,28 @@ class RowChoiceTest : public QObject {
     rows.key(Qt::Key_End);
     rows.key(Qt::Key_Space);
     QCOMPARE(rows.chosen, (QList<int>{0, 1, 2, 2}));
+  }
+
+  void aKeyThatCannotMoveTakesTheRowItStandsOn_data() {
+    QTest::addColumn<int>("row");
+    QTest::addColumn<Qt::Key>("key");
+    QTest::newRow("End on the last") << 2 << Qt::Key_End;
+    QTest::newRow("Down on the last") << 2 << Qt::Key_Down;
+    QTest::newRow("PageDown on the last") << 2 << Qt::Key_PageDown;
+    QTest::newRow("Home on the first") << 0 << Qt::Key_Home;
+    QTest::newRow("Up on the first") << 0 << Qt::Key_Up;
+    QTest::newRow("PageUp on the first") << 0 << Qt::Key_PageUp;
+  }
+  void aKeyThatCannotMoveTakesTheRowItStandsOn() {
+    QFETCH(int, row);
+    QFETCH(Qt::Key, key);
+    Rows rows(3);
+    rows.click(row);
+    rows.view.keepPlace([&] { rows.fill(3); });
+    QCOMPARE(rows.view.highlightedRecord(), QString());
+    rows.key(key);
+    QCOMPARE(rows.view.highlightedRecord(), QString::number(row + 1));
+    QCOMPARE(rows.chosen, (QList<int>{row, row}));
   }
 
   void anAssistiveToolChooses() {

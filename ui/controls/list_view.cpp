@@ -1,10 +1,14 @@
 #include "ui/controls/list_view.h"
 
 #include <QHeaderView>
+#include <QScopedValueRollback>
+
+#include "ui/controls/list_accessible.h"
 
 namespace tarvik::ui {
 
 ListView::ListView(QWidget* parent) : QTreeView(parent) {
+  installListAccessibility();
   setRootIsDecorated(false);
   setItemsExpandable(false);
   setUniformRowHeights(true);
@@ -22,12 +26,6 @@ ListView::ListView(QWidget* parent) : QTreeView(parent) {
 void ListView::setModel(QAbstractItemModel* model) {
   QTreeView::setModel(model);
   setColumnHidden(model->columnCount() - 1, true);
-}
-
-void ListView::setColumnCharacters(const QList<int>& characters) {
-  const int one = fontMetrics().horizontalAdvance(QLatin1Char('0'));
-  for (int column = 0; column < characters.size(); ++column)
-    header()->resizeSection(column, (characters[column] + 2) * one);
 }
 
 void ListView::sortByHeaderClicks() {
@@ -52,6 +50,26 @@ void ListView::highlightRecord(int record) {
   int row = model()->rowCount() - 1;
   while (row >= 0 && recordOfRow(*this, row) != wanted) --row;
   choice_->highlight(row);
+}
+
+int ListView::shownColumns() const {
+  return model() == nullptr ? 0 : model()->columnCount() - 1;
+}
+
+int ListView::accessiblePlace(int number) const {
+  if (!isToolkitTelling_ || shownColumns() < 1) return number;
+  const int counted = shownColumns() + 1;
+  return number / counted * shownColumns() + qMin(number % counted, shownColumns() - 1);
+}
+
+void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  const QScopedValueRollback telling(isToolkitTelling_, true);
+  QTreeView::currentChanged(current, previous);
+}
+
+void ListView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  const QScopedValueRollback telling(isToolkitTelling_, true);
+  QTreeView::selectionChanged(selected, deselected);
 }
 
 }  // namespace tarvik::ui

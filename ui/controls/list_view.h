@@ -18,8 +18,6 @@ class ListView : public QTreeView {
   void setModel(QAbstractItemModel* model) override;
   /// Says, once the model is set, what choosing a row does.
   void onRowChosen(RowChoice::Chooser choose);
-  /// Gives each shown column its share of the width, in characters; the last one takes what is left.
-  void setColumnCharacters(const QList<int>& characters);
   /// Lets a click on a header sort the rows by that column, ascending, from then on.
   void sortByHeaderClicks();
   /// The record number of the highlighted row as text; empty when no row is highlighted.
@@ -28,9 +26,19 @@ class ListView : public QTreeView {
   void highlightRecord(int record);
   /// Fills the list anew and leaves it where it was, see RowChoice.
   void keepPlace(const std::function<void()>& refill) { choice_->keepPlace(refill); }
+  /// How many columns are shown: all but the record number.
+  int shownColumns() const;
+  /// The place among the list's accessible parts that a number means: the toolkit counts the hidden column
+  /// too while it tells of a row.
+  int accessiblePlace(int number) const;
+
+ protected:
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
  private:
   RowChoice* choice_ = nullptr;
+  bool isToolkitTelling_ = false;
 };
 
 }  // namespace tarvik::ui

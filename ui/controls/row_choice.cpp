@@ -80,11 +80,29 @@ bool RowChoice::releaseMouse(QObject* viewport, QEvent* event) {
   return true;
 }
 
+// Where nothing is highlighted, a key that cannot move the keyboard any further takes the row it stands on.
 bool RowChoice::pressKey(int key) {
   isPressed_ = false;
-  if (key != Qt::Key_Space || row() < 0 || view_->currentIndex().row() != row()) return false;
-  choose(row());
-  return true;
+  const int current = view_->currentIndex().row();
+  const bool isAgain = key == Qt::Key_Space && row() >= 0 && current == row();
+  const bool isFirst = row() < 0 && current >= 0 && staysOn(current, key);
+  if (isAgain || isFirst) choose(current);
+  return isAgain || isFirst;
+}
+
+bool RowChoice::staysOn(int row, int key) const {
+  switch (key) {
+    case Qt::Key_Home:
+    case Qt::Key_Up:
+    case Qt::Key_PageUp:
+      return row == 0;
+    case Qt::Key_End:
+    case Qt::Key_Down:
+    case Qt::Key_PageDown:
+      return row == view_->model()->rowCount() - 1;
+    default:
+      return false;
+  }
 }
 
 void RowChoice::keepPlace(const std::function<void()>& refill) {

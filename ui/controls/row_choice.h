@@ -38,6 +38,7 @@ class RowChoice : public QObject {
   void choose(int row);
   bool releaseMouse(QObject* viewport, QEvent* event);
   bool pressKey(int key);
+  bool staysOn(int row, int key) const;
   void standOn(int row);
   int rowOfRecord(const QString& record, int otherwise) const;
 
