@@ -3,6 +3,7 @@
 #include "reminders/date_reminders.h"
 #include "ui/controls/message_boxes.h"
 #include "ui/guarded.h"
+#include "ui/look.h"
 #include "ui/models/reminder_rows.h"
 #include "ui/placement.h"
 #include "ui/reminder_parts.h"
@@ -21,8 +22,8 @@ frmDatumFigyelmeztetes::frmDatumFigyelmeztetes(Context& context, QWidget* parent
   connect(ui_->cmdDel, &QPushButton::clicked, this, [this] { guarded(this, [this] { deleteChosen(); }); });
   connect(ui_->Command1, &QPushButton::clicked, this, &QDialog::close);
   keepWithinReach(*this);
-  openInTheMiddle(*this);
   guarded(this, [this] { load(); });
+  openInTheMiddle(*this);
 }
 
 frmDatumFigyelmeztetes::~frmDatumFigyelmeztetes() = default;
@@ -41,6 +42,7 @@ void frmDatumFigyelmeztetes::choose(int row) {
   showCaption(ui_->lbBeirva, toQt(details.enteredOn));
   showCaption(ui_->lbRendszam, toQt(details.plate));
   showCaption(ui_->lbNapok, toQt(details.daysLeft));
+  showOverdue(*ui_->lbNapok, details.daysLeft.starts_with('-'));
 }
 
 // Without a chosen row nothing is deleted and the screen closes all the same: this system's convention.

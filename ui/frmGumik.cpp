@@ -7,6 +7,7 @@
 #include "ui/controls/list_hint.h"
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
+#include "ui/look.h"
 #include "ui/placement.h"
 #include "ui/text.h"
 #include "ui_frmGumik.h"
@@ -14,6 +15,8 @@
 namespace tarvik::ui {
 namespace {
 
+// The size of the window where the display has room, in steps of the grid.
+constexpr QSize kWishedSteps{100, 72};
 constexpr int kKmRunColumn = 3;
 constexpr int kConditionColumn = 4;
 
@@ -52,7 +55,7 @@ frmGumik::frmGumik(Context& context, const QString& plate, const QStringList& pl
   prepareList();
   connectButtons();
   keepWithinReach(*this);
-  openInTheMiddle(*this);
+  openInTheMiddle(*this, kWishedSteps * gridStep());
   guarded(this, [this] { BeolvasGumi(); });
 }
 

@@ -7,6 +7,7 @@
 #include "ui/controls/list_hint.h"
 #include "ui/controls/message_boxes.h"
 #include "ui/guarded.h"
+#include "ui/look.h"
 #include "ui/placement.h"
 #include "ui/text.h"
 #include "ui_frmSetup.h"
@@ -14,6 +15,8 @@
 namespace tarvik::ui {
 namespace {
 
+// The size of the window where the display has room, in steps of the grid.
+constexpr QSize kWishedSteps{84, 48};
 constexpr int kRightTwips = 2'000;
 constexpr int kDownTwips = 2'500;
 
@@ -95,7 +98,8 @@ void frmSetup::load() {
 }
 
 void frmSetup::place() {
-  openAt(*this, mainTopLeft_ + QPoint(pixelsOfTwips(kRightTwips, *this), pixelsOfTwips(kDownTwips, *this)));
+  openAt(*this, mainTopLeft_ + QPoint(pixelsOfTwips(kRightTwips, *this), pixelsOfTwips(kDownTwips, *this)),
+         kWishedSteps * gridStep());
 }
 
 void frmSetup::loadVehicleLists() {

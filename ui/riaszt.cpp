@@ -46,11 +46,11 @@ riaszt::riaszt(Context& context, const QString& plate, QWidget* parent)
   connect(ui_->cmd_torles, &QPushButton::clicked, this,
           [this] { guarded(this, [this] { deleteChosen(); }); });
   keepWithinReach(*this);
-  openInTheMiddle(*this);
   guarded(this, [&] {
     showLines(reminders::alertLines(reminders::loadKmReminders(context_.files, context_.folders),
                                     toLogic(plate), context_.state.currentReading));
   });
+  openInTheMiddle(*this);
 }
 
 riaszt::~riaszt() = default;
