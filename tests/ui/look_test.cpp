@@ -11,6 +11,7 @@
 #include "core/record_list.h"
 #include "reminders/km_reminders.h"
 #include "tests/ui/main_screen.h"
+#include "tests/ui/support.h"
 #include "ui/controls/list_delegate.h"
 #include "ui/controls/message_boxes.h"
 #include "ui/figy.h"
@@ -124,8 +125,7 @@ Faults cutHeads(const QWidget& window) {
       if (header->isSectionHidden(column)) continue;
       const QString head = header->model()->headerData(column, Qt::Horizontal).toString();
       const int needed = header->fontMetrics().horizontalAdvance(head);
-      if (needed > header->sectionSize(column))
-        faults << QStringLiteral("the head %1 is cut").arg(head);
+      if (needed > header->sectionSize(column)) faults << QStringLiteral("the head %1 is cut").arg(head);
     }
   }
   return faults;
@@ -164,8 +164,8 @@ Faults crookedLabels(const QWidget& window) {
     const QRect place = placeIn(window, *field);
     const bool isOver = text.bottom() < place.top();
     const bool isOnLine = std::abs(text.center().y() - place.center().y()) <= kSlack;
-    const bool isOnEdge = std::abs(text.left() - place.left()) <= kSlack ||
-                          std::abs(text.right() - place.right()) <= kSlack;
+    const bool isOnEdge =
+        std::abs(text.left() - place.left()) <= kSlack || std::abs(text.right() - place.right()) <= kSlack;
     if (isOver ? !isOnEdge : !isOnLine) faults << QStringLiteral("%1 is out of line").arg(nameOf(*label));
   }
   return faults;
@@ -211,6 +211,8 @@ class LookTest : public QObject {
   Q_OBJECT
 
  private:
+  QFont usual_;
+
   static void check(QWidget& window) {
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
@@ -222,7 +224,11 @@ class LookTest : public QObject {
   }
 
  private slots:
-  void initTestCase() { ui::dress(); }
+  void initTestCase() {
+    test::dressOnce();
+    usual_ = QApplication::font();
+  }
+  void cleanup() { QApplication::setFont(usual_); }
 
   void everythingIsWholeAtEverySizeOfLetters_data() {
     QTest::addColumn<double>("points");
@@ -237,12 +243,11 @@ class LookTest : public QObject {
     EveryScreen desk;
     desk.open();
     check(*desk.screen);
-    desk.press("cmd_lista");
-    desk.press("opSzürö_2");
+    for (const char* button : {"cmd_lista", "opSzürö_2"}) desk.find<QAbstractButton>(button)->click();
     QTest::qWait(0);
     check(*desk.screen);
-    desk.press("cmdSzürés");
-    desk.clickRow(1);
+    desk.find<QAbstractButton>("cmdSzürés")->click();
+    QTest::qWait(0);
     check(*desk.screen);
 
     ui::figy reminders(desk.context, "ABC-123", nullptr);
@@ -272,7 +277,8 @@ class LookTest : public QObject {
   void resultsAreNoTabStopsAndHaveNoNameInPlaceOfTheirText() {
     EveryScreen desk;
     desk.open();
-    for (const char* name : {"tx_teljes_ktg", "ob_ktg", "txAlkatreszKoltseg", "tx_megtett_km", "tx_liter", "tx_fogyaszt"})
+    for (const char* name :
+         {"tx_teljes_ktg", "ob_ktg", "txAlkatreszKoltseg", "tx_megtett_km", "tx_liter", "tx_fogyaszt"})
       QVERIFY2(!(desk.edit(name)->focusPolicy() & Qt::TabFocus), name);
     for (const char* name : {"lbFtperLiter", "lbPillAtlag", "lbDatum", "lbKm", "lb_ft_km"}) {
       QVERIFY2(desk.find<QLabel>(name)->accessibleName().isEmpty(), name);
@@ -327,7 +333,7 @@ class LookTest : public QObject {
     EveryScreen desk;
     desk.open();
     desk.type("txKmOra", "11000");
-    const auto answer = test::answerNextBox(QMessageBox::Yes);
+    test::BoxScript boxes({QMessageBox::Yes});
     desk.press("cmd_rogzit");
     QCOMPARE(desk.rows(), 3);
     QCOMPARE(qobject_cast<ui::ListDelegate*>(desk.list()->itemDelegate())->marked(), QStringLiteral("3"));
@@ -339,8 +345,8 @@ class LookTest : public QObject {
   void aBoxIsAsWideAsItsTitle() {
     const QString title = QStringLiteral(" Rögzítés az adatállományban, és még sok minden más is ! ");
     int width = 0;
-    const auto answer =
-        test::answerNextBox(QMessageBox::Ok, [&] { width = test::openBox()->width(); });
+    test::BoxScript boxes({QMessageBox::Ok});
+    boxes.whileOpen = [&](const QMessageBox& box) { width = box.width(); };
     ui::tellError(nullptr, title, QStringLiteral("x"));
     QFont bold = QApplication::font();
     bold.setBold(true);
