@@ -25,6 +25,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Tarvik"));
   QApplication::setApplicationVersion(QStringLiteral(TARVIK_VERSION));
+  QApplication::setDesktopFileName(QStringLiteral("tarvik"));
   tarvik::ui::dress();
   QTranslator translator;
   speakHungarian(application, translator);

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 
+#include "ui/access.h"
 #include "ui/text.h"
 
 namespace tarvik::ui {
@@ -14,6 +15,7 @@ void addClosingMenu(QDialog& dialog, QAction* close) {
   auto* menu = new QMenuBar(&dialog);
   menu->addAction(close);
   dialog.layout()->setMenuBar(menu);
+  openWithF10(*menu);
   QObject::connect(close, &QAction::triggered, &dialog, &QDialog::close);
 }
 

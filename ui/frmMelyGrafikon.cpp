@@ -1,5 +1,6 @@
 #include "ui/frmMelyGrafikon.h"
 
+#include "ui/access.h"
 #include "ui/placement.h"
 #include "ui_frmMelyGrafikon.h"
 
@@ -14,6 +15,7 @@ constexpr int kDownTwips = 3'500;
 frmMelyGrafikon::frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* parent)
     : QDialog(parent), context_(context), ui_(std::make_unique<Ui::frmMelyGrafikon>()) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   // The group holds the options in the order of the form, which is that of their numbers.
   int number = 0;
   for (QAbstractButton* option : ui_->choices->buttons()) ui_->choices->setId(option, ++number);

@@ -6,14 +6,17 @@
 
 #include "settings/start_settings.h"
 #include "settings/vehicles.h"
+#include "ui/access.h"
+#include "ui/change.h"
 #include "ui/chart_panel.h"
-#include "ui/controls/message_boxes.h"
 #include "ui/frmGumik.h"
 #include "ui/frmSetup.h"
 #include "ui/frmSzerviz.h"
 #include "ui/guarded.h"
+#include "ui/handlers.h"
 #include "ui/list_printer.h"
 #include "ui/look.h"
+#include "ui/message_boxes.h"
 #include "ui/note_type_ahead.h"
 #include "ui/placement.h"
 #include "ui/text.h"
@@ -47,6 +50,7 @@ frmTarvik::frmTarvik(Context& context)
       listing_(new ListingModel(this)),
       timer_(new QTimer(this)) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   setWindowTitle(QStringLiteral("Tarvik - ") + toQt(context_.version));
   setUpFields();
   setUpList();
@@ -54,6 +58,7 @@ frmTarvik::frmTarvik(Context& context)
   setUpCharts();
   connectButtons();
   connectMenu();
+  setUpKeyboard();
   place();
 }
 
@@ -89,18 +94,13 @@ void frmTarvik::setUpFields() {
   });
 }
 
-void frmTarvik::onClick(QAbstractButton* button, void (frmTarvik::*handler)()) {
-  connect(button, &QAbstractButton::clicked, this,
-          [this, handler] { guarded(this, [&] { (this->*handler)(); }); });
-}
-
 void frmTarvik::connectButtons() {
-  onClick(ui_->cmd_rogzit, &frmTarvik::record);
-  onClick(ui_->cmd_modosit, &frmTarvik::modify);
-  onClick(ui_->cmd_del, &frmTarvik::remove);
-  onClick(ui_->cmd_lista, &frmTarvik::toggleFilter);
-  onClick(ui_->cmdSzürés, &frmTarvik::applyFilter);
-  onClick(ui_->cmd_figyel, &frmTarvik::openFigy);
+  onClick(this, ui_->cmd_rogzit, &frmTarvik::record);
+  onClick(this, ui_->cmd_modosit, &frmTarvik::modify);
+  onClick(this, ui_->cmd_del, &frmTarvik::remove);
+  onClick(this, ui_->cmd_lista, &frmTarvik::toggleFilter);
+  onClick(this, ui_->cmdSzürés, &frmTarvik::applyFilter);
+  onClick(this, ui_->cmd_figyel, &frmTarvik::openFigy);
   connect(ui_->Combo1, &QComboBox::activated, ui_->cmd_lista, &QPushButton::click);
   connect(ui_->cmdAlkatresz, &QPushButton::clicked, this, [this] {
     guarded(this, [this] { quickAdd(ui_->txAlkatresz, settings::kPartNames, QStringLiteral("alkatrész")); });
@@ -118,21 +118,17 @@ void frmTarvik::setUpCharts() {
       ui_->logbookArea);
   ui_->areaLayout->addWidget(panel, 0, 0);
   panel->raise();
-  ui_->cmdGrafikon->installEventFilter(this);
   connect(ui_->cmdGrafikon, &QPushButton::clicked, this, [this, panel] {
     guarded(this, [&] { panel->toggle(*ui_->cmdGrafikon, frameGeometry().topLeft()); });
   });
 }
 
 void frmTarvik::connectMenu() {
-  const auto onMenu = [this](QAction* item, void (frmTarvik::*handler)()) {
-    connect(item, &QAction::triggered, this, [this, handler] { guarded(this, [&] { (this->*handler)(); }); });
-  };
-  connect(ui_->mnuKilep, &QAction::triggered, this, &QWidget::close);
-  onMenu(ui_->mnuSetup, &frmTarvik::openSetup);
-  onMenu(ui_->mnuGumik, &frmTarvik::openGumik);
-  onMenu(ui_->mnuSzerviz, &frmTarvik::openSzerviz);
-  onMenu(ui_->mnuPrint, &frmTarvik::print);
+  connect(ui_->mnuKilep, &QAction::triggered, this, &QWidget::close, Qt::QueuedConnection);
+  onMenu(this, ui_->mnuSetup, &frmTarvik::openSetup);
+  onMenu(this, ui_->mnuGumik, &frmTarvik::openGumik);
+  onMenu(this, ui_->mnuSzerviz, &frmTarvik::openSzerviz);
+  onMenu(this, ui_->mnuPrint, &frmTarvik::print);
 }
 
 void frmTarvik::load() {
@@ -142,7 +138,7 @@ void frmTarvik::load() {
   ui_->DTPSzürö->setDate(toQt(context_.clock.today()));
   guarded(this, [this] { loadVehicles(); });
   guarded(this, [this] { loadStartSettings(); });
-  relist({});
+  guarded(this, [this] { beolvas(); }, {.failed = kListIncomplete});
   ui_->ListView1->scrollToBottom();
 }
 

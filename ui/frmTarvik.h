@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -9,6 +11,7 @@
 #include "core/totals.h"
 #include "settings/lookup_list.h"
 #include "ui/context.h"
+#include "ui/guarded.h"
 #include "ui/list_cues.h"
 #include "ui/models/listing_model.h"
 
@@ -55,7 +58,6 @@ class frmTarvik : public QMainWindow {
   void setUpCharts();
   void connectButtons();
   void connectMenu();
-  void onClick(class QAbstractButton* button, void (frmTarvik::*handler)());
   void loadLookups();
   void loadVehicles();
   void loadStartSettings();
@@ -77,8 +79,9 @@ class frmTarvik : public QMainWindow {
   void modify();
   void remove();
   bool refusesBlankKm();
-  void addDistanceToTyres(const core::Ratio& distance);
+  Attempt addDistanceToTyres(const core::Ratio& distance);
   void quickAdd(QComboBox* field, const settings::LookupFile& list, const QString& what);
+  void fillTexts(QComboBox* field, const settings::LookupFile& list);
   void keepNumeric(QLineEdit* field);
   void showPrice();
   void select(int record);
@@ -88,11 +91,21 @@ class frmTarvik : public QMainWindow {
   void toggleFilter();
   void chooseMode(int mode);
   void applyFilter();
-  void relist(const QString& before);
+  void relistInPlace();
+  bool changeLogbook(const QString& done, const std::function<void()>& make);
   void showCues();
   void markNewest();
   void showTotals();
   void showHint(QObject* field);
+
+  // The keyboard (frmTarvik_keyboard.cpp).
+  void setUpKeyboard();
+  void onKey(const QKeySequence& keys, QWidget* within, void (frmTarvik::*handler)());
+  bool takesLetterOfChart(QObject* watched, QEvent* event);
+  void jump();
+  void openFilter();
+  void listFiltered();
+  void closeFilter();
 
   // Reminders (frmTarvik_reminders.cpp).
   void setUpReminders();
@@ -112,6 +125,8 @@ class frmTarvik : public QMainWindow {
   std::int16_t selectedEntry_ = 0;
   std::int16_t listMode_ = core::kWholeList;
   bool wasShown_ = false;
+  QPointer<QWidget> lastField_;
+  QPointer<QWidget> filterOpener_;
 };
 
 }  // namespace tarvik::ui

@@ -6,7 +6,8 @@
 #include "ui/controls/list_delegate.h"
 #include "ui/controls/list_hint.h"
 #include "ui/controls/list_view.h"
-#include "ui/controls/message_boxes.h"
+#include "ui/dialog_parts.h"
+#include "ui/message_boxes.h"
 #include "ui/models/text_list_model.h"
 
 namespace tarvik::ui {
