@@ -166,6 +166,7 @@ void frmTarvik::fillPlates(const QStringList& plates) {
   ui_->Combo1->addItems(plates);
   ui_->Combo1->setCurrentIndex(-1);
   ui_->Combo1->setEditText(chosen);
+  showCues();
 }
 
 void frmTarvik::loadStartSettings() {

@@ -342,6 +342,30 @@ class LookTest : public QObject {
     QVERIFY(desk.edit("txKmOra")->hasFocus());
   }
 
+  void aRecordingThatTheFilterKeepsFromTheListMarksNoOtherRow() {
+    EveryScreen desk;
+    desk.open();
+    desk.edit("txKmOra")->setText("11000");
+    desk.find<QDateEdit>("DTPicker1")->setDate({2025, 1, 1});
+    for (const char* button : {"cmd_lista", "opSzürö_1", "cmdSzürés"})
+      desk.find<QAbstractButton>(button)->click();
+    test::BoxScript boxes({QMessageBox::Yes});
+    desk.find<QAbstractButton>("cmd_rogzit")->click();
+    QCOMPARE(desk.rows(), 2);
+    QCOMPARE(qobject_cast<ui::ListDelegate*>(desk.list()->itemDelegate())->marked(), QString());
+  }
+
+  void theFirstCarChangesWhatTheEmptyListAsksFor() {
+    test::MainScreen desk;
+    desk.open();
+    const auto* hint = desk.list()->viewport()->findChild<QLabel*>();
+    const QString first = hint->text();
+    desk.combo("Combo1")->addItem("ABC-123");
+    desk.combo("Combo1")->setEditText("ABC-123");
+    desk.combo("Combo1")->setEditText(QString());
+    QVERIFY(hint->text() != first);
+  }
+
   void aBoxIsAsWideAsItsTitle() {
     const QString title = QStringLiteral(" Rögzítés az adatállományban, és még sok minden más is ! ");
     int width = 0;
