@@ -72,7 +72,7 @@ void frmTarvik::place() {
   const QMargins sides = ui_->mainLayout->contentsMargins();
   const int around = sides.left() + sides.right();
   ui_->FrameSzürö->ensurePolished();
-  ui_->centralwidget->setMinimumWidth(ui_->FrameSzürö->minimumSizeHint().width() + around);
+  ui_->logbookArea->setMinimumWidth(ui_->FrameSzürö->minimumSizeHint().width());
   const QSize wanted(pixelsOfTwips(kWidthTwips, *this), sizeHint().height() + kWishedRows * rowHeight());
   const bool isLow = screen()->availableGeometry().height() < ui_->centralwidget->sizeHint().height();
   openInTheMiddle(*this, isLow ? QSize(ui_->resultBand->wideWidth() + around, wanted.height()) : wanted);
@@ -170,6 +170,7 @@ void frmTarvik::fillPlates(const QStringList& plates) {
   ui_->Combo1->addItems(plates);
   ui_->Combo1->setCurrentIndex(-1);
   ui_->Combo1->setEditText(chosen);
+  showCues();
 }
 
 void frmTarvik::loadStartSettings() {
