@@ -111,6 +111,18 @@ CsvShape findShape(std::string_view text) {
   return best;
 }
 
+bool costsAreForeign(const LogFile& file) {
+  if (!file.hasCosts || !file.currency.empty()) return file.hasCosts && file.currency != "HUF";
+  int cheap = 0;
+  int priced = 0;
+  for (const LogRow& row : file.rows) {
+    if (row.volume.isZero() || row.totalCost.isZero()) continue;
+    ++priced;
+    if (row.totalCost < row.volume * litresOf(file.volume) * kCheapestForints) ++cheap;
+  }
+  return 2 * cheap > priced;
+}
+
 LogFile readLog(std::string_view text, std::optional<DayOrder> dayOrder) {
   LogFile file;
   file.shape = findShape(text);

@@ -44,8 +44,12 @@ TyreSets allOf(const core::RecordFile& file) {
 
 }  // namespace
 
+TyreSets loadTyreSets(core::FileSystem& files, const core::DataFolders& folders) {
+  return core::loadRecords<TyreSet>(files, folders.inProgram(kFile));
+}
+
 std::vector<TyreRow> TyreRegister::list(std::optional<std::string_view> plate) {
-  const auto sets = core::loadRecords<TyreSet>(files_, folders_.inProgram(kFile));
+  const TyreSets sets = loadTyreSets(files_, folders_);
   if (sets.count() > 0) buffer_ = sets.record(sets.count());
   return rowsOf(sets, plate);
 }

@@ -11,6 +11,8 @@
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
+#include "ui/list_menu.h"
+#include "ui/list_tables.h"
 #include "ui/look.h"
 #include "ui/placement.h"
 #include "ui/text.h"
@@ -58,6 +60,7 @@ frmGumik::frmGumik(Context& context, const QString& plate, const QStringList& pl
   addClosingMenu(*this, ui_->mnuBezar);
   prepareFields(plate, plates);
   prepareList();
+  addListMenu(context);
   connectButtons();
   keepWithinReach(*this);
   openInTheMiddle(*this, kWishedSteps * gridStep());
@@ -89,6 +92,12 @@ void frmGumik::prepareList() {
   new ListHint(*ui_->ListViewGumi, QStringLiteral("Ehhez a rendszámhoz nincs gumi felvéve."));
   ui_->ListViewGumi->sortByHeaderClicks();
   ui_->ListViewGumi->onRowChosen([this](int row) { return guarded(this, [&] { choose(row); }); });
+}
+
+void frmGumik::addListMenu(Context& context) {
+  new ListMenu(ui_->ListViewGumi, context,
+               {.fileName = [] { return QStringLiteral("gumik"); },
+                .csv = [this, &context] { return tyresCsv(context.files, context.folders, *rows_); }});
 }
 
 void frmGumik::connectButtons() {

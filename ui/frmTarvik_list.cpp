@@ -34,6 +34,7 @@ void frmTarvik::setUpList() {
   for (QLineEdit* field :
        {ui_->tx_teljes_ktg, ui_->ob_ktg, ui_->txAlkatreszKoltseg, ui_->tx_liter, ui_->tx_megtett_km})
     field->installEventFilter(this);
+  setUpListMenu();
 }
 
 void frmTarvik::beolvas() {
