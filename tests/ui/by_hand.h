@@ -111,7 +111,8 @@ inline void pick(QMenuBar& menu, const char* item) {
     if (action->objectName() != name) continue;
     if (!isInReach(menu)) return;
     if (!action->isVisible() || !action->isEnabled()) return failOver(menu, name + " cannot be chosen");
-    return QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(action).center());
+    QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(action).center());
+    return QCoreApplication::processEvents();  // a command is carried out once its menu has closed
   }
   failOver(menu, "has no " + name);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
@@ -51,6 +52,11 @@ struct MainScreen {
   QCheckBox* box(const char* name) { return find<QCheckBox>(name); }
   QString label(const char* name) { return find<QLabel>(name)->text(); }
   QTreeView* list() { return find<QTreeView>("ListView1"); }
+  /// Chooses a menu item; what it opens comes up before this returns.
+  void chooseItem(const char* item) {
+    find<QAction>(item)->trigger();
+    QCoreApplication::processEvents();
+  }
   void press(const char* name) { test::press(*find<QAbstractButton>(name)); }
   void type(const char* name, const QString& text) {
     if (auto* chooser = screen->findChild<QComboBox*>(QString::fromUtf8(name)))
