@@ -1,5 +1,7 @@
 #include "ui/frmMelyGrafikon.h"
 
+#include <QKeyEvent>
+
 #include "ui/placement.h"
 #include "ui_frmMelyGrafikon.h"
 
@@ -15,7 +17,10 @@ frmMelyGrafikon::frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* 
   ui_->setupUi(this);
   // The group holds the options in the order of the form, which is that of their numbers.
   int number = 0;
-  for (QAbstractButton* option : ui_->choices->buttons()) ui_->choices->setId(option, ++number);
+  for (QAbstractButton* option : ui_->choices->buttons()) {
+    ui_->choices->setId(option, ++number);
+    option->installEventFilter(this);
+  }
   if (QAbstractButton* last = ui_->choices->button(context_.state.chartChoice)) {
     last->setChecked(true);
     last->setFocus();
@@ -26,6 +31,16 @@ frmMelyGrafikon::frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* 
 }
 
 frmMelyGrafikon::~frmMelyGrafikon() = default;
+
+bool frmMelyGrafikon::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress || ui_->choices->checkedId() > 0)
+    return QDialog::eventFilter(watched, event);
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  const bool isArrow = key >= Qt::Key_Left && key <= Qt::Key_Down;
+  if (!isArrow) return QDialog::eventFilter(watched, event);
+  static_cast<QAbstractButton*>(watched)->click();
+  return true;
+}
 
 void frmMelyGrafikon::takeChecked() {
   const int checked = ui_->choices->checkedId();
