@@ -7,6 +7,7 @@
 #include "app/system_clock.h"
 #include "core/posix_file_system.h"
 #include "ui/frmTarvik.h"
+#include "ui/look.h"
 
 namespace {
 
@@ -24,6 +25,8 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Tarvik"));
   QApplication::setApplicationVersion(QStringLiteral(TARVIK_VERSION));
+  QApplication::setDesktopFileName(QStringLiteral("tarvik"));
+  tarvik::ui::dress();
   QTranslator translator;
   speakHungarian(application, translator);
 

@@ -2,6 +2,7 @@
 
 #include <concepts>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <span>
 #include <utility>
@@ -28,6 +29,13 @@ struct ByteBlock {
   }
   std::span<std::byte> span() { return {data.get(), size}; }
   std::span<const std::byte> span() const { return {data.get(), size}; }
+};
+
+/// A record as it was seen when its file was read: what a change of that record is asked for with, so that it
+/// never takes another one that has its number by now.
+struct SeenRecord {
+  std::int64_t number = 0;         ///< counted from 1
+  std::vector<std::byte> bytes{};  ///< empty where the file had no record of that number
 };
 
 /// The bytes of one record.
@@ -59,6 +67,11 @@ class RecordList {
   /// The record of that number, counted from 1; one of zero bytes for a number outside 1 to count().
   R record(int number) const { return R::decode(bytes(number)); }
 
+  /// The bytes of all records, as they stand in the file.
+  std::span<const std::byte> bytes() const {
+    return bytes_.span().first(static_cast<std::size_t>(count()) * R::kLength);
+  }
+
   /// The bytes of that record, zero ones as above: for a question about one field of thousands of records.
   std::span<const std::byte> bytes(int number) const {
     static constexpr std::byte kZeros[R::kLength] = {};
@@ -66,6 +79,13 @@ class RecordList {
     const auto offset = isThere ? static_cast<std::size_t>(number - 1) * R::kLength : 0;
     const std::span<const std::byte> from = isThere ? bytes_.span() : kZeros;
     return from.subspan(offset, R::kLength);
+  }
+
+  /// That record to be changed: its number and its bytes.
+  SeenRecord seen(int number) const {
+    if (number < 1 || number > count()) return {.number = number};
+    const auto found = bytes(number);
+    return {.number = number, .bytes = {found.begin(), found.end()}};
   }
 
  private:

@@ -26,6 +26,8 @@ QString headline(FailureKind kind) {
       return QStringLiteral("A rendszer nem igazolta vissza a mentést:\n%1");
     case FailureKind::ReplaceFailed:
       return QStringLiteral("A fájl nem cserélhető le az új változatára:\n%1");
+    case FailureKind::NotAFile:
+      return QStringLiteral("Ezen a néven nem fájl van, hanem cső vagy eszköz:\n%1");
     case FailureKind::FileBusy:
       return QStringLiteral("A fájlt egy másik program használja:\n%1");
     case FailureKind::FolderMissing:
@@ -40,8 +42,14 @@ QString headline(FailureKind kind) {
       return QStringLiteral("Nullával kellene osztani: %1");
     case FailureKind::FileFull:
       return QStringLiteral("A fájl betelt, több tétel nem fér bele:\n%1");
+    case FailureKind::FileTooLong:
+      return QStringLiteral("A fájlban több tétel van, mint amennyit a program kezelni tud:\n%1");
+    case FailureKind::FileChanged:
+      return QStringLiteral("A fájl közben megváltozott, egy másik program írhatott bele:\n%1");
     case FailureKind::RecordMissing:
       return QStringLiteral("Ez a tétel már nincs a fájlban:\n%1");
+    case FailureKind::RecordChanged:
+      return QStringLiteral("Az adatok közben máshol megváltoztak:\n%1");
   }
   return {};
 }
@@ -87,7 +95,9 @@ QString systemWords(int error) {
       {EDQUOT, "betelt a lemezkeret"},
       {EFBIG, "túl nagy lenne a fájl"},
       {EIO, "a lemez hibát jelzett"},
+      {EEXIST, "már van ilyen nevű fájl"},
       {EBUSY, "a fájl foglalt"},
+      {EAGAIN, "a fájl foglalt"},
       {ETXTBSY, "a fájl foglalt"},
       {EMFILE, "túl sok fájl van nyitva"},
       {ENFILE, "túl sok fájl van nyitva"},
@@ -97,6 +107,12 @@ QString systemWords(int error) {
       {EINTR, "a rendszer félbeszakította"},
       {EINVAL, "a rendszer nem tudja megtenni"},
       {ENOTSUP, "a meghajtó nem tudja megtenni"},
+      {ENOSYS, "a rendszer nem ismeri ezt a műveletet"},
+      {ENOMEM, "elfogyott a memória"},
+      {ENOLCK, "nem zárolható több fájl"},
+      {ESTALE, "a hálózati mappa közben megváltozott vagy eltűnt"},
+      {ESPIPE, "ez nem lemezen lévő fájl"},
+      {ENXIO, "ez nem fájl, hanem eszköz vagy kapcsolat"},
   };
   return words.value(error, QStringLiteral("%1. számú rendszerhiba").arg(error));
 }
@@ -108,36 +124,39 @@ QString subject(const core::Failure& failure) {
 
 }  // namespace
 
-QString failureText(const core::Failure& failure, const QString& consequence) {
+QString failureText(const core::Failure& failure, const Consequence& consequence) {
   QString text = headline(failure.kind()).arg(subject(failure));
   if (failure.systemError() != 0) text += QStringLiteral("\n(%1)").arg(systemWords(failure.systemError()));
-  if (failure.kind() == FailureKind::SyncFailed)
-    return text + QStringLiteral("\n\nNézd meg a listát, mielőtt megismétled!");
-  return text + QStringLiteral("\n\n") + consequence;
+  if (failure.kind() == FailureKind::RecordChanged)
+    return text + QStringLiteral("\n\nA művelet elmaradt. Nézd meg a listát, és válaszd ki újra a tételt!");
+  const bool isUnsure = failure.kind() == FailureKind::SyncFailed;
+  return text + QStringLiteral("\n\n") + (isUnsure ? consequence.unsure : consequence.failed);
 }
 
-bool guarded(QWidget* parent, const std::function<void()>& action, const QString& consequence) {
-  const QString title = QStringLiteral(" H i b a !");
+Attempt attempted(const std::function<void()>& action, const Consequence& consequence) {
   try {
     action();
-    return true;
+    return {};
   } catch (const core::Failure& failure) {
-    tellError(parent, title, failureText(failure, consequence));
+    const bool isInput = failure.file().empty() || failure.kind() == FailureKind::PlateUnusable;
+    return {isInput ? Outcome::Refused : Outcome::Failed, failureText(failure, consequence)};
   } catch (const std::bad_alloc&) {
-    tellError(parent, title, QStringLiteral("Elfogyott a memória.\n\n") + consequence);
+    return {Outcome::Failed, QStringLiteral("Elfogyott a memória.\n\n") + consequence.failed};
   }
-  return false;
+}
+
+void tell(QWidget* parent, const QString& failure) {
+  tellError(parent, QStringLiteral(" H i b a !"), failure);
+}
+
+bool guarded(QWidget* parent, const std::function<void()>& action, const Consequence& consequence) {
+  const Attempt made = attempted(action, consequence);
+  if (!made.isDone()) tell(parent, made.text);
+  return made.isDone();
 }
 
 bool quietly(const std::function<void()>& part) {
-  try {
-    part();
-    return true;
-  } catch (const core::Failure&) {
-    return false;
-  } catch (const std::bad_alloc&) {
-    return false;
-  }
+  return attempted(part).isDone();
 }
 
 }  // namespace tarvik::ui

@@ -13,10 +13,11 @@ declare -A arrows=(
   [reminders]="reminders core"
   [charts]="charts core"
   [print]="print core"
-  [ui]="ui core settings tyres repairs reminders charts print"
-  [app]="app ui core settings tyres repairs reminders charts print"
+  [exchange]="exchange core"
+  [ui]="ui core settings tyres repairs reminders charts print exchange"
+  [app]="app ui core settings tyres repairs reminders charts print exchange"
 )
-folders=(core settings tyres repairs reminders charts print ui app)
+folders=(core settings tyres repairs reminders charts print exchange ui app)
 
 # The one file that talks to the system, and what only it may include.
 system_file=core/posix_file_system.cpp

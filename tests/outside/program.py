@@ -5,7 +5,6 @@ import os
 import pathlib
 import shutil
 import subprocess
-import sys
 import tempfile
 
 from accessible import Part, wait_for
@@ -14,7 +13,6 @@ from desktop import Desktop, end
 PROGRAM = pathlib.Path(os.environ["TARVIK_PROGRAM"])
 MAKE_DEMO = pathlib.Path(os.environ["TARVIK_MAKE_DEMO"])
 DEMO_LOG = pathlib.Path(os.environ["TARVIK_DEMO_LOG"])
-PICTURES = pathlib.Path(os.environ["TARVIK_PICTURES"])
 
 
 def demo_folder():
@@ -26,7 +24,7 @@ def demo_folder():
 
 
 class Program:
-    """Runs while a `with` lasts; when that fails, a picture of the display stays in the build folder.
+    """Runs while a `with` lasts.
 
     `folder` is where it runs, a new demonstration folder unless one is given; `without_alerts` takes the
     reminders away first; `wrapper` goes before the program's name: ["strace", ...]; `environment` is added to
@@ -51,9 +49,7 @@ class Program:
                                           env=self._environment)
         return self
 
-    def __exit__(self, failure, *_):
-        if failure:
-            self.desktop.photograph(PICTURES / f"{pathlib.Path(sys.argv[0]).stem}.png")
+    def __exit__(self, *_):
         end(self.process)
 
     def _application(self):

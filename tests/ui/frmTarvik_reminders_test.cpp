@@ -245,7 +245,7 @@ class FrmTarvikRemindersTest : public QObject {
     Household main;
     main.open();
     ScreenWatch screens;
-    main.find<QAction>("mnuSetup")->trigger();
+    main.chooseItem("mnuSetup");
     QCOMPARE(screens.opened, (QStringList{"frmSetup"}));
     // The stored "on" ran its switch on opening: state 0 becomes 1 and the timer stops.
     QCOMPARE(main.context.state.reminderState, std::int16_t{1});

@@ -29,6 +29,8 @@ class GuardedTest : public QObject {
     row("folder", FailureKind::FolderMissing,
         "Nincs meg a mappa, ahol ennek a fájlnak a helye van:\n/a/b.dat");
     row("full", FailureKind::FileFull, "A fájl betelt, több tétel nem fér bele:\n/a/b.dat");
+    row("changed", FailureKind::FileChanged,
+        "A fájl közben megváltozott, egy másik program írhatott bele:\n/a/b.dat");
     row("record", FailureKind::RecordMissing, "Ez a tétel már nincs a fájlban:\n/a/b.dat");
   }
   void everyKindOfFailureIsSaidInHungarian() {
@@ -60,8 +62,8 @@ class GuardedTest : public QObject {
 
   void anActionThatFailsShowsOneBoxWithItsConsequence() {
     test::BoxScript boxes;
-    QVERIFY(!ui::guarded(
-        nullptr, [] { throw Failure(FailureKind::DivisionByZero).field("txKmOra"); }, "Félig kész."));
+    QVERIFY(!ui::guarded(nullptr, [] { throw Failure(FailureKind::DivisionByZero).field("txKmOra"); },
+                         {.failed = "Félig kész."}));
     QCOMPARE(boxes.seen.size(), 1);
     QCOMPARE(boxes.seen[0].title, QString(" H i b a !"));
     QCOMPARE(boxes.seen[0].text, QString("Nullával kellene osztani: Km óra állás\n\nFélig kész."));

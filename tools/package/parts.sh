@@ -1,0 +1,39 @@
+# What the packages of both systems have in common; sourced after setup.sh, never run.
+#
+#   version                        the program's, as CMakeLists.txt sets it
+#   put_papers FOLDER              manual, licence and first steps, the same in every package
+#   put_licences FOLDER PACKAGE... the licences of these Debian packages, and which sources they are
+#   seal FILE                      writes the SHA-256 of a finished package beside it
+
+version() { sed -n 's/^project(Tarvik VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt; }
+
+# One file with its pictures inside; whoever opens it is not sent to the network.
+put_manual() {
+  local manual="$1/kezikonyv.html"
+  pandoc --from gfm --to html5 --self-contained --resource-path docs --template tools/package/manual.html \
+    --metadata title=Tarvik --output "$manual" docs/kezikonyv.md
+  ! grep --quiet --ignore-case --extended-regexp '(src|href)="?[a-z]*:?//|url\(.?[a-z]*:?//|https?://' "$manual" ||
+    fail "there is a network address in $manual"
+}
+
+put_papers() {
+  put_manual "$1"
+  cp packaging/OLVASSEL.txt "$1/"
+  cp LICENSE "$1/LICENSE.txt"
+}
+
+put_licences() {
+  local folder="$1" package
+  shift
+  mkdir -p "$folder"
+  for package in "$@"; do
+    cp -L "/usr/share/doc/$package/copyright" "$folder/$package.txt"
+  done
+  # The texts that Debian's copyright files only name.
+  grep --only-matching --no-filename '/usr/share/common-licenses/[A-Za-z0-9.-]*[A-Za-z0-9]' "$folder"/*.txt |
+    sort --unique | xargs cp --dereference --target-directory "$folder"
+  { echo "A programmal együtt adott részek forrása: Debian 12, ezek a forráscsomagok."
+    dpkg-query -W -f='${source:Package} ${source:Version}\n' "$@" | sort --unique; } > "$folder/FORRÁSOK.txt"
+}
+
+seal() { (cd "$(dirname "$1")" && sha256sum "$(basename "$1")" > "$(basename "$1").sha256"); }
