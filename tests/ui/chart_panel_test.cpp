@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <limits>
 
+#include "charts/captions.h"
 #include "core/posix_file_system.h"
 #include "tests/charts/entries.h"
 #include "tests/support/fixed_clock.h"
@@ -22,6 +23,7 @@
 #include "tests/ui/next_dialog.h"
 #include "ui/chart/chart_view.h"
 #include "ui/frmMelyGrafikon.h"
+#include "ui/text.h"
 
 namespace tarvik::ui {
 
@@ -168,6 +170,7 @@ class ChartPanelTest : public QObject {
     QCOMPARE(screen.chart()->titleText(), title);
     QCOMPARE(screen.chart()->rowLabels().first(), label);
     QCOMPARE(firstValue(screen), value);
+    QCOMPARE(screen.chart()->unitText(), toQt(charts::chartUnit(choice)));
   }
 
   void hidesTheScrollControlsForChart3AndShowsThemForChart1() {

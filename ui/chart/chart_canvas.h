@@ -27,7 +27,7 @@ class ChartCanvas : public QCustomPlot {
   const QList<ChartFace>& faces();
   /// The row that stands for a row in the picture: itself, or a neighbour in a series too long to draw whole.
   int drawnRow(int row);
-  /// The outlines of the texts on both axes.
+  /// The outlines of the texts on both axes, the unit's among them.
   QList<QPolygonF> axisLabelOutlines();
   /// The picture as drawn, `scale` pixels of it for one of the screen.
   QPixmap picture(double scale);
@@ -43,18 +43,19 @@ class ChartCanvas : public QCustomPlot {
   void markChanged();
   void arrangeIfChanged();
   void arrange();
-  void thinContent();
-  QList<ChartFace> facesOfRows(const ChartFrame& frame) const;
+  void choosePoints();
   ChartFrame arrangedFrame(LabelFit& fit) const;
+  AxisTexts placedTexts(const LabelFit& fit, const ChartFrame& frame) const;
   double titleHeight() const;
+  double unitHeight() const;
   void applyLayout(const ChartFrame& frame);
   void applyAxes(const ChartFrame& frame);
   void applyFlatSeries(const ChartFrame& frame);
   void applyFlatColors(const ChartFrame& frame);
 
   ChartContent content_;
-  ChartContent drawn_;
   QList<int> drawnRows_;
+  QList<ChartPoint> points_;
   ChartStyle style_;
   QCPTextElement* title_;
   QCPBars* bars_;
