@@ -83,7 +83,8 @@ void modifyEntry(FileSystem& files, const DataFolders& folders, const std::strin
                  const EntryInput& input, std::string_view shownConsumption) {
   NapiAdat entry = toEntry(withDefaults(input));
   entry.Fogyasztas = storedConsumption(shownConsumption);
-  RecordFile(files, folders.logbook(plate), NapiAdat::kLength).rewrite(number, encoded(entry));
+  RecordFile file(files, folders.logbook(plate), NapiAdat::kLength);
+  file.rewrite(file.seen(number), encoded(entry));
 }
 
 NapiAdat openDeletion(FileSystem& files, const DataFolders& folders, const std::string& plate, int number) {
@@ -93,8 +94,8 @@ NapiAdat openDeletion(FileSystem& files, const DataFolders& folders, const std::
 }
 
 void deleteEntry(FileSystem& files, const DataFolders& folders, const std::string& plate, int number) {
-  RecordFile(files, folders.logbook(plate), NapiAdat::kLength)
-      .remove(number, folders.logbookTemporary(plate));
+  RecordFile file(files, folders.logbook(plate), NapiAdat::kLength);
+  file.remove(file.seen(number), folders.logbookTemporary(plate));
 }
 
 }  // namespace tarvik::core

@@ -13,6 +13,7 @@ enum class FailureKind {
   WriteFailed,     ///< a write was refused or cut short (a full disk, say)
   SyncFailed,      ///< the system could not promise that the data reached the disk
   ReplaceFailed,   ///< the new contents could not take the old file's place
+  NotAFile,        ///< a pipe, a socket or a device stands where a file should
   FileBusy,        ///< another program held the file for too long
   FolderMissing,   ///< a vehicle's folder is not there
   PlateUnusable,   ///< a plate that cannot name a folder
@@ -20,7 +21,9 @@ enum class FailureKind {
   OutOfRange,      ///< a figure that does not fit its type or field
   DivisionByZero,  ///< a quotient whose divisor is 0
   FileFull,        ///< a record past the highest number that a file may hold
-  RecordMissing,   ///< a record number that the file does not have (any more)
+  FileTooLong,     ///< a file with more records than numbers reach
+  RecordMissing,   ///< a record number that the file does not have
+  RecordChanged,   ///< a record that is not any more what the person saw
 };
 
 /// The one exception of the program: an operation that could not be done.

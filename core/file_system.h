@@ -7,22 +7,29 @@
 
 namespace tarvik::core {
 
+/// What has a name on a disk.
+enum class FileKind {
+  Regular,  ///< a file that holds bytes, the only kind that data are kept in
+  Folder,
+  Other,  ///< a pipe, a socket or a device: reading and writing it is no matter of a disk
+};
+
 /// What the record files need to know of a file.
 struct FileStatus {
   std::int64_t size = 0;     ///< bytes
   std::uint64_t device = 0;  ///< with inode: which file it is
   std::uint64_t inode = 0;
   std::uint32_t mode = 0;  ///< permission bits (rwx, three times three)
-  bool isFolder = false;
+  FileKind kind = FileKind::Regular;
 };
 
 /// How a file is opened.
 enum class OpenMode {
-  Read,         ///< reading, the file must exist
-  ReadWrite,    ///< reading and writing, the file must exist
-  Create,       ///< reading and writing, made empty when it is missing, otherwise left as it is
-  CreateEmpty,  ///< reading and writing, made when missing, emptied when not; no link is followed
-  Folder,       ///< a folder, to sync it
+  Read,           ///< reading, the file must exist
+  ReadWrite,      ///< reading and writing, the file must exist
+  Create,         ///< reading and writing, made empty when it is missing, otherwise left as it is
+  CreateNew,      ///< reading and writing, made by this call; EEXIST for whatever has the name, a link too
+  CreatePrivate,  ///< as CreateNew, for its owner alone until setMode says otherwise
 };
 
 /// The system calls that the record files use, one virtual function a call, with the system's own
@@ -32,7 +39,8 @@ class FileSystem {
  public:
   virtual ~FileSystem() = default;
 
-  /// Opens a file or folder; returns its descriptor.
+  /// Opens a file; returns its descriptor. It never waits: a pipe opens without anybody at its other end, and
+  /// a file that another program has to let go of first fails with EWOULDBLOCK.
   virtual int open(const std::string& path, OpenMode mode) = 0;
   /// Closes a descriptor; it is gone whatever the result.
   virtual int close(int descriptor) = 0;
@@ -51,8 +59,10 @@ class FileSystem {
   /// Returns when what was written to an open file has left for the disk, so that nothing done afterwards
   /// gets there before it. That is an order and not yet a promise: sync makes the promise.
   virtual int writeOut(int descriptor) = 0;
-  /// Returns when an open file's data and length, or a folder's names, are on the disk.
+  /// Returns when an open file's data and length are on the disk.
   virtual int sync(int descriptor) = 0;
+  /// Returns when a folder's names are on the disk, or at once where its file system keeps no such promise.
+  virtual int syncFolder(const std::string& path) = 0;
   /// Gives a file a new name, replacing what has it, in one step.
   virtual int rename(const std::string& from, const std::string& to) = 0;
   /// Removes a file's name.
@@ -61,8 +71,8 @@ class FileSystem {
   virtual int makeFolder(const std::string& path) = 0;
   /// Resolves links: the real path of an existing file into resolved.
   virtual int resolve(const std::string& path, std::string& resolved) = 0;
-  /// Takes the exclusive advisory lock of an open file if nobody has it (errno EWOULDBLOCK otherwise);
-  /// it goes with the descriptor.
+  /// Takes the exclusive advisory lock of an open file if nobody has it; it goes with the descriptor. Errno
+  /// is EWOULDBLOCK when somebody has it, ENOLCK or EOPNOTSUPP where the file system knows no locks.
   virtual int tryLock(int descriptor) = 0;
   /// Waits a moment before another try for a lock.
   virtual void pause(int milliseconds) = 0;

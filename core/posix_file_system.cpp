@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -16,23 +17,31 @@ namespace tarvik::core {
 namespace {
 
 constexpr mode_t kNewFileMode = 0666;
+constexpr mode_t kPrivateFileMode = 0600;
 constexpr mode_t kNewFolderMode = 0777;
 constexpr std::uint32_t kPermissionBits = 0777;
+
+// Nothing that stands in a file's place may hold the program up, nor become its terminal.
+constexpr int kAlways = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
 
 int flagsOf(OpenMode mode) {
   switch (mode) {
     case OpenMode::Read:
-      return O_RDONLY | O_CLOEXEC;
+      return O_RDONLY | kAlways;
     case OpenMode::ReadWrite:
-      return O_RDWR | O_CLOEXEC;
+      return O_RDWR | kAlways;
     case OpenMode::Create:
-      return O_RDWR | O_CREAT | O_CLOEXEC;
-    case OpenMode::CreateEmpty:
-      return O_RDWR | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC;
-    case OpenMode::Folder:
-      return O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+      return O_RDWR | O_CREAT | kAlways;
+    case OpenMode::CreateNew:
+    case OpenMode::CreatePrivate:
+      return O_RDWR | O_CREAT | O_EXCL | kAlways;
   }
-  return O_RDONLY | O_CLOEXEC;
+  return O_RDONLY | kAlways;
+}
+
+FileKind kindOf(mode_t mode) {
+  if (S_ISREG(mode)) return FileKind::Regular;
+  return S_ISDIR(mode) ? FileKind::Folder : FileKind::Other;
 }
 
 FileStatus toStatus(const struct stat& native) {
@@ -40,13 +49,28 @@ FileStatus toStatus(const struct stat& native) {
           .device = native.st_dev,
           .inode = native.st_ino,
           .mode = native.st_mode & kPermissionBits,
-          .isFolder = S_ISDIR(native.st_mode)};
+          .kind = kindOf(native.st_mode)};
+}
+
+// What a system or a file system answers that cannot order writes, and nothing is wrong with the file.
+bool knowsNoOrder(int error) {
+  return error == ENOSYS || error == EINVAL || error == EOPNOTSUPP || error == EPERM || error == ESPIPE;
+}
+
+// What a file system answers that keeps no promise about the names in its folders.
+bool promisesNothing(int error) {
+  return error == EINVAL || error == ENOTSUP || error == ENOSYS;
 }
 
 }  // namespace
 
+PosixFileSystem::PosixFileSystem() {
+  std::signal(SIGXFSZ, SIG_IGN);
+}
+
 int PosixFileSystem::open(const std::string& path, OpenMode mode) {
-  return ::open(path.c_str(), flagsOf(mode), kNewFileMode);
+  return ::open(path.c_str(), flagsOf(mode),
+                mode == OpenMode::CreatePrivate ? kPrivateFileMode : kNewFileMode);
 }
 
 int PosixFileSystem::close(int descriptor) {
@@ -89,11 +113,21 @@ int PosixFileSystem::writeOut(int descriptor) {
   constexpr unsigned kWholly =
       SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER;
   if (::sync_file_range(descriptor, 0, 0, kWholly) == 0) return 0;
-  return errno == ENOSYS ? ::fsync(descriptor) : -1;
+  return knowsNoOrder(errno) ? ::fsync(descriptor) : -1;
 }
 
 int PosixFileSystem::sync(int descriptor) {
   return ::fsync(descriptor);
+}
+
+int PosixFileSystem::syncFolder(const std::string& path) {
+  const int folder = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (folder < 0) return -1;
+  const bool isDone = ::fsync(folder) == 0 || promisesNothing(errno);
+  const int error = errno;
+  ::close(folder);
+  errno = error;
+  return isDone ? 0 : -1;
 }
 
 int PosixFileSystem::rename(const std::string& from, const std::string& to) {

@@ -7,6 +7,10 @@ namespace tarvik::core {
 /// The machine's own file system: each function is the one system call of its meaning.
 class PosixFileSystem final : public FileSystem {
  public:
+  /// From now on a write past the limit that a person set on the length of files fails with EFBIG; by itself
+  /// the system would end the program.
+  PosixFileSystem();
+
   int open(const std::string& path, OpenMode mode) override;
   int close(int descriptor) override;
   int status(int descriptor, FileStatus& status) override;
@@ -17,6 +21,7 @@ class PosixFileSystem final : public FileSystem {
   int setMode(int descriptor, std::uint32_t mode) override;
   int writeOut(int descriptor) override;
   int sync(int descriptor) override;
+  int syncFolder(const std::string& path) override;
   int rename(const std::string& from, const std::string& to) override;
   int remove(const std::string& path) override;
   int makeFolder(const std::string& path) override;

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <span>
 #include <string>
-#include <utility>
 
+#include "core/file_steps.h"
 #include "core/file_system.h"
 #include "core/record_list.h"
 
@@ -14,30 +14,9 @@ namespace tarvik::core {
 /// The highest record number of any file: record numbers are 16-bit in this system.
 inline constexpr int kHighestRecordNumber = 32'767;
 
-/// An open descriptor that is closed on every path.
-class OpenFile {
- public:
-  OpenFile(FileSystem& files, int descriptor) : files_(&files), descriptor_(descriptor) {}
-  OpenFile(OpenFile&& other) noexcept
-      : files_(other.files_), descriptor_(std::exchange(other.descriptor_, -1)) {}
-  OpenFile& operator=(OpenFile&& other) noexcept;
-  OpenFile(const OpenFile&) = delete;
-  OpenFile& operator=(const OpenFile&) = delete;
-  ~OpenFile() { close(); }
-
-  int descriptor() const { return descriptor_; }
-  bool isOpen() const { return descriptor_ >= 0; }
-  /// Closes now. What was written is synced before, so the system's answer no longer matters.
-  void close() noexcept;
-
- private:
-  FileSystem* files_;
-  int descriptor_;
-};
-
 /// Reads a record file whole, in one read, up to the highest record number. A missing file is created
 /// empty where that is possible and counts as one without records. Throws Failure(FolderMissing) when
-/// its folder is not there, OpenFailed or ReadFailed.
+/// its folder is not there, OpenFailed, NotAFile or ReadFailed.
 ByteBlock readRecords(FileSystem& files, const std::string& path, std::size_t recordLength);
 
 /// As readRecords, of one record type.
@@ -47,7 +26,7 @@ RecordList<R> loadRecords(FileSystem& files, const std::string& path) {
 }
 
 /// Creates the file empty when it is missing and leaves it alone otherwise. Throws
-/// Failure(FolderMissing) or Failure(OpenFailed).
+/// Failure(FolderMissing), OpenFailed or NotAFile.
 void createIfMissing(FileSystem& files, const std::string& path);
 
 /// A record file opened to be changed, by one change.
@@ -56,11 +35,11 @@ void createIfMissing(FileSystem& files, const std::string& path);
 /// folder take turns. When append, rewrite or remove returns, the change is on the disk; until then
 /// the file is byte for byte the old one. A failure of any step throws and leaves the old file.
 /// A symbolic link is followed and stays; the file keeps its permission bits. A file without any write
-/// permission is refused whoever asks.
+/// permission is refused whoever asks, and so is one with more records than numbers reach.
 class RecordFile {
  public:
   /// Opens and locks the file, creating it empty when it is missing. Throws Failure(FolderMissing),
-  /// OpenFailed, or FileBusy when another program holds the lock for two seconds.
+  /// OpenFailed, NotAFile, FileTooLong, or FileBusy when another program holds the lock for two seconds.
   RecordFile(FileSystem& files, std::string path, std::size_t recordLength);
 
   /// Whole records in the file; a partial one at its end does not count.
@@ -69,31 +48,39 @@ class RecordFile {
   /// Reads count records from number first (1-based) in one read; the caller keeps them in range.
   ByteBlock read(std::int64_t first, std::int64_t count) const;
 
+  /// The record of that number as it is now, while the lock is held: for a change of the program's own, which
+  /// reads and writes in one go. Throws Failure(ReadFailed).
+  SeenRecord seen(std::int64_t number) const;
+
   /// Adds a record behind the last whole one. One that ends in a zero byte, as those that end in a number
   /// do, is written in place; any other goes into a new file that replaces the old one, because no order of
   /// writes makes it safe in place. Throws Failure(FileFull) past the highest record number, WriteFailed,
   /// SyncFailed, ReplaceFailed; the file then is as it was.
   void append(std::span<const std::byte> record);
 
-  /// Writes a record in the place of the one with that number, as a new file that replaces the old one.
-  /// Throws Failure(RecordMissing) for a number outside 1 to count().
-  void rewrite(std::int64_t number, std::span<const std::byte> record);
+  /// Writes a record in the place of a seen one, as a new file that replaces the old one. Throws
+  /// Failure(RecordChanged) when that number has another record by now, or none any more, and RecordMissing
+  /// where none was seen.
+  void rewrite(const SeenRecord& seen, std::span<const std::byte> record);
 
-  /// Removes the record of that number, closing the gap, as a new file that replaces the old one. What the
-  /// deletion's temporary file holds behind as many records as remain becomes part of the file and the
-  /// temporary file goes: it is never emptied first, as this system's convention. A number outside 1 to
-  /// count() removes nothing.
-  void remove(std::int64_t number, const std::string& temporary);
+  /// Removes a seen record, closing the gap, as a new file that replaces the old one. What the deletion's
+  /// temporary file holds behind as many records as remain becomes part of the file and the temporary file
+  /// goes: it is never emptied first, as this system's convention. A number of which no record was seen, and
+  /// of which there is none, removes nothing. Throws Failure(RecordChanged) as rewrite does, and FileTooLong
+  /// when the temporary file is.
+  void remove(const SeenRecord& seen, const std::string& temporary);
 
  private:
-  ByteBlock readWhole(std::int64_t records, std::size_t room) const;
+  std::size_t offsetOf(std::int64_t number) const;
+  bool hasNumber(std::int64_t number) const;
+  bool isThere(const SeenRecord& seen, const ByteBlock& contents) const;
+  ByteBlock readWhole(std::size_t room) const;
   void appendInPlace(std::span<const std::byte> record);
   void restoreTail(const ByteBlock& tail, std::int64_t offset) noexcept;
   void replaceWith(std::span<const std::byte> contents);
   void replaceThrough(const std::string& temporary, std::span<const std::byte> contents);
   OpenFile makeReplacement(const std::string& replacement, std::span<const std::byte> contents);
   void takeOver(OpenFile file, std::size_t size);
-  void discard(const std::string& temporary);
 
   FileSystem& files_;
   std::string path_;

@@ -2,6 +2,7 @@
 
 #include <concepts>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <span>
 #include <utility>
@@ -28,6 +29,13 @@ struct ByteBlock {
   }
   std::span<std::byte> span() { return {data.get(), size}; }
   std::span<const std::byte> span() const { return {data.get(), size}; }
+};
+
+/// A record as it was seen when its file was read: what a change of that record is asked for with, so that it
+/// never takes another one that has its number by now.
+struct SeenRecord {
+  std::int64_t number = 0;         ///< counted from 1
+  std::vector<std::byte> bytes{};  ///< empty where the file had no record of that number
 };
 
 /// The bytes of one record.
@@ -66,6 +74,13 @@ class RecordList {
     const auto offset = isThere ? static_cast<std::size_t>(number - 1) * R::kLength : 0;
     const std::span<const std::byte> from = isThere ? bytes_.span() : kZeros;
     return from.subspan(offset, R::kLength);
+  }
+
+  /// That record to be changed: its number and its bytes.
+  SeenRecord seen(int number) const {
+    if (number < 1 || number > count()) return {.number = number};
+    const auto found = bytes(number);
+    return {.number = number, .bytes = {found.begin(), found.end()}};
   }
 
  private:

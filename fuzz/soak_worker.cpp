@@ -68,8 +68,8 @@ void make(const Change& change, const std::string& folder) {
   const std::string record = recordOf(kind, change.identity);
   const auto number = static_cast<std::int64_t>(change.number);
   if (change.what == 'A') file.append(std::as_bytes(std::span(record)));
-  if (change.what == 'R') file.rewrite(number, std::as_bytes(std::span(record)));
-  if (change.what == 'D') file.remove(number, folder + "/" + kind.file + "x");
+  if (change.what == 'R') file.rewrite(file.seen(number), std::as_bytes(std::span(record)));
+  if (change.what == 'D') file.remove(file.seen(number), folder + "/" + kind.file + "x");
 }
 
 void apply(const Change& change, Model& model) {

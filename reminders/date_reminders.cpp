@@ -83,7 +83,8 @@ void recordDateReminder(core::FileSystem& files, const core::DataFolders& folder
 }
 
 void deleteDateReminder(core::FileSystem& files, const core::DataFolders& folders, int record) {
-  openFile(files, folders).remove(record, folders.inCurrent(kTemporary));
+  core::RecordFile file = openFile(files, folders);
+  file.remove(file.seen(record), folders.inCurrent(kTemporary));
 }
 
 }  // namespace tarvik::reminders

@@ -26,10 +26,9 @@ core::RecordFile openFile(core::FileSystem& files, const core::DataFolders& fold
   return core::RecordFile(files, folders.inCurrent(kFile), FigyelRec::kLength);
 }
 
-// A record of zeros for number 0.
-FigyelRec recordAt(const core::RecordFile& file, std::int64_t number) {
-  if (number == 0) return {};
-  return KmReminders(file.read(number, 1)).record(1);
+// One of zeros where there is none.
+FigyelRec decoded(const core::SeenRecord& seen) {
+  return seen.bytes.empty() ? FigyelRec{} : FigyelRec::decode(seen.bytes);
 }
 
 ReminderRow rowOf(const FigyelRec& reminder, int record) {
@@ -67,22 +66,21 @@ void recordKmReminder(core::FileSystem& files, const core::DataFolders& folders,
                       core::Day today) {
   core::RecordFile file = openFile(files, folders);
   const bool overwritesFirst = core::trimmed(entry.text).empty() && file.count() > 0;
-  const FigyelRec before = recordAt(file, overwritesFirst ? 1 : file.count());
-  const std::vector<std::byte> bytes = core::encoded(filledFrom(before, entry, today));
-  if (overwritesFirst) return file.rewrite(1, bytes);
+  const core::SeenRecord before = file.seen(overwritesFirst ? 1 : file.count());
+  const std::vector<std::byte> bytes = core::encoded(filledFrom(decoded(before), entry, today));
+  if (overwritesFirst) return file.rewrite(before, bytes);
   file.append(bytes);
 }
 
 void blankKmReminder(core::FileSystem& files, const core::DataFolders& folders, int record) {
   core::RecordFile file = openFile(files, folders);
-  if (record < 1 || record > file.count())
-    throw core::Failure(core::FailureKind::RecordMissing).file(folders.inCurrent(kFile)).record(record);
-  FigyelRec reminder = recordAt(file, record);
+  const core::SeenRecord seen = file.seen(record);
+  FigyelRec reminder = decoded(seen);
   reminder.Szoveg = core::FixedText<40>("");
   reminder.RogzDatum = core::FixedText<10>("");
   reminder.KmAllas = 0;
   reminder.KmMulva = 0;
-  file.rewrite(record, core::encoded(reminder));
+  file.rewrite(seen, core::encoded(reminder));
 }
 
 }  // namespace tarvik::reminders

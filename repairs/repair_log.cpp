@@ -39,8 +39,8 @@ void RepairLog::record(const NewRepair& typed) const {
 }
 
 void RepairLog::remove(int number) const {
-  core::RecordFile(files_, folders_.inProgram(kFile), Repair::kLength)
-      .remove(number, folders_.inCurrent(kTemporary));
+  core::RecordFile file(files_, folders_.inProgram(kFile), Repair::kLength);
+  file.remove(file.seen(number), folders_.inCurrent(kTemporary));
 }
 
 }  // namespace tarvik::repairs

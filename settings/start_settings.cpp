@@ -1,7 +1,5 @@
 #include "settings/start_settings.h"
 
-#include <algorithm>
-
 #include "core/record_file.h"
 #include "core/record_list.h"
 
@@ -13,9 +11,9 @@ constexpr std::size_t kPlate = 2;
 
 constexpr const char* kFileName = "set.dat";
 
-void writeFirst(core::RecordFile& file, const SetRecord& settings) {
-  if (file.count() == 0) return file.append(core::encoded(settings));
-  file.rewrite(1, core::encoded(settings));
+void writeInPlaceOf(const core::SeenRecord& first, core::RecordFile& file, const SetRecord& settings) {
+  if (first.bytes.empty()) return file.append(core::encoded(settings));
+  file.rewrite(first, core::encoded(settings));
 }
 
 }  // namespace
@@ -36,16 +34,16 @@ SetRecord loadStartSettings(core::FileSystem& files, const core::DataFolders& fo
 
 void saveStartSettings(core::FileSystem& files, const core::DataFolders& folders, const SetRecord& settings) {
   core::RecordFile file(files, folders.inCurrent(kFileName), SetRecord::kLength);
-  writeFirst(file, settings);
+  writeInPlaceOf(file.seen(1), file, settings);
 }
 
 void saveReminderFlag(core::FileSystem& files, const core::DataFolders& folders, std::int16_t remindersOn) {
   core::RecordFile file(files, folders.inCurrent(kFileName), SetRecord::kLength);
-  const auto first = std::min<std::int64_t>(file.count(), 1);
-  SetRecord settings = core::RecordList<SetRecord>(file.read(1, first)).record(1);
-  if (first == 1 && settings.remindersOn == remindersOn) return;
+  const core::SeenRecord first = file.seen(1);
+  SetRecord settings = first.bytes.empty() ? SetRecord{} : SetRecord::decode(first.bytes);
+  if (!first.bytes.empty() && settings.remindersOn == remindersOn) return;
   settings.remindersOn = remindersOn;
-  writeFirst(file, settings);
+  writeInPlaceOf(first, file, settings);
 }
 
 }  // namespace tarvik::settings

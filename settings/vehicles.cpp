@@ -28,9 +28,7 @@ std::int16_t wholeLitres(std::string_view tankText) {
 void makeVehicleFolder(core::FileSystem& files, const core::DataFolders& folders,
                        std::string_view plateText) {
   if (!core::isUsablePlate(plateText)) return;
-  if (files.makeFolder(folders.vehicleFolder(plateText)) != 0) return;
-  const core::OpenFile program(files, files.open(folders.program, core::OpenMode::Folder));
-  if (program.isOpen()) files.sync(program.descriptor());
+  if (files.makeFolder(folders.vehicleFolder(plateText)) == 0) files.syncFolder(folders.program);
 }
 
 }  // namespace
@@ -69,7 +67,7 @@ void addVehicle(core::FileSystem& files, const core::DataFolders& folders, std::
 
 void removeVehicle(core::FileSystem& files, const core::DataFolders& folders, int number) {
   core::RecordFile file(files, folders.inCurrent(kFileName), Vehicle::kLength);
-  file.remove(number, folders.inCurrent(kTemporaryName));
+  file.remove(file.seen(number), folders.inCurrent(kTemporaryName));
 }
 
 std::int16_t tankSizeOf(const Vehicles& vehicles, std::string_view plate) {

@@ -79,10 +79,11 @@ void TyreRegister::record(const NewTyreSet& typed) {
 template <typename Edit>
 void TyreRegister::rewrite(int number, Edit edit) {
   core::RecordFile file(files_, folders_.inProgram(kFile), TyreSet::kLength);
-  buffer_ = allOf(file).record(number);
+  const TyreSets sets = allOf(file);
+  buffer_ = sets.record(number);
   TyreSet edited = buffer_;
   edit(edited);
-  file.rewrite(number, core::encoded(edited));
+  file.rewrite(sets.seen(number), core::encoded(edited));
   buffer_ = edited;
 }
 
@@ -95,8 +96,8 @@ void TyreRegister::change(int number, const TyreFields& typed) {
 }
 
 void TyreRegister::remove(int number) {
-  core::RecordFile(files_, folders_.inProgram(kFile), TyreSet::kLength)
-      .remove(number, folders_.inCurrent(kTemporary));
+  core::RecordFile file(files_, folders_.inProgram(kFile), TyreSet::kLength);
+  file.remove(file.seen(number), folders_.inCurrent(kTemporary));
 }
 
 void addDistance(core::FileSystem& files, const core::DataFolders& folders, std::string_view plate,
@@ -110,7 +111,7 @@ void addDistance(core::FileSystem& files, const core::DataFolders& folders, std:
   if (number == 0) return;
   TyreSet set = sets.record(number);
   set.kmRun = core::fieldWhole32(set.kmRun + distance, kNewFields.kmRun);
-  file.rewrite(number, core::encoded(set));
+  file.rewrite(sets.seen(number), core::encoded(set));
 }
 
 }  // namespace tarvik::tyres

@@ -26,6 +26,8 @@ QString headline(FailureKind kind) {
       return QStringLiteral("A rendszer nem igazolta vissza a mentést:\n%1");
     case FailureKind::ReplaceFailed:
       return QStringLiteral("A fájl nem cserélhető le az új változatára:\n%1");
+    case FailureKind::NotAFile:
+      return QStringLiteral("Ezen a néven nem fájl van, hanem cső vagy eszköz:\n%1");
     case FailureKind::FileBusy:
       return QStringLiteral("A fájlt egy másik program használja:\n%1");
     case FailureKind::FolderMissing:
@@ -40,8 +42,12 @@ QString headline(FailureKind kind) {
       return QStringLiteral("Nullával kellene osztani: %1");
     case FailureKind::FileFull:
       return QStringLiteral("A fájl betelt, több tétel nem fér bele:\n%1");
+    case FailureKind::FileTooLong:
+      return QStringLiteral("A fájlban több tétel van, mint amennyit a program kezelni tud:\n%1");
     case FailureKind::RecordMissing:
       return QStringLiteral("Ez a tétel már nincs a fájlban:\n%1");
+    case FailureKind::RecordChanged:
+      return QStringLiteral("Az adatok közben máshol megváltoztak:\n%1");
   }
   return {};
 }
@@ -87,7 +93,9 @@ QString systemWords(int error) {
       {EDQUOT, "betelt a lemezkeret"},
       {EFBIG, "túl nagy lenne a fájl"},
       {EIO, "a lemez hibát jelzett"},
+      {EEXIST, "már van ilyen nevű fájl"},
       {EBUSY, "a fájl foglalt"},
+      {EAGAIN, "a fájl foglalt"},
       {ETXTBSY, "a fájl foglalt"},
       {EMFILE, "túl sok fájl van nyitva"},
       {ENFILE, "túl sok fájl van nyitva"},
@@ -97,6 +105,12 @@ QString systemWords(int error) {
       {EINTR, "a rendszer félbeszakította"},
       {EINVAL, "a rendszer nem tudja megtenni"},
       {ENOTSUP, "a meghajtó nem tudja megtenni"},
+      {ENOSYS, "a rendszer nem ismeri ezt a műveletet"},
+      {ENOMEM, "elfogyott a memória"},
+      {ENOLCK, "nem zárolható több fájl"},
+      {ESTALE, "a hálózati mappa közben megváltozott vagy eltűnt"},
+      {ESPIPE, "ez nem lemezen lévő fájl"},
+      {ENXIO, "ez nem fájl, hanem eszköz vagy kapcsolat"},
   };
   return words.value(error, QStringLiteral("%1. számú rendszerhiba").arg(error));
 }
@@ -113,6 +127,8 @@ QString failureText(const core::Failure& failure, const QString& consequence) {
   if (failure.systemError() != 0) text += QStringLiteral("\n(%1)").arg(systemWords(failure.systemError()));
   if (failure.kind() == FailureKind::SyncFailed)
     return text + QStringLiteral("\n\nNézd meg a listát, mielőtt megismétled!");
+  if (failure.kind() == FailureKind::RecordChanged)
+    return text + QStringLiteral("\n\nA művelet elmaradt. Nézd meg a listát, és válaszd ki újra a tételt!");
   return text + QStringLiteral("\n\n") + consequence;
 }
 

@@ -5,17 +5,34 @@
 #include <utility>
 
 namespace tarvik::ui {
+namespace {
+
+constexpr int kNames = 100;
+
+// A name beside the file that nothing has yet; what is there under such a name may be somebody's.
+std::string unfinishedName(const std::string& path, int number) {
+  return path + ".part" + (number == 1 ? std::string() : std::to_string(number));
+}
+
+}  // namespace
 
 using core::Failure;
 using core::FailureKind;
 
 OutputFile::OutputFile(core::FileSystem& files, std::string path)
-    : files_(files),
-      path_(std::move(path)),
-      unfinished_(path_ + ".part"),
-      file_(files, files.open(unfinished_, core::OpenMode::CreateEmpty)) {
+    : files_(files), path_(std::move(path)), file_(begin()) {
   if (!file_.isOpen()) throw failed(FailureKind::OpenFailed);
   open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+}
+
+core::OpenFile OutputFile::begin() {
+  int descriptor = -1;
+  for (int number = 1; descriptor < 0 && number <= kNames; ++number) {
+    unfinished_ = unfinishedName(path_, number);
+    descriptor = files_.open(unfinished_, core::OpenMode::CreateNew);
+    if (descriptor < 0 && errno != EEXIST) break;
+  }
+  return {files_, descriptor};
 }
 
 OutputFile::~OutputFile() {

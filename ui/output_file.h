@@ -6,8 +6,8 @@
 #include <string>
 
 #include "core/failure.h"
+#include "core/file_steps.h"
 #include "core/file_system.h"
-#include "core/record_file.h"
 
 namespace tarvik::ui {
 
@@ -35,6 +35,7 @@ class OutputFile final : public QIODevice {
   qint64 writeData(const char* data, qint64 size) override;
 
  private:
+  core::OpenFile begin();
   core::Failure failed(core::FailureKind kind) const;
 
   core::FileSystem& files_;

@@ -1,17 +1,9 @@
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <linux/filter.h>
-#include <linux/seccomp.h>
-#include <sys/prctl.h>
-#include <sys/stat.h>
-#include <sys/syscall.h>
 #include <unistd.h>
 
-#include <cstddef>
 #include <functional>
-#include <iterator>
-#include <thread>
 #include <utility>
+#include <vector>
 
 #include "core/posix_file_system.h"
 #include "core/record_file.h"
@@ -65,12 +57,21 @@ class RecordFileFailuresTest : public testing::Test {
 
   void append(std::string_view record) { RecordFile(files_, kPath, kLength).append(bytesOf(record)); }
 
+  void rewrite(std::int64_t number, std::string_view record) {
+    RecordFile file(files_, kPath, kLength);
+    file.rewrite(file.seen(number), bytesOf(record));
+  }
+  void remove(std::int64_t number, const std::string& temporary) {
+    RecordFile file(files_, kPath, kLength);
+    file.remove(file.seen(number), temporary);
+  }
+
   // From now on the next such call fails with that error; later ones work.
   void failOnce(test::Call which, int error) {
     files_.before = [this, which, error](test::Call call) {
       if (call != which) return true;
-      files_.before = [](test::Call) { return true; };
       errno = error;
+      files_.before = [](test::Call) { return true; };  // and this function is no more
       return false;
     };
   }
@@ -147,7 +148,7 @@ TEST_F(RecordFileFailuresTest, ADiskThatTakesNothingIsFull) {
 TEST_F(RecordFileFailuresTest, ReadsAndWritesInPiecesAreWhole) {
   disk_.put(kPath, "old1old2");
   files_.transferred = [](std::int64_t bytes) { return std::min<std::int64_t>(bytes, 3); };
-  RecordFile(files_, kPath, kLength).rewrite(1, bytesOf("new1"));
+  rewrite(1, "new1");
   EXPECT_EQ(disk_.contents(kPath), "new1old2");
 }
 
@@ -159,8 +160,8 @@ TEST_F(RecordFileFailuresTest, AFileCutShortMeanwhileIsNotReplacedByWhatIsLeft) 
     const OpenFile other(disk_, disk_.open(kPath, OpenMode::ReadWrite));
     disk_.truncate(other.descriptor(), 3);
     test::expectFailure(FailureKind::ReadFailed, [&] {
-      if (operation == 0) file.rewrite(2, bytesOf("new2"));
-      if (operation == 1) file.remove(1, kTemporary);
+      if (operation == 0) file.rewrite(file.seen(2), bytesOf("new2"));
+      if (operation == 1) file.remove(file.seen(1), kTemporary);
       if (operation == 2) file.append(bytesOf("more"));
     });
     EXPECT_EQ(disk_.contents(kPath), "old");
@@ -194,10 +195,186 @@ TEST_F(RecordFileFailuresTest, ALaterChangeOfTheSameFileBuildsOnItsReplacement) 
   RecordFile file(files_, kPath, kLength);
   file.append(bytesOf("more"));
   file.append(bytesOf(std::string_view("end\0", 4)));
-  file.rewrite(1, bytesOf("new1"));
-  file.remove(2, kTemporary);
+  file.rewrite(file.seen(1), bytesOf("new1"));
+  file.remove(file.seen(2), kTemporary);
   EXPECT_EQ(file.count(), 2);
   EXPECT_EQ(disk_.contents(kPath), std::string("new1end\0", 8));
+}
+
+TEST_F(RecordFileFailuresTest, AFileSystemWithoutLocksKeepsNobodyFromAChange) {
+  for (const int error : {ENOLCK, EOPNOTSUPP}) {
+    disk_.put(kPath, "old1");
+    files_.before = [&](test::Call call) {
+      errno = error;
+      return call != test::Call::TryLock;
+    };
+    append("more");
+    EXPECT_EQ(disk_.contents(kPath), "old1more");
+  }
+}
+
+TEST_F(RecordFileFailuresTest, ALockRefusedForAnotherReasonThanBeingHeldIsTold) {
+  disk_.put(kPath, "old1");
+  for (const int nth : {1, 2}) {
+    int locks = 0;
+    files_.before = [&](test::Call call) {
+      errno = EIO;
+      return call != test::Call::TryLock || ++locks != nth;
+    };
+    test::expectSystemFailure(FailureKind::OpenFailed, EIO, [&] { append("more"); });
+    EXPECT_EQ(disk_.contents(kPath), "old1");
+    EXPECT_FALSE(disk_.has(kPath + ".tmp"));
+  }
+}
+
+TEST_F(RecordFileFailuresTest, AFileThatAnotherProgramHasToLetGoOfIsOpenedAMomentLater) {
+  disk_.put(kPath, "old1");
+  int pauses = 0;
+  files_.before = [&](test::Call call) {
+    if (call == test::Call::Pause) ++pauses;
+    errno = EWOULDBLOCK;
+    return call != test::Call::Open || pauses == 3;
+  };
+  EXPECT_EQ(readRecords(files_, kPath, kLength).size, kLength);
+}
+
+TEST_F(RecordFileFailuresTest, AFileThatIsNeverLetGoOfIsToldAfterTwoSeconds) {
+  disk_.put(kPath, "old1");
+  int pauses = 0;
+  files_.before = [&](test::Call call) {
+    if (call == test::Call::Pause) ++pauses;
+    errno = EWOULDBLOCK;
+    return call != test::Call::Open;
+  };
+  test::expectSystemFailure(FailureKind::OpenFailed, EWOULDBLOCK, [&] { append("more"); });
+  EXPECT_EQ(pauses, 80);
+}
+
+TEST_F(RecordFileFailuresTest, PermissionBitsThatAreRightAlreadyAreNotSet) {
+  disk_.put(kPath, "old1");
+  disk_.setModeOf(kPath, 0600);
+  files_.before = [&](test::Call call) {
+    errno = EPERM;
+    return call != test::Call::SetMode;
+  };
+  append("more");
+  EXPECT_EQ(disk_.contents(kPath), "old1more");
+}
+
+TEST_F(RecordFileFailuresTest, PermissionBitsThatCannotBeKeptAreAFailedChange) {
+  disk_.put(kPath, "old1");
+  failOnce(test::Call::SetMode, EPERM);
+  test::expectSystemFailure(FailureKind::WriteFailed, EPERM, [&] { append("more"); });
+  EXPECT_EQ(disk_.contents(kPath), "old1");
+  EXPECT_EQ(disk_.modeOf(kPath), 0644U);
+  EXPECT_FALSE(disk_.has(kPath + ".tmp"));
+}
+
+TEST_F(RecordFileFailuresTest, NobodyElseReadsTheNewContentsBeforeTheyHaveTheName) {
+  disk_.put(kPath, "old1");
+  disk_.setModeOf(kPath, 0640);
+  std::vector<std::uint32_t> modes;
+  files_.before = [&](test::Call call) {
+    if (call == test::Call::Write || call == test::Call::Rename)
+      modes.push_back(disk_.modeOf(kPath + ".tmp"));
+    return true;
+  };
+  append("more");
+  EXPECT_EQ(modes, (std::vector<std::uint32_t>{0600, 0640}));
+  EXPECT_EQ(disk_.modeOf(kPath), 0640U);
+}
+
+TEST_F(RecordFileFailuresTest, ALinkPutInTheReplacementsPlaceIsNotWrittenThrough) {
+  disk_.put(kPath, "old1");
+  disk_.put("/data/victim", "theirs");
+  bool isFree = false;
+  files_.before = [&](test::Call call) {
+    if (call == test::Call::Open && isFree) disk_.putLink(kPath + ".tmp", "/data/victim");
+    isFree = isFree || call == test::Call::Remove;
+    return true;
+  };
+  test::expectSystemFailure(FailureKind::OpenFailed, EEXIST, [&] { append("more"); });
+  EXPECT_EQ(disk_.contents("/data/victim"), "theirs");
+  EXPECT_EQ(disk_.contents(kPath), "old1");
+}
+
+TEST_F(RecordFileFailuresTest, AFileOfMoreRecordsThanNumbersReachIsRefusedBeforeItIsRead) {
+  disk_.put(kPath, std::string(32'768 * kLength, 'x'));
+  files_.before = [](test::Call call) { return call != test::Call::Read; };
+  test::expectFailure(FailureKind::FileTooLong, [&] { rewrite(1, "new1"); });
+  test::expectFailure(FailureKind::FileTooLong, [&] { remove(1, kTemporary); });
+  test::expectFailure(FailureKind::FileTooLong, [&] { append("more"); });
+}
+
+TEST_F(RecordFileFailuresTest, AFullFileWithAPartOfARecordBehindItIsStillChanged) {
+  disk_.put(kPath, std::string(32'767 * kLength + 3, 'x'));
+  rewrite(32'767, "last");
+  EXPECT_EQ(disk_.contents(kPath).substr(32'766 * kLength), "lastxxx");
+}
+
+TEST_F(RecordFileFailuresTest, ATemporaryFileThatIsTooLongIsNamedAndStays) {
+  disk_.put(kPath, "old1old2");
+  disk_.put(kTemporary, std::string(32'768 * kLength, 'x'));
+  try {
+    remove(1, kTemporary);
+    ADD_FAILURE() << "nothing was thrown";
+  } catch (const Failure& failure) {
+    EXPECT_EQ(failure.kind(), FailureKind::FileTooLong);
+    EXPECT_EQ(failure.file(), kTemporary);
+  }
+  EXPECT_EQ(disk_.contents(kPath), "old1old2");
+  EXPECT_TRUE(disk_.has(kTemporary));
+}
+
+class SeenRecordTest : public RecordFileFailuresTest {
+ protected:
+  SeenRecordTest() { disk_.put(kPath, "rec1rec2rec3"); }
+
+  static SeenRecord seen(std::int64_t number, std::string_view record) {
+    const auto bytes = bytesOf(record);
+    return {.number = number, .bytes = {bytes.begin(), bytes.end()}};
+  }
+  void rewriteSeen(const SeenRecord& record) {
+    RecordFile(files_, kPath, kLength).rewrite(record, bytesOf("new!"));
+  }
+  void removeSeen(const SeenRecord& record) { RecordFile(files_, kPath, kLength).remove(record, kTemporary); }
+
+  // Neither change is made of what is not there as it was seen.
+  void expectRefused(const SeenRecord& record) {
+    test::expectFailure(FailureKind::RecordChanged, [&] { rewriteSeen(record); });
+    test::expectFailure(FailureKind::RecordChanged, [&] { removeSeen(record); });
+    EXPECT_EQ(disk_.contents(kPath), "rec1rec2rec3");
+    EXPECT_EQ(disk_.openFiles(), 0);
+  }
+};
+
+TEST_F(SeenRecordTest, IsTheOneThatChanges) {
+  rewriteSeen(seen(2, "rec2"));
+  EXPECT_EQ(disk_.contents(kPath), "rec1new!rec3");
+  removeSeen(seen(1, "rec1"));
+  EXPECT_EQ(disk_.contents(kPath), "new!rec3");
+}
+
+TEST_F(SeenRecordTest, ThatMovedAwayLeavesTheOneInItsPlace) {
+  expectRefused(seen(2, "rec3"));
+}
+
+TEST_F(SeenRecordTest, ThatWasChangedStays) {
+  expectRefused(seen(2, "rec9"));
+}
+
+TEST_F(SeenRecordTest, BehindTheEndByNowIsTold) {
+  expectRefused(seen(4, "rec4"));
+}
+
+TEST_F(SeenRecordTest, ThatWasNoneIsNotTheOneThatCameSince) {
+  expectRefused({.number = 3});
+}
+
+TEST_F(SeenRecordTest, ThatNeitherWasNorIsRemovesNothing) {
+  for (const std::int64_t number : {0, -1, 4}) removeSeen({.number = number});
+  EXPECT_EQ(disk_.contents(kPath), "rec1rec2rec3");
+  test::expectFailure(FailureKind::RecordMissing, [&] { rewriteSeen({.number = 4}); });
 }
 
 class LeftoverFailuresTest : public RecordFileFailuresTest {
@@ -206,7 +383,7 @@ class LeftoverFailuresTest : public RecordFileFailuresTest {
     disk_.put(kPath, "rec1rec2");
     disk_.put(kTemporary, "copysurp");
   }
-  void removeFirst() { RecordFile(files_, kPath, kLength).remove(1, kTemporary); }
+  void removeFirst() { remove(1, kTemporary); }
 };
 
 TEST_F(LeftoverFailuresTest, TheSurplusBecomesPartOfTheFile) {
@@ -234,7 +411,7 @@ class LeftoverOnAnotherDeviceTest : public RecordFileFailuresTest {
     disk_.put(kPath, "rec1rec2");
     disk_.put(kFar, "copysurp");
   }
-  void removeFirst() { RecordFile(files_, kPath, kLength).remove(1, kFar); }
+  void removeFirst() { remove(1, kFar); }
   const std::string kFar = "/far/filex.dat";
 };
 
@@ -318,67 +495,6 @@ TEST(OpenFileTest, MovingClosesWhatWasOpen) {
   first.close();
   first.close();
   EXPECT_EQ(disk.openFiles(), 0);
-}
-
-TEST(PosixFileSystemTest, TellsFailuresAsTheSystemDoes) {
-  PosixFileSystem files;
-  FileStatus status;
-  std::string resolved;
-  EXPECT_EQ(files.status(-1, status), -1);
-  EXPECT_EQ(errno, EBADF);
-  EXPECT_EQ(files.statusOf("/nowhere/at/all", status), -1);
-  EXPECT_EQ(errno, ENOENT);
-  EXPECT_EQ(files.resolve("/nowhere/at/all", resolved), -1);
-  EXPECT_EQ(errno, ENOENT);
-  EXPECT_EQ(files.writeOut(-1), -1);
-  EXPECT_EQ(errno, EBADF);
-  files.pause(0);
-}
-
-// Makes a system call one that the system does not know, for the calling thread.
-void forget(unsigned systemCall) {
-  sock_filter rules[] = {BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
-                         BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, systemCall, 0, 1),
-                         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | ENOSYS),
-                         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
-  const sock_fprog program{.len = std::size(rules), .filter = rules};
-  ASSERT_EQ(::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0), 0);
-  ASSERT_EQ(::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program), 0);
-}
-
-TEST(PosixFileSystemTest, SyncsWhereTheSystemCannotOrderWrites) {
-  const test::TemporaryFolder folder;
-  PosixFileSystem files;
-  const OpenFile file(files, files.open(folder / "data", OpenMode::Create));
-  int result = -1;
-  std::thread([&] {
-    forget(SYS_sync_file_range);
-    result = files.writeOut(file.descriptor());
-  }).join();
-  EXPECT_EQ(result, 0);
-}
-
-TEST(PosixFileSystemTest, OpensInAnUnknownModeToReadOnly) {
-  const test::TemporaryFolder folder;
-  folder.write("data", "1234");
-  PosixFileSystem files;
-  const OpenFile file(files, files.open(folder / "data", static_cast<OpenMode>(99)));
-  EXPECT_TRUE(file.isOpen());
-  EXPECT_EQ(files.truncate(file.descriptor(), 0), -1);
-}
-
-TEST(PosixFileSystemTest, OpensInEveryMode) {
-  const test::TemporaryFolder folder;
-  PosixFileSystem files;
-  folder.write("data", "1234");
-  for (const OpenMode mode : {OpenMode::Read, OpenMode::ReadWrite, OpenMode::Create}) {
-    const OpenFile file(files, files.open(folder / "data", mode));
-    EXPECT_TRUE(file.isOpen());
-    EXPECT_EQ(folder.read("data"), "1234");
-  }
-  EXPECT_TRUE(OpenFile(files, files.open(folder.path(), OpenMode::Folder)).isOpen());
-  EXPECT_TRUE(OpenFile(files, files.open(folder / "data", OpenMode::CreateEmpty)).isOpen());
-  EXPECT_EQ(folder.read("data"), "");
 }
 
 }  // namespace

@@ -33,8 +33,16 @@ class RecordFileTest : public testing::Test {
  protected:
   RecordFile opened() { return RecordFile(files_, path_, kLength); }
   void append(std::string_view record) { opened().append(bytes(record)); }
-  void rewrite(std::int64_t number, std::string_view record) { opened().rewrite(number, bytes(record)); }
-  void remove(std::int64_t number) { opened().remove(number, temporary_); }
+  void rewrite(std::int64_t number, std::string_view record) { rewrite(files_, number, record); }
+  void rewrite(FileSystem& files, std::int64_t number, std::string_view record) {
+    RecordFile file(files, path_, kLength);
+    file.rewrite(file.seen(number), bytes(record));
+  }
+  void remove(std::int64_t number) { remove(files_, number); }
+  void remove(FileSystem& files, std::int64_t number) {
+    RecordFile file(files, path_, kLength);
+    file.remove(file.seen(number), temporary_);
+  }
   std::string loaded() { return text(readRecords(files_, path_, kLength)); }
   void write(std::string_view contents) { folder_.write("data.dat", contents); }
   std::string stored() const { return folder_.read("data.dat"); }
@@ -255,12 +263,13 @@ TEST_F(RecordFileTest, AFolderInTheTemporaryFilesPlaceStopsTheDeletion) {
   EXPECT_EQ(stored(), "AAAABBBB");
 }
 
-TEST_F(RecordFileTest, DeletionFromAFileOf100MegabytesLosesNoOtherRecord) {
+TEST_F(RecordFileTest, AFileOf5GigabytesIsRefusedAtOnceAndStays) {
   write("AAAABBBBCCCC");
-  fs::resize_file(path_, 100'000'000);
-  remove(2);
-  EXPECT_EQ(fs::file_size(path_), 100'000'000u - kLength);
-  EXPECT_EQ(loaded().substr(0, 9), std::string("AAAACCCC\0", 9));
+  fs::resize_file(path_, 5'000'000'000);
+  expectFailure(FailureKind::FileTooLong, [&] { remove(2); });
+  expectFailure(FailureKind::FileTooLong, [&] { rewrite(2, "XXXX"); });
+  EXPECT_EQ(fs::file_size(path_), 5'000'000'000u);
+  EXPECT_EQ(loaded().substr(0, 12), "AAAABBBBCCCC");
 }
 
 // What a replaced file keeps.
@@ -359,10 +368,10 @@ TEST_F(RecordFileTest, ChangeBuildsOnTheFileThatReplacedTheOneWaitedFor) {
   auto other = std::make_unique<RecordFile>(files_, path_, kLength);
   PausingFileSystem waiting;
   waiting.meanwhile = [&] {
-    other->rewrite(1, bytes("XXXX"));
+    other->rewrite(other->seen(1), bytes("XXXX"));
     other.reset();
   };
-  RecordFile(waiting, path_, kLength).rewrite(2, bytes("YYYY"));
+  rewrite(waiting, 2, "YYYY");
   EXPECT_EQ(stored(), "XXXXYYYY");
 }
 
@@ -385,6 +394,10 @@ struct CountingFileSystem : test::ForwardingFileSystem {
     ++syncs;
     return ForwardingFileSystem::sync(descriptor);
   }
+  int syncFolder(const std::string& path) override {
+    ++syncs;
+    return ForwardingFileSystem::syncFolder(path);
+  }
 };
 
 TEST_F(RecordFileTest, ReadsTheWholeFileInOneRead) {
@@ -403,7 +416,7 @@ TEST_F(RecordFileTest, NewNameIsSyncedWithTheFile) {
   EXPECT_EQ(counting.syncs, 3);
   RecordFile(counting, path_, kLength).append(bytes("BBBB"));
   EXPECT_EQ(counting.syncs, 5);  // the whole file anew, under its old name
-  RecordFile(counting, path_, kLength).rewrite(1, bytes("CCCC"));
+  rewrite(counting, 1, "CCCC");
   EXPECT_EQ(counting.syncs, 7);
   EXPECT_EQ(stored(), std::string("CCCCAAA\0BBBB", 12));
 }
@@ -430,9 +443,9 @@ TEST_F(RecordFileTest, ShortAndInterruptedCallsAreContinued) {
   HaltingFileSystem halting;
   RecordFile(halting, path_, kLength).append(bytes("AAAA"));
   RecordFile(halting, path_, kLength).append(bytes("BBBB"));
-  RecordFile(halting, path_, kLength).rewrite(1, bytes("CCCC"));
+  rewrite(halting, 1, "CCCC");
   RecordFile(halting, path_, kLength).append(bytes("DDDD"));
-  RecordFile(halting, path_, kLength).remove(2, temporary_);
+  remove(halting, 2);
   EXPECT_EQ(stored(), "CCCCDDDD");
   EXPECT_EQ(text(readRecords(halting, path_, kLength)), "CCCCDDDD");
 }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 
 #include "core/entry_editing.h"
@@ -24,8 +25,8 @@ constexpr int kFew = 3;
 constexpr int kMany = 3'000;
 
 constexpr std::array<const char*, kCallKinds> kCallNames = {
-    "open",     "close", "status", "statusOf", "read",       "write",   "truncate", "setMode",
-    "writeOut", "sync",  "rename", "remove",   "makeFolder", "resolve", "tryLock",  "pause"};
+    "open", "close",      "status", "statusOf", "read",       "write",   "truncate", "setMode", "writeOut",
+    "sync", "syncFolder", "rename", "remove",   "makeFolder", "resolve", "tryLock",  "pause"};
 
 // "open 1, close 1, read 1": the kinds that were called, in their order.
 std::string textOf(const CountingFileSystem& files) {
@@ -46,30 +47,32 @@ constexpr const char* kAppendedAfterRead =
     "open 1, close 1, status 1, statusOf 1, read 1, write 1, truncate 1, writeOut 1, sync 1, tryLock 1";
 // And a new folder, which the folder around it must know on the disk too.
 constexpr const char* kAppendedWithFolder =
-    "open 2, close 2, status 1, statusOf 1, write 1, truncate 1, writeOut 1, sync 2, makeFolder 1, tryLock 1";
-// The file whole in one read, as a new file in one write, synced, renamed over the old one, the folder
-// synced.
+    "open 1, close 1, status 1, statusOf 1, write 1, truncate 1, writeOut 1, sync 1, syncFolder 1, "
+    "makeFolder 1, "
+    "tryLock 1";
+// The file whole in one read, as a new file in one write with the old one's mode, synced, renamed over the
+// old one, the folder synced.
 constexpr const char* kReplaced =
-    "open 3, close 3, status 1, statusOf 1, read 1, write 1, setMode 1, sync 2, rename 1, remove 1, "
-    "resolve 1, tryLock 2";
+    "open 2, close 2, status 2, statusOf 1, read 1, write 1, setMode 1, sync 1, syncFolder 1, rename 1, "
+    "remove 1, resolve 1, tryLock 2";
 // The same after one look at a record.
 constexpr const char* kReplacedAfterRead =
-    "open 3, close 3, status 1, statusOf 1, read 2, write 1, setMode 1, sync 2, rename 1, remove 1, "
-    "resolve 1, tryLock 2";
+    "open 2, close 2, status 2, statusOf 1, read 2, write 1, setMode 1, sync 1, syncFolder 1, rename 1, "
+    "remove 1, resolve 1, tryLock 2";
 // The same after a look for the deletion's temporary file, which is not there.
 constexpr const char* kDeleted =
-    "open 4, close 3, status 1, statusOf 1, read 1, write 1, setMode 1, sync 2, rename 1, remove 1, "
-    "resolve 1, tryLock 2";
+    "open 3, close 2, status 2, statusOf 1, read 2, write 1, setMode 1, sync 1, syncFolder 1, rename 1, "
+    "remove 1, resolve 1, tryLock 2";
 // The same after the whole file was read once without its lock, to see whether it is to be changed at all.
 constexpr const char* kReplacedAfterLook =
-    "open 4, close 4, status 2, statusOf 1, read 3, write 1, setMode 1, sync 2, rename 1, remove 1, "
-    "resolve 1, tryLock 2";
+    "open 3, close 3, status 3, statusOf 1, read 3, write 1, setMode 1, sync 1, syncFolder 1, rename 1, "
+    "remove 1, resolve 1, tryLock 2";
 constexpr const char* kOneRead = "open 1, close 1, status 1, read 1";
 constexpr const char* kTwoFilesRead = "open 2, close 2, status 2, read 2";
 
 const std::map<std::string, std::string>& expectedCalls() {
   static const std::map<std::string, std::string> calls = {{"recordEntry", kAppendedAfterRead},
-                                                           {"modifyEntry", kReplaced},
+                                                           {"modifyEntry", kReplacedAfterRead},
                                                            {"deleteEntry", kDeleted},
                                                            {"appendPartName", kReplaced},
                                                            {"removePartName", kDeleted},
@@ -77,7 +80,7 @@ const std::map<std::string, std::string>& expectedCalls() {
                                                            {"removeNote", kDeleted},
                                                            {"addVehicle", kAppendedWithFolder},
                                                            {"removeVehicle", kDeleted},
-                                                           {"saveStartSettings", kReplaced},
+                                                           {"saveStartSettings", kReplacedAfterRead},
                                                            {"saveReminderFlag", kReplacedAfterRead},
                                                            {"recordKmReminder", kReplacedAfterRead},
                                                            {"blankKmReminder", kReplacedAfterRead},
@@ -161,7 +164,7 @@ TEST(SystemCalls, OfAnOpenedDeletionAreTheLogbookAndTheTemporaryFile) {
   MemoryFileSystem disk = preparedDisk(deletion, kMany);
   CountingFileSystem files(disk);
   core::openDeletion(files, kDiskFolders, kOperationPlate, 2);
-  EXPECT_EQ(textOf(files), "open 2, close 2, status 1, read 1");
+  EXPECT_EQ(textOf(files), "open 2, close 2, status 2, read 1");
 }
 
 TEST(SystemCalls, OfADeletionThatTakesOverALeftTemporaryFile) {
@@ -170,9 +173,33 @@ TEST(SystemCalls, OfADeletionThatTakesOverALeftTemporaryFile) {
   disk.put(deletion.temporary(kDiskFolders), fileOf(deletion, kMany));
   CountingFileSystem files(disk);
   deletion.run(files, kDiskFolders);
+  EXPECT_EQ(
+      textOf(files),
+      "open 3, close 3, status 3, statusOf 1, read 3, write 1, setMode 1, sync 1, syncFolder 1, rename 2, "
+      "remove 1, resolve 1, tryLock 2");
+}
+
+// The first record's file may be as new: its folder is synced too.
+TEST(SystemCalls, OfAFirstRecordSyncTheFolderToo) {
+  const std::vector<Operation> all = operations(0);
+  const auto recording = std::ranges::find(all, "recordTyre", &Operation::name);
+  MemoryFileSystem disk = preparedDisk(*recording, 0);
+  CountingFileSystem files(disk);
+  recording->run(files, kDiskFolders);
   EXPECT_EQ(textOf(files),
-            "open 4, close 4, status 2, statusOf 1, read 2, write 1, setMode 1, sync 2, rename 2, remove 1, "
-            "resolve 1, tryLock 2");
+            "open 1, close 1, status 1, statusOf 1, write 1, truncate 1, writeOut 1, sync 1, syncFolder 1, "
+            "tryLock 1");
+}
+
+TEST(SystemCalls, OfALookBackToTheLastFullFillAreOneReadAFewDozenEntries) {
+  const Operation recording = operations(0).front();
+  MemoryFileSystem disk = preparedDisk(recording, 0);
+  disk.put(recording.file(kDiskFolders), std::string(1'000 * recording.recordLength, '\0'));
+  CountingFileSystem files(disk);
+  recording.run(files, kDiskFolders);
+  EXPECT_EQ(textOf(files),
+            "open 1, close 1, status 1, statusOf 1, read 16, write 1, truncate 1, writeOut 1, sync 1, "
+            "tryLock 1");
 }
 
 TEST(SystemCalls, OfAReminderFlagThatIsStoredAlreadyWriteNothing) {

@@ -11,15 +11,39 @@
 namespace tarvik::test {
 namespace {
 
-// Runs an operation; whether it was reported as failed.
-bool isReported(const Operation& operation, core::FileSystem& files) {
+using core::FailureKind;
+
+// Runs an operation; returns the failure that it was reported with.
+std::optional<core::Failure> reported(const Operation& operation, core::FileSystem& files) {
   try {
     operation.run(files, kDiskFolders);
-    return false;
-  } catch (const core::Failure&) {
-    return true;
+    return std::nullopt;
+  } catch (const core::Failure& failure) {
+    return failure;
   }
 }
+
+// What a person is told when such a call fails.
+FailureKind kindFor(Call call) {
+  switch (call) {
+    case Call::Read:
+      return FailureKind::ReadFailed;
+    case Call::Write:
+    case Call::Truncate:
+    case Call::SetMode:
+      return FailureKind::WriteFailed;
+    case Call::WriteOut:
+    case Call::Sync:
+    case Call::SyncFolder:
+      return FailureKind::SyncFailed;
+    case Call::Rename:
+      return FailureKind::ReplaceFailed;
+    default:
+      return FailureKind::OpenFailed;
+  }
+}
+
+constexpr std::uint32_t kMode = 0640;
 
 class FailingCallTest : public testing::TestWithParam<int> {
  protected:
@@ -27,17 +51,27 @@ class FailingCallTest : public testing::TestWithParam<int> {
   bool runWith(const FailurePlan& plan) {
     MemoryFileSystem disk = before_;
     FailingFileSystem files(disk, plan);
-    const bool wasReported = isReported(*operation_, files);
+    const std::optional<core::Failure> failure = reported(*operation_, files);
     if (!files.hasFailed()) return false;
     ++cases_;
+    if (failure && failure->kind() != refusal_) expectReason(*failure, plan, files.lastFailed());
     EXPECT_EQ(disk.openFiles(), 0) << "a file stayed open";
     const std::string& now = disk.contents(file_);
     const bool isNew = now == new_;
     EXPECT_TRUE(isNew || isOld(now, plan)) << "neither old nor new";
-    EXPECT_TRUE(isNew || wasReported) << "not done and not reported";
+    EXPECT_TRUE(isNew || failure) << "not done and not reported";
+    EXPECT_EQ(disk.modeOf(file_), kMode) << "the permission bits";
     if (HasFailure()) return false;
     expectNextWorks(disk, isNew);
     return true;
+  }
+
+  // The first call that cannot be helped is the one that is told: after it, files are only put back.
+  void expectReason(const core::Failure& failure, const FailurePlan& plan, Call failed) const {
+    const bool isShort = plan.error == FailurePlan::kShortWrite;
+    EXPECT_EQ(failure.systemError(), isShort ? ENOSPC : plan.error);
+    if (plan.staysBroken) return;
+    EXPECT_EQ(failure.kind(), kindFor(failed));
   }
 
   // A disk that stays broken cannot be cut back either: what then stays behind the last record is no record.
@@ -48,10 +82,10 @@ class FailingCallTest : public testing::TestWithParam<int> {
   }
 
   void expectNextWorks(MemoryFileSystem& disk, bool isNew) {
-    const bool wasReported = isReported(*operation_, disk);
+    const bool wasReported = reported(*operation_, disk).has_value();
     EXPECT_EQ(disk.openFiles(), 0);
     if (isNew) return;
-    EXPECT_EQ(wasReported, isNewReported_) << "the next operation";
+    EXPECT_EQ(wasReported, refusal_.has_value()) << "the next operation";
     EXPECT_TRUE(disk.contents(file_) == new_) << "the next operation";
   }
 
@@ -59,9 +93,11 @@ class FailingCallTest : public testing::TestWithParam<int> {
     operation_ = &operation;
     file_ = operation.file(kDiskFolders);
     before_ = preparedDisk(operation, count);
+    before_.setModeOf(file_, kMode);
     old_ = before_.contents(file_);
     MemoryFileSystem disk = before_;
-    isNewReported_ = isReported(operation, disk);
+    const std::optional<core::Failure> refused = reported(operation, disk);
+    refusal_ = refused ? std::optional(refused->kind()) : std::nullopt;
     new_ = disk.contents(file_);
   }
 
@@ -69,7 +105,7 @@ class FailingCallTest : public testing::TestWithParam<int> {
   MemoryFileSystem before_;
   std::string old_;
   std::string new_;
-  bool isNewReported_ = false;  // it is refused: a record that is not there, a full file
+  std::optional<FailureKind> refusal_;  // a record that is not there, a full file
   std::string file_;
   int cases_ = 0;
 };
@@ -89,7 +125,7 @@ TEST_P(FailingCallTest, EndsOldOrNewAndIsReported) {
     prepare(operation, GetParam());
     MemoryFileSystem disk = before_;
     CountingFileSystem counting(disk);
-    isReported(operation, counting);
+    reported(operation, counting);
     int calls = 0;
     for (const int count : counting.counts()) calls += count;
     for (const int error : errorsFor(GetParam()))

@@ -86,10 +86,10 @@ class Program {
     const auto number = static_cast<std::int64_t>(random_() % static_cast<unsigned long>(file.count())) + 1;
     const std::string gone = identityIn(textOf(file.read(number, 1)));
     if (choice == 9) {
-      file.rewrite(number, std::as_bytes(std::span<const char>(recordOf(kind, identity))));
+      file.rewrite(file.seen(number), std::as_bytes(std::span<const char>(recordOf(kind, identity))));
       note('+', kind, identity);
     } else {
-      file.remove(number, folder_ + "/" + kind.temporary);
+      file.remove(file.seen(number), folder_ + "/" + kind.temporary);
     }
     note('-', kind, gone);
   }

@@ -34,8 +34,7 @@ void mustWrite(FileSystem& files, const OpenFile& file, const std::string& conte
 }
 
 void syncFolder(FileSystem& files) {
-  const OpenFile folder(files, files.open("/program", OpenMode::Folder));
-  must(files.sync(folder.descriptor()));
+  must(files.syncFolder("/program"));
 }
 
 // The right way, with what each wrong one leaves out.
@@ -46,7 +45,7 @@ struct Omissions {
 };
 
 void replace(FileSystem& files, const std::string& contents, Omissions omitted) {
-  const OpenFile file(files, files.open(kNew, OpenMode::CreateEmpty));
+  const OpenFile file(files, files.open(kNew, OpenMode::CreateNew));
   must(file.descriptor());
   if (omitted.writeCheck)
     files.write(file.descriptor(), bytesOf(contents), 0);
@@ -58,14 +57,15 @@ void replace(FileSystem& files, const std::string& contents, Omissions omitted) 
 }
 
 void rewriteInPlace(FileSystem& files, const std::string& contents) {
-  const OpenFile file(files, files.open(kFile, OpenMode::CreateEmpty));
+  const OpenFile file(files, files.open(kFile, OpenMode::ReadWrite));
+  must(files.truncate(file.descriptor(), 0));
   mustWrite(files, file, contents);
   must(files.sync(file.descriptor()));
   syncFolder(files);
 }
 
 void removeThenRename(FileSystem& files, const std::string& contents) {
-  const OpenFile file(files, files.open(kNew, OpenMode::CreateEmpty));
+  const OpenFile file(files, files.open(kNew, OpenMode::CreateNew));
   mustWrite(files, file, contents);
   must(files.sync(file.descriptor()));
   must(files.remove(kFile));

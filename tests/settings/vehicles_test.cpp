@@ -223,23 +223,22 @@ TEST_F(VehiclesTest, ADeletionWritesThroughItsTemporaryFileWhoseSurplusJoinsTheL
   EXPECT_FALSE(current_.has("rendszxx.dat"));
 }
 
-/// Notes the folders that are synced and can refuse to open or to sync one.
+/// Notes the folders that are synced and can refuse to sync one.
 class WatchedFolders final : public test::ForwardingFileSystem {
  public:
-  int open(const std::string& path, core::OpenMode mode) override {
-    if (mode != core::OpenMode::Folder) return ForwardingFileSystem::open(path, mode);
-    opened.push_back(path);
-    return path == refused ? -1 : ForwardingFileSystem::open(path, mode);
+  int syncFolder(const std::string& path) override {
+    synced.push_back(path);
+    return path == refused ? -1 : ForwardingFileSystem::syncFolder(path);
   }
 
-  std::vector<std::string> opened;
+  std::vector<std::string> synced;
   std::string refused;
 };
 
 TEST_F(VehiclesTest, ANewVehicleFolderIsPutOnTheDiskWithItsName) {
   WatchedFolders watched;
   addVehicle(watched, folders_, "ABC123", "45");
-  EXPECT_EQ(watched.opened, (std::vector<std::string>{current_.path(), program_.path()}));
+  EXPECT_EQ(watched.synced, (std::vector<std::string>{current_.path(), program_.path()}));
 }
 
 TEST_F(VehiclesTest, AProgramFolderThatCannotBeSyncedIsNoFailure) {

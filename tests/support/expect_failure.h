@@ -17,6 +17,19 @@ void expectFailure(core::FailureKind kind, Operation operation) {
   }
 }
 
+/// As above; the failure must keep that error of the system.
+template <typename Operation>
+void expectSystemFailure(core::FailureKind kind, int systemError, Operation operation) {
+  expectFailure(kind, [&] {
+    try {
+      operation();
+    } catch (const core::Failure& failure) {
+      EXPECT_EQ(failure.systemError(), systemError);
+      throw;
+    }
+  });
+}
+
 /// As above; the failure must name that field.
 template <typename Operation>
 void expectFieldFailure(core::FailureKind kind, const char* field, Operation operation) {

@@ -23,6 +23,7 @@ class ForwardingFileSystem : public core::FileSystem {
   int setMode(int descriptor, std::uint32_t mode) override { return real_.setMode(descriptor, mode); }
   int writeOut(int descriptor) override { return real_.writeOut(descriptor); }
   int sync(int descriptor) override { return real_.sync(descriptor); }
+  int syncFolder(const std::string& path) override { return real_.syncFolder(path); }
   int rename(const std::string& from, const std::string& to) override { return real_.rename(from, to); }
   int remove(const std::string& path) override { return real_.remove(path); }
   int makeFolder(const std::string& path) override { return real_.makeFolder(path); }

@@ -20,6 +20,7 @@ enum class Call {
   SetMode,
   WriteOut,
   Sync,
+  SyncFolder,
   Rename,
   Remove,
   MakeFolder,
@@ -64,6 +65,9 @@ class InterceptedFileSystem : public core::FileSystem {
     return admitted(Call::WriteOut) ? inner_.writeOut(descriptor) : -1;
   }
   int sync(int descriptor) override { return admitted(Call::Sync) ? inner_.sync(descriptor) : -1; }
+  int syncFolder(const std::string& path) override {
+    return admitted(Call::SyncFolder) ? inner_.syncFolder(path) : -1;
+  }
   int rename(const std::string& from, const std::string& to) override {
     return admitted(Call::Rename) ? inner_.rename(from, to) : -1;
   }
@@ -128,10 +132,13 @@ class FailingFileSystem final : public InterceptedFileSystem {
       return -1;
     }
     hasFailed_ = true;
+    lastFailed_ = Call::Write;
     return inner().write(descriptor, data.first((data.size() + 1) / 2), offset);
   }
   /// Whether anything failed so far.
   bool hasFailed() const { return hasFailed_; }
+  /// The kind of the call that failed last.
+  Call lastFailed() const { return lastFailed_; }
 
  private:
   bool isDue() {
@@ -141,6 +148,7 @@ class FailingFileSystem final : public InterceptedFileSystem {
   bool admitted(Call call) override {
     if (!isDue() || call == Call::Pause || plan_.error == FailurePlan::kShortWrite) return true;
     hasFailed_ = true;
+    lastFailed_ = call;
     errno = plan_.error;
     return false;
   }
@@ -148,6 +156,7 @@ class FailingFileSystem final : public InterceptedFileSystem {
   FailurePlan plan_;
   int calls_ = 0;
   bool hasFailed_ = false;
+  Call lastFailed_ = Call::Open;
 };
 
 }  // namespace tarvik::test

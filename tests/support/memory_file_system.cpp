@@ -9,6 +9,7 @@ namespace tarvik::test {
 namespace {
 
 constexpr std::uint32_t kOwnerWrites = 0200;
+constexpr std::uint32_t kPrivate = 0600;
 
 int refuse(int error) {
   errno = error;
@@ -40,6 +41,11 @@ void MemoryFileSystem::put(const std::string& path, std::string contents) {
 
 void MemoryFileSystem::putLink(const std::string& path, const std::string& target) {
   links_[path] = target;
+}
+
+void MemoryFileSystem::putOther(const std::string& path) {
+  put(path, "");
+  nodeAt(names_.at(path)).kind = core::FileKind::Other;
 }
 
 void MemoryFileSystem::setModeOf(const std::string& path, std::uint32_t mode) {
@@ -102,29 +108,27 @@ void MemoryFileSystem::apply(const DiskStep& step) {
 }
 
 int MemoryFileSystem::open(const std::string& path, core::OpenMode mode) {
-  const std::string name = followed(path);
-  const bool creates = mode == core::OpenMode::Create || mode == core::OpenMode::CreateEmpty;
-  if (!isFolder(parentOf(name)) && !isFolder(name)) return refuse(ENOENT);
-  if (mode == core::OpenMode::CreateEmpty && links_.contains(path)) return refuse(ELOOP);
-  if (isFolder(name) != (mode == core::OpenMode::Folder) &&
-      (isFolder(name) ? mode != core::OpenMode::Read : true))
-    return refuse(isFolder(name) ? EISDIR : ENOTDIR);
-  int node = -1;
-  if (!isFolder(name)) {
-    if (!names_.contains(name)) {
-      if (!creates) return refuse(ENOENT);
-      node = newNode();
-      names_[name] = node;
-      record({.kind = DiskStep::Kind::Name, .node = node, .path = name});
-    }
-    node = names_[name];
-    if (mode != core::OpenMode::Read && (nodeAt(node).mode & kOwnerWrites) == 0) return refuse(EACCES);
-    if (mode == core::OpenMode::CreateEmpty && nodeAt(node).length != 0) {
-      setLength(nodeAt(node), 0);
-      record({.kind = DiskStep::Kind::Length, .node = node, .offset = 0});
-    }
+  const bool isNew = mode == core::OpenMode::CreateNew || mode == core::OpenMode::CreatePrivate;
+  const std::string name = isNew ? path : followed(path);
+  if (isFolder(name)) return openFolder(name, mode);
+  if (!isFolder(parentOf(name))) return refuse(ENOENT);
+  if (isNew && (links_.contains(name) || names_.contains(name))) return refuse(EEXIST);
+  if (!names_.contains(name)) {
+    if (!isNew && mode != core::OpenMode::Create) return refuse(ENOENT);
+    names_[name] = newNode();
+    if (mode == core::OpenMode::CreatePrivate) nodeAt(names_[name]).mode = kPrivate;
+    record({.kind = DiskStep::Kind::Name, .node = names_[name], .path = name});
   }
-  descriptors_.push_back({node, name, true, mode != core::OpenMode::Read && mode != core::OpenMode::Folder});
+  const int node = names_[name];
+  if (mode != core::OpenMode::Read && (nodeAt(node).mode & kOwnerWrites) == 0) return refuse(EACCES);
+  descriptors_.push_back({node, name, true, mode != core::OpenMode::Read});
+  return static_cast<int>(descriptors_.size()) - 1;
+}
+
+// A folder opens to be looked at, as the system has it.
+int MemoryFileSystem::openFolder(const std::string& path, core::OpenMode mode) {
+  if (mode != core::OpenMode::Read) return refuse(EISDIR);
+  descriptors_.push_back({-1, path, true, false});
   return static_cast<int>(descriptors_.size()) - 1;
 }
 
@@ -210,10 +214,13 @@ int MemoryFileSystem::writeOut(int descriptor) {
 int MemoryFileSystem::sync(int descriptor) {
   const Descriptor* const file = descriptorOf(descriptor);
   if (!file) return refuse(EBADF);
-  if (file->node < 0)
-    record({.kind = DiskStep::Kind::SyncFolder, .path = file->path});
-  else
-    record({.kind = DiskStep::Kind::SyncFile, .node = file->node});
+  record({.kind = DiskStep::Kind::SyncFile, .node = file->node});
+  return 0;
+}
+
+int MemoryFileSystem::syncFolder(const std::string& path) {
+  if (!isFolder(path)) return refuse(ENOENT);
+  record({.kind = DiskStep::Kind::SyncFolder, .path = path});
   return 0;
 }
 
@@ -314,11 +321,12 @@ bool MemoryFileSystem::isOnOtherDevice(const std::string& path) const {
 }
 
 void MemoryFileSystem::fill(core::FileStatus& status, int node, const std::string& path) const {
-  status = {.device = isOnOtherDevice(path) ? 2U : 1U, .isFolder = node < 0};
+  status = {.device = isOnOtherDevice(path) ? 2U : 1U, .kind = core::FileKind::Folder};
   if (node < 0) return;
   status.inode = static_cast<std::uint64_t>(node) + 1;
   status.size = nodes_[static_cast<std::size_t>(node)].length;
   status.mode = nodes_[static_cast<std::size_t>(node)].mode;
+  status.kind = nodes_[static_cast<std::size_t>(node)].kind;
 }
 
 }  // namespace tarvik::test

@@ -42,6 +42,8 @@ class MemoryFileSystem final : public core::FileSystem {
   void putFolder(const std::string& path);
   void put(const std::string& path, std::string contents);
   void putLink(const std::string& path, const std::string& target);
+  /// A pipe or a device under that name.
+  void putOther(const std::string& path);
   /// Everything in that folder lies on another device from now on.
   void moveToOtherDevice(const std::string& folder) { otherDevice_.insert(folder); }
   void setModeOf(const std::string& path, std::uint32_t mode);
@@ -67,6 +69,7 @@ class MemoryFileSystem final : public core::FileSystem {
   int setMode(int descriptor, std::uint32_t mode) override;
   int writeOut(int descriptor) override;
   int sync(int descriptor) override;
+  int syncFolder(const std::string& path) override;
   int rename(const std::string& from, const std::string& to) override;
   int remove(const std::string& path) override;
   int makeFolder(const std::string& path) override;
@@ -80,6 +83,7 @@ class MemoryFileSystem final : public core::FileSystem {
     std::int64_t length = 0;
     std::uint32_t mode = 0644;
     int lockedBy = -1;  // a descriptor
+    core::FileKind kind = core::FileKind::Regular;
   };
   struct Descriptor {
     int node = -1;  // none for a folder
@@ -90,6 +94,7 @@ class MemoryFileSystem final : public core::FileSystem {
 
   std::string followed(const std::string& path) const;
   bool isFolder(const std::string& path) const { return folders_.contains(path); }
+  int openFolder(const std::string& path, core::OpenMode mode);
   Node& nodeAt(int node);
   int newNode();
   void writeInto(Node& node, std::string_view bytes, std::int64_t offset);

@@ -150,8 +150,8 @@ void showProgress() {
 class FailingDisk final : public test::ForwardingFileSystem {
  public:
   int open(const std::string& path, core::OpenMode mode) override {
-    return mode == core::OpenMode::CreateEmpty && refuses(openError) ? -1
-                                                                     : ForwardingFileSystem::open(path, mode);
+    return mode == core::OpenMode::CreateNew && refuses(openError) ? -1
+                                                                   : ForwardingFileSystem::open(path, mode);
   }
   std::int64_t write(int descriptor, std::span<const std::byte> data, std::int64_t offset) override {
     if (offset == 0) onFirstWrite();
