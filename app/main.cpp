@@ -7,6 +7,7 @@
 #include "app/system_clock.h"
 #include "core/machine_file_system.h"
 #include "ui/frmTarvik.h"
+#include "ui/look.h"
 
 namespace {
 
@@ -29,6 +30,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("Tarvik"));
   QApplication::setApplicationVersion(QStringLiteral(TARVIK_VERSION));
   QApplication::setDesktopFileName(QStringLiteral("tarvik"));
+  tarvik::ui::dress();
   QTranslator translator;
   speakHungarian(application, translator);
 

@@ -32,6 +32,10 @@ class BackwardReader {
   int first_ = kHighestRecordNumber + 1;
 };
 
+bool isReference(const NapiAdat& entry) {
+  return entry.Teletank == kFlagSet && !entry.TankoltLiter.isZero();
+}
+
 std::string consumptionText(const Ratio& litres, const Ratio& distance) {
   if (distance.isZero()) throw Failure(FailureKind::DivisionByZero).field("txKmOra");
   return formatted(litres / (distance / 100), "##.00");
@@ -44,13 +48,29 @@ FullFillSearch searchFullFill(int newNumber, const Ratio& litres, const Ratio& k
   Ratio sum = litres;
   for (int number = newNumber - 1; number >= 2; --number) {
     const NapiAdat earlier = entry(number);
-    if (earlier.Teletank == kFlagSet && !earlier.TankoltLiter.isZero()) {
+    if (isReference(earlier)) {
       const Ratio distance = kmOra - earlier.KmOra;
       return {distance, consumptionText(sum, distance)};
     }
     sum = sum + earlier.TankoltLiter.ratio();
   }
   return {};
+}
+
+void FullFillTrail::pass(const NapiAdat& entry) {
+  if (++passed_ < 2) return;
+  if (isReference(entry)) {
+    reference_ = entry.KmOra;
+    since_ = 0;
+  } else {
+    since_ = since_ + entry.TankoltLiter.ratio();
+  }
+}
+
+FullFillSearch FullFillTrail::reach(const Ratio& litres, const Ratio& kmOra) const {
+  if (!reference_) return {};
+  const Ratio distance = kmOra - *reference_;
+  return {distance, consumptionText(litres + since_, distance)};
 }
 
 Logbook loadLogbook(FileSystem& files, const DataFolders& folders, const std::string& plate) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "core/data_folders.h"
@@ -22,6 +23,21 @@ struct FullFillSearch {
 /// gives an entry by its number. Throws Failure(DivisionByZero) when the distance is 0.
 FullFillSearch searchFullFill(int newNumber, const Ratio& litres, const Ratio& kmOra,
                               const std::function<NapiAdat(int)>& entry);
+
+/// The same search for many entries in a row, without walking back for each: it is taken past the entries of a
+/// logbook from the first on, and always finds what searchFullFill would from there.
+class FullFillTrail {
+ public:
+  /// Goes on past the next entry.
+  void pass(const NapiAdat& entry);
+  /// What a new entry behind those passed finds. Throws as searchFullFill does.
+  FullFillSearch reach(const Ratio& litres, const Ratio& kmOra) const;
+
+ private:
+  int passed_ = 0;
+  std::optional<std::int32_t> reference_;  // the reading of the last full fill
+  Ratio since_ = 0;                        // litres since then
+};
 
 /// The logbook of a vehicle, to be listed or computed with. A missing vehicle folder, an empty plate or
 /// one that cannot name a folder reads as a logbook without entries; a missing file is created empty.

@@ -23,6 +23,7 @@ enum class FailureKind {
   DivisionByZero,  ///< a quotient whose divisor is 0
   FileFull,        ///< a record past the highest number that a file may hold
   FileTooLong,     ///< a file with more records than numbers reach
+  FileChanged,     ///< a file that is not any more what the person saw
   RecordMissing,   ///< a record number that the file does not have
   RecordChanged,   ///< a record that is not any more what the person saw
 };

@@ -89,6 +89,16 @@ void RecordFile::append(std::span<const std::byte> record) {
   replaceWith(contents.span());
 }
 
+void RecordFile::appendAll(std::span<const std::byte> records) {
+  const std::int64_t before = count();
+  const std::int64_t after = before + static_cast<std::int64_t>(records.size() / recordLength_);
+  if (after > kHighestRecordNumber) throw Failure(FailureKind::FileFull).file(path_).record(after);
+  ByteBlock contents = readWhole(records.size());
+  std::ranges::copy(records, contents.data.get() + offsetOf(before + 1));
+  contents.size = offsetOf(after + 1);
+  replaceWith(contents.span());
+}
+
 // All but the record's last byte is outside the count. Once that has left for the disk, the file's length
 // alone makes it a record, and with it the last byte, 0 like all that a length adds. So whatever a power cut
 // leaves of it, no record is there without its bytes.

@@ -67,6 +67,11 @@ class RecordList {
   /// The record of that number, counted from 1; one of zero bytes for a number outside 1 to count().
   R record(int number) const { return R::decode(bytes(number)); }
 
+  /// The bytes of all records, as they stand in the file.
+  std::span<const std::byte> bytes() const {
+    return bytes_.span().first(static_cast<std::size_t>(count()) * R::kLength);
+  }
+
   /// The bytes of that record, zero ones as above: for a question about one field of thousands of records.
   std::span<const std::byte> bytes(int number) const {
     static constexpr std::byte kZeros[R::kLength] = {};

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/failure.h"
 #include "core/ratio.h"
 #include "core/text.h"
 #include "reminders/estimate.h"
@@ -19,12 +20,32 @@ std::optional<int> firstPassed(const KmReminders& reminders, std::string_view pl
   return std::nullopt;
 }
 
+// What stands between a line's text and its number.
+constexpr std::string_view kGap = "       ";
+constexpr std::string_view kUnknownGap = "   ?   ";
+
+std::string lineOf(const FigyelRec& reminder, int record, std::string_view gap) {
+  return reminder.RogzDatum.asStored() + "  " + reminder.Szoveg.asStored() + std::string(gap) +
+         std::to_string(record);
+}
+
+// A due reading that leaves 32 bits cannot be compared: its line says so and keeps no other from the list.
+template <typename Test>
+std::optional<std::string_view> gapWhere(const FigyelRec& reminder, Test test) {
+  try {
+    if (!test(reminder)) return std::nullopt;
+    return kGap;
+  } catch (const core::Failure&) {
+    return kUnknownGap;
+  }
+}
+
 template <typename Test>
 std::vector<std::string> linesWhere(const KmReminders& reminders, Test test) {
   std::vector<std::string> lines;
   for (int i = 1; i <= reminders.count(); ++i) {
     const FigyelRec reminder = reminders.record(i);
-    if (test(reminder)) lines.push_back(alertLine(reminder, i));
+    if (const auto gap = gapWhere(reminder, test)) lines.push_back(lineOf(reminder, i, *gap));
   }
   return lines;
 }
@@ -53,8 +74,7 @@ KmCheck checkKm(core::FileSystem& files, const core::DataFolders& folders, std::
 }
 
 std::string alertLine(const FigyelRec& reminder, int record) {
-  return reminder.RogzDatum.asStored() + "  " + reminder.Szoveg.asStored() + "       " +
-         std::to_string(record);
+  return lineOf(reminder, record, kGap);
 }
 
 std::vector<std::string> alertLines(const KmReminders& reminders, std::string_view plate,
@@ -72,7 +92,8 @@ std::int16_t recordOfAlertLine(std::string_view line) {
 }
 
 KmAlertFigures kmAlertFigures(const FigyelRec& reminder, std::int32_t reading) {
-  const std::int64_t runSince = core::checkedDifference(reading, reminder.KmAllas);
+  const std::int64_t runSince = std::int64_t{reading} - reminder.KmAllas;
+  if (runSince != static_cast<std::int32_t>(runSince)) return {"?", "?", grouped(reading)};
   return {.runSince = grouped(runSince),
           .exceededBy = grouped(runSince - reminder.KmMulva),
           .reading = grouped(reading)};

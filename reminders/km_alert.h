@@ -49,20 +49,20 @@ KmCheck checkKm(core::FileSystem& files, const core::DataFolders& folders, std::
 /// spaces, record number.
 std::string alertLine(const FigyelRec& reminder, int record);
 
-/// The lines of the vehicle's passed reminders in file order, as the alert screen opens with them.
-/// Throws as isPassed does.
+/// The lines of the vehicle's passed reminders in file order, as the alert screen opens with them. A reminder
+/// whose due reading leaves 32 bits is listed too, with "?" amid the seven spaces.
 std::vector<std::string> alertLines(const KmReminders& reminders, std::string_view plate,
                                     std::int32_t reading);
 
 /// The lines of the passed reminders of every vehicle, all measured against one reading: what the alert
-/// screen lists after a deletion, as this system's convention. Throws as isPassed does.
+/// screen lists after a deletion.
 std::vector<std::string> alertLinesOfAll(const KmReminders& reminders, std::int32_t reading);
 
 /// The record number at a line's end: its last four characters, so numbers up to 9,999 fit.
 std::int16_t recordOfAlertLine(std::string_view line);
 
-/// The figures of a reminder against the current reading. Throws Failure(OutOfRange) when the distance
-/// run leaves 32 bits.
+/// The figures of a reminder against the current reading; "?" for what a distance run past 32 bits leaves
+/// unknown.
 KmAlertFigures kmAlertFigures(const FigyelRec& reminder, std::int32_t reading);
 
 }  // namespace tarvik::reminders

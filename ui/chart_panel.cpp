@@ -9,6 +9,7 @@
 #include "charts/chart_logbook.h"
 #include "charts/scroll_view.h"
 #include "charts/series.h"
+#include "ui/access.h"
 #include "ui/frmMelyGrafikon.h"
 #include "ui/guarded.h"
 #include "ui/text.h"
@@ -36,7 +37,9 @@ ChartPanel::ChartPanel(Context& context, ChartSources sources, QWidget* parent)
       sources_(std::move(sources)),
       ui_(std::make_unique<Ui::FrmGrafikon>()) {
   ui_->setupUi(this);
-  ui_->Check2->hide();
+  makeAccessible(*this);
+  takeOutOfUse(*ui_->Check2);
+  setFocusProxy(ui_->Combo2);
   setVisible(false);
   connect(ui_->HScroll1, &QScrollBar::valueChanged, this, [this] { quietly([this] { scroll(); }); });
   connect(ui_->txtGrafDb, &QLineEdit::textChanged, this,

@@ -5,22 +5,17 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QScreen>
 
+#include "ui/access.h"
 #include "ui/text.h"
 
 namespace tarvik::ui {
-
-void centreOnDisplay(QWidget& window) {
-  QRect place(QPoint(), window.size());
-  place.moveCenter(window.screen()->availableGeometry().center());
-  window.move(place.topLeft());
-}
 
 void addClosingMenu(QDialog& dialog, QAction* close) {
   auto* menu = new QMenuBar(&dialog);
   menu->addAction(close);
   dialog.layout()->setMenuBar(menu);
+  openWithF10(*menu);
   QObject::connect(close, &QAction::triggered, &dialog, &QDialog::close);
 }
 

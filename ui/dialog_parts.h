@@ -6,12 +6,8 @@
 class QAction;
 class QDialog;
 class QLineEdit;
-class QWidget;
 
 namespace tarvik::ui {
-
-/// Moves a window that is not shown yet to the middle of its display.
-void centreOnDisplay(QWidget& window);
 
 /// Puts a menu bar with one item over a dialog's parts; the item closes the dialog.
 void addClosingMenu(QDialog& dialog, QAction* close);

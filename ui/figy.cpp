@@ -2,10 +2,14 @@
 
 #include "reminders/date_reminders.h"
 #include "reminders/km_reminders.h"
-#include "ui/controls/message_boxes.h"
+#include "ui/access.h"
+#include "ui/change.h"
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
+#include "ui/handlers.h"
+#include "ui/message_boxes.h"
 #include "ui/models/reminder_rows.h"
+#include "ui/placement.h"
 #include "ui/reminder_parts.h"
 #include "ui/text.h"
 #include "ui_figy.h"
@@ -23,11 +27,13 @@ bool confirmsRecording(QWidget* screen, const QString& whose) {
 figy::figy(Context& context, QString plate, QWidget* parent)
     : QDialog(parent), context_(context), plate_(std::move(plate)), ui_(std::make_unique<Ui::figy>()) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   addClosingMenu(*this, ui_->mnu_bezar);
   prepareFields();
   prepareLists();
   connectButtons();
-  sizeAndCentre(*this);
+  keepWithinReach(*this);
+  openInTheMiddle(*this);
   guarded(this, [this] { BeolvasFigyel(); });
   guarded(this, [this] { BeolvasFigyDatum(); });
 }
@@ -49,23 +55,16 @@ void figy::prepareLists() {
   dateRows_ = prepareReminderList(ui_->ListView2, headers);
   ui_->ListView1->sortByHeaderClicks();
   ui_->ListView2->sortByHeaderClicks();
-  connect(ui_->ListView1, &ListView::rowChosen, this,
-          [this](int row) { guarded(this, [&] { chooseKm(row); }); });
-  connect(ui_->ListView2, &ListView::rowChosen, this,
-          [this](int row) { guarded(this, [&] { chooseDate(row); }); });
+  ui_->ListView1->onRowChosen([this](int row) { return chooseKm(row); });
+  ui_->ListView2->onRowChosen([this](int row) { return guarded(this, [&] { chooseDate(row); }); });
 }
 
 void figy::connectButtons() {
-  onClick(ui_->cmd_rogzit, &figy::recordKm);
-  onClick(ui_->cmd_del, &figy::deleteKm);
-  onClick(ui_->cmdRogzit2, &figy::recordDate);
-  onClick(ui_->cmdDel2, &figy::deleteDate);
+  onClick(this, ui_->cmd_rogzit, &figy::recordKm);
+  onClick(this, ui_->cmd_del, &figy::deleteKm);
+  onClick(this, ui_->cmdRogzit2, &figy::recordDate);
+  onClick(this, ui_->cmdDel2, &figy::deleteDate);
   connect(ui_->SSTab1, &QTabWidget::currentChanged, this, &figy::makeTabsButtonDefault);
-}
-
-void figy::onClick(QAbstractButton* button, Handler handler) {
-  connect(button, &QAbstractButton::clicked, this,
-          [this, handler] { guarded(this, [&] { (this->*handler)(); }); });
 }
 
 void figy::makeTabsButtonDefault(int tab) {
@@ -73,39 +72,86 @@ void figy::makeTabsButtonDefault(int tab) {
 }
 
 void figy::BeolvasFigyel() {
+  kmRows_->setRows({});
   kmRows_->setRows(
       toTextRows(reminders::kmReminderRows(reminders::loadKmReminders(context_.files, context_.folders))));
+  showChosen();
 }
 
 void figy::BeolvasFigyDatum() {
+  dateRows_->setRows({});
   dateRows_->setRows(toTextRows(
       reminders::dateReminderRows(reminders::loadDateReminders(context_.files, context_.folders))));
+  showChosen();
+}
+
+// A button that is disabled deletes nothing, so its list highlights nothing.
+void figy::showChosen() {
+  showChosen(ui_->ListView1, ui_->cmd_del);
+  showChosen(ui_->ListView2, ui_->cmdDel2);
+}
+
+void figy::showChosen(ListView* list, const QAbstractButton* deletion) {
+  list->highlightRecord(deletion->isEnabled() ? context_.state.selectedReminder : 0);
+}
+
+// The other list then shows what its own button would delete by now.
+void figy::select(std::int16_t number, QAbstractButton* deletion) {
+  context_.state.selectedReminder = number;
+  if (number != 0) deletion->setEnabled(true);
+  if (deletion == ui_->cmd_del) return showChosen(ui_->ListView2, ui_->cmdDel2);
+  showChosen(ui_->ListView1, ui_->cmd_del);
+}
+
+bool figy::changeKm(const QString& done, const std::function<void()>& make) {
+  return carryOut(this, {.done = done,
+                         .make = make,
+                         .forget = [this] { context_.state.selectedReminder = 0; },
+                         .list = [this] { ui_->ListView1->keepPlace([this] { BeolvasFigyel(); }); }});
+}
+
+bool figy::changeDates(const QString& done, const std::function<void()>& make) {
+  return carryOut(this, {.done = done,
+                         .make = make,
+                         .forget = [this] { context_.state.selectedReminder = 0; },
+                         .list = [this] { ui_->ListView2->keepPlace([this] { BeolvasFigyDatum(); }); }});
 }
 
 void figy::recordKm() {
   if (!confirmsRecording(this, QString())) return;
-  reminders::recordKmReminder(context_.files, context_.folders,
-                              {.text = toLogic(ui_->tx_szoveg->text()),
-                               .reading = toLogic(ui_->tx_km_allas->text()),
-                               .after = toLogic(ui_->tx_km_mulva->text()),
-                               .plate = toLogic(plate_)},
-                              context_.clock.today());
-  BeolvasFigyel();
+  changeKm(QStringLiteral("A figyelmeztetés rögzítve van."), [this] {
+    reminders::recordKmReminder(context_.files, context_.folders,
+                                {.text = toLogic(ui_->tx_szoveg->text()),
+                                 .reading = toLogic(ui_->tx_km_allas->text()),
+                                 .after = toLogic(ui_->tx_km_mulva->text()),
+                                 .plate = toLogic(plate_)},
+                                context_.clock.today());
+  });
 }
 
-void figy::chooseKm(int row) {
-  ui_->Label3->hide();
-  const reminders::KmReminders stored = reminders::loadKmReminders(context_.files, context_.folders);
-  const std::int16_t selected = reminders::recordNumber(toLogic(kmRows_->record(row)));
-  context_.state.selectedReminder = selected;
-  if (selected == 0) return;
-  ui_->cmd_del->setEnabled(true);
-  const reminders::FigyelRec reminder = stored.record(selected);
+// A reminder is chosen even where its estimate fails: that is told, and the reminder can be deleted.
+bool figy::chooseKm(int row) {
+  reminders::FigyelRec reminder;
+  const bool isChosen = guarded(this, [&] {
+    const auto stored = reminders::loadKmReminders(context_.files, context_.folders);
+    const std::int16_t number = reminders::recordNumber(toLogic(kmRows_->record(row)));
+    reminder = stored.record(number);
+    ui_->Label3->hide();
+    select(number, ui_->cmd_del);
+  });
+  if (!isChosen || context_.state.selectedReminder == 0) return isChosen;
+  showReminder(reminder);
+  guarded(this, [&] {
+    showEstimate(reminders::estimateFor(context_.files, context_.folders, toLogic(plate_), reminder,
+                                        context_.clock.today()));
+  });
+  return true;
+}
+
+void figy::showReminder(const reminders::FigyelRec& reminder) {
   fillField(ui_->tx_szoveg, reminder.Szoveg.asStored());
   fillField(ui_->tx_km_allas, reminders::grouped(reminder.KmAllas));
   fillField(ui_->tx_km_mulva, reminders::grouped(reminder.KmMulva));
-  showEstimate(reminders::estimateFor(context_.files, context_.folders, toLogic(plate_), reminder,
-                                      context_.clock.today()));
 }
 
 void figy::showEstimate(const reminders::Estimate& estimate) {
@@ -122,11 +168,12 @@ void figy::showExpectedDate(const QString& caption) {
 
 void figy::deleteKm() {
   if (!confirmsDeletion()) return;
-  clearKmFields();
-  reminders::blankKmReminder(context_.files, context_.folders, context_.state.selectedReminder);
-  context_.state.selectedReminder = 0;
-  ui_->cmd_del->setEnabled(false);
-  BeolvasFigyel();
+  changeKm(QStringLiteral("A figyelmeztetés törölve van."), [this] {
+    reminders::blankKmReminder(context_.files, context_.folders, context_.state.selectedReminder);
+    context_.state.selectedReminder = 0;
+    ui_->cmd_del->setEnabled(false);
+    clearKmFields();
+  });
 }
 
 void figy::clearKmFields() {
@@ -138,25 +185,26 @@ void figy::clearKmFields() {
 
 void figy::recordDate() {
   if (!confirmsRecording(this, plate_ + QStringLiteral(" gépkocsira?"))) return;
-  reminders::recordDateReminder(context_.files, context_.folders,
-                                {.when = toLogic(ui_->DTPMikor->date()),
-                                 .text = toLogic(ui_->txtMire->text()),
-                                 .plate = toLogic(plate_)},
-                                context_.clock.today());
-  BeolvasFigyDatum();
+  changeDates(QStringLiteral("A figyelmeztetés rögzítve van."), [this] {
+    reminders::recordDateReminder(context_.files, context_.folders,
+                                  {.when = toLogic(ui_->DTPMikor->date()),
+                                   .text = toLogic(ui_->txtMire->text()),
+                                   .plate = toLogic(plate_)},
+                                  context_.clock.today());
+  });
 }
 
 void figy::chooseDate(int row) {
-  context_.state.selectedReminder = reminders::recordNumber(toLogic(dateRows_->record(row)));
-  if (context_.state.selectedReminder != 0) ui_->cmdDel2->setEnabled(true);
+  select(reminders::recordNumber(toLogic(dateRows_->record(row))), ui_->cmdDel2);
 }
 
 void figy::deleteDate() {
   if (!confirmsDeletion()) return;
-  reminders::deleteDateReminder(context_.files, context_.folders, context_.state.selectedReminder);
-  context_.state.selectedReminder = 0;
-  ui_->cmdDel2->setEnabled(false);
-  BeolvasFigyDatum();
+  changeDates(QStringLiteral("A figyelmeztetés törölve van."), [this] {
+    reminders::deleteDateReminder(context_.files, context_.folders, context_.state.selectedReminder);
+    context_.state.selectedReminder = 0;
+    ui_->cmdDel2->setEnabled(false);
+  });
 }
 
 bool figy::confirmsDeletion() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <functional>
 #include <memory>
 
 #include "reminders/estimate.h"
@@ -15,9 +16,11 @@ class figy;
 
 namespace tarvik::ui {
 
+class ListView;
+
 /// The reminders of all vehicles, those by odometer reading and those by date: entering, listing and
 /// deleting them. Both lists share the program-wide selected reminder number, so a deletion goes by the
-/// row chosen last on either tab: this system's convention, kept deliberately.
+/// row chosen last on either tab; that row is highlighted in each list whose button deletes.
 class figy : public QDialog {
   Q_OBJECT
 
@@ -27,19 +30,17 @@ class figy : public QDialog {
   ~figy() override;
 
  private:
-  using Handler = void (figy::*)();
-
   void prepareFields();
   void prepareLists();
   void connectButtons();
-  void onClick(QAbstractButton* button, Handler handler);
   void makeTabsButtonDefault(int tab);
 
   void BeolvasFigyel();
   void BeolvasFigyDatum();
 
   void recordKm();
-  void chooseKm(int row);
+  bool chooseKm(int row);
+  void showReminder(const reminders::FigyelRec& reminder);
   void deleteKm();
   void showEstimate(const reminders::Estimate& estimate);
   void showExpectedDate(const QString& caption);
@@ -50,6 +51,11 @@ class figy : public QDialog {
   void deleteDate();
 
   bool confirmsDeletion();
+  void select(std::int16_t number, QAbstractButton* deletion);
+  void showChosen();
+  void showChosen(ListView* list, const QAbstractButton* deletion);
+  bool changeKm(const QString& done, const std::function<void()>& make);
+  bool changeDates(const QString& done, const std::function<void()>& make);
 
   Context& context_;
   QString plate_;

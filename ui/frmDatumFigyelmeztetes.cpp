@@ -1,9 +1,13 @@
 #include "ui/frmDatumFigyelmeztetes.h"
 
 #include "reminders/date_reminders.h"
-#include "ui/controls/message_boxes.h"
+#include "ui/access.h"
+#include "ui/change.h"
 #include "ui/guarded.h"
+#include "ui/handlers.h"
+#include "ui/message_boxes.h"
 #include "ui/models/reminder_rows.h"
+#include "ui/placement.h"
 #include "ui/reminder_parts.h"
 #include "ui/text.h"
 #include "ui_frmDatumFigyelmeztetes.h"
@@ -12,28 +16,31 @@ namespace tarvik::ui {
 frmDatumFigyelmeztetes::frmDatumFigyelmeztetes(Context& context, QWidget* parent)
     : QDialog(parent), context_(context), ui_(std::make_unique<Ui::frmDatumFigyelmeztetes>()) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   rows_ = prepareReminderList(
       ui_->ListView1,
       {QStringLiteral("Dátum"), QStringLiteral("Figyelmeztetés Szövege"), QStringLiteral("Rendszám")});
-  connect(ui_->ListView1, &ListView::rowChosen, this,
-          [this](int row) { guarded(this, [&] { choose(row); }); });
-  connect(ui_->cmdDel, &QPushButton::clicked, this, [this] { guarded(this, [this] { deleteChosen(); }); });
+  ui_->ListView1->onRowChosen([this](int row) { return guarded(this, [&] { choose(row); }); });
+  onClick(this, ui_->cmdDel, &frmDatumFigyelmeztetes::deleteChosen);
   connect(ui_->Command1, &QPushButton::clicked, this, &QDialog::close);
-  sizeAndCentre(*this);
+  keepWithinReach(*this);
+  openInTheMiddle(*this);
   guarded(this, [this] { load(); });
 }
 
 frmDatumFigyelmeztetes::~frmDatumFigyelmeztetes() = default;
 
 void frmDatumFigyelmeztetes::load() {
+  rows_->setRows({});
   const auto stored = reminders::loadDateReminders(context_.files, context_.folders);
   rows_->setRows(toTextRows(reminders::dueDateRows(stored, context_.clock.today())));
 }
 
 void frmDatumFigyelmeztetes::choose(int row) {
-  selected_ = reminders::recordNumber(toLogic(rows_->record(row)));
-  const auto reminder = reminders::loadDateReminders(context_.files, context_.folders).record(selected_);
+  const std::int16_t number = reminders::recordNumber(toLogic(rows_->record(row)));
+  const auto reminder = reminders::loadDateReminders(context_.files, context_.folders).record(number);
   const auto details = reminders::dateReminderDetails(reminder, context_.clock.today());
+  selected_ = number;
   showCaption(ui_->lbDatum, toQt(details.date));
   showCaption(ui_->lbSzoveg, toQt(details.text));
   showCaption(ui_->lbBeirva, toQt(details.enteredOn));
@@ -41,13 +48,24 @@ void frmDatumFigyelmeztetes::choose(int row) {
   showCaption(ui_->lbNapok, toQt(details.daysLeft));
 }
 
-// Without a chosen row nothing is deleted and the screen closes all the same: this system's convention.
+// Without a chosen row nothing is deleted and the screen closes all the same.
 void frmDatumFigyelmeztetes::deleteChosen() {
   if (!ask(this, QStringLiteral(" Törlés az adatállományból !"),
            QStringLiteral("Biztos TÖRÖLHETŐ\na figyelmeztetés ?"), DefaultAnswer::No))
     return;
-  reminders::deleteDateReminder(context_.files, context_.folders, selected_);
-  close();
+  bool isDeleted = false;
+  carryOut(this, {.done = QStringLiteral("A figyelmeztetés törölve van."),
+                  .make =
+                      [&] {
+                        reminders::deleteDateReminder(context_.files, context_.folders, selected_);
+                        isDeleted = true;
+                      },
+                  .forget = [this] { selected_ = 0; },
+                  .list =
+                      [&] {
+                        if (!isDeleted) ui_->ListView1->keepPlace([this] { load(); });
+                      }});
+  if (isDeleted) close();
 }
 
 }  // namespace tarvik::ui

@@ -1,15 +1,24 @@
 #include "ui/frmGumik.h"
 
 #include <QButtonGroup>
-#include <QItemSelectionModel>
+#include <QScopeGuard>
 
+#include "ui/access.h"
+#include "ui/change.h"
+#include "ui/controls/list_delegate.h"
+#include "ui/controls/list_hint.h"
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
+#include "ui/handlers.h"
+#include "ui/placement.h"
 #include "ui/text.h"
 #include "ui_frmGumik.h"
 
 namespace tarvik::ui {
 namespace {
+
+constexpr int kKmRunColumn = 3;
+constexpr int kConditionColumn = 4;
 
 QButtonGroup* groupOf(QWidget* screen, const QList<QAbstractButton*>& seasons) {
   auto* group = new QButtonGroup(screen);
@@ -41,11 +50,13 @@ TextRow rowOf(const tyres::TyreRow& row) {
 frmGumik::frmGumik(Context& context, const QString& plate, const QStringList& plates, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmGumik>()), tyres_(context.files, context.folders) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   addClosingMenu(*this, ui_->mnuBezar);
   prepareFields(plate, plates);
   prepareList();
   connectButtons();
-  centreOnDisplay(*this);
+  keepWithinReach(*this);
+  openInTheMiddle(*this);
   guarded(this, [this] { BeolvasGumi(); });
 }
 
@@ -71,58 +82,76 @@ void frmGumik::prepareList() {
                          QStringLiteral("Futott Km."), QStringLiteral("Állapota")},
                         this);
   ui_->ListViewGumi->setModel(rows_);
-  ui_->ListViewGumi->setColumnCharacters({16, 34, 12, 12, 10});
+  rows_->setFigureColumns({kKmRunColumn, kConditionColumn});
+  layOutList(*ui_->ListViewGumi, {"WWWWWWWWWW", "", "Négyévszakos", "-2147483648", "-999 %"});
+  new ListHint(*ui_->ListViewGumi, QStringLiteral("Ehhez a rendszámhoz nincs gumi felvéve."));
   ui_->ListViewGumi->sortByHeaderClicks();
-  connect(ui_->ListViewGumi, &ListView::rowChosen, this,
-          [this](int row) { guarded(this, [this, row] { choose(row); }); });
-  connect(ui_->ListViewGumi->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-          &frmGumik::enableDeletion);
+  ui_->ListViewGumi->onRowChosen([this](int row) { return guarded(this, [&] { choose(row); }); });
 }
 
 void frmGumik::connectButtons() {
-  onClick(ui_->cmdOsszesGumi, &frmGumik::BeolvasOsszesGumi);
-  onClick(ui_->cmdGumiRogzites, &frmGumik::recordSet);
-  onClick(ui_->cmdGumiFel, &frmGumik::fitSet);
-  onClick(ui_->cmdGumiLe, &frmGumik::takeSetOff);
-  onClick(ui_->cmdGumiModosit, &frmGumik::changeSet);
-  onClick(ui_->cmdGumiDel, &frmGumik::deleteSet);
+  onClick(this, ui_->cmdOsszesGumi, &frmGumik::BeolvasOsszesGumi);
+  onClick(this, ui_->cmdGumiRogzites, &frmGumik::recordSet);
+  onClick(this, ui_->cmdGumiFel, &frmGumik::fitSet);
+  onClick(this, ui_->cmdGumiLe, &frmGumik::takeSetOff);
+  onClick(this, ui_->cmdGumiModosit, &frmGumik::changeSet);
+  onClick(this, ui_->cmdGumiDel, &frmGumik::deleteSet);
   connect(ui_->cmdGumiModositKeret, &QPushButton::clicked, ui_->frameGumiModosit, &QWidget::show);
   connect(ui_->cmdGumiModositMegsem, &QPushButton::clicked, ui_->frameGumiModosit, &QWidget::hide);
 }
 
-void frmGumik::onClick(QAbstractButton* button, Handler handler) {
-  connect(button, &QAbstractButton::clicked, this,
-          [this, handler] { guarded(this, [this, handler] { (this->*handler)(); }); });
-}
-
 void frmGumik::BeolvasGumi() {
-  showRows(tyres_.listOf(toLogic(ui_->cmbRendszam->currentText())));
+  list([this] { return tyres_.listOf(toLogic(ui_->cmbRendszam->currentText())); });
 }
 
 void frmGumik::BeolvasOsszesGumi() {
-  showRows(tyres_.listAll());
+  list([this] { return tyres_.listAll(); });
 }
 
-void frmGumik::showRows(const std::vector<tyres::TyreRow>& rows) {
+void frmGumik::list(const std::function<std::vector<tyres::TyreRow>()>& read) {
+  const auto chosenShown = qScopeGuard([this] { showChosen(); });
+  rows_->setRows({});
   std::vector<TextRow> shown;
-  for (const tyres::TyreRow& row : rows) shown.push_back(rowOf(row));
+  for (const tyres::TyreRow& row : read()) shown.push_back(rowOf(row));
   rows_->setRows(std::move(shown));
-  enableDeletion();
 }
 
-void frmGumik::enableDeletion() {
-  ui_->cmdGumiDel->setEnabled(!ui_->ListViewGumi->highlightedRecord().isEmpty());
+void frmGumik::relistInPlace() {
+  ui_->ListViewGumi->keepPlace([this] { BeolvasGumi(); });
+}
+
+// Nobody is asked before a deletion, so none is offered of a set that is out of the list.
+void frmGumik::showChosen() {
+  ui_->ListViewGumi->highlightRecord(chosen_);
+  ui_->cmdGumiDel->setEnabled(offersDeletion_ && !ui_->ListViewGumi->highlightedRecord().isEmpty());
 }
 
 void frmGumik::choose(int row) {
+  const int number = rows_->record(row).toInt();
+  const tyres::TyreSet& set = tyres_.read(number);
+  chosen_ = number;
+  offersDeletion_ = true;
+  ui_->cmdGumiDel->setEnabled(true);
   ui_->cmdGumiModositKeret->setEnabled(true);
-  chosen_ = rows_->record(row).toInt();
-  const tyres::TyreSet& set = tyres_.read(chosen_);
   fillNewFields(set);
   fillChangeFields(set);
   const bool isOnCar = set.onCar != tyres::kNotFitted;
   ui_->cmdGumiFel->setEnabled(!isOnCar);
   ui_->cmdGumiLe->setEnabled(isOnCar);
+}
+
+void frmGumik::forgetChosen() {
+  chosen_ = 0;
+  for (QPushButton* button : {ui_->cmdGumiDel, ui_->cmdGumiModositKeret, ui_->cmdGumiFel, ui_->cmdGumiLe})
+    button->setEnabled(false);
+  ui_->frameGumiModosit->hide();
+}
+
+bool frmGumik::change(const QString& done, const std::function<void()>& make) {
+  return carryOut(this, {.done = done,
+                         .make = make,
+                         .forget = [this] { forgetChosen(); },
+                         .list = [this] { relistInPlace(); }});
 }
 
 void frmGumik::fillNewFields(const tyres::TyreSet& set) {
@@ -163,34 +192,47 @@ tyres::TyreFields frmGumik::changeFields() const {
           .kmRun = toLogic(ui_->txtMAzotaFutott->text())};
 }
 
-// Neither the list nor the fields change: the set is seen at the next listing, this system's convention.
+// Neither the list nor the fields change: the set is seen at the next listing.
 void frmGumik::recordSet() {
-  tyres_.record({.plate = toLogic(ui_->cmbRendszam->currentText()),
-                 .isFitted = ui_->chkGumiFentVan->isChecked(),
-                 .fields = newFields()});
+  bool isRecorded = false;
+  carryOut(this, {.done = QStringLiteral("A gumi rögzítve van."),
+                  .make =
+                      [&] {
+                        tyres_.record({.plate = toLogic(ui_->cmbRendszam->currentText()),
+                                       .isFitted = ui_->chkGumiFentVan->isChecked(),
+                                       .fields = newFields()});
+                        isRecorded = true;
+                      },
+                  .forget = [this] { forgetChosen(); },
+                  .list =
+                      [&] {
+                        if (!isRecorded) relistInPlace();
+                      }});
 }
 
 void frmGumik::fitSet() {
-  tyres_.setFitted(chosen_, true);
-  BeolvasGumi();
+  change(QStringLiteral("A gumi fel van szerelve."), [this] { tyres_.setFitted(chosen_, true); });
 }
 
 void frmGumik::takeSetOff() {
-  tyres_.setFitted(chosen_, false);
-  BeolvasGumi();
+  change(QStringLiteral("A gumi le van szerelve."), [this] { tyres_.setFitted(chosen_, false); });
 }
 
 void frmGumik::changeSet() {
-  tyres_.change(chosen_, changeFields());
-  ui_->cmdGumiModositKeret->setEnabled(false);
-  ui_->frameGumiModosit->hide();
-  BeolvasGumi();
+  change(QStringLiteral("A gumi adatai módosítva vannak."), [this] {
+    tyres_.change(chosen_, changeFields());
+    ui_->cmdGumiModositKeret->setEnabled(false);
+    ui_->frameGumiModosit->hide();
+  });
 }
 
-// No question is asked, so the set that goes is the highlighted one and no other.
+// No question is asked, so the set that goes is the highlighted one and no other. The number stays: it then
+// names the set behind the deleted one, which is highlighted for the buttons that stay.
 void frmGumik::deleteSet() {
-  tyres_.remove(ui_->ListViewGumi->highlightedRecord().toInt());
-  BeolvasGumi();
+  change(QStringLiteral("A gumi törölve van."), [this] {
+    tyres_.remove(ui_->ListViewGumi->highlightedRecord().toInt());
+    offersDeletion_ = false;
+  });
   ui_->ListViewGumi->setFocus();
 }
 

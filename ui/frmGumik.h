@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QStringList>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -9,7 +10,6 @@
 #include "ui/context.h"
 #include "ui/models/text_list_model.h"
 
-class QAbstractButton;
 class QButtonGroup;
 
 namespace Ui {
@@ -19,8 +19,8 @@ class frmGumik;
 namespace tarvik::ui {
 
 /// The tyre register: the tyre sets of one vehicle or of all, and what can be done to the selected one.
-/// The number of the set chosen last is remembered until another is chosen, as this system's convention;
-/// only a deletion needs the row itself to be highlighted.
+/// The number of the set chosen last is remembered until another is chosen: the buttons that stay enabled act
+/// on it, and its row is the highlighted one.
 class frmGumik : public QDialog {
   Q_OBJECT
 
@@ -30,19 +30,19 @@ class frmGumik : public QDialog {
   ~frmGumik() override;
 
  private:
-  using Handler = void (frmGumik::*)();
-
   void prepareFields(const QString& plate, const QStringList& plates);
   void prepareList();
   void connectButtons();
-  void onClick(QAbstractButton* button, Handler handler);
 
   void BeolvasGumi();
   void BeolvasOsszesGumi();
-  void showRows(const std::vector<tyres::TyreRow>& rows);
-  void enableDeletion();
+  void list(const std::function<std::vector<tyres::TyreRow>()>& read);
+  void relistInPlace();
+  void showChosen();
 
   void choose(int row);
+  void forgetChosen();
+  bool change(const QString& done, const std::function<void()>& make);
   void fillNewFields(const tyres::TyreSet& set);
   void fillChangeFields(const tyres::TyreSet& set);
   tyres::TyreFields newFields() const;
@@ -59,7 +59,8 @@ class frmGumik : public QDialog {
   TextListModel* rows_;
   QButtonGroup* opGumiEvszak_;
   QButtonGroup* opMEszak_;
-  int chosen_ = 0;  // record number of the set chosen last, 0 = none
+  int chosen_ = 0;               // record number of the set chosen last, 0 = none
+  bool offersDeletion_ = false;  // a set was chosen since the last deletion
 };
 
 }  // namespace tarvik::ui

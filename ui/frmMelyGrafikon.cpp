@@ -1,18 +1,21 @@
 #include "ui/frmMelyGrafikon.h"
 
+#include "ui/access.h"
 #include "ui/placement.h"
 #include "ui_frmMelyGrafikon.h"
 
 namespace tarvik::ui {
 namespace {
 
-constexpr QPoint kFromMainScreen(200, 233);
+constexpr int kRightTwips = 3'000;
+constexpr int kDownTwips = 3'500;
 
 }  // namespace
 
 frmMelyGrafikon::frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* parent)
     : QDialog(parent), context_(context), ui_(std::make_unique<Ui::frmMelyGrafikon>()) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   // The group holds the options in the order of the form, which is that of their numbers.
   int number = 0;
   for (QAbstractButton* option : ui_->choices->buttons()) ui_->choices->setId(option, ++number);
@@ -22,7 +25,9 @@ frmMelyGrafikon::frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* 
   }
   connect(ui_->cmdMegjelenit, &QPushButton::clicked, this, &frmMelyGrafikon::takeChecked);
   connect(ui_->cmdMegsem, &QPushButton::clicked, this, &frmMelyGrafikon::reject);
-  placeAt(*this, mainTopLeft + kFromMainScreen);
+  keepWithinReach(*this);
+  openAt(*this,
+         mainTopLeft + QPoint(pixelsOfTwips(kRightTwips, *this), pixelsOfTwips(kDownTwips, *this)));
 }
 
 frmMelyGrafikon::~frmMelyGrafikon() = default;

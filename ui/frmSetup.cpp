@@ -1,30 +1,28 @@
 #include "ui/frmSetup.h"
 
-#include <QScreen>
 #include <QShowEvent>
 #include <algorithm>
 
 #include "settings/start_settings.h"
-#include "ui/controls/message_boxes.h"
+#include "ui/access.h"
+#include "ui/change.h"
+#include "ui/controls/list_hint.h"
+#include "ui/controls/row_choice.h"
 #include "ui/guarded.h"
+#include "ui/handlers.h"
+#include "ui/message_boxes.h"
+#include "ui/placement.h"
 #include "ui/text.h"
 #include "ui_frmSetup.h"
 
 namespace tarvik::ui {
 namespace {
 
-// 2000 and 2500 twips at 96 dpi: right of and below the main screen's corner.
-constexpr QPoint kOffset{133, 167};
-// Room for the window's frame and title, whose size is known only once it is on the screen.
-constexpr QPoint kFrame{8, 40};
+constexpr int kRightTwips = 2'000;
+constexpr int kDownTwips = 2'500;
 
 std::string plateAlone(const settings::Vehicle& vehicle) {
   return vehicle.plate.asStored();
-}
-
-int selectedNumber(const QListWidget* list) {
-  const QList<QListWidgetItem*> selected = list->selectedItems();
-  return selected.isEmpty() ? 0 : list->row(selected.first()) + 1;
 }
 
 void tellMissing(QWidget* screen, const QString& prompt, QWidget* field) {
@@ -37,9 +35,11 @@ void tellMissing(QWidget* screen, const QString& prompt, QWidget* field) {
 frmSetup::frmSetup(Context& context, QPoint mainTopLeft, QWidget* parent)
     : QDialog(parent), context_(context), mainTopLeft_(mainTopLeft), ui_(std::make_unique<Ui::frmSetup>()) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   ui_->cmbRendszam->setCompleter(nullptr);
   connectButtons();
   connectLists();
+  keepWithinReach(*this);
   ui_->txRendszam->setFocus();
 }
 
@@ -50,31 +50,30 @@ void frmSetup::connectButtons() {
           [this](const QString& text) { ui_->cmdRendszamFelvesz->setEnabled(!text.isEmpty()); });
   for (const QLineEdit* field : {ui_->txRendszam, ui_->txTank})
     connect(field, &QLineEdit::returnPressed, ui_->cmdRendszamFelvesz, &QPushButton::click);
-  onClick(ui_->cmdRendszamFelvesz, &frmSetup::addVehicle);
-  onClick(ui_->cmdRendszamDel, &frmSetup::deleteVehicle);
-  onClick(ui_->cmdAlkatrDel, &frmSetup::deletePartName);
-  onClick(ui_->cmdMegjDel, &frmSetup::deleteNote);
-  onClick(ui_->cmdSetup, &frmSetup::saveStartSettings);
+  onClick(this, ui_->cmdRendszamFelvesz, &frmSetup::addVehicle);
+  onClick(this, ui_->cmdRendszamDel, &frmSetup::deleteVehicle);
+  onClick(this, ui_->cmdAlkatrDel, &frmSetup::deletePartName);
+  onClick(this, ui_->cmdMegjDel, &frmSetup::deleteNote);
+  onClick(this, ui_->cmdSetup, &frmSetup::saveStartSettings);
   connect(ui_->chkRiaszt, &QCheckBox::stateChanged, this, &frmSetup::switchReminders);
   connect(ui_->cmdVissza, &QPushButton::clicked, this, &QDialog::close);
 }
 
 void frmSetup::connectLists() {
-  enableWhileSelected(ui_->List1, ui_->cmdRendszamDel);
-  enableWhileSelected(ui_->listAlkatr, ui_->cmdAlkatrDel);
-  enableWhileSelected(ui_->listMegj, ui_->cmdMegjDel);
+  new ListHint(*ui_->List1, QStringLiteral("Még nincs gépkocsi.\nÍrd be fent a rendszámot és a tank méretét!"));
+  for (QListWidget* list : {ui_->listAlkatr, ui_->listMegj})
+    new ListHint(*list, QStringLiteral("Még üres.\nA főképernyő Felvesz gombja bővíti."));
+  chosenVehicle_ = enableWhileChosen(ui_->List1, ui_->cmdRendszamDel);
+  chosenPartName_ = enableWhileChosen(ui_->listAlkatr, ui_->cmdAlkatrDel);
+  chosenNote_ = enableWhileChosen(ui_->listMegj, ui_->cmdMegjDel);
 }
 
-void frmSetup::onClick(QAbstractButton* button, Handler handler) {
-  connect(button, &QAbstractButton::clicked, this,
-          [this, handler] { guarded(this, [&] { (this->*handler)(); }); });
-}
-
-// A click on the item that is selected already counts too, so both signals are heard.
-void frmSetup::enableWhileSelected(QListWidget* list, QAbstractButton* button) {
-  const auto update = [list, button] { button->setEnabled(selectedNumber(list) != 0); };
-  connect(list, &QListWidget::itemSelectionChanged, button, update);
-  connect(list, &QListWidget::itemClicked, button, update);
+RowChoice* frmSetup::enableWhileChosen(QListWidget* list, QAbstractButton* button) {
+  connect(list->model(), &QAbstractItemModel::modelReset, button, [button] { button->setEnabled(false); });
+  return new RowChoice(list, [button](int) {
+    button->setEnabled(true);
+    return true;
+  });
 }
 
 void frmSetup::showEvent(QShowEvent* event) {
@@ -92,16 +91,11 @@ void frmSetup::load() {
 }
 
 void frmSetup::place() {
-  const QRect available = screen()->availableGeometry();
-  resize(size().boundedTo(available.size() - QSize(kFrame.x(), kFrame.y())));
-  const QPoint lastCorner = available.bottomRight() - QPoint(width(), height()) - kFrame;
-  const QPoint wanted = mainTopLeft_ + kOffset;
-  move(std::max(available.left(), std::min(wanted.x(), lastCorner.x())),
-       std::max(available.top(), std::min(wanted.y(), lastCorner.y())));
+  openAt(*this, mainTopLeft_ + QPoint(pixelsOfTwips(kRightTwips, *this), pixelsOfTwips(kDownTwips, *this)));
 }
 
 void frmSetup::loadVehicleLists() {
-  fillVehicles(&settings::listText);
+  fillVehicles();
 }
 
 void frmSetup::loadStartSettings() {
@@ -126,9 +120,17 @@ void frmSetup::loadNotes() {
 
 void frmSetup::addVehicle() {
   if (!acceptsNewVehicle()) return;
-  settings::addVehicle(context_.files, context_.folders, toLogic(ui_->txRendszam->text()),
-                       toLogic(ui_->txTank->text()));
-  emit vehiclesChanged(fillVehicles(&settings::listText));
+  changeVehicles(QStringLiteral("A rendszám fel van véve."), [this] {
+    settings::addVehicle(context_.files, context_.folders, toLogic(ui_->txRendszam->text()),
+                         toLogic(ui_->txTank->text()));
+    vehicleText_ = &settings::listText;
+  });
+}
+
+void frmSetup::changeVehicles(const QString& done, const std::function<void()>& make) {
+  carryOut(this, {.done = done, .make = make, .list = [this] {
+                    chosenVehicle_->keepPlace([this] { emit vehiclesChanged(fillVehicles()); });
+                  }});
 }
 
 bool frmSetup::acceptsNewVehicle() {
@@ -143,27 +145,28 @@ bool frmSetup::acceptsNewVehicle() {
   return true;
 }
 
-// After a deletion the list shows bare plates, without the tanks: this system's convention.
+// After a deletion the list shows bare plates, without the tanks.
 void frmSetup::deleteVehicle() {
-  settings::removeVehicle(context_.files, context_.folders, selectedNumber(ui_->List1));
-  emit vehiclesChanged(fillVehicles(&plateAlone));
+  changeVehicles(QStringLiteral("A rendszám törölve van."), [this] {
+    settings::removeVehicle(context_.files, context_.folders, chosenVehicle_->row() + 1);
+    vehicleText_ = &plateAlone;
+  });
   ui_->List1->setFocus();
 }
 
 // What stands in the plate to load at start is the person's choice and stays while its list is filled.
-QStringList frmSetup::fillVehicles(VehicleText textOf) {
+QStringList frmSetup::fillVehicles() {
+  const QString chosen = ui_->cmbRendszam->currentText();
+  ui_->List1->clear();
+  ui_->cmbRendszam->clear();
+  showStartPlate(chosen);
   const settings::Vehicles vehicles = settings::loadVehicles(context_.files, context_.folders);
-  QStringList texts;
   QStringList plates;
   for (int number = 1; number <= vehicles.count(); ++number) {
     const settings::Vehicle vehicle = vehicles.record(number);
-    texts << toQt(textOf(vehicle));
+    ui_->List1->addItem(toQt(vehicleText_(vehicle)));
     plates << toQt(plateAlone(vehicle));
   }
-  const QString chosen = ui_->cmbRendszam->currentText();
-  ui_->List1->clear();
-  ui_->List1->addItems(texts);
-  ui_->cmbRendszam->clear();
   ui_->cmbRendszam->addItems(plates);
   ui_->cmbRendszam->setCurrentIndex(-1);
   showStartPlate(chosen);
@@ -171,15 +174,16 @@ QStringList frmSetup::fillVehicles(VehicleText textOf) {
 }
 
 void frmSetup::deletePartName() {
-  if (confirmsDeletion()) return deleteLookupText(ui_->listAlkatr, settings::kPartNames);
-  ui_->listAlkatr->clearSelection();
+  if (confirmsDeletion())
+    return deleteLookupText(*chosenPartName_, settings::kPartNames, &frmSetup::loadPartNames);
+  chosenPartName_->highlight(-1);
   ui_->cmdAlkatrDel->setEnabled(false);
 }
 
 void frmSetup::deleteNote() {
   ui_->cmdMegjDel->setEnabled(false);
-  if (confirmsDeletion()) return deleteLookupText(ui_->listMegj, settings::kNotes);
-  ui_->listMegj->clearSelection();
+  if (confirmsDeletion()) return deleteLookupText(*chosenNote_, settings::kNotes, &frmSetup::loadNotes);
+  chosenNote_->highlight(-1);
 }
 
 bool frmSetup::confirmsDeletion() {
@@ -187,30 +191,31 @@ bool frmSetup::confirmsDeletion() {
              QStringLiteral("Biztos T Ö R Ö L H E T Ő\na kijelölt tétel? "), DefaultAnswer::No);
 }
 
-void frmSetup::deleteLookupText(QListWidget* list, const settings::LookupFile& file) {
-  settings::removeLookupText(context_.files, context_.folders, file, selectedNumber(list));
-  fillLookupList(list, file);
-  list->setFocus();
+void frmSetup::deleteLookupText(RowChoice& chosen, const settings::LookupFile& file, Handler refill) {
+  carryOut(
+      this,
+      {.done = QStringLiteral("A tétel törölve van."),
+       .make = [&] { settings::removeLookupText(context_.files, context_.folders, file, chosen.row() + 1); },
+       .list = [&] { chosen.keepPlace([&] { (this->*refill)(); }); }});
+  chosen.view().setFocus();
 }
 
 void frmSetup::fillLookupList(QListWidget* list, const settings::LookupFile& file) {
-  const settings::LookupTexts stored = settings::loadLookupTexts(context_.files, context_.folders, file);
-  QStringList texts;
-  for (int number = 1; number <= stored.count(); ++number)
-    texts << toQt(stored.record(number).text.asStored());
   list->clear();
-  list->addItems(texts);
+  const settings::LookupTexts stored = settings::loadLookupTexts(context_.files, context_.folders, file);
+  for (int number = 1; number <= stored.count(); ++number)
+    list->addItem(toQt(stored.record(number).text.asStored()));
 }
 
 void frmSetup::saveStartSettings() {
   const bool remindersOn = ui_->chkRiaszt->checkState() != Qt::Unchecked;
-  settings::saveStartSettings(context_.files, context_.folders,
-                              {.remindersOn = core::toFlag(remindersOn),
-                               .plate = core::FixedText<10>(toLogic(ui_->cmbRendszam->currentText()))});
+  const settings::SetRecord chosen{.remindersOn = core::toFlag(remindersOn),
+                                   .plate = core::FixedText<10>(toLogic(ui_->cmbRendszam->currentText()))};
+  guarded(this, [&] { settings::saveStartSettings(context_.files, context_.folders, chosen); },
+          {.unsure = QStringLiteral("Lehet, hogy a beállítások nincsenek elmentve. Mentsd el őket újra!")});
 }
 
-// The box's own state does not count and the values are the reverse of the main screen's switch: kept
-// deliberately, as this system's convention.
+// The box's own state does not count and the values are the reverse of the main screen's switch.
 void frmSetup::switchReminders() {
   const bool wasOne = context_.state.reminderState == 1;
   context_.state.reminderState = wasOne ? 0 : 1;

@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <QPoint>
 #include <QStringList>
+#include <functional>
 #include <memory>
 
 #include "settings/lookup_list.h"
@@ -17,6 +18,8 @@ class frmSetup;
 }
 
 namespace tarvik::ui {
+
+class RowChoice;
 
 /// The settings: the vehicles, the lookup lists and what the program starts with. Every change is on the
 /// disk at once; only the start-up settings wait for their button.
@@ -44,8 +47,7 @@ class frmSetup : public QDialog {
 
   void connectButtons();
   void connectLists();
-  void onClick(QAbstractButton* button, Handler handler);
-  void enableWhileSelected(QListWidget* list, QAbstractButton* button);
+  RowChoice* enableWhileChosen(QListWidget* list, QAbstractButton* button);
 
   void load();
   void place();
@@ -62,15 +64,20 @@ class frmSetup : public QDialog {
   void switchReminders();
 
   bool acceptsNewVehicle();
-  QStringList fillVehicles(VehicleText textOf);
+  QStringList fillVehicles();
   void showStartPlate(const QString& plate);
   bool confirmsDeletion();
   void fillLookupList(QListWidget* list, const settings::LookupFile& file);
-  void deleteLookupText(QListWidget* list, const settings::LookupFile& file);
+  void changeVehicles(const QString& done, const std::function<void()>& make);
+  void deleteLookupText(RowChoice& chosen, const settings::LookupFile& file, Handler refill);
 
   Context& context_;
   QPoint mainTopLeft_;
   std::unique_ptr<Ui::frmSetup> ui_;
+  RowChoice* chosenVehicle_ = nullptr;
+  RowChoice* chosenPartName_ = nullptr;
+  RowChoice* chosenNote_ = nullptr;
+  VehicleText vehicleText_ = &settings::listText;
   bool loaded_ = false;
 };
 

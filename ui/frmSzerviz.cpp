@@ -1,14 +1,23 @@
 #include "ui/frmSzerviz.h"
 
-#include <QItemSelectionModel>
+#include <QScopeGuard>
 
+#include "ui/access.h"
+#include "ui/change.h"
+#include "ui/controls/list_delegate.h"
+#include "ui/controls/list_hint.h"
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
+#include "ui/handlers.h"
+#include "ui/placement.h"
 #include "ui/text.h"
 #include "ui_frmSzerviz.h"
 
 namespace tarvik::ui {
 namespace {
+
+constexpr int kCostColumn = 4;
+constexpr int kReadingColumn = 5;
 
 TextRow rowOf(const repairs::RepairRow& row) {
   return {.cells = {toQt(row.plate), toQt(row.date), toQt(row.description), toQt(row.part),
@@ -21,15 +30,17 @@ TextRow rowOf(const repairs::RepairRow& row) {
 frmSzerviz::frmSzerviz(Context& context, const QString& plate, const QStringList& plates, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmSzerviz>()), log_(context.files, context.folders) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   addClosingMenu(*this, ui_->mnuBezar);
   prepareFields(plate, plates, context.clock.today());
   prepareList();
-  onClick(ui_->cmdSzervizSzures, &frmSzerviz::filter);
+  onClick(this, ui_->cmdSzervizSzures, &frmSzerviz::filter);
   for (const QLineEdit* key : {ui_->txtSzervizMegnev, ui_->txtAlkatresz})
     connect(key, &QLineEdit::returnPressed, ui_->cmdSzervizSzures, &QPushButton::click);
-  onClick(ui_->cmdRogzitSzerviz, &frmSzerviz::recordRepair);
-  onClick(ui_->cmdDelSzerviz, &frmSzerviz::deleteRepair);
-  centreOnDisplay(*this);
+  onClick(this, ui_->cmdRogzitSzerviz, &frmSzerviz::recordRepair);
+  onClick(this, ui_->cmdDelSzerviz, &frmSzerviz::deleteRepair);
+  keepWithinReach(*this);
+  openInTheMiddle(*this);
   guarded(this, [this] { BeolvasSzerviz(); });
 }
 
@@ -49,40 +60,41 @@ void frmSzerviz::prepareList() {
                          QStringLiteral("Alkatrész"), QStringLiteral("Költség"), QStringLiteral("Km. óra")},
                         this);
   ui_->ListViewSzerviz->setModel(rows_);
-  ui_->ListViewSzerviz->setColumnCharacters({12, 12, 32, 26, 10, 8});
+  rows_->setFigureColumns({kCostColumn, kReadingColumn});
+  layOutList(*ui_->ListViewSzerviz, {"WWWWWWWW", "9999.99.99.", "", "", "-999999999", "-9999999"});
+  new ListHint(*ui_->ListViewSzerviz, QStringLiteral("Nincs ilyen javítás vagy szervíz felvéve."));
   ui_->ListViewSzerviz->sortByHeaderClicks();
-  connect(ui_->ListViewSzerviz, &ListView::rowChosen, this,
-          [this](int row) { guarded(this, [this, row] { choose(row); }); });
-  connect(ui_->ListViewSzerviz->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-          &frmSzerviz::enableDeletion);
-}
-
-void frmSzerviz::onClick(QAbstractButton* button, Handler handler) {
-  connect(button, &QAbstractButton::clicked, this,
-          [this, handler] { guarded(this, [this, handler] { (this->*handler)(); }); });
+  ui_->ListViewSzerviz->onRowChosen([this](int row) { return guarded(this, [&] { choose(row); }); });
 }
 
 void frmSzerviz::BeolvasSzerviz() {
-  showRows(log_.listOf(toLogic(ui_->cmbRendszam2->currentText())));
+  list([this] { return log_.listOf(toLogic(ui_->cmbRendszam2->currentText())); });
 }
 
 // The rows come first: should their total be too large, the entry that makes it so can still be deleted.
-void frmSzerviz::showRows(const std::vector<repairs::RepairRow>& rows) {
+void frmSzerviz::list(const std::function<std::vector<repairs::RepairRow>()>& read) {
+  const auto chosenShown = qScopeGuard([this] { showChosen(); });
+  ui_->lbKoltseg->clear();
+  rows_->setRows({});
+  const std::vector<repairs::RepairRow> rows = read();
   std::vector<TextRow> shown;
   for (const repairs::RepairRow& row : rows) shown.push_back(rowOf(row));
   rows_->setRows(std::move(shown));
-  enableDeletion();
-  ui_->lbKoltseg->clear();
   ui_->lbKoltseg->setText(toQt(repairs::totalText(rows)));
 }
 
-void frmSzerviz::enableDeletion() {
+// Nobody is asked before a deletion, so none is offered of an entry that is out of the list.
+void frmSzerviz::showChosen() {
+  ui_->ListViewSzerviz->highlightRecord(chosen_);
   ui_->cmdDelSzerviz->setEnabled(!ui_->ListViewSzerviz->highlightedRecord().isEmpty());
 }
 
 // A damaged date leaves the picker's own.
 void frmSzerviz::choose(int row) {
-  const repairs::Repair repair = log_.read(rows_->record(row).toInt());
+  const int number = rows_->record(row).toInt();
+  const repairs::Repair repair = log_.read(number);
+  chosen_ = number;
+  ui_->cmdDelSzerviz->setEnabled(true);
   fillField(ui_->txtAlkatresz, repair.part.asStored());
   fillField(ui_->txtSzervizMegnev, repair.description.asStored());
   if (const auto day = core::dayFromStored(repair.date)) ui_->DTPSzerviz->setDate(toQt(*day));
@@ -92,28 +104,41 @@ void frmSzerviz::choose(int row) {
 }
 
 void frmSzerviz::filter() {
-  showRows(log_.listFiltered({.plate = toLogic(ui_->cmbRendszam2->currentText()),
+  list([this] {
+    return log_.listFiltered({.plate = toLogic(ui_->cmbRendszam2->currentText()),
                               .isAllVehicles = ui_->chkOsszesAuto->isChecked(),
                               .description = toLogic(ui_->txtSzervizMegnev->text()),
-                              .part = toLogic(ui_->txtAlkatresz->text())}));
+                              .part = toLogic(ui_->txtAlkatresz->text())});
+  });
 }
 
+bool frmSzerviz::change(const QString& done, const std::function<void()>& make) {
+  return carryOut(this, {.done = done,
+                         .make = make,
+                         .forget = [this] { chosen_ = 0; },
+                         .list = [this] { ui_->ListViewSzerviz->keepPlace([this] { BeolvasSzerviz(); }); }});
+}
+
+// The entry chosen before stays the chosen one.
 void frmSzerviz::recordRepair() {
-  log_.record({.plate = toLogic(ui_->cmbRendszam2->currentText()),
-               .date = toLogic(ui_->DTPSzerviz->date()),
-               .description = toLogic(ui_->txtSzervizMegnev->text()),
-               .part = toLogic(ui_->txtAlkatresz->text()),
-               .cost = toLogic(ui_->txtSzervizKoltseg->text()),
-               .reading = toLogic(ui_->txtKMora->text())});
-  for (QLineEdit* field : {ui_->txtAlkatresz, ui_->txtKMora, ui_->txtSzervizKoltseg, ui_->txtSzervizMegnev})
-    field->clear();
-  BeolvasSzerviz();
+  change(QStringLiteral("A javítás rögzítve van."), [this] {
+    log_.record({.plate = toLogic(ui_->cmbRendszam2->currentText()),
+                 .date = toLogic(ui_->DTPSzerviz->date()),
+                 .description = toLogic(ui_->txtSzervizMegnev->text()),
+                 .part = toLogic(ui_->txtAlkatresz->text()),
+                 .cost = toLogic(ui_->txtSzervizKoltseg->text()),
+                 .reading = toLogic(ui_->txtKMora->text())});
+    for (QLineEdit* field : {ui_->txtAlkatresz, ui_->txtKMora, ui_->txtSzervizKoltseg, ui_->txtSzervizMegnev})
+      field->clear();
+  });
 }
 
 // No question is asked, so the entry that goes is the highlighted one and no other.
 void frmSzerviz::deleteRepair() {
-  log_.remove(ui_->ListViewSzerviz->highlightedRecord().toInt());
-  BeolvasSzerviz();
+  change(QStringLiteral("A javítás törölve van."), [this] {
+    log_.remove(ui_->ListViewSzerviz->highlightedRecord().toInt());
+    chosen_ = 0;
+  });
   ui_->ListViewSzerviz->setFocus();
 }
 

@@ -2,14 +2,13 @@
 
 #include <QDialog>
 #include <QStringList>
+#include <functional>
 #include <memory>
 #include <vector>
 
 #include "repairs/repair_log.h"
 #include "ui/context.h"
 #include "ui/models/text_list_model.h"
-
-class QAbstractButton;
 
 namespace Ui {
 class frmSzerviz;
@@ -27,17 +26,15 @@ class frmSzerviz : public QDialog {
   ~frmSzerviz() override;
 
  private:
-  using Handler = void (frmSzerviz::*)();
-
   void prepareFields(const QString& plate, const QStringList& plates, core::Day today);
   void prepareList();
-  void onClick(QAbstractButton* button, Handler handler);
 
   void BeolvasSzerviz();
-  void showRows(const std::vector<repairs::RepairRow>& rows);
-  void enableDeletion();
+  void list(const std::function<std::vector<repairs::RepairRow>()>& read);
+  void showChosen();
 
   void choose(int row);
+  bool change(const QString& done, const std::function<void()>& make);
   void filter();
   void recordRepair();
   void deleteRepair();
@@ -45,6 +42,7 @@ class frmSzerviz : public QDialog {
   std::unique_ptr<Ui::frmSzerviz> ui_;
   repairs::RepairLog log_;
   TextListModel* rows_;
+  int chosen_ = 0;  // record number of the entry chosen last, 0 = none or deleted
 };
 
 }  // namespace tarvik::ui

@@ -6,14 +6,19 @@
 
 #include "settings/start_settings.h"
 #include "settings/vehicles.h"
+#include "ui/access.h"
+#include "ui/change.h"
 #include "ui/chart_panel.h"
-#include "ui/controls/message_boxes.h"
 #include "ui/frmGumik.h"
 #include "ui/frmSetup.h"
 #include "ui/frmSzerviz.h"
 #include "ui/guarded.h"
+#include "ui/handlers.h"
 #include "ui/list_printer.h"
+#include "ui/look.h"
+#include "ui/message_boxes.h"
 #include "ui/note_type_ahead.h"
+#include "ui/placement.h"
 #include "ui/text.h"
 #include "ui_frmTarvik.h"
 
@@ -21,8 +26,7 @@ namespace tarvik::ui {
 namespace {
 
 constexpr int kWidthTwips = 10'600;
-constexpr int kTwipsPerInch = 1'440;
-constexpr int kPixelsPerInch = 96;
+constexpr int kWishedRows = 6;
 
 QStringList trimmedPlates(const settings::Vehicles& vehicles) {
   QStringList plates;
@@ -46,7 +50,7 @@ frmTarvik::frmTarvik(Context& context)
       listing_(new ListingModel(this)),
       timer_(new QTimer(this)) {
   ui_->setupUi(this);
-  place();
+  makeAccessible(*this);
   setWindowTitle(QStringLiteral("Tarvik - ") + toQt(context_.version));
   setUpFields();
   setUpList();
@@ -54,16 +58,23 @@ frmTarvik::frmTarvik(Context& context)
   setUpCharts();
   connectButtons();
   connectMenu();
+  setUpKeyboard();
+  place();
 }
 
 frmTarvik::~frmTarvik() = default;
 
+// The filter may be opened later: the window has its width from the start. Where the display has room the
+// list is taller than it must be; where it is low, the results stand beside each other.
 void frmTarvik::place() {
-  const QRect available = screen()->availableGeometry();
-  const int width = (kWidthTwips * kPixelsPerInch + kTwipsPerInch / 2) / kTwipsPerInch;
-  resize(width, qMin(height(), available.height() - menuBar()->sizeHint().height()));
-  move(available.left() + (available.width() - this->width()) / 2,
-       available.top() + (available.height() - height()) / 2);
+  keepWithinReach(*this);
+  const QMargins sides = ui_->mainLayout->contentsMargins();
+  const int around = sides.left() + sides.right();
+  ui_->FrameSzürö->ensurePolished();
+  ui_->centralwidget->setMinimumWidth(ui_->FrameSzürö->minimumSizeHint().width() + around);
+  const QSize wanted(pixelsOfTwips(kWidthTwips, *this), sizeHint().height() + kWishedRows * rowHeight());
+  const bool isLow = screen()->availableGeometry().height() < ui_->centralwidget->sizeHint().height();
+  openInTheMiddle(*this, isLow ? QSize(ui_->resultBand->wideWidth() + around, wanted.height()) : wanted);
 }
 
 void frmTarvik::setUpFields() {
@@ -83,18 +94,13 @@ void frmTarvik::setUpFields() {
   });
 }
 
-void frmTarvik::onClick(QAbstractButton* button, void (frmTarvik::*handler)()) {
-  connect(button, &QAbstractButton::clicked, this,
-          [this, handler] { guarded(this, [&] { (this->*handler)(); }); });
-}
-
 void frmTarvik::connectButtons() {
-  onClick(ui_->cmd_rogzit, &frmTarvik::record);
-  onClick(ui_->cmd_modosit, &frmTarvik::modify);
-  onClick(ui_->cmd_del, &frmTarvik::remove);
-  onClick(ui_->cmd_lista, &frmTarvik::toggleFilter);
-  onClick(ui_->cmdSzürés, &frmTarvik::applyFilter);
-  onClick(ui_->cmd_figyel, &frmTarvik::openFigy);
+  onClick(this, ui_->cmd_rogzit, &frmTarvik::record);
+  onClick(this, ui_->cmd_modosit, &frmTarvik::modify);
+  onClick(this, ui_->cmd_del, &frmTarvik::remove);
+  onClick(this, ui_->cmd_lista, &frmTarvik::toggleFilter);
+  onClick(this, ui_->cmdSzürés, &frmTarvik::applyFilter);
+  onClick(this, ui_->cmd_figyel, &frmTarvik::openFigy);
   connect(ui_->Combo1, &QComboBox::activated, ui_->cmd_lista, &QPushButton::click);
   connect(ui_->cmdAlkatresz, &QPushButton::clicked, this, [this] {
     guarded(this, [this] { quickAdd(ui_->txAlkatresz, settings::kPartNames, QStringLiteral("alkatrész")); });
@@ -112,21 +118,17 @@ void frmTarvik::setUpCharts() {
       ui_->logbookArea);
   ui_->areaLayout->addWidget(panel, 0, 0);
   panel->raise();
-  ui_->cmdGrafikon->installEventFilter(this);
   connect(ui_->cmdGrafikon, &QPushButton::clicked, this, [this, panel] {
     guarded(this, [&] { panel->toggle(*ui_->cmdGrafikon, frameGeometry().topLeft()); });
   });
 }
 
 void frmTarvik::connectMenu() {
-  const auto onMenu = [this](QAction* item, void (frmTarvik::*handler)()) {
-    connect(item, &QAction::triggered, this, [this, handler] { guarded(this, [&] { (this->*handler)(); }); });
-  };
-  connect(ui_->mnuKilep, &QAction::triggered, this, &QWidget::close);
-  onMenu(ui_->mnuSetup, &frmTarvik::openSetup);
-  onMenu(ui_->mnuGumik, &frmTarvik::openGumik);
-  onMenu(ui_->mnuSzerviz, &frmTarvik::openSzerviz);
-  onMenu(ui_->mnuPrint, &frmTarvik::print);
+  connect(ui_->mnuKilep, &QAction::triggered, this, &QWidget::close, Qt::QueuedConnection);
+  onMenu(this, ui_->mnuSetup, &frmTarvik::openSetup);
+  onMenu(this, ui_->mnuGumik, &frmTarvik::openGumik);
+  onMenu(this, ui_->mnuSzerviz, &frmTarvik::openSzerviz);
+  onMenu(this, ui_->mnuPrint, &frmTarvik::print);
 }
 
 void frmTarvik::load() {
@@ -136,7 +138,8 @@ void frmTarvik::load() {
   ui_->DTPSzürö->setDate(toQt(context_.clock.today()));
   guarded(this, [this] { loadVehicles(); });
   guarded(this, [this] { loadStartSettings(); });
-  relist({});
+  guarded(this, [this] { beolvas(); }, {.failed = kListIncomplete});
+  ui_->ListView1->scrollToBottom();
 }
 
 void frmTarvik::loadLookups() {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -9,6 +11,8 @@
 #include "core/totals.h"
 #include "settings/lookup_list.h"
 #include "ui/context.h"
+#include "ui/guarded.h"
+#include "ui/list_cues.h"
 #include "ui/models/listing_model.h"
 
 class QComboBox;
@@ -19,6 +23,9 @@ class frmTarvik;
 }
 
 namespace tarvik::ui {
+
+class ListDelegate;
+class ListHint;
 
 /// The main screen: the vehicle selector, the entry's fields, the list with its totals and statistics, the
 /// charts, the reminder switch and the menu that opens the other screens.
@@ -51,7 +58,6 @@ class frmTarvik : public QMainWindow {
   void setUpCharts();
   void connectButtons();
   void connectMenu();
-  void onClick(class QAbstractButton* button, void (frmTarvik::*handler)());
   void loadLookups();
   void loadVehicles();
   void loadStartSettings();
@@ -73,8 +79,9 @@ class frmTarvik : public QMainWindow {
   void modify();
   void remove();
   bool refusesBlankKm();
-  void addDistanceToTyres(const core::Ratio& distance);
+  Attempt addDistanceToTyres(const core::Ratio& distance);
   void quickAdd(QComboBox* field, const settings::LookupFile& list, const QString& what);
+  void fillTexts(QComboBox* field, const settings::LookupFile& list);
   void keepNumeric(QLineEdit* field);
   void showPrice();
   void select(int record);
@@ -84,9 +91,21 @@ class frmTarvik : public QMainWindow {
   void toggleFilter();
   void chooseMode(int mode);
   void applyFilter();
-  void relist(const QString& before);
+  void relistInPlace();
+  bool changeLogbook(const QString& done, const std::function<void()>& make);
+  void showCues();
+  void markNewest();
   void showTotals();
   void showHint(QObject* field);
+
+  // The keyboard (frmTarvik_keyboard.cpp).
+  void setUpKeyboard();
+  void onKey(const QKeySequence& keys, QWidget* within, void (frmTarvik::*handler)());
+  bool takesLetterOfChart(QObject* watched, QEvent* event);
+  void jump();
+  void openFilter();
+  void listFiltered();
+  void closeFilter();
 
   // Reminders (frmTarvik_reminders.cpp).
   void setUpReminders();
@@ -100,9 +119,14 @@ class frmTarvik : public QMainWindow {
   ListingModel* listing_;
   core::Totals totals_;
   QTimer* timer_;
+  ListDelegate* delegate_ = nullptr;
+  ListHint* emptyList_ = nullptr;
+  ShownList shown_;
   std::int16_t selectedEntry_ = 0;
   std::int16_t listMode_ = core::kWholeList;
   bool wasShown_ = false;
+  QPointer<QWidget> lastField_;
+  QPointer<QWidget> filterOpener_;
 };
 
 }  // namespace tarvik::ui

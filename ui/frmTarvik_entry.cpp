@@ -6,9 +6,10 @@
 #include "core/statistics.h"
 #include "settings/vehicles.h"
 #include "tyres/tyre_register.h"
-#include "ui/controls/message_boxes.h"
+#include "ui/change.h"
 #include "ui/frmTarvik.h"
 #include "ui/guarded.h"
+#include "ui/message_boxes.h"
 #include "ui/text.h"
 #include "ui_frmTarvik.h"
 
@@ -66,9 +67,13 @@ void frmTarvik::select(int record) {
   ui_->cmd_modosit->setEnabled(record != 0);
 }
 
+// The plate may be another one by now: what its logbook does not have is not shown, and not chosen either.
 void frmTarvik::showEntry(int record) {
+  const std::string path = context_.folders.logbook(platePath());
+  const auto logbook = core::loadRecords<core::NapiAdat>(context_.files, path);
+  if (record > logbook.count())
+    throw core::Failure(core::FailureKind::RecordMissing).file(path).record(record);
   select(record);
-  const core::Logbook logbook = core::loadLogbook(context_.files, context_.folders, platePath());
   showStatistics(logbook, record);
   const core::ShownEntry shown = core::toInput(logbook.record(record));
   showInput(shown.input);
@@ -104,19 +109,27 @@ void frmTarvik::record() {
            QStringLiteral("Biztos JÓK az adatok ?\nMehet a rögzítés ?"), DefaultAnswer::Yes))
     return;
   const core::EntryInput input = entryInput();
-  const core::Ratio distance = core::recordEntry(context_.files, context_.folders, platePath(), input);
-  addDistanceToTyres(distance);
-  ui_->txMegjKtg->setText(toQt(core::withDefaults(input).megjKtg));
-  MezoDel();
-  relist(QStringLiteral("A bejegyzés rögzítve van. "));
-  ui_->ChkTeletank->setChecked(true);
+  Attempt tyres;
+  const bool isRecorded = changeLogbook(QStringLiteral("A bejegyzés rögzítve van."), [&] {
+    const core::Ratio distance = core::recordEntry(context_.files, context_.folders, platePath(), input);
+    tyres = addDistanceToTyres(distance);
+    ui_->txMegjKtg->setText(toQt(core::withDefaults(input).megjKtg));
+    MezoDel();
+    ui_->ChkTeletank->setChecked(true);
+  });
+  if (isRecorded && !tyres.isDone()) tell(this, tyres.text);
+  if (isRecorded) markNewest();
+  ui_->txKmOra->setFocus();
 }
 
 // The entry is in the logbook by now, whatever becomes of the tyres.
-void frmTarvik::addDistanceToTyres(const core::Ratio& distance) {
-  guarded(
-      this, [&] { tyres::addDistance(context_.files, context_.folders, platePath(), distance); },
-      QStringLiteral("A bejegyzés rögzítve van, de a felszerelt gumi futott kilométere nem változott."));
+Attempt frmTarvik::addDistanceToTyres(const core::Ratio& distance) {
+  return attempted(
+      [&] { tyres::addDistance(context_.files, context_.folders, platePath(), distance); },
+      {.failed =
+           QStringLiteral("A bejegyzés rögzítve van, de a felszerelt gumi futott kilométere nem változott."),
+       .unsure = QStringLiteral("A bejegyzés rögzítve van. Nézd meg a gumik listáján, hogy a felszerelt gumi "
+                                "futott kilométere megváltozott-e!")});
 }
 
 void frmTarvik::modify() {
@@ -130,10 +143,11 @@ void frmTarvik::modify() {
            QStringLiteral("Biztos JÓK az adatok ?\nMehet a módosítás ?"), DefaultAnswer::Yes))
     return;
   const core::EntryInput input = core::withDefaults(entryInput());
-  core::modifyEntry(context_.files, context_.folders, platePath(), selectedEntry_, input,
-                    toLogic(ui_->lbPillAtlag->text()));
-  showInput(input);
-  relist(QStringLiteral("A bejegyzés módosítva van. "));
+  changeLogbook(QStringLiteral("A bejegyzés módosítva van."), [&] {
+    core::modifyEntry(context_.files, context_.folders, platePath(), selectedEntry_, input,
+                      toLogic(ui_->lbPillAtlag->text()));
+    showInput(input);
+  });
 }
 
 void frmTarvik::remove() {
@@ -144,8 +158,9 @@ void frmTarvik::remove() {
   const QString prompt = QStringLiteral("Biztos T Ö R Ö L H E T Ő\na %1 tétel? ")
                              .arg(toQt(core::shortDateOfStored(entry.Datum)));
   if (!ask(this, QStringLiteral(" TÖRLÉS az adatállományból !"), prompt, DefaultAnswer::No)) return;
-  core::deleteEntry(context_.files, context_.folders, platePath(), selectedEntry_);
-  relist(QStringLiteral("A bejegyzés törölve van. "));
+  changeLogbook(QStringLiteral("A bejegyzés törölve van."),
+                [this] { core::deleteEntry(context_.files, context_.folders, platePath(), selectedEntry_); });
+  ui_->ListView1->setFocus();
 }
 
 void frmTarvik::quickAdd(QComboBox* field, const settings::LookupFile& list, const QString& what) {
@@ -160,13 +175,24 @@ void frmTarvik::quickAdd(QComboBox* field, const settings::LookupFile& list, con
     if (!ask(this, QStringLiteral(" Meglévő megjegyzés!"), prompt.arg(what, toQt(text)), DefaultAnswer::Yes))
       return;
   }
-  settings::appendLookupText(context_.files, context_.folders, list, toLogic(typed));
-  const auto texts = settings::loadLookupTexts(context_.files, context_.folders, list);
+  carryOut(
+      this,
+      {.done = QStringLiteral("A szöveg fel van véve."),
+       .make = [&] { settings::appendLookupText(context_.files, context_.folders, list, toLogic(typed)); },
+       .list = [&] { fillTexts(field, list); },
+       .incomplete = QStringLiteral("A lenyíló lista nem teljes.")});
+  field->setFocus();
+}
+
+// What is typed stays, whatever becomes of the list under it.
+void frmTarvik::fillTexts(QComboBox* field, const settings::LookupFile& list) {
+  const QString typed = field->currentText();
   field->clear();
+  field->setEditText(typed);
+  const auto texts = settings::loadLookupTexts(context_.files, context_.folders, list);
   for (int number = 1; number <= texts.count(); ++number)
     field->addItem(toQt(texts.record(number).text.trimmed()));
   field->setEditText(typed);
-  field->setFocus();
 }
 
 void frmTarvik::keepNumeric(QLineEdit* field) {

@@ -3,9 +3,12 @@
 #include <QLineEdit>
 
 #include "core/entry_editing.h"
-#include "ui/controls/message_boxes.h"
+#include "ui/change.h"
+#include "ui/controls/list_delegate.h"
+#include "ui/controls/list_hint.h"
 #include "ui/frmTarvik.h"
 #include "ui/guarded.h"
+#include "ui/message_boxes.h"
 #include "ui/text.h"
 #include "ui_frmTarvik.h"
 
@@ -15,13 +18,17 @@ namespace tarvik::ui {
 
 void frmTarvik::setUpList() {
   ui_->ListView1->setModel(listing_);
-  ui_->ListView1->setColumnCharacters({9, 6, 5, 5, 3, 4, 6, 15});
-  connect(ui_->ListView1, &ListView::rowChosen, this,
-          [this](int row) { guarded(this, [&] { showEntry(listing_->listing().number(row)); }); });
+  delegate_ = layOutList(*ui_->ListView1, {"9999.99.99.", "9999999", "999,99", "-9999", "X", "X", "X", "", ""});
+  emptyList_ = new ListHint(*ui_->ListView1);
+  connect(ui_->Combo1, &QComboBox::currentTextChanged, this, &frmTarvik::showCues);
+  ui_->ListView1->onRowChosen(
+      [this](int row) { return guarded(this, [&] { showEntry(listing_->listing().number(row)); }); });
   const QList<QRadioButton*> modes{ui_->opSzürö_0, ui_->opSzürö_1, ui_->opSzürö_2};
   for (int mode = 0; mode < modes.size(); ++mode)
-    connect(modes[mode], &QRadioButton::clicked, this, [this, mode] { chooseMode(mode); });
-  ui_->DTPSzürö->setVisible(false);
+    connect(modes[mode], &QRadioButton::toggled, this, [this, mode](bool on) {
+      if (on) chooseMode(mode);
+    });
+  chooseMode(core::kWholeList);
   for (QLineEdit* field :
        {ui_->tx_teljes_ktg, ui_->ob_ktg, ui_->txAlkatreszKoltseg, ui_->tx_liter, ui_->tx_megtett_km})
     field->installEventFilter(this);
@@ -33,6 +40,11 @@ void frmTarvik::beolvas() {
   core::Listing listing{core::loadLogbook(context_.files, context_.folders, platePath()), {}};
   listing.numbers = core::listedEntries(listing.logbook, {listMode_, toLogic(ui_->DTPSzürö->date())});
   listing_->setListing(std::move(listing));
+  shown_ = {.plate = plate().trimmed(),
+            .mode = listMode_,
+            .day = toLogic(ui_->DTPSzürö->date()),
+            .entries = listing_->listing().rows()};
+  showCues();
   try {
     core::updateTotals(listing_->listing(), totals_);
   } catch (...) {
@@ -40,6 +52,19 @@ void frmTarvik::beolvas() {
     throw;
   }
   showTotals();
+}
+
+void frmTarvik::showCues() {
+  showListLine(*ui_->lbNaplo, shown_, plate().trimmed());
+  emptyList_->setText(emptyListText(shown_, ui_->Combo1->count() > 0));
+}
+
+// The newest entry is the last one; after a recording its row is tinted for a moment.
+void frmTarvik::markNewest() {
+  const int last = listing_->rowCount() - 1;
+  if (last < 0) return;
+  ui_->ListView1->scrollToBottom();
+  delegate_->mark(listing_->index(last, listing_->columnCount() - 1).data().toString(), *ui_->ListView1);
 }
 
 void frmTarvik::showTotals() {
@@ -54,11 +79,12 @@ void frmTarvik::showTotals() {
 
 void frmTarvik::toggleFilter() {
   if (refusesBlankPlate(QStringLiteral("Így nem listázható..."))) return;
-  ui_->FrameSzürö->setVisible(ui_->FrameSzürö->isHidden());
+  ui_->FrameSzürö->isHidden() ? openFilter() : ui_->FrameSzürö->hide();
 }
 
 void frmTarvik::chooseMode(int mode) {
   listMode_ = static_cast<std::int16_t>(mode);
+  ui_->Label4->setVisible(mode != core::kWholeList);
   ui_->DTPSzürö->setVisible(mode != core::kWholeList);
 }
 
@@ -67,21 +93,20 @@ void frmTarvik::applyFilter() {
   const bool isMonth = ui_->opSzürö_2->isChecked();
   listMode_ = isYear ? core::kYearList : isMonth ? core::kMonthList : core::kWholeList;
   ui_->FrameSzürö->hide();
-  relist({});
+  guarded(this, [this] { beolvas(); }, {.failed = kListIncomplete});
+  ui_->ListView1->setFocus();
 }
 
-// Lists anew after something that is done, whatever becomes of the list: a failure says first what was done.
-void frmTarvik::relist(const QString& before) {
-  guarded(
-      this, [this] { beolvas(); }, before + QStringLiteral("A lista vagy az összesítése nem teljes."));
+void frmTarvik::relistInPlace() {
+  ui_->ListView1->keepPlace([this] { beolvas(); });
+}
+
+bool frmTarvik::changeLogbook(const QString& done, const std::function<void()>& make) {
+  return carryOut(this, {.done = done, .make = make, .list = [this] { relistInPlace(); }});
 }
 
 bool frmTarvik::eventFilter(QObject* watched, QEvent* event) {
-  // The menu has the same letter, so the toolkit would only bring the focus here.
-  if (watched == ui_->cmdGrafikon && event->type() == QEvent::Shortcut) {
-    ui_->cmdGrafikon->click();
-    return true;
-  }
+  if (takesLetterOfChart(watched, event)) return true;
   if (event->type() == QEvent::Enter || event->type() == QEvent::MouseMove ||
       event->type() == QEvent::ToolTip)
     guarded(this, [&] { showHint(watched); });

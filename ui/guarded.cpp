@@ -5,7 +5,7 @@
 #include <cerrno>
 #include <new>
 
-#include "ui/controls/message_boxes.h"
+#include "ui/message_boxes.h"
 #include "ui/text.h"
 
 namespace tarvik::ui {
@@ -48,6 +48,8 @@ QString headline(FailureKind kind) {
       return QStringLiteral("A fájl betelt, több tétel nem fér bele:\n%1");
     case FailureKind::FileTooLong:
       return QStringLiteral("A fájlban több tétel van, mint amennyit a program kezelni tud:\n%1");
+    case FailureKind::FileChanged:
+      return QStringLiteral("A fájl közben megváltozott, egy másik program írhatott bele:\n%1");
     case FailureKind::RecordMissing:
       return QStringLiteral("Ez a tétel már nincs a fájlban:\n%1");
     case FailureKind::RecordChanged:
@@ -126,38 +128,39 @@ QString subject(const core::Failure& failure) {
 
 }  // namespace
 
-QString failureText(const core::Failure& failure, const QString& consequence) {
+QString failureText(const core::Failure& failure, const Consequence& consequence) {
   QString text = headline(failure.kind()).arg(subject(failure));
   if (failure.systemError() != 0) text += QStringLiteral("\n(%1)").arg(systemWords(failure.systemError()));
-  if (failure.kind() == FailureKind::SyncFailed)
-    return text + QStringLiteral("\n\nNézd meg a listát, mielőtt megismétled!");
   if (failure.kind() == FailureKind::RecordChanged)
     return text + QStringLiteral("\n\nA művelet elmaradt. Nézd meg a listát, és válaszd ki újra a tételt!");
-  return text + QStringLiteral("\n\n") + consequence;
+  const bool isUnsure = failure.kind() == FailureKind::SyncFailed;
+  return text + QStringLiteral("\n\n") + (isUnsure ? consequence.unsure : consequence.failed);
 }
 
-bool guarded(QWidget* parent, const std::function<void()>& action, const QString& consequence) {
-  const QString title = QStringLiteral(" H i b a !");
+Attempt attempted(const std::function<void()>& action, const Consequence& consequence) {
   try {
     action();
-    return true;
+    return {};
   } catch (const core::Failure& failure) {
-    tellError(parent, title, failureText(failure, consequence));
+    const bool isInput = failure.file().empty() || failure.kind() == FailureKind::PlateUnusable;
+    return {isInput ? Outcome::Refused : Outcome::Failed, failureText(failure, consequence)};
   } catch (const std::bad_alloc&) {
-    tellError(parent, title, QStringLiteral("Elfogyott a memória.\n\n") + consequence);
+    return {Outcome::Failed, QStringLiteral("Elfogyott a memória.\n\n") + consequence.failed};
   }
-  return false;
+}
+
+void tell(QWidget* parent, const QString& failure) {
+  tellError(parent, QStringLiteral(" H i b a !"), failure);
+}
+
+bool guarded(QWidget* parent, const std::function<void()>& action, const Consequence& consequence) {
+  const Attempt made = attempted(action, consequence);
+  if (!made.isDone()) tell(parent, made.text);
+  return made.isDone();
 }
 
 bool quietly(const std::function<void()>& part) {
-  try {
-    part();
-    return true;
-  } catch (const core::Failure&) {
-    return false;
-  } catch (const std::bad_alloc&) {
-    return false;
-  }
+  return attempted(part).isDone();
 }
 
 }  // namespace tarvik::ui

@@ -12,7 +12,7 @@
 
 #include "core/failure.h"
 #include "core/record_file.h"
-#include "ui/controls/message_boxes.h"
+#include "ui/message_boxes.h"
 #include "ui/output_file.h"
 #include "ui/page_painter.h"
 #include "ui/text.h"

@@ -1,32 +1,28 @@
 #include "ui/reminder_parts.h"
 
-#include <QHeaderView>
 #include <QLabel>
-#include <QLayout>
-#include <QStyle>
 
+#include "ui/controls/list_delegate.h"
+#include "ui/controls/list_hint.h"
 #include "ui/controls/list_view.h"
-#include "ui/controls/message_boxes.h"
 #include "ui/dialog_parts.h"
+#include "ui/message_boxes.h"
 #include "ui/models/text_list_model.h"
 
 namespace tarvik::ui {
+namespace {
 
-// Only a polished part knows the size that it needs, and layouts remember what it asked for before.
-void sizeAndCentre(QWidget& dialog) {
-  for (const QWidget* part : dialog.findChildren<QWidget*>()) part->ensurePolished();
-  for (QLayout* layout : dialog.findChildren<QLayout*>()) layout->invalidate();
-  dialog.adjustSize();
-  centreOnDisplay(dialog);
-}
+// A date, a text of 40 characters and a plate.
+constexpr int kReminderCharacters = 70;
+
+}  // namespace
 
 TextListModel* prepareReminderList(ListView* view, const QStringList& headers) {
-  static const QList<int> kCharacters{11, 40, 10};
   auto* rows = new TextListModel(headers, view);
   view->setModel(rows);
-  view->setColumnCharacters(kCharacters);
-  const int scrollBar = view->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-  view->setMinimumWidth(view->header()->length() + scrollBar + 2 * view->frameWidth());
+  layOutList(*view, {"9999.99.99.", "", "WWWWWWWW"});
+  view->setMinimumWidth(kReminderCharacters * view->fontMetrics().averageCharWidth());
+  new ListHint(*view, QStringLiteral("Nincs figyelmeztetés."));
   return rows;
 }
 

@@ -11,10 +11,6 @@ namespace tarvik::ui {
 class ListView;
 class TextListModel;
 
-/// Gives a dialog that is not shown yet the size that its parts ask for and puts it in the middle of its
-/// display.
-void sizeAndCentre(QWidget& dialog);
-
 /// Puts a list of reminders on a view under three headers (date, text, plate), wide enough for what
 /// reminders hold; the model belongs to the view.
 TextListModel* prepareReminderList(ListView* view, const QStringList& headers);

@@ -5,8 +5,13 @@
 #include "reminders/km_alert.h"
 #include "reminders/km_reminders.h"
 #include "reminders/reminder_row.h"
+#include "ui/access.h"
+#include "ui/change.h"
+#include "ui/controls/row_choice.h"
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
+#include "ui/handlers.h"
+#include "ui/placement.h"
 #include "ui/reminder_parts.h"
 #include "ui/text.h"
 #include "ui_riaszt.h"
@@ -36,19 +41,16 @@ QFont headingFont(const QFont& like) {
 }  // namespace
 
 riaszt::riaszt(Context& context, const QString& plate, QWidget* parent)
-    : QDialog(parent), context_(context), ui_(std::make_unique<Ui::riaszt>()) {
+    : QDialog(parent), context_(context), plate_(toLogic(plate)), ui_(std::make_unique<Ui::riaszt>()) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   addClosingMenu(*this, ui_->mnu_bezar);
   prepareList();
-  connect(ui_->List1, &QListWidget::itemSelectionChanged, this,
-          [this] { guarded(this, [this] { chooseLine(); }); });
-  connect(ui_->cmd_torles, &QPushButton::clicked, this,
-          [this] { guarded(this, [this] { deleteChosen(); }); });
-  sizeAndCentre(*this);
-  guarded(this, [&] {
-    showLines(reminders::alertLines(reminders::loadKmReminders(context_.files, context_.folders),
-                                    toLogic(plate), context_.state.currentReading));
-  });
+  choice_ = new RowChoice(ui_->List1, [this](int row) { return guarded(this, [&] { chooseLine(row); }); });
+  onClick(this, ui_->cmd_torles, &riaszt::deleteChosen);
+  keepWithinReach(*this);
+  openInTheMiddle(*this);
+  guarded(this, [this] { listLines(); });
 }
 
 riaszt::~riaszt() = default;
@@ -69,18 +71,20 @@ void riaszt::showEvent(QShowEvent* event) {
   if (!event->spontaneous()) ui_->List1->setCurrentRow(0);
 }
 
-void riaszt::showLines(const std::vector<std::string>& lines) {
+void riaszt::listLines() {
   ui_->List1->clear();
-  for (const std::string& line : lines) ui_->List1->addItem(toQt(line));
+  const auto stored = reminders::loadKmReminders(context_.files, context_.folders);
+  const std::int32_t reading = context_.state.currentReading;
+  for (const std::string& line : listsEveryVehicle_ ? reminders::alertLinesOfAll(stored, reading)
+                                                    : reminders::alertLines(stored, plate_, reading))
+    ui_->List1->addItem(toQt(line));
 }
 
-void riaszt::chooseLine() {
-  const QList<QListWidgetItem*> chosen = ui_->List1->selectedItems();
-  if (chosen.isEmpty()) return;
-  const std::int16_t record = reminders::recordOfAlertLine(toLogic(chosen.first()->text()));
-  context_.state.alertSelection = record;
+void riaszt::chooseLine(int row) {
+  const std::int16_t record = reminders::recordOfAlertLine(toLogic(ui_->List1->item(row)->text()));
   const reminders::FigyelRec reminder =
       reminders::loadKmReminders(context_.files, context_.folders).record(record);
+  context_.state.alertSelection = record;
   fillField(ui_->tx_szoveg, reminder.Szoveg.asStored());
   fillField(ui_->tx_km_allas, reminders::grouped(reminder.KmAllas));
   fillField(ui_->tx_km_mulva, reminders::grouped(reminder.KmMulva));
@@ -90,13 +94,18 @@ void riaszt::chooseLine() {
   fillField(ui_->tx_utolso_km, figures.reading);
 }
 
-// Nobody is asked, the selection and the fields stay, and the list then has every vehicle's reminders: this
-// system's convention, kept deliberately.
+// Nobody is asked, the selection and the fields stay, and the list then has every vehicle's reminders.
 void riaszt::deleteChosen() {
   if (context_.state.alertSelection == 0) return tellNothingSelected(this);
-  reminders::blankKmReminder(context_.files, context_.folders, context_.state.alertSelection);
-  showLines(reminders::alertLinesOfAll(reminders::loadKmReminders(context_.files, context_.folders),
-                                       context_.state.currentReading));
+  carryOut(this, {.done = QStringLiteral("A figyelmeztetés törölve van."),
+                  .make =
+                      [this] {
+                        reminders::blankKmReminder(context_.files, context_.folders,
+                                                   context_.state.alertSelection);
+                        listsEveryVehicle_ = true;
+                      },
+                  .forget = [this] { context_.state.alertSelection = 0; },
+                  .list = [this] { choice_->keepPlace([this] { listLines(); }); }});
 }
 
 }  // namespace tarvik::ui

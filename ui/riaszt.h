@@ -3,7 +3,6 @@
 #include <QDialog>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "ui/context.h"
 
@@ -12,6 +11,8 @@ class riaszt;
 }
 
 namespace tarvik::ui {
+
+class RowChoice;
 
 /// The km alert: the passed km reminders of a vehicle against the current reading that the check found,
 /// by how much each is exceeded, and their deletion.
@@ -29,12 +30,15 @@ class riaszt : public QDialog {
 
  private:
   void prepareList();
-  void showLines(const std::vector<std::string>& lines);
-  void chooseLine();
+  void listLines();
+  void chooseLine(int row);
   void deleteChosen();
 
   Context& context_;
+  std::string plate_;
   std::unique_ptr<Ui::riaszt> ui_;
+  RowChoice* choice_;
+  bool listsEveryVehicle_ = false;  // as it does after a deletion
 };
 
 }  // namespace tarvik::ui

@@ -499,5 +499,27 @@ TEST_F(EntryEditing, RealLogIsRecordedToTheByte) {
   EXPECT_EQ(consumption(71), 57'100);  // two on one day, 9.65 and 15.57 litres on 442 km: 5.706
 }
 
+TEST(TheTrailPastManyEntries, FindsWhatTheWalkBackFinds) {
+  std::mt19937 random(7);
+  const auto below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
+  for (int round = 0; round < 300; ++round) {
+    std::vector<NapiAdat> entries;
+    FullFillTrail trail;
+    for (int number = 1; number <= 12; ++number) {
+      const Ratio litres = Amount{below(4) * 100'000}.ratio();
+      const Ratio kmOra = 1'000 * number + below(900);
+      const auto walked = searchFullFill(number, litres, kmOra,
+                                         [&](int at) { return entries[static_cast<std::size_t>(at - 1)]; });
+      const auto found = trail.reach(litres, kmOra);
+      ASSERT_EQ(found.distance, walked.distance);
+      ASSERT_EQ(found.consumption, walked.consumption);
+      entries.push_back({.KmOra = 1'000 * number + below(900),
+                         .Teletank = toFlag(below(3) == 0),
+                         .TankoltLiter = {below(3) * 100'000}});
+      trail.pass(entries.back());
+    }
+  }
+}
+
 }  // namespace
 }  // namespace tarvik::core

@@ -376,6 +376,24 @@ TEST_F(RecordFileTest, NewNameIsSyncedWithTheFile) {
   EXPECT_EQ(stored(), std::string("CCCCAAA\0BBBB", 12));
 }
 
+TEST_F(RecordFileTest, ManyRecordsAreAddedBehindTheLastWholeOneInOneStep) {
+  write("AAAAbb");
+  opened().appendAll(bytes("CCCCDDDD"));
+  EXPECT_EQ(stored(), "AAAACCCCDDDD");
+  opened().appendAll({});
+  EXPECT_EQ(stored(), "AAAACCCCDDDD");
+  EXPECT_EQ(folder_.names(), Names{"data.dat"});
+}
+
+TEST_F(RecordFileTest, ManyRecordsPastTheHighestNumberAreRefused) {
+  const std::string full((kHighestRecordNumber - 1) * kLength, 'A');
+  write(full);
+  expectFailure(FailureKind::FileFull, [&] { opened().appendAll(bytes("BBBBCCCC")); });
+  EXPECT_EQ(stored(), full);
+  opened().appendAll(bytes("BBBB"));
+  EXPECT_EQ(stored(), full + "BBBB");
+}
+
 // A system that does everything by halves.
 struct HaltingFileSystem : test::ForwardingFileSystem {
   std::int64_t read(int descriptor, std::span<std::byte> buffer, std::int64_t offset) override {

@@ -91,7 +91,8 @@ const std::map<std::string, std::string>& expectedCalls() {
                                                            {"removeTyre", kDeleted},
                                                            {"addTyreDistance", kReplacedAfterLook},
                                                            {"recordRepair", kAppended},
-                                                           {"removeRepair", kDeleted}};
+                                                           {"removeRepair", kDeleted},
+                                                           {"importEntries", kReplacedAfterLook}};
   return calls;
 }
 

@@ -8,10 +8,12 @@ trap 'rm -rf "$scratch"' EXIT
 
 fresh_tree() {
   rm -rf "$scratch/tree"
-  mkdir -p "$scratch"/tree/{core,tyres,ui,app,objects/core}
+  mkdir -p "$scratch"/tree/{core,tyres,ui/chart,app,objects/core}
   printf '#pragma once\n#include <string>\n' > "$scratch/tree/core/day.h"
   printf '#include "core/day.h"\n' > "$scratch/tree/tyres/rules.cpp"
   printf '#include "tyres/rules.h"\n#include "ui_frmX.h"\n' > "$scratch/tree/ui/frmX.cpp"
+  printf '#include "ui/chart/chart_view.h"\n' > "$scratch/tree/ui/chart_panel.cpp"
+  printf '#include "ui/chart/chart_canvas.h"\n#include <qcustomplot.h>\n' > "$scratch/tree/ui/chart/chart_view.cpp"
 }
 
 fail() { echo "$*"; exit 1; }
@@ -48,12 +50,18 @@ expect_call_caught() {  # RULE SOURCE_TEXT
 }
 
 fresh_tree
-for rule in arrows system-headers guards; do expect_passes "$rule"; done
+for rule in arrows rooms system-headers guards; do expect_passes "$rule"; done
 expect_caught arrows core/wrong.cpp '#include "ui/frmX.h"'
 expect_caught arrows core/wrong.cpp '#  include "tyres/rules.h"'
 expect_caught arrows tyres/wrong.cpp '#include "repairs/log.h"'
 expect_caught arrows ui/wrong.cpp '#include "app/main.h"'
 expect_caught arrows ui/wrong.cpp '#include "frmX.h"'
+expect_caught rooms ui/frmY.cpp '#include "ui/chart/chart_canvas.h"'
+expect_caught rooms ui/frmY.cpp '#include <qcustomplot.h>'
+expect_caught rooms ui/chart/chart_scale.cpp '#include "ui/chart/chart_shapes.h"'
+expect_caught rooms ui/chart/chart_view.h '#include "ui/chart_panel.h"'
+expect_caught rooms ui/chart/chart_content.h '#include "charts/series.h"'
+expect_caught rooms ui/chart/extras.h '#include <QString>'
 expect_caught system-headers core/wrong.cpp '#include <unistd.h>'
 expect_caught system-headers tyres/wrong.h '#include <fstream>'
 expect_caught system-headers ui/wrong.cpp '#include <sys/stat.h>'

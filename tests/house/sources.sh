@@ -13,10 +13,11 @@ declare -A arrows=(
   [reminders]="reminders core"
   [charts]="charts core"
   [print]="print core"
-  [ui]="ui core settings tyres repairs reminders charts print"
-  [app]="app ui core settings tyres repairs reminders charts print"
+  [exchange]="exchange core"
+  [ui]="ui core settings tyres repairs reminders charts print exchange"
+  [app]="app ui core settings tyres repairs reminders charts print exchange"
 )
-folders=(core settings tyres repairs reminders charts print ui app)
+folders=(core settings tyres repairs reminders charts print exchange ui app)
 
 # The two halves of the one file that talks to the system, and what only they may include.
 system_file='core/(posix|windows)_(file_system|errors)\.cpp'
@@ -49,6 +50,37 @@ wrong_system_headers() {
   done
 }
 
+# Inside the screens' folder the chart is a room of its own: its files know each other from the content to the
+# view and never back, nothing else of the screens but the message boxes, and nothing of the logic. A screen knows
+# the view and the content. The library behind it is known to no other file.
+chart=ui/chart
+chart_order=("content" "scale|thinning" "shapes|solid_shapes" "style" "axis_labels|plottables" "canvas"
+  "view|accessible|picture")
+
+# What breaks the order inside the chart.
+wrong_steps() {
+  local known="" names file is_known
+  for names in "${chart_order[@]}"; do
+    known+="${known:+|}$names"
+    for file in "$chart"/chart_*; do
+      [[ "$file" =~ ^$chart/chart_($names)\.(cpp|h)$ ]] || continue
+      grep -HnE '^[[:space:]]*#[[:space:]]*include[[:space:]]*"' "$file" |
+        grep -vE "include \"($chart/chart_($known)|ui/message_boxes)\.h\"" || true
+    done
+  done
+  is_known="^$chart/chart_($known)\.(cpp|h)$"
+  for file in "$chart"/*; do
+    [[ "$file" =~ $is_known ]] || echo "$file: has no place in the order"
+  done
+}
+
+wrong_rooms() {
+  [ -d "$chart" ] || return 0
+  wrong_steps
+  includes_of ui '"ui/chart/' | grep -vE "^$chart/|chart_(view|content)\.h\"" || true
+  includes_of ui '<qcustomplot' | grep -v "^$chart/" || true
+}
+
 wrong_guards() {
   local header
   find "${folders[@]}" tests tools fuzz benchmarks -name '*.h' 2> /dev/null | sort | while read -r header; do
@@ -59,6 +91,7 @@ wrong_guards() {
 case "$rule" in
   arrows) found=$(wrong_arrows) ;;
   system-headers) found=$(wrong_system_headers) ;;
+  rooms) found=$(wrong_rooms) ;;
   guards) found=$(wrong_guards) ;;
   *) echo "no such rule: $rule" >&2; exit 2 ;;
 esac

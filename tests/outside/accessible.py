@@ -1,5 +1,8 @@
 """The parts of a program's windows as an assistive tool sees them."""
 
+import os
+import pathlib
+import sys
 import time
 
 from desktop import Desktop
@@ -10,6 +13,7 @@ import pyatspi  # noqa: E402
 from gi.repository import Atspi, GLib  # noqa: E402
 
 LIMIT_SECONDS = 20
+_PICTURE = pathlib.Path(os.environ["TARVIK_PICTURES"]) / f"{pathlib.Path(sys.argv[0]).stem}.png"
 _PAUSE_MILLISECONDS = 20
 _ANSWER_MILLISECONDS = 10000
 _PRESS_MILLISECONDS = 200
@@ -25,7 +29,10 @@ def _turn(milliseconds):
 
 
 def wait_for(condition, what, limit=LIMIT_SECONDS):
-    """Waits until `condition()` gives something true and returns it; what is not there yet may raise."""
+    """Waits until `condition()` gives something true and returns it; what is not there yet may raise.
+
+    When it waited in vain, a picture of the display stays in the build folder.
+    """
     deadline = time.monotonic() + limit
     problem = None
     while time.monotonic() < deadline:
@@ -36,6 +43,7 @@ def wait_for(condition, what, limit=LIMIT_SECONDS):
         except (LookupError, GLib.Error, FileNotFoundError) as error:
             problem = error
         _turn(_PAUSE_MILLISECONDS)
+    Desktop.get().photograph(_PICTURE)
     raise AssertionError(f"waited {limit} s in vain for {what} ({problem})")
 
 
@@ -147,21 +155,59 @@ class Part:
     def children(self):
         return [Part(child) for child in self._it if child is not None]
 
-    def walk(self, into=lambda part: True):
-        """This part and all below it, in order; `into` says whose children are looked at."""
+    def walk(self):
+        """This part and all below it, in order, but for what is in a list."""
         yield self
-        if into(self):
+        if self.role not in ("table", "list"):
             for child in self.children():
-                yield from child.walk(into)
+                yield from child.walk()
+
+    def _is_called(self, name):
+        return name is None or name == self.name or name in self.labels
 
     def _found(self, role, name):
-        for part in self.walk(lambda part: part.role not in ("table", "tree", "tree table", "list")):
-            if part.role == role and (name is None or part.name == name) and part.is_showing:
+        for part in self.walk():
+            if part.role == role and part._is_called(name) and part.is_showing:
                 return part
         raise LookupError(f"{role} {name!r} in {self!r}")
 
+    def focus(self):
+        """The innermost part that has the focus."""
+        focused = [part for part in self.walk() if part.is_focused]
+        return focused[-1] if focused else None
+
+    def wait_focus(self, role, name=None):
+        """Waits until a part of this role, name or label has the focus."""
+
+        def is_there():
+            part = self.focus()
+            return part if part and part.role == role and part._is_called(name) else None
+
+        return wait_for(is_there, f"the focus on {role} {name!r}, which is on {self.focus()!r}")
+
+    def rows(self):
+        """The texts of a list, a list of cells a row."""
+        table = self._it.queryTable()
+        return [[table.getAccessibleAt(row, column).get_name() for column in range(table.nColumns)]
+                for row in range(table.nRows)]
+
+    def row_count(self):
+        return self._it.queryTable().nRows
+
+    def selected_row(self):
+        """The number of the highlighted row, the first being 0; None when there is none."""
+        rows = self._it.queryTable().getSelectedRows()
+        return rows[0] if rows else None
+
+    def select_row(self, row):
+        """Highlights a row, as an assistive tool does."""
+        self._it.queryTable().addRowSelection(row)
+
+    def cell(self, row, column):
+        return Part(self._it.queryTable().getAccessibleAt(row, column))
+
     def part(self, role, name=None):
-        """Waits for the part of this role and name that is shown."""
+        """Waits for the part of this role, and of this name or label, that is shown."""
         return wait_for(lambda: self._found(role, name), f"{role} {name!r} in {self!r}")
 
     def has(self, role, name=None):
@@ -199,7 +245,3 @@ class Part:
 
     def take_focus(self):
         self._it.queryComponent().grabFocus()
-
-    def select_child(self, index):
-        """Selects the child of this number, the first being 0."""
-        self._it.querySelection().selectChild(index)

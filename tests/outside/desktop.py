@@ -11,6 +11,8 @@ import subprocess
 import sys
 import tempfile
 
+from photo import Photo
+
 START_LIMIT_SECONDS = 30
 END_LIMIT_SECONDS = 5
 _PR_SET_PDEATHSIG = 1
@@ -51,24 +53,30 @@ def _line(descriptor, what):
 
 
 class Desktop:
-    """One a process, because the accessibility library binds a process to one bus. Ends with the process."""
+    """A display with all that belongs to it; ends with the process at the latest.
+
+    Its size in pixels is given, or what TARVIK_DISPLAY says, such as "2732x1800".
+    """
 
     _running = None
 
     @classmethod
     def get(cls):
-        """The desktop of this process, started when it is first asked for."""
+        """The desktop of this process, started when it is first asked for.
+
+        The accessibility library binds a process to one bus, so that there is one.
+        """
         if cls._running is None:
             cls._running = cls()
         return cls._running
 
-    def __init__(self):
+    def __init__(self, size=None):
         self.scratch = pathlib.Path(tempfile.mkdtemp(prefix="tarvik-outside-"))
         self._helpers = []
-        atexit.register(self._end)
+        atexit.register(self.end)
         signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
         self._set_environment()
-        self._start_display()
+        self._start_display(size or os.environ.get("TARVIK_DISPLAY", "1366x900").split("x"))
         self._start_bus()
         self._start_window_manager()
         subprocess.run(["setxkbmap", "hu"], check=True)
@@ -82,6 +90,10 @@ class Desktop:
         """Puts a picture of the whole display into a PNG file."""
         subprocess.run(["import", "-window", "root", str(path)], check=True)
 
+    def photo(self):
+        """What is on the display now, to be looked at."""
+        return Photo(self.scratch / "Xvfb_screen0")
+
     def _set_environment(self):
         for name in list(os.environ):
             if name.startswith(("QT_", "DBUS_", "AT_SPI_", "XDG_", "WAYLAND_", "LC_", "LANG")):
@@ -94,7 +106,7 @@ class Desktop:
             XDG_RUNTIME_DIR=str(runtime),
             LC_ALL="C.UTF-8",
             GSETTINGS_BACKEND="memory",
-            NO_AT_BRIDGE="1",
+            CUPS_SERVER="/nowhere",  # no paper comes out of a test
             QT_QPA_PLATFORM="xcb",
             QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
         )
@@ -104,11 +116,13 @@ class Desktop:
         self._helpers.append(self.spawn(command, name, **options))
         return _line(ready, name)
 
-    def _start_display(self):
+    def _start_display(self, size):
         ready, told = os.pipe()
+        screen = f"{size[0]}x{size[1]}x24"
+        command = ["Xvfb", "-displayfd", str(told), "-screen", "0", screen, "-dpi", "96"]
         # A new server resets when its last client goes, between two programs.
-        command = ["Xvfb", "-displayfd", str(told), "-screen", "0", "1366x900x24", "-dpi", "96"]
-        number = self._helper(command + ["-nolisten", "tcp", "-noreset"], ready, pass_fds=[told])
+        number = self._helper(command + ["-nolisten", "tcp", "-noreset", "-fbdir", str(self.scratch)], ready,
+                              pass_fds=[told])
         os.environ["DISPLAY"] = f":{number}"
 
     def _start_bus(self):
@@ -122,7 +136,8 @@ class Desktop:
         ready = os.open(fifo, os.O_RDWR)
         self._helper(["openbox", "--sm-disable", "--startup", f"sh -c 'echo ready > {fifo}'"], ready)
 
-    def _end(self):
-        for helper in reversed(self._helpers):
-            end(helper)
+    def end(self):
+        """Ends everything on it and takes its folders away."""
+        while self._helpers:
+            end(self._helpers.pop())
         shutil.rmtree(self.scratch, ignore_errors=True)

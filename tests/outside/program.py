@@ -5,7 +5,6 @@ import os
 import pathlib
 import shutil
 import subprocess
-import sys
 import tempfile
 
 from accessible import Part, wait_for
@@ -14,7 +13,6 @@ from desktop import Desktop, end
 PROGRAM = pathlib.Path(os.environ["TARVIK_PROGRAM"])
 MAKE_DEMO = pathlib.Path(os.environ["TARVIK_MAKE_DEMO"])
 DEMO_LOG = pathlib.Path(os.environ["TARVIK_DEMO_LOG"])
-PICTURES = pathlib.Path(os.environ["TARVIK_PICTURES"])
 
 
 def demo_folder():
@@ -26,16 +24,18 @@ def demo_folder():
 
 
 class Program:
-    """Runs while a `with` lasts; when that fails, a picture of the display stays in the build folder.
+    """Runs while a `with` lasts.
 
     `folder` is where it runs, a new demonstration folder unless one is given; `without_alerts` takes the
-    reminders away first; `wrapper` goes before the program's name: ["strace", ...].
+    reminders away first; `wrapper` goes before the program's name: ["strace", ...]; `environment` is added to
+    the desktop's.
     """
 
-    def __init__(self, folder=None, without_alerts=False, wrapper=()):
+    def __init__(self, folder=None, without_alerts=False, wrapper=(), environment=None):
         self.desktop = Desktop.get()
         self.folder = pathlib.Path(folder) if folder else demo_folder()
         self._wrapper = list(wrapper)
+        self._environment = {**os.environ, **(environment or {})}
         self.process = None
         if without_alerts:
             for reminders in ("figyel.dat", "figyDatum.dat"):
@@ -45,12 +45,11 @@ class Program:
         program = self.folder / PROGRAM.name
         if not program.exists():
             shutil.copy(PROGRAM, program)
-        self.process = self.desktop.spawn(self._wrapper + [str(program)], "program", cwd=self.folder)
+        self.process = self.desktop.spawn(self._wrapper + [str(program)], "program", cwd=self.folder,
+                                          env=self._environment)
         return self
 
-    def __exit__(self, failure, *_):
-        if failure:
-            self.desktop.photograph(PICTURES / f"{pathlib.Path(sys.argv[0]).stem}.png")
+    def __exit__(self, *_):
         end(self.process)
 
     def _application(self):

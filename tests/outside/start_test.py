@@ -3,6 +3,7 @@
 import unittest
 
 import keyboard
+from accessible import wait_for
 from program import Program
 
 
@@ -23,8 +24,9 @@ class Start(unittest.TestCase):
             main.part("menu item", "Kilépés").press()
             program.window(" Kilépés ").part("push button", "Nem").press()
             program.wait_closed(" Kilépés ")
+            wait_for(main.focus, "the focus back on the main screen")
             keyboard.press("alt+k")
-            program.window(" Kilépés ").part("push button", "Igen")
+            program.window(" Kilépés ").wait_focus("push button", "Igen")
             keyboard.press("Return")
             self.assertEqual(program.wait_end(), 0)
 

@@ -187,9 +187,21 @@ TEST(KmAlertFigures, MayBeNegativeAfterAnOtherVehiclesReminder) {
             (KmAlertFigures{"-2 000", "-7 000", "10 000"}));
 }
 
-TEST(KmAlertFigures, FailWhenTheDistanceRunLeaves32Bits) {
-  test::expectFailure(FailureKind::OutOfRange,
-                      [] { kmAlertFigures(kmReminder(kHighest, 0, "x", "A"), -kHighest); });
+TEST(KmAlertFigures, AreUnknownWhenTheDistanceRunLeaves32Bits) {
+  EXPECT_EQ(kmAlertFigures(kmReminder(kHighest, 0, "x", "A"), -2), (KmAlertFigures{"?", "?", "-2"}));
+  EXPECT_EQ(kmAlertFigures(kmReminder(kHighest, 0, "x", "A"), -1).runSince, "-2147 483 648");
+}
+
+TEST(AlertLines, OneThatCannotBeComputedSaysSoAmongTheOthers) {
+  const std::vector<FigyelRec> records{kmReminder(kHighest, 1, "Fék", "ABC-123"),
+                                       kmReminder(10'000, 5'000, "Olaj", "ABC-123")};
+  const auto stored = KmReminders::of(records);
+  const std::string broken = "2013.06.01  Fék" + std::string(37, ' ') + "   ?   1";
+  const std::vector<std::string> lines{broken, alertLine(records[1], 2)};
+  EXPECT_EQ(alertLines(stored, "ABC-123", 20'000), lines);
+  EXPECT_EQ(alertLinesOfAll(stored, 20'000), lines);
+  EXPECT_EQ(recordOfAlertLine(broken), 1);
+  EXPECT_TRUE(alertLines(stored, "DEF-456", 20'000).empty());
 }
 
 }  // namespace

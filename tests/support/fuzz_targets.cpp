@@ -11,6 +11,9 @@
 #include "core/number_text.h"
 #include "core/record_codec.h"
 #include "core/text.h"
+#include "exchange/import_plan.h"
+#include "exchange/log_reader.h"
+#include "exchange/own_format.h"
 #include "reminders/estimate.h"
 #include "reminders/reminder_row.h"
 #include "settings/vehicles.h"
@@ -76,6 +79,28 @@ void feedNumbers(std::string_view input) {
   });
 }
 
+// The entries that a text offers, in the units that it was found to have.
+std::vector<core::NapiAdat> entriesOf(std::string_view text, exchange::DayOrder order) {
+  const exchange::LogFile file = exchange::readLog(text, order);
+  return exchange::planImport(
+             file, {.distance = file.distance, .volume = file.volume, .forintsPerUnit = 390, .vehicle = {}},
+             {}, 50)
+      .taken();
+}
+
+// Whatever entries a text gives, they go out and come in again as they are.
+void feedExchange(std::string_view input) {
+  entriesOf(input, exchange::DayOrder::MonthFirst);
+  const auto entries = entriesOf(input, exchange::DayOrder::DayFirst);
+  core::Listing listing{core::Logbook::of(entries), {}};
+  listing.numbers = core::listedEntries(listing.logbook, {});
+  const std::string file = exchange::csvOf(listing);
+  require(isUtf8(file));
+  require(entriesOf(std::string_view(file).substr(3), exchange::DayOrder::DayFirst) == entries);
+  const std::string text(input);
+  require(exchange::restored(exchange::harmless(text)) == text);
+}
+
 const core::DataFolders kFolders{.program = "/program", .current = "/current"};
 
 MemoryFileSystem diskWith(const Operation& operation, std::string_view file, std::string_view leftover) {
@@ -133,10 +158,10 @@ void feedOperations(std::string_view input) {
 
 const std::vector<FuzzTarget>& fuzzTargets() {
   static const std::vector<FuzzTarget> kTargets = {
-      {"logbook", feedKind<0>},  {"vehicles", feedKind<1>},     {"lookup_texts", feedKind<2>},
-      {"settings", feedKind<3>}, {"km_reminders", feedKind<4>}, {"date_reminders", feedKind<5>},
-      {"tyres", feedKind<6>},    {"repairs", feedKind<7>},      {"texts", feedTexts},
-      {"numbers", feedNumbers},  {"operations", feedOperations}};
+      {"logbook", feedKind<0>},  {"vehicles", feedKind<1>},      {"lookup_texts", feedKind<2>},
+      {"settings", feedKind<3>}, {"km_reminders", feedKind<4>},  {"date_reminders", feedKind<5>},
+      {"tyres", feedKind<6>},    {"repairs", feedKind<7>},       {"texts", feedTexts},
+      {"numbers", feedNumbers},  {"operations", feedOperations}, {"exchange", feedExchange}};
   return kTargets;
 }
 

@@ -4,6 +4,7 @@
 
 #include "core/entry_editing.h"
 #include "core/record_list.h"
+#include "exchange/import_plan.h"
 #include "reminders/date_reminders.h"
 #include "reminders/km_reminders.h"
 #include "repairs/repair_log.h"
@@ -103,12 +104,23 @@ Operation with(Operation operation, std::string name,
 }
 constexpr bool kDeletes = true;
 
+Operation onLogbook() {
+  return {.file = [](const DataFolders& folders) { return folders.logbook(kOperationPlate); },
+          .temporary = [](const DataFolders& folders) { return folders.logbookTemporary(kOperationPlate); },
+          .recordLength = core::NapiAdat::kLength,
+          .record = [](int record) { return bytesOf(entryRecord(record)); }};
+}
+
+std::vector<Operation> importOperations() {
+  return {with(onLogbook(), "importEntries", [](FileSystem& files, const DataFolders& folders) {
+    const core::Logbook seen = core::loadLogbook(files, folders, kOperationPlate);
+    exchange::importEntries(files, folders.logbook(kOperationPlate), seen,
+                            {entryRecord(901), entryRecord(902), entryRecord(903)});
+  })};
+}
+
 std::vector<Operation> logbookOperations(int number) {
-  const Operation logbook{
-      .file = [](const DataFolders& folders) { return folders.logbook(kOperationPlate); },
-      .temporary = [](const DataFolders& folders) { return folders.logbookTemporary(kOperationPlate); },
-      .recordLength = core::NapiAdat::kLength,
-      .record = [](int record) { return bytesOf(entryRecord(record)); }};
+  const Operation logbook = onLogbook();
   return {with(logbook, "recordEntry",
                [](FileSystem& files, const DataFolders& folders) {
                  core::recordEntry(files, folders, kOperationPlate, typedEntry());
@@ -260,7 +272,8 @@ std::vector<Operation> operations(int count) {
   std::vector<Operation> all;
   for (auto group : {logbookOperations(number), lookupOperations(settings::kPartNames, "PartName", number),
                      lookupOperations(settings::kNotes, "Note", number), settingsOperations(number),
-                     reminderOperations(number), tyreOperations(number, count), repairOperations(number)})
+                     reminderOperations(number), tyreOperations(number, count), repairOperations(number),
+                     importOperations()})
     std::ranges::move(group, std::back_inserter(all));
   return all;
 }

@@ -6,13 +6,21 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
 
 namespace tarvik::test {
+
+/// Scrolls what lies in scroll areas so that a part comes into view, as a person does.
+inline void bringIntoView(QWidget& part) {
+  for (QWidget* above = part.parentWidget(); above != nullptr; above = above->parentWidget())
+    if (auto* area = qobject_cast<QScrollArea*>(above)) area->ensureWidgetVisible(&part);
+}
 
 /// Why a person cannot use a part of a screen now; null when they can.
 inline const char* outOfReach(const QWidget& part) {
@@ -29,8 +37,9 @@ inline void failOver(const QWidget& part, const QString& why) {
   QTest::qFail(qPrintable(part.objectName() + QLatin1Char(' ') + why), __FILE__, __LINE__);
 }
 
-/// Whether a person can use a part now; fails the test when not.
-inline bool isInReach(const QWidget& part) {
+/// Whether a person can use a part now, if need be by scrolling; fails the test when not.
+inline bool isInReach(QWidget& part) {
+  bringIntoView(part);
   const char* fault = outOfReach(part);
   if (fault != nullptr) failOver(part, QString::fromLatin1(fault));
   return fault == nullptr;
@@ -93,6 +102,19 @@ inline void choose(QComboBox& chooser, int entry) {
 inline void openPage(QTabWidget& pages, int page) {
   if (!isInReach(*pages.tabBar())) return;
   QTest::mouseClick(pages.tabBar(), Qt::LeftButton, {}, pages.tabBar()->tabRect(page).center());
+}
+
+/// Clicks an item of a menu bar, found by its name. Fails the test when a person could not.
+inline void pick(QMenuBar& menu, const char* item) {
+  const QString name = QString::fromUtf8(item);
+  for (QAction* action : menu.actions()) {
+    if (action->objectName() != name) continue;
+    if (!isInReach(menu)) return;
+    if (!action->isVisible() || !action->isEnabled()) return failOver(menu, name + " cannot be chosen");
+    QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(action).center());
+    return QCoreApplication::processEvents();  // a command is carried out once its menu has closed
+  }
+  failOver(menu, "has no " + name);
 }
 
 /// Moves a scroll bar to a position. Fails the test when a person could not.

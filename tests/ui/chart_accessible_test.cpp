@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "tests/ui/chart_samples.h"
-#include "ui/controls/chart_content.h"
-#include "ui/controls/chart_view.h"
+#include "ui/chart/chart_content.h"
+#include "ui/chart/chart_view.h"
 
 using tarvik::ui::ChartType;
 using tarvik::ui::ChartView;

@@ -20,7 +20,7 @@
 #include "tests/support/temporary_folder.h"
 #include "tests/ui/by_hand.h"
 #include "tests/ui/next_dialog.h"
-#include "ui/controls/chart_view.h"
+#include "ui/chart/chart_view.h"
 #include "ui/frmMelyGrafikon.h"
 
 namespace tarvik::ui {

@@ -13,7 +13,7 @@
 #include <functional>
 
 #include "tests/ui/chart_samples.h"
-#include "ui/controls/chart_view.h"
+#include "ui/chart/chart_view.h"
 
 using tarvik::ui::ChartView;
 using namespace tarvik::ui::samples;

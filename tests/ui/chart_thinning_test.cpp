@@ -1,9 +1,9 @@
-#include "ui/controls/chart_thinning.h"
+#include "ui/chart/chart_thinning.h"
 
 #include <QTest>
 #include <cmath>
 
-#include "ui/controls/chart_view.h"
+#include "ui/chart/chart_view.h"
 
 namespace tarvik::ui {
 

@@ -1,4 +1,4 @@
-#include "ui/controls/chart_view.h"
+#include "ui/chart/chart_view.h"
 
 #include <QApplication>
 #include <QImage>
@@ -8,7 +8,7 @@
 #include <cmath>
 
 #include "tests/ui/chart_samples.h"
-#include "ui/controls/chart_content.h"
+#include "ui/chart/chart_content.h"
 
 using tarvik::ui::ChartType;
 using tarvik::ui::ChartView;

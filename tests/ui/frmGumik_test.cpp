@@ -296,14 +296,14 @@ class frmGumikTest : public QObject {
     QCOMPARE(tyres.stored(1).onCar, tyres::kNotFitted);
   }
 
-  void afterARelistingNothingIsHighlightedAndTheNumberIsRemembered() {
+  void afterARelistingTheRememberedSetIsHighlighted() {
     Tyres tyres;
     tyres.store({setOf("ABC-123", "a"), setOf("ABC-123", "b")});
     tyres.open();
     tyres.clickRow(1);
     tyres.press("cmdGumiFel");
-    QCOMPARE(tyres.list()->highlightedRecord(), QString());
-    QVERIFY(!tyres.isEnabled("cmdGumiDel"));
+    QCOMPARE(tyres.list()->highlightedRecord(), "2");
+    QVERIFY(tyres.isEnabled("cmdGumiDel"));
     QVERIFY(tyres.isEnabled("cmdGumiModositKeret") && tyres.isEnabled("cmdGumiFel"));
     tyres.press("cmdGumiModositKeret");
     tyres.type("txtMtipus", "changed");
@@ -418,6 +418,8 @@ class frmGumikTest : public QObject {
     tyres.open();
     tyres.clickRow(1);
     tyres.press("cmdGumiDel");
+    QCOMPARE(tyres.list()->highlightedRecord(), "2");
+    QVERIFY(!tyres.isEnabled("cmdGumiDel"));
     QVERIFY(tyres.isEnabled("cmdGumiFel"));
     tyres.press("cmdGumiFel");
     QVERIFY(tyres.stored(2) == setOf("ABC-123", "c", tyres::kWinter, true));

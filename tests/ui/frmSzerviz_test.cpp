@@ -261,13 +261,33 @@ class frmSzervizTest : public QObject {
     QVERIFY(log.current.names().empty());
   }
 
-  void deletionIsOfferedOnlyWhileARowIsHighlighted() {
+  void deletionIsOfferedOnlyWhileTheChosenRowIsListed() {
     Log log;
     log.store({repairOf("ABC-123", "a")});
     log.open();
     log.clickRow(0);
     QVERIFY(log.button("cmdDelSzerviz")->isEnabled());
+    log.type("txtSzervizMegnev", "b");
     log.press("cmdSzervizSzures");
+    QVERIFY(!log.button("cmdDelSzerviz")->isEnabled());
+    log.type("txtSzervizMegnev", "");
+    log.press("cmdSzervizSzures");
+    QCOMPARE(log.list()->highlightedRecord(), "1");
+    QVERIFY(log.button("cmdDelSzerviz")->isEnabled());
+  }
+
+  void aRecordingLeavesTheChosenEntryHighlighted() {
+    Log log;
+    log.store({repairOf("ABC-123", "a"), repairOf("ABC-123", "b")});
+    log.open();
+    log.clickRow(1);
+    log.type("txtSzervizMegnev", "c");
+    log.press("cmdRogzitSzerviz");
+    QCOMPARE(log.descriptions(), (QStringList{"a", "b", "c"}));
+    QCOMPARE(log.list()->highlightedRecord(), "2");
+    log.press("cmdDelSzerviz");
+    QCOMPARE(log.descriptions(), (QStringList{"a", "c"}));
+    QCOMPARE(log.list()->highlightedRecord(), QString());
     QVERIFY(!log.button("cmdDelSzerviz")->isEnabled());
   }
 

@@ -32,7 +32,7 @@ class FrmTarvikListTest : public QObject {
     main.open();
     QCOMPARE(boxes.seen.size(), 0);
     QCOMPARE(main.screen->windowTitle(), QString("Tarvik - 1.0.0"));
-    QCOMPARE(main.screen->width(), 707);
+    QVERIFY(main.screen->width() >= 707);
     QCOMPARE(main.combo("txMegjegyzes")->currentText(), QString("Tankolás"));
     QCOMPARE(main.combo("txAlkatresz")->currentText(), QString());
     QCOMPARE(main.combo("Combo1")->currentText(), QString());
@@ -286,7 +286,7 @@ class FrmTarvikListTest : public QObject {
     MainScreen main;
     main.open();
     BoxScript boxes({QMessageBox::No, QMessageBox::Yes});
-    main.find<QAction>("mnuKilep")->trigger();
+    main.chooseItem("mnuKilep");
     QVERIFY(main.screen->isVisible());
     main.screen->close();
     QVERIFY(!main.screen->isVisible());

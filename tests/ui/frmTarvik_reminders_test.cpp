@@ -245,7 +245,7 @@ class FrmTarvikRemindersTest : public QObject {
     Household main;
     main.open();
     ScreenWatch screens;
-    main.find<QAction>("mnuSetup")->trigger();
+    main.chooseItem("mnuSetup");
     QCOMPARE(screens.opened, (QStringList{"frmSetup"}));
     // The stored "on" ran its switch on opening: state 0 becomes 1 and the timer stops.
     QCOMPARE(main.context.state.reminderState, std::int16_t{1});
@@ -285,7 +285,7 @@ class FrmTarvikRemindersTest : public QObject {
       QCoreApplication::processEvents();
       QVERIFY2(mallinfo2().uordblks < memory + 300'000,
                qPrintable(QString::number(mallinfo2().uordblks - memory)));
-      QCOMPARE(openFiles(), files);
+      QVERIFY(openFiles() <= files);  // the toolkit may have let go of its own meanwhile
     }
   }
 

@@ -33,6 +33,8 @@ class GuardedTest : public QObject {
         "Ez a rendszám csak kis- és nagybetűkben tér el egy már felvettől,\n"
         "a két autó mappája ugyanaz lenne:\n/a/b.dat");
     row("full", FailureKind::FileFull, "A fájl betelt, több tétel nem fér bele:\n/a/b.dat");
+    row("changed", FailureKind::FileChanged,
+        "A fájl közben megváltozott, egy másik program írhatott bele:\n/a/b.dat");
     row("record", FailureKind::RecordMissing, "Ez a tétel már nincs a fájlban:\n/a/b.dat");
   }
   void everyKindOfFailureIsSaidInHungarian() {
@@ -64,8 +66,8 @@ class GuardedTest : public QObject {
 
   void anActionThatFailsShowsOneBoxWithItsConsequence() {
     test::BoxScript boxes;
-    QVERIFY(!ui::guarded(
-        nullptr, [] { throw Failure(FailureKind::DivisionByZero).field("txKmOra"); }, "Félig kész."));
+    QVERIFY(!ui::guarded(nullptr, [] { throw Failure(FailureKind::DivisionByZero).field("txKmOra"); },
+                         {.failed = "Félig kész."}));
     QCOMPARE(boxes.seen.size(), 1);
     QCOMPARE(boxes.seen[0].title, QString(" H i b a !"));
     QCOMPARE(boxes.seen[0].text, QString("Nullával kellene osztani: Km óra állás\n\nFélig kész."));

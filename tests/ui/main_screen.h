@@ -1,10 +1,12 @@
 #pragma once
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
@@ -50,12 +52,18 @@ struct MainScreen {
   QCheckBox* box(const char* name) { return find<QCheckBox>(name); }
   QString label(const char* name) { return find<QLabel>(name)->text(); }
   QTreeView* list() { return find<QTreeView>("ListView1"); }
+  /// Chooses a menu item; what it opens comes up before this returns.
+  void chooseItem(const char* item) {
+    find<QAction>(item)->trigger();
+    QCoreApplication::processEvents();
+  }
   void press(const char* name) { test::press(*find<QAbstractButton>(name)); }
   void type(const char* name, const QString& text) {
     if (auto* chooser = screen->findChild<QComboBox*>(QString::fromUtf8(name)))
       return typeInto(*chooser, text);
     typeInto(*edit(name), text);
   }
+  void pick(const char* item) { test::pick(*screen->menuBar(), item); }
   void type(const char* name, QDate day) { typeInto(*find<QDateEdit>(name), day); }
 
   int rows() { return list()->model()->rowCount(); }

@@ -1,11 +1,14 @@
 #include "ui/controls/list_view.h"
 
 #include <QHeaderView>
-#include <QKeyEvent>
+#include <QScopedValueRollback>
+
+#include "ui/controls/list_accessible.h"
 
 namespace tarvik::ui {
 
 ListView::ListView(QWidget* parent) : QTreeView(parent) {
+  installListAccessibility();
   setRootIsDecorated(false);
   setItemsExpandable(false);
   setUniformRowHeights(true);
@@ -18,18 +21,11 @@ ListView::ListView(QWidget* parent) : QTreeView(parent) {
   header()->setStretchLastSection(true);
   header()->setSectionsMovable(false);
   header()->setHighlightSections(false);
-  connect(this, &QTreeView::clicked, this, [this](const QModelIndex& index) { emit rowChosen(index.row()); });
 }
 
 void ListView::setModel(QAbstractItemModel* model) {
   QTreeView::setModel(model);
   setColumnHidden(model->columnCount() - 1, true);
-}
-
-void ListView::setColumnCharacters(const QList<int>& characters) {
-  const int one = fontMetrics().horizontalAdvance(QLatin1Char('0'));
-  for (int column = 0; column < characters.size(); ++column)
-    header()->resizeSection(column, (characters[column] + 2) * one);
 }
 
 void ListView::sortByHeaderClicks() {
@@ -41,17 +37,39 @@ void ListView::sortByHeaderClicks() {
   });
 }
 
-QString ListView::highlightedRecord() const {
-  const QModelIndexList selected = selectionModel()->selectedRows(model()->columnCount() - 1);
-  return selected.isEmpty() ? QString() : selected.first().data().toString();
+void ListView::onRowChosen(RowChoice::Chooser choose) {
+  choice_ = new RowChoice(this, std::move(choose));
 }
 
-// A row is reached by moving to it, or by selecting the one where the keyboard stands already.
-void ListView::keyPressEvent(QKeyEvent* event) {
-  const QString before = highlightedRecord();
-  QTreeView::keyPressEvent(event);
-  const QString now = highlightedRecord();
-  if (!now.isEmpty() && now != before) emit rowChosen(currentIndex().row());
+QString ListView::highlightedRecord() const {
+  return choice_->row() < 0 ? QString() : recordOfRow(*this, choice_->row());
+}
+
+void ListView::highlightRecord(int record) {
+  const QString wanted = QString::number(record);
+  int row = model()->rowCount() - 1;
+  while (row >= 0 && recordOfRow(*this, row) != wanted) --row;
+  choice_->highlight(row);
+}
+
+int ListView::shownColumns() const {
+  return model() == nullptr ? 0 : model()->columnCount() - 1;
+}
+
+int ListView::accessiblePlace(int number) const {
+  if (!isToolkitTelling_ || shownColumns() < 1) return number;
+  const int counted = shownColumns() + 1;
+  return number / counted * shownColumns() + qMin(number % counted, shownColumns() - 1);
+}
+
+void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  const QScopedValueRollback telling(isToolkitTelling_, true);
+  QTreeView::currentChanged(current, previous);
+}
+
+void ListView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  const QScopedValueRollback telling(isToolkitTelling_, true);
+  QTreeView::selectionChanged(selected, deselected);
 }
 
 }  // namespace tarvik::ui

@@ -34,10 +34,16 @@ QString TextListModel::cell(const TextRow& row, int column) const {
   return column == recordColumn() ? row.record : row.cells.value(column);
 }
 
+QVariant TextListModel::alignment(int column) const {
+  const bool isFigure = figureColumns_.contains(column);
+  return QVariant::fromValue((isFigure ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+}
+
 QVariant TextListModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
   const TextRow& row = rows_[static_cast<std::size_t>(index.row())];
   if (role == Qt::DisplayRole) return cell(row, index.column());
+  if (role == Qt::TextAlignmentRole) return alignment(index.column());
   if (!row.marked) return {};
   if (role == Qt::CheckStateRole && index.column() == 0) return *row.marked ? Qt::Checked : Qt::Unchecked;
   if (role == Qt::FontRole && *row.marked) {
@@ -49,6 +55,7 @@ QVariant TextListModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant TextListModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole) return alignment(section);
   if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
   return headers_.value(section);
 }

@@ -23,6 +23,8 @@ class TextListModel : public QAbstractTableModel {
  public:
   explicit TextListModel(QStringList headers, QObject* parent = nullptr);
 
+  /// The columns of figures: their cells and heads stand at the right.
+  void setFigureColumns(QList<int> columns) { figureColumns_ = std::move(columns); }
   /// Replaces all rows.
   void setRows(std::vector<TextRow> rows);
   /// The column that carries the record numbers.
@@ -39,10 +41,12 @@ class TextListModel : public QAbstractTableModel {
 
  private:
   QString cell(const TextRow& row, int column) const;
+  QVariant alignment(int column) const;
   void arrange();
 
   QStringList headers_;
   std::vector<TextRow> rows_;
+  QList<int> figureColumns_;
   int sortColumn_ = -1;
 };
 

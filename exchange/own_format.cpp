@@ -1,0 +1,218 @@
+#include "exchange/own_format.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+#include "core/day.h"
+#include "core/failure.h"
+#include "core/field_number.h"
+#include "core/number_text.h"
+#include "exchange/days.h"
+
+namespace tarvik::exchange {
+namespace {
+
+using core::NapiAdat;
+
+constexpr std::string_view kMark = "\xEF\xBB\xBF";
+
+constexpr std::array<std::string_view, 14> kHeads = {"Dátum",
+                                                     "Km óra állás",
+                                                     "Liter",
+                                                     "Tankolt költség (Ft)",
+                                                     "Üzemanyag ár (Ft/liter)",
+                                                     "Tele tankolva",
+                                                     "Olajcsere",
+                                                     "Szűrőbetét csere",
+                                                     "Gyertya csere",
+                                                     "Alkatrész megnevezése",
+                                                     "Alkatrész költség (Ft)",
+                                                     "Megjegyzés",
+                                                     "Megjegyzés költsége (Ft)",
+                                                     "Fogyasztás (liter/100 km)"};
+
+constexpr std::string_view kYes = "igen";
+constexpr std::string_view kNo = "nem";
+
+// Where the part of a text begins that a spreadsheet would compute; npos where it has none.
+std::size_t computedFrom(std::string_view text) {
+  const std::size_t first = text.find_first_not_of("' ");
+  if (first == std::string_view::npos) return first;
+  return std::string_view("=+-@\t\r\n").find(text[first]) == std::string_view::npos ? std::string_view::npos
+                                                                                    : first;
+}
+
+bool needsQuotes(std::string_view cell, char separator) {
+  const bool hasOuterSpace = cell.starts_with(' ') || cell.ends_with(' ');
+  return hasOuterSpace || cell.find(separator) != std::string_view::npos ||
+         cell.find_first_of("\"\r\n\t") != std::string_view::npos;
+}
+
+void appendCell(std::string& file, std::string_view cell, char separator) {
+  if (!needsQuotes(cell, separator)) {
+    file += cell;
+    return;
+  }
+  file += '"';
+  for (const char c : cell) {
+    if (c == '"') file += '"';
+    file += c;
+  }
+  file += '"';
+}
+
+void appendRow(std::string& file, const std::vector<std::string>& cells, char separator,
+               std::string_view lineEnd) {
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    if (i > 0) file += separator;
+    appendCell(file, cells[i], separator);
+  }
+  file += lineEnd;
+}
+
+std::vector<std::string> harmlessCells(std::vector<std::string> cells) {
+  for (std::string& cell : cells) cell = harmless(std::move(cell));
+  return cells;
+}
+
+std::string twoDigits(int number) {
+  return (number < 10 ? "0" : "") + std::to_string(number);
+}
+
+std::string isoDay(double stored) {
+  const auto day = core::dayFromStored(stored);
+  if (!day) return {};
+  const auto [year, month, dayOfMonth] = core::calendarDate(*day);
+  const std::string digits = std::to_string(year);
+  return std::string(4 - digits.size(), '0') + digits + "-" + twoDigits(month) + "-" + twoDigits(dayOfMonth);
+}
+
+std::string flagText(std::int16_t flag) {
+  if (flag == core::kFlagSet) return std::string(kYes);
+  return flag == 0 ? std::string(kNo) : std::to_string(flag);
+}
+
+// The text of a record with the spaces at its beginning, which the padding at its end is not.
+std::string textOf(const core::FixedText<50>& text) {
+  std::string stored = text.asStored();
+  stored.erase(stored.find_last_not_of(' ') + 1);
+  return harmless(std::move(stored));
+}
+
+std::vector<std::string> cellsOf(const NapiAdat& entry) {
+  return {isoDay(entry.Datum),
+          std::to_string(entry.KmOra),
+          core::plainText(entry.TankoltLiter),
+          std::to_string(entry.TankoltKtg),
+          core::plainText(entry.FtPerLiter),
+          flagText(entry.Teletank),
+          flagText(entry.Olajcsere),
+          flagText(entry.Szurocsere),
+          flagText(entry.Gyertyacsere),
+          textOf(entry.Alkatresz),
+          std::to_string(entry.AlkatreszKtg),
+          textOf(entry.Megjegyzes),
+          std::to_string(entry.MegjKtg),
+          core::plainText(entry.Fogyasztas)};
+}
+
+// Reads the cells of a row one after the other; throws Failure at one that is not as it was written.
+class OwnRow {
+ public:
+  explicit OwnRow(const CsvRow& row) : row_(row) {}
+
+  std::size_t column() const { return column_; }
+  double day() {
+    const auto day = readDay(next(), DayOrder::DayFirst);
+    if (!day) throw core::Failure(core::FailureKind::OutOfRange);
+    return core::toStored(*day);
+  }
+  std::int32_t whole() { return core::requiredWhole32(next(), ""); }
+  core::Amount amount() { return core::requiredAmount(next(), ""); }
+  std::int16_t flag() {
+    const std::string_view cell = next();
+    if (cell == kYes || cell == kNo) return core::toFlag(cell == kYes);
+    return core::toWhole16(core::requiredNumber(cell, ""));
+  }
+  core::FixedText<50> text() { return core::FixedText<50>(restored(std::string(next()))); }
+
+ private:
+  std::string_view next() {
+    column_ = following_++;
+    return row_.cell(column_);
+  }
+
+  const CsvRow& row_;
+  std::size_t column_ = 0;
+  std::size_t following_ = 0;
+};
+
+NapiAdat readEntry(OwnRow& row) {
+  NapiAdat entry;
+  entry.Datum = row.day();
+  entry.KmOra = row.whole();
+  entry.TankoltLiter = row.amount();
+  entry.TankoltKtg = row.whole();
+  entry.FtPerLiter = row.amount();
+  entry.Teletank = row.flag();
+  entry.Olajcsere = row.flag();
+  entry.Szurocsere = row.flag();
+  entry.Gyertyacsere = row.flag();
+  entry.Alkatresz = row.text();
+  entry.AlkatreszKtg = row.whole();
+  entry.Megjegyzes = row.text();
+  entry.MegjKtg = row.whole();
+  entry.Fogyasztas = row.amount();
+  return entry;
+}
+
+}  // namespace
+
+std::string harmless(std::string text) {
+  if (computedFrom(text) != std::string::npos) text.insert(text.begin(), '\'');
+  return text;
+}
+
+std::string restored(std::string text) {
+  if (text.starts_with('\'') && computedFrom(std::string_view(text).substr(1)) != std::string::npos)
+    text.erase(text.begin());
+  return text;
+}
+
+std::string csvOf(const TextTable& table) {
+  std::string file(kMark);
+  appendRow(file, table.heads, ';', "\r\n");
+  for (const auto& row : table.rows) appendRow(file, harmlessCells(row), ';', "\r\n");
+  return file;
+}
+
+std::string tabbedOf(const TextTable& table) {
+  std::string text;
+  if (!table.heads.empty()) appendRow(text, table.heads, '\t', "\n");
+  for (const auto& row : table.rows) appendRow(text, harmlessCells(row), '\t', "\n");
+  return text;
+}
+
+std::string csvOf(const core::Listing& listing) {
+  std::string file(kMark);
+  appendRow(file, {kHeads.begin(), kHeads.end()}, ';', "\r\n");
+  for (int row = 0; row < listing.rows(); ++row) appendRow(file, cellsOf(listing.entry(row)), ';', "\r\n");
+  return file;
+}
+
+bool areOwnHeads(const std::vector<std::string>& heads) {
+  return std::ranges::equal(heads, kHeads);
+}
+
+std::optional<NapiAdat> ownEntry(const CsvRow& row, std::size_t& column) {
+  OwnRow reader(row);
+  try {
+    return readEntry(reader);
+  } catch (const core::Failure&) {
+    column = reader.column();
+    return std::nullopt;
+  }
+}
+
+}  // namespace tarvik::exchange

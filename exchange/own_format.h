@@ -1,0 +1,43 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/listing.h"
+#include "core/napi_adat.h"
+#include "exchange/csv_rows.h"
+
+namespace tarvik::exchange {
+
+/// A table of texts to be written: heads and rows of as many cells.
+struct TextTable {
+  std::vector<std::string> heads;
+  std::vector<std::vector<std::string>> rows;
+};
+
+/// The table as a CSV file in UTF-8: a mark at its beginning, semicolons, CR LF, quotes where RFC 4180 asks
+/// for them and around outer spaces. Texts that a spreadsheet would compute are made harmless.
+std::string csvOf(const TextTable& table);
+
+/// The table as a spreadsheet takes it from the clipboard: tabs and line feeds, quotes where needed, without
+/// a mark. Texts are made harmless as for csvOf. Without heads when there are none.
+std::string tabbedOf(const TextTable& table);
+
+/// The listed entries with every field, as csvOf writes them: ISO days, decimal commas, "igen" and "nem".
+std::string csvOf(const core::Listing& listing);
+
+/// A text that a spreadsheet takes for a text: an apostrophe stands before one that begins (spaces and
+/// apostrophes aside) with = + - @, a tab or a line break. restored gives the text back.
+std::string harmless(std::string text);
+std::string restored(std::string text);
+
+/// Whether these are the heads of a file that csvOf wrote of a listing.
+bool areOwnHeads(const std::vector<std::string>& heads);
+
+/// The entry of a row of such a file, field for field, the consumption too; nothing where a cell is not as
+/// csvOf writes it, and column tells which then.
+std::optional<core::NapiAdat> ownEntry(const CsvRow& row, std::size_t& column);
+
+}  // namespace tarvik::exchange

@@ -1,0 +1,78 @@
+#include "exchange/csv_rows.h"
+
+#include <gmock/gmock.h>
+
+namespace tarvik::exchange {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::vector<CsvRow> rowsOf(std::string_view text, CsvShape shape = {}) {
+  std::vector<CsvRow> rows;
+  EXPECT_EQ(readCsv(text, shape, [&](CsvRow&& row) { return rows.push_back(std::move(row)), true; }).fault,
+            CsvEnd::Fault::None);
+  return rows;
+}
+
+CsvEnd endOf(std::string_view text) {
+  return readCsv(text, {}, [](CsvRow&&) { return true; });
+}
+
+TEST(TheRowsOfAText, ComeWithTheirLinesWhateverEndsThem) {
+  const CsvRow first{1, {"a", "b"}};
+  const CsvRow second{2, {"c", "d"}};
+  for (const char* text : {"a,b\nc,d", "a,b\nc,d\n", "a,b\r\nc,d\r\n", "a,b\rc,d\r"})
+    EXPECT_THAT(rowsOf(text), ElementsAre(first, second)) << text;
+}
+
+TEST(TheRowsOfAText, CountBlankLinesAndHaveNoneOfThem) {
+  EXPECT_THAT(rowsOf("\n\na\n \t\r\n\nb\n\n"), ElementsAre(CsvRow{3, {"a"}}, CsvRow{6, {"b"}}));
+  EXPECT_THAT(rowsOf(""), IsEmpty());
+  EXPECT_THAT(rowsOf("\r\n\r\n"), IsEmpty());
+}
+
+TEST(TheRowsOfAText, KeepLineBreaksSeparatorsAndQuotesInsideQuotes) {
+  EXPECT_THAT(rowsOf("x\n\"a\nb\",\"c,\"\"d\"\"\"\ne"),
+              ElementsAre(CsvRow{1, {"x"}}, CsvRow{2, {"a\nb", "c,\"d\""}}, CsvRow{4, {"e"}}));
+}
+
+TEST(TheRowsOfAText, KeepSpacesInsideQuotesAlone) {
+  EXPECT_THAT(rowsOf(" a , \" b \" "), ElementsAre(CsvRow{1, {"a", " b "}}));
+}
+
+TEST(TheRowsOfAText, HaveTheSeparatorAndQuoteThatTheyAreReadWith) {
+  EXPECT_THAT(rowsOf("a;'b;c'", {.separator = ';', .quote = '\''}), ElementsAre(CsvRow{1, {"a", "b;c"}}));
+}
+
+TEST(TheRowsOfAText, EndWhereTheyAreNoLongerWanted) {
+  int taken = 0;
+  readCsv("a\nb\nc\n", {}, [&](CsvRow&&) { return ++taken < 2; });
+  EXPECT_EQ(taken, 2);
+}
+
+TEST(ARowPastTheLimits, EndsTheReadingWithItsLine) {
+  const std::string line(kLongestLine + 1, 'x');
+  EXPECT_EQ(endOf("a\n" + line + "\nb\n").fault, CsvEnd::Fault::RowTooLong);
+  EXPECT_EQ(endOf("a\n" + line + "\nb\n").line, 2);
+  EXPECT_EQ(endOf(std::string(kLongestLine - 1, 'x') + "\n").fault, CsvEnd::Fault::None);
+  EXPECT_EQ(endOf("a\n" + std::string(kMostCells, ',')).fault, CsvEnd::Fault::RowTooLong);
+  EXPECT_EQ(endOf(std::string(kMostCells - 1, ',')).fault, CsvEnd::Fault::None);
+}
+
+TEST(ARowPastTheLimits, MayBeOneOfManyLinesInQuotes) {
+  std::string text = "a\n\"";
+  while (text.size() <= kLongestRow) text += std::string(1'000, 'x') + "\n";
+  const CsvEnd end = endOf(text + "\"\n");
+  EXPECT_EQ(end.fault, CsvEnd::Fault::RowTooLong);
+  EXPECT_EQ(end.line, 2);
+}
+
+TEST(AQuoteThatIsNeverClosed, IsToldWithItsLine) {
+  const CsvEnd end = endOf("a,b\nc,\"d\ne,f\n");
+  EXPECT_EQ(end.fault, CsvEnd::Fault::OpenQuote);
+  EXPECT_EQ(end.line, 2);
+}
+
+}  // namespace
+}  // namespace tarvik::exchange

@@ -1,0 +1,136 @@
+#include "exchange/log_reader.h"
+
+#include <gmock/gmock.h>
+
+#include "core/record_file.h"
+#include "tests/exchange/reading.h"
+
+namespace tarvik::test {
+namespace {
+
+using exchange::LogFault;
+using exchange::LogFile;
+using exchange::Meaning;
+using exchange::readLog;
+using exchange::SkippedSection;
+using exchange::UnreadRow;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(ALog, OfHeadsAloneHasNoEntriesAndNoFault) {
+  const LogFile file = readLog("Date;Odometer;Litres;Cost\n");
+  EXPECT_EQ(file.fault, LogFault::None);
+  EXPECT_THAT(file.rows, IsEmpty());
+  EXPECT_EQ(file.columns.size(), 4U);
+  EXPECT_EQ(file.columns[2].meaning, Meaning::Volume);
+}
+
+TEST(ALog, WithoutAUsefulTableIsNone) {
+  for (const char* text : {"", "\n\n", "hello", "a,b,c\n1,2,3\n", "Date,Cost\n2024-01-01,5\n"})
+    EXPECT_EQ(readLog(text).fault, LogFault::NoTable) << text;
+}
+
+TEST(ALog, HasItsSeparatorFoundFromAllItsHeads) {
+  EXPECT_EQ(readLog("Date;Odometer;Litres\n2024-01-05;1000;40,5\n").shape.separator, ';');
+  EXPECT_EQ(readLog("Date,Odometer,Litres\n2024-01-05,1000,40.5\n").shape.separator, ',');
+  EXPECT_EQ(readLog("Date\tOdometer\tLitres\n2024-01-05\t1000\t40.5\n").shape.separator, '\t');
+  EXPECT_EQ(readLog("Date|Odometer|Litres\n2024-01-05|1000|40.5\n").shape.separator, '|');
+  EXPECT_EQ(readLog("'Date','Odometer','Litres'\n'2024-01-05','1000','40.5'\n").shape.quote, '\'');
+  // More commas than semicolons in the notes change nothing.
+  const LogFile file = readLog("Date;Odometer;Litres;Notes\n2024-01-05;1000;40,5;a,b,c,d,e,f\n");
+  EXPECT_EQ(file.shape.separator, ';');
+  EXPECT_EQ(file.rows[0].note, "a,b,c,d,e,f");
+}
+
+TEST(ALog, SkipsEmptyColumnsBlankLinesAndRepeatedHeads) {
+  const LogFile file = readLog(
+      "Date,,Odometer,Litres,Total cost,\n\n2024-01-05,,1000,40.5,,\n,,,,,\nDate,,Odometer,Litres,Total "
+      "cost,\n2024-01-09,,1500,30,,\n");
+  ASSERT_EQ(file.rows.size(), 2U);
+  EXPECT_EQ(file.rows[1].line, 6);
+  EXPECT_FALSE(file.hasCosts);
+  EXPECT_THAT(file.unread, IsEmpty());
+}
+
+TEST(ALog, TellsWhyEachRowThatItCannotReadIsNone) {
+  const LogFile file = readLog(
+      "Date,Odometer,Litres,Cost,Notes\n"
+      "2024-01-05,1000,40.5,60,\n"
+      ",1100,20,30,\n"
+      "2024-02-31,1200,20,30,\n"
+      "2024-02-03,,20,30,\n"
+      "2024-02-04,1300,sok,30,\n"
+      "2024-02-05,1400,,,\n"
+      "2024-02-06,1500,-20,30,\n"
+      "Total,,60.5,90,\n");
+  std::vector<std::pair<int, UnreadRow::Why>> told;
+  for (const UnreadRow& row : file.unread) told.emplace_back(row.line, row.why);
+  EXPECT_THAT(
+      told,
+      ElementsAre(std::pair(3, UnreadRow::Why::NoDay), std::pair(4, UnreadRow::Why::DayNotUnderstood),
+                  std::pair(5, UnreadRow::Why::NoOdometer), std::pair(7, UnreadRow::Why::NothingInIt),
+                  std::pair(8, UnreadRow::Why::FigureNotUnderstood), std::pair(9, UnreadRow::Why::Total)));
+  EXPECT_EQ(file.unread[1].head, "Date");
+  EXPECT_EQ(file.unread[1].cell, "2024-02-31");
+  ASSERT_EQ(file.rows.size(), 2U);
+  EXPECT_TRUE(file.rows[1].volume.isZero());  // "sok" is no figure: a cost without fuel
+}
+
+TEST(ALog, WithTwoTablesTellsTheOtherOneEvenWithoutATitle) {
+  const LogFile file = readLog(
+      "Date,Odometer,Litres\n2024-01-05,1000,40.5\n\nDate,Service,Cost,Garage\n2024-01-06,Oil,20,X\n");
+  EXPECT_EQ(file.rows.size(), 1U);
+  EXPECT_THAT(file.skipped, ElementsAre(SkippedSection{"Date", 4, 1}));
+}
+
+TEST(ALog, OfSeveralVehiclesNamesThem) {
+  const LogFile file = readLog(
+      "Vehicle,Date,Odometer,Litres\nA,2024-01-05,1000,40\nB,2024-01-06,900,30\nA,2024-01-09,1500,41\n");
+  EXPECT_THAT(file.vehicles, ElementsAre("A", "B"));
+  const auto plan = exchange::planImport(file, {.forintsPerUnit = 1, .vehicle = "A"}, {}, 0);
+  EXPECT_EQ(plan.entries.size(), 2U);
+}
+
+TEST(ALog, ReadsItsDaysInTheOrderThatThePersonSays) {
+  const std::string text = "Date,Odometer,Litres\n1/2/2024,1000,40\n";
+  EXPECT_EQ(readLog(text).rows[0].day, core::dayOf({2024, 2, 1}));
+  EXPECT_EQ(readLog(text, exchange::DayOrder::MonthFirst).rows[0].day, core::dayOf({2024, 1, 2}));
+}
+
+TEST(ALog, OfPricesThatGoWithTheVolumeTakesThemForTotals) {
+  const LogFile file = readLog("Date,Odometer,Litres,Price\n2024-01-05,1000,40,60\n2024-01-09,1500,20,31\n");
+  EXPECT_EQ(file.columns[3].meaning, Meaning::TotalCost);
+  const LogFile units =
+      readLog("Date,Odometer,Litres,Price\n2024-01-05,1000,40,1.5\n2024-01-09,1500,20,1.6\n");
+  EXPECT_EQ(units.columns[3].meaning, Meaning::UnitPrice);
+  EXPECT_EQ(units.rows[0].totalCost, core::Ratio(60));
+}
+
+TEST(ALog, WithoutMarksForFullFillUpsTakesEachForOne) {
+  const LogFile file = readLog("Date,Odometer,Litres\n2024-01-05,1000,40\n");
+  EXPECT_FALSE(file.saysWhichAreFull);
+  EXPECT_TRUE(file.rows[0].isFull);
+}
+
+TEST(ALog, InUkGallonsAndMilesIsConverted) {
+  const LogFile file = readLog("Date,Odometer (miles),Gallons (UK)\n2024-01-05,1000,10\n");
+  const auto plan = planOf(file);
+  EXPECT_EQ(plan.entries[0].entry.KmOra, 1'609);
+  EXPECT_EQ(plan.entries[0].entry.TankoltLiter.tenThousandths, 454'609);
+}
+
+TEST(ALog, ThatEndsInsideQuotesSaysWhere) {
+  const LogFile file = readLog("Date,Odometer,Litres,Notes\n2024-01-05,1000,40,\"a\n2024-01-06,1100,40,b\n");
+  EXPECT_TRUE(file.isCutInQuotes);
+  EXPECT_EQ(file.faultLine, 2);
+}
+
+TEST(ALog, TooLargeForALogbookIsRefusedAtOnce) {
+  std::string text = "Date,Odometer,Litres\n";
+  for (int i = 0; i <= 2 * core::kHighestRecordNumber; ++i) text += "2024-01-05,1000,40\n";
+  EXPECT_EQ(readLog(text).fault, LogFault::TooManyRows);
+  EXPECT_EQ(readLog(std::string(1'000'000, 'x')).fault, LogFault::RowTooLong);
+}
+
+}  // namespace
+}  // namespace tarvik::test

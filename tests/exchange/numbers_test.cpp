@@ -1,0 +1,73 @@
+#include "exchange/numbers.h"
+
+#include <gtest/gtest.h>
+
+namespace tarvik::exchange {
+namespace {
+
+using core::Ratio;
+
+std::optional<DecimalSign> shown(std::vector<std::string_view> figures) {
+  return shownDecimalSign(figures);
+}
+
+TEST(TheDecimalSign, IsTheLastOfTwoSigns) {
+  EXPECT_EQ(shown({"1.234,50"}), DecimalSign::Comma);
+  EXPECT_EQ(shown({"1,234.50"}), DecimalSign::Point);
+}
+
+TEST(TheDecimalSign, IsTheOtherOneWhereOneGroups) {
+  EXPECT_EQ(shown({"1.234.567"}), DecimalSign::Comma);
+  EXPECT_EQ(shown({"1,234,567"}), DecimalSign::Point);
+}
+
+TEST(TheDecimalSign, HasNotThreeDigitsBehindItOrStandsWhereNoGroupBegins) {
+  EXPECT_EQ(shown({"40,5"}), DecimalSign::Comma);
+  EXPECT_EQ(shown({"40.50"}), DecimalSign::Point);
+  EXPECT_EQ(shown({"0.500"}), DecimalSign::Point);
+  EXPECT_EQ(shown({",500"}), DecimalSign::Comma);
+  EXPECT_EQ(shown({"1234.567"}), DecimalSign::Point);
+}
+
+TEST(TheDecimalSign, StaysOpenWhereEveryFigureCouldBeReadEitherWay) {
+  EXPECT_EQ(shown({"1.234", "24.639", "40"}), std::nullopt);
+  EXPECT_EQ(shown({}), std::nullopt);
+}
+
+TEST(TheDecimalSign, IsFoundFromAllFiguresAndNotTheFirst) {
+  EXPECT_EQ(shown({"24.639", "27.861", "27.1"}), DecimalSign::Point);
+  EXPECT_EQ(shown({"1,5", "1.5", "2.5"}), DecimalSign::Point);
+}
+
+TEST(AFigure, IsReadWithItsGroupsAndUnits) {
+  EXPECT_EQ(readFigure("1 234,50 Ft", DecimalSign::Comma), Ratio(12'345, 10));
+  EXPECT_EQ(readFigure("1.234,5", DecimalSign::Comma), Ratio(12'345, 10));
+  EXPECT_EQ(readFigure("1,234.5", DecimalSign::Point), Ratio(12'345, 10));
+  EXPECT_EQ(readFigure("1\xC2\xA0"
+                       "234\xE2\x80\xAF"
+                       "567",
+                       DecimalSign::Comma),
+            Ratio(1'234'567));
+  EXPECT_EQ(readFigure("12'345.60", DecimalSign::Point), Ratio(123'456, 10));
+  EXPECT_EQ(readFigure("€40.10", DecimalSign::Point), Ratio(401, 10));
+  EXPECT_EQ(readFigure("-5", DecimalSign::Comma), Ratio(-5));
+  EXPECT_EQ(readFigure("153796", DecimalSign::Comma), Ratio(153'796));
+  EXPECT_EQ(readFigure(".5", DecimalSign::Point), Ratio(1, 2));
+}
+
+TEST(AFigure, IsNoneWithWrongGroupsOrOtherText) {
+  for (const char* text :
+       {"", "-", "abc", "12:30", "1/2", "2024-01-05", "1.23,45.6", "Tank1Capacity", "1 23"})
+    EXPECT_EQ(readFigure(text, DecimalSign::Comma), std::nullopt) << text;
+  EXPECT_EQ(readFigure("12.34", DecimalSign::Comma), std::nullopt);
+}
+
+TEST(AFigure, IsBareWithoutLetters) {
+  EXPECT_TRUE(isBareFigure("40.5"));
+  EXPECT_TRUE(isBareFigure("€ 40,5"));
+  EXPECT_FALSE(isBareFigure("Tank 2"));
+  EXPECT_TRUE(looksLikeFigure("40.5 l"));
+}
+
+}  // namespace
+}  // namespace tarvik::exchange

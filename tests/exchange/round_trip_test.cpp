@@ -1,0 +1,186 @@
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+#include "core/listing.h"
+#include "core/text.h"
+#include "exchange/own_format.h"
+#include "tests/exchange/reading.h"
+#include "tests/support/memory_file_system.h"
+
+// What goes out comes in again unchanged, record for record.
+
+namespace tarvik::test {
+namespace {
+
+using core::NapiAdat;
+
+// Every byte that is a character of the code page; the zero byte is padding and no text holds it.
+std::string allCharacters() {
+  std::string bytes;
+  for (int byte = 1; byte < 256; ++byte) {
+    const std::string one(1, static_cast<char>(byte));
+    if (core::toCodePage(core::fromCodePage(one)) == one) bytes += one;
+  }
+  return bytes;
+}
+
+class Generator {
+ public:
+  explicit Generator(unsigned seed) : random_(seed) {}
+
+  std::int64_t number(std::int64_t least, std::int64_t most) {
+    return std::uniform_int_distribution<std::int64_t>(least, most)(random_);
+  }
+  std::int32_t whole32() { return static_cast<std::int32_t>(number(INT32_MIN, INT32_MAX)); }
+  core::Amount amount() { return {number(INT64_MIN, INT64_MAX)}; }
+  std::int16_t flag() { return core::toFlag(number(0, 1) == 1); }
+
+  core::FixedText<50> text() {
+    static const std::string kCharacters = allCharacters();
+    static const std::string kAwkward = "=+-@'\";\t\r\n ,";
+    const std::string& from = number(0, 2) == 0 ? kAwkward : kCharacters;
+    std::string bytes;
+    for (auto length = number(0, 50); length > 0; --length)
+      bytes += from[static_cast<std::size_t>(number(0, static_cast<std::int64_t>(from.size()) - 1))];
+    return core::FixedText<50>(core::fromCodePage(bytes));
+  }
+
+  NapiAdat entry(std::int32_t day) {
+    NapiAdat entry;
+    entry.KmOra = whole32();
+    entry.Datum = day;
+    entry.Teletank = flag();
+    entry.TankoltLiter = amount();
+    entry.TankoltKtg = whole32();
+    entry.AlkatreszKtg = whole32();
+    entry.FtPerLiter = amount();
+    entry.Olajcsere = flag();
+    entry.Szurocsere = flag();
+    entry.Gyertyacsere = flag();
+    entry.Alkatresz = text();
+    entry.MegjKtg = whole32();
+    entry.Megjegyzes = text();
+    entry.Fogyasztas = amount();
+    return entry;
+  }
+
+  std::vector<NapiAdat> logbook(bool isInOrder) {
+    std::vector<NapiAdat> entries;
+    std::int64_t day = core::kFirstDay.number;
+    for (auto count = number(1, 60); count > 0; --count) {
+      day = isInOrder ? number(day, core::kLastDay.number)
+                      : number(core::kFirstDay.number, core::kLastDay.number);
+      entries.push_back(entry(static_cast<std::int32_t>(day)));
+    }
+    return entries;
+  }
+
+ private:
+  std::mt19937 random_;
+};
+
+std::string fileOf(const std::vector<NapiAdat>& entries) {
+  core::Listing listing{core::Logbook::of(entries), {}};
+  listing.numbers = core::listedEntries(listing.logbook, {});
+  return exchange::csvOf(listing);
+}
+
+std::string textOf(std::string_view file) {
+  EXPECT_TRUE(file.starts_with("\xEF\xBB\xBF"));
+  return std::string(file.substr(3));
+}
+
+TEST(ALogbook, ComesBackRecordForRecordWhateverItHolds) {
+  for (unsigned seed = 1; seed <= 200; ++seed) {
+    Generator generator(seed);
+    const std::vector<NapiAdat> entries = generator.logbook(false);
+    const exchange::LogFile file = exchange::readLog(textOf(fileOf(entries)));
+    ASSERT_TRUE(file.isOwn) << seed;
+    ASSERT_TRUE(file.unread.empty()) << seed << ": line " << file.unread[0].line;
+    ASSERT_EQ(file.rows.size(), entries.size()) << seed;
+    for (std::size_t i = 0; i < entries.size(); ++i) ASSERT_EQ(*file.rows[i].own, entries[i]) << seed;
+  }
+}
+
+TEST(ALogbook, InTheOrderOfItsDaysComesBackByteForByteIntoAnEmptyOne) {
+  for (unsigned seed = 1; seed <= 50; ++seed) {
+    Generator generator(seed);
+    const std::vector<NapiAdat> entries = generator.logbook(true);
+    MemoryFileSystem disk;
+    disk.putFolder("/program");
+    const exchange::ImportPlan plan = planOf(exchange::readLog(textOf(fileOf(entries))));
+    exchange::importEntries(disk, "/program/napiadat.dat", {}, plan.taken());
+    const core::Logbook logbook = core::Logbook::of(entries);
+    const auto bytes = logbook.bytes();
+    ASSERT_EQ(disk.contents("/program/napiadat.dat"),
+              std::string(reinterpret_cast<const char*>(bytes.data()), bytes.size()))
+        << seed;
+  }
+}
+
+TEST(ALogbook, IsWrittenAsASpreadsheetOpensIt) {
+  NapiAdat entry;
+  entry.KmOra = 12'345;
+  entry.Datum = core::toStored(core::dayOf({2013, 7, 5}));
+  entry.Teletank = core::kFlagSet;
+  entry.TankoltLiter = {405'000};
+  entry.TankoltKtg = 16'000;
+  entry.FtPerLiter = {3'950'600};
+  entry.Olajcsere = core::kFlagSet;
+  entry.Alkatresz = core::FixedText<50>("szűrő; \"jó\"");
+  entry.AlkatreszKtg = 1'200;
+  entry.Megjegyzes = core::FixedText<50>("=1+1");
+  entry.MegjKtg = -5;
+  entry.Fogyasztas = {76'300};
+  EXPECT_EQ(
+      fileOf({entry}),
+      "\xEF\xBB\xBF"
+      "Dátum;Km óra állás;Liter;Tankolt költség (Ft);Üzemanyag ár (Ft/liter);Tele tankolva;Olajcsere;"
+      "Szűrőbetét csere;Gyertya csere;Alkatrész megnevezése;Alkatrész költség (Ft);Megjegyzés;"
+      "Megjegyzés költsége (Ft);Fogyasztás (liter/100 km)\r\n"
+      "2013-07-05;12345;40,5;16000;395,06;igen;igen;nem;nem;\"szűrő; \"\"jó\"\"\";1200;'=1+1;-5;7,63\r\n");
+}
+
+TEST(ALogbook, WithADamagedDayOrFlagGoesOutAsFarAsItCan) {
+  NapiAdat damaged;
+  damaged.Datum = 1e300;
+  NapiAdat odd;
+  odd.Datum = 41'000;
+  odd.Teletank = 7;
+  const exchange::LogFile file = exchange::readLog(textOf(fileOf({damaged, odd})));
+  ASSERT_EQ(file.rows.size(), 1U);
+  EXPECT_EQ(file.rows[0].own->Teletank, 7);
+  ASSERT_EQ(file.unread.size(), 1U);
+  EXPECT_EQ(file.unread[0].line, 2);
+  EXPECT_EQ(file.unread[0].why, exchange::UnreadRow::Why::NoDay);
+}
+
+TEST(ATextThatASpreadsheetWouldCompute, IsMadeHarmlessAndRestored) {
+  EXPECT_EQ(exchange::harmless("=A1"), "'=A1");
+  EXPECT_EQ(exchange::harmless("+36"), "'+36");
+  EXPECT_EQ(exchange::harmless("-5"), "'-5");
+  EXPECT_EQ(exchange::harmless("@x"), "'@x");
+  EXPECT_EQ(exchange::harmless(" =A1"), "' =A1");
+  EXPECT_EQ(exchange::harmless("'=A1"), "''=A1");
+  EXPECT_EQ(exchange::harmless("a=b"), "a=b");
+  EXPECT_EQ(exchange::harmless("'90-es évek"), "'90-es évek");
+  EXPECT_EQ(exchange::harmless(""), "");
+  for (const std::string text : {"=A1", "'=A1", "''=A1", " =A1", "' =A1", "'x", "'", "\t=", "\n", "x"})
+    EXPECT_EQ(exchange::restored(exchange::harmless(text)), text);
+}
+
+TEST(ATable, OfTextsIsWrittenWithSemicolonsAndForTheClipboardWithTabs) {
+  const exchange::TextTable table{.heads = {"Rendszám", "Megnevezés"},
+                                  .rows = {{"ABC123", "fék; tárcsa"}, {"XYZ789", "két\nsor"}, {"", "=2"}}};
+  EXPECT_EQ(exchange::csvOf(table),
+            "\xEF\xBB\xBFRendszám;Megnevezés\r\nABC123;\"fék; tárcsa\"\r\nXYZ789;\"két\nsor\"\r\n;'=2\r\n");
+  EXPECT_EQ(exchange::tabbedOf(table),
+            "Rendszám\tMegnevezés\nABC123\tfék; tárcsa\nXYZ789\t\"két\nsor\"\n\t'=2\n");
+  EXPECT_EQ(exchange::tabbedOf({.heads = {}, .rows = {{"a", "b"}}}), "a\tb\n");
+}
+
+}  // namespace
+}  // namespace tarvik::test

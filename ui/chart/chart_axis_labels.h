@@ -1,0 +1,62 @@
+#pragma once
+
+#include <qcustomplot.h>
+
+#include "ui/chart/chart_shapes.h"
+#include "ui/chart/chart_style.h"
+
+namespace tarvik::ui {
+
+/// How the labels of the rows go under the chart: every `every`-th one, turned or level, and the height
+/// in pixels that they need.
+struct LabelFit {
+  int every = 1;
+  bool turned = false;
+  double height = 0;
+  double leftOverhang = 0;
+};
+
+/// Decides how labels fit the room of `width` pixels without overlapping: all of them level, else all of them
+/// turned by 45 degrees while that leaves enough of `chartHeight`, else some of them level.
+LabelFit fitLabels(const QStringList& labels, const QFontMetricsF& metrics, double width, double chartHeight);
+
+/// A label with its place: its text is drawn in `box`, which is moved to `anchor` and turned there.
+struct PlacedLabel {
+  QString text;
+  QPointF anchor;
+  QRectF box;
+  double degrees = 0;
+  double tickX = 0;
+
+  /// The corners of the text's box on the chart.
+  QPolygonF outline() const;
+};
+
+/// Places the labels of the rows below the frame; one that would leave the chart to the right is left out.
+QList<PlacedLabel> placeLabels(const LabelFit& fit, const QStringList& labels, const QFontMetricsF& metrics,
+                               const ChartFrame& frame, double chartWidth);
+
+/// Draws the rows' labels with their ticks, or a quiet remark in an empty chart.
+class ChartAxisLabels : public QCPLayerable {
+ public:
+  /// Creates the labels on the plot's layer of axes.
+  explicit ChartAxisLabels(QCustomPlot* plot);
+
+  /// Replaces what is drawn from the next replot on.
+  void setLabels(const QList<PlacedLabel>& labels, const ChartFrame& frame, const ChartStyle& style);
+  /// The labels drawn.
+  const QList<PlacedLabel>& labels() const { return labels_; }
+  /// The frame below which they are drawn.
+  const ChartFrame& frame() const { return frame_; }
+
+ protected:
+  void applyDefaultAntialiasingHint(QCPPainter* painter) const override;
+  void draw(QCPPainter* painter) override;
+
+ private:
+  QList<PlacedLabel> labels_;
+  ChartFrame frame_;
+  ChartStyle style_;
+};
+
+}  // namespace tarvik::ui

@@ -1,0 +1,99 @@
+#include "ui/chart/chart_scale.h"
+
+#include <QLocale>
+#include <algorithm>
+#include <cmath>
+
+namespace tarvik::ui {
+namespace {
+
+constexpr int kAmountDecimals = 4;
+
+struct Range {
+  double lower;
+  double upper;
+};
+
+Range finiteRange(const QList<double>& values) {
+  Range range{HUGE_VAL, -HUGE_VAL};
+  for (const double value : values) {
+    if (!std::isfinite(value)) continue;
+    range.lower = std::min(range.lower, value);
+    range.upper = std::max(range.upper, value);
+  }
+  return range.lower > range.upper ? Range{0, 0} : range;
+}
+
+// A line may leave zero out only while its values stay within the farther 60 % of the way from it.
+bool staysAwayFromZero(const Range& range) {
+  if (range.lower == range.upper) return false;
+  return range.lower > 0.4 * range.upper || range.upper < 0.4 * range.lower;
+}
+
+// A little air, so that the highest point's marker is not cut by the edge.
+Range padded(Range range, Baseline baseline) {
+  const bool free = baseline == Baseline::Free && staysAwayFromZero(range);
+  if (!free) range = {std::min(range.lower, 0.0), std::max(range.upper, 0.0)};
+  const double air = (range.upper - range.lower) * 0.03;
+  if (range.lower != 0) range.lower -= air;
+  if (range.upper != 0) range.upper += air;
+  if (range.lower == range.upper) range.upper = 1;
+  return range;
+}
+
+double readableStep(double smallest) {
+  const double power = std::pow(10.0, std::floor(std::log10(smallest)));
+  for (const double factor : {1.0, 2.0, 2.5, 5.0}) {
+    if (factor * power >= smallest * (1 - 1e-9)) return factor * power;
+  }
+  return 10 * power;
+}
+
+int decimalsOf(double step) {
+  int decimals = 0;
+  for (double scaled = step; decimals < 9 && std::abs(scaled - std::round(scaled)) > 1e-6 * scaled;
+       scaled *= 10) {
+    ++decimals;
+  }
+  return decimals;
+}
+
+}  // namespace
+
+QList<double> ValueScale::ticks() const {
+  QList<double> values;
+  const auto first = std::llround(lower / step);
+  const auto last = std::llround(upper / step);
+  for (auto index = first; index <= last; ++index) values.append(static_cast<double>(index) * step);
+  return values;
+}
+
+ValueScale valueScale(const QList<double>& values, Baseline baseline, int maximumSteps) {
+  const Range range = padded(finiteRange(values), baseline);
+  ValueScale scale;
+  scale.step = readableStep((range.upper - range.lower) / std::max(maximumSteps, 1));
+  scale.lower = std::floor(range.lower / scale.step) * scale.step;
+  scale.upper = std::ceil(range.upper / scale.step) * scale.step;
+  scale.decimals = decimalsOf(scale.step);
+  return scale;
+}
+
+QString numberText(double value, int decimals) {
+  const QLocale hungarian(QLocale::Hungarian, QLocale::Hungary);
+  const QString text = hungarian.toString(value, 'f', decimals);
+  const QString zero = hungarian.toString(0.0, 'f', decimals);
+  return text == hungarian.negativeSign() + zero ? zero : text;
+}
+
+QString shortNumberText(double value) {
+  QString text = numberText(value, kAmountDecimals);
+  while (text.endsWith('0')) text.chop(1);
+  if (text.endsWith(',')) text.chop(1);
+  return text;
+}
+
+QString plainNumberText(double value) {
+  return shortNumberText(value).remove(QChar::Nbsp);
+}
+
+}  // namespace tarvik::ui

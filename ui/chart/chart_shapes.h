@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QList>
+#include <QPolygonF>
+#include <QRectF>
+
+#include "ui/chart/chart_content.h"
+#include "ui/chart/chart_scale.h"
+
+namespace tarvik::ui {
+
+/// Where a series is drawn: turns rows and values into pixels of the chart, y growing downwards.
+///
+/// The front plane is `front`; what lies behind it by a share z (0 to 1) of the chart's depth is drawn
+/// shifted by z times `depth`, which points right and up and is null for the flat types.
+struct ChartFrame {
+  QRectF front;
+  QPointF depth;
+  ValueScale scale;
+  int rows = 0;
+
+  /// The width that each row has for itself.
+  double rowWidth() const;
+  /// The middle of a row, counted from 1.
+  double x(int row) const;
+  /// The height of a value.
+  double y(double value) const;
+  /// A point of the front plane, moved back by the share z of the depth.
+  QPointF at(double frontX, double frontY, double z) const;
+};
+
+/// The width in pixels of the bars on a frame.
+double barWidth(const ChartFrame& frame);
+
+/// Which way a face looks, by which it is shaded; an edge is a line and not a face, a marker a disc.
+enum class FaceSide { Front, Top, Right, Under, Edge, Marker };
+
+/// One visible piece of a drawn series and the row it belongs to, 0 when it belongs to none.
+struct ChartFace {
+  QPolygonF outline;
+  FaceSide side = FaceSide::Front;
+  int row = 0;
+};
+
+/// Builds the pieces of a series in painter's order, the farthest first.
+QList<ChartFace> chartFaces(ChartType type, const ChartFrame& frame, const QList<double>& values);
+
+/// Finds the row drawn at a position, 0 when there is none: the nearest marker there, or else the
+/// foremost face.
+int rowAt(const QList<ChartFace>& faces, const QPointF& position);
+
+/// Gives the part of a row that nothing hides: its bar's front or its marker; null for a gap.
+QRectF rowRect(const QList<ChartFace>& faces, int row);
+
+}  // namespace tarvik::ui

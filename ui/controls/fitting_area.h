@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QScrollArea>
+
+namespace tarvik::ui {
+
+/// The room of a window's contents. It asks for the size that they want; on a display that is smaller than
+/// what they need it scrolls, so that everything stays within reach.
+class FittingArea : public QScrollArea {
+  Q_OBJECT
+
+ public:
+  explicit FittingArea(QWidget* contents, QWidget* parent = nullptr);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  QSize roomOnDisplay() const;
+};
+
+}  // namespace tarvik::ui

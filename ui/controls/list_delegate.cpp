@@ -1,0 +1,102 @@
+#include "ui/controls/list_delegate.h"
+
+#include <QAbstractItemView>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QTimer>
+#include <QToolTip>
+#include <QTreeView>
+#include <algorithm>
+
+#include "ui/look.h"
+
+namespace tarvik::ui {
+namespace {
+
+constexpr int kMarkMilliseconds = 2'500;
+constexpr double kTint = 0.3;
+constexpr int kLeastRows = 3;
+
+QString recordOf(const QModelIndex& index) {
+  return index.siblingAtColumn(index.model()->columnCount() - 1).data().toString();
+}
+
+// A hook as large as the letters; nothing for an unmarked row, in the same room.
+QIcon markIcon(int size, const QColor& colour, double pixelRatio) {
+  QPixmap picture(QSize(size, size) * pixelRatio);
+  picture.setDevicePixelRatio(pixelRatio);
+  picture.fill(Qt::transparent);
+  if (colour.isValid()) {
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, size / 7.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(QPolygonF{{0.15 * size, 0.55 * size}, {0.4 * size, 0.8 * size}, {0.85 * size, 0.25 * size}});
+  }
+  return picture;
+}
+
+// The mark takes the place of the box that the toolkit would draw.
+void showMark(QStyleOptionViewItem& option) {
+  const bool isChecked = option.checkState == Qt::Checked;
+  const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+  const QColor colour = option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
+  const int size = option.fontMetrics.height();
+  const double ratio = option.widget == nullptr ? 1 : option.widget->devicePixelRatioF();
+  option.features.setFlag(QStyleOptionViewItem::HasCheckIndicator, false);
+  option.features.setFlag(QStyleOptionViewItem::HasDecoration, true);
+  option.decorationSize = {size, size};
+  option.icon = markIcon(size, isChecked ? colour : QColor(), ratio);
+}
+
+}  // namespace
+
+void ListDelegate::mark(const QString& record, QAbstractItemView& view) {
+  marked_ = record;
+  view.viewport()->update();
+  QTimer::singleShot(kMarkMilliseconds, &view, [this, record, &view] {
+    if (marked_ == record) marked_.clear();
+    view.viewport()->update();
+  });
+}
+
+void ListDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+  QStyledItemDelegate::initStyleOption(option, index);
+  if (option->features.testFlag(QStyleOptionViewItem::HasCheckIndicator)) showMark(*option);
+  if (!marked_.isEmpty() && recordOf(index) == marked_)
+    option->backgroundBrush =
+        between(option->palette.color(QPalette::Base), option->palette.color(QPalette::Highlight), kTint);
+}
+
+bool ListDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) {
+  const QString text = index.data().toString();
+  if (event->type() != QEvent::ToolTip || text.isEmpty())
+    return QStyledItemDelegate::helpEvent(event, view, option, index);
+  const bool isCut = sizeHint(option, index).width() > view->visualRect(index).width();
+  QToolTip::showText(event->globalPos(), isCut ? text : QString(), view);
+  return true;
+}
+
+ListDelegate* layOutList(QTreeView& view, const QStringList& longest) {
+  auto* delegate = new ListDelegate(&view);
+  view.setItemDelegate(delegate);
+  view.ensurePolished();
+  QHeaderView& header = *view.header();
+  header.ensurePolished();
+  header.setStretchLastSection(false);
+  const int sides = 2 * gridStep();
+  for (int column = 0; column < longest.size(); ++column) {
+    if (longest[column].isEmpty()) {
+      header.setSectionResizeMode(column, QHeaderView::Stretch);
+      continue;
+    }
+    const int text = view.fontMetrics().horizontalAdvance(longest[column]) + sides;
+    header.resizeSection(column, std::max(text, header.sectionSizeHint(column)));
+  }
+  view.setMinimumHeight(header.sizeHint().height() + kLeastRows * rowHeight() + 2 * view.frameWidth());
+  return delegate;
+}
+
+}  // namespace tarvik::ui

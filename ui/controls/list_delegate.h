@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+class QAbstractItemView;
+class QTreeView;
+
+namespace tarvik::ui {
+
+/// Paints the rows of a list: a check state as a mark that cannot be pressed, a new row with a tint for a
+/// moment, and a tooltip with the whole of a text that its column cuts off.
+class ListDelegate : public QStyledItemDelegate {
+  Q_OBJECT
+
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  /// Tints the row of that record number for a moment; the view is painted again when it is over.
+  void mark(const QString& record, QAbstractItemView& view);
+  /// The record number of the tinted row; empty when there is none.
+  QString marked() const { return marked_; }
+
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+
+ private:
+  QString marked_;
+};
+
+/// Gives a list the program's rows and columns: each column as wide as its head and the longest of its
+/// texts; the columns whose longest text is left empty share what remains. The list shrinks down to three
+/// rows. Returns the delegate, which belongs to the view.
+ListDelegate* layOutList(QTreeView& view, const QStringList& longest);
+
+}  // namespace tarvik::ui
