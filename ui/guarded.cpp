@@ -34,6 +34,10 @@ QString headline(FailureKind kind) {
       return QStringLiteral("Nincs meg a mappa, ahol ennek a fájlnak a helye van:\n%1");
     case FailureKind::PlateUnusable:
       return QStringLiteral("Ez a rendszám nem lehet mappa neve:\n%1");
+    case FailureKind::PlateTaken:
+      return QStringLiteral(
+          "Ez a rendszám csak kis- és nagybetűkben tér el egy már felvettől,\n"
+          "a két autó mappája ugyanaz lenne:\n%1");
     case FailureKind::NotANumber:
       return QStringLiteral("Nem szám van a mezőben: %1");
     case FailureKind::OutOfRange:
@@ -97,7 +101,7 @@ QString systemWords(int error) {
       {EIO, "a lemez hibát jelzett"},
       {EEXIST, "már van ilyen nevű fájl"},
       {EBUSY, "a fájl foglalt"},
-      {EAGAIN, "a fájl foglalt"},
+      {EWOULDBLOCK, "a fájl foglalt"},
       {ETXTBSY, "a fájl foglalt"},
       {EMFILE, "túl sok fájl van nyitva"},
       {ENFILE, "túl sok fájl van nyitva"},

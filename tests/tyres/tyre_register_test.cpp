@@ -7,7 +7,7 @@
 #include <fstream>
 #include <utility>
 
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "core/record_file.h"
 #include "tests/support/expect_failure.h"
 #include "tests/support/forwarding_file_system.h"
@@ -70,7 +70,7 @@ class TyreRegisterTest : public testing::Test {
 
   test::TemporaryFolder program_;
   test::TemporaryFolder current_;
-  core::PosixFileSystem files_;
+  core::MachineFileSystem files_;
   core::DataFolders folders_{program_.path(), current_.path()};
   TyreRegister tyres_{files_, folders_};
 };

@@ -4,7 +4,7 @@
 #include <QTest>
 #include <memory>
 
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "repairs/repair_log.h"
 #include "tests/reminders/builders.h"
 #include "tests/support/fixed_clock.h"
@@ -61,7 +61,7 @@ struct House {
   }
 
   TemporaryFolder folder;
-  core::PosixFileSystem disk;
+  core::MachineFileSystem disk;
   BreakableFiles files{disk};
   FixedClock clock{{.year = 2013, .month = 7, .day = 5}};
   ui::Context context{files, {folder.path(), folder.path()}, clock, "1.0.0"};

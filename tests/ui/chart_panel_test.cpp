@@ -15,7 +15,7 @@
 #include <limits>
 
 #include "charts/captions.h"
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "tests/charts/entries.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/temporary_folder.h"
@@ -443,7 +443,7 @@ class ChartPanelTest : public QObject {
 
   static QString firstValue(Screen& screen) { return screen.chart()->rowValues().first(); }
 
-  core::PosixFileSystem files_;
+  core::MachineFileSystem files_;
   test::FixedClock clock_{{2013, 7, 5}};
   Context context_{files_, {}, clock_, "1.0.0"};
   std::unique_ptr<test::TemporaryFolder> folder_;

@@ -7,7 +7,7 @@
 #include <QScreen>
 #include <QTest>
 
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "tests/support/fixed_clock.h"
 
 namespace tarvik::ui {
@@ -128,7 +128,7 @@ class ChooserTest : public QObject {
     QVERIFY(!chooser.isVisible());
   }
 
-  core::PosixFileSystem files_;
+  core::MachineFileSystem files_;
   test::FixedClock clock_{{2013, 7, 5}};
   Context context_{files_, {}, clock_, "1.0.0"};
 };

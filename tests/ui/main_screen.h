@@ -14,7 +14,7 @@
 #include <memory>
 
 #include "core/napi_adat.h"
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "core/record_list.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/temporary_folder.h"
@@ -102,7 +102,7 @@ struct MainScreen {
 
   TemporaryFolder folder;
   TemporaryFolder current;
-  core::PosixFileSystem files;
+  core::MachineFileSystem files;
   FixedClock clock{{2026, 11, 21}};
   ui::Context context;
   std::unique_ptr<ui::frmTarvik> screen;

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/ui/box_script.h"
@@ -24,7 +24,7 @@ struct Desk {
 
   TemporaryFolder program;
   TemporaryFolder current;
-  core::PosixFileSystem files;
+  core::MachineFileSystem files;
   FixedClock clock{{.year = 2013, .month = 7, .day = 5}};
   ui::Context context{files, {program.path(), current.path()}, clock, "1.0.0"};
 };

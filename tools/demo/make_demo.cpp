@@ -12,7 +12,7 @@
 #include "core/entry_editing.h"
 #include "core/entry_input.h"
 #include "core/failure.h"
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "settings/lookup_list.h"
 #include "settings/start_settings.h"
 #include "settings/vehicles.h"
@@ -81,7 +81,7 @@ class Maker {
   }
 
  private:
-  core::PosixFileSystem files_;
+  core::MachineFileSystem files_;
   core::DataFolders folders_;
 };
 
