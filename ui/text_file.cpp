@@ -100,7 +100,7 @@ TextFile readTextFile(core::FileSystem& files, const std::string& path) {
   if (!file.isOpen()) fail(FailureKind::OpenFailed, path);
   core::FileStatus status;
   if (files.status(file.descriptor(), status) != 0) fail(FailureKind::OpenFailed, path);
-  if (status.isFolder) {
+  if (status.kind == core::FileKind::Folder) {
     errno = EISDIR;
     fail(FailureKind::OpenFailed, path);
   }
