@@ -4,6 +4,7 @@
 #include <utility>
 #include <variant>
 
+#include "core/failure.h"
 #include "core/record_file.h"
 #include "exchange/own_format.h"
 #include "exchange/row_reader.h"
@@ -95,6 +96,15 @@ void readForeignRows(const LogTable& table, LogFile& file) {
   }
 }
 
+// Figures too large to compare are no prices.
+bool isCheap(const LogRow& row, const core::Ratio& litres) {
+  try {
+    return row.totalCost < row.volume * litres * kCheapestForints;
+  } catch (const core::Failure&) {
+    return false;
+  }
+}
+
 }  // namespace
 
 CsvShape findShape(std::string_view text) {
@@ -118,7 +128,7 @@ bool costsAreForeign(const LogFile& file) {
   for (const LogRow& row : file.rows) {
     if (row.volume.isZero() || row.totalCost.isZero()) continue;
     ++priced;
-    if (row.totalCost < row.volume * litresOf(file.volume) * kCheapestForints) ++cheap;
+    if (isCheap(row, litresOf(file.volume))) ++cheap;
   }
   return 2 * cheap > priced;
 }

@@ -9,34 +9,17 @@
 #include <string_view>
 
 #include "core/failure.h"
-#include "core/record_file.h"
+#include "core/file_steps.h"
 #include "core/text.h"
 
 namespace tarvik::ui {
 namespace {
 
-using core::Failure;
-using core::FailureKind;
-
-[[noreturn]] void fail(FailureKind kind, const std::string& path) {
-  const int error = errno;
-  throw Failure(kind).file(path).systemError(error);
-}
-
 QByteArray readWhole(core::FileSystem& files, const core::OpenFile& file, std::int64_t size,
                      const std::string& path) {
   QByteArray bytes(static_cast<qsizetype>(size), Qt::Uninitialized);
-  std::int64_t done = 0;
-  while (done < size) {
-    const auto rest =
-        std::as_writable_bytes(std::span(bytes.data() + done, static_cast<std::size_t>(size - done)));
-    const std::int64_t got = files.read(file.descriptor(), rest, done);
-    if (got < 0 && errno == EINTR) continue;
-    if (got < 0) fail(FailureKind::ReadFailed, path);
-    if (got == 0) break;
-    done += got;
-  }
-  bytes.truncate(static_cast<qsizetype>(done));
+  const auto room = std::as_writable_bytes(std::span(bytes.data(), static_cast<std::size_t>(size)));
+  bytes.truncate(static_cast<qsizetype>(core::steps::readUpTo(files, file, room, 0, path)));
   return bytes;
 }
 
@@ -96,14 +79,9 @@ std::string decodedText(const QByteArray& bytes) {
 }
 
 TextFile readTextFile(core::FileSystem& files, const std::string& path) {
-  const core::OpenFile file(files, files.open(path, core::OpenMode::Read));
-  if (!file.isOpen()) fail(FailureKind::OpenFailed, path);
-  core::FileStatus status;
-  if (files.status(file.descriptor(), status) != 0) fail(FailureKind::OpenFailed, path);
-  if (status.kind == core::FileKind::Folder) {
-    errno = EISDIR;
-    fail(FailureKind::OpenFailed, path);
-  }
+  const core::OpenFile file = core::steps::openIfThere(files, path);
+  if (!file.isOpen()) throw core::Failure(core::FailureKind::OpenFailed).file(path).systemError(ENOENT);
+  const core::FileStatus status = core::steps::statusOf(files, file, path);
   if (status.size > kLargestTextFile) return {TextFile::Fault::TooLarge, status.size, {}};
   TextFile read{TextFile::Fault::None, status.size, decodedText(readWhole(files, file, status.size, path))};
   if (read.text.find('\0') != std::string::npos) read.fault = TextFile::Fault::NotText;

@@ -23,7 +23,7 @@ struct TextFile {
   std::string text;       ///< UTF-8 without a mark
 };
 
-/// Reads a file of a person's choice and decodes it. Throws Failure(OpenFailed) or ReadFailed.
+/// Reads a file of a person's choice and decodes it. Throws Failure(OpenFailed), NotAFile or ReadFailed.
 TextFile readTextFile(core::FileSystem& files, const std::string& path);
 
 /// The text of bytes whose encoding is found from all of them, in UTF-8: what a mark at the beginning says;

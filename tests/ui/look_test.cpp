@@ -13,7 +13,7 @@
 #include "tests/ui/main_screen.h"
 #include "tests/ui/support.h"
 #include "ui/controls/list_delegate.h"
-#include "ui/controls/message_boxes.h"
+#include "ui/message_boxes.h"
 #include "ui/figy.h"
 #include "ui/frmDatumFigyelmeztetes.h"
 #include "ui/frmGumik.h"
