@@ -61,7 +61,8 @@ void frmSetup::connectButtons() {
 }
 
 void frmSetup::connectLists() {
-  new ListHint(*ui_->List1, QStringLiteral("Még nincs gépkocsi.\nÍrd be fent a rendszámot és a tank méretét!"));
+  new ListHint(*ui_->List1,
+               QStringLiteral("Még nincs gépkocsi.\nÍrd be fent a rendszámot és a tank méretét!"));
   for (QListWidget* list : {ui_->listAlkatr, ui_->listMegj})
     new ListHint(*list, QStringLiteral("Még üres.\nA főképernyő Felvesz gombja bővíti."));
   chosenVehicle_ = enableWhileChosen(ui_->List1, ui_->cmdRendszamDel);

@@ -19,7 +19,8 @@ namespace tarvik::ui {
 
 void frmTarvik::setUpList() {
   ui_->ListView1->setModel(listing_);
-  delegate_ = layOutList(*ui_->ListView1, {"9999.99.99.", "9999999", "999,99", "-9999", "X", "X", "X", "", ""});
+  delegate_ =
+      layOutList(*ui_->ListView1, {"9999.99.99.", "9999999", "999,99", "-9999", "X", "X", "X", "", ""});
   emptyList_ = new ListHint(*ui_->ListView1);
   connect(ui_->Combo1, &QComboBox::currentTextChanged, this, &frmTarvik::showCues);
   ui_->ListView1->onRowChosen(
