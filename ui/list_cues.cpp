@@ -28,8 +28,8 @@ QString quietLine(const ShownList& shown) {
 
 QString warningLine(const ShownList& shown, const QString& chosenPlate) {
   const QString chosen = chosenPlate.isEmpty() ? QStringLiteral("nincs") : chosenPlate;
-  const QString whose = shown.plate.isEmpty() ? QStringLiteral("A lista üres")
-                                              : QStringLiteral("A lista %1 naplója").arg(shown.plate);
+  const QString whose = shown.plate.isEmpty() ? QStringLiteral("A lista üres") :
+      QStringLiteral("A lista %1 naplója").arg(shown.plate);
   return QStringLiteral("%1, de a kiválasztott rendszám: %2 – a módosítás és a törlés arra vonatkozik")
       .arg(whose, chosen);
 }

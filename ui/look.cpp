@@ -183,10 +183,10 @@ QSize LookStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
     case CT_MenuBarItem:
       return result + QSize(gridStep(), gridStep() / 2);
     case CT_GroupBox:
-      return {std::max(result.width(),
-                       QFontMetrics(bold(widget == nullptr ? QApplication::font() : widget->font()))
-                               .horizontalAdvance(titleOf(option)) +
-                           2 * gridStep()),
+      return {std::max(result.width(), QFontMetrics(bold(widget == nullptr ? QApplication::font()
+                                                                           : widget->font()))
+                                               .horizontalAdvance(titleOf(option)) +
+                                           2 * gridStep()),
               result.height()};
     default:
       return result;
@@ -279,7 +279,8 @@ void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
   }
   const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
   if (control == CC_ComboBox && combo != nullptr)
-    return paintSelector(*painter, *combo, subControlRect(control, option, SC_ComboBoxArrow, widget));
+    return paintSelector(*painter, *combo,
+                         subControlRect(control, option, SC_ComboBoxArrow, widget));
   QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
