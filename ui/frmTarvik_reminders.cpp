@@ -44,9 +44,9 @@ void frmTarvik::setUpReminders() {
 
 // The mark, the caption, the timer and the shared state agree: what cannot be saved is not switched.
 void frmTarvik::switchReminders(bool on) {
-  const bool isSaved = guarded(
-      this, [&] { settings::saveReminderFlag(context_.files, context_.folders, core::toFlag(on)); },
-      {.unsure = QStringLiteral("A kapcsoló úgy maradt, ahogy volt.")});
+  const bool isSaved =
+      guarded(this, [&] { settings::saveReminderFlag(context_.files, context_.folders, core::toFlag(on)); },
+              {.unsure = QStringLiteral("A kapcsoló úgy maradt, ahogy volt.")});
   if (!isSaved) {
     const QSignalBlocker own(ui_->Check1);
     ui_->Check1->setChecked(!on);
@@ -75,8 +75,7 @@ void frmTarvik::checkKm() {
   if (!mayBeCovered(modal) || QApplication::activePopupWidget() != nullptr) return;
   timer_->stop();
   reminders::KmCheck found;
-  kmCheck_.run(this,
-               [&] { found = reminders::checkKm(context_.files, context_.folders, platePath()); });
+  kmCheck_.run(this, [&] { found = reminders::checkKm(context_.files, context_.folders, platePath()); });
   if (found.hasLogbook && !found.hasEntries) return;
   if (found.firstPassed) {
     context_.state.selectedReminder = static_cast<std::int16_t>(*found.firstPassed);

@@ -44,8 +44,8 @@ void compareLabels(const QWidget& screen, const QStringList& texts) {
 
 }  // namespace
 
-// What the screens say, to the letter. The settings, the tyres, the repairs and the chooser have theirs in their
-// own tests.
+// What the screens say, to the letter. The settings, the tyres, the repairs and the chooser have theirs in
+// their own tests.
 class CaptionsTest : public QObject {
   Q_OBJECT
 
@@ -54,43 +54,41 @@ class CaptionsTest : public QObject {
     MainScreen main;
     main.choosePlateAtStart("ABC123");
     main.open();
-    compareCaptions(
-        *main.screen,
-        {{"FrameTank", "Tankolás"},
-         {"ChkTeletank", "Tele tankolva"},
-         {"FrameAlkatresz", "Alkatrész csere"},
-         {"ChkOlajcsere", "Olajcsere"},
-         {"ChkSzurocsere", "Szűrőbetét csere"},
-         {"ChkGyertyacsere", "Gyertya csere"},
-         {"cmdAlkatresz", "Felvesz", "Alkatrész szöveg felvétele..."},
-         {"cmdMegjegyzes", "Felvesz", "Megjegyzés szöveg felvétele..."},
-         {"cmd_figyel", "&Figyelmeztetés", "Figyelmeztetés felvitele"},
-         {"cmd_rogzit", "&Rögzítés", "A szövegmezőkbe írt adatok rögzítése"},
-         {"cmd_modosit", "&Módosítás", "A listamezőben kijelölt tétel módosítása"},
-         {"cmd_del", "&Törlés", "A listamező kijelölt tételének törlése"},
-         {"cmd_lista", "&Lista", "Teljes lista lekérése"},
-         {"Check1", " Bekapcsolva ", "Figyelmeztetések ki-be kapcsolása..."}});
-    compareLabels(*main.screen, {"Rendszám", "Km óra állás", "Liter", "Tankolt költség", "Üzemanyag ár", "liter",
-                                 "Dátum", "Alkatrész megnevezése", "Alkatrész költség", "Megjegyzés"});
+    compareCaptions(*main.screen, {{"FrameTank", "Tankolás"},
+                                   {"ChkTeletank", "Tele tankolva"},
+                                   {"FrameAlkatresz", "Alkatrész csere"},
+                                   {"ChkOlajcsere", "Olajcsere"},
+                                   {"ChkSzurocsere", "Szűrőbetét csere"},
+                                   {"ChkGyertyacsere", "Gyertya csere"},
+                                   {"cmdAlkatresz", "Felvesz", "Alkatrész szöveg felvétele..."},
+                                   {"cmdMegjegyzes", "Felvesz", "Megjegyzés szöveg felvétele..."},
+                                   {"cmd_figyel", "&Figyelmeztetés", "Figyelmeztetés felvitele"},
+                                   {"cmd_rogzit", "&Rögzítés", "A szövegmezőkbe írt adatok rögzítése"},
+                                   {"cmd_modosit", "&Módosítás", "A listamezőben kijelölt tétel módosítása"},
+                                   {"cmd_del", "&Törlés", "A listamező kijelölt tételének törlése"},
+                                   {"cmd_lista", "&Lista", "Teljes lista lekérése"},
+                                   {"Check1", " Bekapcsolva ", "Figyelmeztetések ki-be kapcsolása..."}});
+    compareLabels(*main.screen,
+                  {"Rendszám", "Km óra állás", "Liter", "Tankolt költség", "Üzemanyag ár", "liter", "Dátum",
+                   "Alkatrész megnevezése", "Alkatrész költség", "Megjegyzés"});
   }
 
   void ofTheMainScreensListAndFigures() {
     MainScreen main;
     main.open();
-    compareCaptions(*main.screen, {{"FrameSzürö", "Lista szűrési feltétele"},
-                                   {"opSzürö_0", "Teljes lista"},
-                                   {"opSzürö_1", "Éves lista"},
-                                   {"opSzürö_2", "Havi lista"},
-                                   {"Label4", "Listázandó   Év - Hónap"},
-                                   {"cmdSzürés", "Listázás"},
-                                   {"cmdGrafikon", "&Grafikon megjelenítése"},
-                                   {"Label3", "Grafikon típusa:"},
-                                   {"Frame1", "Statisztika",
-                                    "A statisztika az átlagok alapján tájékoztató jellegű..."}});
-    compareLabels(*main.screen,
-                  {"Eddigi Költség :", "Ebből benzin :", "Alkatrész :", "Megtett út :", "Összes tankolás :",
-                   "Átlag fogyasztás:", "Pillanatnyi átlag fogy.:", "Várható tankolás:", "Még megtehető km:",
-                   "Kilométer költség:"});
+    compareCaptions(*main.screen,
+                    {{"FrameSzürö", "Lista szűrési feltétele"},
+                     {"opSzürö_0", "Teljes lista"},
+                     {"opSzürö_1", "Éves lista"},
+                     {"opSzürö_2", "Havi lista"},
+                     {"Label4", "Listázandó   Év - Hónap"},
+                     {"cmdSzürés", "Listázás"},
+                     {"cmdGrafikon", "&Grafikon megjelenítése"},
+                     {"Label3", "Grafikon típusa:"},
+                     {"Frame1", "Statisztika", "A statisztika az átlagok alapján tájékoztató jellegű..."}});
+    compareLabels(*main.screen, {"Eddigi Költség :", "Ebből benzin :", "Alkatrész :", "Megtett út :",
+                                 "Összes tankolás :", "Átlag fogyasztás:", "Pillanatnyi átlag fogy.:",
+                                 "Várható tankolás:", "Még megtehető km:", "Kilométer költség:"});
     for (const QLabel* label : main.screen->findChildren<QLabel*>())
       if (label->text() == "Kilométer költség:")
         QCOMPARE(label->toolTip(), QString("Az egy kilométerre jutó üzemanyag költség."));
@@ -128,8 +126,9 @@ class CaptionsTest : public QObject {
     const ui::riaszt screen(main.context, "ABC123", nullptr);
     QCOMPARE(screen.windowTitle(), QString("FIGYELEM!"));
     compareCaptions(screen, {{"cmd_torles", "&Törlés"}, {"mnu_bezar", "&Bezár"}});
-    compareLabels(screen, {"Figyelem !", "Rögz. dátuma", "Szöveg", "Figyelmeztetés szövege:", "Rögzített km.:",
-                           "km. limit:", "Azóta megtett km.:", "Túllépve:", "km.-el", "Jelenlegi km.:"});
+    compareLabels(screen,
+                  {"Figyelem !", "Rögz. dátuma", "Szöveg", "Figyelmeztetés szövege:", "Rögzített km.:",
+                   "km. limit:", "Azóta megtett km.:", "Túllépve:", "km.-el", "Jelenlegi km.:"});
   }
 
   void ofTheDateAlert() {
@@ -139,7 +138,8 @@ class CaptionsTest : public QObject {
     compareCaptions(screen, {{"cmdDel", "&Figyelmeztetés Törlése"}, {"Command1", "&Bezár"}});
     compareLabels(screen, {"F I G Y E L E M !", "Figyelmeztetés dátuma:", "Figyelmeztetés szövege:",
                            "Figyelmeztetés Beírva:", "Rendszám:"});
-    QCOMPARE(screen.findChild<QLabel*>("lbBeirva")->toolTip(), QString("Ekkor lett felvéve a figyelmeztetés"));
+    QCOMPARE(screen.findChild<QLabel*>("lbBeirva")->toolTip(),
+             QString("Ekkor lett felvéve a figyelmeztetés"));
   }
 };
 

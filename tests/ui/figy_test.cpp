@@ -334,7 +334,8 @@ class FigyTest : public QObject {
 
   void eachListHighlightsTheRowThatItsButtonWouldDelete() {
     test::ReminderDesk desk;
-    desk.storeKm({kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A"), kmReminder(5, 6, "Szűrő", "A")});
+    desk.storeKm(
+        {kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A"), kmReminder(5, 6, "Szűrő", "A")});
     desk.storeDates({dateReminder(1, "Adó", "A"), dateReminder(2, "Műszaki", "A")});
     desk.context.state.selectedReminder = 1;
     const Figy figy(desk);

@@ -171,9 +171,12 @@ class FrmTarvikListTest : public QObject {
   void aRowOfAPlateWithoutALogbookIsNotChosen_data() {
     QTest::addColumn<QString>("plate");
     QTest::addColumn<QString>("said");
-    QTest::newRow("no folder") << "XYZ789" << "Nincs meg a mappa";
-    QTest::newRow("blank") << "  " << "Nincs kitöltve a mező: Rendszám\n\nSemmi sem változott.";
-    QTest::newRow("fewer entries") << "DEF456" << "Ez a tétel már nincs a fájlban";
+    QTest::newRow("no folder") << "XYZ789"
+                               << "Nincs meg a mappa";
+    QTest::newRow("blank") << "  "
+                           << "Nincs kitöltve a mező: Rendszám\n\nSemmi sem változott.";
+    QTest::newRow("fewer entries") << "DEF456"
+                                   << "Ez a tétel már nincs a fájlban";
   }
   void aRowOfAPlateWithoutALogbookIsNotChosen() {
     QFETCH(QString, plate);

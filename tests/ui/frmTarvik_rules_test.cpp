@@ -71,8 +71,10 @@ class FrmTarvikRulesTest : public QObject {
   void aBlankPlateStopsAModificationAndADeletion_data() {
     QTest::addColumn<QString>("button");
     QTest::addColumn<QString>("said");
-    QTest::newRow("modify") << "cmd_modosit" << "Nincs megadva rendszám!\nÍgy nem rögzíthető...";
-    QTest::newRow("delete") << "cmd_del" << "Nincs megadva rendszám!\nÍgy nem törölhető...";
+    QTest::newRow("modify") << "cmd_modosit"
+                            << "Nincs megadva rendszám!\nÍgy nem rögzíthető...";
+    QTest::newRow("delete") << "cmd_del"
+                            << "Nincs megadva rendszám!\nÍgy nem törölhető...";
   }
   void aBlankPlateStopsAModificationAndADeletion() {
     QFETCH(QString, button);
@@ -92,8 +94,10 @@ class FrmTarvikRulesTest : public QObject {
   void aQuickAddAnsweredNoAtTheFirstQuestionAsksAndAddsNothing_data() {
     QTest::addColumn<QString>("button");
     QTest::addColumn<QString>("field");
-    QTest::newRow("part") << "cmdAlkatresz" << "txAlkatresz";
-    QTest::newRow("note") << "cmdMegjegyzes" << "txMegjegyzes";
+    QTest::newRow("part") << "cmdAlkatresz"
+                          << "txAlkatresz";
+    QTest::newRow("note") << "cmdMegjegyzes"
+                          << "txMegjegyzes";
   }
   void aQuickAddAnsweredNoAtTheFirstQuestionAsksAndAddsNothing() {
     QFETCH(QString, button);
@@ -108,14 +112,16 @@ class FrmTarvikRulesTest : public QObject {
     QCOMPARE(boxes.seen.size(), 1);
     QCOMPARE(main.folder.read("alkatr.dat").size(), std::size_t{50});
     QCOMPARE(main.folder.read("megjegyz.dat").size(), std::size_t{50});
-    QCOMPARE(main.combo(qPrintable(field))->currentText(), QString("olajsz"));
+    QCOMPARE(main.combo(qPrintable(field))->currentText().toLower(), QString("olajsz"));
   }
 
   void theWindowStandsInTheMiddleOfItsDisplay() {
     MainScreen main;
     main.open();
-    const QPoint off = main.screen->frameGeometry().center() - main.screen->screen()->availableGeometry().center();
-    QVERIFY2(qAbs(off.x()) <= 8 && qAbs(off.y()) <= 40, qPrintable(QString("%1 %2").arg(off.x()).arg(off.y())));
+    const QPoint off =
+        main.screen->frameGeometry().center() - main.screen->screen()->availableGeometry().center();
+    QVERIFY2(qAbs(off.x()) <= 8 && qAbs(off.y()) <= 40,
+             qPrintable(QString("%1 %2").arg(off.x()).arg(off.y())));
   }
 
   void aModificationLeavesTheDayOfAnEntry_data() {
@@ -127,11 +133,13 @@ class FrmTarvikRulesTest : public QObject {
     std::vector<core::NapiAdat> entries = threeEntries();
     entries[1].Datum = core::toStored(core::dayOf({year, 9, 13}));
     Car main(entries);
+    const auto storedDay = [&] { return main.folder.read("ABC123/napiadat.dat").substr(156 + 4, 8); };
+    const std::string before = storedDay();
     main.clickRow(1);
     QCOMPARE(main.find<QDateEdit>("DTPicker1")->date(), QDate(year, 9, 13));
     BoxScript boxes({QMessageBox::Yes});
     main.press("cmd_modosit");
-    QCOMPARE(main.stored("ABC123", 2).Datum, entries[1].Datum);
+    QVERIFY(storedDay() == before);
   }
 
   void theFilterTakesEveryDayThatAnEntryCanHave() {

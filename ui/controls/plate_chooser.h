@@ -12,7 +12,8 @@ namespace tarvik::ui {
 class PlateChooser : public QObject {
  public:
   /// The chooser belongs to the combo box; chosen runs when a person chose from the list.
-  explicit PlateChooser(QComboBox* box, std::function<void()> chosen = [] {});
+  explicit PlateChooser(
+      QComboBox* box, std::function<void()> chosen = [] {});
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
