@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QLineEdit>
 #include <QScreen>
+#include <algorithm>
 
 #include "settings/start_settings.h"
 #include "settings/vehicles.h"
@@ -71,7 +72,8 @@ void frmTarvik::place() {
   const QMargins sides = ui_->mainLayout->contentsMargins();
   const int around = sides.left() + sides.right();
   ui_->FrameSzürö->ensurePolished();
-  ui_->logbookArea->setMinimumWidth(ui_->FrameSzürö->minimumSizeHint().width());
+  ui_->ListView1->setMinimumWidth(
+      std::max(ui_->ListView1->minimumWidth(), ui_->FrameSzürö->minimumSizeHint().width()));
   const QSize wanted(pixelsOfTwips(kWidthTwips, *this), sizeHint().height() + kWishedRows * rowHeight());
   const bool isLow = screen()->availableGeometry().height() < ui_->centralwidget->sizeHint().height();
   openInTheMiddle(*this, isLow ? QSize(ui_->resultBand->wideWidth() + around, wanted.height()) : wanted);
