@@ -367,7 +367,7 @@ class LookTest : public QObject {
   }
 
   void aBoxIsAsWideAsItsTitle() {
-    const QString title = QStringLiteral(" Rögzítés az adatállományban, és még sok minden más is ! ");
+    const QString title = QStringLiteral(" Rögzítés az adatállományban !");
     int width = 0;
     test::BoxScript boxes({QMessageBox::Ok});
     boxes.whileOpen = [&](const QMessageBox& box) { width = box.width(); };
