@@ -3,6 +3,8 @@
 #include <QCloseEvent>
 #include <QLineEdit>
 #include <QScreen>
+#include <QStyle>
+#include <algorithm>
 
 #include "settings/start_settings.h"
 #include "settings/vehicles.h"
@@ -72,10 +74,12 @@ void frmTarvik::place() {
   const QMargins sides = ui_->mainLayout->contentsMargins();
   const int around = sides.left() + sides.right();
   ui_->FrameSzürö->ensurePolished();
-  ui_->logbookArea->setMinimumWidth(ui_->FrameSzürö->minimumSizeHint().width());
+  ui_->ListView1->setMinimumWidth(
+      std::max(ui_->ListView1->minimumWidth(), ui_->FrameSzürö->minimumSizeHint().width()));
   const QSize wanted(pixelsOfTwips(kWidthTwips, *this), sizeHint().height() + kWishedRows * rowHeight());
   const bool isLow = screen()->availableGeometry().height() < ui_->centralwidget->sizeHint().height();
-  openInTheMiddle(*this, isLow ? QSize(ui_->resultBand->wideWidth() + around, wanted.height()) : wanted);
+  const int wide = ui_->resultBand->wideWidth() + around + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  openInTheMiddle(*this, isLow ? QSize(wide, wanted.height()) : wanted);
 }
 
 void frmTarvik::setUpFields() {
@@ -143,7 +147,6 @@ void frmTarvik::load() {
   guarded(this, [this] { loadVehicles(); });
   guarded(this, [this] { loadStartSettings(); });
   guarded(this, [this] { beolvas(); }, {.failed = kListIncomplete});
-  ui_->ListView1->scrollToBottom();
 }
 
 void frmTarvik::loadLookups() {
@@ -234,6 +237,8 @@ void frmTarvik::showEvent(QShowEvent* event) {
   QMainWindow::showEvent(event);
   if (wasShown_) return;
   wasShown_ = true;
+  // The newest entry is in view once the list has its size.
+  QTimer::singleShot(0, ui_->ListView1, &QTreeView::scrollToBottom);
   if (timer_->isActive()) timer_->start();  // the first check comes a full interval after this
 }
 
