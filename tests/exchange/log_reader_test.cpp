@@ -113,8 +113,9 @@ TEST(ALog, CostsForeignMoneyWhereItNamesACurrencyOrALitreCostsLittle) {
   EXPECT_TRUE(costsAreForeign(readLog(heads + "\n2024-01-05,1000,40,60\n")));
   EXPECT_FALSE(costsAreForeign(readLog(heads + "\n2024-01-05,1000,40,24000\n")));
   EXPECT_FALSE(costsAreForeign(readLog("Date,Odometer,Litres\n2024-01-05,1000,40\n")));
-  EXPECT_FALSE(costsAreForeign(
-      readLog(heads + "\n2024-01-05,1000,999999999999999.999999999999999999,999999999999999\n")));
+  // Figures too long to be multiplied show no price.
+  EXPECT_FALSE(costsAreForeign(readLog(
+      "Date,Odometer,Gallons,Total cost\n2024-01-05,1000,999999999999999999.999999999999999997,1\n")));
 }
 
 TEST(ALog, WithoutMarksForFullFillUpsTakesEachForOne) {
