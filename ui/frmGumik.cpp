@@ -10,6 +10,7 @@
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
+#include "ui/look.h"
 #include "ui/placement.h"
 #include "ui/text.h"
 #include "ui_frmGumik.h"
@@ -17,6 +18,8 @@
 namespace tarvik::ui {
 namespace {
 
+// The size of the window where the display has room, in steps of the grid.
+constexpr QSize kWishedSteps{100, 72};
 constexpr int kKmRunColumn = 3;
 constexpr int kConditionColumn = 4;
 
@@ -56,7 +59,7 @@ frmGumik::frmGumik(Context& context, const QString& plate, const QStringList& pl
   prepareList();
   connectButtons();
   keepWithinReach(*this);
-  openInTheMiddle(*this);
+  openInTheMiddle(*this, kWishedSteps * gridStep());
   guarded(this, [this] { BeolvasGumi(); });
 }
 

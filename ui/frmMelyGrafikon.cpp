@@ -26,8 +26,7 @@ frmMelyGrafikon::frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* 
   connect(ui_->cmdMegjelenit, &QPushButton::clicked, this, &frmMelyGrafikon::takeChecked);
   connect(ui_->cmdMegsem, &QPushButton::clicked, this, &frmMelyGrafikon::reject);
   keepWithinReach(*this);
-  openAt(*this,
-         mainTopLeft + QPoint(pixelsOfTwips(kRightTwips, *this), pixelsOfTwips(kDownTwips, *this)));
+  openAt(*this, mainTopLeft + QPoint(pixelsOfTwips(kRightTwips, *this), pixelsOfTwips(kDownTwips, *this)));
 }
 
 frmMelyGrafikon::~frmMelyGrafikon() = default;

@@ -9,6 +9,7 @@
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
+#include "ui/look.h"
 #include "ui/placement.h"
 #include "ui/text.h"
 #include "ui_frmSzerviz.h"
@@ -16,6 +17,8 @@
 namespace tarvik::ui {
 namespace {
 
+// The size of the window where the display has room, in steps of the grid.
+constexpr QSize kWishedSteps{116, 72};
 constexpr int kCostColumn = 4;
 constexpr int kReadingColumn = 5;
 
@@ -40,7 +43,7 @@ frmSzerviz::frmSzerviz(Context& context, const QString& plate, const QStringList
   onClick(this, ui_->cmdRogzitSzerviz, &frmSzerviz::recordRepair);
   onClick(this, ui_->cmdDelSzerviz, &frmSzerviz::deleteRepair);
   keepWithinReach(*this);
-  openInTheMiddle(*this);
+  openInTheMiddle(*this, kWishedSteps * gridStep());
   guarded(this, [this] { BeolvasSzerviz(); });
 }
 

@@ -18,7 +18,8 @@ namespace tarvik::ui {
 
 void frmTarvik::setUpList() {
   ui_->ListView1->setModel(listing_);
-  delegate_ = layOutList(*ui_->ListView1, {"9999.99.99.", "9999999", "999,99", "-9999", "X", "X", "X", "", ""});
+  delegate_ =
+      layOutList(*ui_->ListView1, {"9999.99.99.", "9999999", "999,99", "-9999", "X", "X", "X", "", ""});
   emptyList_ = new ListHint(*ui_->ListView1);
   connect(ui_->Combo1, &QComboBox::currentTextChanged, this, &frmTarvik::showCues);
   ui_->ListView1->onRowChosen(
@@ -59,10 +60,11 @@ void frmTarvik::showCues() {
   emptyList_->setText(emptyListText(shown_, ui_->Combo1->count() > 0));
 }
 
-// The newest entry is the last one; after a recording its row is tinted for a moment.
+// After a recording the new entry's row is tinted for a moment; a filter may keep it from the list.
 void frmTarvik::markNewest() {
-  const int last = listing_->rowCount() - 1;
-  if (last < 0) return;
+  const core::Listing& listing = listing_->listing();
+  const int last = listing.rows() - 1;
+  if (last < 0 || listing.number(last) != listing.logbook.count()) return;
   ui_->ListView1->scrollToBottom();
   delegate_->mark(listing_->index(last, listing_->columnCount() - 1).data().toString(), *ui_->ListView1);
 }

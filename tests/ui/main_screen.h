@@ -20,6 +20,7 @@
 #include "tests/support/temporary_folder.h"
 #include "tests/ui/box_script.h"
 #include "tests/ui/by_hand.h"
+#include "tests/ui/dressed.h"
 #include "ui/frmTarvik.h"
 
 namespace tarvik::test {
@@ -31,7 +32,9 @@ struct MainScreen {
                 .folders = {.program = folder.path(),
                             .current = ownCurrentFolder ? current.path() : folder.path()},
                 .clock = clock,
-                .version = "1.0.0"} {}
+                .version = "1.0.0"} {
+    dressOnce();
+  }
 
   /// Opens the screen as the program does.
   void open() {
