@@ -65,14 +65,17 @@ frmTarvik::frmTarvik(Context& context)
 frmTarvik::~frmTarvik() = default;
 
 // The filter may be opened later: the window has its width from the start. Where the display has room the
-// list is taller than it must be; where it is low, the results stand beside each other.
+// list is taller than it must be, as high as a chart over it wishes; where it is low, the results stand
+// beside each other.
 void frmTarvik::place() {
   keepWithinReach(*this);
   const QMargins sides = ui_->mainLayout->contentsMargins();
   const int around = sides.left() + sides.right();
   ui_->FrameSzürö->ensurePolished();
   ui_->centralwidget->setMinimumWidth(ui_->FrameSzürö->minimumSizeHint().width() + around);
-  const QSize wanted(pixelsOfTwips(kWidthTwips, *this), sizeHint().height() + kWishedRows * rowHeight());
+  const int forChart = findChild<ChartPanel*>()->sizeHint().height() - ui_->logbookArea->sizeHint().height();
+  const QSize wanted(pixelsOfTwips(kWidthTwips, *this),
+                     sizeHint().height() + qMax(kWishedRows * rowHeight(), forChart));
   const bool isLow = screen()->availableGeometry().height() < ui_->centralwidget->sizeHint().height();
   openInTheMiddle(*this, isLow ? QSize(ui_->resultBand->wideWidth() + around, wanted.height()) : wanted);
 }
