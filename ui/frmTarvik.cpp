@@ -68,7 +68,8 @@ frmTarvik::frmTarvik(Context& context)
 frmTarvik::~frmTarvik() = default;
 
 // The filter may be opened later: the window has its width from the start. Where the display has room the
-// list is taller than it must be; where it is low, the results stand beside each other.
+// list is taller than it must be, as high as a chart over it wishes; where it is low, the results stand
+// beside each other.
 void frmTarvik::place() {
   keepWithinReach(*this);
   const QMargins sides = ui_->mainLayout->contentsMargins();
@@ -76,7 +77,9 @@ void frmTarvik::place() {
   ui_->FrameSzürö->ensurePolished();
   ui_->ListView1->setMinimumWidth(
       std::max(ui_->ListView1->minimumWidth(), ui_->FrameSzürö->minimumSizeHint().width()));
-  const QSize wanted(pixelsOfTwips(kWidthTwips, *this), sizeHint().height() + kWishedRows * rowHeight());
+  const int forChart = findChild<ChartPanel*>()->sizeHint().height() - ui_->logbookArea->sizeHint().height();
+  const QSize wanted(pixelsOfTwips(kWidthTwips, *this),
+                     sizeHint().height() + std::max(kWishedRows * rowHeight(), forChart));
   const bool isLow = screen()->availableGeometry().height() < ui_->centralwidget->sizeHint().height();
   const int wide = ui_->resultBand->wideWidth() + around + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
   openInTheMiddle(*this, isLow ? QSize(wide, wanted.height()) : wanted);

@@ -85,8 +85,10 @@ class ChooserTest : public QObject {
 
   void firstArrowChecksTheOptionWithTheFocusAndTheNextMoveOn() {
     for (const Qt::Key arrow : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Right, Qt::Key_Left}) {
+      context_.state.chartChoice = 0;
       frmMelyGrafikon chooser(context_, {}, nullptr);
       chooser.show();
+      QVERIFY(QTest::qWaitForWindowActive(&chooser));
       QCOMPARE(chooser.focusWidget(), option(chooser, 1));
       QTest::keyClick(chooser.focusWidget(), arrow);
       QVERIFY(option(chooser, 1)->isChecked());

@@ -18,6 +18,7 @@ constexpr double kEdgeGap = 8;
 constexpr double kTickDistance = 38;
 constexpr double kSmallestPlot = 20;
 constexpr double kDepthRise = 0.6;
+constexpr double kDeepest = 30;
 // More are neither told apart nor drawn quickly enough to scroll through.
 constexpr int kMostRowsDrawn = 400;
 
@@ -41,7 +42,7 @@ class ValueTicker : public QCPAxisTickerFixed {
 QPointF depthOf(ChartType type, int rows, double width) {
   if (!drawsDepth(type)) return {};
   const double rowWidth = width / std::max(rows, 1);
-  const double across = std::clamp(std::round(rowWidth * (drawsBars(type) ? 0.9 : 1.6)), 10.0, 30.0);
+  const double across = std::clamp(std::round(rowWidth * (drawsBars(type) ? 0.9 : 1.6)), 10.0, kDeepest);
   return {across, -std::round(across * kDepthRise)};
 }
 
@@ -53,7 +54,25 @@ double widestNumber(const ValueScale& scale, const QFontMetricsF& metrics) {
   return widest;
 }
 
+double titleHeight(const ChartStyle& style) {
+  return std::ceil(QFontMetricsF(style.titleFont).height()) + kTitlePadding;
+}
+
+// The unit stands over the numbers of the value axis, the topmost of which reaches half a line beyond it.
+double unitHeight(const ChartStyle& style, const QString& unit) {
+  if (unit.isEmpty()) return kTopGap;
+  return std::ceil(QFontMetricsF(style.labelFont).height() * kUnitLines) - kTitlePadding / 2 + kUnitGap;
+}
+
 }  // namespace
+
+int chartHeightForPlot(int plotHeight, const QFont& font) {
+  const ChartStyle style = chartStyle({}, font);
+  const LabelFit level = fitLabels({}, QFontMetricsF(style.labelFont), 1, 1);
+  const double around = titleHeight(style) + unitHeight(style, QStringLiteral("l")) +
+                        std::ceil(kDeepest * kDepthRise) + level.height + kEdgeGap;
+  return plotHeight + static_cast<int>(std::ceil(around));
+}
 
 ChartCanvas::ChartCanvas(QWidget* parent)
     : QCustomPlot(parent),
@@ -112,16 +131,6 @@ int ChartCanvas::drawnRow(int row) {
   return nearestDrawn(drawnRows_, row);
 }
 
-double ChartCanvas::titleHeight() const {
-  return std::ceil(QFontMetricsF(style_.titleFont).height()) + kTitlePadding;
-}
-
-// The unit stands over the numbers of the value axis, the topmost of which reaches half a line beyond it.
-double ChartCanvas::unitHeight() const {
-  if (content_.unit.isEmpty()) return kTopGap;
-  return std::ceil(QFontMetricsF(style_.labelFont).height() * kUnitLines) - kTitlePadding / 2 + kUnitGap;
-}
-
 ChartFrame ChartCanvas::arrangedFrame(LabelFit& fit) const {
   const QFontMetricsF metrics(style_.labelFont);
   const Baseline baseline = drawsLine(content_.type) ? Baseline::Free : Baseline::Zero;
@@ -129,7 +138,7 @@ ChartFrame ChartCanvas::arrangedFrame(LabelFit& fit) const {
   frame.rows = static_cast<int>(content_.values.size());
   frame.drawn = static_cast<int>(points_.size());
   frame.depth = depthOf(content_.type, frame.drawn, width());
-  const double top = titleHeight() + unitHeight() - frame.depth.y();
+  const double top = titleHeight(style_) + unitHeight(style_, content_.unit) - frame.depth.y();
   const double room = height() - top - kEdgeGap;
   fit = fitLabels(content_.labels, metrics, width() - kRightGap - frame.depth.x() - 56, height());
   const double plotHeight = std::max(room - fit.height, kSmallestPlot);
@@ -155,7 +164,8 @@ AxisTexts ChartCanvas::placedTexts(const LabelFit& fit, const ChartFrame& frame)
   texts.unit = content_.unit;
   if (texts.unit.isEmpty()) return texts;
   texts.unitBox.setSize(metrics.size(Qt::TextSingleLine, texts.unit));
-  texts.unitBox.moveTopRight({frame.front.left() - kValueLabelPadding, titleHeight() - kTitlePadding / 2});
+  texts.unitBox.moveTopRight(
+      {frame.front.left() - kValueLabelPadding, titleHeight(style_) - kTitlePadding / 2});
   texts.unitBox.moveLeft(std::max(texts.unitBox.left(), kEdgeGap));
   return texts;
 }
@@ -180,7 +190,7 @@ void ChartCanvas::arrange() {
 
 void ChartCanvas::applyLayout(const ChartFrame& frame) {
   setBackground(QBrush(style_.background));
-  const int heightOfTitle = static_cast<int>(titleHeight());
+  const int heightOfTitle = static_cast<int>(titleHeight(style_));
   title_->setMinimumSize(1, heightOfTitle);
   title_->setMaximumSize(QWIDGETSIZE_MAX, heightOfTitle);
   title_->setSizeConstraintRect(QCPLayoutElement::scrOuterRect);

@@ -10,6 +10,10 @@
 
 namespace tarvik::ui {
 
+/// The height in pixels at which the plot of a chart, what lies between its axes, is at least so high in
+/// every type while its labels stand level.
+int chartHeightForPlot(int plotHeight, const QFont& font);
+
 /// The surface of a chart: arranges a content on the plotting library and paints it.
 ///
 /// A change only marks the surface; it is arranged and plotted once, when it is next painted or asked about.
@@ -46,8 +50,6 @@ class ChartCanvas : public QCustomPlot {
   void choosePoints();
   ChartFrame arrangedFrame(LabelFit& fit) const;
   AxisTexts placedTexts(const LabelFit& fit, const ChartFrame& frame) const;
-  double titleHeight() const;
-  double unitHeight() const;
   void applyLayout(const ChartFrame& frame);
   void applyAxes(const ChartFrame& frame);
   void applyFlatSeries(const ChartFrame& frame);

@@ -16,6 +16,12 @@
 #include "ui/chart/chart_words.h"
 
 namespace tarvik::ui {
+namespace {
+
+constexpr int kWishedWidth = 700;
+constexpr int kWishedPlot = 220;
+
+}  // namespace
 
 ChartView::ChartView(QWidget* parent) : QWidget(parent) {
   installChartAccessibility();
@@ -131,7 +137,7 @@ bool ChartView::savePicture(const QString& path) const {
 }
 
 QSize ChartView::sizeHint() const {
-  return {700, 320};
+  return {kWishedWidth, chartHeightForPlot(kWishedPlot, font())};
 }
 
 QSize ChartView::minimumSizeHint() const {
