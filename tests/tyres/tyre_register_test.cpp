@@ -58,7 +58,9 @@ class TyreRegisterTest : public testing::Test {
     program_.write(kFile, bytes);
   }
   std::int16_t seasonOfTheNext() {
-    tyres_.record({.plate = "GHI-789", .fields = fieldsOf("40000")});
+    TyreFields next = fieldsOf("40000");
+    next.season.reset();
+    tyres_.record({.plate = "GHI-789", .fields = next});
     return stored().back().season;
   }
   std::vector<TyreSet> stored() {
