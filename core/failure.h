@@ -17,6 +17,7 @@ enum class FailureKind {
   FileBusy,        ///< another program held the file for too long
   FolderMissing,   ///< a vehicle's folder is not there
   PlateUnusable,   ///< a plate that cannot name a folder
+  PlateTaken,      ///< a plate whose folder would be another vehicle's on Windows
   NotANumber,      ///< a text that should be a number
   OutOfRange,      ///< a figure that does not fit its type or field
   DivisionByZero,  ///< a quotient whose divisor is 0

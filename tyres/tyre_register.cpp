@@ -107,7 +107,8 @@ void TyreRegister::remove(int number) {
 void addDistance(core::FileSystem& files, const core::DataFolders& folders, std::string_view plate,
                  const core::Ratio& distance) {
   const std::string path = folders.inProgram(kFile);
-  if (distance.isZero() || fittedSetOf(core::loadRecords<TyreSet>(files, path), plate) == 0) return;
+  const auto stored = core::loadRecords<TyreSet>(files, path);
+  if (distance.isZero() || fittedSetOf(stored, plate) == 0) return;
 
   core::RecordFile file(files, path, TyreSet::kLength);
   const TyreSets sets = allOf(file);

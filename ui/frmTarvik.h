@@ -123,6 +123,8 @@ class frmTarvik : public QMainWindow {
   ListingModel* listing_;
   core::Totals totals_;
   QTimer* timer_;
+  ToldOnce kmCheck_;
+  ToldOnce noteSearch_;
   ListDelegate* delegate_ = nullptr;
   ListHint* emptyList_ = nullptr;
   ShownList shown_;

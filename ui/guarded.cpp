@@ -34,6 +34,10 @@ QString headline(FailureKind kind) {
       return QStringLiteral("Nincs meg a mappa, ahol ennek a fájlnak a helye van:\n%1");
     case FailureKind::PlateUnusable:
       return QStringLiteral("Ez a rendszám nem lehet mappa neve:\n%1");
+    case FailureKind::PlateTaken:
+      return QStringLiteral(
+          "Ez a rendszám csak kis- és nagybetűkben tér el egy már felvettől,\n"
+          "a két autó mappája ugyanaz lenne:\n%1");
     case FailureKind::NotANumber:
       return QStringLiteral("Nem szám van a mezőben: %1");
     case FailureKind::OutOfRange:
@@ -97,7 +101,7 @@ QString systemWords(int error) {
       {EIO, "a lemez hibát jelzett"},
       {EEXIST, "már van ilyen nevű fájl"},
       {EBUSY, "a fájl foglalt"},
-      {EAGAIN, "a fájl foglalt"},
+      {EWOULDBLOCK, "a fájl foglalt"},
       {ETXTBSY, "a fájl foglalt"},
       {EMFILE, "túl sok fájl van nyitva"},
       {ENFILE, "túl sok fájl van nyitva"},
@@ -117,6 +121,10 @@ QString systemWords(int error) {
   return words.value(error, QStringLiteral("%1. számú rendszerhiba").arg(error));
 }
 
+bool isBlankPlate(const core::Failure& failure) {
+  return failure.kind() == FailureKind::PlateUnusable && isBlank(toQt(failure.file()));
+}
+
 QString subject(const core::Failure& failure) {
   if (!failure.file().empty()) return toQt(failure.file());
   return failure.field().empty() ? QStringLiteral("a számítás eredménye") : fieldName(failure.field());
@@ -125,7 +133,8 @@ QString subject(const core::Failure& failure) {
 }  // namespace
 
 QString failureText(const core::Failure& failure, const Consequence& consequence) {
-  QString text = headline(failure.kind()).arg(subject(failure));
+  QString text = isBlankPlate(failure) ? QStringLiteral("Nincs kitöltve a mező: Rendszám")
+                                       : headline(failure.kind()).arg(subject(failure));
   if (failure.systemError() != 0) text += QStringLiteral("\n(%1)").arg(systemWords(failure.systemError()));
   if (failure.kind() == FailureKind::RecordChanged)
     return text + QStringLiteral("\n\nA művelet elmaradt. Nézd meg a listát, és válaszd ki újra a tételt!");
@@ -152,6 +161,14 @@ void tell(QWidget* parent, const QString& failure) {
 bool guarded(QWidget* parent, const std::function<void()>& action, const Consequence& consequence) {
   const Attempt made = attempted(action, consequence);
   if (!made.isDone()) tell(parent, made.text);
+  return made.isDone();
+}
+
+bool ToldOnce::run(QWidget* parent, const std::function<void()>& action) {
+  const Attempt made = attempted(action);
+  const bool isNews = !made.isDone() && made.text != told_;
+  told_ = made.text;
+  if (isNews) tell(parent, made.text);
   return made.isDone();
 }
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "entries.h"
 #include "tests/support/temporary_folder.h"
 
@@ -16,7 +16,7 @@ class ChartLogbook : public testing::Test {
   }
 
   TemporaryFolder folder_;
-  core::PosixFileSystem files_;
+  core::MachineFileSystem files_;
 };
 
 TEST_F(ChartLogbook, HasTheEntriesOfTheTrimmedPlate) {

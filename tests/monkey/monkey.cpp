@@ -21,7 +21,7 @@
 #include <memory>
 #include <random>
 
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "tests/support/fixed_clock.h"
 #include "ui/frmTarvik.h"
 
@@ -163,7 +163,7 @@ int main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);
   const QStringList words = QApplication::arguments();
   if (words.size() != 4 || !QDir::setCurrent(words[1])) return 2;
-  core::PosixFileSystem files;
+  core::MachineFileSystem files;
   test::FixedClock clock({2026, 11, 21});
   const std::string folder = QDir::currentPath().toStdString();
   ui::Context context{.files = files, .folders = {.program = folder, .current = folder}, .clock = clock, .version = "1.0.0"};

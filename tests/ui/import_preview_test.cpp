@@ -15,6 +15,7 @@
 #include "tests/ui/next_dialog.h"
 #include "tests/ui/support.h"
 #include "ui/csv_files.h"
+#include "ui/text.h"
 #include "ui/text_file.h"
 
 using namespace tarvik;

@@ -89,7 +89,7 @@ class ListMenuTest : public QObject {
                               screen.list()->viewport()->mapToGlobal(QPoint(5, 5)));
     QApplication::sendEvent(screen.list()->viewport(), &byMouse);
     closeNext();
-    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint());
+    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
     QApplication::sendEvent(screen.list(), &byKey);
     closeNext();
     QTest::keyClick(screen.list(), Qt::Key_F10, Qt::ShiftModifier);
