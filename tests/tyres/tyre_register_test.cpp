@@ -58,9 +58,9 @@ class TyreRegisterTest : public testing::Test {
     program_.write(kFile, bytes);
   }
   std::int16_t seasonOfTheNext() {
-    TyreFields next = fieldsOf("40000");
-    next.season.reset();
-    tyres_.record({.plate = "GHI-789", .fields = next});
+    NewTyreSet typed{.plate = "GHI-789", .fields = fieldsOf("40000")};
+    typed.fields.season = std::nullopt;
+    tyres_.record(typed);
     return stored().back().season;
   }
   std::vector<TyreSet> stored() {
