@@ -89,11 +89,11 @@ std::unique_ptr<QWidget> opened(House& house) {
 struct Offer {
   const char* name;
   std::unique_ptr<QWidget> (*open)(House&);
-  const char* list;       ///< what lists it; the second row is chosen before
-  const char* button;     ///< what makes it
-  const char* deletion;   ///< what must not be left to delete by
-  QString done;           ///< the sentence that says that it is made; empty when nothing is listed after it
-  Boxes answers = {};     ///< to what is asked before
+  const char* list;      ///< what lists it; the second row is chosen before
+  const char* button;    ///< what makes it
+  const char* deletion;  ///< what must not be left to delete by
+  QString done;          ///< the sentence that says that it is made; empty when nothing is listed after it
+  Boxes answers = {};    ///< to what is asked before
   std::vector<std::pair<const char*, QString>> fields = {};  ///< what is typed before
 };
 
@@ -108,8 +108,8 @@ const std::vector<Offer>& offers() {
        "A bejegyzés rögzítve van.", kYes},
       {"entry modified", opened<ui::frmTarvik>, "ListView1", "cmd_modosit", "cmd_del",
        "A bejegyzés módosítva van.", kYes},
-      {"entry deleted", opened<ui::frmTarvik>, "ListView1", "cmd_del", "cmd_del",
-       "A bejegyzés törölve van.", kYes},
+      {"entry deleted", opened<ui::frmTarvik>, "ListView1", "cmd_del", "cmd_del", "A bejegyzés törölve van.",
+       kYes},
       {"tyres fitted", opened<ui::frmGumik>, "ListViewGumi", "cmdGumiFel", "cmdGumiDel",
        "A gumi fel van szerelve."},
       {"tyres changed", opened<ui::frmGumik>, "ListViewGumi", "cmdGumiModosit", "cmdGumiDel",
@@ -127,11 +127,18 @@ const std::vector<Offer>& offers() {
       {"date reminder deleted", opened<ui::figy>, "ListView2", "cmdDel2", nullptr, kReminderOut, kYes},
       {"alert deleted", opened<ui::riaszt>, "List1", "cmd_torles", nullptr, kReminderOut},
       {"due date deleted", opened<ui::frmDatumFigyelmeztetes>, "ListView1", "cmdDel", nullptr, "", kYes},
-      {"vehicle added", opened<ui::frmSetup>, "List1", "cmdRendszamFelvesz", "cmdRendszamDel",
-       "A rendszám fel van véve.", {}, {{"txRendszam", "GHI-789"}, {"txTank", "40"}}},
+      {"vehicle added",
+       opened<ui::frmSetup>,
+       "List1",
+       "cmdRendszamFelvesz",
+       "cmdRendszamDel",
+       "A rendszám fel van véve.",
+       {},
+       {{"txRendszam", "GHI-789"}, {"txTank", "40"}}},
       {"vehicle deleted", opened<ui::frmSetup>, "List1", "cmdRendszamDel", "cmdRendszamDel",
        "A rendszám törölve van."},
-      {"part name deleted", opened<ui::frmSetup>, "listAlkatr", "cmdAlkatrDel", "cmdAlkatrDel", kTextOut, kYes},
+      {"part name deleted", opened<ui::frmSetup>, "listAlkatr", "cmdAlkatrDel", "cmdAlkatrDel", kTextOut,
+       kYes},
       {"note deleted", opened<ui::frmSetup>, "listMegj", "cmdMegjDel", "cmdMegjDel", kTextOut, kYes},
   };
   return all;
@@ -143,8 +150,8 @@ struct Opened {
     screen->show();
     list = screen->findChild<QAbstractItemView*>(offer.list);
     const QModelIndex second = list->model()->index(1, 0);
-    list->selectionModel()->setCurrentIndex(
-        second, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    list->selectionModel()->setCurrentIndex(second,
+                                            QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     for (const auto& [name, text] : offer.fields) screen->findChild<QLineEdit*>(name)->setText(text);
   }
   void press() { screen->findChild<QPushButton*>(offer.button)->click(); }
