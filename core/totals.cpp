@@ -4,6 +4,7 @@
 #include "core/field_number.h"
 #include "core/number_format.h"
 #include "core/number_text.h"
+#include "core/ratio.h"
 
 namespace tarvik::core {
 namespace {
@@ -28,13 +29,13 @@ struct Sums {
   }
 };
 
-void showCosts(const Sums& sums, TotalsTexts& texts) {
+void showCosts(const Sums& sums, Totals& texts) {
   texts.teljesKtg = formatted(sums.total, kForints);
   texts.benzinKtg = formatted(sums.fuel, kForints);
   texts.alkatreszKoltseg = formatted(std::int64_t{sums.total} - sums.fuel, kForints);
 }
 
-Sums sumRows(const Listing& listing, TotalsTexts& texts) {
+Sums sumRows(const Listing& listing, Totals& texts) {
   Sums sums;
   int row = 0;
   try {
@@ -61,9 +62,7 @@ bool hasDailyHint(const Listing& listing) {
 
 }  // namespace
 
-void updateTotals(const Listing& listing, Totals& totals) {
-  totals.available = false;
-  TotalsTexts& texts = totals.texts;
+void updateTotals(const Listing& listing, Totals& texts) {
   if (listing.rows() == 0) {
     texts.megtettKm = texts.liter = texts.fogyaszt = "";
     return;
@@ -77,8 +76,6 @@ void updateTotals(const Listing& listing, Totals& totals) {
   if (distance == 0) return;
   const Ratio average = (sums.litres.ratio() - plainNumber(literText(first))) / distance * 100;
   texts.fogyaszt = formatted(average, R"(### ###.##\ \L\i\t\e\r\/\1\0\0\K\m)");
-  totals.fuelCostPerKm = Ratio(sums.fuel, distance);
-  totals.available = true;
 }
 
 std::optional<std::string> costPerDay(const Listing& listing, std::string_view fieldText) {

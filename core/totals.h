@@ -4,25 +4,17 @@
 #include <string>
 
 #include "core/listing.h"
-#include "core/ratio.h"
 
 namespace tarvik::core {
 
 /// The totals beside the list as texts, each in its format.
-struct TotalsTexts {
+struct Totals {
   std::string teljesKtg;         ///< all costs, "1 234 567 Ft."
   std::string benzinKtg;         ///< the fuel's share
   std::string alkatreszKoltseg;  ///< the rest
   std::string megtettKm;         ///< distance between the first and last row
   std::string liter;             ///< fuel taken
   std::string fogyaszt;          ///< average consumption
-};
-
-/// The totals' texts and what is kept with them.
-struct Totals {
-  TotalsTexts texts;
-  bool available = false;   ///< a cost per km could be computed
-  Ratio fuelCostPerKm = 0;  ///< Ft per km, when available
 };
 
 /// Brings the totals up to the listing. Without rows the distance, litre and consumption texts become

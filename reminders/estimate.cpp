@@ -36,14 +36,19 @@ void fill(Estimate& estimate, const core::Logbook& logbook, const FigyelRec& rem
 
 }  // namespace
 
-core::Logbook logbookOf(core::FileSystem& files, const core::DataFolders& folders, std::string_view plate) {
-  if (!core::isUsablePlate(plate)) return {};
+std::optional<core::Logbook> foundLogbook(core::FileSystem& files, const core::DataFolders& folders,
+                                          std::string_view plate) {
+  if (!core::isUsablePlate(plate)) return std::nullopt;
   try {
     return core::loadRecords<core::NapiAdat>(files, folders.logbook(plate));
   } catch (const core::Failure& failure) {
     if (failure.kind() != core::FailureKind::FolderMissing) throw;
-    return {};
+    return std::nullopt;
   }
+}
+
+core::Logbook logbookOf(core::FileSystem& files, const core::DataFolders& folders, std::string_view plate) {
+  return foundLogbook(files, folders, plate).value_or(core::Logbook());
 }
 
 std::optional<core::NapiAdat> lastWithReading(const core::Logbook& logbook) {

@@ -65,10 +65,11 @@ bool isPassedFor(const FigyelRec& reminder, std::string_view plate, std::int32_t
 }
 
 KmCheck checkKm(core::FileSystem& files, const core::DataFolders& folders, std::string_view plate) {
-  const core::Logbook logbook = logbookOf(files, folders, plate);
-  if (logbook.count() == 0) return {};
-  const std::int32_t reading = currentReading(logbook);
-  return {.hasEntries = true,
+  const auto logbook = foundLogbook(files, folders, plate);
+  if (!logbook || logbook->count() == 0) return {.hasLogbook = logbook.has_value()};
+  const std::int32_t reading = currentReading(*logbook);
+  return {.hasLogbook = true,
+          .hasEntries = true,
           .reading = reading,
           .firstPassed = firstPassed(loadKmReminders(files, folders), plate, reading)};
 }

@@ -15,9 +15,10 @@ namespace tarvik::reminders {
 
 /// What one run of the km check found.
 struct KmCheck {
-  bool hasEntries = false;         ///< the vehicle's logbook has entries; without any nothing was checked
-  std::int32_t reading = 0;        ///< the current odometer reading, km
-  std::optional<int> firstPassed;  ///< record number of the first passed reminder
+  bool hasLogbook = false;   ///< the plate has a folder; without one nothing was checked
+  bool hasEntries = false;   ///< the logbook has entries; without any nothing was checked
+  std::int32_t reading = 0;  ///< the current odometer reading, km
+  std::optional<int> firstPassed = std::nullopt;  ///< record number of the first passed reminder
 
   friend bool operator==(const KmCheck&, const KmCheck&) = default;
 };

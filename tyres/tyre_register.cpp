@@ -44,8 +44,12 @@ TyreSets allOf(const core::RecordFile& file) {
 
 }  // namespace
 
+TyreSets loadTyreSets(core::FileSystem& files, const core::DataFolders& folders) {
+  return core::loadRecords<TyreSet>(files, folders.inProgram(kFile));
+}
+
 std::vector<TyreRow> TyreRegister::list(std::optional<std::string_view> plate) {
-  const auto sets = core::loadRecords<TyreSet>(files_, folders_.inProgram(kFile));
+  const TyreSets sets = loadTyreSets(files_, folders_);
   if (sets.count() > 0) buffer_ = sets.record(sets.count());
   return rowsOf(sets, plate);
 }
@@ -103,7 +107,8 @@ void TyreRegister::remove(int number) {
 void addDistance(core::FileSystem& files, const core::DataFolders& folders, std::string_view plate,
                  const core::Ratio& distance) {
   const std::string path = folders.inProgram(kFile);
-  if (distance.isZero() || fittedSetOf(core::loadRecords<TyreSet>(files, path), plate) == 0) return;
+  const auto stored = core::loadRecords<TyreSet>(files, path);
+  if (distance.isZero() || fittedSetOf(stored, plate) == 0) return;
 
   core::RecordFile file(files, path, TyreSet::kLength);
   const TyreSets sets = allOf(file);

@@ -59,9 +59,6 @@ class TyreRegister {
   /// Deletes the set of that number, over xx.dat in the current folder.
   void remove(int number);
 
-  /// The set that was read or written last; one of zero bytes at first.
-  const TyreSet& buffer() const { return buffer_; }
-
  private:
   std::vector<TyreRow> list(std::optional<std::string_view> plate);
   template <typename Edit>
@@ -72,9 +69,13 @@ class TyreRegister {
   TyreSet buffer_;
 };
 
+/// Reads all sets; throws as core::loadRecords does.
+TyreSets loadTyreSets(core::FileSystem& files, const core::DataFolders& folders);
+
 /// Adds a distance in km to the first set that is on the vehicle's car, and only to that one: this system's
-/// convention when several are marked. The sum is rounded, halves to even. Without such a set, and for a
-/// distance of 0, the file is not written. Throws Failure(OutOfRange) when the sum leaves 32 bits.
+/// convention when several are marked. The sum is rounded, halves to even. A missing file is
+/// created; without such a set, and for a distance of 0, nothing is written. Throws Failure(OutOfRange) when
+/// the sum leaves 32 bits.
 void addDistance(core::FileSystem& files, const core::DataFolders& folders, std::string_view plate,
                  const core::Ratio& distance);
 

@@ -7,9 +7,13 @@
 #include "ui/change.h"
 #include "ui/controls/list_delegate.h"
 #include "ui/controls/list_hint.h"
+#include "ui/controls/plate_chooser.h"
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
+#include "ui/list_menu.h"
+#include "ui/list_tables.h"
+#include "ui/look.h"
 #include "ui/placement.h"
 #include "ui/text.h"
 #include "ui_frmGumik.h"
@@ -17,6 +21,8 @@
 namespace tarvik::ui {
 namespace {
 
+// The size of the window where the display has room, in steps of the grid.
+constexpr QSize kWishedSteps{100, 72};
 constexpr int kKmRunColumn = 3;
 constexpr int kConditionColumn = 4;
 
@@ -54,9 +60,10 @@ frmGumik::frmGumik(Context& context, const QString& plate, const QStringList& pl
   addClosingMenu(*this, ui_->mnuBezar);
   prepareFields(plate, plates);
   prepareList();
+  addListMenu(context);
   connectButtons();
   keepWithinReach(*this);
-  openInTheMiddle(*this);
+  openInTheMiddle(*this, kWishedSteps * gridStep());
   guarded(this, [this] { BeolvasGumi(); });
 }
 
@@ -66,11 +73,9 @@ void frmGumik::prepareFields(const QString& plate, const QStringList& plates) {
   ui_->frameGumiModosit->hide();
   opGumiEvszak_ = groupOf(this, {ui_->opGumiEvszak_0, ui_->opGumiEvszak_1, ui_->opGumiEvszak_2});
   opMEszak_ = groupOf(this, {ui_->opMEszak_0, ui_->opMEszak_1, ui_->opMEszak_2});
-  ui_->cmbRendszam->setCompleter(nullptr);
   ui_->cmbRendszam->addItems(plates);
   ui_->cmbRendszam->setEditText(plate.trimmed());
-  connect(ui_->cmbRendszam, &QComboBox::activated, this,
-          [this] { guarded(this, [this] { BeolvasGumi(); }); });
+  new PlateChooser(ui_->cmbRendszam, [this] { guarded(this, [this] { BeolvasGumi(); }); });
   for (const QLineEdit* field :
        {ui_->txtMtipus, ui_->txtMMeret, ui_->txtMMaxKm, ui_->txtMKmFelszKor, ui_->txtMAzotaFutott})
     connect(field, &QLineEdit::returnPressed, ui_->cmdGumiModosit, &QPushButton::click);
@@ -87,6 +92,12 @@ void frmGumik::prepareList() {
   new ListHint(*ui_->ListViewGumi, QStringLiteral("Ehhez a rendszámhoz nincs gumi felvéve."));
   ui_->ListViewGumi->sortByHeaderClicks();
   ui_->ListViewGumi->onRowChosen([this](int row) { return guarded(this, [&] { choose(row); }); });
+}
+
+void frmGumik::addListMenu(Context& context) {
+  new ListMenu(ui_->ListViewGumi, context,
+               {.fileName = [] { return QStringLiteral("gumik"); },
+                .csv = [this, &context] { return tyresCsv(context.files, context.folders, *rows_); }});
 }
 
 void frmGumik::connectButtons() {

@@ -7,9 +7,11 @@
 #include "ui/access.h"
 #include "ui/change.h"
 #include "ui/controls/list_hint.h"
+#include "ui/controls/plate_chooser.h"
 #include "ui/controls/row_choice.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
+#include "ui/look.h"
 #include "ui/message_boxes.h"
 #include "ui/placement.h"
 #include "ui/text.h"
@@ -18,6 +20,8 @@
 namespace tarvik::ui {
 namespace {
 
+// The size of the window where the display has room, in steps of the grid.
+constexpr QSize kWishedSteps{84, 48};
 constexpr int kRightTwips = 2'000;
 constexpr int kDownTwips = 2'500;
 
@@ -35,8 +39,8 @@ void tellMissing(QWidget* screen, const QString& prompt, QWidget* field) {
 frmSetup::frmSetup(Context& context, QPoint mainTopLeft, QWidget* parent)
     : QDialog(parent), context_(context), mainTopLeft_(mainTopLeft), ui_(std::make_unique<Ui::frmSetup>()) {
   ui_->setupUi(this);
+  new PlateChooser(ui_->cmbRendszam);
   makeAccessible(*this);
-  ui_->cmbRendszam->setCompleter(nullptr);
   connectButtons();
   connectLists();
   keepWithinReach(*this);
@@ -60,7 +64,8 @@ void frmSetup::connectButtons() {
 }
 
 void frmSetup::connectLists() {
-  new ListHint(*ui_->List1, QStringLiteral("Még nincs gépkocsi.\nÍrd be fent a rendszámot és a tank méretét!"));
+  new ListHint(*ui_->List1,
+               QStringLiteral("Még nincs gépkocsi.\nÍrd be fent a rendszámot és a tank méretét!"));
   for (QListWidget* list : {ui_->listAlkatr, ui_->listMegj})
     new ListHint(*list, QStringLiteral("Még üres.\nA főképernyő Felvesz gombja bővíti."));
   chosenVehicle_ = enableWhileChosen(ui_->List1, ui_->cmdRendszamDel);
@@ -91,7 +96,8 @@ void frmSetup::load() {
 }
 
 void frmSetup::place() {
-  openAt(*this, mainTopLeft_ + QPoint(pixelsOfTwips(kRightTwips, *this), pixelsOfTwips(kDownTwips, *this)));
+  openAt(*this, mainTopLeft_ + QPoint(pixelsOfTwips(kRightTwips, *this), pixelsOfTwips(kDownTwips, *this)),
+         kWishedSteps * gridStep());
 }
 
 void frmSetup::loadVehicleLists() {

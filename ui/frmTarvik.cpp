@@ -3,12 +3,15 @@
 #include <QCloseEvent>
 #include <QLineEdit>
 #include <QScreen>
+#include <QStyle>
+#include <algorithm>
 
 #include "settings/start_settings.h"
 #include "settings/vehicles.h"
 #include "ui/access.h"
 #include "ui/change.h"
 #include "ui/chart_panel.h"
+#include "ui/controls/plate_chooser.h"
 #include "ui/frmGumik.h"
 #include "ui/frmSetup.h"
 #include "ui/frmSzerviz.h"
@@ -65,28 +68,35 @@ frmTarvik::frmTarvik(Context& context)
 frmTarvik::~frmTarvik() = default;
 
 // The filter may be opened later: the window has its width from the start. Where the display has room the
-// list is taller than it must be; where it is low, the results stand beside each other.
+// list is taller than it must be, as high as a chart over it wishes; where it is low, the results stand
+// beside each other.
 void frmTarvik::place() {
   keepWithinReach(*this);
   const QMargins sides = ui_->mainLayout->contentsMargins();
   const int around = sides.left() + sides.right();
   ui_->FrameSzürö->ensurePolished();
-  ui_->centralwidget->setMinimumWidth(ui_->FrameSzürö->minimumSizeHint().width() + around);
-  const QSize wanted(pixelsOfTwips(kWidthTwips, *this), sizeHint().height() + kWishedRows * rowHeight());
+  ui_->ListView1->setMinimumWidth(
+      std::max(ui_->ListView1->minimumWidth(), ui_->FrameSzürö->minimumSizeHint().width()));
+  const int forChart = findChild<ChartPanel*>()->sizeHint().height() - ui_->logbookArea->sizeHint().height();
+  const QSize wanted(pixelsOfTwips(kWidthTwips, *this),
+                     sizeHint().height() + std::max(kWishedRows * rowHeight(), forChart));
   const bool isLow = screen()->availableGeometry().height() < ui_->centralwidget->sizeHint().height();
-  openInTheMiddle(*this, isLow ? QSize(ui_->resultBand->wideWidth() + around, wanted.height()) : wanted);
+  const int wide = ui_->resultBand->wideWidth() + around + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  openInTheMiddle(*this, isLow ? QSize(wide, wanted.height()) : wanted);
 }
 
 void frmTarvik::setUpFields() {
-  for (QComboBox* field : {ui_->Combo1, ui_->txAlkatresz, ui_->txMegjegyzes}) field->setCompleter(nullptr);
+  for (QComboBox* field : {ui_->txAlkatresz, ui_->txMegjegyzes}) field->setCompleter(nullptr);
+  for (QDateEdit* day : {ui_->DTPicker1, ui_->DTPSzürö})
+    day->setDateRange(toQt(core::kFirstDay), toQt(core::kLastDay));
   for (QLineEdit* field : {ui_->txKmOra, ui_->txTankoltLiter, ui_->txTankoltKtg, ui_->txAlkatreszKtg})
     connect(field, &QLineEdit::textChanged, this, [this, field] { keepNumeric(field); });
   for (QLineEdit* field : {ui_->txTankoltLiter, ui_->txTankoltKtg})
     connect(field, &QLineEdit::textChanged, this, &frmTarvik::showPrice);
-  connect(ui_->txTankoltKtg, &QLineEdit::editingFinished, this, &frmTarvik::showPrice);
+  ui_->txTankoltKtg->installEventFilter(this);
   new NoteTypeAhead(ui_->txMegjegyzes, [this](const QString& typed, const QString& key) {
     std::optional<settings::CompletedNote> found;
-    guarded(this, [&] {
+    noteSearch_.run(this, [&] {
       const auto notes = settings::loadLookupTexts(context_.files, context_.folders, settings::kNotes);
       found = settings::completedNote(notes, toLogic(typed), toLogic(key));
     });
@@ -101,7 +111,7 @@ void frmTarvik::connectButtons() {
   onClick(this, ui_->cmd_lista, &frmTarvik::toggleFilter);
   onClick(this, ui_->cmdSzürés, &frmTarvik::applyFilter);
   onClick(this, ui_->cmd_figyel, &frmTarvik::openFigy);
-  connect(ui_->Combo1, &QComboBox::activated, ui_->cmd_lista, &QPushButton::click);
+  new PlateChooser(ui_->Combo1, [this] { ui_->cmd_lista->click(); });
   connect(ui_->cmdAlkatresz, &QPushButton::clicked, this, [this] {
     guarded(this, [this] { quickAdd(ui_->txAlkatresz, settings::kPartNames, QStringLiteral("alkatrész")); });
   });
@@ -118,6 +128,7 @@ void frmTarvik::setUpCharts() {
       ui_->logbookArea);
   ui_->areaLayout->addWidget(panel, 0, 0);
   panel->raise();
+  panel->installEventFilter(this);
   connect(ui_->cmdGrafikon, &QPushButton::clicked, this, [this, panel] {
     guarded(this, [&] { panel->toggle(*ui_->cmdGrafikon, frameGeometry().topLeft()); });
   });
@@ -139,7 +150,6 @@ void frmTarvik::load() {
   guarded(this, [this] { loadVehicles(); });
   guarded(this, [this] { loadStartSettings(); });
   guarded(this, [this] { beolvas(); }, {.failed = kListIncomplete});
-  ui_->ListView1->scrollToBottom();
 }
 
 void frmTarvik::loadLookups() {
@@ -166,6 +176,7 @@ void frmTarvik::fillPlates(const QStringList& plates) {
   ui_->Combo1->addItems(plates);
   ui_->Combo1->setCurrentIndex(-1);
   ui_->Combo1->setEditText(chosen);
+  showCues();
 }
 
 void frmTarvik::loadStartSettings() {
@@ -229,6 +240,8 @@ void frmTarvik::showEvent(QShowEvent* event) {
   QMainWindow::showEvent(event);
   if (wasShown_) return;
   wasShown_ = true;
+  // The newest entry is in view once the list has its size.
+  QTimer::singleShot(0, ui_->ListView1, &QTreeView::scrollToBottom);
   if (timer_->isActive()) timer_->start();  // the first check comes a full interval after this
 }
 

@@ -98,6 +98,10 @@ class frmTarvik : public QMainWindow {
   void showTotals();
   void showHint(QObject* field);
 
+  // The list's context menu (frmTarvik_exchange.cpp).
+  void setUpListMenu();
+  void importLog();
+
   // The keyboard (frmTarvik_keyboard.cpp).
   void setUpKeyboard();
   void onKey(const QKeySequence& keys, QWidget* within, void (frmTarvik::*handler)());
@@ -119,6 +123,8 @@ class frmTarvik : public QMainWindow {
   ListingModel* listing_;
   core::Totals totals_;
   QTimer* timer_;
+  ToldOnce kmCheck_;
+  ToldOnce noteSearch_;
   ListDelegate* delegate_ = nullptr;
   ListHint* emptyList_ = nullptr;
   ShownList shown_;

@@ -4,6 +4,7 @@
 
 #include "core/entry_editing.h"
 #include "ui/change.h"
+#include "ui/chart_panel.h"
 #include "ui/controls/list_delegate.h"
 #include "ui/controls/list_hint.h"
 #include "ui/frmTarvik.h"
@@ -18,7 +19,8 @@ namespace tarvik::ui {
 
 void frmTarvik::setUpList() {
   ui_->ListView1->setModel(listing_);
-  delegate_ = layOutList(*ui_->ListView1, {"9999.99.99.", "9999999", "999,99", "-9999", "X", "X", "X", "", ""});
+  delegate_ =
+      layOutList(*ui_->ListView1, {"9999.99.99.", "9999999", "999,99", "-9999", "X", "X", "X", "", ""});
   emptyList_ = new ListHint(*ui_->ListView1);
   connect(ui_->Combo1, &QComboBox::currentTextChanged, this, &frmTarvik::showCues);
   ui_->ListView1->onRowChosen(
@@ -32,6 +34,7 @@ void frmTarvik::setUpList() {
   for (QLineEdit* field :
        {ui_->tx_teljes_ktg, ui_->ob_ktg, ui_->txAlkatreszKoltseg, ui_->tx_liter, ui_->tx_megtett_km})
     field->installEventFilter(this);
+  setUpListMenu();
 }
 
 void frmTarvik::beolvas() {
@@ -59,22 +62,22 @@ void frmTarvik::showCues() {
   emptyList_->setText(emptyListText(shown_, ui_->Combo1->count() > 0));
 }
 
-// The newest entry is the last one; after a recording its row is tinted for a moment.
+// After a recording the new entry's row is tinted for a moment; a filter may keep it from the list.
 void frmTarvik::markNewest() {
-  const int last = listing_->rowCount() - 1;
-  if (last < 0) return;
+  const core::Listing& listing = listing_->listing();
+  const int last = listing.rows() - 1;
+  if (last < 0 || listing.number(last) != listing.logbook.count()) return;
   ui_->ListView1->scrollToBottom();
   delegate_->mark(listing_->index(last, listing_->columnCount() - 1).data().toString(), *ui_->ListView1);
 }
 
 void frmTarvik::showTotals() {
-  const core::TotalsTexts& texts = totals_.texts;
-  ui_->tx_teljes_ktg->setText(toQt(texts.teljesKtg));
-  ui_->ob_ktg->setText(toQt(texts.benzinKtg));
-  ui_->txAlkatreszKoltseg->setText(toQt(texts.alkatreszKoltseg));
-  ui_->tx_megtett_km->setText(toQt(texts.megtettKm));
-  ui_->tx_liter->setText(toQt(texts.liter));
-  ui_->tx_fogyaszt->setText(toQt(texts.fogyaszt));
+  ui_->tx_teljes_ktg->setText(toQt(totals_.teljesKtg));
+  ui_->ob_ktg->setText(toQt(totals_.benzinKtg));
+  ui_->txAlkatreszKoltseg->setText(toQt(totals_.alkatreszKoltseg));
+  ui_->tx_megtett_km->setText(toQt(totals_.megtettKm));
+  ui_->tx_liter->setText(toQt(totals_.liter));
+  ui_->tx_fogyaszt->setText(toQt(totals_.fogyaszt));
 }
 
 void frmTarvik::toggleFilter() {
@@ -107,6 +110,14 @@ bool frmTarvik::changeLogbook(const QString& done, const std::function<void()>& 
 
 bool frmTarvik::eventFilter(QObject* watched, QEvent* event) {
   if (takesLetterOfChart(watched, event)) return true;
+  if (watched == ui_->txTankoltKtg) {
+    if (event->type() == QEvent::FocusOut) showPrice();
+    return false;
+  }
+  // Nobody reaches a list that a chart covers, with the keyboard or an assistive tool either.
+  if (watched == ui_->logbookArea->findChild<ChartPanel*>() &&
+      (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent))
+    ui_->ListView1->setVisible(event->type() == QEvent::HideToParent);
   if (event->type() == QEvent::Enter || event->type() == QEvent::MouseMove ||
       event->type() == QEvent::ToolTip)
     guarded(this, [&] { showHint(watched); });

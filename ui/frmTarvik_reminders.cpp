@@ -1,10 +1,15 @@
 #include <QApplication>
+#include <QSignalBlocker>
 
 #include "reminders/date_reminders.h"
 #include "reminders/km_alert.h"
 #include "settings/start_settings.h"
 #include "ui/figy.h"
 #include "ui/frmDatumFigyelmeztetes.h"
+#include "ui/frmGumik.h"
+#include "ui/frmMelyGrafikon.h"
+#include "ui/frmSetup.h"
+#include "ui/frmSzerviz.h"
 #include "ui/frmTarvik.h"
 #include "ui/guarded.h"
 #include "ui/riaszt.h"
@@ -18,6 +23,15 @@ namespace {
 
 constexpr int kCheckIntervalMilliseconds = 5'000;
 
+// Whether the alert may come over what is open: a screen is no reason to wait, a question, an error or a file
+// dialog is.
+bool mayBeCovered(QWidget* modal) {
+  if (modal == nullptr) return true;
+  return qobject_cast<frmSetup*>(modal) != nullptr || qobject_cast<frmGumik*>(modal) != nullptr ||
+         qobject_cast<frmSzerviz*>(modal) != nullptr || qobject_cast<frmMelyGrafikon*>(modal) != nullptr ||
+         qobject_cast<frmDatumFigyelmeztetes*>(modal) != nullptr;
+}
+
 }  // namespace
 
 void frmTarvik::setUpReminders() {
@@ -25,12 +39,19 @@ void frmTarvik::setUpReminders() {
   timer_->setInterval(kCheckIntervalMilliseconds);
   timer_->start();
   connect(timer_, &QTimer::timeout, this, [this] { guarded(this, [this] { checkKm(); }); });
-  connect(ui_->Check1, &QCheckBox::toggled, this,
-          [this](bool on) { guarded(this, [&] { switchReminders(on); }); });
+  connect(ui_->Check1, &QCheckBox::toggled, this, &frmTarvik::switchReminders);
 }
 
+// The mark, the caption, the timer and the shared state agree: what cannot be saved is not switched.
 void frmTarvik::switchReminders(bool on) {
-  settings::saveReminderFlag(context_.files, context_.folders, core::toFlag(on));
+  const bool isSaved =
+      guarded(this, [&] { settings::saveReminderFlag(context_.files, context_.folders, core::toFlag(on)); },
+              {.unsure = QStringLiteral("A kapcsoló úgy maradt, ahogy volt.")});
+  if (!isSaved) {
+    const QSignalBlocker own(ui_->Check1);
+    ui_->Check1->setChecked(!on);
+    return;
+  }
   context_.state.reminderState = on ? 1 : 0;
   ui_->Check1->setText(on ? QStringLiteral("  Bekapcsolva  ") : QStringLiteral("  Kikapcsolva  "));
   on ? timer_->start() : timer_->stop();
@@ -43,21 +64,23 @@ void frmTarvik::checkDates() {
   frmDatumFigyelmeztetes(context_, this).exec();
 }
 
-// The timer rests while the check and its alert last. While any other question or screen is open the check
-// waits for the next tick: an alert never lies over it.
+// The timer rests while the check and its alert last; a check that fails is told once and goes on. While a
+// question is open the check waits for the next tick.
 void frmTarvik::checkKm() {
   if (!ui_->Check1->isChecked()) {
     timer_->stop();
     return;
   }
-  if (QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr) return;
+  QWidget* modal = QApplication::activeModalWidget();
+  if (!mayBeCovered(modal) || QApplication::activePopupWidget() != nullptr) return;
   timer_->stop();
-  const reminders::KmCheck found = reminders::checkKm(context_.files, context_.folders, platePath());
-  if (!found.hasEntries) return;
+  reminders::KmCheck found;
+  kmCheck_.run(this, [&] { found = reminders::checkKm(context_.files, context_.folders, platePath()); });
+  if (found.hasLogbook && !found.hasEntries) return;
   if (found.firstPassed) {
     context_.state.selectedReminder = static_cast<std::int16_t>(*found.firstPassed);
     context_.state.currentReading = found.reading;
-    riaszt(context_, plate(), this).exec();
+    riaszt(context_, plate(), modal != nullptr ? modal : this).exec();
   }
   timer_->start();
 }

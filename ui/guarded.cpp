@@ -121,6 +121,10 @@ QString systemWords(int error) {
   return words.value(error, QStringLiteral("%1. számú rendszerhiba").arg(error));
 }
 
+bool isBlankPlate(const core::Failure& failure) {
+  return failure.kind() == FailureKind::PlateUnusable && isBlank(toQt(failure.file()));
+}
+
 QString subject(const core::Failure& failure) {
   if (!failure.file().empty()) return toQt(failure.file());
   return failure.field().empty() ? QStringLiteral("a számítás eredménye") : fieldName(failure.field());
@@ -129,7 +133,8 @@ QString subject(const core::Failure& failure) {
 }  // namespace
 
 QString failureText(const core::Failure& failure, const Consequence& consequence) {
-  QString text = headline(failure.kind()).arg(subject(failure));
+  QString text = isBlankPlate(failure) ? QStringLiteral("Nincs kitöltve a mező: Rendszám")
+                                       : headline(failure.kind()).arg(subject(failure));
   if (failure.systemError() != 0) text += QStringLiteral("\n(%1)").arg(systemWords(failure.systemError()));
   if (failure.kind() == FailureKind::RecordChanged)
     return text + QStringLiteral("\n\nA művelet elmaradt. Nézd meg a listát, és válaszd ki újra a tételt!");
@@ -156,6 +161,14 @@ void tell(QWidget* parent, const QString& failure) {
 bool guarded(QWidget* parent, const std::function<void()>& action, const Consequence& consequence) {
   const Attempt made = attempted(action, consequence);
   if (!made.isDone()) tell(parent, made.text);
+  return made.isDone();
+}
+
+bool ToldOnce::run(QWidget* parent, const std::function<void()>& action) {
+  const Attempt made = attempted(action);
+  const bool isNews = !made.isDone() && made.text != told_;
+  told_ = made.text;
+  if (isNews) tell(parent, made.text);
   return made.isDone();
 }
 

@@ -48,6 +48,16 @@ void tell(QWidget* parent, const QString& failure);
 /// it went through.
 bool guarded(QWidget* parent, const std::function<void()>& action, const Consequence& consequence = {});
 
+/// An action that comes again and again, as a timer's or a key's does.
+class ToldOnce {
+ public:
+  /// As guarded; but a failure that was told is not told again until the action has gone through.
+  bool run(QWidget* parent, const std::function<void()>& action);
+
+ private:
+  QString told_;
+};
+
 /// Runs a part of an action that never complains: a failure in it ends that part alone and is not told.
 /// True when it went through.
 bool quietly(const std::function<void()>& part);

@@ -1,17 +1,16 @@
 #include "ui/list_printer.h"
 
-#include <QFileDialog>
 #include <QInputDialog>
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QProgressDialog>
-#include <QStandardPaths>
 #include <functional>
 #include <optional>
 #include <utility>
 
 #include "core/failure.h"
 #include "core/record_file.h"
+#include "ui/file_chooser.h"
 #include "ui/message_boxes.h"
 #include "ui/output_file.h"
 #include "ui/page_painter.h"
@@ -35,18 +34,10 @@ std::optional<QString> askHeading(QWidget* parent) {
   return accepted ? std::optional(heading) : std::nullopt;
 }
 
-// The PDF file to write, empty when the person gave up. The dialog is the toolkit's own: it asks itself
-// before a file is replaced, in the program's language.
 QString askPdfPath(const QString& name, QWidget* parent) {
-  QFileDialog dialog(parent, QStringLiteral("Mentés PDF-fájlba"),
-                     QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation),
-                     QStringLiteral("PDF-fájl (*.pdf)"));
-  dialog.setOption(QFileDialog::DontUseNativeDialog);
-  dialog.setViewMode(QFileDialog::List);  // the other view has words that the translation lacks
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setDefaultSuffix(QStringLiteral("pdf"));
-  dialog.selectFile(name);
-  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+  return askFileToWrite(
+      {QStringLiteral("Mentés PDF-fájlba"), QStringLiteral("PDF-fájl (*.pdf)"), QStringLiteral("pdf")}, name,
+      parent);
 }
 
 QString pdfName(const QString& plate, core::Day today) {

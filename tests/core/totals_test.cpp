@@ -42,7 +42,7 @@ NapiAdat costing(std::int32_t fuel, std::int32_t part, std::int32_t note) {
   return entry;
 }
 
-TotalsTexts earlierTexts() {
+Totals earlierTexts() {
   return {.teljesKtg = "1 Ft.",
           .benzinKtg = "2 Ft.",
           .alkatreszKoltseg = "3 Ft.",
@@ -55,36 +55,36 @@ TotalsTexts earlierTexts() {
 
 TEST(Totals, AddUpTheListedRows) {
   const Totals totals = totalsOf(twoFuellings());
-  EXPECT_EQ(totals.texts.teljesKtg, "28 200 Ft.");
-  EXPECT_EQ(totals.texts.benzinKtg, "28 200 Ft.");
-  EXPECT_EQ(totals.texts.alkatreszKoltseg, " Ft.");
-  EXPECT_EQ(totals.texts.megtettKm, "400 Km.");
-  EXPECT_EQ(totals.texts.liter, "70,5 Liter");
+  EXPECT_EQ(totals.teljesKtg, "28 200 Ft.");
+  EXPECT_EQ(totals.benzinKtg, "28 200 Ft.");
+  EXPECT_EQ(totals.alkatreszKoltseg, " Ft.");
+  EXPECT_EQ(totals.megtettKm, "400 Km.");
+  EXPECT_EQ(totals.liter, "70,5 Liter");
 }
 
 TEST(Totals, FractionOfTheFirstRowsLitresIsDroppedFromTheAverage) {
-  EXPECT_EQ(totalsOf(twoFuellings()).texts.fogyaszt, "7,63 Liter/100Km");  // (70.5 - 40) / 400 × 100 = 7.625
+  EXPECT_EQ(totalsOf(twoFuellings()).fogyaszt, "7,63 Liter/100Km");  // (70.5 - 40) / 400 × 100 = 7.625
 }
 
 TEST(Totals, LitresBelowOneInTheFirstRowAreNotTakenOff) {
   const Totals totals =
       totalsOf({fuelling({2013, 7, 1}, 10'000, 9'900, true), fuelling({2013, 7, 2}, 10'100, 70'100, true)});
-  EXPECT_EQ(totals.texts.liter, "8, Liter");
-  EXPECT_EQ(totals.texts.fogyaszt, "8, Liter/100Km");
+  EXPECT_EQ(totals.liter, "8, Liter");
+  EXPECT_EQ(totals.fogyaszt, "8, Liter/100Km");
 }
 
 TEST(Totals, CostOf1234567IsGroupedInThrees) {
   const Totals totals = totalsOf({costing(1'000'000, 234'000, 560), costing(0, 0, 7)});
-  EXPECT_EQ(totals.texts.teljesKtg, "1 234 567 Ft.");
-  EXPECT_EQ(totals.texts.benzinKtg, "1 000 000 Ft.");
-  EXPECT_EQ(totals.texts.alkatreszKoltseg, "234 567 Ft.");
+  EXPECT_EQ(totals.teljesKtg, "1 234 567 Ft.");
+  EXPECT_EQ(totals.benzinKtg, "1 000 000 Ft.");
+  EXPECT_EQ(totals.alkatreszKoltseg, "234 567 Ft.");
 }
 
 TEST(Totals, NegativeCostsKeepTheirSign) {
   const Totals totals = totalsOf({costing(1'000, -3'500, 0)});
-  EXPECT_EQ(totals.texts.teljesKtg, "-2 500 Ft.");
-  EXPECT_EQ(totals.texts.benzinKtg, "1 000 Ft.");
-  EXPECT_EQ(totals.texts.alkatreszKoltseg, "-3 500 Ft.");
+  EXPECT_EQ(totals.teljesKtg, "-2 500 Ft.");
+  EXPECT_EQ(totals.benzinKtg, "1 000 Ft.");
+  EXPECT_EQ(totals.alkatreszKoltseg, "-3 500 Ft.");
 }
 
 TEST(Totals, CountTheRowsOfTheFilterAlone) {
@@ -92,81 +92,72 @@ TEST(Totals, CountTheRowsOfTheFilterAlone) {
   entries.insert(entries.begin(), fuelling({2012, 1, 1}, 1'000, 990'000, true));
   Totals totals;
   updateTotals(listingOf(entries, {kYearList, dayOf({2013, 1, 1})}), totals);
-  EXPECT_EQ(totals.texts.megtettKm, "400 Km.");
-  EXPECT_EQ(totals.texts.fogyaszt, "7,63 Liter/100Km");
+  EXPECT_EQ(totals.megtettKm, "400 Km.");
+  EXPECT_EQ(totals.fogyaszt, "7,63 Liter/100Km");
 }
 
 TEST(Totals, FallingReadingsGiveANegativeDistance) {
   Entries entries = twoFuellings();
   entries[1].KmOra = 9'600;
   const Totals totals = totalsOf(entries);
-  EXPECT_EQ(totals.texts.megtettKm, "-400 Km.");
-  EXPECT_EQ(totals.texts.fogyaszt, "-7,63 Liter/100Km");
-}
-
-TEST(Totals, FuelCostOfAKmIsKeptForTheStatistics) {
-  const Totals totals = totalsOf(twoFuellings());
-  EXPECT_TRUE(totals.available);
-  EXPECT_EQ(totals.fuelCostPerKm, Ratio(705, 10));  // 28,200 / 400
+  EXPECT_EQ(totals.megtettKm, "-400 Km.");
+  EXPECT_EQ(totals.fogyaszt, "-7,63 Liter/100Km");
 }
 
 // What stays.
 
 TEST(Totals, OneRowShowsItsLitresAndKeepsTheConsumption) {
-  Totals totals{.texts = earlierTexts(), .available = true, .fuelCostPerKm = 70};
+  Totals totals = earlierTexts();
   updateTotals(listingOf({fuelling({2013, 7, 1}, 10'000, 405'000, true)}), totals);
-  EXPECT_EQ(totals.texts.megtettKm, " Km.");
-  EXPECT_EQ(totals.texts.liter, "40,5 Liter");
-  EXPECT_EQ(totals.texts.fogyaszt, "6, Liter/100Km");
-  EXPECT_FALSE(totals.available);
+  EXPECT_EQ(totals.megtettKm, " Km.");
+  EXPECT_EQ(totals.liter, "40,5 Liter");
+  EXPECT_EQ(totals.fogyaszt, "6, Liter/100Km");
 }
 
 TEST(Totals, DistanceOfZeroKeepsTheConsumption) {
   Entries entries = twoFuellings();
   entries[1].KmOra = entries[0].KmOra;
-  Totals totals{.texts = earlierTexts()};
+  Totals totals = earlierTexts();
   updateTotals(listingOf(entries), totals);
-  EXPECT_EQ(totals.texts.fogyaszt, "6, Liter/100Km");
-  EXPECT_FALSE(totals.available);
+  EXPECT_EQ(totals.fogyaszt, "6, Liter/100Km");
 }
 
 TEST(Totals, EmptyListingKeepsTheCostsAndClearsTheRest) {
-  Totals totals{.texts = earlierTexts()};
+  Totals totals = earlierTexts();
   updateTotals(listingOf({}), totals);
-  EXPECT_EQ(totals.texts.teljesKtg, "1 Ft.");
-  EXPECT_EQ(totals.texts.benzinKtg, "2 Ft.");
-  EXPECT_EQ(totals.texts.alkatreszKoltseg, "3 Ft.");
-  EXPECT_EQ(totals.texts.megtettKm, "");
-  EXPECT_EQ(totals.texts.liter, "");
-  EXPECT_EQ(totals.texts.fogyaszt, "");
+  EXPECT_EQ(totals.teljesKtg, "1 Ft.");
+  EXPECT_EQ(totals.benzinKtg, "2 Ft.");
+  EXPECT_EQ(totals.alkatreszKoltseg, "3 Ft.");
+  EXPECT_EQ(totals.megtettKm, "");
+  EXPECT_EQ(totals.liter, "");
+  EXPECT_EQ(totals.fogyaszt, "");
 }
 
 // Sums that leave their type.
 
 TEST(Totals, SumPast32BitsFailsAndTheTextsOfTheRowsBeforeStand) {
-  Totals totals{.texts = earlierTexts()};
+  Totals totals = earlierTexts();
   const Listing listing =
       listingOf({costing(2'000'000'000, 5, 0), costing(147'483'643, 0, 0), costing(1, 0, 0)});
   expectFieldFailure(FailureKind::OutOfRange, "tx_teljes_ktg", [&] { updateTotals(listing, totals); });
   // After the second row the sum had not left its type: 2,147,483,648 is the first that does.
-  EXPECT_EQ(totals.texts.teljesKtg, "2000 000 005 Ft.");
-  EXPECT_EQ(totals.texts.benzinKtg, "2000 000 000 Ft.");
-  EXPECT_EQ(totals.texts.alkatreszKoltseg, "5 Ft.");
-  EXPECT_EQ(totals.texts.megtettKm, "4 Km.");
-  EXPECT_FALSE(totals.available);
+  EXPECT_EQ(totals.teljesKtg, "2000 000 005 Ft.");
+  EXPECT_EQ(totals.benzinKtg, "2000 000 000 Ft.");
+  EXPECT_EQ(totals.alkatreszKoltseg, "5 Ft.");
+  EXPECT_EQ(totals.megtettKm, "4 Km.");
 }
 
 TEST(Totals, SumOfExactlyTheHighestFigureStands) {
-  EXPECT_EQ(totalsOf({costing(2'000'000'000, 5, 0), costing(147'483'642, 0, 0)}).texts.teljesKtg,
+  EXPECT_EQ(totalsOf({costing(2'000'000'000, 5, 0), costing(147'483'642, 0, 0)}).teljesKtg,
             "2147 483 647 Ft.");
 }
 
 TEST(Totals, FirstRowThatDoesNotFitLeavesTheEarlierTexts) {
-  Totals totals{.texts = earlierTexts()};
+  Totals totals = earlierTexts();
   const Listing listing = listingOf({costing(2'000'000'000, 2'000'000'000, 0)});
   expectFieldFailure(FailureKind::OutOfRange, "tx_teljes_ktg", [&] { updateTotals(listing, totals); });
-  EXPECT_EQ(totals.texts.teljesKtg, "1 Ft.");
-  EXPECT_EQ(totals.texts.fogyaszt, "6, Liter/100Km");
+  EXPECT_EQ(totals.teljesKtg, "1 Ft.");
+  EXPECT_EQ(totals.fogyaszt, "6, Liter/100Km");
 }
 
 TEST(Totals, FuelCostPast32BitsFailsThoughTheWholeFits) {
@@ -182,7 +173,7 @@ TEST(Totals, LitresPast64BitsFail) {
   expectFieldFailure(FailureKind::OutOfRange, "tx_liter", [&] {
     updateTotals(listingOf({lots, lots}), totals);
   });
-  EXPECT_EQ(totals.texts.teljesKtg, " Ft.");
+  EXPECT_EQ(totals.teljesKtg, " Ft.");
 }
 
 TEST(Totals, DistancePast32BitsFailsAfterTheCostsAreShown) {
@@ -190,11 +181,11 @@ TEST(Totals, DistancePast32BitsFailsAfterTheCostsAreShown) {
   Entries entries = twoFuellings();
   entries[0].KmOra = Limits::min();
   entries[1].KmOra = Limits::max();
-  Totals totals{.texts = earlierTexts()};
+  Totals totals = earlierTexts();
   expectFieldFailure(FailureKind::OutOfRange, "tx_megtett_km",
                      [&] { updateTotals(listingOf(entries), totals); });
-  EXPECT_EQ(totals.texts.teljesKtg, "28 200 Ft.");
-  EXPECT_EQ(totals.texts.megtettKm, "4 Km.");
+  EXPECT_EQ(totals.teljesKtg, "28 200 Ft.");
+  EXPECT_EQ(totals.megtettKm, "4 Km.");
 }
 
 TEST(Totals, RandomBytesAreSummedOrRefused) {

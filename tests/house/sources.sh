@@ -54,7 +54,7 @@ wrong_system_headers() {
 # view and never back, nothing else of the screens but the message boxes, and nothing of the logic. A screen knows
 # the view and the content. The library behind it is known to no other file.
 chart=ui/chart
-chart_order=("content" "scale|thinning" "shapes|solid_shapes" "style" "axis_labels|plottables" "canvas"
+chart_order=("content" "scale|thinning" "words" "shapes|solid_shapes" "style" "axis_labels|plottables" "canvas"
   "view|accessible|picture")
 
 # What breaks the order inside the chart.

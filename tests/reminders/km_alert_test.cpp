@@ -79,22 +79,22 @@ TEST_F(KmCheckTest, FindsTheFirstPassedReminderOfTheVehicle) {
   store({kmReminder(1, 1, "Másé", "DEF-456"), kmReminder(10000, 5000, "Olaj", "ABC-123"),
          deletedKmReminder("ABC-123"), kmReminder(10000, 5001, "Fék", "ABC-123"),
          kmReminder(1, 1, "Szűrő", "ABC-123")});
-  EXPECT_EQ(check(" ABC-123 "), (KmCheck{true, 15001, 2}));
+  EXPECT_EQ(check(" ABC-123 "), (KmCheck{true, true, 15001, 2}));
 }
 
 TEST_F(KmCheckTest, FindsNothingAtTheDueReading) {
   storeLogbook({entry(15000, 2)});
   store({kmReminder(10000, 5000, "Olaj", "ABC-123"), kmReminder(1, 1, "Másé", "DEF-456")});
-  EXPECT_EQ(check("ABC-123"), (KmCheck{true, 15000, std::nullopt}));
+  EXPECT_EQ(check("ABC-123"), (KmCheck{true, true, 15000, std::nullopt}));
 }
 
 TEST_F(KmCheckTest, OfAnEmptyLogbookLooksAtNoReminder) {
   storeLogbook({});
-  EXPECT_EQ(check("ABC-123"), KmCheck{});
+  EXPECT_EQ(check("ABC-123"), KmCheck{.hasLogbook = true});
   EXPECT_TRUE(current_.names().empty());
 }
 
-TEST_F(KmCheckTest, TakesAMissingFolderAndAnUnusablePlateForAnEmptyLogbook) {
+TEST_F(KmCheckTest, TakesAMissingFolderAndAnUnusablePlateForNoLogbook) {
   EXPECT_EQ(check("XYZ-999"), KmCheck{});
   EXPECT_EQ(check(""), KmCheck{});
   EXPECT_EQ(check("../ABC"), KmCheck{});
@@ -103,7 +103,7 @@ TEST_F(KmCheckTest, TakesAMissingFolderAndAnUnusablePlateForAnEmptyLogbook) {
 
 TEST_F(KmCheckTest, CreatesMissingRemindersEmpty) {
   storeLogbook({entry(15000, 2)});
-  EXPECT_EQ(check("ABC-123"), (KmCheck{true, 15000, std::nullopt}));
+  EXPECT_EQ(check("ABC-123"), (KmCheck{true, true, 15000, std::nullopt}));
   EXPECT_EQ(current_.read("figyel.dat"), "");
 }
 
@@ -122,7 +122,7 @@ TEST_F(KmCheckTest, OfTheLargestLogbookAndAThousandRemindersReadsTwoFilesOnce) {
   check("ABC-123");
   files_.opened.clear();
   files_.reads = 0;
-  EXPECT_EQ(check("ABC-123"), (KmCheck{true, 0x01010101, std::nullopt}));
+  EXPECT_EQ(check("ABC-123"), (KmCheck{true, true, 0x01010101, std::nullopt}));
   EXPECT_EQ(files_.reads, 2);
   const std::set<std::string> expected{program_ / "ABC-123/napiadat.dat", current_ / "figyel.dat"};
   EXPECT_EQ(files_.opened, expected);

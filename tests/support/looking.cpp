@@ -58,13 +58,13 @@ core::RecordList<R> recordsIn(const std::string& file) {
 void lookAtFigures(const core::Listing& listing) {
   core::Totals totals;
   attempt([&] { core::updateTotals(listing, totals); });
-  core::costPerDay(listing, totals.texts.teljesKtg);
-  core::litresPerDay(listing, totals.texts.liter);
-  core::kmPerDay(listing, totals.texts.megtettKm);
+  core::costPerDay(listing, totals.teljesKtg);
+  core::litresPerDay(listing, totals.liter);
+  core::kmPerDay(listing, totals.megtettKm);
   const int count = listing.logbook.count();
   for (const int selected : {0, 1, 2, count / 2, count - 1, count})
     for (const std::int16_t tank : std::initializer_list<std::int16_t>{0, 45, -1})
-      core::statisticsOf(listing.logbook, {selected, tank, totals.texts.fogyaszt, kToday});
+      core::statisticsOf(listing.logbook, {selected, tank, totals.fogyaszt, kToday});
   for (const int number : {1, 2, count}) core::toInput(listing.logbook.record(number));
   reminders::currentReading(listing.logbook);
   reminders::lastWithReading(listing.logbook);

@@ -9,8 +9,8 @@ class BreakableFiles final : public InterceptedFileSystem {
  public:
   using InterceptedFileSystem::InterceptedFileSystem;
 
-  bool cannotSync = false;            ///< no save is confirmed
-  bool cannotOpen = false;            ///< no file can be opened
+  bool cannotSync = false;             ///< no save is confirmed
+  bool cannotOpen = false;             ///< no file can be opened
   bool cannotOpenAfterChange = false;  ///< once a file was changed and closed no file can be opened
 
   int open(const std::string& path, core::OpenMode mode) override {

@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <limits>
 
+#include "charts/captions.h"
 #include "core/machine_file_system.h"
 #include "tests/charts/entries.h"
 #include "tests/support/fixed_clock.h"
@@ -22,6 +23,7 @@
 #include "tests/ui/next_dialog.h"
 #include "ui/chart/chart_view.h"
 #include "ui/frmMelyGrafikon.h"
+#include "ui/text.h"
 
 namespace tarvik::ui {
 
@@ -168,6 +170,7 @@ class ChartPanelTest : public QObject {
     QCOMPARE(screen.chart()->titleText(), title);
     QCOMPARE(screen.chart()->rowLabels().first(), label);
     QCOMPARE(firstValue(screen), value);
+    QCOMPARE(screen.chart()->unitText(), toQt(charts::chartUnit(choice)));
   }
 
   void hidesTheScrollControlsForChart3AndShowsThemForChart1() {
@@ -283,6 +286,32 @@ class ChartPanelTest : public QObject {
     QCOMPARE(screen.chart()->rowLabels().first(), "1");
     QCOMPARE(screen.chart()->rowLabels().last(), "100");
     QCOMPARE(firstValue(screen), "0");
+  }
+
+  void theCountTheLimitAndTheTitleOutliveHidingAndShowing() {
+    write(numbered(60));
+    Screen screen(context_);
+    screen.choose(1);
+    test::typeInto(*screen.count(), "20");
+    test::press(*screen.limit());
+    screen.button.click();
+    QCOMPARE(screen.chart()->titleText(), "Pillanatnyi fogyasztások");
+    QCOMPARE(screen.count()->text(), "20");
+    screen.choose(1);
+    QCOMPARE(screen.count()->text(), "20");
+    QVERIFY(screen.limit()->isChecked());
+    QCOMPARE(screen.chart()->titleText(), "Pillanatnyi fogyasztások");
+  }
+
+  void anEmptyLogbookLeavesTheGridAsItWas() {
+    write(numbered(7));
+    Screen screen(context_);
+    screen.choose(2);
+    screen.button.click();
+    write({});
+    screen.choose(0);
+    QCOMPARE(screen.chart()->rowLabels(), (QStringList{"1", "2", "3", "4", "5", "6", "7"}));
+    QCOMPARE(screen.chart()->titleText(), "Üzemanyag árak");
   }
 
   void numbersNoMoreRowsThanRecords() {

@@ -332,6 +332,48 @@ class FigyTest : public QObject {
     QVERIFY(figy.button("cmd_del")->isEnabled());
   }
 
+  void eachListHighlightsTheRowThatItsButtonWouldDelete() {
+    test::ReminderDesk desk;
+    desk.storeKm(
+        {kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A"), kmReminder(5, 6, "Szűrő", "A")});
+    desk.storeDates({dateReminder(1, "Adó", "A"), dateReminder(2, "Műszaki", "A")});
+    desk.context.state.selectedReminder = 1;
+    const Figy figy(desk);
+    const auto highlighted = [&] {
+      return QStringList{figy.kmList().highlightedRecord(), figy.dateList().highlightedRecord()};
+    };
+    QCOMPARE(highlighted(), (QStringList{"", ""}));  // no button is enabled yet
+    clickRow(figy.kmList(), 0);
+    QCOMPARE(highlighted(), (QStringList{"1", ""}));
+    figy.openTab(1);
+    clickRow(figy.dateList(), 1);
+    QCOMPARE(highlighted(), (QStringList{"2", "2"}));
+    figy.openTab(0);
+    clickRow(figy.kmList(), 2);
+    QCOMPARE(highlighted(), (QStringList{"3", ""}));
+    figy.enterKm("1", "2", "Akku");
+    figy.pressAndAnswer("cmd_rogzit", QMessageBox::Yes);
+    QCOMPARE(highlighted(), (QStringList{"3", ""}));
+    figy.pressAndAnswer("cmd_del", QMessageBox::Yes);
+    QCOMPARE(highlighted(), (QStringList{"", ""}));
+    QCOMPARE(desk.context.state.selectedReminder, 0);
+  }
+
+  void deletingARowThatIsGoneLeavesTheFields() {
+    test::ReminderDesk desk;
+    desk.storeKm({kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A")});
+    const Figy figy(desk);
+    clickRow(figy.kmList(), 1);
+    desk.storeKm({kmReminder(1, 2, "Olaj", "A")});
+    test::BoxScript boxes({QMessageBox::Yes});
+    figy.press("cmd_del");
+    QCOMPARE(boxes.seen.size(), 2);
+    QVERIFY(boxes.seen[1].text.endsWith("Semmi sem változott."));
+    QCOMPARE(figy.field("tx_szoveg")->text(), shownText("Fék"));
+    QCOMPARE(rowsOf(figy.kmList()).size(), 1);
+    QCOMPARE(figy.kmList().highlightedRecord(), QString());
+  }
+
   void aColumnClickSortsNowAndAfterEveryFill() {
     test::ReminderDesk desk;
     desk.storeKm({kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "B")});

@@ -1,5 +1,6 @@
 #include "ui/frmDatumFigyelmeztetes.h"
 
+#include <QHeaderView>
 #include <QLabel>
 #include <QScreen>
 
@@ -71,6 +72,17 @@ class FrmDatumFigyelmeztetesTest : public QObject {
     QCOMPARE(model->headerData(2, Qt::Horizontal).toString(), QStringLiteral("Rendszám"));
     QCOMPARE(part<QLabel>(alert.screen, "lbBeirva")->toolTip(),
              QStringLiteral("Ekkor lett felvéve a figyelmeztetés"));
+  }
+
+  void aClickOnAHeaderSortsNothing() {
+    DueDesk desk;
+    const Alert alert(desk);
+    const QStringList before = rowsOf(alert.list());
+    const QHeaderView* header = alert.list().header();
+    for (int column = 0; column < 3; ++column)
+      QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                        QPoint(header->sectionViewportPosition(column) + 5, header->height() / 2));
+    QCOMPARE(rowsOf(alert.list()), before);
   }
 
   void nothingDueIsAnEmptyListWithoutPlaceholder() {

@@ -426,6 +426,59 @@ class frmGumikTest : public QObject {
     QVERIFY(tyres.stored(1) == setOf("ABC-123", "a"));
   }
 
+  void anOpenChangeOutlivesADeletionAndIsWrittenIntoTheNextSet() {
+    Tyres tyres;
+    tyres.store({setOf("ABC-123", "a"), setOf("ABC-123", "b")});
+    tyres.open();
+    tyres.clickRow(0);
+    tyres.press("cmdGumiModositKeret");
+    tyres.press("cmdGumiDel");
+    QVERIFY(tyres.isChangeOpen());
+    QVERIFY(tyres.isEnabled("cmdGumiModositKeret"));
+    tyres.type("txtMtipus", "c");
+    tyres.press("cmdGumiModosit");
+    QVERIFY(!tyres.isChangeOpen());
+    QCOMPARE(tyres.types(), QStringList{"c"});
+    QVERIFY(tyres.stored(1) == setOf("ABC-123", "c"));
+  }
+
+  void fittingAndRemovingLeaveTheirButtonsAsTheClickSetThem() {
+    Tyres tyres;
+    tyres.store({setOf("ABC-123", "a")});
+    tyres.open();
+    tyres.clickRow(0);
+    tyres.press("cmdGumiFel");
+    QVERIFY(tyres.isEnabled("cmdGumiFel") && !tyres.isEnabled("cmdGumiLe"));
+    tyres.clickRow(0);
+    QVERIFY(!tyres.isEnabled("cmdGumiFel") && tyres.isEnabled("cmdGumiLe"));
+    tyres.press("cmdGumiLe");
+    QVERIFY(!tyres.isEnabled("cmdGumiFel") && tyres.isEnabled("cmdGumiLe"));
+  }
+
+  void aSetThatIsGoneIsNotChosen() {
+    Tyres tyres;
+    tyres.store({setOf("ABC-123", "a"), setOf("ABC-123", "b")});
+    tyres.open();
+    tyres.clickRow(0);
+    tyres.store({setOf("ABC-123", "a")});
+    test::BoxScript boxes;
+    tyres.clickRow(1);
+    QCOMPARE(boxes.seen.size(), 1);
+    QCOMPARE(tyres.list()->highlightedRecord(), "1");
+    QCOMPARE(tyres.text("txtMtipus"), "a");
+    tyres.press("cmdGumiFel");
+    QVERIFY(tyres.stored(1) == setOf("ABC-123", "a", tyres::kWinter, true));
+  }
+
+  void typingAPlateListsNothingByItself() {
+    Tyres tyres;
+    tyres.store({setOf("ABC-123", "a"), setOf("DEF-456", "b")});
+    tyres.open();
+    test::typeInto(*part<QComboBox>(*tyres.screen, "cmbRendszam"), "DEF-456");
+    part<QLineEdit>(*tyres.screen, "txtGumiTipusa")->setFocus();
+    QCOMPARE(tyres.types(), QStringList{"a"});
+  }
+
   void afterDeletingTheLastSetFittingTellsThatItIsGone() {
     Tyres tyres;
     tyres.store({setOf("ABC-123", "a")});

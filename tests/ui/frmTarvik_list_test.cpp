@@ -1,5 +1,7 @@
 #include <QAbstractItemModelTester>
+#include <QAccessible>
 #include <QCloseEvent>
+#include <filesystem>
 
 #include "tests/ui/main_screen.h"
 
@@ -146,6 +148,88 @@ class FrmTarvikListTest : public QObject {
     QCOMPARE(main.cell(0, 1), QString("77"));
   }
 
+  void leavingThePlateChoosesNothing_data() {
+    QTest::addColumn<bool>("enters");
+    QTest::newRow("another field") << false;
+    QTest::newRow("enter") << true;
+  }
+  void leavingThePlateChoosesNothing() {
+    QFETCH(bool, enters);
+    MainScreen main;
+    main.folder.write("rendsz.dat", padded("ABCD-123", 8) + std::string("\x2D\0", 2));
+    main.open();
+    main.type("Combo1", "ABCD-123");
+    if (enters) QTest::keyClick(main.combo("Combo1"), Qt::Key_Return);
+    main.edit("txKmOra")->setFocus();
+    QVERIFY(main.find<QWidget>("FrameSzürö")->isHidden());
+    main.press("cmd_lista");
+    main.combo("Combo1")->setFocus();
+    main.edit("txKmOra")->setFocus();
+    QVERIFY(!main.find<QWidget>("FrameSzürö")->isHidden());
+  }
+
+  void aRowOfAPlateWithoutALogbookIsNotChosen_data() {
+    QTest::addColumn<QString>("plate");
+    QTest::addColumn<QString>("said");
+    QTest::newRow("no folder") << "XYZ789"
+                               << "Nincs meg a mappa";
+    QTest::newRow("blank") << "  "
+                           << "Nincs kitöltve a mező: Rendszám\n\nSemmi sem változott.";
+    QTest::newRow("fewer entries") << "DEF456"
+                                   << "Ez a tétel már nincs a fájlban";
+  }
+  void aRowOfAPlateWithoutALogbookIsNotChosen() {
+    QFETCH(QString, plate);
+    QFETCH(QString, said);
+    MainScreen main;
+    main.writeLogbook("ABC123", twoFills());
+    main.writeLogbook("DEF456", {});
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    main.type("txKmOra", "77");
+    main.type("Combo1", plate);
+    BoxScript boxes;
+    main.clickRow(1);
+    QCOMPARE(boxes.seen.size(), 1);
+    QVERIFY2(boxes.seen[0].text.startsWith(said), qPrintable(boxes.seen[0].text));
+    QCOMPARE(main.edit("txKmOra")->text(), QString("77"));
+    QVERIFY(!main.find<QPushButton>("cmd_del")->isEnabled());
+    QVERIFY(!main.find<QPushButton>("cmd_modosit")->isEnabled());
+    QVERIFY(!main.list()->selectionModel()->hasSelection());
+    QVERIFY(!main.folder.has("XYZ789"));
+  }
+
+  void aRowThatCannotBeChosenLeavesTheOneChosenBefore() {
+    MainScreen main;
+    main.writeLogbook("ABC123", twoFills());
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    main.clickRow(0);
+    main.type("Combo1", "XYZ789");
+    BoxScript boxes;
+    main.clickRow(1);
+    QCOMPARE(boxes.seen.size(), 1);
+    QCOMPARE(main.edit("txKmOra")->text(), QString("10000"));
+    QVERIFY(main.find<QPushButton>("cmd_del")->isEnabled());
+    QVERIFY(main.list()->selectionModel()->isRowSelected(0));
+  }
+
+  void aChartTakesTheListOutOfReach() {
+    MainScreen main;
+    main.writeLogbook("ABC123", twoFills());
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    QWidget* panel = main.find<QWidget>("FrmGrafikon");
+    panel->show();
+    QVERIFY(main.list()->isHidden());
+    for (QWidget* next = main.edit("txKmOra")->nextInFocusChain(); next != main.edit("txKmOra");
+         next = next->nextInFocusChain())
+      QVERIFY(next != main.list() || !next->isVisible());
+    QVERIFY(QAccessible::queryAccessibleInterface(main.list())->state().invisible);
+    panel->hide();
+    QVERIFY(main.list()->isVisible());
+  }
+
   void oneRowHasNoDistanceAndKeepsTheConsumption() {
     MainScreen main;
     main.folder.write("rendsz.dat", padded("XYZ789", 8) + std::string("\x2D\0", 2));
@@ -271,6 +355,17 @@ class FrmTarvikListTest : public QObject {
     });
     QTest::keyClick(main.edit("txKmOra"), Qt::Key_G, Qt::AltModifier);
     QCOMPARE(opened, QString("frmMelyGrafikon"));
+  }
+
+  void aNoteListThatCannotBeReadIsToldOnceAndNotAtEachKey() {
+    MainScreen main;
+    main.open();
+    std::filesystem::remove(main.folder / "megjegyz.dat");
+    main.folder.makeFolder("megjegyz.dat");
+    BoxScript boxes;
+    main.type("txMegjegyzes", "abc");
+    QCOMPARE(boxes.seen.size(), 1);
+    QCOMPARE(main.combo("txMegjegyzes")->currentText(), QString("abc"));
   }
 
   void aNoteListThatIsAFolderLeavesTheNoteReady() {

@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QSignalSpy>
+#include <filesystem>
 
 #include "reminders/figy_datum_rec.h"
 #include "reminders/figyel_rec.h"
@@ -230,15 +231,115 @@ class FrmTarvikRemindersTest : public QObject {
     QCOMPARE(screens.opened, QStringList());
   }
 
-  void anOverflowOfTheDueReadingIsToldOnceAndStopsTheTimer() {
+  void aCheckThatFailsIsToldOnceAndGoesOn() {
     Household main;
-    main.folder.write("figyel.dat", kmReminder("ABC123", 2'147'483'647, 1));
+    const std::string overflowing = kmReminder("ABC123", 2'147'483'647, 1);
+    main.folder.write("figyel.dat", overflowing);
     main.open();
     BoxScript boxes;
-    main.tick();
+    for (int i = 0; i < 3; ++i) main.tick();
     QCOMPARE(boxes.seen.size(), 1);
     QCOMPARE(boxes.seen[0].title, QString(" H i b a !"));
-    QVERIFY(!main.timer()->isActive());
+    QVERIFY(main.timer()->isActive());
+    main.folder.write("figyel.dat", "");
+    main.tick();
+    main.folder.write("figyel.dat", overflowing);
+    main.tick();
+    QCOMPARE(boxes.seen.size(), 2);
+  }
+
+  void aPlateWithoutAFolderChecksNothingAndTheTimerGoesOn() {
+    Household main;
+    main.folder.write("figyel.dat", kmReminder("ABC123", 10'000, 5'000));
+    main.open();
+    BoxScript boxes;
+    ScreenWatch screens;
+    for (const char* onTheWay : {"", " ", "ABC", ".."}) {
+      main.type("Combo1", onTheWay);
+      main.tick();
+      QVERIFY(main.timer()->isActive());
+    }
+    QCOMPARE(boxes.seen.size(), 0);
+    main.type("Combo1", "ABC123");
+    main.tick();
+    QCOMPARE(screens.opened, (QStringList{"riaszt"}));
+  }
+
+  void aSwitchThatCannotBeSavedSwitchesNothing_data() {
+    QTest::addColumn<bool>("on");
+    QTest::newRow("on") << true;
+    QTest::newRow("off") << false;
+  }
+  void aSwitchThatCannotBeSavedSwitchesNothing() {
+    QFETCH(bool, on);
+    Household main;
+    main.open();
+    main.press("Check1");
+    if (on) main.press("Check1");
+    const QString caption = main.box("Check1")->text();
+    const std::int16_t state = main.context.state.reminderState;
+    std::filesystem::permissions(main.folder / "set.dat", std::filesystem::perms::owner_read);
+    BoxScript boxes;
+    main.press("Check1");
+    QCOMPARE(boxes.seen.size(), 1);
+    QCOMPARE(main.box("Check1")->isChecked(), on);
+    QCOMPARE(main.box("Check1")->text(), caption);
+    QCOMPARE(main.context.state.reminderState, state);
+    QCOMPARE(main.timer()->isActive(), on);
+    QCOMPARE(main.flag(), on ? kOn : kOff);
+  }
+
+  void aStoredOffThatCannotBeSavedAgainLeavesTheSwitchOn() {
+    Household main(15'001, false);
+    std::filesystem::permissions(main.folder / "set.dat", std::filesystem::perms::owner_read);
+    BoxScript boxes;
+    main.open();
+    QCOMPARE(boxes.seen.size(), 1);
+    QVERIFY(main.box("Check1")->isChecked());
+    QCOMPARE(main.box("Check1")->text(), QString(" Bekapcsolva "));
+    QVERIFY(main.timer()->isActive());
+    QCOMPARE(main.context.state.reminderState, std::int16_t{0});
+  }
+
+  void theAlertComesOverAScreen_data() {
+    QTest::addColumn<QString>("screen");
+    for (const char* item : {"mnuSetup", "mnuGumik", "mnuSzerviz"}) QTest::newRow(item) << QString(item);
+    QTest::newRow("chooser") << QString();
+  }
+  void theAlertComesOverAScreen() {
+    QFETCH(QString, screen);
+    Household main;
+    main.folder.write("figyel.dat", kmReminder("ABC123", 10'000, 5'000));
+    main.open();
+    ScreenWatch screens;
+    screens.whileOpen = [&] { main.tick(); };
+    screen.isEmpty() ? main.press("cmdGrafikon") : main.chooseItem(qPrintable(screen));
+    QCOMPARE(screens.opened.size(), 2);
+    QCOMPARE(screens.opened.last(), QString("riaszt"));
+    QCOMPARE(screens.mostAtOnce, 2);
+  }
+
+  void theAlertWaitsForAnErrorOverAScreen() {
+    Household main;
+    main.folder.write("figyel.dat", kmReminder("ABC123", 10'000, 5'000));
+    main.folder.makeFolder("Gumik.dat");
+    main.open();
+    ScreenWatch screens;
+    BoxScript boxes;
+    boxes.whileOpen = [&](QMessageBox&) { main.tick(); };
+    main.chooseItem("mnuGumik");
+    QCOMPARE(boxes.seen.size(), 1);
+    QCOMPARE(screens.opened, (QStringList{"frmGumik"}));
+  }
+
+  void aMenuItemDoesItsWorkWhenItsMenuHasClosed() {
+    Household main;
+    main.open();
+    ScreenWatch screens;
+    main.find<QAction>("mnuGumik")->trigger();
+    QCOMPARE(screens.opened, QStringList());
+    QCoreApplication::processEvents();
+    QCOMPARE(screens.opened, (QStringList{"frmGumik"}));
   }
 
   void theSettingsSwitchIsReversed() {

@@ -142,6 +142,32 @@ class RiasztTest : public QObject {
     QCOMPARE(alert.details(), (QStringList{shownText("Másé"), "100", "1", "14 901", "14 900", "15 001"}));
   }
 
+  void aReminderThatCannotBeComputedKeepsNoOtherFromTheList() {
+    AlertDesk desk;
+    const auto broken = kmReminder(2'147'483'647, 1, "Rossz", "ABC-123");
+    desk.storeKm({broken, desk.first});
+    test::BoxScript boxes;
+    const Alert alert(desk);
+    QCOMPARE(alert.lines(), (QStringList{"2013.06.01  " + shownText("Rossz") + "   ?   1", line("Olaj", 2)}));
+    alert.click(1);
+    alert.press();
+    QCOMPARE(desk.storedKm(), fileOf({broken, deletedKmReminder("ABC-123")}));
+    alert.click(0);
+    QCOMPARE(desk.context.state.alertSelection, 1);
+    alert.press();
+    QCOMPARE(alert.lines(), QStringList());
+    QCOMPARE(boxes.seen.size(), 0);
+  }
+
+  void afterADeletionNothingIsHighlighted() {
+    AlertDesk desk;
+    const Alert alert(desk);
+    alert.press();
+    QVERIFY(!alert.list()->selectionModel()->hasSelection());
+    alert.click(1);
+    QCOMPARE(desk.context.state.alertSelection, 4);
+  }
+
   void aDeletionThatCannotBeSavedIsTold() {
     AlertDesk desk;
     const Alert alert(desk);
@@ -149,6 +175,8 @@ class RiasztTest : public QObject {
     test::BoxScript boxes({QMessageBox::Ok});
     alert.press();
     QCOMPARE(boxes.seen.value(0).title, test::kErrorTitle);
+    QCOMPARE(desk.context.state.alertSelection, 0);
+    QCOMPARE(alert.lines(), QStringList());
     QCOMPARE(desk.storedKm(), fileOf({desk.other}));
   }
 

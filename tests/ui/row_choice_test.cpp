@@ -127,8 +127,7 @@ class RowChoiceTest : public QObject {
     QFETCH(bool, byKey);
     Rows rows(3);
     rows.click(1);
-    byKey ? rows.key(Qt::Key_Space, Qt::ControlModifier)
-          : rows.click(1, Qt::LeftButton, Qt::ControlModifier);
+    byKey ? rows.key(Qt::Key_Space, Qt::ControlModifier) : rows.click(1, Qt::LeftButton, Qt::ControlModifier);
     QCOMPARE(rows.view.highlightedRecord(), "2");
     QVERIFY(rows.view.selectionModel()->isRowSelected(1));
     QCOMPARE(rows.chosen, (QList<int>{1, 1}));

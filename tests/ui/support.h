@@ -7,6 +7,7 @@
 #include "tests/support/temporary_folder.h"
 #include "tests/ui/box_script.h"
 #include "tests/ui/by_hand.h"
+#include "tests/ui/dressed.h"
 #include "ui/context.h"
 
 namespace tarvik::test {
@@ -19,6 +20,8 @@ Widget* part(const QWidget& screen, const char* name) {
 
 /// What a screen needs around it: empty folders of its own, the real file system, a day that stands still.
 struct Desk {
+  Desk() { dressOnce(); }
+
   TemporaryFolder program;
   TemporaryFolder current;
   core::MachineFileSystem files;
