@@ -26,8 +26,8 @@ struct DataFolders {
 };
 
 /// Whether a plate, the spaces around it aside, can name a vehicle folder: it would neither lead outside the
-/// program folder nor be a name that Linux or Windows cannot keep, wherever the program runs. Empty, with a dot
-/// at the end, with one of <>:"/\|?* or a control character, and the names of Windows' devices (CON, NUL,
+/// program folder nor be a name that Linux or Windows cannot keep, wherever the program runs. Empty, with a
+/// dot at the end, with one of <>:"/\|?* or a control character, and the names of Windows' devices (CON, NUL,
 /// LPT1 and their like, in any case and with any ending) are none.
 bool isUsablePlate(std::string_view plate);
 

@@ -225,8 +225,9 @@ bool replacedAtOnce(HANDLE file, const std::string& to) {
 
 // Whether the answer means that this system or this disk does not know the call, not that it refused.
 bool isUnknownThere(DWORD error) {
-  return error == ERROR_INVALID_PARAMETER || error == ERROR_NOT_SUPPORTED || error == ERROR_INVALID_FUNCTION ||
-         error == ERROR_CALL_NOT_IMPLEMENTED || error == ERROR_INVALID_LEVEL;
+  return error == ERROR_INVALID_PARAMETER || error == ERROR_NOT_SUPPORTED ||
+         error == ERROR_INVALID_FUNCTION || error == ERROR_CALL_NOT_IMPLEMENTED ||
+         error == ERROR_INVALID_LEVEL;
 }
 
 // The older call replaces no file that is open, not even in the program itself, which keeps the old file
@@ -239,7 +240,8 @@ void letGoOf(const std::string& path) {
   }
   descriptors().closeAll([&](HANDLE open) {
     FileStatus status;
-    return statusOfHandle(open, status) == 0 && status.device == wanted.device && status.inode == wanted.inode;
+    return statusOfHandle(open, status) == 0 && status.device == wanted.device &&
+           status.inode == wanted.inode;
   });
 }
 
@@ -283,7 +285,8 @@ int MachineFileSystem::statusOf(const std::string& path, FileStatus& status) {
 std::int64_t MachineFileSystem::read(int descriptor, std::span<std::byte> buffer, std::int64_t offset) {
   OVERLAPPED place = at(offset);
   DWORD got = 0;
-  if (ReadFile(descriptors().at(descriptor), buffer.data(), lengthOf(buffer.size()), &got, &place)) return got;
+  if (ReadFile(descriptors().at(descriptor), buffer.data(), lengthOf(buffer.size()), &got, &place))
+    return got;
   return GetLastError() == ERROR_HANDLE_EOF ? 0 : failed();
 }
 
@@ -297,7 +300,8 @@ std::int64_t MachineFileSystem::write(int descriptor, std::span<const std::byte>
 int MachineFileSystem::truncate(int descriptor, std::int64_t length) {
   FILE_END_OF_FILE_INFO end{};
   end.EndOfFile.QuadPart = length;
-  return resultOf(SetFileInformationByHandle(descriptors().at(descriptor), FileEndOfFileInfo, &end, sizeof end));
+  return resultOf(
+      SetFileInformationByHandle(descriptors().at(descriptor), FileEndOfFileInfo, &end, sizeof end));
 }
 
 // There is one such bit: whether the file is for reading alone.

@@ -17,8 +17,8 @@ using DrawDocument = std::function<bool(QPagedPaintDevice& device, const std::fu
 bool drawPdf(OutputFile& file, const QString& title, const DrawDocument& draw);
 
 /// What the program needs of the machine's printing: which printer, and to hand it a document. Tests have
-/// one of their own. Its halves are posix_print_system.cpp (CUPS) and windows_print_system.cpp; the build takes
-/// one of them.
+/// one of their own. Its halves are posix_print_system.cpp (CUPS) and windows_print_system.cpp; the build
+/// takes one of them.
 class PrintSystem {
  public:
   virtual ~PrintSystem() = default;

@@ -49,7 +49,9 @@ class OtherProgram {
 
 class WindowsFileSystemTest : public testing::Test {
  protected:
-  OpenFile opened(const std::string& path, OpenMode mode) { return OpenFile(files_, files_.open(path, mode)); }
+  OpenFile opened(const std::string& path, OpenMode mode) {
+    return OpenFile(files_, files_.open(path, mode));
+  }
   void rewrite(std::string_view record) {
     RecordFile file(files_, path_, kLength);
     file.rewrite(file.seen(1), bytes(record));

@@ -13,8 +13,8 @@
 #include <QTreeView>
 #include <memory>
 
-#include "core/napi_adat.h"
 #include "core/machine_file_system.h"
+#include "core/napi_adat.h"
 #include "core/record_list.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/temporary_folder.h"
