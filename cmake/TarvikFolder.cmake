@@ -7,6 +7,9 @@ target_compile_options(tarvik_options INTERFACE
 # g++ 12 warns of impossible overlaps inside std::string when it optimises for speed.
 target_compile_options(tarvik_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 
+include(${CMAKE_CURRENT_LIST_DIR}/TarvikHardening.cmake)
+target_link_libraries(tarvik_options INTERFACE $<$<CONFIG:Release>:tarvik_hardening>)
+
 # tarvik_logic_folder(NAME [FOLDER...]): a static library of the folder's sources that may include
 # the named folders and the standard library, nothing else.
 function(tarvik_logic_folder name)
