@@ -18,6 +18,13 @@ std::string joined(const std::string& folder, std::string_view name) {
   return path;
 }
 
+void requireFolder(FileSystem& files, const std::string& path) {
+  if (path.empty()) throw Failure(FailureKind::FolderGone);
+  FileStatus status;
+  if (files.statusOf(path, status) == 0 && status.kind == FileKind::Folder) return;
+  throw Failure(FailureKind::FolderUnreadable).file(path);
+}
+
 }  // namespace
 
 std::string DataFolders::inProgram(std::string_view name) const {
@@ -39,6 +46,11 @@ std::string DataFolders::logbook(std::string_view plate) const {
 
 std::string DataFolders::logbookTemporary(std::string_view plate) const {
   return joined(vehicleFolder(plate), "napiadatx.dat");
+}
+
+void requireFolders(FileSystem& files, const DataFolders& folders) {
+  requireFolder(files, folders.program);
+  requireFolder(files, folders.current);
 }
 
 bool isUsablePlate(std::string_view plate) {

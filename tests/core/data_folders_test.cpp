@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/expect_failure.h"
+#include "tests/support/memory_file_system.h"
 
 namespace tarvik::core {
 namespace {
@@ -48,6 +49,31 @@ TEST(IsUsablePlate, AnyOtherPlateIs) {
   for (const std::string_view plate :
        {"ABC-123", " ABC-123 ", "...", ".x", "ŐRI 01", "a:b*?", "~", "-", "X.."})
     EXPECT_TRUE(isUsablePlate(plate)) << plate;
+}
+
+class RequiredFoldersTest : public testing::Test {
+ protected:
+  RequiredFoldersTest() {
+    disk_.putFolder("/program");
+    disk_.putFolder("/current");
+    disk_.put("/file", "");
+  }
+  test::MemoryFileSystem disk_;
+};
+
+TEST_F(RequiredFoldersTest, ThatAreThereAreFine) {
+  requireFolders(disk_, {"/program", "/current"});
+}
+
+TEST_F(RequiredFoldersTest, AreToldToBeGoneWhereTheSystemHasNoPathForThem) {
+  expectFailure(FailureKind::FolderGone, [&] { requireFolders(disk_, {"/program", ""}); });
+}
+
+TEST_F(RequiredFoldersTest, AreNamedWhereTheirPathLeadsNowhereOrToAFile) {
+  for (const char* path : {"/gone", "/file"}) {
+    expectFailure(FailureKind::FolderUnreadable, [&] { requireFolders(disk_, {"/program", path}); });
+    expectFailure(FailureKind::FolderUnreadable, [&] { requireFolders(disk_, {path, "/current"}); });
+  }
 }
 
 }  // namespace
