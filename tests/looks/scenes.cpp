@@ -12,7 +12,7 @@
 #include <QTimer>
 #include <QTreeView>
 
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "core/record_file.h"
 #include "print/list_document.h"
 #include "reminders/km_alert.h"
@@ -104,7 +104,7 @@ class Stage {
   void restTimer() { part<QTimer>("Timer1").stop(); }
 
   Camera& camera_;
-  core::PosixFileSystem files_;
+  core::MachineFileSystem files_;
   test::FixedClock clock_{kDay};
   ui::Context context_;
   ui::frmTarvik screen_;
