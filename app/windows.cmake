@@ -29,3 +29,6 @@ target_sources(Tarvik PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/tarvik.rc)
 set(texts ${QT_HOST_PATH}/share/qt6/translations/qtbase_hu.qm)
 set_source_files_properties(${texts} PROPERTIES QT_RESOURCE_ALIAS qtbase_hu.qm)
 qt_add_resources(Tarvik translations PREFIX /translations FILES ${texts})
+
+# Windows' C library has the local time of a thread of its own (localtime_r) only for whoever asks for it.
+set_source_files_properties(system_clock.cpp PROPERTIES COMPILE_DEFINITIONS _POSIX_C_SOURCE=200112L)

@@ -6,7 +6,8 @@ set(QT_BUILD_TESTS OFF CACHE BOOL "")
 set(QT_QMAKE_TARGET_MKSPEC win32-g++ CACHE STRING "")
 
 # Texts are shaped and drawn by the system; there is no driver, no header or no use for the rest.
-set(left_out direct2d freetype harfbuzz icu openssl vulkan)
+# Without Direct2D the toolkit links no DirectWrite either; fonts then come from GDI.
+set(left_out direct2d directwrite directwrite3 freetype harfbuzz icu openssl vulkan)
 # Its vendored header is not in Debian's source.
 list(APPEND left_out tabletevent)
 # Whole modules.
