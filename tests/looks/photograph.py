@@ -12,7 +12,7 @@ sys.path.insert(0, str(HERE.parent / "outside"))
 
 from desktop import Desktop  # noqa: E402
 
-SCREEN = (1366, 768)
+SCREEN = (1920, 1080)
 DAY = "2026.03.25."
 # At twice the scale two kinds are enough to see what goes wrong there.
 KINDS = {1: ("9-light", "9-dark", "12-light", "12-dark", "manual"), 2: ("9-light", "12-dark")}

@@ -34,13 +34,9 @@ class Stage {
   Stage(Camera& camera, const std::string& folder)
       : camera_(camera), context_{files_, {folder, folder}, clock_, "1.0.0"}, screen_(context_) {}
 
-  // What is due comes up while the screen loads; the first row of it is chosen.
-  void loadPastAlert(const QString& name) {
-    camera_.withOpened([this] { screen_.load(); },
-                       [&](QWidget& alert) {
-                         chooseRow(alert, "ListView1", 0);
-                         camera_.shoot(alert, name);
-                       });
+  // What is due comes up while the screen loads.
+  void loadPastAlert(const std::function<void(QWidget& alert)>& act) {
+    camera_.withOpened([this] { screen_.load(); }, act);
     show();
   }
   void load() {
@@ -225,7 +221,10 @@ void photographAll(Camera& camera, const std::string& household, const std::stri
     first.shoot("main-empty");
   }
   Stage stage(camera, household);
-  stage.loadPastAlert(QStringLiteral("alert-date"));
+  stage.loadPastAlert([&](QWidget& alert) {
+    Stage::chooseRow(alert, "ListView1", 0);
+    camera.shoot(alert, QStringLiteral("alert-date"));
+  });
   photographMain(stage);
   photographCharts(stage);
   photographScreens(stage);
@@ -234,7 +233,7 @@ void photographAll(Camera& camera, const std::string& household, const std::stri
 
 void photographForManual(Camera& camera, const std::string& household) {
   Stage stage(camera, household);
-  stage.loadPastAlert(QStringLiteral("alert-date"));
+  stage.loadPastAlert([](QWidget&) {});
   const std::pair<const char*, const char*> charts[] = {
       {"Option1", "chart-consumption"}, {"Option2", "chart-prices"}, {"Option5", "chart-monthly-litres"}};
   for (const auto& [option, name] : charts) {
