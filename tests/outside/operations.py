@@ -22,6 +22,11 @@ class Operation:
     before: object = None  # what is made first, so that there is something to change
     in_place: bool = False  # a record is added behind the others and the file is not replaced
 
+    def records(self, contents):
+        """What counts of a file: a part of a record behind the last one does not, and where the system does
+        not let it be cut off it stays."""
+        return contents[:len(contents) // self.record_length * self.record_length]
+
     def act(self, program, window):
         """Makes the change; what comes of it is to be waited for."""
         if self.question is None:
