@@ -51,9 +51,11 @@ def wait_settled(program, ready):
     """Waits until the program has said something, or `ready()` holds; gives the box's text or None."""
 
     def outcome():
+        is_ready = ready()
+        # It answers when it is through with what it does, listing anew among it.
         box = [window for window in program.windows() if window.name == " H i b a !"]
         if box:
             return [part.name for part in box[0].walk() if part.role == "label" and part.name][0]
-        return "" if ready() else None
+        return "" if is_ready else None
 
     return wait_for(lambda: (outcome(),) if outcome() is not None else None, "a box or the change")[0]

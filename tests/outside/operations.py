@@ -3,7 +3,6 @@
 import dataclasses
 
 from accessible import wait_for
-import keyboard
 
 LOGBOOK = "KLM456/napiadat.dat"
 
@@ -22,6 +21,11 @@ class Operation:
     question: str = None
     before: object = None  # what is made first, so that there is something to change
     in_place: bool = False  # a record is added behind the others and the file is not replaced
+
+    def records(self, contents):
+        """What counts of a file: a part of a record behind the last one does not, and where the system does
+        not let it be cut off it stays."""
+        return contents[:len(contents) // self.record_length * self.record_length]
 
     def act(self, program, window):
         """Makes the change; what comes of it is to be waited for."""
@@ -79,16 +83,9 @@ def _fill(**texts):
     return prepare
 
 
-def _choose(table):
+def _choose(name, role="table"):
     def prepare(_, window):
-        window.part("table", table).select_row(0)
-    return prepare
-
-
-def _choose_by_key(name):
-    def prepare(_, window):
-        window.part("list", name).take_focus()
-        keyboard.press("End", "Home")
+        window.part(role, name).select_row(0)
     return prepare
 
 
@@ -123,12 +120,12 @@ OPERATIONS = [
     Operation("a vehicle is added", "rendsz.dat", 10, SETTINGS,
               _fill(**{"Új rendszám": "NEW001", "Üzemanyag tank mérete literben": "40"}), "Felvesz",
               in_place=True),
-    Operation("a vehicle is deleted", "rendsz.dat", 10, SETTINGS, _choose_by_key("Gépkocsik"),
+    Operation("a vehicle is deleted", "rendsz.dat", 10, SETTINGS, _choose("Gépkocsik", "list"),
               "Töröl: a kijelölt rendszám"),
     Operation("a part's name is deleted", "alkatr.dat", 50, _tab(SETTINGS, "Listák"),
-              _choose_by_key("Alkatrészek"), "Törlés: a kijelölt alkatrész", " TÖRLÉS "),
+              _choose("Alkatrészek", "list"), "Törlés: a kijelölt alkatrész", " TÖRLÉS "),
     Operation("a note is deleted", "megjegyz.dat", 50, _tab(SETTINGS, "Listák"),
-              _choose_by_key("Megjegyzések"), "Törlés: a kijelölt megjegyzés", " TÖRLÉS "),
+              _choose("Megjegyzések", "list"), "Törlés: a kijelölt megjegyzés", " TÖRLÉS "),
     Operation("tyres are recorded", "Gumik.dat", 71, TYRES, _fill(**_TYRES), "Új gumi Rögzítése", in_place=True),
     Operation("tyres are deleted", "Gumik.dat", 71, TYRES, _choose("Gumik"), "Törlése"),
     Operation("a repair is recorded", "Szerviz.dat", 186, REPAIRS, _fill(Megnevezés="Fék", Költség="1000"),
