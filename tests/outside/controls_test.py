@@ -70,14 +70,14 @@ class Controls(unittest.TestCase):
         main = self.program.window("Tarvik - ")
         self.check(main, "Tarvik - ")
         for role, opener, title, closing_role, closer in (
-                ("menu item", "Beállítások", "Beállítások", "push button", "Vissza "),
+                ("menu item", "Beállítások", "Beállítások", "push button", "Vissza a naplóhoz"),
                 ("menu item", "Gumik", "Gumik nyilvántartása", "menu item", "Bezár"),
                 ("menu item", "Javítások - Szervíz", "Javítások - Szervízek", "menu item", "Bezár"),
                 ("push button", "Figyelmeztetés", "Figyelmeztetés Felvitele", "menu item", "Bezár"),
                 ("push button", "Grafikon megjelenítése", "Grafikon választás", "push button", "Mégsem")):
             screen = self.check_opened(main, role, opener, title)
             self.close(screen, closing_role, closer, title)
-        main.part("text", "Rendszám").enter("XYZ789")  # the car with the passed reminder
+        main.part("text", "Rendszám").enter("ABC123")  # the car with the passed reminder
         self.check(self.program.window("FIGYELEM!"), "FIGYELEM!")
 
 
