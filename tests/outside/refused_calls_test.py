@@ -21,7 +21,6 @@ from program import Program, demo_folder
 EVERY = [("pwrite64", "ENOSPC"), ("fsync", "EIO"), ("flock", "EIO")]
 IN_PLACE = EVERY + [("ftruncate", "EIO"), ("sync_file_range", "EIO")]
 REPLACING = EVERY + [("rename,renameat,renameat2", "EACCES"), ("fchmod", "EPERM"), ("unlink,unlinkat", "EACCES")]
-READING = ("pread64", "EIO")  # the last, because the list cannot be read anew either
 TASTE = [("an entry is recorded", "pwrite64"), ("an entry is deleted", "fsync"),
          ("a repair is deleted", "rename,renameat,renameat2")]
 IS_WHOLE = os.environ.get("TARVIK_FAULTS") == "all"
@@ -59,15 +58,12 @@ class RefusedCalls(unittest.TestCase):
 
     def check_operation(self, program, operation, faults):
         window = operation.screen(program)
-        if operation.before is not None:
+        for _ in range(2 if operation.before else 0):  # a file of one record is not written, only made anew
             self.change(program, operation.before, window)
         for calls, error in faults:
             with self.subTest(calls):
                 self.check_refused(program, operation, window, calls, error)
         self.assertIsNone(self.change(program, operation, window), "the change after the refused ones")
-        if IS_WHOLE:
-            with self.subTest(READING[0]):
-                self.check_refused(program, operation, window, *READING)
 
     def change(self, program, operation, window, refused=None):
         """Makes the change; the text of the box that came of it, or None."""
@@ -89,8 +85,6 @@ class RefusedCalls(unittest.TestCase):
         self.dismiss(program)
         if "Semmi sem változott." in said:
             self.assertEqual(operation.records(now), operation.records(old), said)
-        elif "nem teljes." in said:  # it is made, and only the listing after it failed
-            self.assertNotEqual(operation.records(now), operation.records(old), said)
         else:
             self.assertIn("Nézd meg a listát", said)
         if not operation.in_place:
