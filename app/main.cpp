@@ -5,7 +5,7 @@
 #include <QTranslator>
 
 #include "app/system_clock.h"
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "ui/frmTarvik.h"
 #include "ui/guarded.h"
 #include "ui/look.h"
@@ -13,11 +13,15 @@
 namespace {
 
 // The texts that the toolkit brings itself (Yes and No, the calendar) in Hungarian, whatever the machine
-// speaks.
+// speaks. A program of one file has them inside.
 void speakHungarian(QApplication& application, QTranslator& translator) {
   QLocale::setDefault(QLocale(QLocale::Hungarian, QLocale::Hungary));
-  if (translator.load(QStringLiteral("qtbase_hu"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-    application.installTranslator(&translator);
+  for (const QString& folder :
+       {QStringLiteral(":/translations"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)})
+    if (translator.load(QStringLiteral("qtbase_hu"), folder)) {
+      application.installTranslator(&translator);
+      return;
+    }
 }
 
 }  // namespace
@@ -31,7 +35,7 @@ int main(int argc, char** argv) {
   QTranslator translator;
   speakHungarian(application, translator);
 
-  tarvik::core::PosixFileSystem files;
+  tarvik::core::MachineFileSystem files;
   const tarvik::app::SystemClock clock;
   tarvik::ui::Context context{.files = files,
                               .folders = {.program = QCoreApplication::applicationDirPath().toStdString(),

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "core/clock.h"
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "ui/context.h"
 #include "ui/frmTarvik.h"
 #include "ui/print_system.h"
@@ -55,7 +55,7 @@ class Desk {
   ui::Context& context() { return context_; }
 
  private:
-  core::PosixFileSystem files_;
+  core::MachineFileSystem files_;
   StandingClock clock_;
   ui::Context context_;
   ui::frmTarvik screen_;

@@ -13,7 +13,7 @@
 #include "benchmarks/sqlite_peer.h"
 #include "core/entry_editing.h"
 #include "core/failure.h"
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "core/record_file.h"
 #include "core/statistics.h"
 #include "core/totals.h"
@@ -114,7 +114,7 @@ class Operations {
   std::string folder_;
   int entries_;
   std::vector<std::byte> bytes_;
-  core::PosixFileSystem files_;
+  core::MachineFileSystem files_;
   core::DataFolders folders_;
   int km_ = 2'000'000;
 };

@@ -10,6 +10,7 @@ namespace {
 
 struct Captions {
   std::string_view title;
+  std::string_view unit;
   std::string_view prefix;
   std::string_view format;
   std::string_view suffix;
@@ -23,13 +24,14 @@ constexpr std::string_view kForintsWithoutPoint = R"(###,###.00\ \F\t\)";
 // By the number of the choice; 0 is no chart.
 constexpr std::array<Captions, 8> kCaptions{{
     {},
-    {"Pillanatnyi fogyasztások", "Pillanatnyi fogyasztás: ", kLitres, ""},
-    {"Üzemanyag árak", "Üzemanyag ár: ", kForints, ""},
-    {"Havi tankolási költségek", "Havi üzemanyag költség: ", kForints, ""},
-    {"Havi megtett kilométer", "Havi megtett km.: ", kKilometres, ""},
-    {"Havi tankolt üzemanyag", "Havi tankolt üzemanyag: ", kLitres, ""},
-    {"Havi átlagfogyasztás", "Havi átlagfogyasztás: ", kLitres, "/100 km."},
-    {"100 km költség változásai.", "100 km költség változásai.: ", kForintsWithoutPoint, "/100 Km"},
+    {"Pillanatnyi fogyasztások", "liter/100 km", "Pillanatnyi fogyasztás: ", kLitres, ""},
+    {"Üzemanyag árak", "Ft/liter", "Üzemanyag ár: ", kForints, ""},
+    {"Havi tankolási költségek", "Ft", "Havi üzemanyag költség: ", kForints, ""},
+    {"Havi megtett kilométer", "km", "Havi megtett km.: ", kKilometres, ""},
+    {"Havi tankolt üzemanyag", "liter", "Havi tankolt üzemanyag: ", kLitres, ""},
+    {"Havi átlagfogyasztás", "liter/100 km", "Havi átlagfogyasztás: ", kLitres, "/100 km."},
+    {"100 km költség változásai.", "Ft/100 km", "100 km költség változásai.: ", kForintsWithoutPoint,
+     "/100 Km"},
 }};
 
 const Captions& captionsOf(int choice) {
@@ -41,6 +43,10 @@ const Captions& captionsOf(int choice) {
 
 std::string chartTitle(int choice) {
   return std::string(captionsOf(choice).title);
+}
+
+std::string chartUnit(int choice) {
+  return std::string(captionsOf(choice).unit);
 }
 
 std::string pointDescription(int choice, const std::string& label, core::Amount value) {

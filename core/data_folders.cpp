@@ -1,6 +1,10 @@
 #include "core/data_folders.h"
 
+#include <algorithm>
+#include <array>
+
 #include "core/failure.h"
+#include "core/text.h"
 
 namespace tarvik::core {
 namespace {
@@ -16,6 +20,29 @@ std::string joined(const std::string& folder, std::string_view name) {
   path += '/';
   path += name;
   return path;
+}
+
+// No folder name on one of the two systems, so on neither: a household is carried from one to the other.
+constexpr bool isForbidden(char character) {
+  constexpr std::string_view kForbidden = "<>:\"/\\|?*";
+  const auto byte = static_cast<unsigned char>(character);
+  return byte < 0x20 || kForbidden.find(character) != std::string_view::npos;
+}
+
+// COM1 to COM9 and LPT1 to LPT9; the raised digits ¹²³ count there too.
+bool isPort(std::string_view name) {
+  if (!name.starts_with("COM") && !name.starts_with("LPT")) return false;
+  const std::string_view digit = name.substr(3);
+  if (digit.size() == 1) return digit >= "1" && digit <= "9";
+  return digit == "¹" || digit == "²" || digit == "³";
+}
+
+// Windows keeps these names for its devices, whatever ending they have ("NUL.txt").
+bool isDevice(std::string_view plate) {
+  constexpr std::array<std::string_view, 6> kDevices = {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$"};
+  const std::string upper = upperCased(plate.substr(0, plate.find('.')));
+  const std::string_view name = withoutOuterSpaces(upper);
+  return std::ranges::find(kDevices, name) != kDevices.end() || isPort(name);
 }
 
 void requireFolder(FileSystem& files, const std::string& path) {
@@ -54,10 +81,15 @@ void requireFolders(FileSystem& files, const DataFolders& folders) {
 }
 
 bool isUsablePlate(std::string_view plate) {
-  constexpr std::string_view kForbidden("/\\\0", 3);
   const std::string_view name = withoutOuterSpaces(plate);
-  if (name.empty() || name == "." || name == "..") return false;
-  return name.find_first_of(kForbidden) == std::string_view::npos;
+  if (name.empty() || name.back() == '.' || isDevice(name)) return false;
+  return std::ranges::none_of(name, isForbidden);
+}
+
+bool shareFolder(std::string_view plate, std::string_view other) {
+  const std::string_view name = withoutOuterSpaces(plate);
+  const std::string_view otherName = withoutOuterSpaces(other);
+  return name != otherName && upperCased(name) == upperCased(otherName);
 }
 
 }  // namespace tarvik::core

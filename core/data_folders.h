@@ -19,8 +19,7 @@ struct DataFolders {
   /// The full path of a file in the current folder.
   std::string inCurrent(std::string_view name) const;
   /// A vehicle's folder: the program folder and the plate without the spaces around it. Throws
-  /// Failure(PlateUnusable) for a plate that is empty, "." or "..", or holds a slash, a backslash or
-  /// a zero byte: it would lead outside the program folder.
+  /// Failure(PlateUnusable) for a plate that cannot name one.
   std::string vehicleFolder(std::string_view plate) const;
   /// A vehicle's logbook, napiadat.dat in its folder; throws as vehicleFolder does.
   std::string logbook(std::string_view plate) const;
@@ -33,7 +32,14 @@ struct DataFolders {
 /// Failure(FolderGone) or FolderUnreadable: data must not turn up in the root of the disk instead.
 void requireFolders(FileSystem& files, const DataFolders& folders);
 
-/// Whether a plate, the spaces around it aside, can name a vehicle folder.
+/// Whether a plate, the spaces around it aside, can name a vehicle folder: it would neither lead outside the
+/// program folder nor be a name that Linux or Windows cannot keep, wherever the program runs. Empty, with a
+/// dot at the end, with one of <>:"/\|?* or a control character, and the names of Windows' devices (CON, NUL,
+/// LPT1 and their like, in any case and with any ending) are none.
 bool isUsablePlate(std::string_view plate);
+
+/// Whether two plates are different and still would have one folder on a disk that takes capital and small
+/// letters for the same, as Windows' do.
+bool shareFolder(std::string_view plate, std::string_view other);
 
 }  // namespace tarvik::core

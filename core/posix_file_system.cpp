@@ -1,4 +1,4 @@
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -64,63 +64,63 @@ bool promisesNothing(int error) {
 
 }  // namespace
 
-PosixFileSystem::PosixFileSystem() {
+MachineFileSystem::MachineFileSystem() {
   std::signal(SIGXFSZ, SIG_IGN);
 }
 
-int PosixFileSystem::open(const std::string& path, OpenMode mode) {
+int MachineFileSystem::open(const std::string& path, OpenMode mode) {
   return ::open(path.c_str(), flagsOf(mode),
                 mode == OpenMode::CreatePrivate ? kPrivateFileMode : kNewFileMode);
 }
 
-int PosixFileSystem::close(int descriptor) {
+int MachineFileSystem::close(int descriptor) {
   return ::close(descriptor);
 }
 
-int PosixFileSystem::status(int descriptor, FileStatus& status) {
+int MachineFileSystem::status(int descriptor, FileStatus& status) {
   struct stat native {};
   if (::fstat(descriptor, &native) != 0) return -1;
   status = toStatus(native);
   return 0;
 }
 
-int PosixFileSystem::statusOf(const std::string& path, FileStatus& status) {
+int MachineFileSystem::statusOf(const std::string& path, FileStatus& status) {
   struct stat native {};
   if (::stat(path.c_str(), &native) != 0) return -1;
   status = toStatus(native);
   return 0;
 }
 
-std::int64_t PosixFileSystem::read(int descriptor, std::span<std::byte> buffer, std::int64_t offset) {
+std::int64_t MachineFileSystem::read(int descriptor, std::span<std::byte> buffer, std::int64_t offset) {
   return ::pread(descriptor, buffer.data(), buffer.size(), offset);
 }
 
-std::int64_t PosixFileSystem::write(int descriptor, std::span<const std::byte> data, std::int64_t offset) {
+std::int64_t MachineFileSystem::write(int descriptor, std::span<const std::byte> data, std::int64_t offset) {
   return ::pwrite(descriptor, data.data(), data.size(), offset);
 }
 
-int PosixFileSystem::truncate(int descriptor, std::int64_t length) {
+int MachineFileSystem::truncate(int descriptor, std::int64_t length) {
   return ::ftruncate(descriptor, length);
 }
 
-int PosixFileSystem::setMode(int descriptor, std::uint32_t mode) {
+int MachineFileSystem::setMode(int descriptor, std::uint32_t mode) {
   return ::fchmod(descriptor, mode);
 }
 
 // The disk's own cache is flushed by the commit that the next sync waits for, before that commit counts. A
 // system without this call promises instead of ordering, which takes longer and is as good.
-int PosixFileSystem::writeOut(int descriptor) {
+int MachineFileSystem::writeOut(int descriptor) {
   constexpr unsigned kWholly =
       SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER;
   if (::sync_file_range(descriptor, 0, 0, kWholly) == 0) return 0;
   return knowsNoOrder(errno) ? ::fsync(descriptor) : -1;
 }
 
-int PosixFileSystem::sync(int descriptor) {
+int MachineFileSystem::sync(int descriptor) {
   return ::fsync(descriptor);
 }
 
-int PosixFileSystem::syncFolder(const std::string& path) {
+int MachineFileSystem::syncFolder(const std::string& path) {
   const int folder = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (folder < 0) return -1;
   const bool isDone = ::fsync(folder) == 0 || promisesNothing(errno);
@@ -130,30 +130,30 @@ int PosixFileSystem::syncFolder(const std::string& path) {
   return isDone ? 0 : -1;
 }
 
-int PosixFileSystem::rename(const std::string& from, const std::string& to) {
+int MachineFileSystem::rename(const std::string& from, const std::string& to) {
   return ::rename(from.c_str(), to.c_str());
 }
 
-int PosixFileSystem::remove(const std::string& path) {
+int MachineFileSystem::remove(const std::string& path) {
   return ::unlink(path.c_str());
 }
 
-int PosixFileSystem::makeFolder(const std::string& path) {
+int MachineFileSystem::makeFolder(const std::string& path) {
   return ::mkdir(path.c_str(), kNewFolderMode);
 }
 
-int PosixFileSystem::resolve(const std::string& path, std::string& resolved) {
+int MachineFileSystem::resolve(const std::string& path, std::string& resolved) {
   const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr), &std::free);
   if (!real) return -1;
   resolved = real.get();
   return 0;
 }
 
-int PosixFileSystem::tryLock(int descriptor) {
+int MachineFileSystem::tryLock(int descriptor) {
   return ::flock(descriptor, LOCK_EX | LOCK_NB);
 }
 
-void PosixFileSystem::pause(int milliseconds) {
+void MachineFileSystem::pause(int milliseconds) {
   std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 

@@ -4,6 +4,7 @@
 #include <utility>
 #include <variant>
 
+#include "core/failure.h"
 #include "core/record_file.h"
 #include "exchange/own_format.h"
 #include "exchange/row_reader.h"
@@ -22,10 +23,11 @@ struct Fit {
 
 Fit fitOf(std::string_view text, CsvShape shape) {
   Fit best;
+  std::size_t rows = 0;
   readCsv(text, shape, [&](CsvRow&& row) {
     const int heads = recognisedHeads(row);
     if (heads > best.heads) best = {heads, std::move(row.cells)};
-    return true;
+    return ++rows <= kMostRows;
   });
   return best;
 }
@@ -95,6 +97,15 @@ void readForeignRows(const LogTable& table, LogFile& file) {
   }
 }
 
+// Figures too large to compare are no prices.
+bool isCheap(const LogRow& row, const core::Ratio& litres) {
+  try {
+    return row.totalCost < row.volume * litres * kCheapestForints;
+  } catch (const core::Failure&) {
+    return false;
+  }
+}
+
 }  // namespace
 
 CsvShape findShape(std::string_view text) {
@@ -109,6 +120,18 @@ CsvShape findShape(std::string_view text) {
   const auto apostrophed = std::ranges::count_if(bestFit.cells, isApostrophed);
   if (2 * static_cast<std::size_t>(apostrophed) > bestFit.cells.size()) best.quote = '\'';
   return best;
+}
+
+bool costsAreForeign(const LogFile& file) {
+  if (!file.hasCosts || !file.currency.empty()) return file.hasCosts && file.currency != "HUF";
+  int cheap = 0;
+  int priced = 0;
+  for (const LogRow& row : file.rows) {
+    if (row.volume.isZero() || row.totalCost.isZero()) continue;
+    ++priced;
+    if (isCheap(row, litresOf(file.volume))) ++cheap;
+  }
+  return 2 * cheap > priced;
 }
 
 LogFile readLog(std::string_view text, std::optional<DayOrder> dayOrder) {

@@ -79,6 +79,11 @@ struct LogFile {
 /// the order where the person has. Never throws but for memory.
 LogFile readLog(std::string_view text, std::optional<DayOrder> dayOrder = std::nullopt);
 
+/// Whether the costs of a file are surely not forints: it names another currency, or none while half of its
+/// fuel costs less than kCheapestForints a litre.
+bool costsAreForeign(const LogFile& file);
+inline constexpr int kCheapestForints = 50;
+
 /// The separator and quote under which most heads of a table of fill-ups are found.
 CsvShape findShape(std::string_view text);
 

@@ -9,6 +9,7 @@
 #include "core/field_number.h"
 #include "core/number_text.h"
 #include "exchange/days.h"
+#include "exchange/numbers.h"
 
 namespace tarvik::exchange {
 namespace {
@@ -71,21 +72,15 @@ void appendRow(std::string& file, const std::vector<std::string>& cells, char se
   file += lineEnd;
 }
 
+// A figure below zero is no text, whatever it begins with.
 std::vector<std::string> harmlessCells(std::vector<std::string> cells) {
-  for (std::string& cell : cells) cell = harmless(std::move(cell));
+  for (std::string& cell : cells)
+    if (!cell.starts_with('-') || !isBareFigure(cell)) cell = harmless(std::move(cell));
   return cells;
 }
 
 std::string twoDigits(int number) {
   return (number < 10 ? "0" : "") + std::to_string(number);
-}
-
-std::string isoDay(double stored) {
-  const auto day = core::dayFromStored(stored);
-  if (!day) return {};
-  const auto [year, month, dayOfMonth] = core::calendarDate(*day);
-  const std::string digits = std::to_string(year);
-  return std::string(4 - digits.size(), '0') + digits + "-" + twoDigits(month) + "-" + twoDigits(dayOfMonth);
 }
 
 std::string flagText(std::int16_t flag) {
@@ -168,6 +163,14 @@ NapiAdat readEntry(OwnRow& row) {
 }
 
 }  // namespace
+
+std::string isoDay(double stored) {
+  const auto day = core::dayFromStored(stored);
+  if (!day) return {};
+  const auto [year, month, dayOfMonth] = core::calendarDate(*day);
+  const std::string digits = std::to_string(year);
+  return std::string(4 - digits.size(), '0') + digits + "-" + twoDigits(month) + "-" + twoDigits(dayOfMonth);
+}
 
 std::string harmless(std::string text) {
   if (computedFrom(text) != std::string::npos) text.insert(text.begin(), '\'');

@@ -28,6 +28,9 @@ std::string tabbedOf(const TextTable& table);
 /// The listed entries with every field, as csvOf writes them: ISO days, decimal commas, "igen" and "nem".
 std::string csvOf(const core::Listing& listing);
 
+/// The day of a stored date as "2013-07-05"; empty when it holds none.
+std::string isoDay(double stored);
+
 /// A text that a spreadsheet takes for a text: an apostrophe stands before one that begins (spaces and
 /// apostrophes aside) with = + - @, a tab or a line break. restored gives the text back.
 std::string harmless(std::string text);

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "core/record_file.h"
 
 // The program that ./soak kills, and the check of what it left.
@@ -25,7 +25,7 @@
 
 namespace {
 
-using tarvik::core::PosixFileSystem;
+using tarvik::core::MachineFileSystem;
 using tarvik::core::RecordFile;
 
 // One kind ends in a zero byte and is added in place, the other never is.
@@ -62,7 +62,7 @@ std::string contentsOf(const std::string& path) {
 }
 
 void make(const Change& change, const std::string& folder) {
-  PosixFileSystem files;
+  MachineFileSystem files;
   const Kind& kind = kKinds[change.kind];
   RecordFile file(files, folder + "/" + kind.file, kind.length);
   const std::string record = recordOf(kind, change.identity);

@@ -12,12 +12,16 @@ constexpr char kTemporary[] = "xx.dat";
 
 }  // namespace
 
+Repairs loadRepairs(core::FileSystem& files, const core::DataFolders& folders) {
+  return core::loadRecords<Repair>(files, folders.inProgram(kFile));
+}
+
 std::vector<RepairRow> RepairLog::listOf(std::string_view plate) {
   return listFiltered({.plate = std::string(plate)});
 }
 
 std::vector<RepairRow> RepairLog::listFiltered(const RepairFilter& filter) {
-  listed_ = core::loadRecords<Repair>(files_, folders_.inProgram(kFile));
+  listed_ = loadRepairs(files_, folders_);
   return rowsOf(listed_, filter);
 }
 

@@ -22,6 +22,9 @@ struct NewRepair {
   std::string reading;      ///< its leading number counts, none is 0; km
 };
 
+/// Reads all entries; throws as core::loadRecords does.
+Repairs loadRepairs(core::FileSystem& files, const core::DataFolders& folders);
+
 /// The repair log, Szerviz.dat in the program folder. Every operation opens the file, finishes with it and
 /// closes it; beside what each says, it throws the failures of the record files.
 class RepairLog {

@@ -15,13 +15,14 @@ class Change:
     end: int
     old: str
     new: str
+    context: str  # the line in which it begins
 
     def applied(self, text):
         return text[: self.start] + self.new + text[self.end :]
 
     def key(self):
         """What names the change in the list of those that change nothing, whatever its line."""
-        return " | ".join((self.path, self.kind, one_line(self.old), one_line(self.new)))
+        return " | ".join((self.path, self.kind, one_line(self.old), one_line(self.new), self.context))
 
     def __str__(self):
         return f"{self.path}:{self.line}: {self.kind}: {one_line(self.old)}  ->  {one_line(self.new) or 'nothing'}"
@@ -37,7 +38,8 @@ def changes_of(path, text):
     result = []
     for start, end, new, kind in sorted(found):
         line = text.count("\n", 0, start) + 1
-        result.append(Change(path, line, kind, start, end, text[start:end], new))
+        context = text.splitlines()[line - 1].strip()
+        result.append(Change(path, line, kind, start, end, text[start:end], new, context))
     return result
 
 

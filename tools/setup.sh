@@ -26,6 +26,9 @@ COVERAGE_PACKAGES=(gcovr)
 # For the packages to unpack: the manual made into one page, libraries found beside the program.
 PACKAGE_PACKAGES=(pandoc patchelf)
 PACKAGE_TEST_PACKAGES=(desktop-file-utils appstream mmdebstrap dosfstools)
+# For the Windows program: cross compiler, means to unpack sources, icon; and what runs it here.
+WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix dpkg-dev librsvg2-bin icoutils zip)
+WINDOWS_TEST_PACKAGES=(googletest wine wine64)
 
 fail() {
   echo "$(basename "$0"): $*" >&2

@@ -44,8 +44,12 @@ TyreSets allOf(const core::RecordFile& file) {
 
 }  // namespace
 
+TyreSets loadTyreSets(core::FileSystem& files, const core::DataFolders& folders) {
+  return core::loadRecords<TyreSet>(files, folders.inProgram(kFile));
+}
+
 std::vector<TyreRow> TyreRegister::list(std::optional<std::string_view> plate) {
-  listed_ = core::loadRecords<TyreSet>(files_, folders_.inProgram(kFile));
+  listed_ = loadTyreSets(files_, folders_);
   if (listed_.count() > 0) buffer_ = listed_.record(listed_.count());
   return rowsOf(listed_, plate);
 }

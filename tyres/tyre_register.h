@@ -74,6 +74,9 @@ class TyreRegister {
   TyreSet buffer_;
 };
 
+/// Reads all sets; throws as core::loadRecords does.
+TyreSets loadTyreSets(core::FileSystem& files, const core::DataFolders& folders);
+
 /// Adds a distance in km to the first set that is on the vehicle's car, and only to that one: this system's
 /// convention when several are marked. The sum is rounded, halves to even. A missing file is
 /// created; without such a set, and for a distance of 0, nothing is written. Throws Failure(OutOfRange) when

@@ -69,6 +69,7 @@ void ChartPanel::toggle(QPushButton& button, QPoint mainTopLeft) {
 void ChartPanel::showChart(int choice) {
   const core::Logbook entries = logbook();
   display(charts::seriesOf(choice, entries, toLogic(sources_.averageText())), charts::chartTitle(choice));
+  ui_->MSChart1->setUnitText(toQt(charts::chartUnit(choice)));
   fitScrollBar(entries.count());
   show();
   raise();

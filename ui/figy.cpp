@@ -7,6 +7,8 @@
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
+#include "ui/list_menu.h"
+#include "ui/list_tables.h"
 #include "ui/message_boxes.h"
 #include "ui/models/reminder_rows.h"
 #include "ui/placement.h"
@@ -31,6 +33,7 @@ figy::figy(Context& context, QString plate, QWidget* parent)
   addClosingMenu(*this, ui_->mnu_bezar);
   prepareFields();
   prepareLists();
+  addListMenus();
   connectButtons();
   keepWithinReach(*this);
   openInTheMiddle(*this);
@@ -57,6 +60,15 @@ void figy::prepareLists() {
   ui_->ListView2->sortByHeaderClicks();
   ui_->ListView1->onRowChosen([this](int row) { return chooseKm(row); });
   ui_->ListView2->onRowChosen([this](int row) { return guarded(this, [&] { chooseDate(row); }); });
+}
+
+void figy::addListMenus() {
+  new ListMenu(ui_->ListView1, context_,
+               {.fileName = [] { return QStringLiteral("figyelmeztetesek_km"); },
+                .csv = [this] { return kmRemindersCsv(context_.files, context_.folders, *kmRows_); }});
+  new ListMenu(ui_->ListView2, context_,
+               {.fileName = [] { return QStringLiteral("figyelmeztetesek_datum"); },
+                .csv = [this] { return dateRemindersCsv(context_.files, context_.folders, *dateRows_); }});
 }
 
 void figy::connectButtons() {

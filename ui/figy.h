@@ -34,6 +34,7 @@ class figy : public QDialog {
  private:
   void prepareFields();
   void prepareLists();
+  void addListMenus();
   void connectButtons();
   void makeTabsButtonDefault(int tab);
 

@@ -5,6 +5,7 @@
 #include "ui/change.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
+#include "ui/look.h"
 #include "ui/message_boxes.h"
 #include "ui/models/reminder_rows.h"
 #include "ui/placement.h"
@@ -24,8 +25,8 @@ frmDatumFigyelmeztetes::frmDatumFigyelmeztetes(Context& context, QWidget* parent
   onClick(this, ui_->cmdDel, &frmDatumFigyelmeztetes::deleteChosen);
   connect(ui_->Command1, &QPushButton::clicked, this, &QDialog::close);
   keepWithinReach(*this);
-  openInTheMiddle(*this);
   guarded(this, [this] { load(); });
+  openInTheMiddle(*this);
 }
 
 frmDatumFigyelmeztetes::~frmDatumFigyelmeztetes() = default;
@@ -46,6 +47,7 @@ void frmDatumFigyelmeztetes::choose(int row) {
   showCaption(ui_->lbBeirva, toQt(details.enteredOn));
   showCaption(ui_->lbRendszam, toQt(details.plate));
   showCaption(ui_->lbNapok, toQt(details.daysLeft));
+  showOverdue(*ui_->lbNapok, details.daysLeft.starts_with('-'));
 }
 
 // Without a chosen row nothing is deleted and the screen closes all the same.

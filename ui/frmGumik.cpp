@@ -11,6 +11,9 @@
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
+#include "ui/list_menu.h"
+#include "ui/list_tables.h"
+#include "ui/look.h"
 #include "ui/placement.h"
 #include "ui/text.h"
 #include "ui_frmGumik.h"
@@ -18,6 +21,8 @@
 namespace tarvik::ui {
 namespace {
 
+// The size of the window where the display has room, in steps of the grid.
+constexpr QSize kWishedSteps{100, 72};
 constexpr int kKmRunColumn = 3;
 constexpr int kConditionColumn = 4;
 
@@ -55,9 +60,10 @@ frmGumik::frmGumik(Context& context, const QString& plate, const QStringList& pl
   addClosingMenu(*this, ui_->mnuBezar);
   prepareFields(plate, plates);
   prepareList();
+  addListMenu(context);
   connectButtons();
   keepWithinReach(*this);
-  openInTheMiddle(*this);
+  openInTheMiddle(*this, kWishedSteps * gridStep());
   guarded(this, [this] { BeolvasGumi(); });
 }
 
@@ -86,6 +92,12 @@ void frmGumik::prepareList() {
   new ListHint(*ui_->ListViewGumi, QStringLiteral("Ehhez a rendszámhoz nincs gumi felvéve."));
   ui_->ListViewGumi->sortByHeaderClicks();
   ui_->ListViewGumi->onRowChosen([this](int row) { return guarded(this, [&] { choose(row); }); });
+}
+
+void frmGumik::addListMenu(Context& context) {
+  new ListMenu(ui_->ListViewGumi, context,
+               {.fileName = [] { return QStringLiteral("gumik"); },
+                .csv = [this, &context] { return tyresCsv(context.files, context.folders, *rows_); }});
 }
 
 void frmGumik::connectButtons() {

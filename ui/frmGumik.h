@@ -32,6 +32,7 @@ class frmGumik : public QDialog {
  private:
   void prepareFields(const QString& plate, const QStringList& plates);
   void prepareList();
+  void addListMenu(Context& context);
   void connectButtons();
 
   void BeolvasGumi();

@@ -1,5 +1,7 @@
 #include "ui/frmMelyGrafikon.h"
 
+#include <QKeyEvent>
+
 #include "ui/access.h"
 #include "ui/placement.h"
 #include "ui_frmMelyGrafikon.h"
@@ -18,7 +20,10 @@ frmMelyGrafikon::frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* 
   makeAccessible(*this);
   // The group holds the options in the order of the form, which is that of their numbers.
   int number = 0;
-  for (QAbstractButton* option : ui_->choices->buttons()) ui_->choices->setId(option, ++number);
+  for (QAbstractButton* option : ui_->choices->buttons()) {
+    ui_->choices->setId(option, ++number);
+    option->installEventFilter(this);
+  }
   if (QAbstractButton* last = ui_->choices->button(context_.state.chartChoice)) {
     last->setChecked(true);
     last->setFocus();
@@ -26,11 +31,20 @@ frmMelyGrafikon::frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* 
   connect(ui_->cmdMegjelenit, &QPushButton::clicked, this, &frmMelyGrafikon::takeChecked);
   connect(ui_->cmdMegsem, &QPushButton::clicked, this, &frmMelyGrafikon::reject);
   keepWithinReach(*this);
-  openAt(*this,
-         mainTopLeft + QPoint(pixelsOfTwips(kRightTwips, *this), pixelsOfTwips(kDownTwips, *this)));
+  openAt(*this, mainTopLeft + QPoint(pixelsOfTwips(kRightTwips, *this), pixelsOfTwips(kDownTwips, *this)));
 }
 
 frmMelyGrafikon::~frmMelyGrafikon() = default;
+
+bool frmMelyGrafikon::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress || ui_->choices->checkedId() > 0)
+    return QDialog::eventFilter(watched, event);
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  const bool isArrow = key >= Qt::Key_Left && key <= Qt::Key_Down;
+  if (!isArrow) return QDialog::eventFilter(watched, event);
+  static_cast<QAbstractButton*>(watched)->click();
+  return true;
+}
 
 void frmMelyGrafikon::takeChecked() {
   const int checked = ui_->choices->checkedId();

@@ -11,6 +11,7 @@
 #include "ui/controls/row_choice.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
+#include "ui/look.h"
 #include "ui/message_boxes.h"
 #include "ui/placement.h"
 #include "ui/text.h"
@@ -19,6 +20,8 @@
 namespace tarvik::ui {
 namespace {
 
+// The size of the window where the display has room, in steps of the grid.
+constexpr QSize kWishedSteps{84, 48};
 constexpr int kRightTwips = 2'000;
 constexpr int kDownTwips = 2'500;
 
@@ -93,7 +96,8 @@ void frmSetup::load() {
 }
 
 void frmSetup::place() {
-  openAt(*this, mainTopLeft_ + QPoint(pixelsOfTwips(kRightTwips, *this), pixelsOfTwips(kDownTwips, *this)));
+  openAt(*this, mainTopLeft_ + QPoint(pixelsOfTwips(kRightTwips, *this), pixelsOfTwips(kDownTwips, *this)),
+         kWishedSteps * gridStep());
 }
 
 void frmSetup::loadVehicleLists() {

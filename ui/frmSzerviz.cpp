@@ -10,6 +10,9 @@
 #include "ui/dialog_parts.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
+#include "ui/list_menu.h"
+#include "ui/list_tables.h"
+#include "ui/look.h"
 #include "ui/placement.h"
 #include "ui/text.h"
 #include "ui_frmSzerviz.h"
@@ -17,6 +20,8 @@
 namespace tarvik::ui {
 namespace {
 
+// The size of the window where the display has room, in steps of the grid.
+constexpr QSize kWishedSteps{116, 72};
 constexpr int kCostColumn = 4;
 constexpr int kReadingColumn = 5;
 
@@ -35,13 +40,14 @@ frmSzerviz::frmSzerviz(Context& context, const QString& plate, const QStringList
   addClosingMenu(*this, ui_->mnuBezar);
   prepareFields(plate, plates, context.clock.today());
   prepareList();
+  addListMenu(context);
   onClick(this, ui_->cmdSzervizSzures, &frmSzerviz::filter);
   for (const QLineEdit* key : {ui_->txtSzervizMegnev, ui_->txtAlkatresz})
     connect(key, &QLineEdit::returnPressed, ui_->cmdSzervizSzures, &QPushButton::click);
   onClick(this, ui_->cmdRogzitSzerviz, &frmSzerviz::recordRepair);
   onClick(this, ui_->cmdDelSzerviz, &frmSzerviz::deleteRepair);
   keepWithinReach(*this);
-  openInTheMiddle(*this);
+  openInTheMiddle(*this, kWishedSteps * gridStep());
   guarded(this, [this] { BeolvasSzerviz(); });
 }
 
@@ -66,6 +72,12 @@ void frmSzerviz::prepareList() {
   new ListHint(*ui_->ListViewSzerviz, QStringLiteral("Nincs ilyen javítás vagy szervíz felvéve."));
   ui_->ListViewSzerviz->sortByHeaderClicks();
   ui_->ListViewSzerviz->onRowChosen([this](int row) { return guarded(this, [&] { choose(row); }); });
+}
+
+void frmSzerviz::addListMenu(Context& context) {
+  new ListMenu(ui_->ListViewSzerviz, context,
+               {.fileName = [] { return QStringLiteral("javitasok"); },
+                .csv = [this, &context] { return repairsCsv(context.files, context.folders, *rows_); }});
 }
 
 void frmSzerviz::BeolvasSzerviz() {

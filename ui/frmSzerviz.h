@@ -28,6 +28,7 @@ class frmSzerviz : public QDialog {
  private:
   void prepareFields(const QString& plate, const QStringList& plates, core::Day today);
   void prepareList();
+  void addListMenu(Context& context);
 
   void BeolvasSzerviz();
   void list(const std::function<std::vector<repairs::RepairRow>()>& read);

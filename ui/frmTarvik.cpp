@@ -3,6 +3,8 @@
 #include <QCloseEvent>
 #include <QLineEdit>
 #include <QScreen>
+#include <QStyle>
+#include <algorithm>
 
 #include "settings/start_settings.h"
 #include "settings/vehicles.h"
@@ -66,16 +68,21 @@ frmTarvik::frmTarvik(Context& context)
 frmTarvik::~frmTarvik() = default;
 
 // The filter may be opened later: the window has its width from the start. Where the display has room the
-// list is taller than it must be; where it is low, the results stand beside each other.
+// list is taller than it must be, as high as a chart over it wishes; where it is low, the results stand
+// beside each other.
 void frmTarvik::place() {
   keepWithinReach(*this);
   const QMargins sides = ui_->mainLayout->contentsMargins();
   const int around = sides.left() + sides.right();
   ui_->FrameSzürö->ensurePolished();
-  ui_->centralwidget->setMinimumWidth(ui_->FrameSzürö->minimumSizeHint().width() + around);
-  const QSize wanted(pixelsOfTwips(kWidthTwips, *this), sizeHint().height() + kWishedRows * rowHeight());
+  ui_->ListView1->setMinimumWidth(
+      std::max(ui_->ListView1->minimumWidth(), ui_->FrameSzürö->minimumSizeHint().width()));
+  const int forChart = findChild<ChartPanel*>()->sizeHint().height() - ui_->logbookArea->sizeHint().height();
+  const QSize wanted(pixelsOfTwips(kWidthTwips, *this),
+                     sizeHint().height() + std::max(kWishedRows * rowHeight(), forChart));
   const bool isLow = screen()->availableGeometry().height() < ui_->centralwidget->sizeHint().height();
-  openInTheMiddle(*this, isLow ? QSize(ui_->resultBand->wideWidth() + around, wanted.height()) : wanted);
+  const int wide = ui_->resultBand->wideWidth() + around + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  openInTheMiddle(*this, isLow ? QSize(wide, wanted.height()) : wanted);
 }
 
 void frmTarvik::setUpFields() {
@@ -143,7 +150,6 @@ void frmTarvik::load() {
   guarded(this, [this] { loadVehicles(); });
   guarded(this, [this] { loadStartSettings(); });
   guarded(this, [this] { beolvas(); }, {.failed = kListIncomplete});
-  ui_->ListView1->scrollToBottom();
 }
 
 void frmTarvik::loadLookups() {
@@ -170,6 +176,7 @@ void frmTarvik::fillPlates(const QStringList& plates) {
   ui_->Combo1->addItems(plates);
   ui_->Combo1->setCurrentIndex(-1);
   ui_->Combo1->setEditText(chosen);
+  showCues();
 }
 
 void frmTarvik::loadStartSettings() {
@@ -233,6 +240,8 @@ void frmTarvik::showEvent(QShowEvent* event) {
   QMainWindow::showEvent(event);
   if (wasShown_) return;
   wasShown_ = true;
+  // The newest entry is in view once the list has its size.
+  QTimer::singleShot(0, ui_->ListView1, &QTreeView::scrollToBottom);
   if (timer_->isActive()) timer_->start();  // the first check comes a full interval after this
 }
 

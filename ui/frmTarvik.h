@@ -99,6 +99,10 @@ class frmTarvik : public QMainWindow {
   void showTotals();
   void showHint(QObject* field);
 
+  // The list's context menu (frmTarvik_exchange.cpp).
+  void setUpListMenu();
+  void importLog();
+
   // The keyboard (frmTarvik_keyboard.cpp).
   void setUpKeyboard();
   void onKey(const QKeySequence& keys, QWidget* within, void (frmTarvik::*handler)());

@@ -34,6 +34,7 @@ void frmTarvik::setUpList() {
   for (QLineEdit* field :
        {ui_->tx_teljes_ktg, ui_->ob_ktg, ui_->txAlkatreszKoltseg, ui_->tx_liter, ui_->tx_megtett_km})
     field->installEventFilter(this);
+  setUpListMenu();
 }
 
 void frmTarvik::beolvas() {
@@ -62,10 +63,11 @@ void frmTarvik::showCues() {
   emptyList_->setText(emptyListText(shown_, ui_->Combo1->count() > 0));
 }
 
-// The newest entry is the last one; after a recording its row is tinted for a moment.
+// After a recording the new entry's row is tinted for a moment; a filter may keep it from the list.
 void frmTarvik::markNewest() {
-  const int last = listing_->rowCount() - 1;
-  if (last < 0) return;
+  const core::Listing& listing = listing_->listing();
+  const int last = listing.rows() - 1;
+  if (last < 0 || listing.number(last) != listing.logbook.count()) return;
   ui_->ListView1->scrollToBottom();
   delegate_->mark(listing_->index(last, listing_->columnCount() - 1).data().toString(), *ui_->ListView1);
 }

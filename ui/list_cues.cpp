@@ -27,11 +27,12 @@ QString quietLine(const ShownList& shown) {
 }
 
 QString warningLine(const ShownList& shown, const QString& chosenPlate) {
-  const QString chosen = chosenPlate.isEmpty() ? QStringLiteral("nincs") : chosenPlate;
-  const QString whose = shown.plate.isEmpty() ? QStringLiteral("A lista üres") :
-      QStringLiteral("A lista %1 naplója").arg(shown.plate);
-  return QStringLiteral("%1, de a kiválasztott rendszám: %2 – a módosítás és a törlés arra vonatkozik")
-      .arg(whose, chosen);
+  if (shown.plate.isEmpty())
+    return QStringLiteral("A lista még nem %1 naplója: nyomd meg a Lista gombot!").arg(chosenPlate);
+  if (chosenPlate.isEmpty())
+    return QStringLiteral("A lista %1 naplója, de nincs kiválasztva rendszám").arg(shown.plate);
+  return QStringLiteral("A lista %1 naplója – a módosítás és a törlés viszont ezé: %2")
+      .arg(shown.plate, chosenPlate);
 }
 
 }  // namespace
@@ -39,6 +40,7 @@ QString warningLine(const ShownList& shown, const QString& chosenPlate) {
 void showListLine(QLabel& line, const ShownList& shown, const QString& chosenPlate) {
   const bool isOther = chosenPlate != shown.plate;
   line.setText(isOther ? warningLine(shown, chosenPlate) : quietLine(shown));
+  line.setToolTip(line.text());
   line.setAutoFillBackground(isOther);
   line.setBackgroundRole(isOther ? QPalette::ToolTipBase : QPalette::Window);
   line.setForegroundRole(isOther ? QPalette::ToolTipText : QPalette::WindowText);

@@ -10,9 +10,9 @@ namespace tarvik::ui {
 
 /// What the logbook list shows, in the words of the line over it.
 struct ShownList {
-  QString plate;     ///< whose logbook, trimmed
-  int mode = 0;      ///< whole, one year or one month, as the filter counts them
-  core::Day day{};   ///< a day of that year or month
+  QString plate;    ///< whose logbook, trimmed
+  int mode = 0;     ///< whole, one year or one month, as the filter counts them
+  core::Day day{};  ///< a day of that year or month
   int entries = 0;
 };
 

@@ -1,17 +1,16 @@
 #include "ui/list_printer.h"
 
-#include <QFileDialog>
 #include <QInputDialog>
+#include <QPagedPaintDevice>
 #include <QPainter>
-#include <QPdfWriter>
 #include <QProgressDialog>
-#include <QStandardPaths>
-#include <QTemporaryDir>
+#include <functional>
 #include <optional>
 #include <utility>
 
 #include "core/failure.h"
 #include "core/record_file.h"
+#include "ui/file_chooser.h"
 #include "ui/message_boxes.h"
 #include "ui/output_file.h"
 #include "ui/page_painter.h"
@@ -35,35 +34,23 @@ std::optional<QString> askHeading(QWidget* parent) {
   return accepted ? std::optional(heading) : std::nullopt;
 }
 
-// The PDF file to write, empty when the person gave up. The dialog is the toolkit's own: it asks itself
-// before a file is replaced, in the program's language.
 QString askPdfPath(const QString& name, QWidget* parent) {
-  QFileDialog dialog(parent, QStringLiteral("Mentés PDF-fájlba"),
-                     QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation),
-                     QStringLiteral("PDF-fájl (*.pdf)"));
-  dialog.setOption(QFileDialog::DontUseNativeDialog);
-  dialog.setViewMode(QFileDialog::List);  // the other view has words that the translation lacks
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setDefaultSuffix(QStringLiteral("pdf"));
-  dialog.selectFile(name);
-  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+  return askFileToWrite(
+      {QStringLiteral("Mentés PDF-fájlba"), QStringLiteral("PDF-fájl (*.pdf)"), QStringLiteral("pdf")}, name,
+      parent);
 }
 
 QString pdfName(const QString& plate, core::Day today) {
   return QStringLiteral("%1_%2.pdf").arg(plate, toQt(today).toString(Qt::ISODate));
 }
 
-void setUpPaper(QPdfWriter& writer, const QString& title) {
-  writer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Landscape, QMarginsF()));
-  writer.setTitle(title);
-}
-
-// Writes all pages as PDF; false when the person cancelled it. A refused write ends it early and is the
-// file's to tell.
-bool paintDocument(const print::ListDocument& document, const QString& title, OutputFile& file,
-                   QWidget* parent) {
-  QPdfWriter writer(&file);
-  setUpPaper(writer, title);
+// Draws all pages; false when the person cancelled it. A page that is refused ends it early and is the
+// device's to tell.
+bool drawDocument(const print::ListDocument& document, QPagedPaintDevice& device,
+                  const std::function<bool()>& refused, QWidget* parent) {
+  QPageLayout sheet(QPageSize(QPageSize::A4), QPageLayout::Landscape, QMarginsF());
+  sheet.setMode(QPageLayout::FullPageMode);  // from the paper's corner on, whatever margins a printer has
+  device.setPageLayout(sheet);
   QProgressDialog progress(QStringLiteral("A lista oldalai készülnek..."), QStringLiteral("Mégse"), 0,
                            document.pageCount(), parent);
   progress.setWindowTitle(commandTitle());
@@ -71,9 +58,9 @@ bool paintDocument(const print::ListDocument& document, const QString& title, Ou
   progress.setMinimumDuration(kPatienceMilliseconds);
   progress.setValue(0);
 
-  QPainter painter(&writer);
-  for (int number = 1; number <= document.pageCount() && !file.hasFailed(); ++number) {
-    if (number > 1) writer.newPage();
+  QPainter painter(&device);
+  for (int number = 1; number <= document.pageCount() && painter.isActive() && !refused(); ++number) {
+    if (number > 1) device.newPage();
     paintPage(painter, document.page(number));
     progress.setValue(number);
     if (progress.wasCanceled()) return false;
@@ -83,7 +70,7 @@ bool paintDocument(const print::ListDocument& document, const QString& title, Ou
 
 // What is printed, and how it is called.
 struct PrintOut {
-  const print::ListDocument& document;
+  DrawDocument draw;
   QString plate;
   QString title;
 };
@@ -95,19 +82,13 @@ void saveAsPdf(Context& context, const PrintOut& printOut, QWidget* parent) {
   const QString path = askPdfPath(pdfName(printOut.plate, context.clock.today()), parent);
   if (path.isEmpty()) return;
   OutputFile file(context.files, toLogic(path));
-  if (!paintDocument(printOut.document, printOut.title, file, parent)) return;
+  if (!drawPdf(file, printOut.title, printOut.draw)) return;
   file.commit();
 }
 
 void sendTo(const QString& printer, Context& context, const PrintOut& printOut, PrintSystem& system,
             QWidget* parent) {
-  const QTemporaryDir folder;
-  if (!folder.isValid()) throw core::Failure(core::FailureKind::OpenFailed).file(toLogic(folder.path()));
-  const QString path = folder.filePath(QStringLiteral("lista.pdf"));
-  OutputFile file(context.files, toLogic(path));
-  if (!paintDocument(printOut.document, printOut.title, file, parent)) return;
-  file.commit();
-  const QString refusal = system.send(printer, path, printOut.title);
+  const QString refusal = system.print(printer, printOut.title, context.files, printOut.draw);
   if (!refusal.isEmpty())
     tellError(parent, QStringLiteral(" H i b a !"),
               QStringLiteral("A nyomtatás nem sikerült (%1):\n%2").arg(printer, refusal));
@@ -128,7 +109,10 @@ void printList(Context& context, const QString& plate, print::ListedRows rows, Q
   if (!heading) return;
 
   const print::ListDocument document(logbook, std::move(rows), toLogic(*heading));
-  const PrintOut printOut{document, plate.trimmed(), QStringLiteral("Tarvik ") + plate.trimmed()};
+  const auto draw = [&](QPagedPaintDevice& device, const std::function<bool()>& refused) {
+    return drawDocument(document, device, refused, parent);
+  };
+  const PrintOut printOut{draw, plate.trimmed(), QStringLiteral("Tarvik ") + plate.trimmed()};
   const QString printer = system.printer();
   if (printer.isEmpty())
     saveAsPdf(context, printOut, parent);

@@ -61,13 +61,6 @@ QFont headline(const QFont& like) {
   return font;
 }
 
-void colourOverdue(QWidget& widget) {
-  QPalette palette = widget.palette();
-  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text})
-    palette.setColor(role, overdueColour(QApplication::palette()));
-  widget.setPalette(palette);
-}
-
 QIcon programIcon() {
   bringIcons();
   QIcon icon;
@@ -96,11 +89,18 @@ QColor overdueColour(const QPalette& palette) {
   return isDark ? QColor(0xff, 0x8a, 0x80) : QColor(0xb0, 0x00, 0x20);
 }
 
+void showOverdue(QWidget& part, bool isOverdue) {
+  QPalette palette;
+  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text})
+    if (isOverdue) palette.setColor(role, overdueColour(QApplication::palette()));
+  part.setPalette(palette);
+}
+
 LookStyle::LookStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
 void LookStyle::polish(QWidget* widget) {
   QProxyStyle::polish(widget);
-  if (hasLook(widget, "overdue")) colourOverdue(*widget);
+  if (hasLook(widget, "overdue")) showOverdue(*widget, true);
   if (hasLook(widget, "heading")) widget->setFont(headline(QApplication::font()));
   if (qobject_cast<QPushButton*>(widget) != nullptr || qobject_cast<QComboBox*>(widget) != nullptr)
     widget->setAttribute(Qt::WA_Hover);
@@ -183,10 +183,10 @@ QSize LookStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
     case CT_MenuBarItem:
       return result + QSize(gridStep(), gridStep() / 2);
     case CT_GroupBox:
-      return {std::max(result.width(), QFontMetrics(bold(widget == nullptr ? QApplication::font()
-                                                                           : widget->font()))
-                                               .horizontalAdvance(titleOf(option)) +
-                                           2 * gridStep()),
+      return {std::max(result.width(),
+                       QFontMetrics(bold(widget == nullptr ? QApplication::font() : widget->font()))
+                               .horizontalAdvance(titleOf(option)) +
+                           2 * gridStep()),
               result.height()};
     default:
       return result;
@@ -195,8 +195,6 @@ QSize LookStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
 
 QRect LookStyle::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const {
   const QRect rect = QProxyStyle::subElementRect(element, option, widget);
-  if (element == SE_HeaderLabel)
-    return {rect.left(), option->rect.top(), rect.width(), option->rect.height() - 1};
   const int inset = element == SE_LineEditContents && framed(option) ? gridStep() / 2 - 1 : 0;
   return rect.adjusted(inset, 0, -inset, 0);
 }
@@ -265,6 +263,7 @@ void LookStyle::drawControl(ControlElement element, const QStyleOption* option, 
     else
       static_cast<QStyleOptionHeader&>(lighter) = *heading;
     lighter.palette.setColor(QPalette::ButtonText, quietText(option->palette));
+    lighter.rect.adjust(0, -gridStep() / 2, 0, gridStep() / 2);  // the margin is meant for the sides
     return QProxyStyle::drawControl(element, &lighter, painter, widget);
   }
   QProxyStyle::drawControl(element, option, painter, widget);
@@ -279,8 +278,7 @@ void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
   }
   const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
   if (control == CC_ComboBox && combo != nullptr)
-    return paintSelector(*painter, *combo,
-                         subControlRect(control, option, SC_ComboBoxArrow, widget));
+    return paintSelector(*painter, *combo, subControlRect(control, option, SC_ComboBoxArrow, widget));
   QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 

@@ -78,8 +78,9 @@ class TextPainter {
 }  // namespace
 
 QString pageFontFamily() {
-  const QString own = QStringLiteral("Times New Roman CE");
-  return QFontDatabase::hasFamily(own) ? own : QStringLiteral("Liberation Serif");
+  for (const QString& family : {QStringLiteral("Times New Roman CE"), QStringLiteral("Times New Roman")})
+    if (QFontDatabase::hasFamily(family)) return family;
+  return QStringLiteral("Liberation Serif");
 }
 
 void paintPage(QPainter& painter, const print::Page& page) {

@@ -8,8 +8,8 @@ class QPainter;
 
 namespace tarvik::ui {
 
-/// The family that pages are set in: "Times New Roman CE", this system's own, where the machine has it, or
-/// else "Liberation Serif", whose letters are as wide.
+/// The family that pages are set in: "Times New Roman CE", this system's own, where the machine has it,
+/// else "Times New Roman" or "Liberation Serif", whose letters are as wide.
 QString pageFontFamily();
 
 /// Paints a page of A4 landscape on the painter's device, whose origin is the corner of the paper. A text

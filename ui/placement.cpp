@@ -18,11 +18,14 @@ constexpr int kTwipsPerInch = 1'440;
 // The frame around a window and the line under its title, whose size is known only once it is shown.
 constexpr int kFrame = 8;
 
-// Only a polished part knows the size that it needs, and layouts remember what it asked for before.
+// Only a polished part knows the size that it needs, and the layout around it remembers what it asked for
+// before.
 void settle(QWidget& window) {
   window.ensurePolished();
-  for (const QWidget* part : window.findChildren<QWidget*>()) part->ensurePolished();
-  for (QLayout* layout : window.findChildren<QLayout*>()) layout->invalidate();
+  for (QWidget* part : window.findChildren<QWidget*>()) {
+    part->ensurePolished();
+    part->updateGeometry();
+  }
 }
 
 QSize aroundContents(const QWidget& window) {

@@ -1,6 +1,7 @@
 #include "ui/reminder_parts.h"
 
 #include <QLabel>
+#include <algorithm>
 
 #include "ui/controls/list_delegate.h"
 #include "ui/controls/list_hint.h"
@@ -21,7 +22,8 @@ TextListModel* prepareReminderList(ListView* view, const QStringList& headers) {
   auto* rows = new TextListModel(headers, view);
   view->setModel(rows);
   layOutList(*view, {"9999.99.99.", "", "WWWWWWWW"});
-  view->setMinimumWidth(kReminderCharacters * view->fontMetrics().averageCharWidth());
+  view->setMinimumWidth(
+      std::max(view->minimumWidth(), kReminderCharacters * view->fontMetrics().averageCharWidth()));
   new ListHint(*view, QStringLiteral("Nincs figyelmeztetés."));
   return rows;
 }

@@ -49,8 +49,8 @@ riaszt::riaszt(Context& context, const QString& plate, QWidget* parent)
   choice_ = new RowChoice(ui_->List1, [this](int row) { return guarded(this, [&] { chooseLine(row); }); });
   onClick(this, ui_->cmd_torles, &riaszt::deleteChosen);
   keepWithinReach(*this);
-  openInTheMiddle(*this);
   guarded(this, [this] { listLines(); });
+  openInTheMiddle(*this);
 }
 
 riaszt::~riaszt() = default;

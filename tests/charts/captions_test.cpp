@@ -18,6 +18,17 @@ TEST(ChartTitle, IsTheChartsOwn) {
   EXPECT_EQ(chartTitle(7), "100 km költség változásai.");
 }
 
+TEST(ChartCaptions, TellTheUnitOfEachChart) {
+  EXPECT_EQ(charts::chartUnit(1), "liter/100 km");
+  EXPECT_EQ(charts::chartUnit(2), "Ft/liter");
+  EXPECT_EQ(charts::chartUnit(3), "Ft");
+  EXPECT_EQ(charts::chartUnit(4), "km");
+  EXPECT_EQ(charts::chartUnit(5), "liter");
+  EXPECT_EQ(charts::chartUnit(6), "liter/100 km");
+  EXPECT_EQ(charts::chartUnit(7), "Ft/100 km");
+  EXPECT_EQ(charts::chartUnit(0), "");
+}
+
 TEST(ChartTitle, IsEmptyWithoutAChart) {
   for (int choice : {-1, 0, 8}) EXPECT_EQ(chartTitle(choice), "") << choice;
 }

@@ -47,8 +47,34 @@ TEST(IsUsablePlate, PlateThatIsNoPlainFolderNameIsNot) {
 
 TEST(IsUsablePlate, AnyOtherPlateIs) {
   for (const std::string_view plate :
-       {"ABC-123", " ABC-123 ", "...", ".x", "ŐRI 01", "a:b*?", "~", "-", "X.."})
+       {"ABC-123", " ABC-123 ", ".x", "ŐRI 01", "A.B", "~", "-", "\x7F", "\u00A0", "CONT", "COM", "COM0",
+        "COM10", "LPT-1", "NULLA", "XCON", "com12", "A CON"})
     EXPECT_TRUE(isUsablePlate(plate)) << plate;
+}
+
+TEST(IsUsablePlate, NameThatWindowsGivesToADeviceIsNot) {
+  for (const std::string_view plate :
+       {"CON", "con", "Prn", "AUX", "NUL", "COM1", "com9", "LPT1", "lpt9", "COM¹", "lpt³", "CONIN$",
+        "conout$", " NUL ", "NUL.txt", "con.a.b", "LPT1 .x"})
+    EXPECT_FALSE(isUsablePlate(plate)) << plate;
+}
+
+TEST(IsUsablePlate, NameThatWindowsCannotKeepIsNot) {
+  for (const std::string_view plate :
+       {"X.", "X..", "...", "X. ", "a<b", "a>b", "a:b", "a\"b", "a|b", "a?b", "a*b", "\x01", "A\tB", "A\x1F"})
+    EXPECT_FALSE(isUsablePlate(plate)) << plate;
+}
+
+TEST(ShareFolder, PlatesThatDifferInTheCaseOfLettersAloneDo) {
+  EXPECT_TRUE(shareFolder("ABC-123", "abc-123"));
+  EXPECT_TRUE(shareFolder("őri 01", " ŐRI 01 "));
+}
+
+TEST(ShareFolder, EqualPlatesAreOneVehicleAndOthersAreApart) {
+  EXPECT_FALSE(shareFolder("ABC-123", "ABC-123"));
+  EXPECT_FALSE(shareFolder("ABC-123", " ABC-123 "));
+  EXPECT_FALSE(shareFolder("ABC-123", "ABC-124"));
+  EXPECT_FALSE(shareFolder("ŐRI", "ÖRI"));
 }
 
 class RequiredFoldersTest : public testing::Test {

@@ -1,7 +1,6 @@
 #include "core/entry_editing.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -9,7 +8,7 @@
 #include <random>
 
 #include "core/failure.h"
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "tests/core/entries.h"
 #include "tests/support/expect_failure.h"
 #include "tests/support/forwarding_file_system.h"
@@ -88,7 +87,7 @@ class EntryEditing : public testing::Test {
 
   test::TemporaryFolder folder_;
   test::TemporaryFolder current_;
-  PosixFileSystem files_;
+  MachineFileSystem files_;
   DataFolders folders_{folder_.path(), current_.path()};
 };
 
@@ -446,7 +445,8 @@ TEST_F(EntryEditing, DeletingAnEntryThatNeverWasThereRemovesNothing) {
 
 TEST_F(EntryEditing, ReadOnlyLogbookIsListedAndRefusesEveryChange) {
   write(fiveEntries());
-  ASSERT_EQ(::chmod((folder_ / "ABC123/napiadat.dat").c_str(), 0444), 0);
+  fs::permissions(folder_ / "ABC123/napiadat.dat",
+                  fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
   EXPECT_EQ(load().count(), 5);
   expectFailure(FailureKind::OpenFailed, [&] { record(typed("60000", "40")); });
   expectFailure(FailureKind::OpenFailed, [&] { modify(1, typed("60000", "40")); });

@@ -8,7 +8,7 @@
 #include <random>
 
 #include "core/entry_editing.h"
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "tests/core/entries.h"
 #include "tests/support/temporary_folder.h"
 
@@ -212,7 +212,7 @@ class ListedFile : public testing::Test {
   }
 
   test::TemporaryFolder folder_;
-  PosixFileSystem files_;
+  MachineFileSystem files_;
   DataFolders folders_{folder_.path(), folder_.path()};
 };
 

@@ -1,4 +1,4 @@
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 
 #include <gtest/gtest.h>
 #include <linux/filter.h>
@@ -27,7 +27,7 @@ namespace {
 constexpr std::size_t kLength = 4;
 
 TEST(PosixFileSystemTest, TellsFailuresAsTheSystemDoes) {
-  PosixFileSystem files;
+  MachineFileSystem files;
   FileStatus status;
   std::string resolved;
   EXPECT_EQ(files.status(-1, status), -1);
@@ -68,7 +68,7 @@ std::pair<int, int> resultWhileRefused(unsigned systemCall, int error, Operation
 class PosixFileTest : public testing::Test {
  protected:
   test::TemporaryFolder folder_;
-  PosixFileSystem files_;
+  MachineFileSystem files_;
 };
 
 TEST_F(PosixFileTest, WritesThatCannotBeOrderedAreSynced) {

@@ -1,11 +1,10 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <functional>
 #include <utility>
 #include <vector>
 
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "core/record_file.h"
 #include "tests/support/expect_failure.h"
 #include "tests/support/intercepted_file_system.h"
@@ -178,16 +177,6 @@ TEST_F(RecordFileFailuresTest, AReplacementInUseIsLeftAlone) {
   test::expectFailure(FailureKind::FileBusy, [&] { append("more"); });
   EXPECT_EQ(disk_.contents(kPath), "old1");
   EXPECT_FALSE(disk_.has(kPath + ".tmp"));
-}
-
-TEST_F(RecordFileFailuresTest, ALeftoverReplacementThatIsASecondNameDoesNotEmptyItsFile) {
-  const test::TemporaryFolder folder;
-  folder.write("file.dat", "old1");
-  ASSERT_EQ(::link((folder / "file.dat").c_str(), (folder / "file.dat.tmp").c_str()), 0);
-  PosixFileSystem files;
-  RecordFile(files, folder / "file.dat", kLength).append(bytesOf("more"));
-  EXPECT_EQ(folder.read("file.dat"), "old1more");
-  EXPECT_EQ(folder.names(), std::vector<std::string>{"file.dat"});
 }
 
 TEST_F(RecordFileFailuresTest, ALaterChangeOfTheSameFileBuildsOnItsReplacement) {

@@ -1,7 +1,6 @@
 #include "core/record_file.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -46,15 +45,9 @@ class RecordFileTest : public testing::Test {
   std::string loaded() { return text(readRecords(files_, path_, kLength)); }
   void write(std::string_view contents) { folder_.write("data.dat", contents); }
   std::string stored() const { return folder_.read("data.dat"); }
-  void setMode(mode_t mode) const { ASSERT_EQ(::chmod(path_.c_str(), mode), 0); }
-  mode_t mode() const {
-    struct stat status {};
-    EXPECT_EQ(::stat(path_.c_str(), &status), 0);
-    return status.st_mode & 0777;
-  }
 
   test::TemporaryFolder folder_;
-  PosixFileSystem files_;
+  MachineFileSystem files_;
   std::string path_ = folder_ / "data.dat";
   std::string temporary_ = folder_ / "datax.dat";
 };
@@ -89,10 +82,10 @@ TEST_F(RecordFileTest, PartialRecordAtTheEndDoesNotCount) {
 
 TEST_F(RecordFileTest, ReadingChangesNothing) {
   write("AAAABB");
-  setMode(0444);
+  fs::permissions(path_, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
   EXPECT_EQ(loaded(), "AAAA");
   EXPECT_EQ(stored(), "AAAABB");
-  EXPECT_EQ(mode(), 0444u);
+  EXPECT_EQ(fs::status(path_).permissions() & fs::perms::owner_write, fs::perms::none);
 }
 
 TEST_F(RecordFileTest, AFileOf100MegabytesReadsItsFirst32767Records) {
@@ -274,37 +267,9 @@ TEST_F(RecordFileTest, AFileOf5GigabytesIsRefusedAtOnceAndStays) {
 
 // What a replaced file keeps.
 
-TEST_F(RecordFileTest, SymbolicLinkIsFollowedAndStays) {
-  folder_.makeFolder("elsewhere");
-  folder_.write("elsewhere/real.dat", "AAAABBBB");
-  fs::create_symlink("elsewhere/real.dat", path_);
-  rewrite(1, "XXXX");
-  remove(2);
-  append("CCCC");
-  EXPECT_TRUE(fs::is_symlink(path_));
-  EXPECT_FALSE(fs::is_symlink(folder_ / "elsewhere/real.dat"));
-  EXPECT_EQ(folder_.read("elsewhere/real.dat"), "XXXXCCCC");
-  EXPECT_EQ(folder_.names(), (Names{"data.dat", "elsewhere", "elsewhere/real.dat"}));
-}
-
-TEST_F(RecordFileTest, PermissionBitsAreKept) {
-  for (const mode_t kept : {0600u, 0664u, 0640u, 0200u}) {
-    write("AAAABBBB");
-    setMode(kept);
-    if (::geteuid() != 0 && kept == 0200u) continue;  // only root opens a file that it may not read
-    rewrite(1, "XXXX");
-    EXPECT_EQ(mode(), kept);
-    remove(2);
-    EXPECT_EQ(mode(), kept);
-    append("CCCC");
-    EXPECT_EQ(mode(), kept);
-    setMode(0600);
-  }
-}
-
 TEST_F(RecordFileTest, ReadOnlyFileIsRefusedWhoeverAsks) {
   write("AAAABBBB");
-  setMode(0444);
+  fs::permissions(path_, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
   expectFailure(FailureKind::OpenFailed, [&] { append("XXXX"); });
   expectFailure(FailureKind::OpenFailed, [&] { rewrite(1, "XXXX"); });
   expectFailure(FailureKind::OpenFailed, [&] { remove(1); });
@@ -318,16 +283,6 @@ TEST_F(RecordFileTest, LeftoverOfAnInterruptedReplacementIsOverwritten) {
   rewrite(2, "XXXX");
   EXPECT_EQ(stored(), "AAAAXXXX");
   EXPECT_EQ(folder_.names(), Names{"data.dat"});
-}
-
-TEST_F(RecordFileTest, ALinkInThePlaceOfTheReplacementIsNotFollowed) {
-  write("AAAABBBB");
-  folder_.write("precious", "do not empty");
-  fs::create_symlink("precious", folder_ / "data.dat.tmp");
-  rewrite(2, "XXXX");
-  EXPECT_EQ(stored(), "AAAAXXXX");
-  EXPECT_EQ(folder_.read("precious"), "do not empty");
-  EXPECT_EQ(folder_.names(), (Names{"data.dat", "precious"}));
 }
 
 // Two programs on one folder.

@@ -106,6 +106,18 @@ TEST(ALog, OfPricesThatGoWithTheVolumeTakesThemForTotals) {
   EXPECT_EQ(units.rows[0].totalCost, core::Ratio(60));
 }
 
+TEST(ALog, CostsForeignMoneyWhereItNamesACurrencyOrALitreCostsLittle) {
+  const std::string heads = "Date,Odometer,Litres,Total cost";
+  EXPECT_TRUE(costsAreForeign(readLog(heads + " (EUR)\n2024-01-05,1000,40,24000\n")));
+  EXPECT_FALSE(costsAreForeign(readLog(heads + " (Ft)\n2024-01-05,1000,40,60\n")));
+  EXPECT_TRUE(costsAreForeign(readLog(heads + "\n2024-01-05,1000,40,60\n")));
+  EXPECT_FALSE(costsAreForeign(readLog(heads + "\n2024-01-05,1000,40,24000\n")));
+  EXPECT_FALSE(costsAreForeign(readLog("Date,Odometer,Litres\n2024-01-05,1000,40\n")));
+  // Figures too long to be multiplied show no price.
+  EXPECT_FALSE(costsAreForeign(readLog(
+      "Date,Odometer,Gallons,Total cost\n2024-01-05,1000,999999999999999999.999999999999999997,1\n")));
+}
+
 TEST(ALog, WithoutMarksForFullFillUpsTakesEachForOne) {
   const LogFile file = readLog("Date,Odometer,Litres\n2024-01-05,1000,40\n");
   EXPECT_FALSE(file.saysWhichAreFull);

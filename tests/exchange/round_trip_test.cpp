@@ -174,11 +174,11 @@ TEST(ATextThatASpreadsheetWouldCompute, IsMadeHarmlessAndRestored) {
 
 TEST(ATable, OfTextsIsWrittenWithSemicolonsAndForTheClipboardWithTabs) {
   const exchange::TextTable table{.heads = {"Rendszám", "Megnevezés"},
-                                  .rows = {{"ABC123", "fék; tárcsa"}, {"XYZ789", "két\nsor"}, {"", "=2"}}};
+                                  .rows = {{"ABC123", "fék; tárcsa"}, {"XYZ789", "két\nsor"}, {"-7", "=2"}}};
   EXPECT_EQ(exchange::csvOf(table),
-            "\xEF\xBB\xBFRendszám;Megnevezés\r\nABC123;\"fék; tárcsa\"\r\nXYZ789;\"két\nsor\"\r\n;'=2\r\n");
+            "\xEF\xBB\xBFRendszám;Megnevezés\r\nABC123;\"fék; tárcsa\"\r\nXYZ789;\"két\nsor\"\r\n-7;'=2\r\n");
   EXPECT_EQ(exchange::tabbedOf(table),
-            "Rendszám\tMegnevezés\nABC123\tfék; tárcsa\nXYZ789\t\"két\nsor\"\n\t'=2\n");
+            "Rendszám\tMegnevezés\nABC123\tfék; tárcsa\nXYZ789\t\"két\nsor\"\n-7\t'=2\n");
   EXPECT_EQ(exchange::tabbedOf({.heads = {}, .rows = {{"a", "b"}}}), "a\tb\n");
 }
 

@@ -63,7 +63,7 @@ class Sources(unittest.TestCase):
     def test_a_change_knows_its_line_and_is_named_without_it(self):
         change = changes_of("core/x.cpp", "\n\na == b")[0]
         self.assertEqual(str(change), "core/x.cpp:3: comparison: ==  ->  !=")
-        self.assertEqual(change.key(), "core/x.cpp | comparison | == | !=")
+        self.assertEqual(change.key(), "core/x.cpp | comparison | == | != | a == b")
 
 
 FORM = """<widget class="QLineEdit" name="a">

@@ -21,7 +21,7 @@
 #include <memory>
 #include <random>
 
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "tests/support/fixed_clock.h"
 #include "ui/frmTarvik.h"
 
@@ -34,17 +34,20 @@ namespace {
 
 using namespace tarvik;
 
-const char* const kTexts[] = {"",     "0",         "-5",  "40,5",     "abc",  "12345", "3000000000", "ABC123", "..",
-                              "a/b",  "árvíztűrő", " x ", "99999999", "1,,2", "KLM456", "2013",       "olaj"};
-const int kKeys[] = {Qt::Key_Tab, Qt::Key_Return, Qt::Key_Escape, Qt::Key_Up, Qt::Key_Down, Qt::Key_Space, Qt::Key_Delete};
+const char* const kTexts[] = {"",           "0",      "-5",     "40,5", "abc",       "12345",
+                              "3000000000", "ABC123", "..",     "a/b",  "árvíztűrő", " x ",
+                              "99999999",   "1,,2",   "KLM456", "2013", "olaj"};
+const int kKeys[] = {Qt::Key_Tab,  Qt::Key_Return, Qt::Key_Escape, Qt::Key_Up,
+                     Qt::Key_Down, Qt::Key_Space,  Qt::Key_Delete};
 
-const std::map<QString, qint64> kRecordLengths{
-    {"rendsz.dat", 10},  {"alkatr.dat", 50},    {"megjegyz.dat", 50}, {"set.dat", 12},
-    {"figyel.dat", 68},  {"figyDatum.dat", 68}, {"Gumik.dat", 71},    {"Szerviz.dat", 186}};
+const std::map<QString, qint64> kRecordLengths{{"rendsz.dat", 10}, {"alkatr.dat", 50},  {"megjegyz.dat", 50},
+                                               {"set.dat", 12},    {"figyel.dat", 68},  {"figyDatum.dat", 68},
+                                               {"Gumik.dat", 71},  {"Szerviz.dat", 186}};
 
 class Monkey : public QObject {
  public:
-  Monkey(ui::Context& context, unsigned seed, int actions) : context_(context), random_(seed), left_(actions) {
+  Monkey(ui::Context& context, unsigned seed, int actions)
+      : context_(context), random_(seed), left_(actions) {
     open();
     QTimer::singleShot(0, this, &Monkey::act);
   }
@@ -97,10 +100,12 @@ class Monkey : public QObject {
     QWidget* part = parts.at(pick(parts.size()));
     if (auto* button = qobject_cast<QAbstractButton*>(part)) return button->click();
     if (auto* combo = qobject_cast<QComboBox*>(part)) return choose(*combo);
-    if (auto* date = qobject_cast<QDateEdit*>(part)) return date->setDate(QDate(2000 + pick(60), 1 + pick(12), 1 + pick(28)));
+    if (auto* date = qobject_cast<QDateEdit*>(part))
+      return date->setDate(QDate(2000 + pick(60), 1 + pick(12), 1 + pick(28)));
     if (auto* edit = qobject_cast<QLineEdit*>(part)) return type(*edit);
     if (auto* tabs = qobject_cast<QTabBar*>(part)) return tabs->setCurrentIndex(pick(tabs->count()));
-    if (auto* bar = qobject_cast<QScrollBar*>(part)) return bar->setValue(bar->minimum() + pick(bar->maximum() - bar->minimum() + 1));
+    if (auto* bar = qobject_cast<QScrollBar*>(part))
+      return bar->setValue(bar->minimum() + pick(bar->maximum() - bar->minimum() + 1));
     QTest::mouseClick(part, Qt::LeftButton, {}, QPoint(pick(part->width() + 1), pick(part->height() + 1)));
   }
 
@@ -150,11 +155,14 @@ int malformedFiles(const QDir& folder) {
   for (const auto& [name, length] : kRecordLengths)
     if (folder.exists(name)) look(folder.filePath(name), length);
   for (const QString& vehicle : folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
-    if (QFile::exists(folder.filePath(vehicle + "/napiadat.dat"))) look(folder.filePath(vehicle + "/napiadat.dat"), 156);
+    if (QFile::exists(folder.filePath(vehicle + "/napiadat.dat")))
+      look(folder.filePath(vehicle + "/napiadat.dat"), 156);
   return found;
 }
 
-qsizetype openFiles() { return QDir("/proc/self/fd").entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size(); }
+qsizetype openFiles() {
+  return QDir("/proc/self/fd").entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size();
+}
 
 }  // namespace
 
@@ -163,16 +171,19 @@ int main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);
   const QStringList words = QApplication::arguments();
   if (words.size() != 4 || !QDir::setCurrent(words[1])) return 2;
-  core::PosixFileSystem files;
+  core::MachineFileSystem files;
   test::FixedClock clock({2026, 11, 21});
   const std::string folder = QDir::currentPath().toStdString();
-  ui::Context context{.files = files, .folders = {.program = folder, .current = folder}, .clock = clock, .version = "1.0.0"};
+  ui::Context context{
+      .files = files, .folders = {.program = folder, .current = folder}, .clock = clock, .version = "1.0.0"};
   const qsizetype before = openFiles();
   {
     Monkey monkey(context, words[2].toUInt(), words[3].toInt());
     QApplication::exec();
   }
   const qsizetype after = openFiles();
-  if (after > before + 4) std::printf("open files grew from %lld to %lld\n", static_cast<long long>(before), static_cast<long long>(after));
+  if (after > before + 4)
+    std::printf("open files grew from %lld to %lld\n", static_cast<long long>(before),
+                static_cast<long long>(after));
   return malformedFiles(QDir::current()) == 0 && after <= before + 4 ? 0 : 1;
 }

@@ -99,6 +99,16 @@ class Charts(unittest.TestCase):
                 pictures.add(self.picture(main))
             self.assertEqual(len(pictures), len(TYPES))
 
+    def test_the_plot_is_220_pixels_high_at_the_default_size(self):
+        with self.started() as program:
+            main = self.choose(program, "Havi tankolási költség")
+            self.drawn(main, "the chart")
+            self.picture(main)
+            left, top, width, height = self.box(main.part("chart"))
+            photo = Desktop.get().photo()
+            rows = sum(photo.count((left, y, width, 1), is_of_series) > 0 for y in range(top, top + height))
+            self.assertGreaterEqual(rows, self.scale * 220 / 1.15)  # the highest bar
+
     def test_a_chart_is_drawn_again_after_it_was_hidden(self):
         with self.started() as program:
             for option in ("Üzemanyag árak", "Havi megtett km."):

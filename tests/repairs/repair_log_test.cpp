@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "core/record_file.h"
 #include "tests/support/expect_failure.h"
 #include "tests/support/shared_memory_folder.h"
@@ -64,7 +64,7 @@ class RepairLogTest : public testing::Test {
 
   test::TemporaryFolder program_;
   test::TemporaryFolder current_;
-  core::PosixFileSystem files_;
+  core::MachineFileSystem files_;
   RepairLog log_{files_, {program_.path(), current_.path()}};
 };
 

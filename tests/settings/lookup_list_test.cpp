@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "core/failure.h"
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "tests/support/temporary_folder.h"
 
 namespace tarvik::settings {
@@ -29,7 +29,7 @@ class LookupListTest : public testing::Test {
 
   test::TemporaryFolder program_;
   test::TemporaryFolder current_;
-  core::PosixFileSystem files_;
+  core::MachineFileSystem files_;
   core::DataFolders folders_{program_.path(), current_.path()};
 };
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/failure.h"
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "core/record_list.h"
 #include "tests/support/temporary_folder.h"
 
@@ -20,7 +20,7 @@ class StartSettingsTest : public testing::Test {
 
   test::TemporaryFolder program_;
   test::TemporaryFolder current_;
-  core::PosixFileSystem files_;
+  core::MachineFileSystem files_;
   core::DataFolders folders_{program_.path(), current_.path()};
 };
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "core/failure.h"
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "tests/support/forwarding_file_system.h"
 #include "tests/support/temporary_folder.h"
 
@@ -37,7 +37,7 @@ class VehiclesTest : public testing::Test {
 
   TemporaryFolder program_;
   TemporaryFolder current_;
-  core::PosixFileSystem files_;
+  core::MachineFileSystem files_;
   core::DataFolders folders_{program_.path(), current_.path()};
   std::string failedField_;
 };
@@ -248,6 +248,38 @@ TEST_F(VehiclesTest, AProgramFolderThatCannotBeSyncedIsNoFailure) {
   addVehicle(watched, folders_, "ABC123", "45");
   EXPECT_EQ(loadVehicles(files_, folders_).count(), 1);
   EXPECT_TRUE(program_.has("ABC123"));
+}
+
+TEST_F(VehiclesTest, APlateThatDiffersFromAListedOneInCaseAloneIsRefusedAndNothingChanges) {
+  add("ABC-123", "45");
+  add("ŐRI 01", "50");
+  const std::string before = stored();
+  for (const char* plate : {"abc-123", "Abc-123", "őri 01", " abc-123"})
+    EXPECT_EQ(failureOf([&] { add(plate, "60"); }), FailureKind::PlateTaken) << plate;
+  EXPECT_EQ(stored(), before);
+  EXPECT_FALSE(program_.has("abc-123"));
+}
+
+TEST_F(VehiclesTest, ThePlateThatIsInTheWayIsTold) {
+  add("ABC-123", "45");
+  try {
+    add("abc-123", "60");
+    FAIL();
+  } catch (const core::Failure& failure) {
+    EXPECT_EQ(failure.file(), "ABC-123");
+  }
+}
+
+TEST_F(VehiclesTest, TheSamePlateAgainIsNoOther) {
+  add("ABC-123", "45");
+  add("ABC-123", "60");
+  EXPECT_EQ(loadVehicles(files_, folders_).count(), 2);
+}
+
+TEST_F(VehiclesTest, APlateThatWindowsReservesIsListedWithoutAFolder) {
+  add("NUL", "45");
+  EXPECT_EQ(loadVehicles(files_, folders_).count(), 1);
+  EXPECT_TRUE(program_.names().empty());
 }
 
 TEST(VehicleInput, ATankSizeOfZeroEmptyOrWithoutANumberIsMissing) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 
 namespace tarvik::test {
 
@@ -34,7 +34,7 @@ class ForwardingFileSystem : public core::FileSystem {
   void pause(int milliseconds) override { real_.pause(milliseconds); }
 
  private:
-  core::PosixFileSystem real_;
+  core::MachineFileSystem real_;
 };
 
 }  // namespace tarvik::test

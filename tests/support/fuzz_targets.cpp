@@ -82,6 +82,7 @@ void feedNumbers(std::string_view input) {
 // The entries that a text offers, in the units that it was found to have.
 std::vector<core::NapiAdat> entriesOf(std::string_view text, exchange::DayOrder order) {
   const exchange::LogFile file = exchange::readLog(text, order);
+  exchange::costsAreForeign(file);
   return exchange::planImport(
              file, {.distance = file.distance, .volume = file.volume, .forintsPerUnit = 390, .vehicle = {}},
              {}, 50)

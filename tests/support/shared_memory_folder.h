@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "tests/support/temporary_folder.h"
 
 namespace tarvik::test {
@@ -29,7 +29,7 @@ class SharedMemoryFolder {
 
   /// Whether the folder exists and lies on another file system than that one.
   bool isApartFrom(const TemporaryFolder& other) const {
-    core::PosixFileSystem files;
+    core::MachineFileSystem files;
     core::FileStatus here, there;
     return files.statusOf(path_, here) == 0 && files.statusOf(other.path(), there) == 0 &&
            here.device != there.device;

@@ -7,7 +7,7 @@
 #include <fstream>
 #include <utility>
 
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "core/record_file.h"
 #include "tests/support/expect_failure.h"
 #include "tests/support/forwarding_file_system.h"
@@ -58,9 +58,9 @@ class TyreRegisterTest : public testing::Test {
     program_.write(kFile, bytes);
   }
   std::int16_t seasonOfTheNext() {
-    TyreFields seasonless = fieldsOf("40000");
-    seasonless.season = std::nullopt;
-    tyres_.record({.plate = "GHI-789", .fields = seasonless});
+    NewTyreSet typed{.plate = "GHI-789", .fields = fieldsOf("40000")};
+    typed.fields.season = std::nullopt;
+    tyres_.record(typed);
     return stored().back().season;
   }
   std::vector<TyreSet> stored() {
@@ -76,7 +76,7 @@ class TyreRegisterTest : public testing::Test {
 
   test::TemporaryFolder program_;
   test::TemporaryFolder current_;
-  core::PosixFileSystem files_;
+  core::MachineFileSystem files_;
   core::DataFolders folders_{program_.path(), current_.path()};
   TyreRegister tyres_{files_, folders_};
 };

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <memory>
 
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "repairs/repair_log.h"
 #include "tests/reminders/builders.h"
 #include "tests/support/fixed_clock.h"
@@ -63,7 +63,7 @@ struct House {
   }
 
   TemporaryFolder folder;
-  core::PosixFileSystem disk;
+  core::MachineFileSystem disk;
   BreakableFiles files{disk};
   FixedClock clock{{.year = 2013, .month = 7, .day = 5}};
   ui::Context context{files, {folder.path(), folder.path()}, clock, "1.0.0"};

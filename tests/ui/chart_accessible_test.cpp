@@ -39,6 +39,16 @@ class ChartAccessibleTest : public QObject {
     QCOMPARE(chart->text(QAccessible::Name), QStringLiteral("Havi átlagfogyasztás"));
   }
 
+  void accessibleChartSaysWhatItShows() {
+    chart_->setUnitText("Ft/liter");
+    show(ChartType::Line2D, {"2013.07.05.", "2013.07.14.", "2013.07.23."}, {425.9, 431, 429.5});
+    QAccessibleInterface* const chart = QAccessible::queryAccessibleInterface(chart_);
+    QCOMPARE(chart->text(QAccessible::Description),
+             QStringLiteral("Mértékegység: Ft/liter. 3 pont. Legkisebb érték: 425,9 (2013.07.05.). "
+                            "Legnagyobb érték: 431 (2013.07.14.). Utolsó érték: 429,5 (2013.07.23.)."));
+    QCOMPARE(chart->child(2)->text(QAccessible::Name), QStringLiteral("2013.07.23.: 429,5 Ft/liter"));
+  }
+
   void accessiblePointsTellNameAndPlace() {
     show(ChartType::Bars3D, {"2013. 5. hó", "2013. 6. hó", "2013. 7. hó"}, {7.6253, 12345.5, std::nan("")});
     QAccessibleInterface* const chart = QAccessible::queryAccessibleInterface(chart_);

@@ -14,7 +14,8 @@
 #include <filesystem>
 #include <limits>
 
-#include "core/posix_file_system.h"
+#include "charts/captions.h"
+#include "core/machine_file_system.h"
 #include "tests/charts/entries.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/temporary_folder.h"
@@ -22,6 +23,7 @@
 #include "tests/ui/next_dialog.h"
 #include "ui/chart/chart_view.h"
 #include "ui/frmMelyGrafikon.h"
+#include "ui/text.h"
 
 namespace tarvik::ui {
 
@@ -168,6 +170,7 @@ class ChartPanelTest : public QObject {
     QCOMPARE(screen.chart()->titleText(), title);
     QCOMPARE(screen.chart()->rowLabels().first(), label);
     QCOMPARE(firstValue(screen), value);
+    QCOMPARE(screen.chart()->unitText(), toQt(charts::chartUnit(choice)));
   }
 
   void hidesTheScrollControlsForChart3AndShowsThemForChart1() {
@@ -440,7 +443,7 @@ class ChartPanelTest : public QObject {
 
   static QString firstValue(Screen& screen) { return screen.chart()->rowValues().first(); }
 
-  core::PosixFileSystem files_;
+  core::MachineFileSystem files_;
   test::FixedClock clock_{{2013, 7, 5}};
   Context context_{files_, {}, clock_, "1.0.0"};
   std::unique_ptr<test::TemporaryFolder> folder_;

@@ -16,20 +16,20 @@ class ChartThinningTest : public QObject {
     QCOMPARE(rowsToDraw({5, 1, 9, 2}, 4, 3), QList<int>({1, 2, 3, 4}));
   }
 
-  void drawsTheLowestAndHighestOfEachStretch() {
-    QCOMPARE(rowsToDraw({5, 1, 9, 2, 8, 3, 3, 7, 6, 4}, 4, 0), QList<int>({2, 3, 6, 8}));
+  void drawsTheEndsAndTheLowestAndHighestOfEachStretch() {
+    QCOMPARE(rowsToDraw({5, 1, 9, 2, 8, 3, 3, 7, 6, 4}, 4, 0), QList<int>({1, 2, 3, 6, 8, 10}));
   }
 
   void drawsOneRowOfAStretchOfOneValue() {
-    QCOMPARE(rowsToDraw({4, 4, 4, 4, 4, 4}, 4, 0), QList<int>({1, 4}));
+    QCOMPARE(rowsToDraw({4, 4, 4, 4, 4, 4}, 4, 0), QList<int>({1, 4, 6}));
   }
 
   void looksForTheExtremesBesideGaps() {
-    QCOMPARE(rowsToDraw({NAN, 2, 1, 3, NAN, 7}, 4, 0), QList<int>({2, 3, 4, 6}));
+    QCOMPARE(rowsToDraw({NAN, 2, 1, 3, NAN, 7}, 4, 0), QList<int>({1, 2, 3, 4, 6}));
   }
 
   void keepsAStretchThatIsAllGap() {
-    QCOMPARE(rowsToDraw({1, 2, 3, NAN, NAN, NAN}, 4, 0), QList<int>({1, 3, 4}));
+    QCOMPARE(rowsToDraw({1, 2, 3, NAN, NAN, NAN}, 4, 0), QList<int>({1, 3, 4, 6}));
   }
 
   void drawsTheKeptRowAsWell() {

@@ -303,6 +303,21 @@ class ChartViewTest : public QObject {
     QVERIFY(chart_->grab().toImage() != before);
   }
 
+  void wishesForAPlotOf220Pixels() {
+    for (const int pointSize : {8, 10, 16}) {
+      QFont font = chart_->font();
+      font.setPointSize(pointSize);
+      chart_->setFont(font);
+      chart_->setUnitText("Ft");
+      chart_->resize(chart_->sizeHint());
+      for (const ChartType type : {ChartType::Bars2D, ChartType::Bars3D}) {
+        show(type, monthLabels(100), QList<double>(100, 1.0));
+        QVERIFY(chart_->pointRect(1).height() * 1.05 > 219);
+        QVERIFY(chart_->pointRect(1).height() * 1.05 < 245);
+      }
+    }
+  }
+
   void manyChangesArePlottedOnce() {
     auto* const canvas = chart_->findChild<QWidget*>();
     QSignalSpy plotted(canvas, SIGNAL(afterReplot()));

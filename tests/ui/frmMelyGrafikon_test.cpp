@@ -7,7 +7,7 @@
 #include <QScreen>
 #include <QTest>
 
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "tests/support/fixed_clock.h"
 
 namespace tarvik::ui {
@@ -83,6 +83,24 @@ class ChooserTest : public QObject {
     QCOMPARE(context_.state.chartChoice, std::int16_t{4});
   }
 
+  void firstArrowChecksTheOptionWithTheFocusAndTheNextMoveOn() {
+    for (const Qt::Key arrow : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Right, Qt::Key_Left}) {
+      context_.state.chartChoice = 0;
+      frmMelyGrafikon chooser(context_, {}, nullptr);
+      chooser.show();
+      QVERIFY(QTest::qWaitForWindowActive(&chooser));
+      QCOMPARE(chooser.focusWidget(), option(chooser, 1));
+      QTest::keyClick(chooser.focusWidget(), arrow);
+      QVERIFY(option(chooser, 1)->isChecked());
+      QTest::keyClick(chooser.focusWidget(), Qt::Key_Down);
+      QVERIFY(option(chooser, 2)->isChecked());
+      QTest::keyClick(chooser.focusWidget(), Qt::Key_Up);
+      QVERIFY(option(chooser, 1)->isChecked());
+      QTest::keyClick(chooser.focusWidget(), Qt::Key_Return);
+      QCOMPARE(context_.state.chartChoice, std::int16_t{1});
+    }
+  }
+
   void standsOffTheMainScreensCorner() {
     frmMelyGrafikon chooser(context_, {30, 20}, nullptr);
     QCOMPARE(chooser.pos(), QPoint(230, 253));
@@ -112,7 +130,7 @@ class ChooserTest : public QObject {
     QVERIFY(!chooser.isVisible());
   }
 
-  core::PosixFileSystem files_;
+  core::MachineFileSystem files_;
   test::FixedClock clock_{{2013, 7, 5}};
   Context context_{files_, {}, clock_, "1.0.0"};
 };

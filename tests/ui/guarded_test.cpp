@@ -28,6 +28,10 @@ class GuardedTest : public QObject {
     row("busy", FailureKind::FileBusy, "A fájlt egy másik program használja:\n/a/b.dat");
     row("folder", FailureKind::FolderMissing,
         "Nincs meg a mappa, ahol ennek a fájlnak a helye van:\n/a/b.dat");
+    row("plate", FailureKind::PlateUnusable, "Ez a rendszám nem lehet mappa neve:\n/a/b.dat");
+    row("taken", FailureKind::PlateTaken,
+        "Ez a rendszám csak kis- és nagybetűkben tér el egy már felvettől,\n"
+        "a két autó mappája ugyanaz lenne:\n/a/b.dat");
     row("full", FailureKind::FileFull, "A fájl betelt, több tétel nem fér bele:\n/a/b.dat");
     row("changed", FailureKind::FileChanged,
         "A fájl közben megváltozott, egy másik program írhatott bele:\n/a/b.dat");

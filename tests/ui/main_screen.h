@@ -13,13 +13,14 @@
 #include <QTreeView>
 #include <memory>
 
+#include "core/machine_file_system.h"
 #include "core/napi_adat.h"
-#include "core/posix_file_system.h"
 #include "core/record_list.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/ui/box_script.h"
 #include "tests/ui/by_hand.h"
+#include "tests/ui/dressed.h"
 #include "ui/frmTarvik.h"
 
 namespace tarvik::test {
@@ -31,7 +32,9 @@ struct MainScreen {
                 .folders = {.program = folder.path(),
                             .current = ownCurrentFolder ? current.path() : folder.path()},
                 .clock = clock,
-                .version = "1.0.0"} {}
+                .version = "1.0.0"} {
+    dressOnce();
+  }
 
   /// Opens the screen as the program does.
   void open() {
@@ -85,13 +88,13 @@ struct MainScreen {
     folder.makeFolder(plate);
     std::string bytes;
     for (const core::NapiAdat& entry : entries) bytes += toText(core::encoded(entry));
-    folder.write(std::string(plate) + "/napiadat.dat", bytes);
+    folder.write(std::string(plate).append("/napiadat.dat"), bytes);
   }
   void choosePlateAtStart(const char* plate, bool reminders = true) {
     folder.write("set.dat", (reminders ? std::string(2, '\xFF') : std::string(2, '\0')) + padded(plate, 10));
   }
   core::NapiAdat stored(const char* plate, int number) {
-    const std::string bytes = folder.read(std::string(plate) + "/napiadat.dat");
+    const std::string bytes = folder.read(std::string(plate).append("/napiadat.dat"));
     const auto* data = reinterpret_cast<const std::byte*>(bytes.data());
     const auto offset = static_cast<std::size_t>(number - 1) * core::NapiAdat::kLength;
     return core::NapiAdat::decode({data + offset, core::NapiAdat::kLength});
@@ -99,7 +102,7 @@ struct MainScreen {
 
   TemporaryFolder folder;
   TemporaryFolder current;
-  core::PosixFileSystem files;
+  core::MachineFileSystem files;
   FixedClock clock{{2026, 11, 21}};
   ui::Context context;
   std::unique_ptr<ui::frmTarvik> screen;

@@ -2,7 +2,7 @@
 
 #include <QTest>
 
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "tests/support/temporary_folder.h"
 
 namespace tarvik::ui {
@@ -44,7 +44,7 @@ class OutputFileTest : public QObject {
   }
 
  private:
-  core::PosixFileSystem files_;
+  core::MachineFileSystem files_;
 };
 
 }  // namespace tarvik::ui

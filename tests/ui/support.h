@@ -2,11 +2,12 @@
 
 #include <QWidget>
 
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/ui/box_script.h"
 #include "tests/ui/by_hand.h"
+#include "tests/ui/dressed.h"
 #include "ui/context.h"
 
 namespace tarvik::test {
@@ -19,9 +20,11 @@ Widget* part(const QWidget& screen, const char* name) {
 
 /// What a screen needs around it: empty folders of its own, the real file system, a day that stands still.
 struct Desk {
+  Desk() { dressOnce(); }
+
   TemporaryFolder program;
   TemporaryFolder current;
-  core::PosixFileSystem files;
+  core::MachineFileSystem files;
   FixedClock clock{{.year = 2013, .month = 7, .day = 5}};
   ui::Context context{files, {program.path(), current.path()}, clock, "1.0.0"};
 };

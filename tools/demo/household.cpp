@@ -130,12 +130,11 @@ Event note(Day when, std::int32_t km, std::string text, std::int32_t cost) {
 
 std::vector<Event> estateOtherEvents() {
   return {
-      service(day(2019, 11, 25), 208'390, "os", "Olajszűrő", 21'800),
       note(day(2020, 1, 15), 212'020, "Autópálya matrica", 42'980),
       service(day(2020, 3, 6), 216'480, "", "Fékbetét első", 18'900),
       note(day(2020, 4, 2), 217'150, "Kötelező biztosítás", 38'400),
       service(day(2020, 7, 10), 219'420, "osg", "Gyertya", 34'600),
-      service(day(2020, 9, 30), 222'300, "", "Ablaktörlő lapát", 7'990),
+      service(day(2020, 9, 30), 222'300, "", "Vezérműszíj készlet", 86'500),
       note(day(2021, 1, 18), 224'960, "Autópálya matrica", 43'490),
       service(day(2021, 3, 20), 226'560, "", "Akkumulátor", 32'500),
       note(day(2021, 4, 5), 226'740, "Kötelező biztosítás", 39'900),
@@ -145,44 +144,55 @@ std::vector<Event> estateOtherEvents() {
       note(day(2022, 1, 14), 234'860, "Autópálya matrica", 47'520),
       note(day(2022, 4, 4), 235'930, "Kötelező biztosítás", 44'200),
       service(day(2022, 6, 20), 237'510, "osg", "Levegőszűrő", 29'700),
-      service(day(2024, 9, 3), 261'330, "os", "Olajszűrő", 31'900),
-      service(day(2024, 9, 10), 261'560, "", "Vezérműszíj készlet", 86'500),
-      note(day(2025, 1, 27), 266'520, "Autópálya matrica", 57'260),
-      service(day(2025, 3, 28), 268'290, "", "Féktárcsa első", 41'800),
-      note(day(2025, 4, 3), 268'520, "Kötelező biztosítás", 61'300),
-      service(day(2025, 9, 1), 273'610, "os", "Olajszűrő", 35'400),
-      note(day(2025, 10, 9), 275'940, "Műszaki vizsga", 29'800),
-      service(day(2025, 12, 17), 278'030, "", "Izzó H7", 3'490),
-      note(day(2026, 1, 20), 278'690, "Autópálya matrica", 59'210),
-      service(day(2026, 3, 2), 279'480, "g", "Gyertya", 19'600),
+      service(day(2022, 9, 12), 240'150, "", "Izzó H7", 3'490),
   };
 }
 
 std::vector<Event> smallCarOtherEvents() {
   return {
-      service(day(2024, 5, 3), 86'960, "os", "Olajszűrő", 19'400),
-      note(day(2025, 2, 7), 93'990, "Autópálya matrica", 57'260),
-      service(day(2025, 6, 18), 96'900, "", "Fékbetét első", 15'800),
-      service(day(2025, 10, 22), 99'650, "osg", "Olajszűrő", 33'900),
+      service(day(2020, 12, 4), 86'960, "os", "Olajszűrő", 19'400),
+      note(day(2021, 9, 10), 93'990, "Autópálya matrica", 43'490),
+      service(day(2022, 1, 19), 96'900, "", "Fékbetét első", 15'800),
+      service(day(2022, 5, 25), 99'650, "osg", "Olajszűrő", 33'900),
   };
 }
 
 std::vector<Event> cityCarOtherEvents() {
   return {
-      service(day(2024, 8, 16), 42'560, "os", "Olajszűrő", 18'700),
-      note(day(2025, 2, 10), 46'500, "Kötelező biztosítás", 41'600),
-      service(day(2025, 6, 8), 49'300, "", "Akkumulátor", 36'900),
+      service(day(2021, 3, 19), 42'560, "os", "Olajszűrő", 18'700),
+      note(day(2021, 9, 13), 46'500, "Kötelező biztosítás", 41'600),
+      service(day(2022, 1, 9), 49'300, "", "Akkumulátor", 36'900),
   };
+}
+
+// The part of the log that is whole: before it a fill-up to the brim of a fifth of what was used, after it
+// nothing for two years.
+const Day kWholeFrom = day(2020, 1, 11);
+const Day kWholeTo = day(2022, 10, 23);
+constexpr int kDaysSinceLastFillUp = 4;
+
+std::vector<Event> wholePart(std::vector<Event> fillUps) {
+  std::erase_if(fillUps,
+                [](const Event& fillUp) { return fillUp.day < kWholeFrom || kWholeTo < fillUp.day; });
+  return fillUps;
 }
 
 }  // namespace
 
-std::vector<Car> household(const std::filesystem::path& estateLog) {
-  const Habits small{day(2024, 3, 1), 85'640, 34, 64, 612, 11};
-  const Habits city{day(2024, 6, 15), 41'300, 26, 56, 618, 23};
-  return {{"ABC123", 45, merged(madeUpFillUps(small), smallCarOtherEvents())},
-          {"KLM456", 55, merged(fillUpsOfFile(estateLog), estateOtherEvents())},
-          {"XYZ789", 40, merged(madeUpFillUps(city), cityCarOtherEvents())}};
+Day moved(Day when, Day today) {
+  return core::addDays(when, core::daysBetween(kWholeTo, today) - kDaysSinceLastFillUp);
+}
+
+std::vector<Car> household(const std::filesystem::path& estateLog, Day today) {
+  const Habits small{day(2020, 10, 2), 85'640, 34, 64, 412, 11};
+  const Habits city{day(2021, 1, 16), 41'300, 26, 56, 418, 23};
+  std::vector<Car> cars{{"ABC123", 45, merged(madeUpFillUps(small), smallCarOtherEvents())},
+                        {"KLM456", 55, merged(wholePart(fillUpsOfFile(estateLog)), estateOtherEvents())},
+                        {"XYZ789", 40, merged(madeUpFillUps(city), cityCarOtherEvents())}};
+  for (Car& car : cars) {
+    for (Event& event : car.events) event.day = moved(event.day, today);
+  }
+  return cars;
 }
 
 std::vector<std::string> partNames() {

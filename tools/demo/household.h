@@ -31,9 +31,13 @@ struct Car {
   std::vector<Event> events;
 };
 
-/// The household: two made-up cars and, between them, the one whose fill-ups the file holds. Throws
-/// std::runtime_error when the file is not the log it should be.
-std::vector<Car> household(const std::filesystem::path& estateLog);
+/// The day of the household's story as it is told today: all days are moved alike, so that the real log's
+/// last fill-up was four days ago.
+core::Day moved(core::Day when, core::Day today);
+
+/// The household: two made-up cars and, between them, the one whose fill-ups the file holds, as far as they
+/// are without a gap. Throws std::runtime_error when the file is not the log it should be.
+std::vector<Car> household(const std::filesystem::path& estateLog, core::Day today);
 
 /// The names that the part and note lists offer.
 std::vector<std::string> partNames();

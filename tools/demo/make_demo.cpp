@@ -1,5 +1,5 @@
-// tarvik_make_demo LOG.csv FOLDER TODAY: fills an existing folder with the demonstration household; its date
-// reminders fall around the day given (2013.07.05.).
+// tarvik_make_demo LOG.csv FOLDER TODAY: fills an existing folder with the demonstration household as it is
+// on the day given (2013.07.05.).
 
 #include <exception>
 #include <filesystem>
@@ -12,7 +12,7 @@
 #include "core/entry_editing.h"
 #include "core/entry_input.h"
 #include "core/failure.h"
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "settings/lookup_list.h"
 #include "settings/start_settings.h"
 #include "settings/vehicles.h"
@@ -61,15 +61,16 @@ class Maker {
     for (const auto& text : noteTexts()) settings::appendLookupText(files_, folders_, settings::kNotes, text);
   }
 
-  void addRegisters() {
+  void addRegisters(core::Day today) {
     tyres::TyreRegister tyreRegister(files_, folders_);
     for (const auto& set : tyreSets()) tyreRegister.record(set);
     const repairs::RepairLog repairLog(files_, folders_);
-    for (const auto& entry : repairEntries()) repairLog.record(entry);
+    for (const auto& entry : repairEntries(today)) repairLog.record(entry);
   }
 
   void addReminders(core::Day today) {
-    for (const auto& [on, entry] : kmReminders()) reminders::recordKmReminder(files_, folders_, entry, on);
+    for (const auto& [on, entry] : kmReminders(today))
+      reminders::recordKmReminder(files_, folders_, entry, on);
     for (const auto& [on, entry] : dateReminders(today))
       reminders::recordDateReminder(files_, folders_, entry, on);
   }
@@ -80,7 +81,7 @@ class Maker {
   }
 
  private:
-  core::PosixFileSystem files_;
+  core::MachineFileSystem files_;
   core::DataFolders folders_;
 };
 
@@ -92,9 +93,9 @@ core::Day dayOfArgument(const char* text) {
 
 void makeHousehold(const std::filesystem::path& log, const std::filesystem::path& folder, core::Day today) {
   Maker maker(folder);
-  for (const Car& car : household(log)) maker.add(car);
+  for (const Car& car : household(log, today)) maker.add(car);
   maker.addLookupTexts();
-  maker.addRegisters();
+  maker.addRegisters(today);
   maker.addReminders(today);
   maker.chooseAtStart("KLM456");
 }

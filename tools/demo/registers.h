@@ -14,7 +14,7 @@ namespace tarvik::demo {
 std::vector<tyres::NewTyreSet> tyreSets();
 
 /// The household's repairs and services, in order of date.
-std::vector<repairs::NewRepair> repairEntries();
+std::vector<repairs::NewRepair> repairEntries(core::Day today);
 
 /// A reminder and the day on which it was entered.
 template <typename Entry>
@@ -23,9 +23,9 @@ struct Entered {
   Entry entry;
 };
 
-/// The household's km reminders: of KLM456 one passed, one that soon will be and one far off, and one of
-/// ABC123 that is not passed.
-std::vector<Entered<reminders::KmReminderEntry>> kmReminders();
+/// The household's km reminders: of ABC123 one passed and one not, of KLM456, the car that is shown first,
+/// one that soon will be passed and one far off.
+std::vector<Entered<reminders::KmReminderEntry>> kmReminders(core::Day today);
 
 /// The household's date reminders: one due in a few days, one overdue and one far off from today.
 std::vector<Entered<reminders::DateReminderEntry>> dateReminders(core::Day today);

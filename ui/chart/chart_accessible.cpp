@@ -92,8 +92,8 @@ class ChartAccessible : public QAccessibleWidget {
   }
 
   QString text(QAccessible::Text kind) const override {
-    const bool titled = kind == QAccessible::Name && !chart()->titleText().isEmpty();
-    return titled ? chart()->titleText() : QAccessibleWidget::text(kind);
+    if (kind == QAccessible::Name && !chart()->titleText().isEmpty()) return chart()->titleText();
+    return kind == QAccessible::Description ? chart()->summaryText() : QAccessibleWidget::text(kind);
   }
 
  private:

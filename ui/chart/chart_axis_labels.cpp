@@ -13,14 +13,21 @@ constexpr double kLevelSpacing = 14;
 constexpr double kTurnedSpacing = 4;
 constexpr double kWidestLabel = 160;
 constexpr double kEdgeGap = 3;
+constexpr double kClosest = 6;
+constexpr double kFartherForEvenness = 1.6;
+constexpr qsizetype kMostMeasured = 400;
 // Turned labels may take this share of the chart's height.
-constexpr double kTurnedShare = 0.3;
+constexpr double kTurnedShare = 0.2;
 // The sine and the cosine of 45 degrees.
 constexpr double kDiagonal = std::numbers::sqrt2 / 2;
 
+// Of a long series some are measured: what they let through, the placing sorts out.
 double widestOf(const QStringList& labels, const QFontMetricsF& metrics) {
   double widest = 0;
-  for (const QString& label : labels) widest = std::max(widest, metrics.horizontalAdvance(label));
+  const qsizetype step = labels.size() / kMostMeasured + 1;
+  for (qsizetype index = 0; index < labels.size(); index += step) {
+    widest = std::max(widest, metrics.horizontalAdvance(labels[index]));
+  }
   return std::min(widest, kWidestLabel);
 }
 
@@ -30,6 +37,18 @@ int readableDistance(double smallest) {
     if (distance >= smallest) return distance;
   }
   return static_cast<int>(std::ceil(smallest));
+}
+
+// The distance of labels that also ends on the last row when there is such a one nearby, so that they stand
+// evenly.
+int labelDistance(double smallest, qsizetype rows) {
+  const int readable = readableDistance(smallest);
+  const auto most = static_cast<int>(smallest * kFartherForEvenness);
+  for (int distance = static_cast<int>(std::ceil(smallest)); distance <= std::max(most, readable);
+       ++distance) {
+    if ((rows - 1) % distance == 0) return distance;
+  }
+  return readable;
 }
 
 PlacedLabel placed(const QString& label, const QFontMetricsF& metrics, const LabelFit& fit,
@@ -51,6 +70,22 @@ PlacedLabel placed(const QString& label, const QFontMetricsF& metrics, const Lab
   return place;
 }
 
+// Moves a label inside the chart where it would leave it.
+PlacedLabel inside(PlacedLabel place, double chartWidth) {
+  const QRectF bounds = place.outline().boundingRect();
+  place.anchor.rx() += std::max(kEdgeGap - bounds.left(), 0.0);
+  place.anchor.rx() -= std::max(bounds.right() - (chartWidth - kEdgeGap), 0.0);
+  return place;
+}
+
+// Turned labels are parallel: what counts is how far apart their lines are.
+bool areTooClose(const PlacedLabel& left, const PlacedLabel& right) {
+  if (left.degrees != 0) {
+    return (right.anchor.x() - left.anchor.x()) * kDiagonal < right.box.height() + kTurnedSpacing / 2;
+  }
+  return left.outline().boundingRect().right() + kClosest > right.outline().boundingRect().left();
+}
+
 }  // namespace
 
 LabelFit fitLabels(const QStringList& labels, const QFontMetricsF& metrics, double width,
@@ -69,7 +104,7 @@ LabelFit fitLabels(const QStringList& labels, const QFontMetricsF& metrics, doub
     fit.leftOverhang = widest * kDiagonal + height / 2 - rowWidth / 2;
     return fit;
   }
-  fit.every = readableDistance((widest + kLevelSpacing) / rowWidth);
+  fit.every = labelDistance((widest + kLevelSpacing) / rowWidth, labels.size());
   return fit;
 }
 
@@ -79,21 +114,26 @@ QPolygonF PlacedLabel::outline() const {
 
 QList<PlacedLabel> placeLabels(const LabelFit& fit, const QStringList& labels, const QFontMetricsF& metrics,
                                const ChartFrame& frame, double chartWidth) {
-  QList<PlacedLabel> places;
-  for (int row = 1; row <= frame.rows; row += fit.every) {
-    PlacedLabel place = placed(labels[row - 1], metrics, fit, {frame.x(row), frame.front.bottom() + 1});
-    const QRectF bounds = place.outline().boundingRect();
-    if (bounds.left() < kEdgeGap) place.anchor.rx() += kEdgeGap - bounds.left();
-    if (bounds.right() <= chartWidth - kEdgeGap) places.append(place);
+  if (frame.rows == 0) return {};
+  const auto place = [&](int row) {
+    const QPointF tick(frame.x(row), frame.front.bottom() + 1);
+    return inside(placed(labels[row - 1], metrics, fit, tick), chartWidth);
+  };
+  QList<PlacedLabel> places{place(1)};
+  if (frame.rows == 1) return places;
+  const PlacedLabel last = place(frame.rows);
+  for (int row = 1 + fit.every; row < frame.rows; row += fit.every) {
+    const PlacedLabel next = place(row);
+    if (!areTooClose(places.last(), next) && !areTooClose(next, last)) places.append(next);
   }
+  if (!areTooClose(places.last(), last)) places.append(last);
   return places;
 }
 
 ChartAxisLabels::ChartAxisLabels(QCustomPlot* plot) : QCPLayerable(plot, "axes") {}
 
-void ChartAxisLabels::setLabels(const QList<PlacedLabel>& labels, const ChartFrame& frame,
-                                const ChartStyle& style) {
-  labels_ = labels;
+void ChartAxisLabels::setTexts(const AxisTexts& texts, const ChartFrame& frame, const ChartStyle& style) {
+  texts_ = texts;
   frame_ = frame;
   style_ = style;
 }
@@ -109,7 +149,9 @@ void ChartAxisLabels::draw(QCPPainter* painter) {
     painter->drawText(frame_.front.translated(frame_.depth / 2), Qt::AlignCenter,
                       QStringLiteral("Nincs adat"));
   }
-  for (const PlacedLabel& label : labels_) {
+  painter->setPen(style_.quietText);
+  painter->drawText(texts_.unitBox, Qt::AlignCenter | Qt::TextDontClip, texts_.unit);
+  for (const PlacedLabel& label : texts_.labels) {
     const double bottom = frame_.front.bottom() + 1;
     painter->setPen(style_.axis);
     painter->drawLine(QLineF(label.tickX, bottom, label.tickX, bottom + kTickLength));

@@ -32,20 +32,28 @@ struct PlacedLabel {
   QPolygonF outline() const;
 };
 
-/// Places the labels of the rows below the frame; one that would leave the chart to the right is left out.
+/// Places the labels of the rows below the frame: the first, the last and as many between them as fit. One
+/// that would leave the chart is moved inside.
 QList<PlacedLabel> placeLabels(const LabelFit& fit, const QStringList& labels, const QFontMetricsF& metrics,
                                const ChartFrame& frame, double chartWidth);
 
-/// Draws the rows' labels with their ticks, or a quiet remark in an empty chart.
+/// What is written at the axes: the rows' labels, and the unit of the values with its place.
+struct AxisTexts {
+  QList<PlacedLabel> labels;
+  QString unit;
+  QRectF unitBox;
+};
+
+/// Draws the texts at the axes, with a tick for each label, or a quiet remark in an empty chart.
 class ChartAxisLabels : public QCPLayerable {
  public:
   /// Creates the labels on the plot's layer of axes.
   explicit ChartAxisLabels(QCustomPlot* plot);
 
   /// Replaces what is drawn from the next replot on.
-  void setLabels(const QList<PlacedLabel>& labels, const ChartFrame& frame, const ChartStyle& style);
-  /// The labels drawn.
-  const QList<PlacedLabel>& labels() const { return labels_; }
+  void setTexts(const AxisTexts& texts, const ChartFrame& frame, const ChartStyle& style);
+  /// The texts drawn.
+  const AxisTexts& texts() const { return texts_; }
   /// The frame below which they are drawn.
   const ChartFrame& frame() const { return frame_; }
 
@@ -54,7 +62,7 @@ class ChartAxisLabels : public QCPLayerable {
   void draw(QCPPainter* painter) override;
 
  private:
-  QList<PlacedLabel> labels_;
+  AxisTexts texts_;
   ChartFrame frame_;
   ChartStyle style_;
 };

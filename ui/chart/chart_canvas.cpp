@@ -9,12 +9,16 @@ namespace tarvik::ui {
 namespace {
 
 constexpr double kValueLabelPadding = 7;
+constexpr double kTitlePadding = 12;
 constexpr double kTopGap = 8;
+constexpr double kUnitLines = 1.5;
+constexpr double kUnitGap = 2;
 constexpr double kRightGap = 16;
 constexpr double kEdgeGap = 8;
 constexpr double kTickDistance = 38;
 constexpr double kSmallestPlot = 20;
 constexpr double kDepthRise = 0.6;
+constexpr double kDeepest = 30;
 // More are neither told apart nor drawn quickly enough to scroll through.
 constexpr int kMostRowsDrawn = 400;
 
@@ -35,10 +39,10 @@ class ValueTicker : public QCPAxisTickerFixed {
 
 // Bars are about as deep as wide; a ribbon or a solid is deeper, but not so deep that it hides its next
 // points.
-QPointF depthOf(const ChartContent& content, double width) {
-  if (!drawsDepth(content.type)) return {};
-  const double rowWidth = width / static_cast<double>(std::max<qsizetype>(content.values.size(), 1));
-  const double across = std::clamp(std::round(rowWidth * (drawsBars(content.type) ? 0.9 : 1.6)), 10.0, 30.0);
+QPointF depthOf(ChartType type, int rows, double width) {
+  if (!drawsDepth(type)) return {};
+  const double rowWidth = width / std::max(rows, 1);
+  const double across = std::clamp(std::round(rowWidth * (drawsBars(type) ? 0.9 : 1.6)), 10.0, kDeepest);
   return {across, -std::round(across * kDepthRise)};
 }
 
@@ -50,7 +54,25 @@ double widestNumber(const ValueScale& scale, const QFontMetricsF& metrics) {
   return widest;
 }
 
+double titleHeight(const ChartStyle& style) {
+  return std::ceil(QFontMetricsF(style.titleFont).height()) + kTitlePadding;
+}
+
+// The unit stands over the numbers of the value axis, the topmost of which reaches half a line beyond it.
+double unitHeight(const ChartStyle& style, const QString& unit) {
+  if (unit.isEmpty()) return kTopGap;
+  return std::ceil(QFontMetricsF(style.labelFont).height() * kUnitLines) - kTitlePadding / 2 + kUnitGap;
+}
+
 }  // namespace
+
+int chartHeightForPlot(int plotHeight, const QFont& font) {
+  const ChartStyle style = chartStyle({}, font);
+  const LabelFit level = fitLabels({}, QFontMetricsF(style.labelFont), 1, 1);
+  const double around = titleHeight(style) + unitHeight(style, QStringLiteral("l")) +
+                        std::ceil(kDeepest * kDepthRise) + level.height + kEdgeGap;
+  return plotHeight + static_cast<int>(std::ceil(around));
+}
 
 ChartCanvas::ChartCanvas(QWidget* parent)
     : QCustomPlot(parent),
@@ -109,53 +131,48 @@ int ChartCanvas::drawnRow(int row) {
   return nearestDrawn(drawnRows_, row);
 }
 
-double ChartCanvas::titleHeight() const {
-  return std::ceil(QFontMetricsF(style_.titleFont).height()) + 16;
-}
-
 ChartFrame ChartCanvas::arrangedFrame(LabelFit& fit) const {
   const QFontMetricsF metrics(style_.labelFont);
-  const Baseline baseline = drawsLine(drawn_.type) ? Baseline::Free : Baseline::Zero;
+  const Baseline baseline = drawsLine(content_.type) ? Baseline::Free : Baseline::Zero;
   ChartFrame frame;
-  frame.rows = static_cast<int>(drawn_.values.size());
-  frame.depth = depthOf(drawn_, width());
-  const double top = titleHeight() + kTopGap - frame.depth.y();
+  frame.rows = static_cast<int>(content_.values.size());
+  frame.drawn = static_cast<int>(points_.size());
+  frame.depth = depthOf(content_.type, frame.drawn, width());
+  const double top = titleHeight(style_) + unitHeight(style_, content_.unit) - frame.depth.y();
   const double room = height() - top - kEdgeGap;
-  fit = fitLabels(drawn_.labels, metrics, width() - kRightGap - frame.depth.x() - 56, height());
+  fit = fitLabels(content_.labels, metrics, width() - kRightGap - frame.depth.x() - 56, height());
   const double plotHeight = std::max(room - fit.height, kSmallestPlot);
-  frame.scale = valueScale(drawn_.values, baseline, static_cast<int>(plotHeight / kTickDistance));
+  frame.scale = valueScale(content_.values, baseline, static_cast<int>(plotHeight / kTickDistance));
   const double numbers = std::ceil(widestNumber(frame.scale, metrics) + kValueLabelPadding + kEdgeGap);
   const double left = std::max(numbers, std::ceil(fit.leftOverhang) + kEdgeGap / 2);
   const double plotWidth = std::max(width() - left - kRightGap - frame.depth.x(), kSmallestPlot);
-  fit = fitLabels(drawn_.labels, metrics, plotWidth, height());
+  fit = fitLabels(content_.labels, metrics, plotWidth, height());
   frame.front = QRectF(left, top, plotWidth, std::max(std::floor(room - fit.height), kSmallestPlot));
   return frame;
 }
 
-// The content as it is drawn; its selected and hovered rows keep their own numbers.
-void ChartCanvas::thinContent() {
+void ChartCanvas::choosePoints() {
   drawnRows_ = rowsToDraw(content_.values, kMostRowsDrawn, content_.selectedRow);
-  drawn_ = content_;
-  if (drawnRows_.size() == content_.values.size()) return;
-  drawn_.labels.clear();
-  drawn_.values.clear();
-  for (const int row : std::as_const(drawnRows_)) {
-    drawn_.labels.append(content_.labels[row - 1]);
-    drawn_.values.append(content_.values[row - 1]);
-  }
+  points_.clear();
+  for (const int row : std::as_const(drawnRows_)) points_.append({row, content_.values[row - 1]});
 }
 
-QList<ChartFace> ChartCanvas::facesOfRows(const ChartFrame& frame) const {
-  QList<ChartFace> faces = chartFaces(drawn_.type, frame, drawn_.values);
-  for (ChartFace& face : faces) {
-    if (face.row > 0) face.row = drawnRows_[face.row - 1];
-  }
-  return faces;
+AxisTexts ChartCanvas::placedTexts(const LabelFit& fit, const ChartFrame& frame) const {
+  const QFontMetricsF metrics(style_.labelFont);
+  AxisTexts texts;
+  texts.labels = placeLabels(fit, content_.labels, metrics, frame, width());
+  texts.unit = content_.unit;
+  if (texts.unit.isEmpty()) return texts;
+  texts.unitBox.setSize(metrics.size(Qt::TextSingleLine, texts.unit));
+  texts.unitBox.moveTopRight(
+      {frame.front.left() - kValueLabelPadding, titleHeight(style_) - kTitlePadding / 2});
+  texts.unitBox.moveLeft(std::max(texts.unitBox.left(), kEdgeGap));
+  return texts;
 }
 
 void ChartCanvas::arrange() {
   style_ = chartStyle(palette(), font());
-  thinContent();
+  choosePoints();
   LabelFit fit;
   ChartFrame frame = arrangedFrame(fit);
   applyLayout(frame);
@@ -164,17 +181,16 @@ void ChartCanvas::arrange() {
   frame.front.translate(0, -1);
   applyFlatSeries(frame);
   applyFlatColors(frame);
-  const QFontMetricsF metrics(style_.labelFont);
-  labels_->setLabels(placeLabels(fit, drawn_.labels, metrics, frame, width()), frame, style_);
-  walls_->setVisible(drawsDepth(drawn_.type));
+  labels_->setTexts(placedTexts(fit, frame), frame, style_);
+  walls_->setVisible(drawsDepth(content_.type));
   walls_->setRoom(frame, style_);
-  solids_->setSeries(drawn_, frame, facesOfRows(frame), style_);
+  solids_->setSeries(content_, frame, chartFaces(content_.type, frame, points_), style_);
   plotted_ = false;
 }
 
 void ChartCanvas::applyLayout(const ChartFrame& frame) {
   setBackground(QBrush(style_.background));
-  const int heightOfTitle = static_cast<int>(titleHeight());
+  const int heightOfTitle = static_cast<int>(titleHeight(style_));
   title_->setMinimumSize(1, heightOfTitle);
   title_->setMaximumSize(QWIDGETSIZE_MAX, heightOfTitle);
   title_->setSizeConstraintRect(QCPLayoutElement::scrOuterRect);
@@ -193,27 +209,26 @@ void ChartCanvas::applyAxes(const ChartFrame& frame) {
   xAxis->setBasePen(frame.scale.lower < 0 ? style_.grid : style_.axis);
   yAxis->setRange(frame.scale.lower, frame.scale.upper);
   yAxis->setTicker(QSharedPointer<QCPAxisTicker>(new ValueTicker(frame.scale)));
-  yAxis->setBasePen(drawsDepth(drawn_.type) ? QPen(style_.axis) : QPen(Qt::NoPen));
+  yAxis->setBasePen(drawsDepth(content_.type) ? QPen(style_.axis) : QPen(Qt::NoPen));
   yAxis->setTickPen(Qt::NoPen);
   yAxis->setSubTickPen(Qt::NoPen);
   yAxis->setTickLabelFont(style_.labelFont);
   yAxis->setTickLabelColor(style_.quietText);
-  yAxis->grid()->setVisible(!drawsDepth(drawn_.type));
+  yAxis->grid()->setVisible(!drawsDepth(content_.type));
   yAxis->grid()->setPen(style_.grid);
   yAxis->grid()->setZeroLinePen(frame.scale.lower < 0 ? style_.axis : style_.grid);
 }
 
 void ChartCanvas::applyFlatSeries(const ChartFrame& frame) {
-  const bool flat = !drawsDepth(drawn_.type);
-  bars_->setVisible(flat && drawsBars(drawn_.type));
-  graph_->setVisible(flat && !drawsBars(drawn_.type));
+  const bool flat = !drawsDepth(content_.type);
+  bars_->setVisible(flat && drawsBars(content_.type));
+  graph_->setVisible(flat && !drawsBars(content_.type));
   QVector<double> keys;
   QVector<double> values;
-  for (int row = 1; row <= frame.rows; ++row) {
-    const double value = drawn_.values[row - 1];
-    if (bars_->visible() && !std::isfinite(value)) continue;
-    keys.append(row);
-    values.append(std::isfinite(value) ? value : qQNaN());
+  for (const ChartPoint& point : std::as_const(points_)) {
+    if (bars_->visible() && !std::isfinite(point.value)) continue;
+    keys.append(point.row);
+    values.append(std::isfinite(point.value) ? point.value : qQNaN());
   }
   if (bars_->visible()) bars_->setData(keys, values, true);
   if (graph_->visible()) graph_->setData(keys, values, true);
@@ -227,7 +242,7 @@ void ChartCanvas::applyFlatColors(const ChartFrame& frame) {
   graph_->setAntialiasedFill(false);
   graph_->setPen(QPen(style_.series, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   graph_->setBrush(Qt::NoBrush);
-  if (drawn_.type != ChartType::Area2D) return;
+  if (content_.type != ChartType::Area2D) return;
   QColor strong = style_.series;
   QColor faint = style_.series;
   strong.setAlphaF(0.5F);
@@ -241,7 +256,8 @@ void ChartCanvas::applyFlatColors(const ChartFrame& frame) {
 QList<QPolygonF> ChartCanvas::axisLabelOutlines() {
   arrangeIfChanged();
   QList<QPolygonF> outlines;
-  for (const PlacedLabel& label : labels_->labels()) outlines.append(label.outline());
+  for (const PlacedLabel& label : labels_->texts().labels) outlines.append(label.outline());
+  if (!content_.unit.isEmpty()) outlines.append(QPolygonF(labels_->texts().unitBox));
   const QFontMetricsF metrics(style_.labelFont);
   const ChartFrame& frame = labels_->frame();
   for (const double value : frame.scale.ticks()) {

@@ -10,6 +10,10 @@
 
 namespace tarvik::ui {
 
+/// The height in pixels at which the plot of a chart, what lies between its axes, is at least so high in
+/// every type while its labels stand level.
+int chartHeightForPlot(int plotHeight, const QFont& font);
+
 /// The surface of a chart: arranges a content on the plotting library and paints it.
 ///
 /// A change only marks the surface; it is arranged and plotted once, when it is next painted or asked about.
@@ -27,7 +31,7 @@ class ChartCanvas : public QCustomPlot {
   const QList<ChartFace>& faces();
   /// The row that stands for a row in the picture: itself, or a neighbour in a series too long to draw whole.
   int drawnRow(int row);
-  /// The outlines of the texts on both axes.
+  /// The outlines of the texts on both axes, the unit's among them.
   QList<QPolygonF> axisLabelOutlines();
   /// The picture as drawn, `scale` pixels of it for one of the screen.
   QPixmap picture(double scale);
@@ -43,18 +47,17 @@ class ChartCanvas : public QCustomPlot {
   void markChanged();
   void arrangeIfChanged();
   void arrange();
-  void thinContent();
-  QList<ChartFace> facesOfRows(const ChartFrame& frame) const;
+  void choosePoints();
   ChartFrame arrangedFrame(LabelFit& fit) const;
-  double titleHeight() const;
+  AxisTexts placedTexts(const LabelFit& fit, const ChartFrame& frame) const;
   void applyLayout(const ChartFrame& frame);
   void applyAxes(const ChartFrame& frame);
   void applyFlatSeries(const ChartFrame& frame);
   void applyFlatColors(const ChartFrame& frame);
 
   ChartContent content_;
-  ChartContent drawn_;
   QList<int> drawnRows_;
+  QList<ChartPoint> points_;
   ChartStyle style_;
   QCPTextElement* title_;
   QCPBars* bars_;

@@ -24,12 +24,13 @@ constexpr bool drawsDepth(ChartType type) {
   return type == ChartType::Bars3D || type == ChartType::Line3D || type == ChartType::Area3D;
 }
 
-/// What a chart shows: its title, its one series and which of the points stand out.
+/// What a chart shows: its title, the unit of its values, its one series and which of the points stand out.
 ///
 /// Row r, counted from 1, is the label and the value at index r - 1; both lists are equally long. A
 /// value that is not finite is a gap: nothing is drawn for it. Row 0 means no point.
 struct ChartContent {
   QString title;
+  QString unit;
   ChartType type = ChartType::Bars2D;
   QStringList labels;
   QList<double> values;

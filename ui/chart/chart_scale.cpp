@@ -8,6 +8,13 @@ namespace tarvik::ui {
 namespace {
 
 constexpr int kAmountDecimals = 4;
+// Shares of the values' span that an axis reaches beyond them.
+constexpr double kLeastAir = 0.03;
+constexpr double kAir = 0.05;
+constexpr double kMostAir = 0.1;
+// With fewer, a scale might show a single number.
+constexpr int kFewestSteps = 4;
+constexpr double kTolerance = 1e-9;
 
 struct Range {
   double lower;
@@ -30,13 +37,9 @@ bool staysAwayFromZero(const Range& range) {
   return range.lower > 0.4 * range.upper || range.upper < 0.4 * range.lower;
 }
 
-// A little air, so that the highest point's marker is not cut by the edge.
-Range padded(Range range, Baseline baseline) {
+Range covered(Range range, Baseline baseline) {
   const bool free = baseline == Baseline::Free && staysAwayFromZero(range);
   if (!free) range = {std::min(range.lower, 0.0), std::max(range.upper, 0.0)};
-  const double air = (range.upper - range.lower) * 0.03;
-  if (range.lower != 0) range.lower -= air;
-  if (range.upper != 0) range.upper += air;
   if (range.lower == range.upper) range.upper = 1;
   return range;
 }
@@ -44,7 +47,7 @@ Range padded(Range range, Baseline baseline) {
 double readableStep(double smallest) {
   const double power = std::pow(10.0, std::floor(std::log10(smallest)));
   for (const double factor : {1.0, 2.0, 2.5, 5.0}) {
-    if (factor * power >= smallest * (1 - 1e-9)) return factor * power;
+    if (factor * power >= smallest * (1 - kTolerance)) return factor * power;
   }
   return 10 * power;
 }
@@ -58,22 +61,32 @@ int decimalsOf(double step) {
   return decimals;
 }
 
+// Where an axis ends beyond its outermost value: on the next step when that is near, so that a grid line
+// closes the plot, and else after a little air, so that the point's marker is not cut and no room is wasted.
+double endBeyond(double value, double step, double span) {
+  if (value == 0) return 0;
+  const double next = std::ceil(value / step) * step;
+  const bool isNear = next >= value + span * kLeastAir && next <= value + span * kMostAir;
+  return isNear ? next : value + span * kAir;
+}
+
 }  // namespace
 
 QList<double> ValueScale::ticks() const {
   QList<double> values;
-  const auto first = std::llround(lower / step);
-  const auto last = std::llround(upper / step);
+  const auto first = std::llround(std::ceil(lower / step - kTolerance));
+  const auto last = std::llround(std::floor(upper / step + kTolerance));
   for (auto index = first; index <= last; ++index) values.append(static_cast<double>(index) * step);
   return values;
 }
 
 ValueScale valueScale(const QList<double>& values, Baseline baseline, int maximumSteps) {
-  const Range range = padded(finiteRange(values), baseline);
+  const Range range = covered(finiteRange(values), baseline);
+  const double span = range.upper - range.lower;
   ValueScale scale;
-  scale.step = readableStep((range.upper - range.lower) / std::max(maximumSteps, 1));
-  scale.lower = std::floor(range.lower / scale.step) * scale.step;
-  scale.upper = std::ceil(range.upper / scale.step) * scale.step;
+  scale.step = readableStep(span / std::max(maximumSteps, kFewestSteps));
+  scale.lower = -endBeyond(-range.lower, scale.step, span);
+  scale.upper = endBeyond(range.upper, scale.step, span);
   scale.decimals = decimalsOf(scale.step);
   return scale;
 }

@@ -5,23 +5,26 @@
 
 namespace tarvik::ui {
 
-/// The value axis: from `lower` to `upper` in readable steps, `decimals` places in its numbers.
+/// The value axis: from `lower` to `upper`, numbered at the multiples of a readable step between them with
+/// `decimals` places.
 struct ValueScale {
   double lower = 0;
   double upper = 1;
   double step = 1;
   int decimals = 0;
 
-  /// Lists the values that carry a number and a grid line, ascending, both ends included.
+  /// Lists the values that carry a number and a grid line, ascending; an end is one of them when it is a
+  /// multiple of the step.
   QList<double> ticks() const;
 };
 
 /// Whether an axis has to reach zero (bars and areas) or may show the values' own range (lines).
 enum class Baseline { Zero, Free };
 
-/// Fits a scale of at most `maximumSteps` steps, each 1, 2, 2.5 or 5 times a power of ten, to the finite
-/// values. A free baseline still takes zero in when the values reach far down towards it. Without a finite
-/// value the scale runs from 0 to 1.
+/// Fits a scale to the finite values: about `maximumSteps` steps (at least four), each 1, 2, 2.5 or 5 times a
+/// power of ten, and at most a tenth of the values' span beyond the outermost one. A free baseline still
+/// takes zero in when the values reach far down towards it. Without a finite value the scale runs from 0
+/// to 1.
 ValueScale valueScale(const QList<double>& values, Baseline baseline, int maximumSteps);
 
 /// The number in the Hungarian form with the given decimal places: decimal comma, groups of three parted by

@@ -16,13 +16,13 @@ constexpr double kMarkerReach = 2;
 
 // The front rectangle of a bar. Bars with depth stand on whole pixels, so that all are equally sharp; a
 // zero is drawn as a thin bar, to be told from a gap.
-QRectF barRect(const ChartFrame& frame, int row, double value) {
+QRectF barRect(const ChartFrame& frame, const ChartPoint& point) {
   const double half = barWidth(frame) / 2;
   const auto placed = [&frame](double pixel) { return frame.depth.isNull() ? pixel : std::round(pixel); };
-  const double left = placed(frame.x(row) - half);
-  const double right = std::max(placed(frame.x(row) + half), left + kThinnestBar);
+  const double left = placed(frame.x(point.row) - half);
+  const double right = std::max(placed(frame.x(point.row) + half), left + kThinnestBar);
   const double zero = placed(frame.y(0));
-  const double end = placed(frame.y(value));
+  const double end = placed(frame.y(point.value));
   const double top = std::min({zero, end, std::max(zero, end) - kThinnestBar});
   return QRectF(QPointF(left, top), QPointF(right, std::max(zero, end)));
 }
@@ -43,11 +43,10 @@ void appendBar(QList<ChartFace>& faces, const ChartFrame& frame, const QRectF& b
 }
 
 // From left to right: where two bars meet on the screen, the right one is always the nearer.
-QList<ChartFace> barFaces(const ChartFrame& frame, const QList<double>& values) {
+QList<ChartFace> barFaces(const ChartFrame& frame, const QList<ChartPoint>& points) {
   QList<ChartFace> faces;
-  for (int row = 1; row <= frame.rows; ++row) {
-    const double value = values[row - 1];
-    if (std::isfinite(value)) appendBar(faces, frame, barRect(frame, row, value), row);
+  for (const ChartPoint& point : points) {
+    if (std::isfinite(point.value)) appendBar(faces, frame, barRect(frame, point), point.row);
   }
   return faces;
 }
@@ -78,6 +77,10 @@ double ChartFrame::rowWidth() const {
   return front.width() / std::max(rows, 1);
 }
 
+double ChartFrame::drawnWidth() const {
+  return front.width() / std::max(drawn, 1);
+}
+
 double ChartFrame::x(int row) const {
   return front.left() + (row - 0.5) * rowWidth();
 }
@@ -92,19 +95,19 @@ QPointF ChartFrame::at(double frontX, double frontY, double z) const {
 
 double barWidth(const ChartFrame& frame) {
   const double share = frame.depth.isNull() ? kBarShare : kBarShareWithDepth;
-  return std::min(frame.rowWidth() * share, kWidestBar);
+  return std::min(frame.drawnWidth() * share, kWidestBar);
 }
 
-QList<ChartFace> chartFaces(ChartType type, const ChartFrame& frame, const QList<double>& values) {
-  if (drawsBars(type)) return barFaces(frame, values);
+QList<ChartFace> chartFaces(ChartType type, const ChartFrame& frame, const QList<ChartPoint>& points) {
+  if (drawsBars(type)) return barFaces(frame, points);
   QList<ChartFace> faces;
   if (drawsLine(type)) {
-    if (!frame.depth.isNull()) appendRibbon(faces, frame, values);
-    appendMarkers(faces, frame, values, kMiddle);
+    if (!frame.depth.isNull()) appendRibbon(faces, frame, points);
+    appendMarkers(faces, frame, points, kMiddle);
     return faces;
   }
-  appendSolid(faces, frame, values);
-  appendMarkers(faces, frame, values, kNear);
+  appendSolid(faces, frame, points);
+  appendMarkers(faces, frame, points, kNear);
   return faces;
 }
 

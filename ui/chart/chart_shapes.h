@@ -9,7 +9,14 @@
 
 namespace tarvik::ui {
 
-/// Where a series is drawn: turns rows and values into pixels of the chart, y growing downwards.
+/// A point of a series that is drawn: its row, counted from 1, and its value; a gap when that is not finite.
+struct ChartPoint {
+  int row = 0;
+  double value = 0;
+};
+
+/// Where a series is drawn: turns rows and values into pixels of the chart, y growing downwards. Each of the
+/// `rows` rows has the same width, whether it is drawn or left out of a series too long to draw whole.
 ///
 /// The front plane is `front`; what lies behind it by a share z (0 to 1) of the chart's depth is drawn
 /// shifted by z times `depth`, which points right and up and is null for the flat types.
@@ -18,9 +25,12 @@ struct ChartFrame {
   QPointF depth;
   ValueScale scale;
   int rows = 0;
+  int drawn = 0;  ///< how many of the rows are drawn
 
   /// The width that each row has for itself.
   double rowWidth() const;
+  /// The width that each drawn row has, on the average.
+  double drawnWidth() const;
   /// The middle of a row, counted from 1.
   double x(int row) const;
   /// The height of a value.
@@ -42,8 +52,8 @@ struct ChartFace {
   int row = 0;
 };
 
-/// Builds the pieces of a series in painter's order, the farthest first.
-QList<ChartFace> chartFaces(ChartType type, const ChartFrame& frame, const QList<double>& values);
+/// Builds the pieces of the points, ascending by row, in painter's order, the farthest first.
+QList<ChartFace> chartFaces(ChartType type, const ChartFrame& frame, const QList<ChartPoint>& points);
 
 /// Finds the row drawn at a position, 0 when there is none: the nearest marker there, or else the
 /// foremost face.

@@ -18,14 +18,13 @@ struct Vertex {
 // Neighbouring points without a gap between them.
 using Run = QList<Vertex>;
 
-QList<Run> runs(const ChartFrame& frame, const QList<double>& values) {
+QList<Run> runs(const ChartFrame& frame, const QList<ChartPoint>& points) {
   QList<Run> all;
   bool open = false;
-  for (int row = 1; row <= frame.rows; ++row) {
-    const double value = values[row - 1];
-    const bool drawn = std::isfinite(value);
+  for (const ChartPoint& point : points) {
+    const bool drawn = std::isfinite(point.value);
     if (drawn && !open) all.append(Run());
-    if (drawn) all.last().append({QPointF(frame.x(row), frame.y(value)), row});
+    if (drawn) all.last().append({QPointF(frame.x(point.row), frame.y(point.value)), point.row});
     open = drawn;
   }
   return all;
@@ -118,8 +117,8 @@ QPointF nearShift(const ChartFrame& frame) {
   return (frame.depth * kNear).toPoint();
 }
 
-void appendRibbon(QList<ChartFace>& faces, const ChartFrame& frame, const QList<double>& values) {
-  for (const Run& run : runs(frame, values)) {
+void appendRibbon(QList<ChartFace>& faces, const ChartFrame& frame, const QList<ChartPoint>& points) {
+  for (const Run& run : runs(frame, points)) {
     for (qsizetype index = 0; index + 1 < run.size(); ++index) {
       const QPointF from = run[index].position;
       const QPointF to = run[index + 1].position;
@@ -130,8 +129,8 @@ void appendRibbon(QList<ChartFace>& faces, const ChartFrame& frame, const QList<
   }
 }
 
-void appendSolid(QList<ChartFace>& faces, const ChartFrame& frame, const QList<double>& values) {
-  const QList<Run> all = runs(frame, values);
+void appendSolid(QList<ChartFace>& faces, const ChartFrame& frame, const QList<ChartPoint>& points) {
+  const QList<Run> all = runs(frame, points);
   QList<QList<Vertex>> lines;
   for (const Run& run : all) lines.append(cutLine(run, frame.y(0)));
   if (!frame.depth.isNull()) {
@@ -146,11 +145,13 @@ void appendSolid(QList<ChartFace>& faces, const ChartFrame& frame, const QList<d
   }
 }
 
-void appendMarkers(QList<ChartFace>& faces, const ChartFrame& frame, const QList<double>& values, double z) {
-  const double radius = std::clamp(frame.rowWidth() * 0.28, 1.5, 4.0);
-  for (int row = 1; row <= frame.rows; ++row) {
-    if (!std::isfinite(values[row - 1])) continue;
-    faces.append({disc(frame.at(frame.x(row), frame.y(values[row - 1]), z), radius), FaceSide::Marker, row});
+void appendMarkers(QList<ChartFace>& faces, const ChartFrame& frame, const QList<ChartPoint>& points,
+                   double z) {
+  const double radius = std::clamp(frame.drawnWidth() * 0.28, 1.5, 4.0);
+  for (const ChartPoint& point : points) {
+    if (!std::isfinite(point.value)) continue;
+    const QPointF centre = frame.at(frame.x(point.row), frame.y(point.value), z);
+    faces.append({disc(centre, radius), FaceSide::Marker, point.row});
   }
 }
 

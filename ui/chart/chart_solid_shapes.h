@@ -15,13 +15,14 @@ inline constexpr double kFar = 0.85;
 QPointF nearShift(const ChartFrame& frame);
 
 /// Appends a line with depth: a ribbon between each two neighbouring points, broken at gaps.
-void appendRibbon(QList<ChartFace>& faces, const ChartFrame& frame, const QList<double>& values);
+void appendRibbon(QList<ChartFace>& faces, const ChartFrame& frame, const QList<ChartPoint>& points);
 
 /// Appends an area: what is seen of the solid between the line and zero, its front cut into one piece a
 /// row, halfway between the points, so that each piece belongs to the nearest point.
-void appendSolid(QList<ChartFace>& faces, const ChartFrame& frame, const QList<double>& values);
+void appendSolid(QList<ChartFace>& faces, const ChartFrame& frame, const QList<ChartPoint>& points);
 
 /// Appends a disc for each point at the share z of the depth, sized by the room between the rows.
-void appendMarkers(QList<ChartFace>& faces, const ChartFrame& frame, const QList<double>& values, double z);
+void appendMarkers(QList<ChartFace>& faces, const ChartFrame& frame, const QList<ChartPoint>& points,
+                   double z);
 
 }  // namespace tarvik::ui

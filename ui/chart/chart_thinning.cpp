@@ -22,6 +22,12 @@ void appendExtremes(QList<int>& rows, const QList<double>& values, int first, in
   if (lowest != highest) rows.append(std::max(lowest, highest));
 }
 
+// Row 0 stands for none.
+void insertRow(QList<int>& rows, int row) {
+  const auto place = std::lower_bound(rows.begin(), rows.end(), row);
+  if (row > 0 && (place == rows.end() || *place != row)) rows.insert(place, row);
+}
+
 }  // namespace
 
 QList<int> rowsToDraw(const QList<double>& values, int most, int kept) {
@@ -37,8 +43,7 @@ QList<int> rowsToDraw(const QList<double>& values, int most, int kept) {
     const auto end = [&](int index) { return static_cast<int>(qint64{index} * count / stretches); };
     appendExtremes(rows, values, end(stretch) + 1, end(stretch + 1));
   }
-  const auto place = std::lower_bound(rows.begin(), rows.end(), kept);
-  if (kept > 0 && (place == rows.end() || *place != kept)) rows.insert(place, kept);
+  for (const int wanted : {1, count, kept}) insertRow(rows, wanted);
   return rows;
 }
 

@@ -12,8 +12,16 @@
 #include "ui/chart/chart_accessible.h"
 #include "ui/chart/chart_canvas.h"
 #include "ui/chart/chart_picture.h"
+#include "ui/chart/chart_scale.h"
+#include "ui/chart/chart_words.h"
 
 namespace tarvik::ui {
+namespace {
+
+constexpr int kWishedWidth = 700;
+constexpr int kWishedPlot = 220;
+
+}  // namespace
 
 ChartView::ChartView(QWidget* parent) : QWidget(parent) {
   installChartAccessibility();
@@ -28,6 +36,12 @@ void ChartView::setTitleText(const QString& title) {
   redraw();
   QAccessibleEvent renamed(this, QAccessible::NameChanged);
   QAccessible::updateAccessibility(&renamed);
+}
+
+void ChartView::setUnitText(const QString& unit) {
+  if (unit == content_.unit) return;
+  content_.unit = unit;
+  redraw();
 }
 
 void ChartView::setChartType(int type) {
@@ -49,6 +63,8 @@ void ChartView::setPoints(const QStringList& labels, const QList<double>& values
   redraw();
   QAccessibleEvent reordered(this, QAccessible::ObjectReorder);
   QAccessible::updateAccessibility(&reordered);
+  QAccessibleEvent described(this, QAccessible::DescriptionChanged);
+  QAccessible::updateAccessibility(&described);
 }
 
 QStringList ChartView::rowValues() const {
@@ -101,10 +117,11 @@ int ChartView::rowAtPosition(const QPointF& position) const {
 }
 
 QString ChartView::pointText(int row) const {
-  if (row < 1 || row > rowCount()) return {};
-  const QString value =
-      hasPoint(row) ? shortNumberText(content_.values[row - 1]) : QStringLiteral("nincs adat");
-  return content_.labels[row - 1] + ": " + value;
+  return pointInWords(content_, row);
+}
+
+QString ChartView::summaryText() const {
+  return chartInWords(content_);
 }
 
 QList<QPolygonF> ChartView::axisLabelOutlines() const {
@@ -120,7 +137,7 @@ bool ChartView::savePicture(const QString& path) const {
 }
 
 QSize ChartView::sizeHint() const {
-  return {700, 320};
+  return {kWishedWidth, chartHeightForPlot(kWishedPlot, font())};
 }
 
 QSize ChartView::minimumSizeHint() const {

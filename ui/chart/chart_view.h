@@ -17,6 +17,7 @@ class ChartCanvas;
 class ChartView : public QWidget {
   Q_OBJECT
   Q_PROPERTY(QString titleText READ titleText WRITE setTitleText)
+  Q_PROPERTY(QString unitText READ unitText WRITE setUnitText)
   Q_PROPERTY(int chartType READ chartType WRITE setChartType)
   Q_PROPERTY(QStringList rowLabels READ rowLabels)
   Q_PROPERTY(QStringList rowValues READ rowValues)
@@ -30,6 +31,11 @@ class ChartView : public QWidget {
   QString titleText() const { return content_.title; }
   /// Sets the text above the chart; the points stay as they are.
   void setTitleText(const QString& title);
+
+  /// The unit of the values, written at their axis.
+  QString unitText() const { return content_.unit; }
+  /// Sets the unit of the values; the points stay as they are.
+  void setUnitText(const QString& unit);
 
   /// The way the series is drawn, one of the numbers of ChartType.
   int chartType() const { return static_cast<int>(content_.type); }
@@ -56,8 +62,11 @@ class ChartView : public QWidget {
   QRectF pointRect(int row) const;
   /// The row of the point drawn at a position of the widget, 0 when there is none.
   int rowAtPosition(const QPointF& position) const;
-  /// A point's label and value in one line, for people.
+  /// A point's label and value with its unit in one line, for people.
   QString pointText(int row) const;
+  /// What the picture shows, in words: the unit, the number of points, the smallest, the largest and the last
+  /// value with their labels.
+  QString summaryText() const;
   /// The outlines of the texts on both axes, for whoever checks that none covers another.
   QList<QPolygonF> axisLabelOutlines() const;
 

@@ -32,7 +32,8 @@ QIcon markIcon(int size, const QColor& colour, double pixelRatio) {
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(colour, size / 7.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.drawPolyline(QPolygonF{{0.15 * size, 0.55 * size}, {0.4 * size, 0.8 * size}, {0.85 * size, 0.25 * size}});
+    painter.drawPolyline(
+        QPolygonF{{0.15 * size, 0.55 * size}, {0.4 * size, 0.8 * size}, {0.85 * size, 0.25 * size}});
   }
   return picture;
 }
@@ -87,14 +88,22 @@ ListDelegate* layOutList(QTreeView& view, const QStringList& longest) {
   header.ensurePolished();
   header.setStretchLastSection(false);
   const int sides = 2 * gridStep();
+  int figures = 0;
+  int widestText = 0;
   for (int column = 0; column < longest.size(); ++column) {
+    const int head = header.sectionSizeHint(column);
     if (longest[column].isEmpty()) {
       header.setSectionResizeMode(column, QHeaderView::Stretch);
+      widestText = std::max(widestText, head);
       continue;
     }
-    const int text = view.fontMetrics().horizontalAdvance(longest[column]) + sides;
-    header.resizeSection(column, std::max(text, header.sectionSizeHint(column)));
+    const int width = std::max(view.fontMetrics().horizontalAdvance(longest[column]) + sides, head);
+    header.resizeSection(column, width);
+    figures += width;
   }
+  const int texts = static_cast<int>(longest.count(QString())) * widestText;
+  const int scrollBar = view.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  view.setMinimumWidth(figures + texts + scrollBar + 2 * view.frameWidth());
   view.setMinimumHeight(header.sizeHint().height() + kLeastRows * rowHeight() + 2 * view.frameWidth());
   return delegate;
 }

@@ -7,7 +7,8 @@
 
 namespace tarvik::ui {
 
-ListHint::ListHint(QAbstractItemView& view, const QString& text) : QLabel(text, view.viewport()), view_(view) {
+ListHint::ListHint(QAbstractItemView& view, const QString& text)
+    : QLabel(text, view.viewport()), view_(view) {
   setTextFormat(Qt::PlainText);
   setWordWrap(true);
   setAlignment(Qt::AlignCenter);

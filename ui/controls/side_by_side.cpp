@@ -32,7 +32,7 @@ QSize SideBySide::minimumSizeHint() const {
 void SideBySide::resizeEvent(QResizeEvent* event) {
   const bool isWide = width() >= wideWidth();
   static_cast<QBoxLayout*>(layout())->setDirection(isWide ? QBoxLayout::LeftToRight
-                                                         : QBoxLayout::TopToBottom);
+                                                          : QBoxLayout::TopToBottom);
   QWidget::resizeEvent(event);
 }
 

@@ -4,12 +4,13 @@
 
 namespace tarvik::core {
 
-/// The machine's own file system: each function is the one system call of its meaning.
-class PosixFileSystem final : public FileSystem {
+/// The machine's own file system: each function is the one system call of its meaning. Its halves are
+/// posix_file_system.cpp and windows_file_system.cpp; the build takes one of them.
+class MachineFileSystem final : public FileSystem {
  public:
-  /// From now on a write past the limit that a person set on the length of files fails with EFBIG; by itself
-  /// the system would end the program.
-  PosixFileSystem();
+  /// From now on the system tells failures to the program alone: a write past the limit that a person set on
+  /// the length of files does not end it, a disk that was pulled out brings no box of the system.
+  MachineFileSystem();
 
   int open(const std::string& path, OpenMode mode) override;
   int close(int descriptor) override;

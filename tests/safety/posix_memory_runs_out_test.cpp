@@ -6,7 +6,7 @@
 #include <new>
 
 #include "core/failure.h"
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "tests/support/operations.h"
 #include "tests/support/temporary_folder.h"
 
@@ -83,7 +83,7 @@ class MemoryRunsOutTest : public testing::TestWithParam<int> {
 
   TemporaryFolder folder_;
   const core::DataFolders folders_{.program = folder_.path(), .current = folder_.path()};
-  core::PosixFileSystem files_;
+  core::MachineFileSystem files_;
 };
 
 TEST_P(MemoryRunsOutTest, EndsOldOrNewAndLeavesNothingOpen) {

@@ -7,7 +7,7 @@
 #include <filesystem>
 
 #include "core/entry_editing.h"
-#include "core/posix_file_system.h"
+#include "core/machine_file_system.h"
 #include "settings/vehicles.h"
 #include "tests/safety/prepared_disk.h"
 #include "tests/support/expect_failure.h"
@@ -57,7 +57,7 @@ class PlacesTest : public testing::Test {
 
   TemporaryFolder folder_;
   core::DataFolders folders_{.program = folder_.path(), .current = folder_.path()};
-  core::PosixFileSystem files_;
+  core::MachineFileSystem files_;
 };
 
 // A file system of its own, of 64 KiB, over a folder.

@@ -1,0 +1,24 @@
+# Debian's cross compiler for 64-bit Windows. What is linked is static: one file runs by itself.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
+set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
+set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
+
+# The toolkit's big objects have more sections than the plain format counts; sections apart let the linker
+# leave out what nobody calls.
+set(CMAKE_C_FLAGS_INIT "-Wa,-mbig-obj -ffunction-sections -fdata-sections")
+set(CMAKE_CXX_FLAGS_INIT "-Wa,-mbig-obj -ffunction-sections -fdata-sections")
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -Wl,--gc-sections")
+
+# Programs come from this machine, everything else from the cross compiler's folders and from the toolkit
+# that was built for it.
+set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32 $ENV{TARVIK_WINDOWS_QT})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+
+# The toolkit's code generators run here; Debian keeps their descriptions in the multiarch folder.
+set(QT_HOST_PATH /usr)
+set(QT_HOST_PATH_CMAKE_DIR /usr/lib/x86_64-linux-gnu/cmake)

@@ -1,0 +1,375 @@
+// The calls of Windows 10, the oldest system that the program is made for.
+#define _WIN32_WINNT 0x0A000005
+#define NOMINMAX
+#include <windows.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <limits>
+#include <mutex>
+#include <vector>
+
+#include "core/machine_file_system.h"
+#include "core/windows_errors.h"
+
+namespace tarvik::core {
+namespace {
+
+constexpr DWORD kSharedWithAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+constexpr std::uint32_t kReadBits = 0444;
+constexpr std::uint32_t kWriteBits = 0222;
+
+// The byte that stands for the lock lies past the end of any file, so that it hinders no reader.
+constexpr std::int64_t kLockOffset = std::int64_t{1} << 62;
+
+int failed() {
+  errno = errnoOfWindows(GetLastError());
+  return -1;
+}
+
+int resultOf(BOOL isDone) {
+  return isDone ? 0 : failed();
+}
+
+std::wstring wide(const std::string& text) {
+  const int bytes = static_cast<int>(text.size());
+  std::wstring name(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, nullptr, 0)),
+                    L'\0');
+  MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, name.data(), static_cast<int>(name.size()));
+  return name;
+}
+
+std::string narrow(std::wstring_view name) {
+  const int units = static_cast<int>(name.size());
+  const int bytes = WideCharToMultiByte(CP_UTF8, 0, name.data(), units, nullptr, 0, nullptr, nullptr);
+  std::string text(static_cast<std::size_t>(bytes), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, name.data(), units, text.data(), bytes, nullptr, nullptr);
+  return text;
+}
+
+bool hasTooLongName(std::wstring_view path) {
+  constexpr std::size_t kLongestName = 255;
+  while (path.size() > kLongestName) {
+    const std::size_t slash = path.find_first_of(L"/\\");
+    if (std::min(slash, path.size()) > kLongestName) return true;
+    path.remove_prefix(slash + 1);
+  }
+  return false;
+}
+
+// As the rest of the program writes paths: with slashes, and without the mark that the system puts in front
+// of the paths it resolves.
+std::string pathOf(std::wstring_view resolved) {
+  constexpr std::wstring_view kShareMark = L"\\\\?\\UNC\\";
+  constexpr std::wstring_view kMark = L"\\\\?\\";
+  std::string path;
+  if (resolved.starts_with(kShareMark))
+    path = "//" + narrow(resolved.substr(kShareMark.size()));
+  else
+    path = narrow(resolved.starts_with(kMark) ? resolved.substr(kMark.size()) : resolved);
+  for (char& letter : path)
+    if (letter == '\\') letter = '/';
+  return path;
+}
+
+// A handle that is closed on every path.
+class Handle {
+ public:
+  explicit Handle(HANDLE handle) : handle_(handle) {}
+  Handle(const Handle&) = delete;
+  Handle& operator=(const Handle&) = delete;
+  ~Handle() {
+    if (isOpen()) CloseHandle(handle_);
+  }
+  bool isOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
+  HANDLE get() const { return handle_; }
+
+ private:
+  HANDLE handle_;
+};
+
+// The program's open files by their descriptors, as the interface counts them.
+class Descriptors {
+ public:
+  int add(HANDLE handle) {
+    const std::lock_guard guard(mutex_);
+    for (std::size_t i = 0; i < handles_.size(); ++i) {
+      if (handles_[i] != nullptr) continue;
+      handles_[i] = handle;
+      return static_cast<int>(i);
+    }
+    handles_.push_back(handle);
+    return static_cast<int>(handles_.size() - 1);
+  }
+
+  HANDLE at(int descriptor) {
+    const std::lock_guard guard(mutex_);
+    const auto place = static_cast<std::size_t>(descriptor);
+    return place < handles_.size() && handles_[place] != nullptr ? handles_[place] : INVALID_HANDLE_VALUE;
+  }
+
+  HANDLE take(int descriptor) {
+    const HANDLE handle = at(descriptor);
+    const std::lock_guard guard(mutex_);
+    const auto place = static_cast<std::size_t>(descriptor);
+    if (place < handles_.size()) handles_[place] = nullptr;
+    return handle;
+  }
+
+  // Closes those that are the wanted file; their descriptors stay taken and refer to nothing.
+  template <typename Wanted>
+  void closeAll(Wanted isWanted) {
+    const std::lock_guard guard(mutex_);
+    for (HANDLE& handle : handles_) {
+      if (handle == nullptr || handle == INVALID_HANDLE_VALUE || !isWanted(handle)) continue;
+      CloseHandle(handle);
+      handle = INVALID_HANDLE_VALUE;
+    }
+  }
+
+ private:
+  std::mutex mutex_;
+  std::vector<HANDLE> handles_;
+};
+
+Descriptors& descriptors() {
+  static Descriptors all;
+  return all;
+}
+
+HANDLE openNative(const std::string& path, DWORD access, DWORD creation, DWORD flags) {
+  return CreateFileW(wide(path).c_str(), access, kSharedWithAll, nullptr, creation, flags, nullptr);
+}
+
+// Opens whatever has the name, a folder too, to be asked about alone.
+HANDLE openToAsk(const std::string& path) {
+  return openNative(path, FILE_READ_ATTRIBUTES, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
+}
+
+bool isFolder(const std::string& path) {
+  const DWORD attributes = GetFileAttributesW(wide(path).c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+// A folder in a file's place is denied like a forbidden file, and a name that is too long is missing like any
+// other; the person is told which it is.
+int failedToOpen(const std::string& path) {
+  failed();
+  if (errno == EACCES && isFolder(path)) errno = EISDIR;
+  if (errno == ENOENT && hasTooLongName(wide(path))) errno = ENAMETOOLONG;
+  return -1;
+}
+
+struct Opening {
+  DWORD access;
+  DWORD creation;
+};
+
+Opening openingOf(OpenMode mode) {
+  switch (mode) {
+    case OpenMode::Read:
+      return {GENERIC_READ, OPEN_EXISTING};
+    case OpenMode::ReadWrite:
+      return {GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING};
+    case OpenMode::Create:
+      return {GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS};
+    case OpenMode::CreateNew:
+    case OpenMode::CreatePrivate:  // who may open a new file is its folder's affair here
+      return {GENERIC_READ | GENERIC_WRITE, CREATE_NEW};
+  }
+  return {GENERIC_READ, OPEN_EXISTING};
+}
+
+OVERLAPPED at(std::int64_t offset) {
+  OVERLAPPED place{};
+  place.Offset = static_cast<DWORD>(offset);
+  place.OffsetHigh = static_cast<DWORD>(offset >> 32);
+  return place;
+}
+
+DWORD lengthOf(std::size_t size) {
+  constexpr std::size_t kMost = std::numeric_limits<DWORD>::max();
+  return static_cast<DWORD>(size < kMost ? size : kMost);
+}
+
+FileKind kindOf(HANDLE file, DWORD attributes) {
+  if (GetFileType(file) != FILE_TYPE_DISK) return FileKind::Other;
+  return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? FileKind::Folder : FileKind::Regular;
+}
+
+int statusOfHandle(HANDLE file, FileStatus& status) {
+  BY_HANDLE_FILE_INFORMATION native{};
+  if (!GetFileInformationByHandle(file, &native)) return failed();
+  const bool isReadOnly = (native.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
+  const auto joined = [](DWORD high, DWORD low) { return std::uint64_t{high} << 32 | low; };
+  status = {.size = static_cast<std::int64_t>(joined(native.nFileSizeHigh, native.nFileSizeLow)),
+            .device = native.dwVolumeSerialNumber,
+            .inode = joined(native.nFileIndexHigh, native.nFileIndexLow),
+            .mode = kReadBits | (isReadOnly ? 0 : kWriteBits),
+            .kind = kindOf(file, native.dwFileAttributes)};
+  return 0;
+}
+
+// Replaces in one step, whoever has the old file open, as long as he shares its deletion.
+bool replacedAtOnce(HANDLE file, const std::string& to) {
+  const std::wstring name = wide(to);
+  const std::size_t nameBytes = name.size() * sizeof(WCHAR);
+  std::vector<std::uint64_t> room((sizeof(FILE_RENAME_INFO) + nameBytes) / sizeof(std::uint64_t) + 1);
+  auto* const information = reinterpret_cast<FILE_RENAME_INFO*>(room.data());
+  information->Flags = FILE_RENAME_FLAG_REPLACE_IF_EXISTS | FILE_RENAME_FLAG_POSIX_SEMANTICS;
+  information->FileNameLength = static_cast<DWORD>(nameBytes);
+  name.copy(information->FileName, name.size());
+  return SetFileInformationByHandle(file, FileRenameInfoEx, information,
+                                    static_cast<DWORD>(room.size() * sizeof(std::uint64_t))) != 0;
+}
+
+// Whether the answer means that this system or this disk does not know the call, not that it refused.
+bool isUnknownThere(DWORD error) {
+  return error == ERROR_INVALID_PARAMETER || error == ERROR_NOT_SUPPORTED ||
+         error == ERROR_INVALID_FUNCTION || error == ERROR_CALL_NOT_IMPLEMENTED ||
+         error == ERROR_INVALID_LEVEL;
+}
+
+// The older call replaces no file that is open, not even in the program itself, which keeps the old file
+// locked until the new one has its name. So it is let go of at the last moment.
+void letGoOf(const std::string& path) {
+  FileStatus wanted;
+  {
+    const Handle file(openToAsk(path));
+    if (!file.isOpen() || statusOfHandle(file.get(), wanted) != 0) return;
+  }
+  descriptors().closeAll([&](HANDLE open) {
+    FileStatus status;
+    return statusOfHandle(open, status) == 0 && status.device == wanted.device &&
+           status.inode == wanted.inode;
+  });
+}
+
+int replaceByMove(const std::string& from, const std::string& to) {
+  letGoOf(to);
+  return resultOf(
+      MoveFileExW(wide(from).c_str(), wide(to).c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
+}
+
+// What a disk answers that keeps no promise about the names in its folders.
+bool promisesNothing(DWORD error) {
+  return error == ERROR_ACCESS_DENIED || isUnknownThere(error) || error == ERROR_INVALID_HANDLE;
+}
+
+}  // namespace
+
+// A stick that was pulled out is told by the program, not by a box of the system.
+MachineFileSystem::MachineFileSystem() {
+  SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+}
+
+int MachineFileSystem::open(const std::string& path, OpenMode mode) {
+  const Opening opening = openingOf(mode);
+  const HANDLE file = openNative(path, opening.access, opening.creation, FILE_ATTRIBUTE_NORMAL);
+  return file == INVALID_HANDLE_VALUE ? failedToOpen(path) : descriptors().add(file);
+}
+
+int MachineFileSystem::close(int descriptor) {
+  return resultOf(CloseHandle(descriptors().take(descriptor)));
+}
+
+int MachineFileSystem::status(int descriptor, FileStatus& status) {
+  return statusOfHandle(descriptors().at(descriptor), status);
+}
+
+int MachineFileSystem::statusOf(const std::string& path, FileStatus& status) {
+  const Handle file(openToAsk(path));
+  return file.isOpen() ? statusOfHandle(file.get(), status) : failed();
+}
+
+std::int64_t MachineFileSystem::read(int descriptor, std::span<std::byte> buffer, std::int64_t offset) {
+  OVERLAPPED place = at(offset);
+  DWORD got = 0;
+  if (ReadFile(descriptors().at(descriptor), buffer.data(), lengthOf(buffer.size()), &got, &place))
+    return got;
+  return GetLastError() == ERROR_HANDLE_EOF ? 0 : failed();
+}
+
+std::int64_t MachineFileSystem::write(int descriptor, std::span<const std::byte> data, std::int64_t offset) {
+  OVERLAPPED place = at(offset);
+  DWORD put = 0;
+  if (WriteFile(descriptors().at(descriptor), data.data(), lengthOf(data.size()), &put, &place)) return put;
+  return failed();
+}
+
+int MachineFileSystem::truncate(int descriptor, std::int64_t length) {
+  FILE_END_OF_FILE_INFO end{};
+  end.EndOfFile.QuadPart = length;
+  return resultOf(
+      SetFileInformationByHandle(descriptors().at(descriptor), FileEndOfFileInfo, &end, sizeof end));
+}
+
+// There is one such bit: whether the file is for reading alone.
+int MachineFileSystem::setMode(int descriptor, std::uint32_t mode) {
+  FILE_BASIC_INFO basic{};
+  const HANDLE file = descriptors().at(descriptor);
+  if (!GetFileInformationByHandleEx(file, FileBasicInfo, &basic, sizeof basic)) return failed();
+  basic.FileAttributes &= ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY);
+  if ((mode & kWriteBits) == 0) basic.FileAttributes |= FILE_ATTRIBUTE_READONLY;
+  return resultOf(SetFileInformationByHandle(file, FileBasicInfo, &basic, sizeof basic));
+}
+
+// The system has no order of writes to offer short of its promise.
+int MachineFileSystem::writeOut(int descriptor) {
+  return sync(descriptor);
+}
+
+int MachineFileSystem::sync(int descriptor) {
+  return resultOf(FlushFileBuffers(descriptors().at(descriptor)));
+}
+
+int MachineFileSystem::syncFolder(const std::string& path) {
+  const Handle folder(openNative(path, GENERIC_WRITE, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS));
+  if (folder.isOpen() && FlushFileBuffers(folder.get())) return 0;
+  return promisesNothing(GetLastError()) ? 0 : failed();
+}
+
+// Flushing the renamed file takes its new name along where the disk keeps a journal.
+int MachineFileSystem::rename(const std::string& from, const std::string& to) {
+  {
+    const Handle file(openNative(from, GENERIC_WRITE | DELETE, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS));
+    if (!file.isOpen()) return failed();
+    if (replacedAtOnce(file.get(), to)) {
+      FlushFileBuffers(file.get());
+      return 0;
+    }
+    if (!isUnknownThere(GetLastError())) return failed();
+  }
+  return replaceByMove(from, to);
+}
+
+int MachineFileSystem::remove(const std::string& path) {
+  return DeleteFileW(wide(path).c_str()) ? 0 : failedToOpen(path);
+}
+
+int MachineFileSystem::makeFolder(const std::string& path) {
+  return resultOf(CreateDirectoryW(wide(path).c_str(), nullptr));
+}
+
+int MachineFileSystem::resolve(const std::string& path, std::string& resolved) {
+  const Handle file(openToAsk(path));
+  if (!file.isOpen()) return failed();
+  const DWORD room = GetFinalPathNameByHandleW(file.get(), nullptr, 0, FILE_NAME_NORMALIZED);
+  std::wstring name(room, L'\0');
+  const DWORD units = GetFinalPathNameByHandleW(file.get(), name.data(), room, FILE_NAME_NORMALIZED);
+  if (room == 0 || units == 0 || units >= room) return failed();
+  resolved = pathOf(std::wstring_view(name).substr(0, units));
+  return 0;
+}
+
+int MachineFileSystem::tryLock(int descriptor) {
+  OVERLAPPED place = at(kLockOffset);
+  constexpr DWORD kAtOnce = LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY;
+  return resultOf(LockFileEx(descriptors().at(descriptor), kAtOnce, 0, 1, 0, &place));
+}
+
+void MachineFileSystem::pause(int milliseconds) {
+  Sleep(static_cast<DWORD>(milliseconds));
+}
+
+}  // namespace tarvik::core

@@ -1,0 +1,36 @@
+#include "ui/file_chooser.h"
+
+#include <QFileDialog>
+#include <QStandardPaths>
+
+namespace tarvik::ui {
+namespace {
+
+QString chosenFile(QFileDialog& dialog) {
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setViewMode(QFileDialog::List);  // the other view has words that the translation lacks
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+QString documents() {
+  return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}
+
+}  // namespace
+
+QString askFileToWrite(const FileKind& kind, const QString& proposedName, QWidget* parent) {
+  QFileDialog dialog(parent, kind.title, documents(), kind.filter);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(kind.suffix);
+  dialog.selectFile(proposedName);
+  return chosenFile(dialog);
+}
+
+QString askFileToRead(const FileKind& kind, QWidget* parent) {
+  QFileDialog dialog(parent, kind.title, documents(), kind.filter);
+  dialog.setAcceptMode(QFileDialog::AcceptOpen);
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  return chosenFile(dialog);
+}
+
+}  // namespace tarvik::ui

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace tarvik::ui {
+
+/// A kind of file as the file dialogs name it.
+struct FileKind {
+  QString title;   ///< of the dialog
+  QString filter;  ///< "PDF-fájl (*.pdf)"
+  QString suffix;  ///< "pdf"
+};
+
+/// The file to write, empty when the person gave up. The dialog is the toolkit's own: it asks itself before a
+/// file is replaced, in the program's language.
+QString askFileToWrite(const FileKind& kind, const QString& proposedName, QWidget* parent);
+
+/// The file to read, empty when the person gave up.
+QString askFileToRead(const FileKind& kind, QWidget* parent);
+
+}  // namespace tarvik::ui

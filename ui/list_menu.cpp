@@ -1,0 +1,112 @@
+#include "ui/list_menu.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <utility>
+#include <vector>
+
+#include "exchange/own_format.h"
+#include "ui/controls/list_view.h"
+#include "ui/csv_files.h"
+#include "ui/guarded.h"
+#include "ui/text.h"
+
+namespace tarvik::ui {
+namespace {
+
+std::vector<int> shownColumns(const ListView& list) {
+  std::vector<int> columns;
+  for (int column = 0; column < list.model()->columnCount(); ++column)
+    if (!list.isColumnHidden(column)) columns.push_back(column);
+  return columns;
+}
+
+std::vector<std::string> rowCells(const ListView& list, int row, const std::vector<int>& columns) {
+  std::vector<std::string> cells;
+  for (const int column : columns)
+    cells.push_back(toLogic(list.model()->index(row, column).data().toString().trimmed()));
+  return cells;
+}
+
+// The highlighted row alone, or all rows under their heads.
+exchange::TextTable copiedTable(const ListView& list) {
+  const std::vector<int> columns = shownColumns(list);
+  const QModelIndexList chosen = list.selectionModel()->selectedRows();
+  exchange::TextTable table;
+  if (!chosen.isEmpty()) {
+    table.rows.push_back(rowCells(list, chosen.first().row(), columns));
+    return table;
+  }
+  for (const int column : columns)
+    table.heads.push_back(toLogic(list.model()->headerData(column, Qt::Horizontal).toString()));
+  for (int row = 0; row < list.model()->rowCount(); ++row) table.rows.push_back(rowCells(list, row, columns));
+  return table;
+}
+
+bool opensMenu(const QKeyEvent& event) {
+  return event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier;
+}
+
+}  // namespace
+
+ListMenu::ListMenu(ListView* list, Context& context, ListMenuParts parts)
+    : QObject(list), list_(list), context_(context), parts_(std::move(parts)) {
+  QAction* copy = add("mnuMasolas", QStringLiteral("&Másolás"), &ListMenu::copy);
+  copy->setShortcut(QKeySequence::Copy);
+  copy->setShortcutContext(Qt::WidgetShortcut);
+  add("mnuCsvMentes", QStringLiteral("M&entés CSV-fájlba…"), &ListMenu::save);
+  if (parts_.import) add("mnuCsvBeolvasas", QStringLiteral("&Beolvasás CSV-fájlból…"), &ListMenu::import);
+  list->installEventFilter(this);
+  list->viewport()->installEventFilter(this);
+}
+
+QAction* ListMenu::add(const char* name, const QString& text, void (ListMenu::*act)()) {
+  auto* action = new QAction(text, list_);
+  action->setObjectName(QString::fromLatin1(name));
+  connect(action, &QAction::triggered, this,
+          [this, act] { guarded(list_->window(), [&] { (this->*act)(); }); });
+  list_->addAction(action);
+  return action;
+}
+
+bool ListMenu::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ContextMenu) {
+    const auto* menu = static_cast<QContextMenuEvent*>(event);
+    openAt(menu->reason() == QContextMenuEvent::Mouse ? menu->globalPos() : besideRow());
+    return true;
+  }
+  if (watched == list_ && event->type() == QEvent::KeyPress && opensMenu(*static_cast<QKeyEvent*>(event))) {
+    openAt(besideRow());
+    return true;
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+void ListMenu::openAt(const QPoint& global) {
+  QMenu::exec(list_->actions(), global, nullptr, list_);
+}
+
+// Where a menu opens that no pointer asked for: under the row where the keyboard stands.
+QPoint ListMenu::besideRow() const {
+  const QRect row = list_->visualRect(list_->currentIndex()).intersected(list_->viewport()->rect());
+  return list_->viewport()->mapToGlobal(row.isEmpty() ? QPoint() : row.bottomLeft());
+}
+
+void ListMenu::copy() {
+  QGuiApplication::clipboard()->setText(toQt(exchange::tabbedOf(copiedTable(*list_))));
+}
+
+void ListMenu::save() {
+  saveCsvFile(context_, parts_.fileName(), parts_.csv(), list_->window());
+}
+
+void ListMenu::import() {
+  parts_.import();
+}
+
+}  // namespace tarvik::ui
