@@ -7,6 +7,7 @@
 #include "app/system_clock.h"
 #include "core/machine_file_system.h"
 #include "ui/frmTarvik.h"
+#include "ui/guarded.h"
 #include "ui/look.h"
 
 namespace {
@@ -41,6 +42,9 @@ int main(int argc, char** argv) {
                                           .current = QDir::currentPath().toStdString()},
                               .clock = clock,
                               .version = TARVIK_VERSION};
+  if (!tarvik::ui::guarded(nullptr, [&] { tarvik::core::requireFolders(files, context.folders); },
+                           {.failed = QStringLiteral("A program így nem tud elindulni.")}))
+    return 1;
   tarvik::ui::frmTarvik window(context);
   window.load();
   window.show();

@@ -93,9 +93,12 @@ class Operations {
     auto found = reminders::checkKm(files_, folders_, kPlate);
     benchmark::DoNotOptimize(found);
   }
+  core::SeenRecord middle() {
+    return core::RecordFile(files_, folders_.logbook(kPlate), core::NapiAdat::kLength).seen(entries_ / 2);
+  }
   void record() { core::recordEntry(files_, folders_, kPlate, typedEntry(++km_)); }
-  void modify() { core::modifyEntry(files_, folders_, kPlate, entries_ / 2, typedEntry(km_), "6,50"); }
-  void remove() { core::deleteEntry(files_, folders_, kPlate, entries_ / 2); }
+  void modify() { core::modifyEntry(files_, folders_, kPlate, middle(), typedEntry(km_), "6,50"); }
+  void remove() { core::deleteEntry(files_, folders_, kPlate, middle()); }
   void makePages() {
     const core::Logbook logbook = core::loadLogbook(files_, folders_, kPlate);
     print::ListedRows rows;

@@ -22,6 +22,9 @@ function(tarvik_sources variable)
   set(${variable} ${sources} PARENT_SCOPE)
 endfunction()
 
+include(${CMAKE_CURRENT_LIST_DIR}/TarvikHardening.cmake)
+target_link_libraries(tarvik_options INTERFACE $<$<CONFIG:Release>:tarvik_hardening>)
+
 # tarvik_logic_folder(NAME [FOLDER...]): a static library of the folder's sources that may include
 # the named folders and the standard library, nothing else.
 function(tarvik_logic_folder name)

@@ -45,6 +45,13 @@ bool isDevice(std::string_view plate) {
   return std::ranges::find(kDevices, name) != kDevices.end() || isPort(name);
 }
 
+void requireFolder(FileSystem& files, const std::string& path) {
+  if (path.empty()) throw Failure(FailureKind::FolderGone);
+  FileStatus status;
+  if (files.statusOf(path, status) == 0 && status.kind == FileKind::Folder) return;
+  throw Failure(FailureKind::FolderUnreadable).file(path);
+}
+
 }  // namespace
 
 std::string DataFolders::inProgram(std::string_view name) const {
@@ -66,6 +73,11 @@ std::string DataFolders::logbook(std::string_view plate) const {
 
 std::string DataFolders::logbookTemporary(std::string_view plate) const {
   return joined(vehicleFolder(plate), "napiadatx.dat");
+}
+
+void requireFolders(FileSystem& files, const DataFolders& folders) {
+  requireFolder(files, folders.program);
+  requireFolder(files, folders.current);
 }
 
 bool isUsablePlate(std::string_view plate) {

@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "core/file_system.h"
+
 namespace tarvik::core {
 
 /// Where the data lie. The two folders are the same when the program is started from its own folder;
@@ -24,6 +26,11 @@ struct DataFolders {
   /// The temporary file of a deletion from that logbook, napiadatx.dat; throws as vehicleFolder does.
   std::string logbookTemporary(std::string_view plate) const;
 };
+
+/// Makes sure, before anything is read, that both folders are there under the paths given. A path may be
+/// empty (the program was started in a folder that is gone) or lead nowhere (a name that is no text). Throws
+/// Failure(FolderGone) or FolderUnreadable: data must not turn up in the root of the disk instead.
+void requireFolders(FileSystem& files, const DataFolders& folders);
 
 /// Whether a plate, the spaces around it aside, can name a vehicle folder: it would neither lead outside the
 /// program folder nor be a name that Linux or Windows cannot keep, wherever the program runs. Empty, with a

@@ -73,14 +73,18 @@ FullFillSearch FullFillTrail::reach(const Ratio& litres, const Ratio& kmOra) con
   return {distance, consumptionText(litres + since_, distance)};
 }
 
-Logbook loadLogbook(FileSystem& files, const DataFolders& folders, const std::string& plate) {
-  if (!isUsablePlate(plate)) return {};
+std::optional<Logbook> foundLogbook(FileSystem& files, const DataFolders& folders, std::string_view plate) {
+  if (!isUsablePlate(plate)) return std::nullopt;
   try {
     return loadRecords<NapiAdat>(files, folders.logbook(plate));
   } catch (const Failure& failure) {
     if (failure.kind() != FailureKind::FolderMissing) throw;
-    return {};
+    return std::nullopt;
   }
+}
+
+Logbook loadLogbook(FileSystem& files, const DataFolders& folders, std::string_view plate) {
+  return foundLogbook(files, folders, plate).value_or(Logbook());
 }
 
 Ratio recordEntry(FileSystem& files, const DataFolders& folders, const std::string& plate, EntryInput input) {
@@ -99,23 +103,21 @@ Ratio recordEntry(FileSystem& files, const DataFolders& folders, const std::stri
   return found.distance;
 }
 
-void modifyEntry(FileSystem& files, const DataFolders& folders, const std::string& plate, int number,
-                 const EntryInput& input, std::string_view shownConsumption) {
+void modifyEntry(FileSystem& files, const DataFolders& folders, const std::string& plate,
+                 const SeenRecord& seen, const EntryInput& input, std::string_view shownConsumption) {
   NapiAdat entry = toEntry(withDefaults(input));
   entry.Fogyasztas = storedConsumption(shownConsumption);
-  RecordFile file(files, folders.logbook(plate), NapiAdat::kLength);
-  file.rewrite(file.seen(number), encoded(entry));
+  RecordFile(files, folders.logbook(plate), NapiAdat::kLength).rewrite(seen, encoded(entry));
 }
 
-NapiAdat openDeletion(FileSystem& files, const DataFolders& folders, const std::string& plate, int number) {
-  const Logbook logbook = loadRecords<NapiAdat>(files, folders.logbook(plate));
+void openDeletion(FileSystem& files, const DataFolders& folders, const std::string& plate) {
+  createIfMissing(files, folders.logbook(plate));
   createIfMissing(files, folders.logbookTemporary(plate));
-  return logbook.record(number);
 }
 
-void deleteEntry(FileSystem& files, const DataFolders& folders, const std::string& plate, int number) {
-  RecordFile file(files, folders.logbook(plate), NapiAdat::kLength);
-  file.remove(file.seen(number), folders.logbookTemporary(plate));
+void deleteEntry(FileSystem& files, const DataFolders& folders, const std::string& plate,
+                 const SeenRecord& seen) {
+  RecordFile(files, folders.logbook(plate), NapiAdat::kLength).remove(seen, folders.logbookTemporary(plate));
 }
 
 }  // namespace tarvik::core

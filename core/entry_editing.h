@@ -39,10 +39,13 @@ class FullFillTrail {
   Ratio since_ = 0;                        // litres since then
 };
 
-/// The logbook of a vehicle, to be listed or computed with. A missing vehicle folder, an empty plate or
-/// one that cannot name a folder reads as a logbook without entries; a missing file is created empty.
-/// Throws Failure(OpenFailed) or ReadFailed.
-Logbook loadLogbook(FileSystem& files, const DataFolders& folders, const std::string& plate);
+/// The logbook of a vehicle; nothing where the plate names no folder or the folder is not there. A missing file
+/// is created empty. Throws Failure(OpenFailed) or ReadFailed.
+std::optional<Logbook> foundLogbook(FileSystem& files, const DataFolders& folders, std::string_view plate);
+
+/// The logbook of a vehicle, to be listed or computed with: one without entries where foundLogbook finds none.
+/// Throws as foundLogbook does.
+Logbook loadLogbook(FileSystem& files, const DataFolders& folders, std::string_view plate);
 
 /// Appends the entry that the input stands for, with its consumption; an entry without fuel is never a
 /// full fill. Returns the distance since the reference full fill, to be added to the fitted tyres.
@@ -50,17 +53,19 @@ Logbook loadLogbook(FileSystem& files, const DataFolders& folders, const std::st
 /// vehicle folder; nothing is recorded then.
 Ratio recordEntry(FileSystem& files, const DataFolders& folders, const std::string& plate, EntryInput input);
 
-/// Overwrites the entry of that number with what the input stands for. Its consumption is the figure that
-/// was shown beside it. Throws Failure as recordEntry does, and RecordMissing.
-void modifyEntry(FileSystem& files, const DataFolders& folders, const std::string& plate, int number,
-                 const EntryInput& input, std::string_view shownConsumption);
+/// Overwrites a seen entry with what the input stands for. Its consumption is the figure that was shown
+/// beside it. Throws Failure as recordEntry does, RecordChanged when that number has another entry by now,
+/// and RecordMissing where none was seen.
+void modifyEntry(FileSystem& files, const DataFolders& folders, const std::string& plate,
+                 const SeenRecord& seen, const EntryInput& input, std::string_view shownConsumption);
 
-/// Opens the deletion of an entry: makes its temporary file where there is none, empty, and returns the
-/// entry. The temporary file stays when the person declines, as this system's convention. Throws
-/// Failure for a missing folder or file.
-NapiAdat openDeletion(FileSystem& files, const DataFolders& folders, const std::string& plate, int number);
+/// Opens the deletion of an entry: makes its temporary file where there is none, empty, which stays when the
+/// person declines, as this system's convention. Throws Failure for a missing folder or file.
+void openDeletion(FileSystem& files, const DataFolders& folders, const std::string& plate);
 
-/// Removes the entry of that number; later entries move up by one. Throws Failure.
-void deleteEntry(FileSystem& files, const DataFolders& folders, const std::string& plate, int number);
+/// Removes a seen entry; later entries move up by one. Throws Failure as modifyEntry does; a number that had
+/// no entry and has none removes nothing.
+void deleteEntry(FileSystem& files, const DataFolders& folders, const std::string& plate,
+                 const SeenRecord& seen);
 
 }  // namespace tarvik::core

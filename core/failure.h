@@ -8,24 +8,26 @@ namespace tarvik::core {
 
 /// What kind of thing went wrong; the screens choose the words by it.
 enum class FailureKind {
-  OpenFailed,      ///< a file could not be opened or created
-  ReadFailed,      ///< a file could not be read
-  WriteFailed,     ///< a write was refused or cut short (a full disk, say)
-  SyncFailed,      ///< the system could not promise that the data reached the disk
-  ReplaceFailed,   ///< the new contents could not take the old file's place
-  NotAFile,        ///< a pipe, a socket or a device stands where a file should
-  FileBusy,        ///< another program held the file for too long
-  FolderMissing,   ///< a vehicle's folder is not there
-  PlateUnusable,   ///< a plate that cannot name a folder
-  PlateTaken,      ///< a plate whose folder would be another vehicle's on Windows
-  NotANumber,      ///< a text that should be a number
-  OutOfRange,      ///< a figure that does not fit its type or field
-  DivisionByZero,  ///< a quotient whose divisor is 0
-  FileFull,        ///< a record past the highest number that a file may hold
-  FileTooLong,     ///< a file with more records than numbers reach
-  FileChanged,     ///< a file that is not any more what the person saw
-  RecordMissing,   ///< a record number that the file does not have
-  RecordChanged,   ///< a record that is not any more what the person saw
+  OpenFailed,        ///< a file could not be opened or created
+  ReadFailed,        ///< a file could not be read
+  WriteFailed,       ///< a write was refused or cut short (a full disk, say)
+  SyncFailed,        ///< the system could not promise that the data reached the disk
+  ReplaceFailed,     ///< the new contents could not take the old file's place
+  NotAFile,          ///< a pipe, a socket or a device stands where a file should
+  FileBusy,          ///< another program held the file for too long
+  FolderMissing,     ///< a vehicle's folder is not there
+  FolderGone,        ///< the folder that the program was started in is not there any more
+  FolderUnreadable,  ///< the program's folder, or the one it was started in, cannot be reached by its name
+  PlateUnusable,     ///< a plate that cannot name a folder
+  PlateTaken,        ///< a plate whose folder would be another vehicle's on Windows
+  NotANumber,        ///< a text that should be a number
+  OutOfRange,        ///< a figure that does not fit its type or field
+  DivisionByZero,    ///< a quotient whose divisor is 0
+  FileFull,          ///< a record past the highest number that a file may hold
+  FileTooLong,       ///< a file with more records than numbers reach
+  FileChanged,       ///< a file that is not any more what the person saw
+  RecordMissing,     ///< a record number that the file does not have
+  RecordChanged,     ///< a record that is not any more what the person saw
 };
 
 /// The one exception of the program: an operation that could not be done.

@@ -96,7 +96,8 @@ OpenFile openToRead(FileSystem& files, const std::string& path) {
   return openIfThere(files, path);
 }
 
-// The lock belongs to the file and not to its name, so a file that was replaced while we waited is opened anew.
+// The lock belongs to the file and not to its name, so a file that was replaced while we waited is opened
+// anew.
 OpenFile openLocked(FileSystem& files, const std::string& path, FileStatus& status) {
   for (int i = 0; i < kTries; ++i) {
     OpenFile file = openOrCreate(files, path);

@@ -42,13 +42,13 @@ OpenFile openOrCreate(FileSystem& files, const std::string& path);
 /// Opens a file that is there; an OpenFile that is not open when there is none. Throws Failure(OpenFailed).
 OpenFile openIfThere(FileSystem& files, const std::string& path);
 
-/// Opens a file to read it, made empty where it is missing. Where it can neither be opened for writing nor made
-/// (a read-only place, a full disk) it is opened for reading alone, and when it is missing there, nothing is
-/// opened. Throws Failure(FolderMissing) or OpenFailed.
+/// Opens a file to read it, made empty where it is missing. Where it can neither be opened for writing nor
+/// made (a read-only place, a full disk) it is opened for reading alone, and when it is missing there,
+/// nothing is opened. Throws Failure(FolderMissing) or OpenFailed.
 OpenFile openToRead(FileSystem& files, const std::string& path);
 
-/// Opens the file that the path names at the moment when its lock is ours, and tells its status then. Throws as
-/// openOrCreate, and Failure(FileBusy) when another program holds the lock for two seconds.
+/// Opens the file that the path names at the moment when its lock is ours, and tells its status then. Throws
+/// as openOrCreate, and Failure(FileBusy) when another program holds the lock for two seconds.
 OpenFile openLocked(FileSystem& files, const std::string& path, FileStatus& status);
 
 /// Makes a new file for its owner alone. What has the name already, left by a run that was cut short, is

@@ -1,5 +1,7 @@
 #include "core/napi_adat.h"
 
+#include "core/failure.h"
+
 namespace tarvik::core {
 namespace {
 
@@ -56,6 +58,12 @@ void NapiAdat::encode(std::span<std::byte> bytes) const {
   writeInt32(bytes, kMegjKtg, MegjKtg);
   Megjegyzes.write(bytes, kMegjegyzes);
   writeAmount(bytes, kFogyasztas, Fogyasztas);
+}
+
+Day dayOfEntry(const NapiAdat& entry) {
+  const std::optional<Day> day = dayFromStored(entry.Datum);
+  if (!day) throw Failure(FailureKind::OutOfRange).field("Datum");
+  return *day;
 }
 
 }  // namespace tarvik::core

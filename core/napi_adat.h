@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <span>
 
+#include "core/day.h"
 #include "core/record_codec.h"
 #include "core/record_list.h"
 
@@ -39,6 +40,9 @@ struct NapiAdat {
 
   friend bool operator==(const NapiAdat&, const NapiAdat&) = default;
 };
+
+/// The day of an entry. Throws Failure(OutOfRange) with the field "Datum" when what is stored is none.
+Day dayOfEntry(const NapiAdat& entry);
 
 /// A vehicle's logbook in file order, which is the order of recording.
 using Logbook = RecordList<NapiAdat>;

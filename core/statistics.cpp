@@ -14,12 +14,6 @@ NapiAdat existing(const Logbook& logbook, int number) {
   return logbook.record(number);
 }
 
-Day dayOfEntry(const NapiAdat& entry) {
-  const std::optional<Day> day = dayFromStored(entry.Datum);
-  if (!day) throw Failure(FailureKind::OutOfRange).field("Datum");
-  return *day;
-}
-
 int lastFuelling(const Logbook& logbook) {
   int number = logbook.count();
   while (true) {

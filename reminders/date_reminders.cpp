@@ -82,9 +82,9 @@ void recordDateReminder(core::FileSystem& files, const core::DataFolders& folder
   openFile(files, folders).append(core::encoded(reminder));
 }
 
-void deleteDateReminder(core::FileSystem& files, const core::DataFolders& folders, int record) {
-  core::RecordFile file = openFile(files, folders);
-  file.remove(file.seen(record), folders.inCurrent(kTemporary));
+void deleteDateReminder(core::FileSystem& files, const core::DataFolders& folders,
+                        const core::SeenRecord& seen) {
+  openFile(files, folders).remove(seen, folders.inCurrent(kTemporary));
 }
 
 }  // namespace tarvik::reminders

@@ -64,10 +64,11 @@ DateReminderDetails dateReminderDetails(const FigyDatumRec& reminder, core::Day 
 void recordDateReminder(core::FileSystem& files, const core::DataFolders& folders,
                         const DateReminderEntry& entry, core::Day today);
 
-/// Removes a date reminder from the file; those behind it move up by one. It goes through fD.dat, which
+/// Removes a seen date reminder from the file; those behind it move up by one. It goes through fD.dat, which
 /// is not emptied first: what that file has beyond the remaining records becomes part of figyDatum.dat, as
-/// this system's convention. A number that the file does not have (0 = none) removes nothing. Throws
-/// Failure when it cannot be saved.
-void deleteDateReminder(core::FileSystem& files, const core::DataFolders& folders, int record);
+/// this system's convention. A number that the file did and does not have (0 = none) removes nothing. Throws
+/// Failure(RecordChanged) when the reminder is no longer there, and when it cannot be saved.
+void deleteDateReminder(core::FileSystem& files, const core::DataFolders& folders,
+                        const core::SeenRecord& seen);
 
 }  // namespace tarvik::reminders

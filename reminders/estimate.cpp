@@ -2,9 +2,9 @@
 
 #include <array>
 
+#include "core/entry_editing.h"
 #include "core/failure.h"
 #include "core/ratio.h"
-#include "core/record_file.h"
 
 namespace tarvik::reminders {
 namespace {
@@ -12,14 +12,8 @@ namespace {
 constexpr int kStartEntry = 2;
 constexpr std::size_t kDateCharacters = 10;
 
-core::Day dayOfEntry(const core::NapiAdat& entry) {
-  const std::optional<core::Day> day = core::dayFromStored(entry.Datum);
-  if (!day) throw core::Failure(core::FailureKind::OutOfRange).field("Datum");
-  return *day;
-}
-
 std::int64_t dailyAverage(const core::NapiAdat& start, const core::NapiAdat& last) {
-  const std::int64_t days = core::daysBetween(dayOfEntry(last), dayOfEntry(start));
+  const std::int64_t days = core::daysBetween(core::dayOfEntry(last), core::dayOfEntry(start));
   return core::wholeQuotient(core::checkedDifference(start.KmOra, last.KmOra), days);
 }
 
@@ -35,21 +29,6 @@ void fill(Estimate& estimate, const core::Logbook& logbook, const FigyelRec& rem
 }
 
 }  // namespace
-
-std::optional<core::Logbook> foundLogbook(core::FileSystem& files, const core::DataFolders& folders,
-                                          std::string_view plate) {
-  if (!core::isUsablePlate(plate)) return std::nullopt;
-  try {
-    return core::loadRecords<core::NapiAdat>(files, folders.logbook(plate));
-  } catch (const core::Failure& failure) {
-    if (failure.kind() != core::FailureKind::FolderMissing) throw;
-    return std::nullopt;
-  }
-}
-
-core::Logbook logbookOf(core::FileSystem& files, const core::DataFolders& folders, std::string_view plate) {
-  return foundLogbook(files, folders, plate).value_or(core::Logbook());
-}
 
 std::optional<core::NapiAdat> lastWithReading(const core::Logbook& logbook) {
   for (int i = logbook.count(); i >= 1; --i) {
@@ -71,7 +50,7 @@ Estimate estimated(const core::Logbook& logbook, const FigyelRec& reminder, core
 Estimate estimateFor(core::FileSystem& files, const core::DataFolders& folders, std::string_view plate,
                      const FigyelRec& reminder, core::Day today) {
   try {
-    return estimated(logbookOf(files, folders, plate), reminder, today);
+    return estimated(core::loadLogbook(files, folders, plate), reminder, today);
   } catch (const core::Failure&) {  // nor is a logbook that cannot be read
     return {};
   }

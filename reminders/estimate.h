@@ -23,15 +23,6 @@ struct Estimate {
   friend bool operator==(const Estimate&, const Estimate&) = default;
 };
 
-/// The vehicle's logbook; nothing when the plate names no folder or the folder is not there. Throws Failure
-/// when a logbook that is there cannot be read.
-std::optional<core::Logbook> foundLogbook(core::FileSystem& files, const core::DataFolders& folders,
-                                          std::string_view plate);
-
-/// The vehicle's logbook; one without entries when the plate names no folder or the folder is not there.
-/// Throws Failure when a logbook that is there cannot be read.
-core::Logbook logbookOf(core::FileSystem& files, const core::DataFolders& folders, std::string_view plate);
-
 /// The last entry with an odometer reading other than 0, or nothing when no entry has one.
 std::optional<core::NapiAdat> lastWithReading(const core::Logbook& logbook);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/failure.h"
+#include "core/entry_editing.h"
 #include "core/ratio.h"
 #include "core/text.h"
 #include "reminders/estimate.h"
@@ -65,7 +66,7 @@ bool isPassedFor(const FigyelRec& reminder, std::string_view plate, std::int32_t
 }
 
 KmCheck checkKm(core::FileSystem& files, const core::DataFolders& folders, std::string_view plate) {
-  const auto logbook = foundLogbook(files, folders, plate);
+  const auto logbook = core::foundLogbook(files, folders, plate);
   if (!logbook || logbook->count() == 0) return {.hasLogbook = logbook.has_value()};
   const std::int32_t reading = currentReading(*logbook);
   return {.hasLogbook = true,

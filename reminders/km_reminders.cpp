@@ -72,15 +72,14 @@ void recordKmReminder(core::FileSystem& files, const core::DataFolders& folders,
   file.append(bytes);
 }
 
-void blankKmReminder(core::FileSystem& files, const core::DataFolders& folders, int record) {
-  core::RecordFile file = openFile(files, folders);
-  const core::SeenRecord seen = file.seen(record);
+void blankKmReminder(core::FileSystem& files, const core::DataFolders& folders,
+                     const core::SeenRecord& seen) {
   FigyelRec reminder = decoded(seen);
   reminder.Szoveg = core::FixedText<40>("");
   reminder.RogzDatum = core::FixedText<10>("");
   reminder.KmAllas = 0;
   reminder.KmMulva = 0;
-  file.rewrite(seen, core::encoded(reminder));
+  openFile(files, folders).rewrite(seen, core::encoded(reminder));
 }
 
 }  // namespace tarvik::reminders

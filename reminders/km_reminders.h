@@ -38,8 +38,9 @@ FigyelRec filledFrom(FigyelRec before, const KmReminderEntry& entry, core::Day t
 void recordKmReminder(core::FileSystem& files, const core::DataFolders& folders, const KmReminderEntry& entry,
                       core::Day today);
 
-/// Deletes a km reminder in its place: text and day of recording become spaces, the figures 0, the plate
-/// stays. Throws Failure(RecordMissing) for a number that the file does not have, or as saving fails.
-void blankKmReminder(core::FileSystem& files, const core::DataFolders& folders, int record);
+/// Deletes a seen km reminder in its place: text and day of recording become spaces, the figures 0, the plate
+/// stays. Throws Failure(RecordChanged) when it is no longer there, RecordMissing where none was seen, or as
+/// saving fails.
+void blankKmReminder(core::FileSystem& files, const core::DataFolders& folders, const core::SeenRecord& seen);
 
 }  // namespace tarvik::reminders

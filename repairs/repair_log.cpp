@@ -16,12 +16,13 @@ Repairs loadRepairs(core::FileSystem& files, const core::DataFolders& folders) {
   return core::loadRecords<Repair>(files, folders.inProgram(kFile));
 }
 
-std::vector<RepairRow> RepairLog::listOf(std::string_view plate) const {
+std::vector<RepairRow> RepairLog::listOf(std::string_view plate) {
   return listFiltered({.plate = std::string(plate)});
 }
 
-std::vector<RepairRow> RepairLog::listFiltered(const RepairFilter& filter) const {
-  return rowsOf(loadRepairs(files_, folders_), filter);
+std::vector<RepairRow> RepairLog::listFiltered(const RepairFilter& filter) {
+  listed_ = loadRepairs(files_, folders_);
+  return rowsOf(listed_, filter);
 }
 
 Repair RepairLog::read(int number) const {
@@ -42,9 +43,9 @@ void RepairLog::record(const NewRepair& typed) const {
   core::RecordFile(files_, folders_.inProgram(kFile), Repair::kLength).append(core::encoded(repair));
 }
 
-void RepairLog::remove(int number) const {
-  core::RecordFile file(files_, folders_.inProgram(kFile), Repair::kLength);
-  file.remove(file.seen(number), folders_.inCurrent(kTemporary));
+void RepairLog::remove(const core::SeenRecord& seen) const {
+  core::RecordFile(files_, folders_.inProgram(kFile), Repair::kLength)
+      .remove(seen, folders_.inCurrent(kTemporary));
 }
 
 }  // namespace tarvik::repairs

@@ -32,21 +32,25 @@ class RepairLog {
   RepairLog(core::FileSystem& files, const core::DataFolders& folders) : files_(files), folders_(folders) {}
 
   /// Lists one vehicle's entries; the plate is compared trimmed and exactly.
-  std::vector<RepairRow> listOf(std::string_view plate) const;
+  std::vector<RepairRow> listOf(std::string_view plate);
   /// Lists the entries that the filter keeps.
-  std::vector<RepairRow> listFiltered(const RepairFilter& filter) const;
+  std::vector<RepairRow> listFiltered(const RepairFilter& filter);
+  /// The entry of that number as the last listing read it: what is to be changed.
+  core::SeenRecord seen(int number) const { return listed_.seen(number); }
   /// Reads the entry of that number; throws Failure(RecordMissing) when the file has none.
   Repair read(int number) const;
 
   /// Appends an entry, its two figures rounded to whole numbers, halves to even. A figure past 32 bits
   /// throws Failure(OutOfRange) with the name of the screen's field; nothing is written then.
   void record(const NewRepair& typed) const;
-  /// Deletes the entry of that number, over xx.dat in the current folder.
-  void remove(int number) const;
+  /// Deletes a seen entry, over xx.dat in the current folder. Throws Failure(RecordChanged) when it is no
+  /// longer there.
+  void remove(const core::SeenRecord& seen) const;
 
  private:
   core::FileSystem& files_;
   core::DataFolders folders_;
+  Repairs listed_;
 };
 
 }  // namespace tarvik::repairs

@@ -39,9 +39,9 @@ void appendLookupText(core::FileSystem& files, const core::DataFolders& folders,
 }
 
 void removeLookupText(core::FileSystem& files, const core::DataFolders& folders, const LookupFile& list,
-                      int number) {
+                      const core::SeenRecord& seen) {
   core::RecordFile file(files, folders.inCurrent(list.name), LookupText::kLength);
-  file.remove(file.seen(number), folders.inCurrent(list.temporary));
+  file.remove(seen, folders.inCurrent(list.temporary));
 }
 
 std::vector<std::string> matching(const LookupTexts& texts, std::string_view newText) {

@@ -47,10 +47,9 @@ LookupTexts loadLookupTexts(core::FileSystem& files, const core::DataFolders& fo
 void appendLookupText(core::FileSystem& files, const core::DataFolders& folders, const LookupFile& list,
                       std::string_view text);
 
-/// Removes the entry of that number, counted from 1; a number without an entry leaves the list as it is.
-/// Throws as core::RecordFile does.
+/// Removes a seen entry. Throws as core::RecordFile does: RecordChanged when it is no longer there.
 void removeLookupText(core::FileSystem& files, const core::DataFolders& folders, const LookupFile& list,
-                      int number);
+                      const core::SeenRecord& seen);
 
 /// The entries, trimmed and in file order, that contain the new text when case and the spaces around both
 /// are set aside: the ones to ask about before the new text is added. The question goes this way round

@@ -78,9 +78,9 @@ void addVehicle(core::FileSystem& files, const core::DataFolders& folders, std::
   makeVehicleFolder(files, folders, plateText);
 }
 
-void removeVehicle(core::FileSystem& files, const core::DataFolders& folders, int number) {
+void removeVehicle(core::FileSystem& files, const core::DataFolders& folders, const core::SeenRecord& seen) {
   core::RecordFile file(files, folders.inCurrent(kFileName), Vehicle::kLength);
-  file.remove(file.seen(number), folders.inCurrent(kTemporaryName));
+  file.remove(seen, folders.inCurrent(kTemporaryName));
 }
 
 std::int16_t tankSizeOf(const Vehicles& vehicles, std::string_view plate) {

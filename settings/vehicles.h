@@ -57,9 +57,9 @@ bool isPlateMissing(std::string_view plateText);
 void addVehicle(core::FileSystem& files, const core::DataFolders& folders, std::string_view plateText,
                 std::string_view tankText);
 
-/// Removes the vehicle of that number, counted from 1, from the list of the current folder; a number
-/// without a vehicle removes none. Its folder and logbook stay. Throws as core::RecordFile does.
-void removeVehicle(core::FileSystem& files, const core::DataFolders& folders, int number);
+/// Removes a seen vehicle from the list of the current folder. Its folder and logbook stay. Throws as
+/// core::RecordFile does: RecordChanged when it is no longer there.
+void removeVehicle(core::FileSystem& files, const core::DataFolders& folders, const core::SeenRecord& seen);
 
 /// The tank of the vehicle with that plate in litres, the spaces around both plates aside. Of several
 /// vehicles with that plate the last one counts, of none 0.

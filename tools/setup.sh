@@ -14,12 +14,13 @@ BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev libqcustomplot-dev libgl1-mes
 RUNTIME_PACKAGES=(qt6-translations-l10n fonts-dejavu-core fonts-liberation)
 SCREENSHOT_PACKAGES=(xvfb imagemagick)
 WAYLAND_PACKAGES=(qt6-wayland)
-TEST_PACKAGES=(libgtest-dev libgmock-dev poppler-utils xvfb)
+TEST_PACKAGES=(libgtest-dev libgmock-dev poppler-utils xvfb binutils strace)
 # A desktop for the tests from outside: window manager, keys, pictures, session bus, accessibility service.
 TEST_PACKAGES+=(openbox xdotool x11-xkb-utils imagemagick dbus-daemon at-spi2-core python3 python3-pyatspi)
 # A print server with a printer that writes PDF files.
 PRINTING_PACKAGES=(cups cups-client printer-driver-cups-pdf)
 BENCH_PACKAGES=(libbenchmark-dev libsqlite3-dev xvfb)
+SOAK_PACKAGES=(btrfs-progs xfsprogs)
 CLANG_PACKAGES=(clang-14 libclang-rt-14-dev clang-tidy-14 clang-format-14)
 COVERAGE_PACKAGES=(gcovr)
 # For the packages to unpack: the manual made into one page, libraries found beside the program.

@@ -49,9 +49,9 @@ TyreSets loadTyreSets(core::FileSystem& files, const core::DataFolders& folders)
 }
 
 std::vector<TyreRow> TyreRegister::list(std::optional<std::string_view> plate) {
-  const TyreSets sets = loadTyreSets(files_, folders_);
-  if (sets.count() > 0) buffer_ = sets.record(sets.count());
-  return rowsOf(sets, plate);
+  listed_ = loadTyreSets(files_, folders_);
+  if (listed_.count() > 0) buffer_ = listed_.record(listed_.count());
+  return rowsOf(listed_, plate);
 }
 
 std::vector<TyreRow> TyreRegister::listOf(std::string_view plate) {
@@ -79,29 +79,26 @@ void TyreRegister::record(const NewTyreSet& typed) {
   buffer_ = set;
 }
 
-// Reads the set under the file's lock, edits it and writes it back.
 template <typename Edit>
-void TyreRegister::rewrite(int number, Edit edit) {
-  core::RecordFile file(files_, folders_.inProgram(kFile), TyreSet::kLength);
-  const TyreSets sets = allOf(file);
-  buffer_ = sets.record(number);
+void TyreRegister::rewrite(const core::SeenRecord& seen, Edit edit) {
+  buffer_ = seen.bytes.empty() ? TyreSet{} : TyreSet::decode(seen.bytes);
   TyreSet edited = buffer_;
   edit(edited);
-  file.rewrite(sets.seen(number), core::encoded(edited));
+  core::RecordFile(files_, folders_.inProgram(kFile), TyreSet::kLength).rewrite(seen, core::encoded(edited));
   buffer_ = edited;
 }
 
-void TyreRegister::setFitted(int number, bool isFitted) {
-  rewrite(number, [&](TyreSet& set) { set.onCar = isFitted ? kFitted : kNotFitted; });
+void TyreRegister::setFitted(const core::SeenRecord& seen, bool isFitted) {
+  rewrite(seen, [&](TyreSet& set) { set.onCar = isFitted ? kFitted : kNotFitted; });
 }
 
-void TyreRegister::change(int number, const TyreFields& typed) {
-  rewrite(number, [&](TyreSet& set) { fill(set, typed, kChangeFields); });
+void TyreRegister::change(const core::SeenRecord& seen, const TyreFields& typed) {
+  rewrite(seen, [&](TyreSet& set) { fill(set, typed, kChangeFields); });
 }
 
-void TyreRegister::remove(int number) {
-  core::RecordFile file(files_, folders_.inProgram(kFile), TyreSet::kLength);
-  file.remove(file.seen(number), folders_.inCurrent(kTemporary));
+void TyreRegister::remove(const core::SeenRecord& seen) {
+  core::RecordFile(files_, folders_.inProgram(kFile), TyreSet::kLength)
+      .remove(seen, folders_.inCurrent(kTemporary));
 }
 
 void addDistance(core::FileSystem& files, const core::DataFolders& folders, std::string_view plate,

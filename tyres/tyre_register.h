@@ -45,27 +45,32 @@ class TyreRegister {
   std::vector<TyreRow> listOf(std::string_view plate);
   /// Lists the sets of all vehicles.
   std::vector<TyreRow> listAll();
+  /// The set of that number as the last listing read it: what is to be changed.
+  core::SeenRecord seen(int number) const { return listed_.seen(number); }
   /// Reads the set of that number; throws Failure(RecordMissing) when the file has none.
   const TyreSet& read(int number);
 
   /// Appends a set. A maximum that is no number throws Failure(NotANumber), a figure past 32 bits
   /// Failure(OutOfRange), each with the name of the screen's field; nothing is written then.
   void record(const NewTyreSet& typed);
-  /// Marks the set as fitted or not; its figures stay. Throws Failure(RecordMissing).
-  void setFitted(int number, bool isFitted);
-  /// Changes the set's fields; plate and fitting stay, the season too when none is chosen. Throws as
-  /// record does, and Failure(RecordMissing).
-  void change(int number, const TyreFields& typed);
-  /// Deletes the set of that number, over xx.dat in the current folder.
-  void remove(int number);
+  /// Marks a seen set as fitted or not; its figures stay. Throws Failure(RecordChanged) when it is no longer
+  /// there, RecordMissing where none was seen.
+  void setFitted(const core::SeenRecord& seen, bool isFitted);
+  /// Changes a seen set's fields; plate and fitting stay, the season too when none is chosen. Throws as
+  /// record and setFitted do.
+  void change(const core::SeenRecord& seen, const TyreFields& typed);
+  /// Deletes a seen set, over xx.dat in the current folder. Throws Failure(RecordChanged) when it is no
+  /// longer there.
+  void remove(const core::SeenRecord& seen);
 
  private:
   std::vector<TyreRow> list(std::optional<std::string_view> plate);
   template <typename Edit>
-  void rewrite(int number, Edit edit);
+  void rewrite(const core::SeenRecord& seen, Edit edit);
 
   core::FileSystem& files_;
   core::DataFolders folders_;
+  TyreSets listed_;
   TyreSet buffer_;
 };
 

@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "charts/captions.h"
-#include "charts/chart_logbook.h"
 #include "charts/scroll_view.h"
 #include "charts/series.h"
+#include "core/entry_editing.h"
 #include "ui/access.h"
 #include "ui/frmMelyGrafikon.h"
 #include "ui/guarded.h"
@@ -81,7 +81,7 @@ void ChartPanel::showChart(int choice) {
 }
 
 core::Logbook ChartPanel::logbook() const {
-  return charts::chartLogbook(context_.files, context_.folders, toLogic(sources_.plate()));
+  return core::loadLogbook(context_.files, context_.folders, toLogic(sources_.plate()));
 }
 
 // Numbered rows without a value, one a record; an empty logbook leaves the chart as it is.

@@ -85,15 +85,15 @@ void figy::makeTabsButtonDefault(int tab) {
 
 void figy::BeolvasFigyel() {
   kmRows_->setRows({});
-  kmRows_->setRows(
-      toTextRows(reminders::kmReminderRows(reminders::loadKmReminders(context_.files, context_.folders))));
+  kmReminders_ = reminders::loadKmReminders(context_.files, context_.folders);
+  kmRows_->setRows(toTextRows(reminders::kmReminderRows(kmReminders_)));
   showChosen();
 }
 
 void figy::BeolvasFigyDatum() {
   dateRows_->setRows({});
-  dateRows_->setRows(toTextRows(
-      reminders::dateReminderRows(reminders::loadDateReminders(context_.files, context_.folders))));
+  dateReminders_ = reminders::loadDateReminders(context_.files, context_.folders);
+  dateRows_->setRows(toTextRows(reminders::dateReminderRows(dateReminders_)));
   showChosen();
 }
 
@@ -181,7 +181,8 @@ void figy::showExpectedDate(const QString& caption) {
 void figy::deleteKm() {
   if (!confirmsDeletion()) return;
   changeKm(QStringLiteral("A figyelmeztetés törölve van."), [this] {
-    reminders::blankKmReminder(context_.files, context_.folders, context_.state.selectedReminder);
+    reminders::blankKmReminder(context_.files, context_.folders,
+                               kmReminders_.seen(context_.state.selectedReminder));
     context_.state.selectedReminder = 0;
     ui_->cmd_del->setEnabled(false);
     clearKmFields();
@@ -213,7 +214,8 @@ void figy::chooseDate(int row) {
 void figy::deleteDate() {
   if (!confirmsDeletion()) return;
   changeDates(QStringLiteral("A figyelmeztetés törölve van."), [this] {
-    reminders::deleteDateReminder(context_.files, context_.folders, context_.state.selectedReminder);
+    reminders::deleteDateReminder(context_.files, context_.folders,
+                                  dateReminders_.seen(context_.state.selectedReminder));
     context_.state.selectedReminder = 0;
     ui_->cmdDel2->setEnabled(false);
   });

@@ -5,6 +5,8 @@
 #include <memory>
 
 #include "reminders/estimate.h"
+#include "reminders/figy_datum_rec.h"
+#include "reminders/figyel_rec.h"
 #include "ui/context.h"
 #include "ui/models/text_list_model.h"
 
@@ -63,6 +65,9 @@ class figy : public QDialog {
   std::unique_ptr<Ui::figy> ui_;
   TextListModel* kmRows_;
   TextListModel* dateRows_;
+  // What the lists hold.
+  reminders::KmReminders kmReminders_;
+  reminders::DateReminders dateReminders_;
 };
 
 }  // namespace tarvik::ui

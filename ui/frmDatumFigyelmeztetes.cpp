@@ -33,8 +33,8 @@ frmDatumFigyelmeztetes::~frmDatumFigyelmeztetes() = default;
 
 void frmDatumFigyelmeztetes::load() {
   rows_->setRows({});
-  const auto stored = reminders::loadDateReminders(context_.files, context_.folders);
-  rows_->setRows(toTextRows(reminders::dueDateRows(stored, context_.clock.today())));
+  listed_ = reminders::loadDateReminders(context_.files, context_.folders);
+  rows_->setRows(toTextRows(reminders::dueDateRows(listed_, context_.clock.today())));
 }
 
 void frmDatumFigyelmeztetes::choose(int row) {
@@ -59,7 +59,7 @@ void frmDatumFigyelmeztetes::deleteChosen() {
   carryOut(this, {.done = QStringLiteral("A figyelmeztetés törölve van."),
                   .make =
                       [&] {
-                        reminders::deleteDateReminder(context_.files, context_.folders, selected_);
+                        reminders::deleteDateReminder(context_.files, context_.folders, listed_.seen(selected_));
                         isDeleted = true;
                       },
                   .forget = [this] { selected_ = 0; },

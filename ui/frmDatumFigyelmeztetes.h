@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "reminders/figy_datum_rec.h"
 #include "ui/context.h"
 #include "ui/models/text_list_model.h"
 
@@ -30,6 +31,7 @@ class frmDatumFigyelmeztetes : public QDialog {
   Context& context_;
   std::unique_ptr<Ui::frmDatumFigyelmeztetes> ui_;
   TextListModel* rows_;
+  reminders::DateReminders listed_;
   std::int16_t selected_ = 0;  // record number of the row chosen last, 0 = none; not the program-wide one
 };
 

@@ -222,16 +222,18 @@ void frmGumik::recordSet() {
 }
 
 void frmGumik::fitSet() {
-  change(QStringLiteral("A gumi fel van szerelve."), [this] { tyres_.setFitted(chosen_, true); });
+  change(QStringLiteral("A gumi fel van szerelve."),
+         [this] { tyres_.setFitted(tyres_.seen(chosen_), true); });
 }
 
 void frmGumik::takeSetOff() {
-  change(QStringLiteral("A gumi le van szerelve."), [this] { tyres_.setFitted(chosen_, false); });
+  change(QStringLiteral("A gumi le van szerelve."),
+         [this] { tyres_.setFitted(tyres_.seen(chosen_), false); });
 }
 
 void frmGumik::changeSet() {
   change(QStringLiteral("A gumi adatai módosítva vannak."), [this] {
-    tyres_.change(chosen_, changeFields());
+    tyres_.change(tyres_.seen(chosen_), changeFields());
     ui_->cmdGumiModositKeret->setEnabled(false);
     ui_->frameGumiModosit->hide();
   });
@@ -241,7 +243,7 @@ void frmGumik::changeSet() {
 // names the set behind the deleted one, which is highlighted for the buttons that stay.
 void frmGumik::deleteSet() {
   change(QStringLiteral("A gumi törölve van."), [this] {
-    tyres_.remove(ui_->ListViewGumi->highlightedRecord().toInt());
+    tyres_.remove(tyres_.seen(ui_->ListViewGumi->highlightedRecord().toInt()));
     offersDeletion_ = false;
   });
   ui_->ListViewGumi->setFocus();

@@ -117,11 +117,11 @@ void frmSetup::showStartPlate(const QString& plate) {
 }
 
 void frmSetup::loadPartNames() {
-  fillLookupList(ui_->listAlkatr, settings::kPartNames);
+  fillLookupList(ui_->listAlkatr, settings::kPartNames, partNames_);
 }
 
 void frmSetup::loadNotes() {
-  fillLookupList(ui_->listMegj, settings::kNotes);
+  fillLookupList(ui_->listMegj, settings::kNotes, notes_);
 }
 
 void frmSetup::addVehicle() {
@@ -154,7 +154,7 @@ bool frmSetup::acceptsNewVehicle() {
 // After a deletion the list shows bare plates, without the tanks.
 void frmSetup::deleteVehicle() {
   changeVehicles(QStringLiteral("A rendszám törölve van."), [this] {
-    settings::removeVehicle(context_.files, context_.folders, chosenVehicle_->row() + 1);
+    settings::removeVehicle(context_.files, context_.folders, vehicles_.seen(chosenVehicle_->row() + 1));
     vehicleText_ = &plateAlone;
   });
   ui_->List1->setFocus();
@@ -166,10 +166,10 @@ QStringList frmSetup::fillVehicles() {
   ui_->List1->clear();
   ui_->cmbRendszam->clear();
   showStartPlate(chosen);
-  const settings::Vehicles vehicles = settings::loadVehicles(context_.files, context_.folders);
+  vehicles_ = settings::loadVehicles(context_.files, context_.folders);
   QStringList plates;
-  for (int number = 1; number <= vehicles.count(); ++number) {
-    const settings::Vehicle vehicle = vehicles.record(number);
+  for (int number = 1; number <= vehicles_.count(); ++number) {
+    const settings::Vehicle vehicle = vehicles_.record(number);
     ui_->List1->addItem(toQt(vehicleText_(vehicle)));
     plates << toQt(plateAlone(vehicle));
   }
@@ -181,14 +181,15 @@ QStringList frmSetup::fillVehicles() {
 
 void frmSetup::deletePartName() {
   if (confirmsDeletion())
-    return deleteLookupText(*chosenPartName_, settings::kPartNames, &frmSetup::loadPartNames);
+    return deleteLookupText(*chosenPartName_, settings::kPartNames, partNames_, &frmSetup::loadPartNames);
   chosenPartName_->highlight(-1);
   ui_->cmdAlkatrDel->setEnabled(false);
 }
 
 void frmSetup::deleteNote() {
   ui_->cmdMegjDel->setEnabled(false);
-  if (confirmsDeletion()) return deleteLookupText(*chosenNote_, settings::kNotes, &frmSetup::loadNotes);
+  if (confirmsDeletion())
+    return deleteLookupText(*chosenNote_, settings::kNotes, notes_, &frmSetup::loadNotes);
   chosenNote_->highlight(-1);
 }
 
@@ -197,20 +198,24 @@ bool frmSetup::confirmsDeletion() {
              QStringLiteral("Biztos T Ö R Ö L H E T Ő\na kijelölt tétel? "), DefaultAnswer::No);
 }
 
-void frmSetup::deleteLookupText(RowChoice& chosen, const settings::LookupFile& file, Handler refill) {
-  carryOut(
-      this,
-      {.done = QStringLiteral("A tétel törölve van."),
-       .make = [&] { settings::removeLookupText(context_.files, context_.folders, file, chosen.row() + 1); },
-       .list = [&] { chosen.keepPlace([&] { (this->*refill)(); }); }});
+void frmSetup::deleteLookupText(RowChoice& chosen, const settings::LookupFile& file,
+                                const settings::LookupTexts& listed, Handler refill) {
+  carryOut(this, {.done = QStringLiteral("A tétel törölve van."),
+                  .make =
+                      [&] {
+                        settings::removeLookupText(context_.files, context_.folders, file,
+                                                   listed.seen(chosen.row() + 1));
+                      },
+                  .list = [&] { chosen.keepPlace([&] { (this->*refill)(); }); }});
   chosen.view().setFocus();
 }
 
-void frmSetup::fillLookupList(QListWidget* list, const settings::LookupFile& file) {
+void frmSetup::fillLookupList(QListWidget* list, const settings::LookupFile& file,
+                              settings::LookupTexts& listed) {
   list->clear();
-  const settings::LookupTexts stored = settings::loadLookupTexts(context_.files, context_.folders, file);
-  for (int number = 1; number <= stored.count(); ++number)
-    list->addItem(toQt(stored.record(number).text.asStored()));
+  listed = settings::loadLookupTexts(context_.files, context_.folders, file);
+  for (int number = 1; number <= listed.count(); ++number)
+    list->addItem(toQt(listed.record(number).text.asStored()));
 }
 
 void frmSetup::saveStartSettings() {

@@ -67,9 +67,10 @@ class frmSetup : public QDialog {
   QStringList fillVehicles();
   void showStartPlate(const QString& plate);
   bool confirmsDeletion();
-  void fillLookupList(QListWidget* list, const settings::LookupFile& file);
+  void fillLookupList(QListWidget* list, const settings::LookupFile& file, settings::LookupTexts& listed);
   void changeVehicles(const QString& done, const std::function<void()>& make);
-  void deleteLookupText(RowChoice& chosen, const settings::LookupFile& file, Handler refill);
+  void deleteLookupText(RowChoice& chosen, const settings::LookupFile& file,
+                        const settings::LookupTexts& listed, Handler refill);
 
   Context& context_;
   QPoint mainTopLeft_;
@@ -78,6 +79,10 @@ class frmSetup : public QDialog {
   RowChoice* chosenPartName_ = nullptr;
   RowChoice* chosenNote_ = nullptr;
   VehicleText vehicleText_ = &settings::listText;
+  // What the lists hold.
+  settings::Vehicles vehicles_;
+  settings::LookupTexts partNames_;
+  settings::LookupTexts notes_;
   bool loaded_ = false;
 };
 

@@ -149,7 +149,7 @@ void frmSzerviz::recordRepair() {
 // No question is asked, so the entry that goes is the highlighted one and no other.
 void frmSzerviz::deleteRepair() {
   change(QStringLiteral("A javítás törölve van."), [this] {
-    log_.remove(ui_->ListViewSzerviz->highlightedRecord().toInt());
+    log_.remove(log_.seen(ui_->ListViewSzerviz->highlightedRecord().toInt()));
     chosen_ = 0;
   });
   ui_->ListViewSzerviz->setFocus();

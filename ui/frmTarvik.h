@@ -76,6 +76,7 @@ class frmTarvik : public QMainWindow {
   void showEntry(int record);
   void showStatistics(const core::Logbook& logbook, int record);
   void record();
+  core::SeenRecord seenEntry() const;
   void modify();
   void remove();
   bool refusesBlankKm();
@@ -121,6 +122,7 @@ class frmTarvik : public QMainWindow {
   std::unique_ptr<Ui::frmTarvik> ui_;
   Context& context_;
   ListingModel* listing_;
+  std::string listedPlate_;
   core::Totals totals_;
   QTimer* timer_;
   ToldOnce kmCheck_;

@@ -132,6 +132,12 @@ Attempt frmTarvik::addDistanceToTyres(const core::Ratio& distance) {
                                 "futott kilométere megváltozott-e!")});
 }
 
+// What the list shows; where another vehicle has been chosen since, what its logbook has under that number.
+core::SeenRecord frmTarvik::seenEntry() const {
+  if (platePath() == listedPlate_) return listing_->listing().logbook.seen(selectedEntry_);
+  return core::loadLogbook(context_.files, context_.folders, platePath()).seen(selectedEntry_);
+}
+
 void frmTarvik::modify() {
   if (refusesBlankKm()) return;
   if (selectedEntry_ == 0) {
@@ -139,12 +145,13 @@ void frmTarvik::modify() {
     return;
   }
   if (refusesBlankPlate(kNotRecorded)) return;
+  const core::SeenRecord seen = seenEntry();
   if (!ask(this, QStringLiteral(" Módosítás az adatállományban !"),
            QStringLiteral("Biztos JÓK az adatok ?\nMehet a módosítás ?"), DefaultAnswer::Yes))
     return;
   const core::EntryInput input = core::withDefaults(entryInput());
   changeLogbook(QStringLiteral("A bejegyzés módosítva van."), [&] {
-    core::modifyEntry(context_.files, context_.folders, platePath(), selectedEntry_, input,
+    core::modifyEntry(context_.files, context_.folders, platePath(), seen, input,
                       toLogic(ui_->lbPillAtlag->text()));
     showInput(input);
   });
@@ -153,13 +160,14 @@ void frmTarvik::modify() {
 void frmTarvik::remove() {
   if (selectedEntry_ == 0) return;
   if (refusesBlankPlate(QStringLiteral("Így nem törölhető..."))) return;
-  const core::NapiAdat entry =
-      core::openDeletion(context_.files, context_.folders, platePath(), selectedEntry_);
+  core::openDeletion(context_.files, context_.folders, platePath());
+  const core::SeenRecord seen = seenEntry();
+  const core::NapiAdat entry = seen.bytes.empty() ? core::NapiAdat{} : core::NapiAdat::decode(seen.bytes);
   const QString prompt = QStringLiteral("Biztos T Ö R Ö L H E T Ő\na %1 tétel? ")
                              .arg(toQt(core::shortDateOfStored(entry.Datum)));
   if (!ask(this, QStringLiteral(" TÖRLÉS az adatállományból !"), prompt, DefaultAnswer::No)) return;
   changeLogbook(QStringLiteral("A bejegyzés törölve van."),
-                [this] { core::deleteEntry(context_.files, context_.folders, platePath(), selectedEntry_); });
+                [&] { core::deleteEntry(context_.files, context_.folders, platePath(), seen); });
   ui_->ListView1->setFocus();
 }
 

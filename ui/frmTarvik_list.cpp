@@ -40,7 +40,8 @@ void frmTarvik::setUpList() {
 void frmTarvik::beolvas() {
   listing_->setListing({});
   select(0);
-  core::Listing listing{core::loadLogbook(context_.files, context_.folders, platePath()), {}};
+  listedPlate_ = platePath();
+  core::Listing listing{core::loadLogbook(context_.files, context_.folders, listedPlate_), {}};
   listing.numbers = core::listedEntries(listing.logbook, {listMode_, toLogic(ui_->DTPSzürö->date())});
   listing_->setListing(std::move(listing));
   shown_ = {.plate = plate().trimmed(),

@@ -32,6 +32,11 @@ QString headline(FailureKind kind) {
       return QStringLiteral("A fájlt egy másik program használja:\n%1");
     case FailureKind::FolderMissing:
       return QStringLiteral("Nincs meg a mappa, ahol ennek a fájlnak a helye van:\n%1");
+    case FailureKind::FolderGone:
+      return QStringLiteral("Már nincs meg az a mappa, ahonnan a programot elindítottad.");
+    case FailureKind::FolderUnreadable:
+      return QStringLiteral(
+          "Ez a mappa nem érhető el a neve alapján (talán olvashatatlan betű van benne):\n%1");
     case FailureKind::PlateUnusable:
       return QStringLiteral("Ez a rendszám nem lehet mappa neve:\n%1");
     case FailureKind::PlateTaken:
@@ -130,16 +135,21 @@ QString subject(const core::Failure& failure) {
   return failure.field().empty() ? QStringLiteral("a számítás eredménye") : fieldName(failure.field());
 }
 
+// A change that came too late is not to be repeated blindly: what is chosen by now is another record.
+QString consequenceOf(FailureKind kind, const Consequence& consequence) {
+  if (kind == FailureKind::SyncFailed) return consequence.unsure;
+  if (kind == FailureKind::RecordChanged)
+    return QStringLiteral("A művelet elmaradt. Nézd meg a listát, és válaszd ki újra a tételt!");
+  return consequence.failed;
+}
+
 }  // namespace
 
 QString failureText(const core::Failure& failure, const Consequence& consequence) {
   QString text = isBlankPlate(failure) ? QStringLiteral("Nincs kitöltve a mező: Rendszám")
-                                       : headline(failure.kind()).arg(subject(failure));
+                                       : headline(failure.kind()).replace(QLatin1String("%1"), subject(failure));
   if (failure.systemError() != 0) text += QStringLiteral("\n(%1)").arg(systemWords(failure.systemError()));
-  if (failure.kind() == FailureKind::RecordChanged)
-    return text + QStringLiteral("\n\nA művelet elmaradt. Nézd meg a listát, és válaszd ki újra a tételt!");
-  const bool isUnsure = failure.kind() == FailureKind::SyncFailed;
-  return text + QStringLiteral("\n\n") + (isUnsure ? consequence.unsure : consequence.failed);
+  return text + QStringLiteral("\n\n") + consequenceOf(failure.kind(), consequence);
 }
 
 Attempt attempted(const std::function<void()>& action, const Consequence& consequence) {

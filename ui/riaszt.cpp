@@ -73,10 +73,10 @@ void riaszt::showEvent(QShowEvent* event) {
 
 void riaszt::listLines() {
   ui_->List1->clear();
-  const auto stored = reminders::loadKmReminders(context_.files, context_.folders);
+  listed_ = reminders::loadKmReminders(context_.files, context_.folders);
   const std::int32_t reading = context_.state.currentReading;
-  for (const std::string& line : listsEveryVehicle_ ? reminders::alertLinesOfAll(stored, reading)
-                                                    : reminders::alertLines(stored, plate_, reading))
+  for (const std::string& line : listsEveryVehicle_ ? reminders::alertLinesOfAll(listed_, reading)
+                                                    : reminders::alertLines(listed_, plate_, reading))
     ui_->List1->addItem(toQt(line));
 }
 
@@ -101,7 +101,7 @@ void riaszt::deleteChosen() {
                   .make =
                       [this] {
                         reminders::blankKmReminder(context_.files, context_.folders,
-                                                   context_.state.alertSelection);
+                                                   listed_.seen(context_.state.alertSelection));
                         listsEveryVehicle_ = true;
                       },
                   .forget = [this] { context_.state.alertSelection = 0; },

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "reminders/figyel_rec.h"
 #include "ui/context.h"
 
 namespace Ui {
@@ -35,6 +36,7 @@ class riaszt : public QDialog {
   void deleteChosen();
 
   Context& context_;
+  reminders::KmReminders listed_;
   std::string plate_;
   std::unique_ptr<Ui::riaszt> ui_;
   RowChoice* choice_;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/expect_failure.h"
+#include "tests/support/memory_file_system.h"
 
 namespace tarvik::core {
 namespace {
@@ -74,6 +75,31 @@ TEST(ShareFolder, EqualPlatesAreOneVehicleAndOthersAreApart) {
   EXPECT_FALSE(shareFolder("ABC-123", " ABC-123 "));
   EXPECT_FALSE(shareFolder("ABC-123", "ABC-124"));
   EXPECT_FALSE(shareFolder("ŐRI", "ÖRI"));
+}
+
+class RequiredFoldersTest : public testing::Test {
+ protected:
+  RequiredFoldersTest() {
+    disk_.putFolder("/program");
+    disk_.putFolder("/current");
+    disk_.put("/file", "");
+  }
+  test::MemoryFileSystem disk_;
+};
+
+TEST_F(RequiredFoldersTest, ThatAreThereAreFine) {
+  requireFolders(disk_, {"/program", "/current"});
+}
+
+TEST_F(RequiredFoldersTest, AreToldToBeGoneWhereTheSystemHasNoPathForThem) {
+  expectFailure(FailureKind::FolderGone, [&] { requireFolders(disk_, {"/program", ""}); });
+}
+
+TEST_F(RequiredFoldersTest, AreNamedWhereTheirPathLeadsNowhereOrToAFile) {
+  for (const char* path : {"/gone", "/file"}) {
+    expectFailure(FailureKind::FolderUnreadable, [&] { requireFolders(disk_, {"/program", path}); });
+    expectFailure(FailureKind::FolderUnreadable, [&] { requireFolders(disk_, {path, "/current"}); });
+  }
 }
 
 }  // namespace

@@ -6,6 +6,9 @@
 #include <array>
 #include <vector>
 
+#include "core/failure.h"
+#include "tests/support/expect_failure.h"
+
 namespace tarvik::core {
 namespace {
 
@@ -140,6 +143,14 @@ TEST(Logbook, PartialRecordAtTheEndDoesNotCount) {
   std::ranges::fill(block.span(), std::byte{0});
   const Logbook logbook(std::move(block));
   EXPECT_EQ(logbook.count(), 1);
+}
+
+TEST(NapiAdatDay, IsTheStoredOneAndADamagedOneIsToldByItsField) {
+  NapiAdat entry;
+  entry.Datum = 41'460;
+  EXPECT_EQ(dayOfEntry(entry), Day{41'460});
+  entry.Datum = 1e300;
+  test::expectFieldFailure(FailureKind::OutOfRange, "Datum", [&] { dayOfEntry(entry); });
 }
 
 }  // namespace

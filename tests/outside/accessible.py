@@ -12,7 +12,7 @@ Desktop.get()  # the library below looks for its bus when it is loaded
 import pyatspi  # noqa: E402
 from gi.repository import Atspi, GLib  # noqa: E402
 
-LIMIT_SECONDS = 20
+LIMIT_SECONDS = 60
 _PICTURE = pathlib.Path(os.environ["TARVIK_PICTURES"]) / f"{pathlib.Path(sys.argv[0]).stem}.png"
 _PAUSE_MILLISECONDS = 20
 _ANSWER_MILLISECONDS = 10000
@@ -145,6 +145,16 @@ class Part:
         return [r.get_target(i).get_name() for r in relations for i in range(r.get_n_targets())]
 
     @property
+    def caption(self):
+        """The name of the label that belongs to this part; None without one."""
+        for relation in self._it.get_relation_set():
+            if relation.get_relation_type() == pyatspi.RELATION_LABELLED_BY:
+                for number in range(relation.get_n_targets()):
+                    if relation.get_target(number).get_role_name() == "label":
+                        return relation.get_target(number).get_name()
+        return None
+
+    @property
     def extents(self):
         """x, y, width and height on the display."""
         box = self._it.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
@@ -187,9 +197,8 @@ class Part:
 
     def rows(self):
         """The texts of a list, a list of cells a row."""
-        table = self._it.queryTable()
-        return [[table.getAccessibleAt(row, column).get_name() for column in range(table.nColumns)]
-                for row in range(table.nRows)]
+        columns = range(self._it.queryTable().nColumns)
+        return [[self.cell(row, column).name for column in columns] for row in range(self.row_count())]
 
     def row_count(self):
         return self._it.queryTable().nRows
@@ -204,7 +213,11 @@ class Part:
         self._it.queryTable().addRowSelection(row)
 
     def cell(self, row, column):
-        return Part(self._it.queryTable().getAccessibleAt(row, column))
+        """A cell of a list, the first row and column being 0."""
+        cell = self._it.queryTable().getAccessibleAt(row, column)
+        if cell is None:
+            raise LookupError(f"no cell {row}, {column} in {self!r}")
+        return Part(cell)
 
     def part(self, role, name=None):
         """Waits for the part of this role, and of this name or label, that is shown."""

@@ -25,7 +25,9 @@ class DateRemindersTest : public testing::Test {
   }
   std::string stored() const { return current_.read("figyDatum.dat"); }
   std::vector<ReminderRow> rows() { return dateReminderRows(loadDateReminders(files_, folders_)); }
-  void remove(int record) { deleteDateReminder(files_, folders_, record); }
+  void remove(int record) {
+    deleteDateReminder(files_, folders_, loadDateReminders(files_, folders_).seen(record));
+  }
 
   test::TemporaryFolder program_;
   test::TemporaryFolder current_;

@@ -23,6 +23,10 @@ class KmRemindersTest : public testing::Test {
   std::vector<ReminderRow> rows() { return kmReminderRows(loadKmReminders(files_, folders_)); }
   void record(const KmReminderEntry& entry) { recordKmReminder(files_, folders_, entry, kToday); }
 
+  void blank(int number) {
+    blankKmReminder(files_, folders_, loadKmReminders(files_, folders_).seen(number));
+  }
+
   test::TemporaryFolder program_;
   test::TemporaryFolder current_;
   test::WatchingFileSystem files_;
@@ -162,18 +166,18 @@ TEST_F(KmRemindersTest, DeletingBlanksTheSlotInPlaceAndKeepsThePlate) {
   const FigyelRec first = kmReminder(1, 2, "Első", "ABC-123");
   const FigyelRec third = kmReminder(5, 6, "Harmadik", "ABC-123");
   store({first, kmReminder(3, 4, "Második", "DEF-456"), third});
-  blankKmReminder(files_, folders_, 2);
-  const std::string blank = std::string(8, '\0') + std::string(50, ' ') + "DEF-456   ";
-  EXPECT_EQ(stored(), fileOf({first}) + blank + fileOf({third}));
-  blankKmReminder(files_, folders_, 2);
-  EXPECT_EQ(stored(), fileOf({first}) + blank + fileOf({third}));
+  blank(2);
+  const std::string blanked = std::string(8, '\0') + std::string(50, ' ') + "DEF-456   ";
+  EXPECT_EQ(stored(), fileOf({first}) + blanked + fileOf({third}));
+  blank(2);
+  EXPECT_EQ(stored(), fileOf({first}) + blanked + fileOf({third}));
 }
 
 TEST_F(KmRemindersTest, DeletingANumberThatTheFileDoesNotHaveFails) {
   store({kmReminder(1, 2, "Első", "ABC-123")});
   const std::string before = stored();
-  test::expectFailure(FailureKind::RecordMissing, [&] { blankKmReminder(files_, folders_, 2); });
-  test::expectFailure(FailureKind::RecordMissing, [&] { blankKmReminder(files_, folders_, 0); });
+  test::expectFailure(FailureKind::RecordMissing, [&] { blank(2); });
+  test::expectFailure(FailureKind::RecordMissing, [&] { blank(0); });
   EXPECT_EQ(stored(), before);
 }
 
@@ -183,7 +187,7 @@ TEST_F(KmRemindersTest, AFullDiskIsToldAndLeavesTheFile) {
   files_.isFull = true;
   test::expectFailure(FailureKind::WriteFailed, [&] { record({"Új", "1", "2", "A"}); });
   test::expectFailure(FailureKind::WriteFailed, [&] { record({"", "1", "2", "A"}); });
-  test::expectFailure(FailureKind::WriteFailed, [&] { blankKmReminder(files_, folders_, 1); });
+  test::expectFailure(FailureKind::WriteFailed, [&] { blank(1); });
   EXPECT_EQ(stored(), before);
 }
 

@@ -53,6 +53,10 @@ class RepairLogTest : public testing::Test {
     for (int number = 1; number <= repairs.count(); ++number) all.push_back(repairs.record(number));
     return all;
   }
+  void remove(int number) {
+    log_.listFiltered({.isAllVehicles = true});
+    log_.remove(log_.seen(number));
+  }
   std::int32_t storedCost(std::string text) {
     log_.record(typed(std::move(text)));
     return stored().back().costFt;
@@ -152,7 +156,7 @@ TEST_F(RepairLogTest, AFigurePastItsFieldIsRefusedByNameAndNothingIsWritten) {
 
 TEST_F(RepairLogTest, DeletingClosesTheGapAndLeavesNoTemporary) {
   store({repairOf("A"), repairOf("B"), repairOf("C")});
-  log_.remove(2);
+  remove(2);
   EXPECT_THAT(stored(), ElementsAre(repairOf("A"), repairOf("C")));
   EXPECT_THAT(program_.names(), ElementsAre(kFile));
   EXPECT_THAT(current_.names(), IsEmpty());
@@ -160,13 +164,13 @@ TEST_F(RepairLogTest, DeletingClosesTheGapAndLeavesNoTemporary) {
 
 TEST_F(RepairLogTest, DeletingTheOnlyEntryLeavesAnEmptyFile) {
   store({repairOf("A")});
-  log_.remove(1);
+  remove(1);
   EXPECT_EQ(program_.read(kFile), "");
 }
 
 TEST_F(RepairLogTest, ANumberBehindTheLastEntryDeletesNothing) {
   store({repairOf("A")});
-  log_.remove(2);
+  remove(2);
   EXPECT_THAT(stored(), ElementsAre(repairOf("A")));
 }
 
@@ -174,7 +178,7 @@ TEST_F(RepairLogTest, SurplusEntriesOfAnOldTemporaryBecomePartOfTheFile) {
   store({repairOf("A"), repairOf("B")});
   current_.write("xx.dat",
                  test::toText(core::encoded(repairOf("X"))) + test::toText(core::encoded(repairOf("Y"))));
-  log_.remove(1);
+  remove(1);
   EXPECT_THAT(stored(), ElementsAre(repairOf("B"), repairOf("Y")));
   EXPECT_THAT(current_.names(), IsEmpty());
 }
@@ -185,7 +189,9 @@ TEST_F(RepairLogTest, DeletingWithTheTemporaryOnAnotherFileSystem) {
   std::ofstream(elsewhere / "xx.dat")
       << std::string(Repair::kLength, 'x') + std::string(Repair::kLength, 'y');
   store({repairOf("A"), repairOf("B")});
-  RepairLog(files_, {program_.path(), elsewhere.path()}).remove(1);
+  RepairLog log(files_, {program_.path(), elsewhere.path()});
+  log.listFiltered({.isAllVehicles = true});
+  log.remove(log.seen(1));
   EXPECT_EQ(program_.read(kFile),
             test::toText(core::encoded(repairOf("B"))) + std::string(Repair::kLength, 'y'));
   EXPECT_TRUE(std::filesystem::is_empty(elsewhere.path()));

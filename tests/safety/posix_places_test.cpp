@@ -223,7 +223,8 @@ TEST_F(PlacesTest, APlateNeverLeavesTheProgramFolder) {
     entry.kmOra = "1";
     expectFailure(core::FailureKind::PlateUnusable,
                   [&] { core::recordEntry(files_, folders_, plate, entry); });
-    expectFailure(core::FailureKind::PlateUnusable, [&] { core::deleteEntry(files_, folders_, plate, 1); });
+    expectFailure(core::FailureKind::PlateUnusable,
+                  [&] { core::deleteEntry(files_, folders_, plate, {.number = 1}); });
     EXPECT_EQ(core::loadLogbook(files_, folders_, plate).count(), 0);
   }
   EXPECT_EQ(folder_.names(),

@@ -43,8 +43,8 @@ std::string identityIn(std::string_view record) {
   return std::string(record.substr(0, record.find(' ')));
 }
 
-std::string_view textOf(const core::ByteBlock& block) {
-  return {reinterpret_cast<const char*>(block.data.get()), block.size};
+std::string_view textOf(std::span<const std::byte> bytes) {
+  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
 // Waits for the other program a moment only, so that the two take turns as often as can be.
@@ -67,8 +67,7 @@ class Program {
   void run() {
     for (int change = 0; change < kChangesAProgram;) {
       try {
-        makeOne(kKinds[random_() % std::size(kKinds)], name_ + std::to_string(change));
-        ++change;
+        if (makeOne(kKinds[random_() % std::size(kKinds)], name_ + std::to_string(change))) ++change;
       } catch (const core::Failure& failure) {
         if (failure.kind() != core::FailureKind::FileBusy) throw;
         std::fputs("busy\n", notes_);
@@ -77,26 +76,48 @@ class Program {
   }
 
  private:
-  void makeOne(const Kind& kind, const std::string& identity) {
-    core::RecordFile file(files_, folder_ + "/" + kind.file, kind.length);
+  // False when the record that was listed was another one by the time that its turn came.
+  bool makeOne(const Kind& kind, const std::string& identity) {
+    const core::ByteBlock listed = core::readRecords(files_, folder_ + "/" + kind.file, kind.length);
+    const auto count = listed.size / kind.length;
     const auto choice = random_() % 10;
     // As many go as come once there are some hundred, so that the files stay small.
-    const bool grows = file.count() < 200 ? choice < 6 : choice < 3;
-    if (file.count() == 0 || grows) return add(file, kind, identity);
-    const auto number = static_cast<std::int64_t>(random_() % static_cast<unsigned long>(file.count())) + 1;
-    const std::string gone = identityIn(textOf(file.read(number, 1)));
-    if (choice == 9) {
-      file.rewrite(file.seen(number), std::as_bytes(std::span<const char>(recordOf(kind, identity))));
-      note('+', kind, identity);
-    } else {
-      file.remove(file.seen(number), folder_ + "/" + kind.temporary);
+    if (count == 0 || (count < 200 ? choice < 6 : choice < 3)) return add(kind, identity);
+    const auto number = random_() % count + 1;
+    const auto bytes = listed.span().subspan((number - 1) * kind.length, kind.length);
+    const core::SeenRecord seen{.number = static_cast<std::int64_t>(number),
+                                .bytes = {bytes.begin(), bytes.end()}};
+    try {
+      if (choice == 9) return rewrite(kind, seen, identity);
+      return remove(kind, seen);
+    } catch (const core::Failure& failure) {
+      if (failure.kind() != core::FailureKind::RecordChanged) throw;
+      std::fputs("changed\n", notes_);
+      return false;
     }
-    note('-', kind, gone);
   }
 
-  void add(core::RecordFile& file, const Kind& kind, const std::string& identity) {
-    file.append(std::as_bytes(std::span<const char>(recordOf(kind, identity))));
+  core::RecordFile opened(const Kind& kind) {
+    return core::RecordFile(files_, folder_ + "/" + kind.file, kind.length);
+  }
+
+  bool add(const Kind& kind, const std::string& identity) {
+    opened(kind).append(std::as_bytes(std::span<const char>(recordOf(kind, identity))));
     note('+', kind, identity);
+    return true;
+  }
+
+  bool rewrite(const Kind& kind, const core::SeenRecord& seen, const std::string& identity) {
+    opened(kind).rewrite(seen, std::as_bytes(std::span<const char>(recordOf(kind, identity))));
+    note('+', kind, identity);
+    note('-', kind, identityIn(textOf(seen.bytes)));
+    return true;
+  }
+
+  bool remove(const Kind& kind, const core::SeenRecord& seen) {
+    opened(kind).remove(seen, folder_ + "/" + kind.temporary);
+    note('-', kind, identityIn(textOf(seen.bytes)));
+    return true;
   }
 
   void note(char what, const Kind& kind, const std::string& identity) {
@@ -147,8 +168,10 @@ TEST(TwoProgramsTest, LoseNothingAndDoubleNothing) {
   std::set<std::string> expected;
   std::vector<std::string> gone;
   long busy = 0;
+  long changed = 0;
   for (const std::string& line : linesOf(contentsOf(folder + "/notes-a") + contentsOf(folder + "/notes-b"))) {
     if (line == "busy") ++busy;
+    if (line == "changed") ++changed;
     if (line.front() == '-') gone.push_back(line.substr(1));
     if (line.front() != '+') continue;
     EXPECT_TRUE(expected.insert(line.substr(1)).second) << line;
@@ -169,8 +192,11 @@ TEST(TwoProgramsTest, LoseNothingAndDoubleNothing) {
     EXPECT_FALSE(std::filesystem::exists(folder + "/" + kind.file + ".tmp"));
   }
   EXPECT_EQ(found, expected);
-  std::printf("%zu records at the end, %ld times the other program was busy for too long\n", found.size(),
-              busy);
+  EXPECT_GT(changed, 0) << "no record was another one by the time that its turn came";
+  std::printf(
+      "%zu records at the end, %ld times the other program was busy for too long, %ld times the "
+      "record that was listed was another one\n",
+      found.size(), busy, changed);
 }
 
 }  // namespace

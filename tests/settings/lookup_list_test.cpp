@@ -23,7 +23,9 @@ class LookupListTest : public testing::Test {
   void append(const LookupFile& list, std::string_view text) {
     appendLookupText(files_, folders_, list, text);
   }
-  void remove(const LookupFile& list, int number) { removeLookupText(files_, folders_, list, number); }
+  void remove(const LookupFile& list, int number) {
+    removeLookupText(files_, folders_, list, loadLookupTexts(files_, folders_, list).seen(number));
+  }
 
   test::TemporaryFolder program_;
   test::TemporaryFolder current_;

@@ -22,6 +22,7 @@ constexpr std::size_t kRecord = 10;
 class VehiclesTest : public testing::Test {
  protected:
   void add(std::string_view plate, std::string_view tank) { addVehicle(files_, folders_, plate, tank); }
+  void remove(int number) { removeVehicle(files_, folders_, loadVehicles(files_, folders_).seen(number)); }
   std::string stored() const { return current_.read("rendsz.dat"); }
   FailureKind failureOf(const std::function<void()>& action) {
     try {
@@ -174,7 +175,7 @@ TEST_F(VehiclesTest, AListThatIsAFolderFailsAndNothingIsChanged) {
   current_.makeFolder("rendsz.dat");
   EXPECT_EQ(failureOf([&] { loadVehicles(files_, folders_); }), FailureKind::OpenFailed);
   EXPECT_EQ(failureOf([&] { add("ABC123", "45"); }), FailureKind::OpenFailed);
-  EXPECT_EQ(failureOf([&] { removeVehicle(files_, folders_, 1); }), FailureKind::OpenFailed);
+  EXPECT_EQ(failureOf([&] { removeVehicle(files_, folders_, {.number = 1}); }), FailureKind::OpenFailed);
   EXPECT_TRUE(program_.names().empty());
   EXPECT_EQ(current_.names(), (std::vector<std::string>{"rendsz.dat"}));
 }
@@ -194,7 +195,7 @@ TEST_F(VehiclesTest, DeletingOneOfTwoEqualPlatesRemovesOnlyThatRecord) {
   add("ABC123", "45");
   add("DEF456", "60");
   add("ABC123", "50");
-  removeVehicle(files_, folders_, 1);
+  remove(1);
   EXPECT_EQ(stored(), std::string("DEF456  \x3C\x00"
                                   "ABC123  \x32\x00",
                                   2 * kRecord));
@@ -204,21 +205,21 @@ TEST_F(VehiclesTest, DeletingOneOfTwoEqualPlatesRemovesOnlyThatRecord) {
 TEST_F(VehiclesTest, DeletingLeavesTheVehiclesFolderAndLogbook) {
   add("ABC123", "45");
   program_.write("ABC123/napiadat.dat", "logbook");
-  removeVehicle(files_, folders_, 1);
+  remove(1);
   EXPECT_EQ(stored(), "");
   EXPECT_EQ(program_.read("ABC123/napiadat.dat"), "logbook");
 }
 
 TEST_F(VehiclesTest, DeletingWithoutASelectionLeavesTheListAsItIs) {
   add("ABC123", "45");
-  for (const int number : {0, -1, 2}) removeVehicle(files_, folders_, number);
+  for (const int number : {0, -1, 2}) remove(number);
   EXPECT_EQ(stored(), std::string("ABC123  \x2D\x00", kRecord));
 }
 
 TEST_F(VehiclesTest, ADeletionWritesThroughItsTemporaryFileWhoseSurplusJoinsTheList) {
   add("ABC123", "45");
   current_.write("rendszxx.dat", std::string("OLD     \x01\x00", kRecord));
-  removeVehicle(files_, folders_, 1);
+  remove(1);
   EXPECT_EQ(stored(), std::string("OLD     \x01\x00", kRecord));
   EXPECT_FALSE(current_.has("rendszxx.dat"));
 }

@@ -104,6 +104,15 @@ Operation with(Operation operation, std::string name,
 }
 constexpr bool kDeletes = true;
 
+// The record that an operation concerns, seen in a file of so many records.
+core::SeenRecord seenIn(const Operation& file, int count) {
+  if (count == 0) return {.number = 1};
+  const int number = std::min(count, kChangedRecord);
+  const std::string bytes = file.record(number);
+  const auto* const first = reinterpret_cast<const std::byte*>(bytes.data());
+  return {.number = number, .bytes = {first, first + bytes.size()}};
+}
+
 Operation onLogbook() {
   return {.file = [](const DataFolders& folders) { return folders.logbook(kOperationPlate); },
           .temporary = [](const DataFolders& folders) { return folders.logbookTemporary(kOperationPlate); },
@@ -119,42 +128,44 @@ std::vector<Operation> importOperations() {
   })};
 }
 
-std::vector<Operation> logbookOperations(int number) {
+std::vector<Operation> logbookOperations(int count) {
   const Operation logbook = onLogbook();
+  const core::SeenRecord seen = seenIn(logbook, count);
   return {with(logbook, "recordEntry",
                [](FileSystem& files, const DataFolders& folders) {
                  core::recordEntry(files, folders, kOperationPlate, typedEntry());
                }),
           with(logbook, "modifyEntry",
-               [number](FileSystem& files, const DataFolders& folders) {
-                 core::modifyEntry(files, folders, kOperationPlate, number, typedEntry(), "7,25");
+               [seen](FileSystem& files, const DataFolders& folders) {
+                 core::modifyEntry(files, folders, kOperationPlate, seen, typedEntry(), "7,25");
                }),
           with(
               logbook, "deleteEntry",
-              [number](FileSystem& files, const DataFolders& folders) {
-                core::deleteEntry(files, folders, kOperationPlate, number);
+              [seen](FileSystem& files, const DataFolders& folders) {
+                core::deleteEntry(files, folders, kOperationPlate, seen);
               },
               kDeletes)};
 }
 
-std::vector<Operation> lookupOperations(const settings::LookupFile& list, std::string_view what, int number) {
+std::vector<Operation> lookupOperations(const settings::LookupFile& list, std::string_view what, int count) {
   const Operation lookup = onFile(
       &DataFolders::inCurrent, list.name, list.temporary, settings::LookupText::kLength, [](int record) {
         return bytesOf(settings::LookupText{.text = FixedText<50>(numbered("Olajszűrő", record))});
       });
+  const core::SeenRecord seen = seenIn(lookup, count);
   return {with(lookup, "append" + std::string(what),
                [&list](FileSystem& files, const DataFolders& folders) {
                  settings::appendLookupText(files, folders, list, "Új bejegyzés");
                }),
           with(
               lookup, "remove" + std::string(what),
-              [&list, number](FileSystem& files, const DataFolders& folders) {
-                settings::removeLookupText(files, folders, list, number);
+              [&list, seen](FileSystem& files, const DataFolders& folders) {
+                settings::removeLookupText(files, folders, list, seen);
               },
               kDeletes)};
 }
 
-std::vector<Operation> settingsOperations(int number) {
+std::vector<Operation> settingsOperations(int count) {
   const Operation vehicles = onFile(
       &DataFolders::inCurrent, "rendsz.dat", "rendszxx.dat", settings::Vehicle::kLength, [](int record) {
         return bytesOf(settings::Vehicle{.plate = FixedText<8>(std::to_string(record)),
@@ -164,14 +175,15 @@ std::vector<Operation> settingsOperations(int number) {
       onFile(&DataFolders::inCurrent, "set.dat", "", settings::SetRecord::kLength, [](int record) {
         return bytesOf(settings::SetRecord{.plate = FixedText<10>(std::to_string(record))});
       });
+  const core::SeenRecord seen = seenIn(vehicles, count);
   return {with(vehicles, "addVehicle",
                [](FileSystem& files, const DataFolders& folders) {
                  settings::addVehicle(files, folders, "NEW-001", "55");
                }),
           with(
               vehicles, "removeVehicle",
-              [number](FileSystem& files, const DataFolders& folders) {
-                settings::removeVehicle(files, folders, number);
+              [seen](FileSystem& files, const DataFolders& folders) {
+                settings::removeVehicle(files, folders, seen);
               },
               kDeletes),
           with(start, "saveStartSettings",
@@ -185,7 +197,7 @@ std::vector<Operation> settingsOperations(int number) {
           })};
 }
 
-std::vector<Operation> reminderOperations(int number) {
+std::vector<Operation> reminderOperations(int count) {
   const Operation km =
       onFile(&DataFolders::inCurrent, "figyel.dat", "", reminders::FigyelRec::kLength, [](int record) {
         return bytesOf(reminders::FigyelRec{.KmMulva = 10'000,
@@ -201,14 +213,16 @@ std::vector<Operation> reminderOperations(int number) {
                                                .Szoveg = FixedText<40>(numbered("Vizsga", record)),
                                                .Rendszam = FixedText<10>(kOperationPlate)});
       });
+  const core::SeenRecord seenKm = seenIn(km, count);
+  const core::SeenRecord seenDate = seenIn(date, count);
   return {with(km, "recordKmReminder",
                [](FileSystem& files, const DataFolders& folders) {
                  reminders::recordKmReminder(files, folders, {"Ékszíj", "120000", "15000", kOperationPlate},
                                              Day{44'000});
                }),
           with(km, "blankKmReminder",
-               [number](FileSystem& files, const DataFolders& folders) {
-                 reminders::blankKmReminder(files, folders, number);
+               [seenKm](FileSystem& files, const DataFolders& folders) {
+                 reminders::blankKmReminder(files, folders, seenKm);
                }),
           with(date, "recordDateReminder",
                [](FileSystem& files, const DataFolders& folders) {
@@ -217,31 +231,32 @@ std::vector<Operation> reminderOperations(int number) {
                }),
           with(
               date, "deleteDateReminder",
-              [number](FileSystem& files, const DataFolders& folders) {
-                reminders::deleteDateReminder(files, folders, number);
+              [seenDate](FileSystem& files, const DataFolders& folders) {
+                reminders::deleteDateReminder(files, folders, seenDate);
               },
               kDeletes)};
 }
 
-std::vector<Operation> tyreOperations(int number, int count) {
+std::vector<Operation> tyreOperations(int count) {
   const Operation tyre = onFile(&DataFolders::inProgram, "Gumik.dat", "xx.dat", tyres::TyreSet::kLength,
                                 [count](int record) { return bytesOf(tyreRecord(record, count)); });
+  const core::SeenRecord seen = seenIn(tyre, count);
   return {with(tyre, "recordTyre",
                [](FileSystem& files, const DataFolders& folders) {
                  tyres::TyreRegister(files, folders).record({kOperationPlate, true, typedTyre()});
                }),
           with(tyre, "setTyreFitted",
-               [number](FileSystem& files, const DataFolders& folders) {
-                 tyres::TyreRegister(files, folders).setFitted(number, true);
+               [seen](FileSystem& files, const DataFolders& folders) {
+                 tyres::TyreRegister(files, folders).setFitted(seen, true);
                }),
           with(tyre, "changeTyre",
-               [number](FileSystem& files, const DataFolders& folders) {
-                 tyres::TyreRegister(files, folders).change(number, typedTyre());
+               [seen](FileSystem& files, const DataFolders& folders) {
+                 tyres::TyreRegister(files, folders).change(seen, typedTyre());
                }),
           with(
               tyre, "removeTyre",
-              [number](FileSystem& files, const DataFolders& folders) {
-                tyres::TyreRegister(files, folders).remove(number);
+              [seen](FileSystem& files, const DataFolders& folders) {
+                tyres::TyreRegister(files, folders).remove(seen);
               },
               kDeletes),
           with(tyre, "addTyreDistance", [](FileSystem& files, const DataFolders& folders) {
@@ -249,9 +264,10 @@ std::vector<Operation> tyreOperations(int number, int count) {
           })};
 }
 
-std::vector<Operation> repairOperations(int number) {
+std::vector<Operation> repairOperations(int count) {
   const Operation repair = onFile(&DataFolders::inProgram, "Szerviz.dat", "xx.dat", repairs::Repair::kLength,
                                   [](int record) { return bytesOf(repairRecord(record)); });
+  const core::SeenRecord seen = seenIn(repair, count);
   return {with(repair, "recordRepair",
                [](FileSystem& files, const DataFolders& folders) {
                  repairs::RepairLog(files, folders)
@@ -259,8 +275,8 @@ std::vector<Operation> repairOperations(int number) {
                }),
           with(
               repair, "removeRepair",
-              [number](FileSystem& files, const DataFolders& folders) {
-                repairs::RepairLog(files, folders).remove(number);
+              [seen](FileSystem& files, const DataFolders& folders) {
+                repairs::RepairLog(files, folders).remove(seen);
               },
               kDeletes)};
 }
@@ -268,11 +284,10 @@ std::vector<Operation> repairOperations(int number) {
 }  // namespace
 
 std::vector<Operation> operations(int count) {
-  const int number = std::clamp(count, 1, 2);
   std::vector<Operation> all;
-  for (auto group : {logbookOperations(number), lookupOperations(settings::kPartNames, "PartName", number),
-                     lookupOperations(settings::kNotes, "Note", number), settingsOperations(number),
-                     reminderOperations(number), tyreOperations(number, count), repairOperations(number),
+  for (auto group : {logbookOperations(count), lookupOperations(settings::kPartNames, "PartName", count),
+                     lookupOperations(settings::kNotes, "Note", count), settingsOperations(count),
+                     reminderOperations(count), tyreOperations(count), repairOperations(count),
                      importOperations()})
     std::ranges::move(group, std::back_inserter(all));
   return all;

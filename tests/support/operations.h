@@ -22,8 +22,10 @@ struct Operation {
   std::function<void(core::FileSystem&, const core::DataFolders&)> run{};
 };
 
-/// Every operation that changes a file. Those that concern a record of a number concern the second one,
-/// or the first of the file has no more; they are given the count of records that the file has.
+/// The record that those operations concern that change one: the second, or the first where there is no more.
+inline constexpr int kChangedRecord = 2;
+
+/// Every operation that changes a file, as it is asked for by somebody who saw the file with so many records.
 std::vector<Operation> operations(int count);
 
 /// The bytes of a file of that operation with so many records.

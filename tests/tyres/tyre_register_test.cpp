@@ -58,9 +58,9 @@ class TyreRegisterTest : public testing::Test {
     program_.write(kFile, bytes);
   }
   std::int16_t seasonOfTheNext() {
-    TyreFields next = fieldsOf("40000");
-    next.season.reset();
-    tyres_.record({.plate = "GHI-789", .fields = next});
+    NewTyreSet typed{.plate = "GHI-789", .fields = fieldsOf("40000")};
+    typed.fields.season = std::nullopt;
+    tyres_.record(typed);
     return stored().back().season;
   }
   std::vector<TyreSet> stored() {
@@ -68,6 +68,10 @@ class TyreRegisterTest : public testing::Test {
     std::vector<TyreSet> all;
     for (int number = 1; number <= sets.count(); ++number) all.push_back(sets.record(number));
     return all;
+  }
+
+  core::SeenRecord seen(int number) {
+    return core::loadRecords<TyreSet>(files_, program_ / kFile).seen(number);
   }
 
   test::TemporaryFolder program_;
@@ -122,14 +126,14 @@ TEST_F(TyreRegisterTest, TheBufferHoldsTheSetThatWasReadLast) {
 TEST_F(TyreRegisterTest, TheBufferHoldsTheSetThatWasWrittenLast) {
   store({setOf("ABC-123", "a", kSummer), setOf("DEF-456", "b", kAllSeason)});
   tyres_.read(1);
-  tyres_.setFitted(2, true);
+  tyres_.setFitted(seen(2), true);
   EXPECT_EQ(seasonOfTheNext(), kAllSeason);
 }
 
 TEST_F(TyreRegisterTest, ListingAnEmptyFileLeavesTheBuffer) {
   store({setOf("ABC-123", "a", kSummer)});
   tyres_.listAll();
-  tyres_.remove(1);
+  tyres_.remove(seen(1));
   tyres_.listAll();
   EXPECT_EQ(seasonOfTheNext(), kSummer);
 }
@@ -235,15 +239,27 @@ TEST_F(TyreRegisterTest, RecordingWithoutASeasonAfterAListingTakesTheLastRecordO
 
 TEST_F(TyreRegisterTest, FittingAndRemovingChangeNothingButTheMark) {
   store({setOf("A"), setOf("B"), setOf("C")});
-  tyres_.setFitted(2, true);
+  tyres_.setFitted(seen(2), true);
   EXPECT_THAT(stored(), ElementsAre(setOf("A"), fitted(setOf("B")), setOf("C")));
-  tyres_.setFitted(2, false);
+  tyres_.setFitted(seen(2), false);
   EXPECT_THAT(stored(), ElementsAre(setOf("A"), setOf("B"), setOf("C")));
+}
+
+TEST_F(TyreRegisterTest, WhatIsChangedIsTheSetThatWasListedLast) {
+  store({setOf("A"), setOf("B")});
+  tyres_.listOf("B");
+  const core::SeenRecord listed = tyres_.seen(2);
+  EXPECT_EQ(listed.bytes, core::encoded(setOf("B")));
+  store({setOf("A"), setOf("C")});
+  test::expectFailure(FailureKind::RecordChanged, [&] { tyres_.remove(listed); });
+  tyres_.listOf("A");
+  tyres_.remove(tyres_.seen(2));
+  EXPECT_THAT(stored(), ElementsAre(setOf("A")));
 }
 
 TEST_F(TyreRegisterTest, FittingANumberThatTheFileDoesNotHaveFails) {
   store({setOf("A")});
-  test::expectFailure(FailureKind::RecordMissing, [&] { tyres_.setFitted(2, true); });
+  test::expectFailure(FailureKind::RecordMissing, [&] { tyres_.setFitted(seen(2), true); });
   EXPECT_THAT(stored(), ElementsAre(setOf("A")));
 }
 
@@ -251,7 +267,7 @@ TEST_F(TyreRegisterTest, FittingANumberThatTheFileDoesNotHaveFails) {
 
 TEST_F(TyreRegisterTest, ChangingKeepsThePlateAndTheMark) {
   store({setOf("A"), fitted(setOf("ABC-123"))});
-  tyres_.change(2, fieldsOf("35 000,4"));
+  tyres_.change(seen(2), fieldsOf("35 000,4"));
   const TyreSet expected{.plate = core::FixedText<10>("ABC-123"),
                          .kmWhenFitted = 120'000,
                          .season = kSummer,
@@ -268,19 +284,22 @@ TEST_F(TyreRegisterTest, ChangingWithoutASeasonKeepsTheSetsOwn) {
   tyres_.read(2);
   TyreFields seasonless = fieldsOf("40000");
   seasonless.season = std::nullopt;
-  tyres_.change(1, seasonless);
+  tyres_.change(seen(1), seasonless);
   EXPECT_EQ(stored()[0].season, kAllSeason);
 }
 
 TEST_F(TyreRegisterTest, AChangeThatIsRefusedNamesTheFieldAndWritesNothing) {
   store({setOf("A")});
-  test::expectFieldFailure(FailureKind::NotANumber, "txtMMaxKm", [&] { tyres_.change(1, fieldsOf("")); });
+  test::expectFieldFailure(FailureKind::NotANumber, "txtMMaxKm",
+                           [&] { tyres_.change(seen(1), fieldsOf("")); });
   TyreFields fields = fieldsOf("40000");
   fields.kmWhenFitted = "9999999999";
-  test::expectFieldFailure(FailureKind::OutOfRange, "txtMKmFelszKor", [&] { tyres_.change(1, fields); });
+  test::expectFieldFailure(FailureKind::OutOfRange, "txtMKmFelszKor",
+                           [&] { tyres_.change(seen(1), fields); });
   fields = fieldsOf("40000");
   fields.kmRun = "9999999999";
-  test::expectFieldFailure(FailureKind::OutOfRange, "txtMAzotaFutott", [&] { tyres_.change(1, fields); });
+  test::expectFieldFailure(FailureKind::OutOfRange, "txtMAzotaFutott",
+                           [&] { tyres_.change(seen(1), fields); });
   EXPECT_THAT(stored(), ElementsAre(setOf("A")));
 }
 
@@ -288,7 +307,7 @@ TEST_F(TyreRegisterTest, AChangeThatIsRefusedNamesTheFieldAndWritesNothing) {
 
 TEST_F(TyreRegisterTest, DeletingClosesTheGapAndLeavesNoTemporary) {
   store({setOf("A"), setOf("B"), setOf("C")});
-  tyres_.remove(2);
+  tyres_.remove(seen(2));
   EXPECT_THAT(stored(), ElementsAre(setOf("A"), setOf("C")));
   EXPECT_THAT(program_.names(), ElementsAre(kFile));
   EXPECT_THAT(current_.names(), IsEmpty());
@@ -296,20 +315,20 @@ TEST_F(TyreRegisterTest, DeletingClosesTheGapAndLeavesNoTemporary) {
 
 TEST_F(TyreRegisterTest, DeletingTheOnlySetLeavesAnEmptyFile) {
   store({setOf("A")});
-  tyres_.remove(1);
+  tyres_.remove(seen(1));
   EXPECT_EQ(program_.read(kFile), "");
 }
 
 TEST_F(TyreRegisterTest, ANumberBehindTheLastSetDeletesNothing) {
   store({setOf("A")});
-  tyres_.remove(2);
+  tyres_.remove(seen(2));
   EXPECT_THAT(stored(), ElementsAre(setOf("A")));
 }
 
 TEST_F(TyreRegisterTest, AnEmptyTemporaryInTheCurrentFolderIsUsedAndGoes) {
   store({setOf("A"), setOf("B")});
   current_.write("xx.dat", "");
-  tyres_.remove(1);
+  tyres_.remove(seen(1));
   EXPECT_THAT(stored(), ElementsAre(setOf("B")));
   EXPECT_THAT(current_.names(), IsEmpty());
 }
@@ -317,7 +336,7 @@ TEST_F(TyreRegisterTest, AnEmptyTemporaryInTheCurrentFolderIsUsedAndGoes) {
 TEST_F(TyreRegisterTest, SurplusSetsOfAnOldTemporaryBecomePartOfTheFile) {
   store({setOf("A"), setOf("B")});
   current_.write("xx.dat", test::toText(core::encoded(setOf("X"))) + test::toText(core::encoded(setOf("Y"))));
-  tyres_.remove(1);
+  tyres_.remove(seen(1));
   EXPECT_THAT(stored(), ElementsAre(setOf("B"), setOf("Y")));
   EXPECT_THAT(current_.names(), IsEmpty());
 }
@@ -325,7 +344,7 @@ TEST_F(TyreRegisterTest, SurplusSetsOfAnOldTemporaryBecomePartOfTheFile) {
 TEST_F(TyreRegisterTest, ATemporaryInTheProgramFolderIsNotTouched) {
   store({setOf("A"), setOf("B")});
   program_.write("xx.dat", "keep");
-  tyres_.remove(1);
+  tyres_.remove(seen(1));
   EXPECT_EQ(program_.read("xx.dat"), "keep");
 }
 
@@ -335,7 +354,7 @@ TEST_F(TyreRegisterTest, DeletingWithTheTemporaryOnAnotherFileSystem) {
   std::ofstream(elsewhere / "xx.dat")
       << std::string(TyreSet::kLength, 'x') + std::string(TyreSet::kLength, 'y');
   store({setOf("A"), setOf("B")});
-  TyreRegister(files_, {program_.path(), elsewhere.path()}).remove(1);
+  TyreRegister(files_, {program_.path(), elsewhere.path()}).remove(seen(1));
   EXPECT_EQ(program_.read(kFile),
             test::toText(core::encoded(setOf("B"))) + std::string(TyreSet::kLength, 'y'));
   EXPECT_TRUE(std::filesystem::is_empty(elsewhere.path()));

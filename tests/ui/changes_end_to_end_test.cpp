@@ -1,7 +1,9 @@
 #include <QAbstractItemView>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
+#include <algorithm>
 #include <memory>
 
 #include "core/machine_file_system.h"
@@ -164,6 +166,32 @@ struct Opened {
   QAbstractItemView* list;
 };
 
+/// The changes of a record that was chosen, with the file that holds it.
+struct OfferOnRecord {
+  const char* offer;
+  const char* file;
+  std::size_t recordLength;
+};
+constexpr OfferOnRecord kOnRecords[] = {{"entry modified", "ABC-123/napiadat.dat", 156},
+                                        {"entry deleted", "ABC-123/napiadat.dat", 156},
+                                        {"tyres fitted", "Gumik.dat", 71},
+                                        {"tyres changed", "Gumik.dat", 71},
+                                        {"tyres deleted", "Gumik.dat", 71},
+                                        {"repair deleted", "Szerviz.dat", 186},
+                                        {"km reminder deleted", "figyel.dat", 68},
+                                        {"date reminder deleted", "figyDatum.dat", 68},
+                                        {"alert deleted", "figyel.dat", 68},
+                                        {"due date deleted", "figyDatum.dat", 68},
+                                        {"vehicle deleted", "rendsz.dat", 10},
+                                        {"part name deleted", "alkatr.dat", 50},
+                                        {"note deleted", "megjegyz.dat", 50}};
+
+// What another program may do to a file of two records meanwhile.
+void exchangeRecords(const House& house, const OfferOnRecord& made) {
+  const std::string contents = house.folder.read(made.file);
+  house.folder.write(made.file, contents.substr(made.recordLength) + contents.substr(0, made.recordLength));
+}
+
 void addOffers() {
   QTest::addColumn<int>("index");
   for (std::size_t i = 0; i < offers().size(); ++i) QTest::newRow(offers()[i].name) << static_cast<int>(i);
@@ -211,6 +239,32 @@ class ChangesEndToEndTest : public QObject {
     QVERIFY(!opened.list->selectionModel()->hasSelection());
     QVERIFY(!opened.offersDeletion());
     QVERIFY(opened.screen->isVisible());
+  }
+
+  void aRecordThatIsAnotherByNowStaysAndTheListIsReadAnew_data() {
+    QTest::addColumn<int>("index");
+    for (std::size_t i = 0; i < std::size(kOnRecords); ++i)
+      QTest::newRow(kOnRecords[i].offer) << static_cast<int>(i);
+  }
+  void aRecordThatIsAnotherByNowStaysAndTheListIsReadAnew() {
+    QFETCH(int, index);
+    const OfferOnRecord& made = kOnRecords[index];
+    const auto offer = std::ranges::find(offers(), std::string_view(made.offer), &Offer::name);
+    House house;
+    Opened opened(house, *offer);
+    exchangeRecords(house, made);
+    const std::string exchanged = house.folder.read(made.file);
+    BoxScript boxes(offer->answers);
+    QSignalSpy refilled(opened.list->model(), &QAbstractItemModel::modelReset);
+    opened.press();
+    QCOMPARE(boxes.seen.size(), offer->answers.size() + 1);
+    QVERIFY2(boxes.seen.last().text.contains("Az adatok közben máshol megváltoztak"),
+             qPrintable(boxes.seen.last().text));
+    QVERIFY(house.folder.read(made.file) == exchanged);
+    QVERIFY(!refilled.isEmpty());
+    QVERIFY(opened.list->model()->rowCount() > 0);
+    QVERIFY(!opened.list->selectionModel()->hasSelection());
+    QVERIFY(!opened.offersDeletion());
   }
 
   void aSavedChangeIsListedWithoutAWord_data() { addOffers(); }

@@ -97,7 +97,9 @@ QString alignmentOf(const QWidget& part) {
                                          : QString();
 }
 
+// The toolkit speaks a drop-down's value on Linux and its name elsewhere; its name is what counts.
 QString spokenNameOf(const QWidget& part) {
+  if (!part.accessibleName().isEmpty()) return part.accessibleName();
   QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(&part));
   return spoken == nullptr ? QString() : spoken->text(QAccessible::Name);
 }

@@ -35,6 +35,13 @@ class GuardedTest : public QObject {
     row("full", FailureKind::FileFull, "A fájl betelt, több tétel nem fér bele:\n/a/b.dat");
     row("changed", FailureKind::FileChanged,
         "A fájl közben megváltozott, egy másik program írhatott bele:\n/a/b.dat");
+    row("device", FailureKind::NotAFile, "Ezen a néven nem fájl van, hanem cső vagy eszköz:\n/a/b.dat");
+    row("too long", FailureKind::FileTooLong,
+        "A fájlban több tétel van, mint amennyit a program kezelni tud:\n/a/b.dat");
+    row("folder's name", FailureKind::FolderUnreadable,
+        "Ez a mappa nem érhető el a neve alapján (talán olvashatatlan betű van benne):\n/a/b.dat");
+    row("folder gone", FailureKind::FolderGone,
+        "Már nincs meg az a mappa, ahonnan a programot elindítottad.");
     row("record", FailureKind::RecordMissing, "Ez a tétel már nincs a fájlban:\n/a/b.dat");
   }
   void everyKindOfFailureIsSaidInHungarian() {
@@ -49,10 +56,18 @@ class GuardedTest : public QObject {
                      "megismétled!"));
   }
 
+  void aRecordThatChangedMeanwhileIsToBeChosenAgain() {
+    QCOMPARE(ui::failureText(Failure(FailureKind::RecordChanged).file("/a/b.dat")),
+             QString("Az adatok közben máshol megváltoztak:\n/a/b.dat\n\nA művelet elmaradt. Nézd meg a listát, "
+                     "és válaszd ki újra a tételt!"));
+  }
+
   void theSystemsErrorIsSaidInHungarian() {
     QCOMPARE(ui::failureText(Failure(FailureKind::WriteFailed).file("/a").systemError(ENOSPC)),
              QString("A fájl nem írható (talán megtelt a lemez):\n/a\n(nincs több hely a lemezen)\n\n"
                      "Semmi sem változott."));
+    for (const int error : {ESTALE, ESPIPE, ENXIO, ENOLCK, ENOSYS, ENOMEM, EEXIST, EAGAIN})
+      QVERIFY(!ui::failureText(Failure(FailureKind::OpenFailed).file("/a").systemError(error)).contains("rendszerhiba"));
     QVERIFY(ui::failureText(Failure(FailureKind::OpenFailed).file("/a").systemError(99999))
                 .contains("(99999. számú rendszerhiba)"));
   }

@@ -17,7 +17,7 @@ constexpr double kClosest = 6;
 constexpr double kFartherForEvenness = 1.6;
 constexpr qsizetype kMostMeasured = 400;
 // Turned labels may take this share of the chart's height.
-constexpr double kTurnedShare = 0.3;
+constexpr double kTurnedShare = 0.2;
 // The sine and the cosine of 45 degrees.
 constexpr double kDiagonal = std::numbers::sqrt2 / 2;
 

@@ -5,7 +5,7 @@
 namespace tarvik::ui {
 
 /// A figure that the program shows and that can be selected and copied. While there is none it shows a
-/// dash, which is no part of its text.
+/// dash, which is no part of its text. Assistive tools read the figure, and nothing while there is none.
 class ResultLabel : public QLabel {
   Q_OBJECT
 

@@ -1,0 +1,87 @@
+#include "tests/looks/camera.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QImage>
+#include <QPixmap>
+#include <QScreen>
+#include <QTest>
+#include <QTimer>
+#include <QWindow>
+
+namespace tarvik::looks {
+namespace {
+
+constexpr int kLimitMilliseconds = 60'000;
+
+[[noreturn]] void fail(const QString& why) {
+  qFatal("%s", qPrintable(why));
+}
+
+QImage photograph(QWidget& window) {
+  return window.screen()->grabWindow(window.winId()).toImage();
+}
+
+// Two pictures in a row that are equal: nothing moves any more.
+QImage atRest(QWidget& window) {
+  QElapsedTimer clock;
+  clock.start();
+  QImage before;
+  while (clock.elapsed() < kLimitMilliseconds) {
+    QApplication::processEvents();
+    QApplication::processEvents();
+    const QImage now = photograph(window);
+    if (now == before) return now;
+    before = now;
+  }
+  fail(window.windowTitle() + QStringLiteral(" does not come to rest"));
+}
+
+void close(QWidget& opened) {
+  if (!opened.isVisible()) return;
+  if (auto* dialog = qobject_cast<QDialog*>(&opened)) return dialog->reject();
+  opened.close();
+}
+
+void onOpened(const std::function<void(QWidget&)>& act) {
+  QTimer::singleShot(0, qApp, [act] {
+    QWidget* const opened = QApplication::activeModalWidget();
+    if (opened == nullptr) return onOpened(act);
+    act(*opened);
+  });
+}
+
+}  // namespace
+
+Camera::Camera(QString folder) : folder_(std::move(folder)) {}
+
+void Camera::shoot(QWidget& window, const QString& name) {
+  window.activateWindow();
+  if (!QTest::qWaitForWindowActive(&window, kLimitMilliseconds))
+    fail(name + QStringLiteral(" does not come to the front"));
+  keep(atRest(window), name);
+}
+
+void Camera::keep(const QImage& picture, const QString& name) {
+  const QString path = folder_ + QLatin1Char('/') + name + QStringLiteral(".png");
+  if (!picture.convertToFormat(QImage::Format_RGB32).save(path))
+    fail(path + QStringLiteral(" is not written"));
+}
+
+void Camera::shootOpened(const QString& name, const std::function<void()>& open) {
+  withOpened(open, [&](QWidget& opened) { shoot(opened, name); });
+}
+
+void Camera::withOpened(const std::function<void()>& open, const std::function<void(QWidget&)>& act) {
+  bool isDone = false;
+  onOpened([&](QWidget& opened) {
+    act(opened);
+    close(opened);
+    isDone = true;
+  });
+  open();
+  if (!QTest::qWaitFor([&] { return isDone; }, kLimitMilliseconds)) fail(QStringLiteral("nothing opens"));
+}
+
+}  // namespace tarvik::looks

@@ -1,0 +1,74 @@
+// tarvik_looks HOUSEHOLD EMPTY OUT KIND...: photographs every screen and state into OUT/KIND for each kind:
+// the size of the letters and the colours (9-light, 12-dark), or "manual", which is what the manual shows
+// beyond that. The scale is the one that the toolkit is started with.
+
+#include <QApplication>
+#include <QCursor>
+#include <QDir>
+#include <QFont>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QPalette>
+#include <QScreen>
+#include <QStyle>
+#include <QTranslator>
+
+#include "tests/looks/scenes.h"
+#include "ui/look.h"
+
+namespace {
+
+using tarvik::looks::Camera;
+
+void speakHungarian(QTranslator& translator) {
+  QLocale::setDefault(QLocale(QLocale::Hungarian, QLocale::Hungary));
+  if (translator.load(QStringLiteral("qtbase_hu"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QApplication::installTranslator(&translator);
+}
+
+// The colours of a usual dark desktop.
+QPalette darkPalette() {
+  QPalette palette(QColor(0x2b, 0x2d, 0x30), QColor(0x24, 0x26, 0x29));
+  palette.setColor(QPalette::Base, QColor(0x1b, 0x1d, 0x1f));
+  palette.setColor(QPalette::AlternateBase, QColor(0x22, 0x24, 0x27));
+  palette.setColor(QPalette::Highlight, QColor(0x2f, 0x6f, 0xb0));
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  palette.setColor(QPalette::ToolTipBase, QColor(0x2b, 0x2d, 0x30));
+  palette.setColor(QPalette::ToolTipText, Qt::white);
+  return palette;
+}
+
+QString madeFolder(const QString& path) {
+  if (!QDir().mkpath(path)) qFatal("%s cannot be made", qPrintable(path));
+  return path;
+}
+
+// "12-dark" and the like; the manual's pictures are of the usual size and light.
+void dressAs(const QString& kind) {
+  static const QPalette light = QApplication::style()->standardPalette();
+  const int points = kind.section(QLatin1Char('-'), 0, 0).toInt();
+  QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), points > 0 ? points : 9));
+  QApplication::setPalette(kind.endsWith(QStringLiteral("dark")) ? darkPalette() : light);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  tarvik::ui::dress();
+  QApplication::setCursorFlashTime(0);
+  QTranslator translator;
+  speakHungarian(translator);
+  const QStringList folders = QApplication::arguments().mid(1);
+  if (folders.size() < 4) qFatal("usage: tarvik_looks HOUSEHOLD EMPTY OUT KIND...");
+  QCursor::setPos(QApplication::primaryScreen()->geometry().bottomRight());
+
+  for (const QString& kind : folders.mid(3)) {
+    dressAs(kind);
+    Camera camera(madeFolder(folders[2] + QLatin1Char('/') + kind));
+    if (kind == QStringLiteral("manual"))
+      tarvik::looks::photographForManual(camera, folders[0].toStdString());
+    else
+      tarvik::looks::photographAll(camera, folders[0].toStdString(), folders[1].toStdString());
+  }
+}

@@ -1,0 +1,124 @@
+"""The whole use of the main screen by the actions of an assistive tool: no key is pressed, no mouse moved."""
+
+import datetime
+import unittest
+
+from accessible import Heard, wait_for
+from program import Program
+
+KM = 1
+
+
+class Assistive(unittest.TestCase):
+
+    def setUp(self):
+        self.program = self.enterContext(Program(without_alerts=True))
+        self.main = self.program.window("Tarvik - ")
+        self.list = self.main.part("table", "Napló")
+        self.entries = wait_for(self.list.row_count, "the logbook")
+
+    def button(self, name):
+        self.main.part("push button", name).press()
+
+    def answer(self, title, answer):
+        self.program.window(title).part("push button", answer).press()
+        self.program.wait_closed(title)
+
+    def km(self):
+        return self.main.part("text", "Km óra állás").text
+
+    def select(self, row):
+        self.list.select_row(row)
+        wait_for(lambda: self.list.selected_row() == row, f"row {row} highlighted")
+        wait_for(lambda: self.km() == self.list.cell(row, KM).name, f"row {row} in the fields")
+
+    def test_an_entry_is_recorded_modified_and_deleted(self):
+        for name, text in {"Km óra állás": "280500", "Liter": "40,5", "Tankolt költség": "25000"}.items():
+            self.main.part("text", name).enter(text)
+        self.button("Rögzítés")
+        self.answer(" Rögzítés ", "Igen")
+        wait_for(lambda: self.list.row_count() == self.entries + 1, "the new row")
+        today = datetime.date.today().strftime("%Y.%m.%d.")
+        self.assertEqual(self.list.rows()[-1][:3], [today, "280500", "40,50"])
+
+        self.select(self.entries)
+        self.main.part("text", "Km óra állás").enter("280600")
+        self.button("Módosítás")
+        self.answer(" Módosítás ", "Igen")
+        wait_for(lambda: self.list.cell(self.entries, KM).name == "280600", "the modified row")
+
+        self.select(self.entries)
+        self.button("Törlés")
+        self.answer(" TÖRLÉS ", "Igen")
+        wait_for(lambda: self.list.row_count() == self.entries, "the row to go")
+
+    def test_a_pressed_cell_acts_as_a_click(self):
+        self.select(10)
+        self.list.cell(12, KM).press()
+        wait_for(lambda: self.list.selected_row() == 12, "row 12 highlighted")
+        wait_for(lambda: self.km() == self.list.cell(12, KM).name, "row 12 in the fields")
+
+    def test_a_vehicle_is_chosen_and_the_list_filtered(self):
+        self.main.part("combo box", "Rendszám").take_focus()
+        self.main.part("text", "Rendszám").enter("ABC123")
+        self.button("Lista")
+        self.main.part("radio button", "Éves lista").press()
+        self.main.part("spin button", "Listázandó   Év - Hónap").enter("2025.01.01.")
+        self.button("Listázás")
+        wait_for(lambda: self.list.row_count() and {row[0][:4] for row in self.list.rows()} == {"2025"},
+                 "the entries of 2025 alone")
+
+    def test_a_chart_is_shown_and_put_away(self):
+        self.button("Grafikon megjelenítése")
+        chooser = self.program.window("Grafikon választás")
+        chooser.part("radio button", "Üzemanyag árak").press()
+        chooser.part("push button", "Megjelenít").press()
+        self.assertTrue(self.main.part("chart").name.startswith("Üzemanyag árak"))
+        self.button("Grafikon elrejtése")
+        wait_for(lambda: not self.main.has("chart"), "the chart to go")
+
+    def test_the_print_command_asks_for_a_heading(self):
+        self.main.part("menu item", "Nyomtatás").press()
+        self.answer("Listamező nyomtatása", "Mégse")
+
+    def test_the_program_ends(self):
+        self.main.part("menu item", "Kilépés").press()
+        self.program.window(" Kilépés ").part("push button", "Igen").press()
+        self.assertEqual(self.program.wait_end(), 0)
+
+    def test_changed_statistics_are_told(self):
+        with Heard("object:property-change:accessible-name") as heard:
+            self.select(self.entries - 1)
+            for caption in ("Pillanatnyi átlag fogy.:", "Várható tankolás:", "Kilométer költség:"):
+                heard.wait(lambda kind, part, data: caption in part.labels, f"a new value of {caption!r}")
+
+    def test_a_figure_that_is_not_there_is_not_read_as_its_caption(self):
+        figures = [part for part in self.main.walk() if part.role == "label" and part.caption]
+        self.assertEqual([part.caption for part in figures],
+                         ["Üzemanyag ár", "Pillanatnyi átlag fogy.:", "Várható tankolás:",
+                          "Még megtehető km:", "Kilométer költség:"])
+        self.assertEqual({part.name for part in figures}, {""})
+
+    def test_the_price_is_told_while_it_is_typed(self):
+        self.main.part("text", "Liter").enter("50")
+        with Heard("object:property-change:accessible-name") as heard:
+            self.main.part("text", "Tankolt költség").enter("30000")
+            heard.wait(lambda kind, part, data: part.name == "600,00", "the price per litre")
+
+    def test_a_reminder_that_is_past_is_told(self):
+        self.button("Figyelmeztetés")
+        screen = self.program.window("Figyelmeztetés Felvitele")
+        fields = {"Km. óra állása:": "200000", "Hány km. után:": "1000", "Mire figyelmeztessen:": "Fékolaj"}
+        for name, text in fields.items():
+            screen.part("text", name).enter(text)
+        reminders = screen.part("table")
+        screen.part("push button", "Rögzítés").press()
+        self.answer(" Rögzítés ", "Igen")
+        wait_for(lambda: reminders.cell(0, 1).name == "Fékolaj", "the new reminder")
+        with Heard("object:state-changed:showing", "object:property-change:accessible-name") as heard:
+            reminders.select_row(0)
+            heard.wait(lambda kind, part, data: part.name == "Volt az ideje!!!", "the reminder to be told")
+
+
+if __name__ == "__main__":
+    unittest.main()
