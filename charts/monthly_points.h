@@ -23,12 +23,12 @@ struct MonthlyRule {
 
 /// Makes one point of each bucket of fuellings (entries of at least 1 Ft of fuel) in the range.
 ///
-/// A fuelling opens a bucket unless its month number is that of the record read just before it. As this
-/// system's convention the year is not looked at, so that two fuellings a year apart with nothing of
-/// another month between them share a bucket; and record 1, or a fuelling that follows an entry without
-/// fuel of its own month at the range's start, joins a bucket that is never shown. The label is the
-/// year and month of the bucket's latest fuelling ("2013. 7. hó"). Fuellings with a damaged date have a
-/// month of their own, labelled "?". A sum past 64 bits throws Failure(OutOfRange).
+/// A fuelling opens a bucket unless its month number is that of the record read just before it. The year is
+/// not looked at, so that two fuellings a year apart with nothing of another month between them share a
+/// bucket; and record 1, or a fuelling that follows an entry without fuel of its own month at the range's
+/// start, joins a bucket that is never shown. The label is the year and month of the bucket's latest fuelling
+/// ("2013. 7. hó"). Fuellings with a damaged date have a month of their own, labelled "?". A sum past 64 bits
+/// throws Failure(OutOfRange).
 std::vector<ChartPoint> monthlyPoints(const core::Logbook& logbook, RecordRange range,
                                       const MonthlyRule& rule);
 

@@ -24,8 +24,7 @@ int recordsPerView(std::string_view countText);
 
 /// Computes the momentary consumptions from a scroll position on: to the logbook's end, or as many
 /// records further as the box says, which makes one point more than that at most. In a logbook of fewer
-/// than 50 records the view starts at record 2 wherever the scroll bar stands, as this system's
-/// convention.
+/// than 50 records the view starts at record 2 wherever the scroll bar stands.
 std::vector<ChartPoint> consumptionsFrom(const core::Logbook& logbook, const ScrollView& view);
 
 }  // namespace tarvik::charts

@@ -23,10 +23,10 @@ enum ChartChoice : int {
 /// logbook, the latest 50 for the consumptions. `averageText` is the average consumption as the main
 /// screen shows it; chart 7 takes its leading number.
 ///
-/// The oddities are this system's conventions: in a logbook of fewer entries every chart but the fuel
-/// prices leaves out record 1; a fuelling after one whose odometer reading is not positive adds the
-/// distance found last once more; fuellings without a consumption count in the monthly average. Throws
-/// Failure(OutOfRange) for sums and distances past their types, which only a damaged file holds.
+/// In a logbook of fewer entries every chart but the fuel prices leaves out record 1; a fuelling after one
+/// whose odometer reading is not positive adds the distance found last once more; fuellings without a
+/// consumption count in the monthly average. Throws Failure(OutOfRange) for sums and distances past their
+/// types, which only a damaged file holds.
 std::vector<ChartPoint> seriesOf(int choice, const core::Logbook& logbook, std::string_view averageText);
 
 }  // namespace tarvik::charts

@@ -17,15 +17,15 @@ struct FullFillSearch {
   std::string consumption;  ///< litres per 100 km since then, "##.00"; empty when there is none
 };
 
-/// Looks for the reference full fill of a new entry with that record number: the last earlier entry, entry
-/// 1 left out on purpose (this system's convention, on which recorded consumptions rest), that is a full
-/// fill with litres. The litres of the entries between count together with the new entry's own. entry
-/// gives an entry by its number. Throws Failure(DivisionByZero) when the distance is 0.
+/// Looks for the reference full fill of a new entry with that record number: the last earlier entry that is a
+/// full fill with litres, entry 1 left out, so that entry 2 gets no consumption. The litres of the entries
+/// between count together with the new entry's own. entry gives an entry by its number. Throws
+/// Failure(DivisionByZero) when the distance is 0.
 FullFillSearch searchFullFill(int newNumber, const Ratio& litres, const Ratio& kmOra,
                               const std::function<NapiAdat(int)>& entry);
 
-/// The same search for many entries in a row, without walking back for each: it is taken past the entries of a
-/// logbook from the first on, and always finds what searchFullFill would from there.
+/// The same search for many entries in a row, without walking back for each: it is taken past the entries of
+/// a logbook from the first on, and always finds what searchFullFill would from there.
 class FullFillTrail {
  public:
   /// Goes on past the next entry.
@@ -39,12 +39,12 @@ class FullFillTrail {
   Ratio since_ = 0;                        // litres since then
 };
 
-/// The logbook of a vehicle; nothing where the plate names no folder or the folder is not there. A missing file
-/// is created empty. Throws Failure(OpenFailed) or ReadFailed.
+/// The logbook of a vehicle; nothing where the plate names no folder or the folder is not there. A missing
+/// file is created empty. Throws Failure(OpenFailed) or ReadFailed.
 std::optional<Logbook> foundLogbook(FileSystem& files, const DataFolders& folders, std::string_view plate);
 
-/// The logbook of a vehicle, to be listed or computed with: one without entries where foundLogbook finds none.
-/// Throws as foundLogbook does.
+/// The logbook of a vehicle, to be listed or computed with: one without entries where foundLogbook finds
+/// none. Throws as foundLogbook does.
 Logbook loadLogbook(FileSystem& files, const DataFolders& folders, std::string_view plate);
 
 /// Appends the entry that the input stands for, with its consumption; an entry without fuel is never a
@@ -60,7 +60,7 @@ void modifyEntry(FileSystem& files, const DataFolders& folders, const std::strin
                  const SeenRecord& seen, const EntryInput& input, std::string_view shownConsumption);
 
 /// Opens the deletion of an entry: makes its temporary file where there is none, empty, which stays when the
-/// person declines, as this system's convention. Throws Failure for a missing folder or file.
+/// person declines. Throws Failure for a missing folder or file.
 void openDeletion(FileSystem& files, const DataFolders& folders, const std::string& plate);
 
 /// Removes a seen entry; later entries move up by one. Throws Failure as modifyEntry does; a number that had

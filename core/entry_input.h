@@ -41,8 +41,8 @@ struct ShownEntry {
 };
 ShownEntry toInput(const NapiAdat& entry);
 
-/// The stored consumption of a figure shown as text: 0 when its plain numeric value is 0 (which covers
-/// every text that is no figure, and a figure below 1, by this system's convention), else its locale value.
+/// The stored consumption of a figure shown as text: 0 when its plain numeric value is 0 (which covers every
+/// text that is no figure, and a figure below 1, which ends at its comma), else its locale value.
 Amount storedConsumption(std::string_view shown);
 
 /// The price per litre shown while a fuelling is typed, "###.00"; nothing while one of the two fields is

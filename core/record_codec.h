@@ -89,7 +89,7 @@ inline void writeDate(std::span<std::byte> bytes, std::size_t offset, double val
 
 /// A fixed text of N characters as a record holds it: N bytes of Windows-1250, so that reading a
 /// record converts and allocates nothing. One byte is one character, whatever its length in UTF-8. A
-/// character that the code page lacks is stored as '?', as this system's convention.
+/// character that the code page lacks is stored as '?'.
 template <std::size_t N>
 class FixedText {
  public:

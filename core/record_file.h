@@ -69,9 +69,9 @@ class RecordFile {
 
   /// Removes a seen record, closing the gap, as a new file that replaces the old one. What the deletion's
   /// temporary file holds behind as many records as remain becomes part of the file and the temporary file
-  /// goes: it is never emptied first, as this system's convention. A number of which no record was seen, and
-  /// of which there is none, removes nothing. Throws Failure(RecordChanged) as rewrite does, and FileTooLong
-  /// when the temporary file is.
+  /// goes: it is never emptied first. A number of which no record was seen, and of which there is none,
+  /// removes nothing. Throws Failure(RecordChanged) as rewrite does, and FileTooLong when the temporary file
+  /// is.
   void remove(const SeenRecord& seen, const std::string& temporary);
 
  private:

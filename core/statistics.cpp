@@ -44,7 +44,7 @@ std::string consumptionCaption(const NapiAdat& clicked, const NapiAdat& previous
   return clicked.TankoltLiter.isZero() ? "Nem volt tankolás!" : "Nem volt teletankolva!";
 }
 
-// The bound comes from the last fuelling and not from the clicked entry, as this system's convention.
+// The last fuelling bounds the walk, not the clicked entry: a row may keep the figure shown before.
 Walk walkToFullFill(const Logbook& logbook, int selected, int lastNumber) {
   const NapiAdat clicked = existing(logbook, selected);
   if (selected < 2) return {clicked, ""};

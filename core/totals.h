@@ -17,11 +17,11 @@ struct Totals {
   std::string fogyaszt;          ///< average consumption
 };
 
-/// Brings the totals up to the listing. Without rows the distance, litre and consumption texts become
-/// empty and the costs stay; with a distance of 0 the consumption stays. The litres of the first row
-/// count in the average by the whole part of their text only: the plain numeric parse ends at the decimal
-/// comma, as this system's convention. Throws Failure(OutOfRange) with the field's name when a sum leaves its
-/// type; the texts of the rows before stand then.
+/// Brings the totals up to the listing. Without rows the distance, litre and consumption texts become empty
+/// and the costs stay; with a distance of 0 the consumption stays. The litres of the first row count in the
+/// average by the whole part of their text only: the plain numeric parse ends at the decimal comma. Throws
+/// Failure(OutOfRange) with the field's name when a sum leaves its type; the texts of the rows before stand
+/// then.
 void updateTotals(const Listing& listing, Totals& totals);
 
 /// The hint on a cost field: its figure divided by the days between the first and the last row, in whole

@@ -28,7 +28,7 @@ constexpr int kTotalsX = 50;
 
 constexpr std::size_t kLitresWidth = 9;
 
-// The figure with spaces before it up to nine characters: the column's established alignment.
+// The figure with spaces before it up to nine characters, so that litres stand roughly in line.
 std::string litresText(const core::NapiAdat& entry) {
   const std::string figure = core::literText(entry);
   return std::string(kLitresWidth - std::min(kLitresWidth, figure.size()), ' ') + figure;
@@ -129,7 +129,7 @@ void ListDocument::addRows(Page& page, int first, int end) const {
   }
 }
 
-// The distance is first minus last, as this system's convention: positive when the newest row is first.
+// The distance is first minus last, so that it is negative on paper when the oldest row is first.
 void ListDocument::addTotals(Page& page, int rowsOnPage) const {
   const core::Ratio distance = core::plainNumber(rows_.firstKmOra) - core::plainNumber(rows_.lastKmOra);
   const auto add = [&](int y, std::string text) {

@@ -13,7 +13,7 @@ struct Text {
   int xMm = 0;       ///< left edge of the text
   int yMm = 0;       ///< top of the text
   int sizePt = 0;    ///< size of the letters, points
-  std::string text;  ///< UTF-8; leading spaces count, they align figures as this system's convention
+  std::string text;  ///< UTF-8; leading spaces count, they align figures
   int widthMm = 0;   ///< the room up to the next vertical rule; a longer text is cut there
 
   friend bool operator==(const Text&, const Text&) = default;

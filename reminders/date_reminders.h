@@ -53,8 +53,8 @@ std::vector<ReminderRow> dueDateRows(const DateReminders& reminders, core::Day t
 std::optional<int> firstDueDateReminder(core::FileSystem& files, const core::DataFolders& folders,
                                         core::Day today);
 
-/// How many days are left, in the alert screen's words; an overdue count keeps its minus sign, as this
-/// system's convention.
+/// How many days are left, in the alert screen's words; an overdue count keeps its minus sign:
+/// "-3 nappal túllépve!!!!".
 std::string daysLeftText(core::Day when, core::Day today);
 
 /// What the alert screen shows of a reminder. Throws Failure(OutOfRange) when its stored day is none.
@@ -65,9 +65,9 @@ void recordDateReminder(core::FileSystem& files, const core::DataFolders& folder
                         const DateReminderEntry& entry, core::Day today);
 
 /// Removes a seen date reminder from the file; those behind it move up by one. It goes through fD.dat, which
-/// is not emptied first: what that file has beyond the remaining records becomes part of figyDatum.dat, as
-/// this system's convention. A number that the file did and does not have (0 = none) removes nothing. Throws
-/// Failure(RecordChanged) when the reminder is no longer there, and when it cannot be saved.
+/// is not emptied first: what that file has beyond the remaining records becomes part of figyDatum.dat. A
+/// number that the file did and does not have (0 = none) removes nothing. Throws Failure(RecordChanged) when
+/// the reminder is no longer there, and when it cannot be saved.
 void deleteDateReminder(core::FileSystem& files, const core::DataFolders& folders,
                         const core::SeenRecord& seen);
 

@@ -27,9 +27,8 @@ struct Estimate {
 std::optional<core::NapiAdat> lastWithReading(const core::Logbook& logbook);
 
 /// Estimates from a logbook when the reminder falls due, as if the vehicle went on at its daily average
-/// between entry 2 and the last entry with a reading. It is entry 2 and not entry 1 as this system's
-/// convention; in a logbook of one entry it reads as zeros. Never fails: it goes as far as it can (a
-/// division by zero, a figure out of range).
+/// between entry 2, never entry 1, and the last entry with a reading; in a logbook of one entry, entry 2
+/// reads as zeros. Never fails: it goes as far as it can (a division by zero, a figure out of range).
 Estimate estimated(const core::Logbook& logbook, const FigyelRec& reminder, core::Day today);
 
 /// As estimated, from the vehicle's file; a logbook that cannot be read gives an empty estimate.

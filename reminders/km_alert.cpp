@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "core/failure.h"
 #include "core/entry_editing.h"
+#include "core/failure.h"
 #include "core/ratio.h"
 #include "core/text.h"
 #include "reminders/estimate.h"

@@ -32,9 +32,8 @@ std::vector<ReminderRow> kmReminderRows(const KmReminders& reminders);
 FigyelRec filledFrom(FigyelRec before, const KmReminderEntry& entry, core::Day today);
 
 /// Records a km reminder. It is appended behind the last one, whose figures stand in for those that do not
-/// convert; the places of deleted reminders are not used again. An entry with a blank text overwrites
-/// record 1 where there is one: this system's convention, kept deliberately. Throws Failure when it cannot
-/// be saved.
+/// convert; the places of deleted reminders are not used again. An entry with a blank text overwrites record
+/// 1 where there is one, and that reminder is gone. Throws Failure when it cannot be saved.
 void recordKmReminder(core::FileSystem& files, const core::DataFolders& folders, const KmReminderEntry& entry,
                       core::Day today);
 

@@ -7,7 +7,7 @@
 
 namespace tarvik::reminders {
 
-/// A reminder as a list shows it. Texts are those stored, with their padding, as this system's convention.
+/// A reminder as a list shows it. Texts are those stored, with their padding.
 struct ReminderRow {
   std::string date;    ///< first column
   std::string text;    ///< second column, 40 characters
@@ -27,8 +27,7 @@ std::vector<ReminderRow> orPlaceholder(std::vector<ReminderRow> rows);
 /// 16 bits.
 std::int16_t recordNumber(std::string_view hidden);
 
-/// The numbers of the reminder screens in groups of three ("12 500"); 0 is the empty text, as this
-/// system's convention.
+/// The numbers of the reminder screens in groups of three ("12 500"); 0 is the empty text.
 std::string grouped(std::int64_t value);
 
 }  // namespace tarvik::reminders

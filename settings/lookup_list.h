@@ -64,9 +64,8 @@ struct CompletedNote {
   friend bool operator==(const CompletedNote&, const CompletedNote&) = default;
 };
 
-/// The note to offer when a key is typed behind a text: one that begins with the text and the key,
-/// case and the spaces before the text aside. The last one in file order wins, as this system's convention.
-/// key is one character.
+/// The note to offer when a key is typed behind a text: one that begins with the text and the key, case and
+/// the spaces before the text aside. The last one in file order wins. key is one character.
 std::optional<CompletedNote> completedNote(const LookupTexts& notes, std::string_view textBeforeSelection,
                                            std::string_view key);
 

@@ -17,7 +17,7 @@ namespace tarvik::settings {
 struct Vehicle {
   static constexpr std::size_t kLength = 10;
 
-  core::FixedText<8> plate;   ///< registration plate as typed; narrower than in the other files on purpose
+  core::FixedText<8> plate;   ///< registration plate as typed; of a longer one the first 8 characters
   std::int16_t tankSize = 0;  ///< fuel tank, litres
 
   /// The vehicle in 10 bytes.
@@ -34,12 +34,12 @@ using Vehicles = core::RecordList<Vehicle>;
 /// as core::readRecords does.
 Vehicles loadVehicles(core::FileSystem& files, const core::DataFolders& folders);
 
-/// The vehicles of the program folder, which only the statistics read, as this system's convention.
+/// The vehicles of the program folder, which only the statistics and an import read, for the tank size.
 /// Throws as core::readRecords does.
 Vehicles loadVehiclesOfProgramFolder(core::FileSystem& files, const core::DataFolders& folders);
 
-/// Whether the typed tank size counts as not given: its leading number is exactly 0. A negative size
-/// counts as given, as this system's convention; so does one that only rounds to 0.
+/// Whether the typed tank size counts as not given: its leading number is exactly 0. A negative size counts
+/// as given (the expected day then runs back); so does one that only rounds to 0.
 bool isTankSizeMissing(std::string_view tankText);
 
 /// Whether the typed plate counts as not given: nothing but spaces.

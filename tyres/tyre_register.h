@@ -34,8 +34,8 @@ struct NewTyreSet {
 /// The tyre register as one screen works with it: Gumik.dat in the program folder, and one record buffer.
 ///
 /// Every set that is read or written stays in the buffer, a listing's last one too, and a set recorded
-/// without a season takes the buffer's: this system's convention. Every operation opens the file,
-/// finishes with it and closes it; beside what each says, it throws the failures of the record files.
+/// without a season takes the buffer's, which nobody chose. Every operation opens the file, finishes with it
+/// and closes it; beside what each says, it throws the failures of the record files.
 class TyreRegister {
  public:
   TyreRegister(core::FileSystem& files, const core::DataFolders& folders)
@@ -77,10 +77,10 @@ class TyreRegister {
 /// Reads all sets; throws as core::loadRecords does.
 TyreSets loadTyreSets(core::FileSystem& files, const core::DataFolders& folders);
 
-/// Adds a distance in km to the first set that is on the vehicle's car, and only to that one: this system's
-/// convention when several are marked. The sum is rounded, halves to even. A missing file is
-/// created; without such a set, and for a distance of 0, nothing is written. Throws Failure(OutOfRange) when
-/// the sum leaves 32 bits.
+/// Adds a distance in km to the first set that is on the vehicle's car, and only to that one: others marked
+/// as fitted keep their kilometres. The sum is rounded, halves to even. A missing file is created; without
+/// such a set, and for a distance of 0, nothing is written. Throws Failure(OutOfRange) when the sum leaves 32
+/// bits.
 void addDistance(core::FileSystem& files, const core::DataFolders& folders, std::string_view plate,
                  const core::Ratio& distance);
 

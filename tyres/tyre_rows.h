@@ -22,7 +22,7 @@ struct TyreRow {
   friend bool operator==(const TyreRow&, const TyreRow&) = default;
 };
 
-/// "Téli", "Nyári", " 4 évszak" (the leading space is established), or nothing for an unknown season.
+/// "Téli", "Nyári", " 4 évszak" (the leading space sorts it first), or nothing for an unknown season.
 std::string seasonText(std::int16_t season);
 
 /// What is left of a set's distance: "75%-os", negative past the maximum. A whole hundredth of the

@@ -14,8 +14,8 @@ inline constexpr std::int16_t kWinter = 0;
 inline constexpr std::int16_t kSummer = 1;
 inline constexpr std::int16_t kAllSeason = 2;
 
-/// The value of TyreSet::onCar for a fitted set. It is a check box's value as this system's convention,
-/// not the flag that other records use.
+/// The value of TyreSet::onCar for a fitted set. It is a check box's value, not the flag that other records
+/// use.
 inline constexpr std::int16_t kFitted = 1;
 inline constexpr std::int16_t kNotFitted = 0;
 

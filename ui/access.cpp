@@ -58,8 +58,8 @@ class ArrowsCheck : public QObject {
   QRadioButton* option_;
 };
 
-// Gives the focus back that the menu took, when a screen that the menu opened closes: the toolkit does so only
-// where the window of the menu stayed the active one.
+// Gives the focus back that the menu took, when a screen that the menu opened closes: the toolkit does so
+// only where the window of the menu stayed the active one.
 class MenuGivesBack : public QObject {
  public:
   explicit MenuGivesBack(QMenuBar* menu) : QObject(menu), menu_(menu) {

@@ -9,7 +9,7 @@
 
 namespace tarvik::ui {
 
-/// What the screens share for the whole run, as this system's convention: numbers that outlive a screen.
+/// What the screens share for the whole run: numbers that outlive a screen.
 struct ProgramState {
   std::int16_t reminderState = 0;     ///< 1 = reminders on, 0 = off
   std::int16_t selectedReminder = 0;  ///< record number of the reminder selected last, 0 = none

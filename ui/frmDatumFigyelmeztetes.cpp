@@ -59,7 +59,8 @@ void frmDatumFigyelmeztetes::deleteChosen() {
   carryOut(this, {.done = QStringLiteral("A figyelmeztetés törölve van."),
                   .make =
                       [&] {
-                        reminders::deleteDateReminder(context_.files, context_.folders, listed_.seen(selected_));
+                        reminders::deleteDateReminder(context_.files, context_.folders,
+                                                      listed_.seen(selected_));
                         isDeleted = true;
                       },
                   .forget = [this] { selected_ = 0; },

@@ -146,8 +146,9 @@ QString consequenceOf(FailureKind kind, const Consequence& consequence) {
 }  // namespace
 
 QString failureText(const core::Failure& failure, const Consequence& consequence) {
-  QString text = isBlankPlate(failure) ? QStringLiteral("Nincs kitöltve a mező: Rendszám")
-                                       : headline(failure.kind()).replace(QLatin1String("%1"), subject(failure));
+  QString text = isBlankPlate(failure)
+                     ? QStringLiteral("Nincs kitöltve a mező: Rendszám")
+                     : headline(failure.kind()).replace(QLatin1String("%1"), subject(failure));
   if (failure.systemError() != 0) text += QStringLiteral("\n(%1)").arg(systemWords(failure.systemError()));
   return text + QStringLiteral("\n\n") + consequenceOf(failure.kind(), consequence);
 }

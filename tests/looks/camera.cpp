@@ -14,16 +14,34 @@ namespace tarvik::looks {
 namespace {
 
 constexpr int kLimitMilliseconds = 60'000;
+// What a window draws for itself may differ by a blinking cursor and by the icon of a button.
+constexpr double kDifferingShare = 0.003;
+constexpr double kIcon = 20 * 20;
 
 [[noreturn]] void fail(const QString& why) {
   qFatal("%s", qPrintable(why));
 }
 
 QImage photograph(QWidget& window) {
-  return window.screen()->grabWindow(window.winId()).toImage();
+  return window.screen()->grabWindow(window.winId()).toImage().convertToFormat(QImage::Format_RGB32);
 }
 
-// Two pictures in a row that are equal: nothing moves any more.
+// Whether the display has got what the window draws, and nothing of another window stands over it any more.
+bool shows(const QImage& display, QWidget& window) {
+  const QImage drawn = window.grab().toImage().convertToFormat(QImage::Format_RGB32);
+  if (display.size() != drawn.size()) return false;
+  qint64 differing = 0;
+  for (int y = 0; y < drawn.height(); ++y) {
+    const auto* here = reinterpret_cast<const QRgb*>(display.constScanLine(y));
+    const auto* there = reinterpret_cast<const QRgb*>(drawn.constScanLine(y));
+    for (int x = 0; x < drawn.width(); ++x) differing += here[x] == there[x] ? 0 : 1;
+  }
+  const double scale = window.devicePixelRatio();
+  return static_cast<double>(differing) <=
+         kDifferingShare * drawn.width() * drawn.height() + kIcon * scale * scale;
+}
+
+// Two pictures in a row that are equal and show the window: nothing moves any more.
 QImage atRest(QWidget& window) {
   QElapsedTimer clock;
   clock.start();
@@ -32,7 +50,7 @@ QImage atRest(QWidget& window) {
     QApplication::processEvents();
     QApplication::processEvents();
     const QImage now = photograph(window);
-    if (now == before) return now;
+    if (now == before && shows(now, window)) return now;
     before = now;
   }
   fail(window.windowTitle() + QStringLiteral(" does not come to rest"));

@@ -14,9 +14,10 @@ constexpr int kSameShade = 48;
 constexpr double kDifferingShare = 0.001;
 
 QSet<QString> picturesIn(const QString& folder) {
+  const QDir whole(QDir(folder).absolutePath());
   QSet<QString> names;
-  QDirIterator files(folder, {QStringLiteral("*.png")}, QDir::Files, QDirIterator::Subdirectories);
-  while (files.hasNext()) names.insert(QDir(folder).relativeFilePath(files.next()));
+  QDirIterator files(whole.path(), {QStringLiteral("*.png")}, QDir::Files, QDirIterator::Subdirectories);
+  while (files.hasNext()) names.insert(whole.relativeFilePath(files.next()));
   return names;
 }
 

@@ -285,10 +285,10 @@ std::vector<Operation> repairOperations(int count) {
 
 std::vector<Operation> operations(int count) {
   std::vector<Operation> all;
-  for (auto group : {logbookOperations(count), lookupOperations(settings::kPartNames, "PartName", count),
-                     lookupOperations(settings::kNotes, "Note", count), settingsOperations(count),
-                     reminderOperations(count), tyreOperations(count), repairOperations(count),
-                     importOperations()})
+  for (auto group :
+       {logbookOperations(count), lookupOperations(settings::kPartNames, "PartName", count),
+        lookupOperations(settings::kNotes, "Note", count), settingsOperations(count),
+        reminderOperations(count), tyreOperations(count), repairOperations(count), importOperations()})
     std::ranges::move(group, std::back_inserter(all));
   return all;
 }

@@ -57,9 +57,10 @@ class GuardedTest : public QObject {
   }
 
   void aRecordThatChangedMeanwhileIsToBeChosenAgain() {
-    QCOMPARE(ui::failureText(Failure(FailureKind::RecordChanged).file("/a/b.dat")),
-             QString("Az adatok közben máshol megváltoztak:\n/a/b.dat\n\nA művelet elmaradt. Nézd meg a listát, "
-                     "és válaszd ki újra a tételt!"));
+    QCOMPARE(
+        ui::failureText(Failure(FailureKind::RecordChanged).file("/a/b.dat")),
+        QString("Az adatok közben máshol megváltoztak:\n/a/b.dat\n\nA művelet elmaradt. Nézd meg a listát, "
+                "és válaszd ki újra a tételt!"));
   }
 
   void theSystemsErrorIsSaidInHungarian() {
@@ -67,7 +68,8 @@ class GuardedTest : public QObject {
              QString("A fájl nem írható (talán megtelt a lemez):\n/a\n(nincs több hely a lemezen)\n\n"
                      "Semmi sem változott."));
     for (const int error : {ESTALE, ESPIPE, ENXIO, ENOLCK, ENOSYS, ENOMEM, EEXIST, EAGAIN})
-      QVERIFY(!ui::failureText(Failure(FailureKind::OpenFailed).file("/a").systemError(error)).contains("rendszerhiba"));
+      QVERIFY(!ui::failureText(Failure(FailureKind::OpenFailed).file("/a").systemError(error))
+                   .contains("rendszerhiba"));
     QVERIFY(ui::failureText(Failure(FailureKind::OpenFailed).file("/a").systemError(99999))
                 .contains("(99999. számú rendszerhiba)"));
   }
