@@ -8,6 +8,6 @@ def press(*keys):
     subprocess.run(["xdotool", "key", "--clearmodifiers", *keys], check=True)
 
 
-def type_text(text):
-    """Types a text."""
-    subprocess.run(["xdotool", "type", "--clearmodifiers", "--delay", "5", text], check=True)
+def type_text(text, milliseconds=5):
+    """Types a text, with a pause after each key."""
+    subprocess.run(["xdotool", "type", "--clearmodifiers", "--delay", str(milliseconds), text], check=True)

@@ -13,6 +13,9 @@ class Photo:
         self._pixels = data[header_size + 12 * colours:]  # blue, green, red and nothing for each pixel
         self._bytes_per_row = bytes_per_row
 
+    def __eq__(self, other):
+        return isinstance(other, Photo) and self._pixels == other._pixels
+
     def _row(self, y, left, right):
         start = y * self._bytes_per_row
         stretch = self._pixels[start + 4 * left:start + 4 * right]

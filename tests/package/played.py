@@ -1,6 +1,7 @@
 """One round of work on two programs: led on the Linux one by the names of its parts, followed on another key by key."""
 
 import pathlib
+import re
 import subprocess
 import time
 
@@ -10,6 +11,9 @@ from desktop import Desktop
 
 MOST_TABS = 60
 REOPEN_SECONDS = 3
+REST_SECONDS = 0.3
+PAUSE_MILLISECONDS = 40
+PLAIN_KEYS = "[a-zéáűőúöüó0-9,.-]"
 
 
 def _active_title():
@@ -23,23 +27,45 @@ def _wait_active(title, limit=60):
     wait_for(lambda: _active_title().startswith(title), f"the keys to go to {title!r}", limit)
 
 
-class Hands:
-    """What both do: keys, pictures, waiting for a window."""
+def _wait_rest():
+    """Waits until the picture has stayed as it is for a while, which is shorter than a caret's blink."""
+    seen = Desktop.get().photo()
+    since = time.monotonic()
 
-    def __init__(self, folder, pictures):
+    def rests():
+        nonlocal seen, since
+        now = Desktop.get().photo()
+        if now != seen:
+            seen, since = now, time.monotonic()
+        return time.monotonic() - since > REST_SECONDS
+    wait_for(rests, "the picture to come to rest")
+
+
+class Hands:
+    """What both do: keys, pictures, waiting for a window. `root` is how the program calls the folder /."""
+
+    def __init__(self, folder, pictures, root="/"):
         self.folder = pathlib.Path(folder)
         self._pictures = pictures
+        self._root = root
 
     def do_press(self, *keys):
         keyboard.press(*keys)
 
     def do_type(self, text):
-        keyboard.type_text(text)
+        keyboard.type_text(text, PAUSE_MILLISECONDS)
+
+    def do_type_path(self, file):
+        self.do_type(self._root + str(self.folder / file).lstrip("/"))
 
     def do_window(self, title):
         _wait_active(title)
 
+    def do_made(self, file):
+        wait_for((self.folder / file).exists, f"the file {file}")
+
     def do_picture(self, name):
+        _wait_rest()
         Desktop.get().photograph(f"{self._pictures}-{name}.png")
 
     def bytes_of(self, file):
@@ -56,8 +82,8 @@ class Leader(Hands):
         self.notes = []
 
     def __getattr__(self, name):
-        """press, type, window, picture: done and noted."""
-        if name not in ("press", "type", "window", "picture"):
+        """press, type and the like: done and noted."""
+        if name not in ("press", "type", "type_path", "window", "picture", "made"):
             raise AttributeError(name)
 
         def step(*arguments):
@@ -94,17 +120,34 @@ class Leader(Hands):
         self.press("ctrl+a")
         self.type(text)
 
-    def answer(self, key, title, file):
-        """Answers a question with a key; the file then changes."""
+    def save(self, key, file):
+        """Presses the key after which the file changes."""
         before = self.bytes_of(file)
-        self.window(title)
         self.press(key)
         wait_for(lambda: self.bytes_of(file) != before, f"a change of {file}")
+        self._program.windows()  # answered when the program is done with it
         self.notes.append(("saved", (file, self.bytes_of(file))))
+
+    def answer(self, key, title, file):
+        """Answers a question with a key; the file then changes."""
+        self.window(title)
+        self.save(key, file)
 
 
 class Follower(Hands):
     """Repeats noted steps on whatever program has the display."""
+
+    def do_type(self, text):
+        """A modifier's key counts when the program comes to a letter, not when that was typed: those with one
+        are typed apart."""
+        for run in re.findall(PLAIN_KEYS + "+|.", text):
+            super().do_type(run)
+            _wait_rest()
+
+    def do_window(self, title):
+        """A window may have come to the front before its program hears the keys."""
+        super().do_window(title)
+        _wait_rest()
 
     def do_saved(self, file, contents):
         wait_for(lambda: self.bytes_of(file) == contents, f"{file} to become what the other program wrote", 60)
