@@ -25,7 +25,7 @@ class StandingClock final : public core::Clock {
 };
 
 /// A printer that takes everything at once.
-class QuickPrinter final : public ui::PrintSystem {
+class QuickPrinter final : public ui::PdfPrintSystem {
  public:
   QString printer() override { return QStringLiteral("printer"); }
   QString send(const QString&, const QString&, const QString&) override { return {}; }
