@@ -94,6 +94,7 @@ class frmTarvik : public QMainWindow {
   void applyFilter();
   void relistInPlace();
   bool changeLogbook(const QString& done, const std::function<void()>& make);
+  void keepDistancesWhole();
   void showCues();
   void markNewest();
   void showTotals();

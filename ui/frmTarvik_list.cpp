@@ -44,6 +44,7 @@ void frmTarvik::beolvas() {
   core::Listing listing{core::loadLogbook(context_.files, context_.folders, listedPlate_), {}};
   listing.numbers = core::listedEntries(listing.logbook, {listMode_, toLogic(ui_->DTPSzürö->date())});
   listing_->setListing(std::move(listing));
+  keepDistancesWhole();
   shown_ = {.plate = plate().trimmed(),
             .mode = listMode_,
             .day = toLogic(ui_->DTPSzürö->date()),
@@ -56,6 +57,17 @@ void frmTarvik::beolvas() {
     throw;
   }
   showTotals();
+}
+
+// A slip of one digit in a reading gives a distance longer than any drive: it is seen with all its digits.
+void frmTarvik::keepDistancesWhole() {
+  const core::Listing& listing = listing_->listing();
+  std::string longest;
+  for (int row = 0; row < listing.rows(); ++row) {
+    std::string distance = listing.cell(row, core::kKmColumn);
+    if (distance.size() > longest.size()) longest = std::move(distance);
+  }
+  keepWhole(*ui_->ListView1, core::kKmColumn, toQt(longest));
 }
 
 void frmTarvik::showCues() {

@@ -28,6 +28,7 @@ constexpr const char* kLongest = "longest";
 constexpr int kHalfLight = 128;
 constexpr double kHeadline = 1.35;
 constexpr float kHintStrength = 0.6F;
+constexpr double kUnusedStrength = 0.55;
 // The accents of capital letters reach a pixel over the line in some fonts.
 constexpr int kAccent = 1;
 
@@ -118,6 +119,11 @@ void LookStyle::polish(QPalette& palette) {
     hint.setAlphaF(kHintStrength);
     palette.setColor(group, QPalette::PlaceholderText, hint);
   }
+  // What cannot be used now is quieter, and can be read all the same.
+  const QColor unused =
+      between(palette.color(QPalette::Window), palette.color(QPalette::WindowText), kUnusedStrength);
+  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    palette.setColor(QPalette::Disabled, role, unused);
 }
 
 int LookStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {

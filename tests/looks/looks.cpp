@@ -48,7 +48,9 @@ void dressAs(const QString& kind) {
   static const QPalette light = QApplication::style()->standardPalette();
   const int points = kind.section(QLatin1Char('-'), 0, 0).toInt();
   QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), points > 0 ? points : 9));
-  QApplication::setPalette(kind.endsWith(QStringLiteral("dark")) ? darkPalette() : light);
+  QPalette palette = kind.endsWith(QStringLiteral("dark")) ? darkPalette() : light;
+  QApplication::style()->polish(palette);  // as the desktop's own palette is
+  QApplication::setPalette(palette);
 }
 
 }  // namespace

@@ -36,6 +36,9 @@ void* operator new(std::size_t size) {
 void* operator new[](std::size_t size) {
   return allocated(size);
 }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return isRefused() ? nullptr : std::malloc(size == 0 ? 1 : size);
+}
 void operator delete(void* memory) noexcept {
   std::free(memory);
 }

@@ -1,6 +1,7 @@
 #include <QAbstractItemModelTester>
 #include <QAccessible>
 #include <QCloseEvent>
+#include <QHeaderView>
 #include <filesystem>
 
 #include "tests/ui/main_screen.h"
@@ -47,6 +48,18 @@ class FrmTarvikListTest : public QObject {
     const std::vector<std::string> made{"alkatr.dat", "figyDatum.dat", "megjegyz.dat", "rendsz.dat",
                                         "set.dat"};
     QVERIFY(main.folder.names() == made);
+  }
+
+  void aDistanceAfterASlipIsSeenWithAllItsDigits() {
+    MainScreen main;
+    main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 214'859, 405'000, true, 16'200),
+                                 fuelling({2024, 1, 11}, 21'576, 300'000, true, 12'000)});
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    const QModelIndex distance = main.list()->model()->index(1, core::kKmColumn);
+    QCOMPARE(distance.data().toString(), QString("-193283"));
+    const int needed = main.list()->fontMetrics().horizontalAdvance("-193283");
+    QVERIFY(main.list()->header()->sectionSize(core::kKmColumn) > needed);
   }
 
   void filesFollowTheirOwnFolders() {

@@ -108,4 +108,12 @@ ListDelegate* layOutList(QTreeView& view, const QStringList& longest) {
   return delegate;
 }
 
+void keepWhole(QTreeView& view, int column, const QString& text) {
+  const int width = view.header()->sectionSize(column);
+  const int more = view.fontMetrics().horizontalAdvance(text) + 2 * gridStep() - width;
+  if (more <= 0) return;
+  view.header()->resizeSection(column, width + more);
+  view.setMinimumWidth(view.minimumWidth() + more);
+}
+
 }  // namespace tarvik::ui

@@ -35,4 +35,7 @@ class ListDelegate : public QStyledItemDelegate {
 /// rows. Returns the delegate, which belongs to the view.
 ListDelegate* layOutList(QTreeView& view, const QStringList& longest);
 
+/// Makes room for a text that is longer than its column was laid out for; the list asks for that much more.
+void keepWhole(QTreeView& view, int column, const QString& text);
+
 }  // namespace tarvik::ui
