@@ -53,6 +53,19 @@ std::vector<std::uint16_t> listedEntries(const Logbook& logbook, const ListFilte
   return numbers;
 }
 
+// The readings alone are decoded: the list asks at every listing.
+std::string longestDistance(const Listing& listing) {
+  std::string longest;
+  std::int32_t previous = 0;
+  for (const std::uint16_t number : listing.numbers) {
+    const std::int32_t km = NapiAdat::decodeKmOra(listing.logbook.bytes(number));
+    std::string distance = distanceText(previous, km);
+    if (distance.size() > longest.size()) longest = std::move(distance);
+    previous = km;
+  }
+  return longest;
+}
+
 std::string literText(const NapiAdat& entry) {
   return formatted(entry.TankoltLiter.ratio(), "##.00");
 }

@@ -51,6 +51,9 @@ struct Listing {
   std::string cell(int row, int column) const;
 };
 
+/// The longest text of the distance column, the first of several; empty without rows.
+std::string longestDistance(const Listing& listing);
+
 /// A row's litres as the list shows them, "##.00".
 std::string literText(const NapiAdat& entry);
 

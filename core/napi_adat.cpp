@@ -43,6 +43,10 @@ double NapiAdat::decodeDatum(std::span<const std::byte> bytes) {
   return readDate(bytes, kDatum);
 }
 
+std::int32_t NapiAdat::decodeKmOra(std::span<const std::byte> bytes) {
+  return readInt32(bytes, kKmOra);
+}
+
 void NapiAdat::encode(std::span<std::byte> bytes) const {
   writeInt32(bytes, kKmOra, KmOra);
   writeDate(bytes, kDatum, Datum);

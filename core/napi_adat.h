@@ -35,6 +35,8 @@ struct NapiAdat {
   static NapiAdat decode(std::span<const std::byte> bytes);
   /// Reads the Datum of an entry's 156 bytes alone.
   static double decodeDatum(std::span<const std::byte> bytes);
+  /// Reads the KmOra of an entry's 156 bytes alone.
+  static std::int32_t decodeKmOra(std::span<const std::byte> bytes);
   /// Writes the entry into 156 bytes.
   void encode(std::span<std::byte> bytes) const;
 

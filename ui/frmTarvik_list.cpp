@@ -61,13 +61,7 @@ void frmTarvik::beolvas() {
 
 // A slip of one digit in a reading gives a distance longer than any drive: it is seen with all its digits.
 void frmTarvik::keepDistancesWhole() {
-  const core::Listing& listing = listing_->listing();
-  std::string longest;
-  for (int row = 0; row < listing.rows(); ++row) {
-    std::string distance = listing.cell(row, core::kKmColumn);
-    if (distance.size() > longest.size()) longest = std::move(distance);
-  }
-  keepWhole(*ui_->ListView1, core::kKmColumn, toQt(longest));
+  keepWhole(*ui_->ListView1, core::kKmColumn, toQt(core::longestDistance(listing_->listing())));
 }
 
 void frmTarvik::showCues() {

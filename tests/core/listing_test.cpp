@@ -197,6 +197,13 @@ TEST(ListDistance, BetweenTheFarthestReadingsIsShownWhole) {
   EXPECT_EQ(distances(listingOf({atKm(Limits::min()), atKm(Limits::max())})), (Cells{"0", "4294967295"}));
 }
 
+TEST(LongestDistance, IsTheFirstOfTheLongestTextsOfTheColumn) {
+  EXPECT_EQ(longestDistance(listingOf({atKm(10'000), atKm(10'400), atKm(10'350), atKm(10'800)})), "400");
+  EXPECT_EQ(longestDistance(listingOf({atKm(10'000), atKm(110'400), atKm(10'400)})), "-100000");
+  EXPECT_EQ(longestDistance(listingOf({atKm(0), atKm(110'400)})), "0");
+  EXPECT_EQ(longestDistance(listingOf({})), "");
+}
+
 // Files that nobody wrote.
 
 class ListedFile : public testing::Test {
