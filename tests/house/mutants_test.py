@@ -54,6 +54,8 @@ class Sources(unittest.TestCase):
     def test_neighbouring_arguments_change_places(self):
         self.assertEqual(results("f(a, g(b, c));", "swapped arguments"), ["f(g(b, c), a);", "f(a, g(c, b));"])
         self.assertEqual(results("f(a, a);", "swapped arguments"), [])
+        self.assertEqual(results("std::max(a, b); std::min<int>(a, b);", "swapped arguments"), [])
+        self.assertEqual(results("max(a, b, c);", "swapped arguments"), ["max(b, a, c);", "max(a, c, b);"])
         self.assertEqual(results("void f(int a, const T& b);", "swapped arguments"), [])
 
     def test_texts_get_longer_and_comments_stay(self):

@@ -19,10 +19,11 @@
 // Every screen beside the page that says what it must be, tests/ui/contract/<screen>.txt. A page has a line a
 // control, those that the Tab key reaches in its order:
 //
-//   name kind "caption" label "its label" spoken "its accessible name" tip "its tooltip" ... disabled hidden
-//   tab
+//   name kind "caption" label lbName "its label" spoken "its accessible name" tip "its tooltip" ... disabled
+//   hidden tab
 //
-// What a control does not have is left out; so is an accessible name that is its caption or its label.
+// What a control does not have is left out; so is an accessible name that is its caption or its label. Enter
+// presses a button that says "enter" while the keyboard is on it, and the one that says "default" from anywhere.
 
 using namespace tarvik;
 using namespace tarvik::test;
@@ -97,6 +98,23 @@ QString alignmentOf(const QWidget& part) {
                                          : QString();
 }
 
+// What a part of its kind need not be: its hint while it is empty, its look, its way to be used.
+QStringList habitsOf(const QWidget& part) {
+  QStringList words{quoted("hint", part.property("placeholderText").toString())};
+  const std::pair<const char*, const char*> habits[] = {{"default", "default"},
+                                                        {"autoDefault", "enter"},
+                                                        {"calendarPopup", "calendar"},
+                                                        {"wordWrap", "wraps"},
+                                                        {"alternatingRowColors", "striped"},
+                                                        {"checked", "checked"},
+                                                        {"readOnly", "read-only"}};
+  for (const auto& [property, word] : habits)
+    if (part.property(property).toBool()) words << QLatin1String(word);
+  const auto* field = qobject_cast<const QLineEdit*>(&part);
+  if (field != nullptr && !field->hasFrame()) words << "frameless";
+  return words;
+}
+
 // The toolkit speaks a drop-down's value on Linux and its name elsewhere; its name is what counts.
 QString spokenNameOf(const QWidget& part) {
   if (!part.accessibleName().isEmpty()) return part.accessibleName();
@@ -156,19 +174,27 @@ class Actual {
     }
   }
 
+  // A caption that is unlike others: aligned, greyed out or not shown.
+  static QStringList stateOf(const QLabel& caption) {
+    QStringList words;
+    if (const QString alignment = alignmentOf(caption); !alignment.isEmpty()) words << "label-" + alignment;
+    if (!caption.isEnabledTo(caption.parentWidget())) words << "label-disabled";
+    if (caption.isHidden()) words << "label-hidden";
+    return words;
+  }
+
   QString lineOf(const QWidget& part, const QString& kind) const {
     QStringList words{part.objectName(), kind, quoted({}, captionOf(part)), contentOf(part)};
     QStringList known{asSpoken(captionOf(part)), asSpoken(shownBy(part)), QString()};
     for (const QLabel* label : labels_.value(&part)) {
-      words << quoted("label", label->text()) << quoted("label-tip", label->toolTip());
+      words << quoted("label " + label->objectName(), label->text())
+            << quoted("label-tip", label->toolTip()) << stateOf(*label);
       known << asSpoken(label->text());
     }
     const QString spoken = spokenNameOf(part);
     if (!known.contains(asSpoken(spoken))) words << quoted("spoken", spoken);
     words << quoted("described", part.accessibleDescription()) << quoted("tip", part.toolTip())
-          << alignmentOf(part);
-    if (part.property("checked").toBool()) words << "checked";
-    if (part.property("readOnly").toBool()) words << "read-only";
+          << alignmentOf(part) << habitsOf(part);
     if (!part.isEnabledTo(part.parentWidget())) words << "disabled";
     if (part.isHidden()) words << "hidden";
     if (isTabStop(part)) words << "tab";
