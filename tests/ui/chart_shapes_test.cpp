@@ -142,8 +142,7 @@ class ChartShapesTest : public QObject {
 
   void aFlatAreaIsCutHalfwayBetweenItsPoints() {
     QCOMPARE(drawn(ChartType::Area2D, frameOf(3, 0, 10), {2, 6, 6}),
-             QStringList({"front 1 25,100 25,80 50,60 50,100",
-                          "front 2 50,100 50,60 75,40 100,40 100,100",
+             QStringList({"front 1 25,100 25,80 50,60 50,100", "front 2 50,100 50,60 75,40 100,40 100,100",
                           "front 3 100,100 100,40 125,40 125,100", "marker 1 25,80 4", "marker 2 75,40 4",
                           "marker 3 125,40 4"}));
   }
@@ -202,9 +201,9 @@ class ChartShapesTest : public QObject {
   void theForemostFaceIsHitAndAnEdgeNever() {
     const ChartFrame frame = frameOf(2, 0, 10, {20, -20});
     const QList<ChartFace> bars = chartFaces(ChartType::Bars3D, frame, pointsOf({5, 5}));
-    QCOMPARE(rowAt(bars, {50, 60}), 1);   // its side
-    QCOMPARE(rowAt(bars, {64, 60}), 2);   // the next one's front
-    QCOMPARE(rowAt(bars, {11, 60}), 0);   // before the first
+    QCOMPARE(rowAt(bars, {50, 60}), 1);  // its side
+    QCOMPARE(rowAt(bars, {64, 60}), 2);  // the next one's front
+    QCOMPARE(rowAt(bars, {11, 60}), 0);  // before the first
     const QList<ChartFace> line = chartFaces(ChartType::Line3D, frame, pointsOf({5, 5}));
     QCOMPARE(rowAt(line, {60, 40}), 0);  // the ribbon is of no row
     const QList<ChartFace> area = chartFaces(ChartType::Area2D, frameOf(2, 0, 10), pointsOf({5, 5}));

@@ -94,6 +94,7 @@ class ChooserTest : public QObject {
       QVERIFY(option(chooser, 1)->isChecked());
       QTest::keyClick(chooser.focusWidget(), Qt::Key_Down);
       QVERIFY(option(chooser, 2)->isChecked());
+      QCOMPARE(chooser.focusWidget(), option(chooser, 2));
       QTest::keyClick(chooser.focusWidget(), Qt::Key_Up);
       QVERIFY(option(chooser, 1)->isChecked());
       QTest::keyClick(chooser.focusWidget(), Qt::Key_Return);
