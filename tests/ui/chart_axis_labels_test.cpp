@@ -58,8 +58,7 @@ class ChartAxisLabelsTest : public QObject {
     QVERIFY(fit.turned);
     QCOMPARE(fit.every, 1);
     QCOMPARE(fit.height, turnedHeight);
-    QCOMPARE(fit.leftOverhang,
-             widthOf(same(1).first()) * kDiagonal + metrics().height() / 2 - rowWidth / 2);
+    QCOMPARE(fit.leftOverhang, widthOf(same(1).first()) * kDiagonal + metrics().height() / 2 - rowWidth / 2);
     QVERIFY(!fitLabels(same(9), metrics(), 9 * rowWidth, 5 * turnedHeight - 1).turned);
     QVERIFY(!fitLabels(same(9), metrics(), 9 * (rowWidth - 0.2), 5 * turnedHeight + 1).turned);
   }
@@ -80,9 +79,7 @@ class ChartAxisLabelsTest : public QObject {
     QCOMPARE(everyHowMany(10'008, distance - 0.4), distance);  // 10,007 rows apart: a prime
   }
 
-  void aDistanceBeyondThoseIsTheSmallestThatFits() {
-    QCOMPARE(everyHowMany(10'008, 70.3), 71);
-  }
+  void aDistanceBeyondThoseIsTheSmallestThatFits() { QCOMPARE(everyHowMany(10'008, 70.3), 71); }
 
   void aDistanceNearbyThatEndsOnTheLastRowIsTaken() {
     QCOMPARE(everyHowMany(31, 4.5), 5);  // 30 rows in fives
@@ -126,7 +123,8 @@ class ChartAxisLabelsTest : public QObject {
     const auto places = placeLabels({}, same(2), metrics(), frame, 100);
     QCOMPARE(places.first().outline().boundingRect().left(), 3.0);
     const auto wide = placeLabels({}, same(2), metrics(), frameOf(2, 600), 655);
-    QCOMPARE(wide.last().outline().boundingRect().right(), std::min(652.0, 500 + wide.last().box.width() / 2));
+    QCOMPARE(wide.last().outline().boundingRect().right(),
+             std::min(652.0, 500 + wide.last().box.width() / 2));
     ChartFrame atEnd = frameOf(2, 600);
     atEnd.rows = atEnd.drawn = 200;
     const auto end = placeLabels({.every = 199}, same(200), metrics(), atEnd, 655);

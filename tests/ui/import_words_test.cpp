@@ -77,7 +77,8 @@ class ImportWordsTest : public QObject {
 
  private slots:
   void everyDoubtIsSaidAsThePageSays() {
-    QCOMPARE(said<Doubt>(kDoubts, [](Doubt doubt) { return wordsOf(std::set{doubt}); }), wordsOfThePage("doubt"));
+    QCOMPARE(said<Doubt>(kDoubts, [](Doubt doubt) { return wordsOf(std::set{doubt}); }),
+             wordsOfThePage("doubt"));
     QCOMPARE(wordsOf(std::set{Doubt::OdometerFalls, Doubt::MoreThanTank}),
              QString("a km óra kevesebbet mutat, mint előtte; több liter, mint amennyi a tankba fér"));
     QCOMPARE(wordsOf(std::set<Doubt>()), QString());
@@ -91,7 +92,8 @@ class ImportWordsTest : public QObject {
   }
 
   void everyColumnIsSaidAsThePageSays() {
-    QCOMPARE(said<Meaning>(kColumns, [](Meaning meaning) { return wordsOf(meaning); }), wordsOfThePage("column"));
+    QCOMPARE(said<Meaning>(kColumns, [](Meaning meaning) { return wordsOf(meaning); }),
+             wordsOfThePage("column"));
   }
 
   void everyNoticeIsSaidAsThePageSays() {

@@ -5,8 +5,8 @@
 
 #include "core/listing.h"
 #include "ui/controls/list_hint.h"
-#include "ui/models/text_list_model.h"
 #include "ui/controls/list_view.h"
+#include "ui/models/text_list_model.h"
 
 namespace tarvik::ui {
 namespace {
@@ -62,12 +62,14 @@ class ListCuesTest : public QObject {
 
   void anEmptyListSaysWhyOrWhatToDoFirst() {
     const ShownList none = listOf("", core::kWholeList, 0);
-    QCOMPARE(emptyListText(none, false), QString("Még nincs gépkocsi.\nKezdd a Beállítások menüben: vedd fel a "
-                                                 "rendszámot és a tank méretét!"));
+    QCOMPARE(emptyListText(none, false),
+             QString("Még nincs gépkocsi.\nKezdd a Beállítások menüben: vedd fel a "
+                     "rendszámot és a tank méretét!"));
     QCOMPARE(emptyListText(none, true), QString("Nincs kiválasztva gépkocsi.\nVálassz egy rendszámot!"));
     for (const bool hasVehicles : {true, false})
-      QCOMPARE(emptyListText(listOf("ABC123", core::kWholeList, 0), hasVehicles),
-               QString("ABC123 naplója még üres.\nTöltsd ki a fenti mezőket, és nyomd meg a Rögzítés gombot!"));
+      QCOMPARE(
+          emptyListText(listOf("ABC123", core::kWholeList, 0), hasVehicles),
+          QString("ABC123 naplója még üres.\nTöltsd ki a fenti mezőket, és nyomd meg a Rögzítés gombot!"));
     QCOMPARE(emptyListText(listOf("ABC123", core::kYearList, 0), true),
              QString("ABC123 naplójában nincs bejegyzés erre a szűrésre: 2013. év."));
     QCOMPARE(emptyListText(listOf("ABC123", core::kMonthList, 0), true),

@@ -26,7 +26,9 @@ struct Shown {
     view.show();
     if (!QTest::qWaitForWindowActive(&view)) qFatal("the list did not come to the front");
   }
-  int widthOf(const QString& text) const { return view.fontMetrics().horizontalAdvance(text) + 2 * gridStep(); }
+  int widthOf(const QString& text) const {
+    return view.fontMetrics().horizontalAdvance(text) + 2 * gridStep();
+  }
   QColor paperOf(int row) {
     const QRect place = view.visualRect(model.index(row, 1));
     return view.viewport()->grab().toImage().pixelColor(place.right() - 3, place.center().y());
@@ -93,8 +95,7 @@ class ListViewTest : public QObject {
     QCOMPARE(list.view.columnWidth(0), list.view.viewport()->width() - list.view.columnWidth(1));
     const int head = list.view.header()->sectionSizeHint(0);
     const int bar = list.view.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    QCOMPARE(list.view.minimumWidth(),
-             list.view.columnWidth(1) + head + bar + 2 * list.view.frameWidth());
+    QCOMPARE(list.view.minimumWidth(), list.view.columnWidth(1) + head + bar + 2 * list.view.frameWidth());
     QCOMPARE(list.view.minimumHeight(),
              list.view.header()->sizeHint().height() + 3 * rowHeight() + 2 * list.view.frameWidth());
   }
@@ -144,8 +145,8 @@ class ListViewTest : public QObject {
     list.model.setRows({{{"B", "10"}, "4", true}, {{"A", "9"}, "7", false}});
     const auto inkOf = [&](int row) {
       const QRect place = list.view.visualRect(list.model.index(row, 0));
-      const QImage picture = list.view.viewport()->grab(QRect(place.topLeft(), QSize(place.height(), place.height())))
-                                 .toImage();
+      const QImage picture =
+          list.view.viewport()->grab(QRect(place.topLeft(), QSize(place.height(), place.height()))).toImage();
       QColor darkest = Qt::white;
       for (int x = 0; x < picture.width(); ++x)
         for (int y = 0; y < picture.height(); ++y)
@@ -160,8 +161,8 @@ class ListViewTest : public QObject {
     list.view.setPalette(light);
     list.view.setCurrentIndex(list.model.index(0, 0));
     const QRect place = list.view.visualRect(list.model.index(0, 0));
-    const QImage picture = list.view.viewport()->grab(QRect(place.topLeft(), QSize(place.height(), place.height())))
-                               .toImage();
+    const QImage picture =
+        list.view.viewport()->grab(QRect(place.topLeft(), QSize(place.height(), place.height()))).toImage();
     int yellow = 0;
     for (int x = 0; x < picture.width(); ++x)
       for (int y = 0; y < picture.height(); ++y) yellow += picture.pixelColor(x, y).red() > 120 ? 1 : 0;

@@ -14,7 +14,8 @@ namespace {
 
 using Mode = QAbstractItemModelTester::FailureReportingMode;
 
-// A letter a column, of a row or (-1) of the heads: r for figures, c for what stands in the middle, l for texts.
+// A letter a column, of a row or (-1) of the heads: r for figures, c for what stands in the middle, l for
+// texts.
 QString alignmentsOf(const QAbstractItemModel& model, int row) {
   QString letters;
   for (int column = 0; column < model.columnCount(); ++column) {
@@ -22,10 +23,10 @@ QString alignmentsOf(const QAbstractItemModel& model, int row) {
                                    : model.index(row, column).data(Qt::TextAlignmentRole);
     const auto alignment = value.value<Qt::Alignment>();
     const bool isLevel = alignment.testFlag(Qt::AlignVCenter);
-    letters += !isLevel                                   ? '?'
-               : alignment.testFlag(Qt::AlignRight)       ? 'r'
-               : alignment.testFlag(Qt::AlignHCenter)     ? 'c'
-                                                          : 'l';
+    letters += !isLevel                               ? '?'
+               : alignment.testFlag(Qt::AlignRight)   ? 'r'
+               : alignment.testFlag(Qt::AlignHCenter) ? 'c'
+                                                      : 'l';
   }
   return letters;
 }
@@ -39,7 +40,8 @@ QStringList headsOf(const QAbstractItemModel& model) {
 
 QStringList rowOf(const QAbstractItemModel& model, int row) {
   QStringList cells;
-  for (int column = 0; column < model.columnCount(); ++column) cells << model.index(row, column).data().toString();
+  for (int column = 0; column < model.columnCount(); ++column)
+    cells << model.index(row, column).data().toString();
   return cells;
 }
 
@@ -84,8 +86,10 @@ class ModelsTest : public QObject {
     model.setListing({core::Logbook::of(std::vector{service()}), {1}});
     QCOMPARE(headsOf(model), QStringList({"Dátum", "Km óra", "liter", "Km", "Olaj", "Szürő", "Gyertya",
                                           "Alkatrész", "Megjegyzés", "rec"}));
-    QCOMPARE(alignmentsOf(model, -1), QString("lrrrcccll" "l"));
-    QCOMPARE(alignmentsOf(model, 0), QString("lrrrcccll" "l"));
+    QCOMPARE(alignmentsOf(model, -1), QString("lrrrcccll"
+                                              "l"));
+    QCOMPARE(alignmentsOf(model, 0), QString("lrrrcccll"
+                                             "l"));
     QCOMPARE(rowOf(model, 0)[1], QString("1500"));
     expectNothingElse(model);
     QVERIFY(!model.headerData(-1, Qt::Horizontal).isValid());
@@ -143,14 +147,17 @@ class ModelsTest : public QObject {
     ImportModel model(true);
     const QAbstractItemModelTester tester(&model, Mode::QtTest);
     model.setPlan(plan(), logbook);
-    QCOMPARE(headsOf(model), QStringList({"Dátum", "Km óra", "liter", "Km", "Olaj", "Szürő", "Gyertya", "Alkatrész",
-                                          "Megjegyzés", "Tele", "Költség", "Észrevétel", "Sor"}));
-    QCOMPARE(alignmentsOf(model, -1), QString("lrrrccclll" "rll").replace(9, 1, "c"));
+    QCOMPARE(headsOf(model),
+             QStringList({"Dátum", "Km óra", "liter", "Km", "Olaj", "Szürő", "Gyertya", "Alkatrész",
+                          "Megjegyzés", "Tele", "Költség", "Észrevétel", "Sor"}));
+    QCOMPARE(alignmentsOf(model, -1), QString("lrrrccclll"
+                                              "rll")
+                                          .replace(9, 1, "c"));
     QCOMPARE(alignmentsOf(model, 1), alignmentsOf(model, -1));
-    QCOMPARE(rowOf(model, 0), QStringList({"2024.01.05.", "1000", "40,50", "0", "", "", "", "", "Tankolás", "X",
-                                           "24 300", "", "2"}));
-    QCOMPARE(rowOf(model, 1), QStringList({"2024.01.19.", "1500", "30,00", "500", "X", "", "", "szűrő", "Tankolás",
-                                           "", "19 234", "előtte kimaradt egy tankolás", "3"}));
+    QCOMPARE(rowOf(model, 0), QStringList({"2024.01.05.", "1000", "40,50", "0", "", "", "", "", "Tankolás",
+                                           "X", "24 300", "", "2"}));
+    QCOMPARE(rowOf(model, 1), QStringList({"2024.01.19.", "1500", "30,00", "500", "X", "", "", "szűrő",
+                                           "Tankolás", "", "19 234", "előtte kimaradt egy tankolás", "3"}));
     QCOMPARE(model.index(1, 11).data(Qt::ToolTipRole).toString(), QString("előtte kimaradt egy tankolás"));
     QVERIFY(!model.index(1, 8).data(Qt::ToolTipRole).isValid());
     expectNothingElse(model);
