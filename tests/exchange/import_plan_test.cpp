@@ -155,7 +155,8 @@ TEST(APlan, OfAnOwnFileKeepsTheConsumptionsThatWereRecorded) {
   EXPECT_EQ(plan.entries[0].entry.Fogyasztas.tenThousandths, 76'300);
 }
 
-// Texts that were changed in a spreadsheet: a note of 50 letters and one more, a part that the code page lacks.
+// Texts that were changed in a spreadsheet: a note of 50 letters and one more, a part that the code page
+// lacks.
 TEST(APlan, OfAnOwnFileNoticesTextsThatTheLogbookCannotKeepWhole) {
   NapiAdat entry = fuelling({2024, 1, 5}, 1'000, 400'000, true);
   entry.Alkatresz = core::FixedText<50>("PART");
