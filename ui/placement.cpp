@@ -23,7 +23,6 @@ constexpr int kFrame = 8;
 void settle(QWidget& window) {
   window.ensurePolished();
   for (QWidget* part : window.findChildren<QWidget*>()) {
-    if (part->testAttribute(Qt::WA_WState_Polished)) continue;
     part->ensurePolished();
     part->updateGeometry();
   }
