@@ -88,7 +88,7 @@ void syncFile(FileSystem& files, const OpenFile& file, const std::string& path);
 /// Puts the names of the folder in which a path lies on the disk. Throws Failure(SyncFailed).
 void syncFolderOf(FileSystem& files, const std::string& path);
 
-/// The folder part of a path.
+/// The folder part of a path; that of a drive's root keeps its slash.
 std::string folderOf(const std::string& path);
 
 /// The real path behind links. Throws Failure(OpenFailed).

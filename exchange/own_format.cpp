@@ -33,6 +33,9 @@ constexpr std::array<std::string_view, 14> kHeads = {"Dátum",
                                                      "Megjegyzés költsége (Ft)",
                                                      "Fogyasztás (liter/100 km)"};
 
+constexpr std::size_t kPartColumn = 9;
+constexpr std::size_t kNoteColumn = 11;
+
 constexpr std::string_view kYes = "igen";
 constexpr std::string_view kNo = "nem";
 
@@ -206,6 +209,11 @@ std::string csvOf(const core::Listing& listing) {
 
 bool areOwnHeads(const std::vector<std::string>& heads) {
   return std::ranges::equal(heads, kHeads);
+}
+
+OwnTexts ownTexts(const CsvRow& row) {
+  return {.part = restored(std::string(row.cell(kPartColumn))),
+          .note = restored(std::string(row.cell(kNoteColumn)))};
 }
 
 std::optional<NapiAdat> ownEntry(const CsvRow& row, std::size_t& column) {

@@ -43,4 +43,11 @@ bool areOwnHeads(const std::vector<std::string>& heads);
 /// csvOf writes it, and column tells which then.
 std::optional<core::NapiAdat> ownEntry(const CsvRow& row, std::size_t& column);
 
+/// The texts of such a row whole, as somebody may have changed them: the entry keeps what fits its fields.
+struct OwnTexts {
+  std::string part;
+  std::string note;
+};
+OwnTexts ownTexts(const CsvRow& row);
+
 }  // namespace tarvik::exchange

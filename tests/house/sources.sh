@@ -89,11 +89,21 @@ wrong_guards() {
   done || true
 }
 
+# The names that Windows' errors get are numbers of their own there, and each has its words on the screen.
+wrong_errors() {
+  local error
+  [ -f core/windows_errors.cpp ] || return 0
+  grep -oE 'return E[A-Z0-9]+' core/windows_errors.cpp | cut -d ' ' -f 2 | sort -u | while read -r error; do
+    grep -q "{$error, \"" ui/guarded.cpp || echo "core/windows_errors.cpp: $error has no words in ui/guarded.cpp"
+  done
+}
+
 case "$rule" in
   arrows) found=$(wrong_arrows) ;;
   system-headers) found=$(wrong_system_headers) ;;
   rooms) found=$(wrong_rooms) ;;
   guards) found=$(wrong_guards) ;;
+  errors) found=$(wrong_errors) ;;
   *) echo "no such rule: $rule" >&2; exit 2 ;;
 esac
 [ -z "$found" ] || { printf 'Against the rule "%s":\n%s\n' "$rule" "$found"; exit 1; }
