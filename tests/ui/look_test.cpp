@@ -5,13 +5,16 @@
 #include <QHeaderView>
 #include <QMenuBar>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QStyleOptionFrame>
 #include <QTabWidget>
 
 #include "core/record_list.h"
 #include "reminders/km_reminders.h"
 #include "tests/ui/main_screen.h"
+#include "tests/ui/next_dialog.h"
 #include "tests/ui/support.h"
+#include "ui/controls/fitting_area.h"
 #include "ui/controls/list_delegate.h"
 #include "ui/figy.h"
 #include "ui/frmDatumFigyelmeztetes.h"
@@ -272,6 +275,25 @@ class LookTest : public QObject {
     check(dateAlert);
     ui::frmMelyGrafikon chooser(desk.context, {}, nullptr);
     check(chooser);
+  }
+
+  void aChartOnALowDisplayLeavesTheWindowWhole() {
+    QFont font = QApplication::font();
+    font.setPointSizeF(10);
+    QApplication::setFont(font);
+    EveryScreen desk;
+    desk.open();
+    test::onNextDialog<ui::frmMelyGrafikon>([](ui::frmMelyGrafikon& chooser) {
+      for (const char* button : {"Option1", "cmdMegjelenit"})
+        chooser.findChild<QAbstractButton*>(QString::fromUtf8(button))->click();
+    });
+    desk.press("cmdGrafikon");
+    QTest::qWait(0);
+    QVERIFY(desk.find<QWidget>("MSChart1")->isVisible());
+    const auto* contents = desk.screen->findChild<ui::FittingArea*>();
+    QVERIFY(!contents->verticalScrollBar()->isVisible());
+    QVERIFY(!contents->horizontalScrollBar()->isVisible());
+    check(*desk.screen);
   }
 
   void resultsAreNoTabStopsAndHaveNoNameInPlaceOfTheirText() {

@@ -20,6 +20,9 @@ namespace {
 
 constexpr int kWishedWidth = 700;
 constexpr int kWishedPlot = 220;
+// On a display of 768 pixels it gives way rather than the results under it.
+constexpr int kLeastWidth = 320;
+constexpr int kLeastHeight = 150;
 
 }  // namespace
 
@@ -141,7 +144,7 @@ QSize ChartView::sizeHint() const {
 }
 
 QSize ChartView::minimumSizeHint() const {
-  return {320, 200};
+  return {kLeastWidth, kLeastHeight};
 }
 
 bool ChartView::event(QEvent* event) {
