@@ -9,7 +9,7 @@ namespace tarvik::core {
 
 /// Where the data lie. The two folders are the same when the program is started from its own folder; they are
 /// kept apart all the same: files of the first kind follow the program, files of the second the folder it was
-/// started in. Paths are UTF-8 without a final slash.
+/// started in. Paths are UTF-8 without a final slash, a root aside.
 struct DataFolders {
   std::string program;  ///< the folder of the executable: vehicle folders, Gumik.dat, Szerviz.dat
   std::string current;  ///< the current folder: rendsz, alkatr, megjegyz, set, figyel, figyDatum

@@ -183,8 +183,8 @@ void syncFolderOf(FileSystem& files, const std::string& path) {
 std::string folderOf(const std::string& path) {
   const auto slash = path.rfind('/');
   if (slash == std::string::npos) return ".";
-  if (slash == 0) return "/";
-  return path.substr(0, slash);
+  const bool isRoot = slash == 0 || path[slash - 1] == ':';  // Windows' "E:" is the folder last used there
+  return path.substr(0, isRoot ? slash + 1 : slash);
 }
 
 std::string resolved(FileSystem& files, const std::string& path) {

@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "core/file_system.h"
-#include "core/record_list.h"
 
 namespace tarvik::core {
 
@@ -88,7 +87,7 @@ void syncFile(FileSystem& files, const OpenFile& file, const std::string& path);
 /// Puts the names of the folder in which a path lies on the disk. Throws Failure(SyncFailed).
 void syncFolderOf(FileSystem& files, const std::string& path);
 
-/// The folder part of a path.
+/// The folder part of a path; that of a drive's root keeps its slash.
 std::string folderOf(const std::string& path);
 
 /// The real path behind links. Throws Failure(OpenFailed).

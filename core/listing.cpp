@@ -1,6 +1,8 @@
 #include "core/listing.h"
 
+#include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "core/number_format.h"
 
@@ -34,9 +36,8 @@ std::string flagText(std::int16_t flag) {
   return flag == kFlagSet ? "X" : "";
 }
 
-std::string distanceText(std::int32_t previousKm, std::int32_t km) {
-  if (previousKm == 0) return "0";
-  return std::to_string(std::int64_t{km} - previousKm);
+std::int64_t distance(std::int32_t previousKm, std::int32_t km) {
+  return previousKm == 0 ? 0 : std::int64_t{km} - previousKm;
 }
 
 }  // namespace
@@ -53,15 +54,21 @@ std::vector<std::uint16_t> listedEntries(const Logbook& logbook, const ListFilte
   return numbers;
 }
 
-// The readings alone are decoded: the list asks at every listing.
+// The list asks at every listing: the readings alone are decoded, and no distance between two that were met
+// has a longer text than both.
 std::string longestDistance(const Listing& listing) {
   std::string longest;
+  std::int64_t least = 1;
+  std::int64_t most = -1;
   std::int32_t previous = 0;
   for (const std::uint16_t number : listing.numbers) {
     const std::int32_t km = NapiAdat::decodeKmOra(listing.logbook.bytes(number));
-    std::string distance = distanceText(previous, km);
-    if (distance.size() > longest.size()) longest = std::move(distance);
-    previous = km;
+    const std::int64_t run = distance(std::exchange(previous, km), km);
+    if (run >= least && run <= most) continue;
+    least = std::min(least, run);
+    most = std::max(most, run);
+    std::string text = std::to_string(run);
+    if (text.size() > longest.size()) longest = std::move(text);
   }
   return longest;
 }
@@ -80,7 +87,7 @@ std::string Listing::cell(int row, int column) const {
     case kLiterColumn:
       return literText(shown);
     case kKmColumn:
-      return distanceText(row == 0 ? 0 : entry(row - 1).KmOra, shown.KmOra);
+      return std::to_string(distance(row == 0 ? 0 : entry(row - 1).KmOra, shown.KmOra));
     case kOlajColumn:
       return flagText(shown.Olajcsere);
     case kSzuroColumn:

@@ -7,7 +7,9 @@
 namespace tarvik::core {
 namespace {
 
-constexpr unsigned long kDiskQuotaExceeded = 1295;  // the compiler's headers lack its name
+// The compiler's headers lack their names.
+constexpr unsigned long kFileSystemLimitation = 665;
+constexpr unsigned long kDiskQuotaExceeded = 1295;
 
 }  // namespace
 
@@ -68,6 +70,13 @@ int errnoOfWindows(unsigned long error) {
     default:
       return EIO;
   }
+}
+
+// An older Windows and FAT say that a parameter is wrong, exFAT that it is beyond them, other disks the rest.
+bool isUnknownCall(unsigned long error) {
+  return error == ERROR_INVALID_PARAMETER || error == ERROR_NOT_SUPPORTED ||
+         error == ERROR_INVALID_FUNCTION || error == ERROR_CALL_NOT_IMPLEMENTED ||
+         error == ERROR_INVALID_LEVEL || error == kFileSystemLimitation;
 }
 
 }  // namespace tarvik::core

@@ -6,4 +6,8 @@ namespace tarvik::core {
 /// that has no counterpart.
 int errnoOfWindows(unsigned long error);
 
+/// Whether an error of Windows means that this system or this disk does not know a call, not that it refused
+/// what was asked.
+bool isUnknownCall(unsigned long error);
+
 }  // namespace tarvik::core

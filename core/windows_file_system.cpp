@@ -137,13 +137,17 @@ Descriptors& descriptors() {
   return all;
 }
 
-HANDLE openNative(const std::string& path, DWORD access, DWORD creation, DWORD flags) {
-  return CreateFileW(wide(path).c_str(), access, kSharedWithAll, nullptr, creation, flags, nullptr);
+HANDLE openNative(const std::string& path, DWORD access, DWORD share, DWORD creation, DWORD flags) {
+  return CreateFileW(wide(path).c_str(), access, share, nullptr, creation, flags, nullptr);
+}
+
+HANDLE openShared(const std::string& path, DWORD access, DWORD creation, DWORD flags) {
+  return openNative(path, access, kSharedWithAll, creation, flags);
 }
 
 // Opens whatever has the name, a folder too, to be asked about alone.
 HANDLE openToAsk(const std::string& path) {
-  return openNative(path, FILE_READ_ATTRIBUTES, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
+  return openShared(path, FILE_READ_ATTRIBUTES, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
 }
 
 bool isFolder(const std::string& path) {
@@ -223,13 +227,6 @@ bool replacedAtOnce(HANDLE file, const std::string& to) {
                                     static_cast<DWORD>(room.size() * sizeof(std::uint64_t))) != 0;
 }
 
-// Whether the answer means that this system or this disk does not know the call, not that it refused.
-bool isUnknownThere(DWORD error) {
-  return error == ERROR_INVALID_PARAMETER || error == ERROR_NOT_SUPPORTED ||
-         error == ERROR_INVALID_FUNCTION || error == ERROR_CALL_NOT_IMPLEMENTED ||
-         error == ERROR_INVALID_LEVEL;
-}
-
 // The older call replaces no file that is open, not even in the program itself, which keeps the old file
 // locked until the new one has its name. So it is let go of at the last moment.
 void letGoOf(const std::string& path) {
@@ -245,15 +242,26 @@ void letGoOf(const std::string& path) {
   });
 }
 
+// A name that another program holds is refused like a forbidden one; the person is told which it is. What is
+// shared with that program says how it may hold it.
+int failedToReplace(const std::string& path, DWORD share) {
+  failed();
+  if (errno != EACCES) return -1;
+  const Handle file(openNative(path, DELETE, share, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL));
+  if (!file.isOpen() && GetLastError() == ERROR_SHARING_VIOLATION) errno = EWOULDBLOCK;
+  return -1;
+}
+
 int replaceByMove(const std::string& from, const std::string& to) {
+  constexpr DWORD kWithNobody = 0;
   letGoOf(to);
-  return resultOf(
-      MoveFileExW(wide(from).c_str(), wide(to).c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
+  const DWORD how = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+  return MoveFileExW(wide(from).c_str(), wide(to).c_str(), how) ? 0 : failedToReplace(to, kWithNobody);
 }
 
 // What a disk answers that keeps no promise about the names in its folders.
 bool promisesNothing(DWORD error) {
-  return error == ERROR_ACCESS_DENIED || isUnknownThere(error) || error == ERROR_INVALID_HANDLE;
+  return error == ERROR_ACCESS_DENIED || isUnknownCall(error) || error == ERROR_INVALID_HANDLE;
 }
 
 }  // namespace
@@ -265,7 +273,7 @@ MachineFileSystem::MachineFileSystem() {
 
 int MachineFileSystem::open(const std::string& path, OpenMode mode) {
   const Opening opening = openingOf(mode);
-  const HANDLE file = openNative(path, opening.access, opening.creation, FILE_ATTRIBUTE_NORMAL);
+  const HANDLE file = openShared(path, opening.access, opening.creation, FILE_ATTRIBUTE_NORMAL);
   return file == INVALID_HANDLE_VALUE ? failedToOpen(path) : descriptors().add(file);
 }
 
@@ -304,14 +312,18 @@ int MachineFileSystem::truncate(int descriptor, std::int64_t length) {
       SetFileInformationByHandle(descriptors().at(descriptor), FileEndOfFileInfo, &end, sizeof end));
 }
 
-// There is one such bit: whether the file is for reading alone.
+// There is one such bit: whether the file is for reading alone. A time that is left out stays as it is; no
+// attribute at all would mean the same, so that has a name.
 int MachineFileSystem::setMode(int descriptor, std::uint32_t mode) {
-  FILE_BASIC_INFO basic{};
+  FILE_BASIC_INFO known{};
   const HANDLE file = descriptors().at(descriptor);
-  if (!GetFileInformationByHandleEx(file, FileBasicInfo, &basic, sizeof basic)) return failed();
-  basic.FileAttributes &= ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY);
-  if ((mode & kWriteBits) == 0) basic.FileAttributes |= FILE_ATTRIBUTE_READONLY;
-  return resultOf(SetFileInformationByHandle(file, FileBasicInfo, &basic, sizeof basic));
+  if (!GetFileInformationByHandleEx(file, FileBasicInfo, &known, sizeof known)) return failed();
+  const bool isReadOnly = (mode & kWriteBits) == 0;
+  FILE_BASIC_INFO wanted{};
+  wanted.FileAttributes = known.FileAttributes & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY);
+  if (isReadOnly) wanted.FileAttributes |= FILE_ATTRIBUTE_READONLY;
+  if (wanted.FileAttributes == 0) wanted.FileAttributes = FILE_ATTRIBUTE_NORMAL;
+  return resultOf(SetFileInformationByHandle(file, FileBasicInfo, &wanted, sizeof wanted));
 }
 
 // The system has no order of writes to offer short of its promise.
@@ -324,7 +336,7 @@ int MachineFileSystem::sync(int descriptor) {
 }
 
 int MachineFileSystem::syncFolder(const std::string& path) {
-  const Handle folder(openNative(path, GENERIC_WRITE, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS));
+  const Handle folder(openShared(path, GENERIC_WRITE, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS));
   if (folder.isOpen() && FlushFileBuffers(folder.get())) return 0;
   return promisesNothing(GetLastError()) ? 0 : failed();
 }
@@ -332,13 +344,13 @@ int MachineFileSystem::syncFolder(const std::string& path) {
 // Flushing the renamed file takes its new name along where the disk keeps a journal.
 int MachineFileSystem::rename(const std::string& from, const std::string& to) {
   {
-    const Handle file(openNative(from, GENERIC_WRITE | DELETE, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS));
+    const Handle file(openShared(from, GENERIC_WRITE | DELETE, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS));
     if (!file.isOpen()) return failed();
     if (replacedAtOnce(file.get(), to)) {
       FlushFileBuffers(file.get());
       return 0;
     }
-    if (!isUnknownThere(GetLastError())) return failed();
+    if (!isUnknownCall(GetLastError())) return failedToReplace(to, kSharedWithAll);
   }
   return replaceByMove(from, to);
 }

@@ -16,7 +16,7 @@ namespace {
 
 using core::NapiAdat;
 
-constexpr std::size_t kNoteLength = 50;
+constexpr std::size_t kTextLength = 50;
 
 // A row on its way into the plan: its reading is in kilometres, its own or that of the row before it.
 struct Candidate {
@@ -87,12 +87,11 @@ core::EntryInput typedIn(const Candidate& candidate, const Answers& answers) {
   return core::withDefaults(std::move(input));
 }
 
-std::set<Doubt> doubtsOfNote(const std::string& note) {
-  std::set<Doubt> doubts;
-  const std::string stored = core::toCodePage(note);
-  if (stored.size() > kNoteLength) doubts.insert(Doubt::NoteCut);
-  if (core::fromCodePage(stored) != note) doubts.insert(Doubt::LettersLost);
-  return doubts;
+// What the entry does not keep of a text.
+void noticeLoss(const std::string& text, Doubt cut, Doubt lettersLost, std::set<Doubt>& doubts) {
+  const std::string stored = core::toCodePage(text);
+  if (stored.size() > kTextLength) doubts.insert(cut);
+  if (core::fromCodePage(stored) != text) doubts.insert(lettersLost);
 }
 
 PlannedEntry planned(const Candidate& candidate, const Answers& answers) {
@@ -102,9 +101,10 @@ PlannedEntry planned(const Candidate& candidate, const Answers& answers) {
     entry.entry = *row.own;
   } else {
     entry.entry = core::toEntry(typedIn(candidate, answers));
-    entry.doubts = doubtsOfNote(row.note);
     if (!row.odometer) entry.doubts.insert(Doubt::OdometerTaken);
   }
+  noticeLoss(row.note, Doubt::NoteCut, Doubt::LettersLost, entry.doubts);
+  noticeLoss(row.part, Doubt::PartCut, Doubt::PartLettersLost, entry.doubts);
   if (row.isAfterMissed) entry.doubts.insert(Doubt::MissedBefore);
   if (candidate.runsBackwards) entry.doubts.insert(Doubt::DayRunsBackwards);
   return entry;

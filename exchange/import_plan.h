@@ -22,7 +22,9 @@ enum class Doubt {
   NoConsumption,  ///< no distance since the full fill before it: its consumption cannot be told
   OdometerTaken,  ///< the file has no reading: that of the entry before it
   NoteCut,        ///< longer than the logbook keeps
-  LettersLost,    ///< letters that the logbook cannot keep
+  LettersLost,    ///< letters of the note that the logbook cannot keep
+  PartCut,        ///< as NoteCut, of the part's name
+  PartLettersLost,
 };
 
 /// The longest distance between two entries that is not noticed, km.

@@ -71,7 +71,12 @@ void readOwnRows(const LogTable& table, LogFile& file) {
     std::size_t column = 0;
     const auto entry = ownEntry(row, column);
     if (entry) {
-      file.rows.push_back({.line = row.line, .day = *core::dayFromStored(entry->Datum), .own = entry});
+      OwnTexts texts = ownTexts(row);
+      file.rows.push_back({.line = row.line,
+                           .day = *core::dayFromStored(entry->Datum),
+                           .note = std::move(texts.note),
+                           .part = std::move(texts.part),
+                           .own = entry});
     } else {
       file.unread.push_back(
           {row.line, whyUnread(row, column), table.columns[column].head, std::string(row.cell(column))});

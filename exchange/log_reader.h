@@ -24,6 +24,7 @@ struct LogRow {
   bool isFull = false;
   bool isAfterMissed = false;  ///< a fill-up before it is not in the file
   std::string note{};
+  std::string part{};  ///< of a file that this program wrote
   std::string vehicle{};
   std::optional<core::NapiAdat> own{};  ///< the entry itself, of a file that this program wrote
 };

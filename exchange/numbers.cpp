@@ -8,10 +8,6 @@
 namespace tarvik::exchange {
 namespace {
 
-constexpr bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 // The part of a text from its first digit, sign or decimal sign to its last digit or decimal sign. A word
 // with a digit of its own behind the figure ("12 m3") makes it no figure further on.
 std::string_view figurePart(std::string_view text) {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
 
 #include "core/day.h"
 #include "core/failure.h"
@@ -32,6 +31,9 @@ constexpr std::array<std::string_view, 14> kHeads = {"Dátum",
                                                      "Megjegyzés",
                                                      "Megjegyzés költsége (Ft)",
                                                      "Fogyasztás (liter/100 km)"};
+
+constexpr std::size_t kPartColumn = 9;
+constexpr std::size_t kNoteColumn = 11;
 
 constexpr std::string_view kYes = "igen";
 constexpr std::string_view kNo = "nem";
@@ -206,6 +208,11 @@ std::string csvOf(const core::Listing& listing) {
 
 bool areOwnHeads(const std::vector<std::string>& heads) {
   return std::ranges::equal(heads, kHeads);
+}
+
+OwnTexts ownTexts(const CsvRow& row) {
+  return {.part = restored(std::string(row.cell(kPartColumn))),
+          .note = restored(std::string(row.cell(kNoteColumn)))};
 }
 
 std::optional<NapiAdat> ownEntry(const CsvRow& row, std::size_t& column) {

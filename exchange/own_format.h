@@ -2,7 +2,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "core/listing.h"
@@ -42,5 +41,12 @@ bool areOwnHeads(const std::vector<std::string>& heads);
 /// The entry of a row of such a file, field for field, the consumption too; nothing where a cell is not as
 /// csvOf writes it, and column tells which then.
 std::optional<core::NapiAdat> ownEntry(const CsvRow& row, std::size_t& column);
+
+/// The texts of such a row whole, as somebody may have changed them: the entry keeps what fits its fields.
+struct OwnTexts {
+  std::string part;
+  std::string note;
+};
+OwnTexts ownTexts(const CsvRow& row);
 
 }  // namespace tarvik::exchange

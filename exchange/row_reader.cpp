@@ -1,6 +1,7 @@
 #include "exchange/row_reader.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 #include <vector>
@@ -25,8 +26,17 @@ Cells cellsOf(const LogTable& table, Meaning meaning) {
   return cells;
 }
 
+// The sign in volumes that show nothing ("40.123"): it stands before decimals, as no car takes a thousand
+// litres.
+std::optional<DecimalSign> signInVolumes(const LogTable& table) {
+  for (const std::string_view volume : cellsOf(table, Meaning::Volume))
+    if (const std::size_t sign = volume.find_first_of(".,"); sign != std::string_view::npos)
+      return volume[sign] == '.' ? DecimalSign::Point : DecimalSign::Comma;
+  return std::nullopt;
+}
+
 // The decimal sign of each column: what its own figures show, else what all figures of the table show, else
-// what goes with the separator.
+// what stands in the volumes, else what goes with the separator.
 std::vector<DecimalSign> decimalSigns(const LogTable& table, char separator) {
   Cells all;
   for (const Meaning meaning : kFigures) {
@@ -34,7 +44,7 @@ std::vector<DecimalSign> decimalSigns(const LogTable& table, char separator) {
     all.insert(all.end(), cells.begin(), cells.end());
   }
   const DecimalSign usual = separator == ';' ? DecimalSign::Comma : DecimalSign::Point;
-  const DecimalSign shown = shownDecimalSign(all).value_or(usual);
+  const DecimalSign shown = shownDecimalSign(all).value_or(signInVolumes(table).value_or(usual));
   std::vector<DecimalSign> signs;
   for (const ColumnReading& column : table.columns)
     signs.push_back(shownDecimalSign(cellsOf(table, column.meaning)).value_or(shown));

@@ -75,10 +75,6 @@ KmCheck checkKm(core::FileSystem& files, const core::DataFolders& folders, std::
           .firstPassed = firstPassed(loadKmReminders(files, folders), plate, reading)};
 }
 
-std::string alertLine(const FigyelRec& reminder, int record) {
-  return lineOf(reminder, record, kGap);
-}
-
 std::vector<std::string> alertLines(const KmReminders& reminders, std::string_view plate,
                                     std::int32_t reading) {
   return linesWhere(reminders,

@@ -46,12 +46,9 @@ bool isPassedFor(const FigyelRec& reminder, std::string_view plate, std::int32_t
 /// that is there cannot be read and when a due reading leaves 32 bits.
 KmCheck checkKm(core::FileSystem& files, const core::DataFolders& folders, std::string_view plate);
 
-/// A reminder's line on the alert screen: day of recording (10 characters), two spaces, text (40), seven
-/// spaces, record number.
-std::string alertLine(const FigyelRec& reminder, int record);
-
-/// The lines of the vehicle's passed reminders in file order, as the alert screen opens with them. A reminder
-/// whose due reading leaves 32 bits is listed too, with "?" amid the seven spaces.
+/// The lines of the vehicle's passed reminders in file order, as the alert screen opens with them: day of
+/// recording (10 characters), two spaces, text (40), seven spaces, record number. A reminder whose due
+/// reading leaves 32 bits is listed too, with "?" amid the seven spaces.
 std::vector<std::string> alertLines(const KmReminders& reminders, std::string_view plate,
                                     std::int32_t reading);
 

@@ -34,6 +34,10 @@ QString wordsOf(Doubt doubt) {
       return QStringLiteral("a megjegyzés vége elmarad: 50 betű fér el");
     case Doubt::LettersLost:
       return QStringLiteral("a megjegyzés egyes betűi helyén ? áll majd");
+    case Doubt::PartCut:
+      return QStringLiteral("az alkatrész nevének vége elmarad: 50 betű fér el");
+    case Doubt::PartLettersLost:
+      return QStringLiteral("az alkatrész nevének egyes betűi helyén ? áll majd");
   }
   return {};
 }

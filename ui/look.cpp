@@ -5,7 +5,7 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QGroupBox>
-#include <QIcon>
+#include <QImageReader>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
@@ -13,6 +13,7 @@
 #include <QStyleOption>
 #include <algorithm>
 
+#include "ui/late_icon.h"
 #include "ui/look_painting.h"
 
 // The icons lie in a static library, which has to be told to bring them. Outside of every namespace, as the
@@ -62,11 +63,18 @@ QFont headline(const QFont& like) {
   return font;
 }
 
+// The toolkit would load each of its picture formats to find out that a picture is none of them.
+QPixmap ownPicture(const QString& path) {
+  QImageReader reader(path, "png");
+  reader.setAutoDetectImageFormat(false);
+  return QPixmap::fromImageReader(&reader);
+}
+
 QIcon programIcon() {
   bringIcons();
   QIcon icon;
   for (const int size : {16, 24, 32, 48, 64, 128, 256})
-    icon.addFile(QStringLiteral(":/tarvik/icon-%1.png").arg(size), {size, size});
+    icon.addPixmap(ownPicture(QStringLiteral(":/tarvik/icon-%1.png").arg(size)));
   return icon;
 }
 
@@ -74,7 +82,7 @@ QIcon programIcon() {
 
 void dress() {
   QApplication::setStyle(new LookStyle);
-  QApplication::setWindowIcon(programIcon());
+  QApplication::setWindowIcon(lateIcon(programIcon));
 }
 
 int gridStep() {
@@ -124,6 +132,12 @@ void LookStyle::polish(QPalette& palette) {
       between(palette.color(QPalette::Window), palette.color(QPalette::WindowText), kUnusedStrength);
   for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
     palette.setColor(QPalette::Disabled, role, unused);
+}
+
+// Each menu bar has this one, for entries that its window is too narrow for.
+QIcon LookStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
+  if (icon != SP_ToolBarHorizontalExtensionButton) return QProxyStyle::standardIcon(icon, option, widget);
+  return lateIcon([this] { return QProxyStyle::standardIcon(SP_ToolBarHorizontalExtensionButton); });
 }
 
 int LookStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
@@ -281,6 +295,10 @@ void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
     paintCard(*painter, *option);
     return paintTitle(*painter, *option, titleOf(option), titleFont(widget),
                       subControlRect(control, option, SC_GroupBoxLabel, widget));
+  }
+  if (control == CC_ScrollBar) {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    return paintHandle(*painter, *option, subControlRect(control, option, SC_ScrollBarSlider, widget));
   }
   const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
   if (control == CC_ComboBox && combo != nullptr)

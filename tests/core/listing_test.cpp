@@ -204,6 +204,17 @@ TEST(LongestDistance, IsTheFirstOfTheLongestTextsOfTheColumn) {
   EXPECT_EQ(longestDistance(listingOf({})), "");
 }
 
+TEST(LongestDistance, TakesTheSignForALetter) {
+  EXPECT_EQ(longestDistance(listingOf({atKm(10'000), atKm(10'999), atKm(10'001), atKm(10'500)})), "-998");
+  EXPECT_EQ(longestDistance(listingOf({atKm(10'000), atKm(9'995), atKm(10'005)})), "-5");
+  EXPECT_EQ(longestDistance(listingOf({atKm(10'000), atKm(9'991), atKm(10'091)})), "100");
+}
+
+TEST(LongestDistance, IsWholeBetweenTheFarthestReadings) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  EXPECT_EQ(longestDistance(listingOf({atKm(Limits::max()), atKm(Limits::min())})), "-4294967295");
+}
+
 // Files that nobody wrote.
 
 class ListedFile : public testing::Test {

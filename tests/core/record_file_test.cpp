@@ -429,5 +429,17 @@ TEST_F(RecordFileTest, ShortAndInterruptedCallsAreContinued) {
   EXPECT_EQ(text(readRecords(halting, path_, kLength)), "CCCCDDDD");
 }
 
+TEST(FolderOf, IsThePathWithoutItsLastName) {
+  EXPECT_EQ(steps::folderOf("/home/anna/rendsz.dat"), "/home/anna");
+  EXPECT_EQ(steps::folderOf("rendsz.dat"), ".");
+}
+
+// "E:" alone would be the folder that was last used on that drive.
+TEST(FolderOf, KeepsTheSlashOfARoot) {
+  EXPECT_EQ(steps::folderOf("/rendsz.dat"), "/");
+  EXPECT_EQ(steps::folderOf("E:/rendsz.dat"), "E:/");
+  EXPECT_EQ(steps::folderOf("E:/ABC123/napiadat.dat"), "E:/ABC123");
+}
+
 }  // namespace
 }  // namespace tarvik::core

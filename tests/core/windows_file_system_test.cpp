@@ -16,6 +16,7 @@ namespace tarvik::core {
 namespace {
 
 using test::expectFailure;
+using test::expectSystemFailure;
 
 constexpr std::size_t kLength = 4;
 constexpr DWORD kAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
@@ -91,6 +92,19 @@ TEST_F(WindowsFileSystemTest, EveryErrorOfADiskHasItsNumber) {
   EXPECT_EQ(errnoOfWindows(ERROR_CRC), EIO);
 }
 
+// Only where it is unknown the older call is tried; a refusal is told.
+TEST_F(WindowsFileSystemTest, ACallThatADiskDoesNotKnowIsToldFromOneThatItRefuses) {
+  constexpr long kFileSystemLimitation = 665;
+  for (const long unknown : {ERROR_INVALID_PARAMETER, ERROR_NOT_SUPPORTED, ERROR_INVALID_FUNCTION,
+                             ERROR_CALL_NOT_IMPLEMENTED, ERROR_INVALID_LEVEL, kFileSystemLimitation})
+    EXPECT_TRUE(isUnknownCall(static_cast<DWORD>(unknown))) << unknown;
+  for (const long refused :
+       {ERROR_SUCCESS, ERROR_ACCESS_DENIED, ERROR_SHARING_VIOLATION, ERROR_LOCK_VIOLATION,
+        ERROR_USER_MAPPED_FILE, ERROR_DISK_FULL, ERROR_HANDLE_DISK_FULL, ERROR_WRITE_PROTECT, ERROR_NOT_READY,
+        ERROR_CRC, ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND, ERROR_NOT_SAME_DEVICE, ERROR_INVALID_HANDLE})
+    EXPECT_FALSE(isUnknownCall(static_cast<DWORD>(refused))) << refused;
+}
+
 TEST_F(WindowsFileSystemTest, NamesAreKeptLetterByLetter) {
   const std::string path = folder_ / "Őri út – 日本.dat";
   { const OpenFile file = opened(path, OpenMode::CreateNew); }
@@ -133,6 +147,18 @@ TEST_F(WindowsFileSystemTest, AFileForReadingAloneSaysSoAndIsRefused) {
   SetFileAttributesW(std::filesystem::path(path_).c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
+TEST_F(WindowsFileSystemTest, AFileThatMayBeWrittenAgainKeepsItsTimes) {
+  folder_.write("data.dat", "AAAA");
+  const OpenFile file = opened(path_, OpenMode::ReadWrite);
+  const auto written = std::filesystem::last_write_time(path_);
+  ASSERT_EQ(files_.setMode(file.descriptor(), 0444), 0);
+  ASSERT_EQ(files_.setMode(file.descriptor(), 0644), 0);
+  FileStatus status;
+  ASSERT_EQ(files_.status(file.descriptor(), status), 0);
+  EXPECT_EQ(status.mode, 0666U);
+  EXPECT_EQ(std::filesystem::last_write_time(path_), written);
+}
+
 TEST_F(WindowsFileSystemTest, WhatIsOpenHereIsOpenToEveryOtherProgram) {
   folder_.write("data.dat", "AAAA");
   const RecordFile file(files_, path_, kLength);
@@ -159,8 +185,7 @@ TEST_F(WindowsFileSystemTest, AFileThatIsHeldWithoutSharingIsBusyAndUnchanged) {
   {
     const OtherProgram holder(path_, 0);
     ASSERT_TRUE(holder.isOpen());
-    expectFailure(FailureKind::OpenFailed, [&] { rewrite("XXXX"); });
-    EXPECT_EQ(errno, EWOULDBLOCK);
+    expectSystemFailure(FailureKind::OpenFailed, EWOULDBLOCK, [&] { rewrite("XXXX"); });
   }
   EXPECT_EQ(folder_.read("data.dat"), "AAAA");
   EXPECT_EQ(folder_.names(), Names{"data.dat"});
@@ -171,7 +196,7 @@ TEST_F(WindowsFileSystemTest, AFileWhoseDeletionIsNotSharedIsToldAndUnchanged) {
   {
     const OtherProgram holder(path_, FILE_SHARE_READ | FILE_SHARE_WRITE);
     ASSERT_TRUE(holder.isOpen());
-    expectFailure(FailureKind::ReplaceFailed, [&] { rewrite("XXXX"); });
+    expectSystemFailure(FailureKind::ReplaceFailed, EWOULDBLOCK, [&] { rewrite("XXXX"); });
     EXPECT_EQ(holder.read(), "AAAA");
   }
   EXPECT_EQ(folder_.read("data.dat"), "AAAA");
@@ -190,6 +215,7 @@ TEST_F(WindowsFileSystemTest, AReaderThatSharesDeletionKeepsWhatItHas) {
       rewrite("XXXX");
     } catch (const Failure& failure) {
       EXPECT_EQ(failure.kind(), FailureKind::ReplaceFailed);
+      EXPECT_EQ(failure.systemError(), EWOULDBLOCK);
       isReplaced = false;
     }
     EXPECT_EQ(reader.read(), "AAAA");

@@ -155,6 +155,28 @@ TEST(APlan, OfAnOwnFileKeepsTheConsumptionsThatWereRecorded) {
   EXPECT_EQ(plan.entries[0].entry.Fogyasztas.tenThousandths, 76'300);
 }
 
+// Texts that were changed in a spreadsheet: a note of 50 letters and one more, a part that the code page
+// lacks.
+TEST(APlan, OfAnOwnFileNoticesTextsThatTheLogbookCannotKeepWhole) {
+  NapiAdat entry = fuelling({2024, 1, 5}, 1'000, 400'000, true);
+  entry.Alkatresz = core::FixedText<50>("PART");
+  entry.Megjegyzes = core::FixedText<50>("'=NOTE");
+  core::Listing listing{core::Logbook::of(std::vector<NapiAdat>{entry}), {1}};
+  const std::string written = exchange::csvOf(listing).substr(3);
+  const auto doubtsWith = [&](const std::string& stood, const std::string& put) {
+    std::string text = written;
+    text.replace(text.find(stood), stood.size(), put);
+    return planOf(readLog(text)).entries.at(0).doubts;
+  };
+  EXPECT_THAT(doubtsWith("PART", "PART"), IsEmpty());
+  EXPECT_THAT(doubtsWith("PART", std::string(50, 'x')), IsEmpty());
+  EXPECT_THAT(doubtsWith("PART", std::string(51, 'x')), ElementsAre(Doubt::PartCut));
+  EXPECT_THAT(doubtsWith("PART", "給油"), ElementsAre(Doubt::PartLettersLost));
+  EXPECT_THAT(doubtsWith("NOTE", std::string(48, 'x')), IsEmpty());
+  EXPECT_THAT(doubtsWith("NOTE", std::string(49, 'x')), ElementsAre(Doubt::NoteCut));
+  EXPECT_THAT(doubtsWith("NOTE", "給油"), ElementsAre(Doubt::LettersLost));
+}
+
 TEST(AnImport, PutsTheEntriesBehindThoseThatAreThere) {
   const std::vector<NapiAdat> old{fuelling({2024, 1, 1}, 500, 300'000, true)};
   const std::vector<NapiAdat> added{fuelling({2024, 1, 5}, 1'000, 400'000, true),

@@ -42,6 +42,18 @@ TEST(ALog, HasItsSeparatorFoundFromAllItsHeads) {
   EXPECT_EQ(file.rows[0].note, "a,b,c,d,e,f");
 }
 
+// Nothing but the volumes tells: 40.123 could be forty litres or forty thousand, 12,345 twelve kilometres.
+TEST(ALog, TakesTheSignInItsVolumesForDecimalsWhereNothingElseTells) {
+  const LogFile points = readLog(
+      "Date;Odometer;Litres;Price/l\n2024-01-05;12,345;40.123;1.459\n2024-01-09;12,945;38.456;1.479\n");
+  ASSERT_EQ(points.rows.size(), 2U);
+  EXPECT_EQ(points.rows[0].volume, core::Ratio(40'123, 1'000));
+  EXPECT_EQ(points.rows[0].odometer, core::Ratio(12'345));
+  EXPECT_EQ(points.rows[0].totalCost, core::Ratio(40'123, 1'000) * core::Ratio(1'459, 1'000));
+  const LogFile commas = readLog("Date,Odometer,Litres\n2024-01-05,12345,\"40,123\"\n");
+  EXPECT_EQ(commas.rows[0].volume, core::Ratio(40'123, 1'000));
+}
+
 TEST(ALog, SkipsEmptyColumnsBlankLinesAndRepeatedHeads) {
   const LogFile file = readLog(
       "Date,,Odometer,Litres,Total cost,\n\n2024-01-05,,1000,40.5,,\n,,,,,\nDate,,Odometer,Litres,Total "

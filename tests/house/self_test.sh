@@ -13,6 +13,8 @@ fresh_tree() {
   printf '#include "core/day.h"\n' > "$scratch/tree/tyres/rules.cpp"
   printf '#include "tyres/rules.h"\n#include "ui_frmX.h"\n' > "$scratch/tree/ui/frmX.cpp"
   printf '#include "ui/chart/chart_view.h"\n' > "$scratch/tree/ui/chart_panel.cpp"
+  printf '      return EIO;\n' > "$scratch/tree/core/windows_errors.cpp"
+  printf '      {EIO, "baj"},\n' > "$scratch/tree/ui/guarded.cpp"
   printf '#include "ui/chart/chart_canvas.h"\n#include <qcustomplot.h>\n' > "$scratch/tree/ui/chart/chart_view.cpp"
 }
 
@@ -50,12 +52,13 @@ expect_call_caught() {  # RULE SOURCE_TEXT
 }
 
 fresh_tree
-for rule in arrows rooms system-headers guards; do expect_passes "$rule"; done
+for rule in arrows rooms system-headers guards errors; do expect_passes "$rule"; done
 expect_caught arrows core/wrong.cpp '#include "ui/frmX.h"'
 expect_caught arrows core/wrong.cpp '#  include "tyres/rules.h"'
 expect_caught arrows tyres/wrong.cpp '#include "repairs/log.h"'
 expect_caught arrows ui/wrong.cpp '#include "app/main.h"'
 expect_caught arrows ui/wrong.cpp '#include "frmX.h"'
+expect_caught errors core/windows_errors.cpp '      return ENOTEMPTY;'
 expect_caught rooms ui/frmY.cpp '#include "ui/chart/chart_canvas.h"'
 expect_caught rooms ui/frmY.cpp '#include <qcustomplot.h>'
 expect_caught rooms ui/chart/chart_scale.cpp '#include "ui/chart/chart_shapes.h"'

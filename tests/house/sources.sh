@@ -51,7 +51,8 @@ wrong_system_headers() {
 }
 
 # Inside the screens' folder the chart is a room of its own: its files know each other from the content to the
-# view and never back, nothing else of the screens but the message boxes, and nothing of the logic. A screen knows
+# view and never back, nothing else of the screens but the message boxes and the file
+# chooser, and nothing of the logic. A screen knows
 # the view and the content. The library behind it is known to no other file.
 chart=ui/chart
 chart_order=("content" "scale|thinning" "words" "shapes|solid_shapes" "style" "axis_labels|plottables" "canvas"
@@ -65,7 +66,7 @@ wrong_steps() {
     for file in "$chart"/chart_*; do
       [[ "$file" =~ ^$chart/chart_($names)\.(cpp|h)$ ]] || continue
       grep -HnE '^[[:space:]]*#[[:space:]]*include[[:space:]]*"' "$file" |
-        grep -vE "include \"($chart/chart_($known)|ui/message_boxes)\.h\"" || true
+        grep -vE "include \"($chart/chart_($known)|ui/(message_boxes|file_chooser))\.h\"" || true
     done
   done
   is_known="^$chart/chart_($known)\.(cpp|h)$"
@@ -88,11 +89,21 @@ wrong_guards() {
   done || true
 }
 
+# The names that Windows' errors get are numbers of their own there, and each has its words on the screen.
+wrong_errors() {
+  local error
+  [ -f core/windows_errors.cpp ] || return 0
+  grep -oE 'return E[A-Z0-9]+' core/windows_errors.cpp | cut -d ' ' -f 2 | sort -u | while read -r error; do
+    grep -q "{$error, \"" ui/guarded.cpp || echo "core/windows_errors.cpp: $error has no words in ui/guarded.cpp"
+  done
+}
+
 case "$rule" in
   arrows) found=$(wrong_arrows) ;;
   system-headers) found=$(wrong_system_headers) ;;
   rooms) found=$(wrong_rooms) ;;
   guards) found=$(wrong_guards) ;;
+  errors) found=$(wrong_errors) ;;
   *) echo "no such rule: $rule" >&2; exit 2 ;;
 esac
 [ -z "$found" ] || { printf 'Against the rule "%s":\n%s\n' "$rule" "$found"; exit 1; }

@@ -35,9 +35,13 @@ class Keys(unittest.TestCase):
         wait_for(lambda: self.main.focus().text == text, f"{text!r} in {name!r}")
 
     def answer(self, title, *keys):
-        self.program.window(title)
+        self.wait_ready(title)
         keyboard.press(*keys)
         self.program.wait_closed(title)
+
+    def wait_ready(self, title):
+        """Waits until a window has the keyboard; it is shown a moment before."""
+        wait_for(self.program.window(title).focus, f"the focus in {title!r}")
 
     def choose_newest(self):
         """Goes to the list, which has the newest entry at its end, and onto it."""
@@ -153,7 +157,7 @@ class Keys(unittest.TestCase):
 
     def test_the_program_ends(self):
         keyboard.press("alt+k")
-        self.program.window(" Kilépés ")
+        self.wait_ready(" Kilépés ")
         keyboard.press("Return")
         self.assertEqual(self.program.wait_end(), 0)
 

@@ -7,6 +7,7 @@ import subprocess
 import sys
 import tarfile
 import tempfile
+import time
 import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "outside"))
@@ -27,9 +28,14 @@ def isolated(script):
 
 
 def main_window():
-    """Waits for the main screen on the display."""
-    command = ["timeout", str(START_SECONDS), "xdotool", "search", "--sync", "--onlyvisible", "--name", "^Tarvik - "]
-    return subprocess.run(command, stdout=subprocess.PIPE, check=False).stdout
+    """Waits for the main screen on the display. A search ends at a window that goes while it is looked at."""
+    deadline = time.monotonic() + START_SECONDS
+    found = b""
+    while not found and time.monotonic() < deadline:
+        left = str(deadline - time.monotonic())
+        command = ["timeout", left, "xdotool", "search", "--sync", "--onlyvisible", "--name", "^Tarvik - "]
+        found = subprocess.run(command, stdout=subprocess.PIPE, check=False).stdout
+    return found
 
 
 class Elsewhere(unittest.TestCase):

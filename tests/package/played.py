@@ -1,5 +1,6 @@
 """One round of work on two programs: led on the Linux one by the names of its parts, followed on another key by key."""
 
+import os
 import pathlib
 import re
 import subprocess
@@ -27,18 +28,42 @@ def _wait_active(title, limit=60):
     wait_for(lambda: _active_title().startswith(title), f"the keys to go to {title!r}", limit)
 
 
-def _wait_rest():
-    """Waits until the picture has stayed as it is for a while, which is shorter than a caret's blink."""
+def _is_ours(process):
+    """Whether a process was started on the desktop of this test, the display's own server too."""
+    try:
+        return f"HOME={os.environ['HOME']}\0".encode() in (process / "environ").read_bytes()
+    except OSError:
+        return False
+
+
+def _works(task):
+    """Whether a thread has a processor or disk or waits for one."""
+    try:
+        return (task / "stat").read_text().rpartition(")")[2].split()[0] in "RD"
+    except OSError:
+        return False
+
+
+def _is_at_work():
+    """Whether anything on the desktop has still something to do, however slow the machine is."""
+    return any(_works(task) for process in pathlib.Path("/proc").glob("[0-9]*") if _is_ours(process)
+               for task in process.glob("task/*"))
+
+
+def _wait_rest(unlike=None):
+    """Waits until nobody is at work and the picture has stayed as it is for a while, which is shorter than a
+    caret's blink; it must be another than the one given. Gives the picture."""
     seen = Desktop.get().photo()
     since = time.monotonic()
 
     def rests():
         nonlocal seen, since
         now = Desktop.get().photo()
-        if now != seen:
+        if now != seen or _is_at_work():
             seen, since = now, time.monotonic()
-        return time.monotonic() - since > REST_SECONDS
+        return time.monotonic() - since > REST_SECONDS and seen != unlike
     wait_for(rests, "the picture to come to rest")
+    return seen
 
 
 class Hands:
@@ -48,6 +73,7 @@ class Hands:
         self.folder = pathlib.Path(folder)
         self._pictures = pictures
         self._root = root
+        self._shown = None
 
     def do_press(self, *keys):
         keyboard.press(*keys)
@@ -65,7 +91,11 @@ class Hands:
         wait_for((self.folder / file).exists, f"the file {file}")
 
     def do_picture(self, name):
-        _wait_rest()
+        """Each shows something else than the one before."""
+        self._shown = _wait_rest(unlike=self._shown)
+        self.photograph(name)
+
+    def photograph(self, name):
         Desktop.get().photograph(f"{self._pictures}-{name}.png")
 
     def bytes_of(self, file):

@@ -3,7 +3,9 @@
 import datetime
 import os
 import pathlib
+import re
 import shutil
+import struct
 import subprocess
 import sys
 import tempfile
@@ -22,7 +24,11 @@ MAIN = "Tarvik - "
 REMINDERS = "Figyelmeztetés"
 PRINTING = "Listamező nyomtatása"
 PAPER = "lista.pdf"
+HEADING = "Napló"
+DATE = r"\d{4}\.\d\d\.\d\d\. "
 LOGBOOK = "KLM456/napiadat.dat"
+RECORD_BYTES = 156
+ROWS_A_PAGE = 40
 MOST_BYTES = 25 * 1000 * 1000
 
 
@@ -38,6 +44,16 @@ def household():
 def data_of(folder):
     """Every data file of a household by its path in the folder."""
     return {str(path.relative_to(folder)): path.read_bytes() for path in sorted(folder.rglob("*.dat"))}
+
+
+def lines_of(paper):
+    """The lines of a print-out, whatever the widths of its letters."""
+    text = subprocess.run(["pdftotext", "-layout", paper, "-"], stdout=subprocess.PIPE, check=True).stdout.decode()
+    return [" ".join(line.split()) for line in text.splitlines() if line.strip()]
+
+
+def grouped(number, decimals=0):
+    return f"{number:,.{decimals}f}".replace(",", " ").replace(".", ",")
 
 
 def record(work):
@@ -111,32 +127,29 @@ def add_a_reminder(work):
     work.window(MAIN)
 
 
-def add_tyres(work):
-    work.press("F10", "Right", "Right", "Return")
-    work.window("Gumi")
-    work.fill("Gumi", "Gumi típusa", "Őszi")
-    work.fill("Gumi", "Max. km", "40000")
-    work.save("alt+r", "Gumik.dat")
-    work.picture("tyres")
+def add_to_register(work, title, menus_to_the_right, fields, file, picture):
+    work.press("F10", *["Right"] * menus_to_the_right, "Return")
+    work.window(title)
+    for name, text in fields.items():
+        work.fill(title, name, text)
+    work.save("alt+r", file)
+    work.picture(picture)
     work.press("Escape")
     work.window(MAIN)
+
+
+def add_tyres(work):
+    add_to_register(work, "Gumi", 2, {"Gumi típusa": "Őszi", "Max. km": "40000"}, "Gumik.dat", "tyres")
 
 
 def add_a_repair(work):
-    work.press("F10", "Right", "Right", "Right", "Return")
-    work.window("Javítások")
-    work.fill("Javítások", "Megnevezés", "Új szűrő")
-    work.fill("Javítások", "Költség", "18500")
-    work.save("alt+r", "Szerviz.dat")
-    work.picture("repair")
-    work.press("Escape")
-    work.window(MAIN)
+    add_to_register(work, "Javítások", 3, {"Megnevezés": "Új szűrő", "Költség": "18500"}, "Szerviz.dat", "repair")
 
 
 def print_to_a_file(work):
     work.press("alt+o")
     work.window(PRINTING)
-    work.type("Napló")
+    work.type(HEADING)
     work.picture("heading")
     work.press("Return")
     work.picture("no-printer")
@@ -147,6 +160,7 @@ def print_to_a_file(work):
     work.picture("print-out")
     work.press("Return")
     work.made(PAPER)
+    work.window(MAIN)
 
 
 class WindowsProgram(unittest.TestCase):
@@ -162,12 +176,24 @@ class WindowsProgram(unittest.TestCase):
         self.assertEqual(names, {"Tarvik.exe", "kezikonyv.html", "OLVASSEL.txt", "LICENSE.txt", "licencek"})
         self.assertLessEqual((self.folder / "Tarvik.exe").stat().st_size, MOST_BYTES)
 
+    def test_the_program_is_one_file_for_the_desktop_that_takes_any_letter_and_long_paths(self):
+        program = self.folder / "Tarvik.exe"
+        head = subprocess.run(["x86_64-w64-mingw32-objdump", "-p", program], stdout=subprocess.PIPE, check=True)
+        self.assertIn(b"(Windows GUI)", head.stdout)
+        libraries = re.findall(r"DLL Name: (\S+)", head.stdout.decode())
+        self.assertIn("KERNEL32.dll", libraries)
+        self.assertEqual([name for name in libraries if name.startswith(("lib", "Qt"))], [])
+        contents = program.read_bytes()
+        for wish in (b">PerMonitorV2</dpiAwareness>", b">UTF-8</activeCodePage>", b">true</longPathAware>"):
+            self.assertIn(wish, contents)
+        self.assertIn("Tarvik – a háztartás autóinak költségnaplója".encode("utf-16-le"), contents)
+
     def start(self):
         running = Desktop.get().spawn(["wine", str(self.folder / "Tarvik.exe")], "wine", cwd=self.folder)
         self.addCleanup(end, running)
         return running
 
-    def test_the_same_keys_leave_the_same_data_as_on_linux(self):
+    def test_the_same_keys_leave_the_same_data_and_paper_as_on_linux(self):
         linux = household()
         shutil.copytree(linux, self.folder, dirs_exist_ok=True)
         with Program(linux) as program:
@@ -179,11 +205,26 @@ class WindowsProgram(unittest.TestCase):
         try:
             follower.repeat(work.notes)
         finally:
-            follower.do_picture("last")
+            follower.photograph("last")
         mine, theirs = data_of(self.folder), data_of(linux)
         self.assertEqual(mine.keys(), theirs.keys())
         self.assertEqual([name for name in mine if mine[name] != theirs[name]], [])
-        print(f"{len(mine)} data files are equal byte by byte")
+        paper = lines_of(linux / PAPER)
+        self.assertEqual(lines_of(self.folder / PAPER), paper)
+        self.assert_lists(paper, theirs[LOGBOOK])
+        print(f"{len(mine)} data files are equal byte by byte, and the {len(paper)} lines of the print-out")
+
+    def assert_lists(self, paper, logbook):
+        """Every entry is on the paper, under the heading that was typed, and the totals under the last one."""
+        entries = [struct.unpack_from("<i10xq", logbook, start) for start in range(0, len(logbook), RECORD_BYTES)]
+        readings = sorted(reading for reading, _ in entries)
+        litres = sum(amount for _, amount in entries) / 10000
+        rows = [line for line in paper if re.match(DATE, line)]
+        self.assertEqual(sorted(int(row.split()[1]) for row in rows), readings)
+        self.assertEqual(paper[0], HEADING)
+        self.assertEqual(paper.count(HEADING), -(-len(rows) // ROWS_A_PAGE))
+        self.assertEqual(paper[-2:], [f"Kilométer összesen: {grouped(readings[0] - readings[-1])} km.",
+                                      f"Tankolás összesen: {grouped(litres, 2)} liter"])
 
 
 PARTS = [record, modify, delete, filter_a_year, show_a_chart, add_a_reminder, add_tyres, add_a_repair, print_to_a_file]

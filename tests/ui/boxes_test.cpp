@@ -201,16 +201,17 @@ class BoxesTest : public QObject {
   void theListsFileDialogs() {
     MainScreen main;
     main.writeLogbook("ABC123", {fuelling({2024, 2, 29}, 10000, 300'000, true)});
+    main.choosePlateAtStart("ABC123");
     main.open();
     const auto trigger = [](const QWidget& screen, const char* list, const char* item) {
       part<ui::ListView>(screen, list)->findChild<QAction*>(item)->trigger();
     };
-    expect("import-without-plate", [&] { trigger(*main.screen, "ListView1", "mnuCsvBeolvasas"); });
-    main.type("Combo1", "ABC123");
     expectFile("save-logbook", true);
     trigger(*main.screen, "ListView1", "mnuCsvMentes");
     expectFile("read-logbook", false);
     trigger(*main.screen, "ListView1", "mnuCsvBeolvasas");
+    main.type("Combo1", "");
+    expect("import-without-plate", [&] { trigger(*main.screen, "ListView1", "mnuCsvBeolvasas"); });
     expectFile("save-tyres", true);
     trigger(ui::frmGumik(main.context, "ABC123", {}, nullptr), "ListViewGumi", "mnuCsvMentes");
     expectFile("save-repairs", true);
@@ -250,19 +251,13 @@ class BoxesTest : public QObject {
     QStringList items;
     onNextPopup([&](QMenu& menu) {
       for (const QAction* item : menu.actions()) items << item->text();
-      expectFile("save-chart", true, [](const QFileDialog& dialog) {
-        QStringList labels;
-        for (const auto label : {QFileDialog::LookIn, QFileDialog::FileName, QFileDialog::FileType,
-                                 QFileDialog::Accept, QFileDialog::Reject})
-          labels << dialog.labelText(label);
-        QCOMPARE(labels, QStringList({"Hely:", "Fájlnév:", "Fájltípus:", "&Mentés", "Mégse"}));
-      });
+      expectFile("save-chart", true);
       menu.setActiveAction(menu.actions().last());
       QTest::keyClick(&menu, Qt::Key_Return);
     });
     QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), chart.mapToGlobal(QPoint(5, 5)));
     QApplication::sendEvent(&chart, &event);
-    QCOMPARE(items, QStringList({"Kép &másolása", "Mentés &képként..."}));
+    QCOMPARE(items, QStringList({"Kép &másolása", "Mentés &képként…"}));
   }
 
   // Runs last: what the tests above did not bring up is gone from the program.
@@ -299,12 +294,9 @@ class BoxesTest : public QObject {
     QCOMPARE(line, dialogs_.value(name));
   }
   // The file dialog that an act is about to bring up, which the person then closes.
-  void expectFile(
-      const QString& name, bool isToWrite,
-      const std::function<void(const QFileDialog&)>& look = [](const QFileDialog&) {}) {
-    onNextDialog<QFileDialog>([this, name, isToWrite, look](QFileDialog& dialog) {
+  void expectFile(const QString& name, bool isToWrite) {
+    onNextDialog<QFileDialog>([this, name, isToWrite](QFileDialog& dialog) {
       note(name, lineOf(dialog));
-      look(dialog);
       const bool writes = dialog.acceptMode() == QFileDialog::AcceptSave;
       const bool isThere = dialog.fileMode() == QFileDialog::ExistingFile;
       const bool isList = dialog.viewMode() == QFileDialog::List;
@@ -312,7 +304,7 @@ class BoxesTest : public QObject {
       dialog.reject();
       QCOMPARE(writes, isToWrite);
       QCOMPARE(isThere, !isToWrite);
-      QVERIFY(isList || name == "save-chart");
+      QVERIFY(isList);
       QVERIFY(isOwn);
     });
   }

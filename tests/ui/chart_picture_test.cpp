@@ -107,12 +107,12 @@ class ChartPictureTest : public QObject {
     const QString path = folder.filePath("kép.png");
     QString title;
     whenShown<QFileDialog>([&](QFileDialog& dialog) {
-      title = dialog.labelText(QFileDialog::Accept);
+      title = dialog.windowTitle();
       dialog.findChild<QLineEdit*>("fileNameEdit")->setText(path);
       static_cast<QDialog&>(dialog).done(QDialog::Accepted);
     });
     clickMenuItem(*chart_, 1);
-    QCOMPARE(title, QStringLiteral("&Mentés"));
+    QCOMPARE(title, QStringLiteral("Grafikon mentése képként"));
     QVERIFY(!QImage(path).isNull());
   }
 
@@ -141,6 +141,16 @@ class ChartPictureTest : public QObject {
       QVERIFY(qobject_cast<const QMessageBox*>(window) == nullptr);
   }
 
+  void shiftF10OpensTheMenu() {
+    QStringList items;
+    whenShown<QMenu>([&](QMenu& menu) {
+      for (const QAction* item : menu.actions()) items << item->text().remove('&');
+      menu.close();
+    });
+    QTest::keyClick(chart_, Qt::Key_F10, Qt::ShiftModifier);
+    QCOMPARE(items, (QStringList{"Kép másolása", "Mentés képként…"}));
+  }
+
   void menuTellsAFailedSave() {
     QString title;
     QString text;
@@ -156,9 +166,8 @@ class ChartPictureTest : public QObject {
     });
     clickMenuItem(*chart_, 1);
     QCOMPARE(title, QStringLiteral(" H i b a !"));
-    QCOMPARE(text,
-             QStringLiteral("A kép mentése nem sikerült:\n/nincs-ilyen-mappa/kép.png\n\nEllenőrizze, hogy a "
-                            "mappa írható-e, és van-e elég szabad hely a lemezen."));
+    QCOMPARE(text, QStringLiteral("A kép mentése nem sikerült:\n/nincs-ilyen-mappa/kép.png\n\n"
+                                  "Nézd meg, írható-e a mappa, és van-e elég szabad hely a lemezen!"));
   }
 };
 

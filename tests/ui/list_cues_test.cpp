@@ -11,7 +11,7 @@
 namespace tarvik::ui {
 namespace {
 
-ShownList listOf(const QString& plate, int mode, int entries = 7) {
+ShownList listOf(const QString& plate, std::int16_t mode, int entries = 7) {
   return {.plate = plate, .mode = mode, .day = core::dayOf({2013, 7, 5}), .entries = entries};
 }
 
@@ -78,6 +78,12 @@ class ListCuesTest : public QObject {
 
   void aListOfWhichNothingElseIsSaidIsWholeAndEmpty() {
     QCOMPARE(lineOf({.plate = "ABC123"}, "ABC123"), QString("ABC123 naplója – teljes lista, 0 bejegyzés"));
+  }
+
+  void aLogbookThatCannotBeReadIsSaidSo() {
+    const ShownList unread{.plate = "ABC123", .isRead = false};
+    QCOMPARE(lineOf(unread, "ABC123"), QString("ABC123 naplója nem olvasható"));
+    QCOMPARE(emptyListText(unread, true), QString("ABC123 naplója nem olvasható."));
   }
 
   void theHintFillsTheListWhileItHasNoRows() {
