@@ -1,10 +1,8 @@
 #include "ui/list_printer.h"
 
-#include <QInputDialog>
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QProgressDialog>
-#include <functional>
 #include <optional>
 #include <utility>
 
@@ -26,14 +24,6 @@ QString commandTitle() {
   return QStringLiteral("Listamező nyomtatása");
 }
 
-std::optional<QString> askHeading(QWidget* parent) {
-  bool accepted = false;
-  const QString heading =
-      QInputDialog::getText(parent, commandTitle(), QStringLiteral("Kérem adja meg a fejléc szövegét..."),
-                            QLineEdit::Normal, QString(), &accepted);
-  return accepted ? std::optional(heading) : std::nullopt;
-}
-
 QString askPdfPath(const QString& name, QWidget* parent) {
   return askFileToWrite(
       {QStringLiteral("Mentés PDF-fájlba"), QStringLiteral("PDF-fájl (*.pdf)"), QStringLiteral("pdf")}, name,
@@ -46,24 +36,26 @@ QString pdfName(const QString& plate, core::Day today) {
 
 // Draws all pages; false when the person cancelled it. A page that is refused ends it early and is the
 // device's to tell.
-bool drawDocument(const print::ListDocument& document, QPagedPaintDevice& device,
-                  const std::function<bool()>& refused, QWidget* parent) {
+bool drawDocument(const print::ListDocument& document, const Sheets& sheets, QWidget* parent) {
   QPageLayout sheet(QPageSize(QPageSize::A4), QPageLayout::Landscape, QMarginsF());
   sheet.setMode(QPageLayout::FullPageMode);  // from the paper's corner on, whatever margins a printer has
-  device.setPageLayout(sheet);
-  QProgressDialog progress(QStringLiteral("A lista oldalai készülnek..."), QStringLiteral("Mégse"), 0,
-                           document.pageCount(), parent);
+  sheets.device.setPageLayout(sheet);
+  const QString cancel = sheets.canBeTakenBack ? QStringLiteral("Mégse") : QString();
+  QProgressDialog progress(QStringLiteral("A lista oldalai készülnek..."), cancel, 0, document.pageCount(),
+                           parent);
   progress.setWindowTitle(commandTitle());
   progress.setWindowModality(Qt::WindowModal);
+  makeRoomForTitle(progress);
   progress.setMinimumDuration(kPatienceMilliseconds);
   progress.setValue(0);
 
-  QPainter painter(&device);
-  for (int number = 1; number <= document.pageCount() && painter.isActive() && !refused(); ++number) {
-    if (number > 1) device.newPage();
+  QPainter painter(&sheets.device);
+  for (int number = 1; number <= document.pageCount() && painter.isActive() && !sheets.isRefused();
+       ++number) {
+    if (number > 1) sheets.device.newPage();
     paintPage(painter, document.page(number));
     progress.setValue(number);
-    if (progress.wasCanceled()) return false;
+    if (sheets.canBeTakenBack && progress.wasCanceled()) return false;
   }
   return true;
 }
@@ -105,13 +97,12 @@ void printList(Context& context, const QString& plate, print::ListedRows rows, Q
   }
   const auto logbook =
       core::loadRecords<core::NapiAdat>(context.files, context.folders.logbook(toLogic(plate)));
-  const std::optional<QString> heading = askHeading(parent);
+  const std::optional<QString> heading =
+      askText(parent, commandTitle(), QStringLiteral("Kérem adja meg a fejléc szövegét..."));
   if (!heading) return;
 
   const print::ListDocument document(logbook, std::move(rows), toLogic(*heading));
-  const auto draw = [&](QPagedPaintDevice& device, const std::function<bool()>& refused) {
-    return drawDocument(document, device, refused, parent);
-  };
+  const auto draw = [&](const Sheets& sheets) { return drawDocument(document, sheets, parent); };
   const PrintOut printOut{draw, plate.trimmed(), QStringLiteral("Tarvik ") + plate.trimmed()};
   const QString printer = system.printer();
   if (printer.isEmpty())

@@ -10,7 +10,7 @@ namespace tarvik::ui {
 bool drawPdf(OutputFile& file, const QString& title, const DrawDocument& draw) {
   QPdfWriter writer(&file);
   writer.setTitle(title);
-  return draw(writer, [&file] { return file.hasFailed(); });
+  return draw({.device = writer, .isRefused = [&file] { return file.hasFailed(); }});
 }
 
 QString PdfPrintSystem::print(const QString& printer, const QString& title, core::FileSystem& files,

@@ -9,9 +9,16 @@ class QPagedPaintDevice;
 
 namespace tarvik::ui {
 
-/// A document that draws itself on a device, whose sheets it makes A4, lying, without margins. It ends early
-/// when refused() says that the device takes no more; it returns false when the person cancelled it.
-using DrawDocument = std::function<bool(QPagedPaintDevice& device, const std::function<bool()>& refused)>;
+/// What a document is drawn on.
+struct Sheets {
+  QPagedPaintDevice& device;        ///< the document makes its sheets A4, lying, without margins
+  std::function<bool()> isRefused;  ///< whether the device takes no more: drawing then ends early
+  bool canBeTakenBack = true;       ///< whether what was drawn stays unprinted when the person cancels
+};
+
+/// A document that draws itself. It returns false when the person cancelled it, which is offered only on
+/// sheets that can be taken back.
+using DrawDocument = std::function<bool(const Sheets& sheets)>;
 
 /// Draws a document into a PDF file, which the caller commits; false when the person cancelled it.
 bool drawPdf(OutputFile& file, const QString& title, const DrawDocument& draw);

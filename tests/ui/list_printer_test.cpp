@@ -11,6 +11,7 @@
 #include <QMessageBox>
 #include <QPagedPaintDevice>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QProcess>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -147,6 +148,28 @@ void showProgress() {
   for (QWidget* widget : QApplication::topLevelWidgets())
     if (qobject_cast<QProgressDialog*>(widget)) QMetaObject::invokeMethod(widget, "forceShow");
 }
+
+// A printing system that cannot take a sheet back, whose progress shows from the first page on.
+class OneWayPrintSystem final : public ui::PrintSystem {
+ public:
+  explicit OneWayPrintSystem(QString paper) : paper_(std::move(paper)) {}
+
+  QString printer() override { return QStringLiteral("Nappali"); }
+  QString print(const QString&, const QString&, core::FileSystem&, const ui::DrawDocument& draw) override {
+    QPdfWriter writer(paper_);
+    const auto isRefused = [] {
+      showProgress();
+      return false;
+    };
+    isDrawn = draw({.device = writer, .isRefused = isRefused, .canBeTakenBack = false});
+    return {};
+  }
+
+  bool isDrawn = false;
+
+ private:
+  QString paper_;
+};
 
 // A disk on which one call fails for documents that are being written.
 class FailingDisk final : public test::ForwardingFileSystem {
@@ -311,9 +334,7 @@ class ListPrinterTest : public QObject {
   void aMachineWithoutPrintingHasNoPrinterAndSaysWhyItRefuses() {
     QCOMPARE(ui::machinePrinting().printer(), QString());
     core::MachineFileSystem files;
-    const auto oneEmptyPage = [](QPagedPaintDevice& device, const std::function<bool()>&) {
-      return QPainter(&device).isActive();
-    };
+    const auto oneEmptyPage = [](const ui::Sheets& sheets) { return QPainter(&sheets.device).isActive(); };
     QVERIFY(!ui::machinePrinting().print("Nappali", "Tarvik", files, oneEmptyPage).isEmpty());
   }
 
@@ -531,6 +552,21 @@ class ListPrinterTest : public QObject {
     QCOMPARE(bench.answers.texts.mid(2),
              QStringList({"Listamező nyomtatása", "A lista oldalai készülnek...", "Mégse"}));
     QVERIFY(bench.system.sent.isEmpty());
+  }
+
+  void whatCannotBeTakenBackIsPrintedToItsEndAndOffersNoCancelling() {
+    Bench bench(4'000);
+    OneWayPrintSystem system(bench.path("paper.pdf"));
+    bench.answers.heading("Minden");
+    bench.answers.expect<QProgressDialog>([](QProgressDialog& dialog) {
+      QVERIFY(!dialog.findChild<QPushButton*>());
+      dialog.close();
+    });
+    ui::printList(bench.context, bench.plate, allRows(4'000), &bench.window, system);
+    QVERIFY(bench.answers.allGiven());
+    QVERIFY(system.isDrawn);
+    if (hasPoppler())
+      QVERIFY(outputOf("pdfinfo", {bench.path("paper.pdf")}).contains(QRegularExpression("Pages: +100\n")));
   }
 
   void aCancelledPdfLeavesNothingBehind() {

@@ -3,10 +3,9 @@
 #include <QAbstractSpinBox>
 #include <QGroupBox>
 #include <QHeaderView>
+#include <QInputDialog>
 #include <QMenuBar>
-#include <QScreen>
 #include <QScrollArea>
-#include <QScrollBar>
 #include <QStyleOptionFrame>
 #include <QTabWidget>
 
@@ -15,7 +14,6 @@
 #include "tests/ui/main_screen.h"
 #include "tests/ui/next_dialog.h"
 #include "tests/ui/support.h"
-#include "ui/controls/fitting_area.h"
 #include "ui/controls/list_delegate.h"
 #include "ui/figy.h"
 #include "ui/frmDatumFigyelmeztetes.h"
@@ -254,6 +252,15 @@ class LookTest : public QObject {
     QTest::qWait(0);
     check(*desk.screen);
 
+    test::onNextDialog<ui::frmMelyGrafikon>([](ui::frmMelyGrafikon& chooser) {
+      test::part<QRadioButton>(chooser, "Option1")->setChecked(true);
+      test::part<QPushButton>(chooser, "cmdMegjelenit")->click();
+    });
+    desk.find<QAbstractButton>("cmdGrafikon")->click();
+    QVERIFY(desk.find<QFrame>("FrmGrafikon")->isVisible());
+    QTest::qWait(0);
+    check(*desk.screen);
+
     ui::figy reminders(desk.context, "ABC-123", nullptr);
     check(reminders);
     test::part<QTabWidget>(reminders, "SSTab1")->setCurrentIndex(1);
@@ -276,26 +283,6 @@ class LookTest : public QObject {
     check(dateAlert);
     ui::frmMelyGrafikon chooser(desk.context, {}, nullptr);
     check(chooser);
-  }
-
-  void aChartOnALowDisplayLeavesTheWindowWhole() {
-    if (QGuiApplication::primaryScreen()->size().height() < 768) QSKIP("too low a display for the window");
-    QFont font = QApplication::font();
-    font.setPointSizeF(10);
-    QApplication::setFont(font);
-    EveryScreen desk;
-    desk.open();
-    test::onNextDialog<ui::frmMelyGrafikon>([](ui::frmMelyGrafikon& chooser) {
-      for (const char* button : {"Option1", "cmdMegjelenit"})
-        chooser.findChild<QAbstractButton*>(QString::fromUtf8(button))->click();
-    });
-    desk.press("cmdGrafikon");
-    QTest::qWait(0);
-    QVERIFY(desk.find<QWidget>("MSChart1")->isVisible());
-    const auto* contents = desk.screen->findChild<ui::FittingArea*>();
-    QVERIFY(!contents->verticalScrollBar()->isVisible());
-    QVERIFY(!contents->horizontalScrollBar()->isVisible());
-    check(*desk.screen);
   }
 
   void resultsAreNoTabStopsAndHaveNoNameInPlaceOfTheirText() {
@@ -396,6 +383,19 @@ class LookTest : public QObject {
     test::BoxScript boxes({QMessageBox::Ok});
     boxes.whileOpen = [&](const QMessageBox& box) { width = box.width(); };
     ui::tellError(nullptr, title, QStringLiteral("x"));
+    QFont bold = QApplication::font();
+    bold.setBold(true);
+    QVERIFY(width > QFontMetrics(bold).horizontalAdvance(title));
+  }
+
+  void aQuestionForATextIsAsWideAsItsTitle() {
+    const QString title = QStringLiteral("Listamező nyomtatása, és még sok minden más is");
+    int width = 0;
+    test::onNextDialog<QInputDialog>([&](QInputDialog& box) {
+      width = box.width();
+      box.reject();
+    });
+    QCOMPARE(ui::askText(nullptr, title, QStringLiteral("x")), std::nullopt);
     QFont bold = QApplication::font();
     bold.setBold(true);
     QVERIFY(width > QFontMetrics(bold).horizontalAdvance(title));
