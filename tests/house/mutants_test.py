@@ -68,6 +68,8 @@ class Sources(unittest.TestCase):
         self.assertEqual(results("f(a, g(b, c));", "swapped arguments"), ["f(g(b, c), a);", "f(a, g(c, b));"])
         self.assertEqual(results("f(a, a);", "swapped arguments"), [])
         self.assertEqual(results("std::max(a, b); std::min<int>(a, b);", "swapped arguments"), [])
+        self.assertEqual(results("__builtin_add_overflow(a, b, &c);", "swapped arguments"),
+                         ["__builtin_add_overflow(a, &c, b);"])
         self.assertEqual(results("max(a, b, c);", "swapped arguments"), ["max(b, a, c);", "max(a, c, b);"])
         self.assertEqual(results("void f(int a, const T& b);", "swapped arguments"), [])
 
