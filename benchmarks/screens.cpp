@@ -17,6 +17,7 @@
 #include "benchmarks/rows.h"
 #include "benchmarks/session.h"
 #include "ui/list_printer.h"
+#include "ui/look.h"
 
 namespace tarvik::bench {
 namespace {
@@ -193,6 +194,7 @@ class Measurements {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
+  tarvik::ui::dress();
   if (argc != 3) {
     std::fputs("usage: tarvik_bench_screens FOLDER ROUNDS\n", stderr);
     return 2;

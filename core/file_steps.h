@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "core/file_system.h"
-#include "core/record_list.h"
 
 namespace tarvik::core {
 

@@ -1,7 +1,6 @@
 #include "exchange/log_table.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 #include "core/text.h"

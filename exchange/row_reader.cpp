@@ -1,6 +1,7 @@
 #include "exchange/row_reader.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 #include <vector>

@@ -44,7 +44,10 @@ std::vector<ReminderRow> dueDateRows(const DateReminders& reminders, core::Day t
   std::vector<ReminderRow> rows;
   for (int i = 1; i <= reminders.count(); ++i) {
     const FigyDatumRec reminder = reminders.record(i);
-    if (isDue(reminder, today)) rows.push_back(rowOf(reminder, i));
+    if (!isDue(reminder, today)) continue;
+    rows.push_back(rowOf(reminder, i));
+    const std::optional<core::Day> when = core::dayFromStored(reminder.Mikor);
+    rows.back().isOverdue = when && *when < today;
   }
   return rows;
 }

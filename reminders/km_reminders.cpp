@@ -1,9 +1,8 @@
 #include "reminders/km_reminders.h"
 
-#include <limits>
 #include <optional>
+#include <utility>
 
-#include "core/failure.h"
 #include "core/number_text.h"
 #include "core/record_file.h"
 #include "core/text.h"
@@ -17,8 +16,7 @@ std::optional<std::int32_t> kilometres(std::string_view text) {
   const std::optional<core::Ratio> value = core::localeNumber(text);
   if (!value) return std::nullopt;
   const std::int64_t whole = core::toWhole(*value);
-  if (whole < std::numeric_limits<std::int32_t>::min() || whole > std::numeric_limits<std::int32_t>::max())
-    return std::nullopt;
+  if (!std::in_range<std::int32_t>(whole)) return std::nullopt;
   return static_cast<std::int32_t>(whole);
 }
 

@@ -9,10 +9,11 @@ namespace tarvik::reminders {
 
 /// A reminder as a list shows it. Texts are those stored, with their padding.
 struct ReminderRow {
-  std::string date;    ///< first column
-  std::string text;    ///< second column, 40 characters
-  std::string plate;   ///< third column, 10 characters
-  std::string record;  ///< hidden: the record number; one space in the placeholder row
+  std::string date;        ///< first column
+  std::string text;        ///< second column, 40 characters
+  std::string plate;       ///< third column, 10 characters
+  std::string record;      ///< hidden: the record number; one space in the placeholder row
+  bool isOverdue = false;  ///< its day is past; told where what is due is listed
 
   friend bool operator==(const ReminderRow&, const ReminderRow&) = default;
 };

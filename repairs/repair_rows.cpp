@@ -1,7 +1,6 @@
 #include "repairs/repair_rows.h"
 
 #include "core/day.h"
-#include "core/failure.h"
 #include "core/field_number.h"
 #include "core/number_format.h"
 #include "core/ratio.h"

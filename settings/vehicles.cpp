@@ -1,8 +1,7 @@
 #include "settings/vehicles.h"
 
-#include <utility>
-
 #include "core/failure.h"
+#include "core/field_number.h"
 #include "core/number_text.h"
 #include "core/ratio.h"
 #include "core/record_file.h"
@@ -18,10 +17,7 @@ constexpr const char* kFileName = "rendsz.dat";
 constexpr const char* kTemporaryName = "rendszxx.dat";
 
 std::int16_t wholeLitres(std::string_view tankText) {
-  const std::int64_t litres = core::toWhole(core::plainNumber(tankText));
-  if (!std::in_range<std::int16_t>(litres))
-    throw core::Failure(core::FailureKind::OutOfRange).field("txTank");
-  return static_cast<std::int16_t>(litres);
+  return core::inField("txTank", [&] { return core::toWhole16(core::plainNumber(tankText)); });
 }
 
 // Where the case of letters tells no folders apart, the second of two such vehicles would write into the

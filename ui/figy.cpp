@@ -115,17 +115,24 @@ void figy::select(std::int16_t number, QAbstractButton* deletion) {
   showChosen(ui_->ListView1, ui_->cmd_del);
 }
 
+// The number is one for both lists: without it neither button has anything to delete.
+void figy::forgetChosen() {
+  context_.state.selectedReminder = 0;
+  ui_->cmd_del->setEnabled(false);
+  ui_->cmdDel2->setEnabled(false);
+}
+
 bool figy::changeKm(const QString& done, const std::function<void()>& make) {
   return carryOut(this, {.done = done,
                          .make = make,
-                         .forget = [this] { context_.state.selectedReminder = 0; },
+                         .forget = [this] { forgetChosen(); },
                          .list = [this] { ui_->ListView1->keepPlace([this] { BeolvasFigyel(); }); }});
 }
 
 bool figy::changeDates(const QString& done, const std::function<void()>& make) {
   return carryOut(this, {.done = done,
                          .make = make,
-                         .forget = [this] { context_.state.selectedReminder = 0; },
+                         .forget = [this] { forgetChosen(); },
                          .list = [this] { ui_->ListView2->keepPlace([this] { BeolvasFigyDatum(); }); }});
 }
 
@@ -187,6 +194,7 @@ void figy::deleteKm() {
     ui_->cmd_del->setEnabled(false);
     clearKmFields();
   });
+  ui_->ListView1->setFocus();
 }
 
 void figy::clearKmFields() {
@@ -219,6 +227,7 @@ void figy::deleteDate() {
     context_.state.selectedReminder = 0;
     ui_->cmdDel2->setEnabled(false);
   });
+  ui_->ListView2->setFocus();
 }
 
 bool figy::confirmsDeletion() {

@@ -54,6 +54,7 @@ class figy : public QDialog {
   void deleteDate();
 
   bool confirmsDeletion();
+  void forgetChosen();
   void select(std::int16_t number, QAbstractButton* deletion);
   void showChosen();
   void showChosen(ListView* list, const QAbstractButton* deletion);

@@ -1,6 +1,8 @@
 #include "ui/file_chooser.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QRegularExpression>
 #include <QStandardPaths>
 
 namespace tarvik::ui {
@@ -10,6 +12,20 @@ QString chosenFile(QFileDialog& dialog) {
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setViewMode(QFileDialog::List);  // the other view has words that the translation lacks
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+// The first suffix that a filter names.
+QString suffixOf(const QString& filter) {
+  static const QRegularExpression kFirst(QStringLiteral("\\*\\.(\\w+)"));
+  return kFirst.match(filter).captured(1);
+}
+
+void followFilter(QFileDialog& dialog) {
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
+    dialog.setDefaultSuffix(suffixOf(filter));
+    const QString typed = dialog.selectedFiles().value(0);
+    dialog.selectFile(QFileInfo(typed).completeBaseName() + QLatin1Char('.') + suffixOf(filter));
+  });
 }
 
 QString documents() {
@@ -23,6 +39,7 @@ QString askFileToWrite(const FileKind& kind, const QString& proposedName, QWidge
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix(kind.suffix);
   dialog.selectFile(proposedName);
+  followFilter(dialog);
   return chosenFile(dialog);
 }
 

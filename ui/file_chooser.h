@@ -9,12 +9,12 @@ namespace tarvik::ui {
 /// A kind of file as the file dialogs name it.
 struct FileKind {
   QString title;   ///< of the dialog
-  QString filter;  ///< "PDF-fájl (*.pdf)"
-  QString suffix;  ///< "pdf"
+  QString filter;  ///< "PDF-fájl (*.pdf)"; several stand with ";;" between them
+  QString suffix;  ///< "pdf"; of the first filter
 };
 
 /// The file to write, empty when the person gave up. The dialog is the toolkit's own: it asks itself before a
-/// file is replaced, in the program's language.
+/// file is replaced, in the program's language. The name's end follows the chosen filter.
 QString askFileToWrite(const FileKind& kind, const QString& proposedName, QWidget* parent);
 
 /// The file to read, empty when the person gave up.

@@ -3,6 +3,7 @@
 #include "reminders/date_reminders.h"
 #include "ui/access.h"
 #include "ui/change.h"
+#include "ui/controls/list_delegate.h"
 #include "ui/guarded.h"
 #include "ui/handlers.h"
 #include "ui/look.h"
@@ -21,6 +22,7 @@ frmDatumFigyelmeztetes::frmDatumFigyelmeztetes(Context& context, QWidget* parent
   rows_ = prepareReminderList(
       ui_->ListView1,
       {QStringLiteral("Dátum"), QStringLiteral("Figyelmeztetés Szövege"), QStringLiteral("Rendszám")});
+  keepWhole(*ui_->ListView1, 0, QStringLiteral("WWW9999.99.99."));  // a mark stands before the date
   ui_->ListView1->onRowChosen([this](int row) { return guarded(this, [&] { choose(row); }); });
   onClick(this, ui_->cmdDel, &frmDatumFigyelmeztetes::deleteChosen);
   connect(ui_->Command1, &QPushButton::clicked, this, &QDialog::close);
@@ -34,7 +36,10 @@ frmDatumFigyelmeztetes::~frmDatumFigyelmeztetes() = default;
 void frmDatumFigyelmeztetes::load() {
   rows_->setRows({});
   listed_ = reminders::loadDateReminders(context_.files, context_.folders);
-  rows_->setRows(toTextRows(reminders::dueDateRows(listed_, context_.clock.today())));
+  const auto due = reminders::dueDateRows(listed_, context_.clock.today());
+  std::vector<TextRow> rows = toTextRows(due);
+  for (std::size_t row = 0; row < due.size(); ++row) rows[row].overdue = due[row].isOverdue;
+  rows_->setRows(std::move(rows));
 }
 
 void frmDatumFigyelmeztetes::choose(int row) {
@@ -50,6 +55,13 @@ void frmDatumFigyelmeztetes::choose(int row) {
   showOverdue(*ui_->lbNapok, details.daysLeft.starts_with('-'));
 }
 
+void frmDatumFigyelmeztetes::forgetChosen() {
+  selected_ = 0;
+  for (ResultLabel* figure : {ui_->lbDatum, ui_->lbSzoveg, ui_->lbBeirva, ui_->lbRendszam})
+    showCaption(figure, QString());
+  showCaption(ui_->lbNapok, QString());
+}
+
 // Without a chosen row nothing is deleted and the screen closes all the same.
 void frmDatumFigyelmeztetes::deleteChosen() {
   if (!ask(this, QStringLiteral(" Törlés az adatállományból !"),
@@ -63,7 +75,7 @@ void frmDatumFigyelmeztetes::deleteChosen() {
                                                       listed_.seen(selected_));
                         isDeleted = true;
                       },
-                  .forget = [this] { selected_ = 0; },
+                  .forget = [this] { forgetChosen(); },
                   .list =
                       [&] {
                         if (!isDeleted) ui_->ListView1->keepPlace([this] { load(); });

@@ -26,6 +26,7 @@ class frmDatumFigyelmeztetes : public QDialog {
  private:
   void load();
   void choose(int row);
+  void forgetChosen();
   void deleteChosen();
 
   Context& context_;

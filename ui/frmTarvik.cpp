@@ -2,7 +2,6 @@
 
 #include <QCloseEvent>
 #include <QLineEdit>
-#include <QScreen>
 #include <QStyle>
 #include <algorithm>
 
@@ -11,6 +10,7 @@
 #include "ui/access.h"
 #include "ui/change.h"
 #include "ui/chart_panel.h"
+#include "ui/controls/fitting_area.h"
 #include "ui/controls/plate_chooser.h"
 #include "ui/frmGumik.h"
 #include "ui/frmSetup.h"
@@ -68,8 +68,8 @@ frmTarvik::frmTarvik(Context& context)
 frmTarvik::~frmTarvik() = default;
 
 // The filter may be opened later: the window has its width from the start. Where the display has room the
-// list is taller than it must be, as high as a chart over it wishes; where it is low, the results stand
-// beside each other.
+// list is taller than it must be, as high as a chart over it wishes; where it is too low for the smallest
+// chart, the fields and the results stand beside each other, and all parts closer together.
 void frmTarvik::place() {
   keepWithinReach(*this);
   const QMargins sides = ui_->mainLayout->contentsMargins();
@@ -77,11 +77,16 @@ void frmTarvik::place() {
   ui_->FrameSzürö->ensurePolished();
   ui_->ListView1->setMinimumWidth(
       std::max(ui_->ListView1->minimumWidth(), ui_->FrameSzürö->minimumSizeHint().width()));
-  const int forChart = findChild<ChartPanel*>()->sizeHint().height() - ui_->logbookArea->sizeHint().height();
-  const QSize wanted(pixelsOfTwips(kWidthTwips, *this),
-                     sizeHint().height() + std::max(kWishedRows * rowHeight(), forChart));
-  const bool isLow = screen()->availableGeometry().height() < ui_->centralwidget->sizeHint().height();
-  const int wide = ui_->resultBand->wideWidth() + around + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  const auto& chart = *findChild<ChartPanel*>();
+  const int list = ui_->logbookArea->sizeHint().height();
+  const QSize wanted(
+      pixelsOfTwips(kWidthTwips, *this),
+      sizeHint().height() + std::max(kWishedRows * rowHeight(), chart.sizeHint().height() - list));
+  const int least = ui_->centralwidget->sizeHint().height() - list + chart.minimumSizeHint().height();
+  const bool isLow = FittingArea::roomOnDisplay(*this).height() < least;
+  if (isLow) ui_->mainLayout->setSpacing(gridStep() / 2);
+  const int wide = std::max(ui_->entryBand->wideWidth(), ui_->resultBand->wideWidth()) + around +
+                   style()->pixelMetric(QStyle::PM_ScrollBarExtent);
   openInTheMiddle(*this, isLow ? QSize(wide, wanted.height()) : wanted);
 }
 

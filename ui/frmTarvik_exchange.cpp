@@ -15,7 +15,7 @@ void frmTarvik::setUpListMenu() {
   new ListMenu(ui_->ListView1, context_,
                {.fileName =
                     [this] {
-                      return QStringLiteral("%1_%2").arg(plate().trimmed(),
+                      return QStringLiteral("%1_%2").arg(shown_.plate,
                                                          toQt(context_.clock.today()).toString(Qt::ISODate));
                     },
                 .csv = [this] { return exchange::csvOf(listing_->listing()); },

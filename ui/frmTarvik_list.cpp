@@ -41,14 +41,15 @@ void frmTarvik::beolvas() {
   listing_->setListing({});
   select(0);
   listedPlate_ = platePath();
+  shown_ = {
+      .plate = plate().trimmed(), .mode = listMode_, .day = toLogic(ui_->DTPSzürö->date()), .isRead = false};
+  showCues();
   core::Listing listing{core::loadLogbook(context_.files, context_.folders, listedPlate_), {}};
-  listing.numbers = core::listedEntries(listing.logbook, {listMode_, toLogic(ui_->DTPSzürö->date())});
+  listing.numbers = core::listedEntries(listing.logbook, {shown_.mode, shown_.day});
   listing_->setListing(std::move(listing));
   keepDistancesWhole();
-  shown_ = {.plate = plate().trimmed(),
-            .mode = listMode_,
-            .day = toLogic(ui_->DTPSzürö->date()),
-            .entries = listing_->listing().rows()};
+  shown_.entries = listing_->listing().rows();
+  shown_.isRead = true;
   showCues();
   try {
     core::updateTotals(listing_->listing(), totals_);

@@ -3,7 +3,6 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QStyledItemDelegate>
 #include <algorithm>
 #include <optional>
 #include <utility>
@@ -79,12 +78,10 @@ ImportPreview::ImportPreview(Context& context, ImportSource source, QWidget* par
 
 ImportPreview::~ImportPreview() = default;
 
-// The ticks are boxes here, which the program's own rows do not draw.
 void ImportPreview::setUpLists() {
   ListView* entries = ui_->ListViewBejegyzesek;
   entries->setModel(entries_);
-  layOutList(*entries, entries_->longestTexts());
-  entries->setItemDelegate(new QStyledItemDelegate(entries));
+  layOutList(*entries, entries_->longestTexts(), ListDelegate::Ticks::Boxes);
   columns_ = listOn(ui_->ListViewOszlopok, {QStringLiteral("A fájl oszlopa"), QStringLiteral("Jelentése")},
                     {"", ""});
   leftOut_ = listOn(ui_->ListViewKimarado, {QStringLiteral("Sor"), QStringLiteral("Miért marad ki")},
@@ -176,6 +173,7 @@ void ImportPreview::showLeftOut() {
   for (const exchange::UnreadRow& row : entries_->plan().unread)
     rows.push_back({.cells = {toQt(std::to_string(row.line)), wordsOf(row)}, .record = {}});
   for (const exchange::SkippedSection& section : source_.log.skipped) rows.push_back(sectionRow(section));
+  std::ranges::stable_sort(rows, {}, [](const TextRow& row) { return row.cells.front().toInt(); });
   ui_->SSTab1->setTabText(2, QStringLiteral("Kimaradó sorok (%1)").arg(rows.size()));
   leftOut_->setRows(std::move(rows));
 }

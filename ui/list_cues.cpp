@@ -22,6 +22,7 @@ QString filterText(const ShownList& shown) {
 
 QString quietLine(const ShownList& shown) {
   if (shown.plate.isEmpty()) return QStringLiteral("Nincs kiválasztva rendszám");
+  if (!shown.isRead) return QStringLiteral("%1 naplója nem olvasható").arg(shown.plate);
   return QStringLiteral("%1 naplója – %2, %3 bejegyzés")
       .arg(shown.plate, filterText(shown), numberText(shown.entries));
 }
@@ -54,6 +55,7 @@ QString emptyListText(const ShownList& shown, bool hasVehicles) {
     return QStringLiteral(
         "Még nincs gépkocsi.\nKezdd a Beállítások menüben: vedd fel a rendszámot és a tank méretét!");
   if (shown.plate.isEmpty()) return QStringLiteral("Nincs kiválasztva gépkocsi.\nVálassz egy rendszámot!");
+  if (!shown.isRead) return QStringLiteral("%1 naplója nem olvasható.").arg(shown.plate);
   if (shown.mode == core::kWholeList)
     return QStringLiteral("%1 naplója még üres.\nTöltsd ki a fenti mezőket, és nyomd meg a Rögzítés gombot!")
         .arg(shown.plate);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <cstdint>
 
 #include "core/day.h"
 
@@ -10,10 +11,11 @@ namespace tarvik::ui {
 
 /// What the logbook list shows, in the words of the line over it.
 struct ShownList {
-  QString plate;    ///< whose logbook, trimmed
-  int mode = 0;     ///< whole, one year or one month, as the filter counts them
-  core::Day day{};  ///< a day of that year or month
+  QString plate;          ///< whose logbook, trimmed
+  std::int16_t mode = 0;  ///< whole, one year or one month, as the filter counts them
+  core::Day day{};        ///< a day of that year or month
   int entries = 0;
+  bool isRead = true;  ///< false = the logbook could not be read
 };
 
 /// The line over the list: whose logbook it shows and by which filter. While another plate is chosen the

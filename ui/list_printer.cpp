@@ -1,6 +1,5 @@
 #include "ui/list_printer.h"
 
-#include <QInputDialog>
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QProgressDialog>
@@ -25,14 +24,6 @@ QString commandTitle() {
   return QStringLiteral("Listamező nyomtatása");
 }
 
-std::optional<QString> askHeading(QWidget* parent) {
-  bool accepted = false;
-  const QString heading =
-      QInputDialog::getText(parent, commandTitle(), QStringLiteral("Kérem adja meg a fejléc szövegét..."),
-                            QLineEdit::Normal, QString(), &accepted);
-  return accepted ? std::optional(heading) : std::nullopt;
-}
-
 QString askPdfPath(const QString& name, QWidget* parent) {
   return askFileToWrite(
       {QStringLiteral("Mentés PDF-fájlba"), QStringLiteral("PDF-fájl (*.pdf)"), QStringLiteral("pdf")}, name,
@@ -54,6 +45,7 @@ bool drawDocument(const print::ListDocument& document, const Sheets& sheets, QWi
                            parent);
   progress.setWindowTitle(commandTitle());
   progress.setWindowModality(Qt::WindowModal);
+  makeRoomForTitle(progress);
   progress.setMinimumDuration(kPatienceMilliseconds);
   progress.setValue(0);
 
@@ -105,7 +97,8 @@ void printList(Context& context, const QString& plate, print::ListedRows rows, Q
   }
   const auto logbook =
       core::loadRecords<core::NapiAdat>(context.files, context.folders.logbook(toLogic(plate)));
-  const std::optional<QString> heading = askHeading(parent);
+  const std::optional<QString> heading =
+      askText(parent, commandTitle(), QStringLiteral("Kérem adja meg a fejléc szövegét..."));
   if (!heading) return;
 
   const print::ListDocument document(logbook, std::move(rows), toLogic(*heading));

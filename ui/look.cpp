@@ -296,6 +296,10 @@ void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
     return paintTitle(*painter, *option, titleOf(option), titleFont(widget),
                       subControlRect(control, option, SC_GroupBoxLabel, widget));
   }
+  if (control == CC_ScrollBar) {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    return paintHandle(*painter, *option, subControlRect(control, option, SC_ScrollBarSlider, widget));
+  }
   const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
   if (control == CC_ComboBox && combo != nullptr)
     return paintSelector(*painter, *combo, subControlRect(control, option, SC_ComboBoxArrow, widget));

@@ -165,6 +165,14 @@ void paintOutline(QPainter& painter, const QStyleOption& option) {
   painter.restore();
 }
 
+void paintHandle(QPainter& painter, const QStyleOption& option, const QRect& place) {
+  painter.save();
+  painter.setPen(outline(option.palette, kFieldLine));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(place.adjusted(0, 0, -1, -1));
+  painter.restore();
+}
+
 void paintHeading(QPainter& painter, const QStyleOption& option) {
   const QPalette& palette = option.palette;
   painter.fillRect(option.rect, between(palette.color(QPalette::Base), palette.color(QPalette::Window), 0.5));

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QGridLayout>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QStyle>
 
@@ -11,13 +12,17 @@ namespace {
 // What stands in a title bar beside the title: an icon, the buttons and some air.
 constexpr int kBesideTitle = 6;
 
-// The toolkit makes a box as wide as its text. A row of nothing, as wide as the title bar needs, keeps the
-// title whole.
-void makeRoomForTitle(QMessageBox& box) {
+int widthOfTitle(const QDialog& dialog) {
   QFont font = QApplication::font("QMdiSubWindowTitleBar");
   font.setBold(true);
-  const int height = box.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &box);
-  const int width = QFontMetrics(font).horizontalAdvance(box.windowTitle()) + kBesideTitle * height;
+  const int height = dialog.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &dialog);
+  return QFontMetrics(font).horizontalAdvance(dialog.windowTitle()) + kBesideTitle * height;
+}
+
+// The toolkit makes a box as wide as its text, whatever its size was before. A row of nothing, as wide as the
+// title bar needs, keeps the title whole.
+void makeRoomForTitle(QMessageBox& box) {
+  const int width = widthOfTitle(box);
   auto* grid = static_cast<QGridLayout*>(box.layout());
   grid->addItem(new QSpacerItem(width, 0, QSizePolicy::Minimum, QSizePolicy::Fixed), grid->rowCount(), 0, 1,
                 grid->columnCount());
@@ -39,6 +44,18 @@ void tellError(QWidget* parent, const QString& title, const QString& prompt) {
   box.setTextFormat(Qt::PlainText);
   makeRoomForTitle(box);
   box.exec();
+}
+
+std::optional<QString> askText(QWidget* parent, const QString& title, const QString& prompt) {
+  QInputDialog box(parent);
+  box.setWindowTitle(title);
+  box.setLabelText(prompt);
+  makeRoomForTitle(static_cast<QDialog&>(box));
+  return box.exec() == QDialog::Accepted ? std::optional(box.textValue()) : std::nullopt;
+}
+
+void makeRoomForTitle(QDialog& dialog) {
+  dialog.resize(dialog.sizeHint().expandedTo({widthOfTitle(dialog), 0}));
 }
 
 }  // namespace tarvik::ui

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 
+class QDialog;
 class QWidget;
 
 namespace tarvik::ui {
@@ -14,5 +16,11 @@ bool ask(QWidget* parent, const QString& title, const QString& prompt, DefaultAn
 
 /// Tells of an error with an OK button and the critical icon.
 void tellError(QWidget* parent, const QString& title, const QString& prompt);
+
+/// Asks for a line of text; nothing when the person gave up.
+std::optional<QString> askText(QWidget* parent, const QString& title, const QString& prompt);
+
+/// Makes a dialog that was given its title and parts at least as wide as the title needs.
+void makeRoomForTitle(QDialog& dialog);
 
 }  // namespace tarvik::ui

@@ -10,7 +10,7 @@ expect_size() {  # FILE BYTES
 }
 
 expect_refused() {  # LOG FOLDER TODAY
-  if "$make_demo" "$@" 2> /dev/null; then echo "make_demo takes $*"; exit 1; fi
+  if "$make_demo" "$@" 2> "$scratch/told"; then echo "make_demo takes $*"; exit 1; fi
 }
 
 mkdir "$scratch/one" "$scratch/two" "$scratch/none"
@@ -31,4 +31,5 @@ echo "date,odometer_km,litres,cost_ft,full" > "$scratch/empty.csv"
 expect_refused "$scratch/empty.csv" "$scratch/none" 2013.07.05.
 expect_refused "$scratch/missing.csv" "$scratch/none" 2013.07.05.
 expect_refused "$log" "$scratch/no-such-folder" 2013.07.05.
+grep -q "no such folder: $scratch/no-such-folder" "$scratch/told"
 expect_refused "$log" "$scratch/none" 2013.02.30.

@@ -169,9 +169,17 @@ TEST(DueDateRows, AreOfAllVehiclesAndEmptyTextsToo) {
                                 kToday);
   const std::vector<ReminderRow> expected{
       {"2013.07.19.", "Közel" + std::string(35, ' '), "ABC-123   ", "2"},
-      {"2013.07.02.", std::string(40, ' '), "DEF-456   ", "3"},
+      {"2013.07.02.", std::string(40, ' '), "DEF-456   ", "3", true},
   };
   EXPECT_EQ(rows, expected);
+}
+
+TEST(DueDateRows, AreOverdueFromTheDayAfterTheirOwn) {
+  const auto rows =
+      dueDateRows(listOf({dateReminder(0, "Ma", "A"), dateReminder(-1, "Tegnap", "A")}), kToday);
+  ASSERT_EQ(rows.size(), 2U);
+  EXPECT_FALSE(rows[0].isOverdue);
+  EXPECT_TRUE(rows[1].isOverdue);
 }
 
 TEST(DueDateRows, HaveNoPlaceholder) {

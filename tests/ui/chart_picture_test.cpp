@@ -102,13 +102,36 @@ class ChartPictureTest : public QObject {
     const QString path = folder.filePath("kép.png");
     QString title;
     whenShown<QFileDialog>([&](QFileDialog& dialog) {
-      title = dialog.labelText(QFileDialog::Accept);
+      title = dialog.windowTitle();
       dialog.findChild<QLineEdit*>("fileNameEdit")->setText(path);
       static_cast<QDialog&>(dialog).done(QDialog::Accepted);
     });
     clickMenuItem(*chart_, 1);
-    QCOMPARE(title, QStringLiteral("&Mentés"));
+    QCOMPARE(title, QStringLiteral("Grafikon mentése képként"));
     QVERIFY(!QImage(path).isNull());
+  }
+
+  void theNameFollowsTheKindThatThePersonChooses() {
+    QStringList names;
+    whenShown<QFileDialog>([&](QFileDialog& dialog) {
+      for (const char* kind : {"PDF dokumentum (*.pdf)", "PNG kép (*.png)"}) {
+        emit dialog.filterSelected(kind);
+        names << QFileInfo(dialog.selectedFiles().value(0)).fileName() << dialog.defaultSuffix();
+      }
+      static_cast<QDialog&>(dialog).reject();
+    });
+    clickMenuItem(*chart_, 1);
+    QCOMPARE(names, (QStringList{"grafikon.pdf", "pdf", "grafikon.png", "png"}));
+  }
+
+  void shiftF10OpensTheMenu() {
+    QStringList items;
+    whenShown<QMenu>([&](QMenu& menu) {
+      for (const QAction* item : menu.actions()) items << item->text().remove('&');
+      menu.close();
+    });
+    QTest::keyClick(chart_, Qt::Key_F10, Qt::ShiftModifier);
+    QCOMPARE(items, (QStringList{"Kép másolása", "Mentés képként…"}));
   }
 
   void menuTellsAFailedSave() {
@@ -126,7 +149,8 @@ class ChartPictureTest : public QObject {
     });
     clickMenuItem(*chart_, 1);
     QCOMPARE(title, QStringLiteral(" H i b a !"));
-    QVERIFY(text.contains("/nincs-ilyen-mappa/kép.png"));
+    QCOMPARE(text, QStringLiteral("A kép mentése nem sikerült:\n/nincs-ilyen-mappa/kép.png\n\n"
+                                  "Nézd meg, írható-e a mappa, és van-e elég szabad hely a lemezen!"));
   }
 };
 

@@ -374,6 +374,35 @@ class FigyTest : public QObject {
     QCOMPARE(figy.kmList().highlightedRecord(), QString());
   }
 
+  void aRefusedDeletionLeavesNeitherButtonAnythingToDelete() {
+    test::ReminderDesk desk;
+    desk.storeKm({kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A")});
+    desk.storeDates({dateReminder(1, "Adó", "A"), dateReminder(2, "Műszaki", "A")});
+    const Figy figy(desk);
+    clickRow(figy.kmList(), 1);
+    figy.openTab(1);
+    clickRow(figy.dateList(), 1);
+    desk.storeDates({dateReminder(1, "Adó", "A")});
+    test::BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
+    figy.press("cmdDel2");
+    QVERIFY(!figy.button("cmdDel2")->isEnabled());
+    QVERIFY(!figy.button("cmd_del")->isEnabled());
+  }
+
+  void afterADeletionTheKeyboardIsInTheList() {
+    test::ReminderDesk desk;
+    desk.storeKm({kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A")});
+    desk.storeDates({dateReminder(1, "Adó", "A"), dateReminder(2, "Műszaki", "A")});
+    const Figy figy(desk);
+    clickRow(figy.kmList(), 1);
+    figy.pressAndAnswer("cmd_del", QMessageBox::Yes);
+    QCOMPARE(figy.screen.focusWidget(), &figy.kmList());
+    figy.openTab(1);
+    clickRow(figy.dateList(), 1);
+    figy.pressAndAnswer("cmdDel2", QMessageBox::Yes);
+    QCOMPARE(figy.screen.focusWidget(), &figy.dateList());
+  }
+
   void aColumnClickSortsNowAndAfterEveryFill() {
     test::ReminderDesk desk;
     desk.storeKm({kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "B")});

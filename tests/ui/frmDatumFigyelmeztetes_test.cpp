@@ -1,10 +1,12 @@
 #include "ui/frmDatumFigyelmeztetes.h"
 
+#include <QAccessible>
 #include <QHeaderView>
 #include <QLabel>
 #include <QScreen>
 
 #include "tests/ui/reminder_desk.h"
+#include "ui/models/text_list_model.h"
 
 namespace tarvik {
 namespace {
@@ -157,6 +159,44 @@ class FrmDatumFigyelmeztetesTest : public QObject {
     alert.deleteAndAnswer(QMessageBox::Yes);
     QVERIFY(!alert.screen.isVisible());
     QCOMPARE(desk.storedDates(), fileOf({desk.far, desk.soon, desk.now, desk.late}));
+  }
+
+  void anOverdueRowSaysSoWithoutBeingClicked() {
+    DueDesk desk;
+    const Alert alert(desk);
+    const QAbstractItemModel* model = alert.list().model();
+    const auto told = [&](int row) {
+      const QModelIndex date = model->index(row, 0);
+      QAccessibleInterface* cell =
+          QAccessible::queryAccessibleInterface(&alert.list())->tableInterface()->cellAt(row, 0);
+      return QStringList{date.data(ui::kOverdueRole).toBool() ? "marked" : "",
+                         date.data(Qt::FontRole).value<QFont>().bold() ? "bold" : "",
+                         cell->text(QAccessible::Description)};
+    };
+    QCOMPARE(told(1), (QStringList{"", "", ""}));
+    QCOMPARE(told(2), (QStringList{"marked", "bold", "lejárt"}));
+  }
+
+  void aMarkedDateIsWhole() {
+    DueDesk desk;
+    const Alert alert(desk);
+    const QModelIndex date = alert.list().model()->index(2, 0);
+    QStyleOptionViewItem option;
+    option.initFrom(&alert.list());
+    QVERIFY(alert.list().itemDelegate()->sizeHint(option, date).width() <=
+            alert.list().visualRect(date).width());
+  }
+
+  void aRefusedDeletionEmptiesTheDetails() {
+    DueDesk desk;
+    const Alert alert(desk);
+    clickRow(alert.list(), 1);
+    desk.storeDates({desk.far, desk.soon});
+    test::BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
+    test::press(*part<QPushButton>(alert.screen, "cmdDel"));
+    QVERIFY(alert.screen.isVisible());
+    QCOMPARE(alert.details(), (QStringList{"", "", "", "", ""}));
+    QCOMPARE(rowsOf(alert.list()).size(), 1);
   }
 
   void command1AndEscapeCloseWithoutAChange() {

@@ -62,6 +62,23 @@ class FrmTarvikListTest : public QObject {
     QVERIFY(main.list()->header()->sectionSize(core::kKmColumn) > needed);
   }
 
+  void aLogbookThatCannotBeReadIsNotSaidToBeListed() {
+    MainScreen main;
+    main.writeLogbook("ABC123", twoFills());
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    main.folder.makeFolder("DEF456");
+    main.folder.makeFolder("DEF456/napiadat.dat");  // a folder in the file's place
+    main.combo("Combo1")->setEditText("DEF456");
+    BoxScript boxes({QMessageBox::Ok});
+    main.press("cmd_lista");
+    main.press("cmdSzürés");
+    QCOMPARE(main.rows(), 0);
+    QCOMPARE(main.label("lbNaplo"), QString("DEF456 naplója nem olvasható"));
+    const auto* hint = main.list()->viewport()->findChild<QLabel*>();
+    QCOMPARE(hint->text(), QString("DEF456 naplója nem olvasható."));
+  }
+
   void filesFollowTheirOwnFolders() {
     MainScreen main(true);
     main.current.write("rendsz.dat", padded("ABC123", 8) + std::string("\x2D\0", 2));

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
+#include <QToolTip>
 #include <QTreeView>
 #include <QtTest>
 #include <filesystem>
@@ -228,7 +229,50 @@ class ImportPreviewTest : public QObject {
   });
 }
 
-  void aLogbookThatChangedMeanwhileIsNotTouched() {
+  void whatThePersonUntickedStaysSoWhenAQuestionIsAnswered() {
+    Import import;
+    import.read("Date;Odometer;Litres;Cost (EUR)\n2024-01-05;1000;40;60\n2024-01-19;1500;30;45\n",
+                [](ui::ImportPreview& preview) {
+                  auto* entries = list(preview, "ListViewBejegyzesek");
+                  entries->setData(entries->index(0, 0), Qt::Unchecked, Qt::CheckStateRole);
+                  test::part<QLineEdit>(preview, "txValto")->setText("400");
+                  QCOMPARE(entries->index(0, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+                  QCOMPARE(state(preview), QStringLiteral("Kijelölve: 1 bejegyzés"));
+                  test::press(*button(preview));
+                });
+    QCOMPARE(import.stored().size(), 1U);
+    QCOMPARE(import.stored()[0].KmOra, 1500);
+    QCOMPARE(import.stored()[0].TankoltKtg, 18'000);
+  }
+
+  void whatIsLeftOutStandsInTheOrderOfTheFile() {
+  Import import;
+    import.read(
+        "## Kosten\nDatum;Titel\n06.01.2024;Wäsche\n\n## Log\nDatum;Kilometerstand;Menge\n05.01.2024;1000;40\n"
+        ";1100;20\n",
+        [](ui::ImportPreview& preview) {
+          const auto* leftOut = list(preview, "ListViewKimarado");
+    QCOMPARE(row(leftOut, 0, 2), QStringLiteral("2|más rész: „Kosten” (1 sor)"));
+    QCOMPARE(row(leftOut, 1, 2), QStringLiteral("8|nincs benne dátum"));
+    preview.reject();
+});
+}
+
+void aFigureThatItsColumnCutsIsWholeInItsTooltip() {
+  Import import;
+    import.read("Dátum;Km óra;Liter;Költség (Ft)\n2024.01.05.;2000000000;400000;2000000000\n",
+                [](ui::ImportPreview& preview) {
+                  auto* view = test::part<QTreeView>(preview, "ListViewBejegyzesek");
+    const QModelIndex reading = view->model()->index(0, 1);
+    const QPoint place = view->visualRect(reading).center();
+    QHelpEvent event(QEvent::ToolTip, place, view->viewport()->mapToGlobal(place));
+    QApplication::sendEvent(view->viewport(), &event);
+    QCOMPARE(QToolTip::text(), QStringLiteral("2000000000"));
+    preview.reject();
+});
+}
+
+void aLogbookThatChangedMeanwhileIsNotTouched() {
   Import import;
   const core::NapiAdat other = fuelling({2024, 2, 1}, 9000, 400'000, true);
   BoxScript boxes({QMessageBox::Ok});

@@ -122,6 +122,18 @@ class ListMenuTest : public QObject {
     QVERIFY(file.ends_with("\r\n2026-01-19;1500;30,5;18000;0;nem;nem;nem;nem;;0;Tankolás;0;0\r\n"));
   }
 
+  void theFileIsNamedAfterTheLogbookThatIsListed() {
+    Screen screen;
+    screen.combo("Combo1")->setEditText("DEF-456");
+    QString proposed;
+    onNextDialog<QFileDialog>([&](QFileDialog& dialog) {
+      proposed = QFileInfo(dialog.selectedFiles().value(0)).fileName();
+      static_cast<QDialog&>(dialog).reject();
+    });
+    item(*screen.list(), "mnuCsvMentes")->trigger();
+    QCOMPARE(proposed, QString("ABC-123_2026-11-21.csv"));
+  }
+
   void aFileIsReadInAndListed() {
     Screen screen;
     screen.current.write("log.csv", "Dátum;Km óra;Liter;Költség (Ft)\n2026.02.01.;2000;30;18000\n");

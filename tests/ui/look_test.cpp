@@ -3,6 +3,7 @@
 #include <QAbstractSpinBox>
 #include <QGroupBox>
 #include <QHeaderView>
+#include <QInputDialog>
 #include <QMenuBar>
 #include <QScrollArea>
 #include <QStyleOptionFrame>
@@ -11,6 +12,7 @@
 #include "core/record_list.h"
 #include "reminders/km_reminders.h"
 #include "tests/ui/main_screen.h"
+#include "tests/ui/next_dialog.h"
 #include "tests/ui/support.h"
 #include "ui/controls/list_delegate.h"
 #include "ui/figy.h"
@@ -250,6 +252,15 @@ class LookTest : public QObject {
     QTest::qWait(0);
     check(*desk.screen);
 
+    test::onNextDialog<ui::frmMelyGrafikon>([](ui::frmMelyGrafikon& chooser) {
+      test::part<QRadioButton>(chooser, "Option1")->setChecked(true);
+      test::part<QPushButton>(chooser, "cmdMegjelenit")->click();
+    });
+    desk.find<QAbstractButton>("cmdGrafikon")->click();
+    QVERIFY(desk.find<QFrame>("FrmGrafikon")->isVisible());
+    QTest::qWait(0);
+    check(*desk.screen);
+
     ui::figy reminders(desk.context, "ABC-123", nullptr);
     check(reminders);
     test::part<QTabWidget>(reminders, "SSTab1")->setCurrentIndex(1);
@@ -372,6 +383,19 @@ class LookTest : public QObject {
     test::BoxScript boxes({QMessageBox::Ok});
     boxes.whileOpen = [&](const QMessageBox& box) { width = box.width(); };
     ui::tellError(nullptr, title, QStringLiteral("x"));
+    QFont bold = QApplication::font();
+    bold.setBold(true);
+    QVERIFY(width > QFontMetrics(bold).horizontalAdvance(title));
+  }
+
+  void aQuestionForATextIsAsWideAsItsTitle() {
+    const QString title = QStringLiteral("Listamező nyomtatása, és még sok minden más is");
+    int width = 0;
+    test::onNextDialog<QInputDialog>([&](QInputDialog& box) {
+      width = box.width();
+      box.reject();
+    });
+    QCOMPARE(ui::askText(nullptr, title, QStringLiteral("x")), std::nullopt);
     QFont bold = QApplication::font();
     bold.setBold(true);
     QVERIFY(width > QFontMetrics(bold).horizontalAdvance(title));

@@ -92,6 +92,7 @@ core::Day dayOfArgument(const char* text) {
 }
 
 void makeHousehold(const std::filesystem::path& log, const std::filesystem::path& folder, core::Day today) {
+  if (!std::filesystem::is_directory(folder)) throw std::runtime_error("no such folder: " + folder.string());
   Maker maker(folder);
   for (const Car& car : household(log, today)) maker.add(car);
   maker.addLookupTexts();
@@ -111,7 +112,9 @@ int main(int argc, char** argv) {
   try {
     tarvik::demo::makeHousehold(argv[1], argv[2], tarvik::demo::dayOfArgument(argv[3]));
   } catch (const tarvik::core::Failure& failure) {
-    std::cerr << "tarvik_make_demo: failed at " << failure.file() << ' ' << failure.field() << '\n';
+    std::cerr << "tarvik_make_demo: failed at " << failure.file() << ' ' << failure.field()
+              << (failure.systemError() == 0 ? "" : ": ")
+              << (failure.systemError() == 0 ? "" : std::strerror(failure.systemError())) << '\n';
     return 1;
   } catch (const std::exception& error) {
     std::cerr << "tarvik_make_demo: " << error.what() << '\n';

@@ -20,6 +20,8 @@ namespace {
 
 constexpr int kWishedWidth = 700;
 constexpr int kWishedPlot = 220;
+constexpr int kLeastWidth = 320;
+constexpr int kLeastPlot = 72;
 
 }  // namespace
 
@@ -141,7 +143,7 @@ QSize ChartView::sizeHint() const {
 }
 
 QSize ChartView::minimumSizeHint() const {
-  return {320, 200};
+  return {kLeastWidth, chartHeightForPlot(kLeastPlot, font())};
 }
 
 bool ChartView::event(QEvent* event) {
@@ -202,6 +204,9 @@ void ChartView::selectNextFrom(int row, int step) {
 
 void ChartView::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
+    case Qt::Key_F10:
+      if (event->modifiers() != Qt::ShiftModifier) return QWidget::keyPressEvent(event);
+      return runChartMenu(*this, mapToGlobal(rect().center()));
     case Qt::Key_Left:
       return selectNextFrom(selectedRow() > 0 ? selectedRow() : rowCount() + 1, -1);
     case Qt::Key_Right:

@@ -24,12 +24,12 @@ FittingArea::FittingArea(QWidget* contents, QWidget* parent) : QScrollArea(paren
 }
 
 QSize FittingArea::sizeHint() const {
-  return widget()->sizeHint().boundedTo(roomOnDisplay());
+  return widget()->sizeHint().boundedTo(roomOnDisplay(*this));
 }
 
 QSize FittingArea::minimumSizeHint() const {
   const QSize needed = widget()->minimumSizeHint().expandedTo(widget()->minimumSize());
-  const QSize room = roomOnDisplay();
+  const QSize room = roomOnDisplay(*this);
   const QSize bars(needed.height() > room.height() ? verticalScrollBar()->sizeHint().width() : 0,
                    needed.width() > room.width() ? horizontalScrollBar()->sizeHint().height() : 0);
   return (needed + bars).boundedTo(room);
@@ -41,8 +41,8 @@ bool FittingArea::eventFilter(QObject* watched, QEvent* event) {
   return QScrollArea::eventFilter(watched, event);
 }
 
-QSize FittingArea::roomOnDisplay() const {
-  return screen()->availableGeometry().size() - kAround;
+QSize FittingArea::roomOnDisplay(const QWidget& window) {
+  return window.screen()->availableGeometry().size() - kAround;
 }
 
 }  // namespace tarvik::ui

@@ -12,14 +12,14 @@ class FittingArea : public QScrollArea {
  public:
   explicit FittingArea(QWidget* contents, QWidget* parent = nullptr);
 
+  /// The room that a window's contents can have on its display, in pixels.
+  static QSize roomOnDisplay(const QWidget& window);
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
-
- private:
-  QSize roomOnDisplay() const;
 };
 
 }  // namespace tarvik::ui

@@ -92,7 +92,9 @@ class CellAccessible : public ListPart, public QAccessibleTableCellInterface {
   QRect rect() const override { return isValid() ? onDisplay(rectInList()) : QRect(); }
 
   QString text(QAccessible::Text kind) const override {
-    return isValid() && kind == QAccessible::Name ? index().data().toString().trimmed() : QString();
+    if (!isValid()) return {};
+    if (kind == QAccessible::Description) return index().data(Qt::AccessibleDescriptionRole).toString();
+    return kind == QAccessible::Name ? index().data().toString().trimmed() : QString();
   }
 
   QAccessible::State state() const override {

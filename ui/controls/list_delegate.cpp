@@ -11,6 +11,7 @@
 #include <algorithm>
 
 #include "ui/look.h"
+#include "ui/models/text_list_model.h"
 
 namespace tarvik::ui {
 namespace {
@@ -23,24 +24,25 @@ QString recordOf(const QModelIndex& index) {
   return index.siblingAtColumn(index.model()->columnCount() - 1).data().toString();
 }
 
-// A hook as large as the letters; nothing for an unmarked row, in the same room.
-QIcon markIcon(int size, const QColor& colour, double pixelRatio) {
+// A picture as large as the letters, with what is drawn of lines on a square of side 1.
+QIcon markIcon(int size, const QColor& colour, double pixelRatio, const QList<QPolygonF>& lines) {
   QPixmap picture(QSize(size, size) * pixelRatio);
   picture.setDevicePixelRatio(pixelRatio);
   picture.fill(Qt::transparent);
-  if (colour.isValid()) {
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colour, size / 7.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.drawPolyline(
-        QPolygonF{{0.15 * size, 0.55 * size}, {0.4 * size, 0.8 * size}, {0.85 * size, 0.25 * size}});
-  }
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.scale(size, size);
+  painter.setPen(QPen(colour, 1 / 7.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  for (const QPolygonF& line : lines) painter.drawPolyline(line);
   return picture;
 }
 
-// The mark takes the place of the box that the toolkit would draw.
-void showMark(QStyleOptionViewItem& option) {
-  const bool isChecked = option.checkState == Qt::Checked;
+const QPolygonF kHook{{0.15, 0.55}, {0.4, 0.8}, {0.85, 0.25}};
+const QPolygonF kStroke{{0.5, 0.12}, {0.5, 0.58}};
+const QPolygonF kDot{{0.5, 0.87}, {0.5, 0.88}};
+
+// A mark before the text; a row without one has the same room.
+void showMark(QStyleOptionViewItem& option, const QList<QPolygonF>& lines) {
   const bool isSelected = option.state.testFlag(QStyle::State_Selected);
   const QColor colour = option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
   const int size = option.fontMetrics.height();
@@ -48,10 +50,12 @@ void showMark(QStyleOptionViewItem& option) {
   option.features.setFlag(QStyleOptionViewItem::HasCheckIndicator, false);
   option.features.setFlag(QStyleOptionViewItem::HasDecoration, true);
   option.decorationSize = {size, size};
-  option.icon = markIcon(size, isChecked ? colour : QColor(), ratio);
+  option.icon = markIcon(size, colour, ratio, lines);
 }
 
 }  // namespace
+
+ListDelegate::ListDelegate(QObject* parent, Ticks ticks) : QStyledItemDelegate(parent), ticks_(ticks) {}
 
 void ListDelegate::mark(const QString& record, QAbstractItemView& view) {
   marked_ = record;
@@ -64,7 +68,12 @@ void ListDelegate::mark(const QString& record, QAbstractItemView& view) {
 
 void ListDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
   QStyledItemDelegate::initStyleOption(option, index);
-  if (option->features.testFlag(QStyleOptionViewItem::HasCheckIndicator)) showMark(*option);
+  const QVariant overdue = index.data(kOverdueRole);
+  if (overdue.toBool()) option->palette.setColor(QPalette::Text, overdueColour(option->palette));
+  if (overdue.isValid() && index.column() == 0)
+    showMark(*option, overdue.toBool() ? QList<QPolygonF>{kStroke, kDot} : QList<QPolygonF>());
+  if (ticks_ == Ticks::Marks && option->features.testFlag(QStyleOptionViewItem::HasCheckIndicator))
+    showMark(*option, option->checkState == Qt::Checked ? QList<QPolygonF>{kHook} : QList<QPolygonF>());
   if (!marked_.isEmpty() && recordOf(index) == marked_)
     option->backgroundBrush =
         between(option->palette.color(QPalette::Base), option->palette.color(QPalette::Highlight), kTint);
@@ -80,8 +89,8 @@ bool ListDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const Q
   return true;
 }
 
-ListDelegate* layOutList(QTreeView& view, const QStringList& longest) {
-  auto* delegate = new ListDelegate(&view);
+ListDelegate* layOutList(QTreeView& view, const QStringList& longest, ListDelegate::Ticks ticks) {
+  auto* delegate = new ListDelegate(&view, ticks);
   view.setItemDelegate(delegate);
   view.ensurePolished();
   QHeaderView& header = *view.header();

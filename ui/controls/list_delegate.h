@@ -7,13 +7,20 @@ class QTreeView;
 
 namespace tarvik::ui {
 
-/// Paints the rows of a list: a check state as a mark that cannot be pressed, a new row with a tint for a
-/// moment, and a tooltip with the whole of a text that its column cuts off.
+/// Paints the rows of a list: a check state as a mark that cannot be pressed, an overdue row in its colour
+/// and with a mark, a new row with a tint for a moment, and a tooltip with the whole of a text that its
+/// column cuts off.
 class ListDelegate : public QStyledItemDelegate {
   Q_OBJECT
 
  public:
-  using QStyledItemDelegate::QStyledItemDelegate;
+  /// How a check state is shown.
+  enum class Ticks {
+    Marks,  ///< a hook that cannot be pressed
+    Boxes,  ///< a box that can
+  };
+
+  explicit ListDelegate(QObject* parent, Ticks ticks = Ticks::Marks);
 
   /// Tints the row of that record number for a moment; the view is painted again when it is over.
   void mark(const QString& record, QAbstractItemView& view);
@@ -27,13 +34,15 @@ class ListDelegate : public QStyledItemDelegate {
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
  private:
+  Ticks ticks_;
   QString marked_;
 };
 
 /// Gives a list the program's rows and columns: each column as wide as its head and the longest of its
 /// texts; the columns whose longest text is left empty share what remains. The list shrinks down to three
 /// rows. Returns the delegate, which belongs to the view.
-ListDelegate* layOutList(QTreeView& view, const QStringList& longest);
+ListDelegate* layOutList(QTreeView& view, const QStringList& longest,
+                         ListDelegate::Ticks ticks = ListDelegate::Ticks::Marks);
 
 /// Makes room for a text that is longer than its column was laid out for; the list asks for that much more.
 void keepWhole(QTreeView& view, int column, const QString& text);

@@ -83,10 +83,18 @@ QStringList ImportModel::longestTexts() const {
 void ImportModel::setPlan(exchange::ImportPlan plan, const core::Logbook& logbook) {
   beginResetModel();
   plan_ = std::move(plan);
-  listing_ = listingOf(plan_);
   logbook_ = &logbook;
+  keepTicks();
+  listing_ = listingOf(plan_);
   endResetModel();
   emit ticksChanged();
+}
+
+void ImportModel::keepTicks() {
+  if (ticks_.empty()) return;
+  for (exchange::PlannedEntry& planned : plan_.entries)
+    if (const auto own = ticks_.find(planned.line); own != ticks_.end()) planned.isTaken = own->second;
+  exchange::settle(plan_, *logbook_);
 }
 
 int ImportModel::rowCount(const QModelIndex& parent) const {
@@ -119,8 +127,6 @@ QVariant ImportModel::data(const QModelIndex& index, int role) const {
   switch (role) {
     case Qt::DisplayRole:
       return text(planned, index.row(), column);
-    case Qt::ToolTipRole:
-      return column == kEszrevetel ? QVariant(wordsOf(planned.doubts)) : QVariant();
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(alignmentOf(column));
     case Qt::CheckStateRole:
@@ -146,7 +152,9 @@ Qt::ItemFlags ImportModel::flags(const QModelIndex& index) const {
 
 bool ImportModel::setData(const QModelIndex& index, const QVariant& value, int role) {
   if (role != Qt::CheckStateRole || !checkIndex(index, CheckIndexOption::IndexIsValid)) return false;
-  plan_.entries[static_cast<std::size_t>(index.row())].isTaken = value.toInt() == Qt::Checked;
+  exchange::PlannedEntry& planned = plan_.entries[static_cast<std::size_t>(index.row())];
+  planned.isTaken = value.toInt() == Qt::Checked;
+  ticks_[planned.line] = planned.isTaken;
   exchange::settle(plan_, *logbook_);
   emit dataChanged(this->index(0, 0), this->index(rowCount() - 1, columnCount() - 1));
   emit ticksChanged();

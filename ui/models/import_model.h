@@ -2,6 +2,7 @@
 
 #include <QAbstractTableModel>
 #include <QStringList>
+#include <map>
 #include <vector>
 
 #include "core/listing.h"
@@ -18,7 +19,7 @@ class ImportModel : public QAbstractTableModel {
   /// An entry of a program's own file may hold part changes; the columns for them are left out otherwise.
   explicit ImportModel(bool hasParts, QObject* parent = nullptr);
 
-  /// Replaces what is shown. logbook is the one that the entries are to come behind; it outlives the model.
+  /// Replaces what is shown; what the person ticked or not stays so. logbook is the one that the entries are to come behind; it outlives the model.
   void setPlan(exchange::ImportPlan plan, const core::Logbook& logbook);
   const exchange::ImportPlan& plan() const { return plan_; }
   /// The longest text that each column is laid out for; empty for those that share what remains.
@@ -38,9 +39,11 @@ class ImportModel : public QAbstractTableModel {
 
  private:
   QString text(const exchange::PlannedEntry& planned, int row, int column) const;
+  void keepTicks();
 
   std::vector<int> columns_;
   exchange::ImportPlan plan_;
+  std::map<int, bool> ticks_;  // the person's own, by the line of the file
   core::Listing listing_;
   const core::Logbook* logbook_ = nullptr;
 };

@@ -44,14 +44,14 @@ QVariant TextListModel::data(const QModelIndex& index, int role) const {
   const TextRow& row = rows_[static_cast<std::size_t>(index.row())];
   if (role == Qt::DisplayRole) return cell(row, index.column());
   if (role == Qt::TextAlignmentRole) return alignment(index.column());
-  if (!row.marked) return {};
-  if (role == Qt::CheckStateRole && index.column() == 0) return *row.marked ? Qt::Checked : Qt::Unchecked;
-  if (role == Qt::FontRole && *row.marked) {
-    QFont bold;
-    bold.setBold(true);
-    return bold;
-  }
-  return {};
+  if (role == kOverdueRole && row.overdue) return *row.overdue;
+  if (role == Qt::AccessibleDescriptionRole && row.overdue.value_or(false)) return QStringLiteral("lejárt");
+  if (role == Qt::CheckStateRole && row.marked && index.column() == 0)
+    return *row.marked ? Qt::Checked : Qt::Unchecked;
+  if (role != Qt::FontRole || !(row.marked.value_or(false) || row.overdue.value_or(false))) return {};
+  QFont bold;
+  bold.setBold(true);
+  return bold;
 }
 
 QVariant TextListModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -7,11 +7,15 @@
 
 namespace tarvik::ui {
 
+/// The role of a cell that says whether its row is overdue.
+inline constexpr int kOverdueRole = Qt::UserRole;
+
 /// A row of texts, the record number it stands for and whether it is marked (a check mark and bold).
 struct TextRow {
   QStringList cells;
-  QString record;                             ///< the record number as text; kept in the last, hidden column
-  std::optional<bool> marked = std::nullopt;  ///< nothing = the list has no marks
+  QString record;                              ///< the record number as text; kept in the last, hidden column
+  std::optional<bool> marked = std::nullopt;   ///< nothing = the list has no marks
+  std::optional<bool> overdue = std::nullopt;  ///< nothing = the list does not tell what is overdue
 };
 
 /// A list of text rows under headers, with one more column without a header that carries each row's
