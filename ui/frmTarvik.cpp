@@ -91,7 +91,6 @@ void frmTarvik::place() {
 }
 
 void frmTarvik::setUpFields() {
-  for (QComboBox* field : {ui_->txAlkatresz, ui_->txMegjegyzes}) field->setCompleter(nullptr);
   for (QDateEdit* day : {ui_->DTPicker1, ui_->DTPSzürö})
     day->setDateRange(toQt(core::kFirstDay), toQt(core::kLastDay));
   for (QLineEdit* field : {ui_->txKmOra, ui_->txTankoltLiter, ui_->txTankoltKtg, ui_->txAlkatreszKtg})

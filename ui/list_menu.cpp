@@ -1,9 +1,9 @@
 #include "ui/list_menu.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
@@ -56,22 +56,32 @@ bool opensMenu(const QKeyEvent& event) {
 
 ListMenu::ListMenu(ListView* list, Context& context, ListMenuParts parts)
     : QObject(list), list_(list), context_(context), parts_(std::move(parts)) {
-  QAction* copy = add("mnuMasolas", QStringLiteral("&Másolás"), &ListMenu::copy);
+  QAction* copy = add("mnuMasolas", QStringLiteral("&Másolás"));
   copy->setShortcut(QKeySequence::Copy);
   copy->setShortcutContext(Qt::WidgetShortcut);
-  add("mnuCsvMentes", QStringLiteral("M&entés CSV-fájlba…"), &ListMenu::save);
-  if (parts_.import) add("mnuCsvBeolvasas", QStringLiteral("&Beolvasás CSV-fájlból…"), &ListMenu::import);
+  connect(copy, &QAction::triggered, this, &ListMenu::copy);
+  addAsking("mnuCsvMentes", QStringLiteral("M&entés CSV-fájlba…"), &ListMenu::save);
+  if (parts_.import)
+    addAsking("mnuCsvBeolvasas", QStringLiteral("&Beolvasás CSV-fájlból…"), &ListMenu::import);
   list->installEventFilter(this);
   list->viewport()->installEventFilter(this);
 }
 
-QAction* ListMenu::add(const char* name, const QString& text, void (ListMenu::*act)()) {
+QAction* ListMenu::add(const char* name, const QString& text) {
   auto* action = new QAction(text, list_);
   action->setObjectName(QString::fromLatin1(name));
-  connect(action, &QAction::triggered, this,
-          [this, act] { guarded(list_->window(), [&] { (this->*act)(); }); });
   list_->addAction(action);
   return action;
+}
+
+// An item with a dialog: the menu closes before it opens, and an assistive tool that chose the item, which
+// leaves the menu open, need not wait for the dialog's end.
+void ListMenu::addAsking(const char* name, const QString& text, void (ListMenu::*act)()) {
+  const auto run = [this, act] {
+    if (QWidget* menu = QApplication::activePopupWidget()) menu->close();
+    guarded(list_->window(), [&] { (this->*act)(); });
+  };
+  connect(add(name, text), &QAction::triggered, this, run, Qt::QueuedConnection);
 }
 
 bool ListMenu::eventFilter(QObject* watched, QEvent* event) {
@@ -98,7 +108,7 @@ QPoint ListMenu::besideRow() const {
 }
 
 void ListMenu::copy() {
-  QGuiApplication::clipboard()->setText(toQt(exchange::tabbedOf(copiedTable(*list_))));
+  QApplication::clipboard()->setText(toQt(exchange::tabbedOf(copiedTable(*list_))));
 }
 
 void ListMenu::save() {

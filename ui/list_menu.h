@@ -33,7 +33,8 @@ class ListMenu : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  QAction* add(const char* name, const QString& text, void (ListMenu::*act)());
+  QAction* add(const char* name, const QString& text);
+  void addAsking(const char* name, const QString& text, void (ListMenu::*act)());
   void openAt(const QPoint& global);
   QPoint besideRow() const;
   void copy();

@@ -48,6 +48,18 @@ class FrmTarvikRulesTest : public QObject {
     QCOMPARE(main.label("lbFtperLiter"), QString("500,00"));
   }
 
+  void theDropDownsTakeWhatIsTypedAndCompleteNothing() {
+    Car main(threeEntries());
+    for (const char* name : {"Combo1", "txAlkatresz", "txMegjegyzes"}) {
+      QComboBox* const field = main.combo(name);
+      QVERIFY2(field->isEditable(), name);
+      QVERIFY2(field->completer() == nullptr, name);
+      field->addItem("Olajszűrő");
+      main.type(name, "Olaj");
+      QCOMPARE(field->currentText(), QString("Olaj"));
+    }
+  }
+
   void hoveringTheCostOfAFuellingHintsNothing() {
     Car main;
     QEvent enter(QEvent::Enter);

@@ -230,22 +230,22 @@ class ImportPreviewTest : public QObject {
 }
 
   void whatThePersonUntickedStaysSoWhenAQuestionIsAnswered() {
-    Import import;
+  Import import;
     import.read("Date;Odometer;Litres;Cost (EUR)\n2024-01-05;1000;40;60\n2024-01-19;1500;30;45\n",
                 [](ui::ImportPreview& preview) {
                   auto* entries = list(preview, "ListViewBejegyzesek");
-                  entries->setData(entries->index(0, 0), Qt::Unchecked, Qt::CheckStateRole);
-                  test::part<QLineEdit>(preview, "txValto")->setText("400");
-                  QCOMPARE(entries->index(0, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
-                  QCOMPARE(state(preview), QStringLiteral("Kijelölve: 1 bejegyzés"));
-                  test::press(*button(preview));
-                });
-    QCOMPARE(import.stored().size(), 1U);
-    QCOMPARE(import.stored()[0].KmOra, 1500);
-    QCOMPARE(import.stored()[0].TankoltKtg, 18'000);
-  }
+    entries->setData(entries->index(0, 0), Qt::Unchecked, Qt::CheckStateRole);
+    test::part<QLineEdit>(preview, "txValto")->setText("400");
+    QCOMPARE(entries->index(0, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+    QCOMPARE(state(preview), QStringLiteral("Kijelölve: 1 bejegyzés"));
+    test::press(*button(preview));
+});
+QCOMPARE(import.stored().size(), 1U);
+QCOMPARE(import.stored()[0].KmOra, 1500);
+QCOMPARE(import.stored()[0].TankoltKtg, 18'000);
+}
 
-  void whatIsLeftOutStandsInTheOrderOfTheFile() {
+void whatIsLeftOutStandsInTheOrderOfTheFile() {
   Import import;
     import.read(
         "## Kosten\nDatum;Titel\n06.01.2024;Wäsche\n\n## Log\nDatum;Kilometerstand;Menge\n05.01.2024;1000;40\n"

@@ -6,6 +6,7 @@
 #include <QInputDialog>
 #include <QMenuBar>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QStyleOptionFrame>
 #include <QTabWidget>
 
@@ -386,6 +387,20 @@ class LookTest : public QObject {
     QFont bold = QApplication::font();
     bold.setBold(true);
     QVERIFY(width > QFontMetrics(bold).horizontalAdvance(title));
+  }
+
+  void aScrollBarsHandleCanBeSeenOnABlackDesktop() {
+    QPalette black(Qt::white, Qt::black, Qt::black, Qt::black, Qt::black, Qt::white, Qt::black);
+    QScrollBar bar(Qt::Vertical);
+    bar.setPalette(black);
+    bar.setPageStep(bar.maximum());
+    bar.resize(bar.sizeHint().width(), 200);
+    const QImage picture = bar.grab().toImage();
+    const int between = bar.width() + 2;  // the arrows at both ends are always seen
+    int seen = 0;
+    for (int y = between; y < picture.height() - between; ++y)
+      for (int x = 0; x < picture.width(); ++x) seen += qGray(picture.pixel(x, y)) > 90 ? 1 : 0;
+    QVERIFY2(seen > picture.height() / 2, qPrintable(QString::number(seen)));
   }
 
   void aQuestionForATextIsAsWideAsItsTitle() {

@@ -19,7 +19,8 @@ class ImportModel : public QAbstractTableModel {
   /// An entry of a program's own file may hold part changes; the columns for them are left out otherwise.
   explicit ImportModel(bool hasParts, QObject* parent = nullptr);
 
-  /// Replaces what is shown; what the person ticked or not stays so. logbook is the one that the entries are to come behind; it outlives the model.
+  /// Replaces what is shown; what the person ticked or not stays so. logbook is the one that the entries are
+  /// to come behind; it outlives the model.
   void setPlan(exchange::ImportPlan plan, const core::Logbook& logbook);
   const exchange::ImportPlan& plan() const { return plan_; }
   /// The longest text that each column is laid out for; empty for those that share what remains.
