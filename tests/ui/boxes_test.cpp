@@ -205,6 +205,7 @@ class BoxesTest : public QObject {
     main.open();
     const auto trigger = [](const QWidget& screen, const char* list, const char* item) {
       part<ui::ListView>(screen, list)->findChild<QAction*>(item)->trigger();
+      QCoreApplication::processEvents();  // the dialog opens once the menu has closed
     };
     expectFile("save-logbook", true);
     trigger(*main.screen, "ListView1", "mnuCsvMentes");

@@ -23,7 +23,8 @@ class SettingsListsTest : public QObject {
     QTest::addColumn<QByteArray>("list");
     QTest::addColumn<QByteArray>("button");
     QTest::addColumn<QByteArray>("file");
-    QTest::newRow("part") << QByteArray("listAlkatr") << QByteArray("cmdAlkatrDel") << QByteArray("alkatr.dat");
+    QTest::newRow("part") << QByteArray("listAlkatr") << QByteArray("cmdAlkatrDel")
+                          << QByteArray("alkatr.dat");
     QTest::newRow("note") << QByteArray("listMegj") << QByteArray("cmdMegjDel") << QByteArray("megjegyz.dat");
   }
 
@@ -47,9 +48,7 @@ class SettingsListsTest : public QObject {
     QCOMPARE(setup.current.read(file.toStdString()), stored);
   }
 
-  void confirmingADeletionRemovesTheClickedText_data() {
-    decliningADeletionLeavesEverything_data();
-  }
+  void confirmingADeletionRemovesTheClickedText_data() { decliningADeletionLeavesEverything_data(); }
 
   void confirmingADeletionRemovesTheClickedText() {
     QFETCH(QByteArray, list);
