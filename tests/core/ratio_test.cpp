@@ -225,15 +225,5 @@ TEST(CheckedDifference, FailsInsteadOfWrapping) {
   expectFailure(FailureKind::OutOfRange, [] { checkedDifference(0, -2'147'483'647 - 1); });
 }
 
-TEST(Rounding, AwayFromZeroTakesUpToNineDecimals) {
-  std::int64_t power = 1;
-  for (int decimals = 0; decimals <= 9; ++decimals, power *= 10) {
-    EXPECT_TRUE(roundedAwayFromZero(Ratio(3), decimals) == 3 * power) << decimals;
-    EXPECT_TRUE(roundedAwayFromZero(Ratio(-1, 2 * power), decimals) == -1) << decimals;
-  }
-  EXPECT_THROW(roundedAwayFromZero(Ratio(3), -1), Failure);
-  EXPECT_THROW(roundedAwayFromZero(Ratio(3), 10), Failure);
-}
-
 }  // namespace
 }  // namespace tarvik::core
