@@ -17,17 +17,17 @@ struct Accent {
   std::string_view plain;
 };
 
-constexpr std::array<Accent, 11> kAccents = {{{"Á", "A"},
-                                              {"É", "E"},
-                                              {"Í", "I"},
-                                              {"Ó", "O"},
-                                              {"Ö", "O"},
-                                              {"Ő", "O"},
-                                              {"Ú", "U"},
-                                              {"Ü", "U"},
-                                              {"Ű", "U"},
-                                              {"Ä", "A"},
-                                              {"ß", "SS"}}};
+constexpr auto kAccents = std::to_array<Accent>({{"Á", "A"},
+                                                 {"É", "E"},
+                                                 {"Í", "I"},
+                                                 {"Ó", "O"},
+                                                 {"Ö", "O"},
+                                                 {"Ő", "O"},
+                                                 {"Ú", "U"},
+                                                 {"Ü", "U"},
+                                                 {"Ű", "U"},
+                                                 {"Ä", "A"},
+                                                 {"ß", "SS"}});
 
 constexpr bool isPlain(char c) {
   return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
@@ -65,21 +65,21 @@ bool hasOneOf(const Words& words, std::span<const std::string_view> list) {
   return std::ranges::any_of(words, [&](std::string_view word) { return isOneOf(word, list); });
 }
 
-constexpr std::array<std::string_view, 9> kKilometreWords = {
-    "KM", "KMS", "KILOMETER", "KILOMETERS", "KILOMETRE", "KILOMETRES", "KMH", "KILOMETERBEN", "KILOMETERN"};
-constexpr std::array<std::string_view, 7> kMileWords = {"MI",     "MILE",    "MILES", "MEILE",
-                                                        "MEILEN", "MERFOLD", "MPG"};
-constexpr std::array<std::string_view, 7> kLitreWords = {"L",      "LITER",    "LITERS", "LITRE",
-                                                         "LITRES", "LITERBEN", "LITERN"};
-constexpr std::array<std::string_view, 8> kGallonWords = {"GAL",     "GALS",     "GALLON",    "GALLONS",
-                                                          "GALLONE", "GALLONEN", "GALLONBAN", "MPG"};
-constexpr std::array<std::string_view, 4> kUsWords = {"US", "USA", "AMERIKAI", "AMERIKANISCHE"};
-constexpr std::array<std::string_view, 7> kUkWords = {"UK",    "IMP",  "IMPERIAL", "GB",
-                                                      "ANGOL", "BRIT", "ENGLISCHE"};
+constexpr auto kKilometreWords = std::to_array<std::string_view>(
+    {"KM", "KMS", "KILOMETER", "KILOMETERS", "KILOMETRE", "KILOMETRES", "KMH", "KILOMETERBEN", "KILOMETERN"});
+constexpr auto kMileWords =
+    std::to_array<std::string_view>({"MI", "MILE", "MILES", "MEILE", "MEILEN", "MERFOLD", "MPG"});
+constexpr auto kLitreWords =
+    std::to_array<std::string_view>({"L", "LITER", "LITERS", "LITRE", "LITRES", "LITERBEN", "LITERN"});
+constexpr auto kGallonWords = std::to_array<std::string_view>(
+    {"GAL", "GALS", "GALLON", "GALLONS", "GALLONE", "GALLONEN", "GALLONBAN", "MPG"});
+constexpr auto kUsWords = std::to_array<std::string_view>({"US", "USA", "AMERIKAI", "AMERIKANISCHE"});
+constexpr auto kUkWords =
+    std::to_array<std::string_view>({"UK", "IMP", "IMPERIAL", "GB", "ANGOL", "BRIT", "ENGLISCHE"});
 
 // Words that say the unit or the currency of a column, or nothing at all.
-constexpr std::array<std::string_view, 12> kSideWords = {
-    "FT", "HUF", "EUR", "USD", "GBP", "CHF", "CZK", "PLN", "RON", "OPTIONAL", "IN", "OPCIONALIS"};
+constexpr auto kSideWords = std::to_array<std::string_view>(
+    {"FT", "HUF", "EUR", "USD", "GBP", "CHF", "CZK", "PLN", "RON", "OPTIONAL", "IN", "OPCIONALIS"});
 
 bool isSideWord(std::string_view word) {
   return isOneOf(word, kSideWords) || isOneOf(word, kKilometreWords) || isOneOf(word, kMileWords) ||
@@ -196,7 +196,6 @@ const std::vector<Vocabulary>& vocabulary() {
         "KRAFTSTOFFMENGE",
         "MENNYISEG",
         "TANKOLT",
-        "TANKOLT LITER",
         "TANKOLT MENNYISEG",
         "UZEMANYAG MENNYISEG",
         "UZEMANYAG",
@@ -294,13 +293,13 @@ std::string currencyOf(std::string_view text) {
     std::string_view sign;
     std::string_view currency;
   };
-  constexpr std::array<Sign, 5> kSigns = {
-      {{"€", "EUR"}, {"$", "USD"}, {"£", "GBP"}, {"Kč", "CZK"}, {"zł", "PLN"}}};
+  constexpr auto kSigns =
+      std::to_array<Sign>({{"€", "EUR"}, {"$", "USD"}, {"£", "GBP"}, {"Kč", "CZK"}, {"zł", "PLN"}});
   for (const auto& [sign, currency] : kSigns)
     if (text.find(sign) != std::string_view::npos) return std::string(currency);
-  constexpr std::array<std::string_view, 18> kCodes = {"HUF", "EUR", "USD", "GBP", "CHF", "CZK",
-                                                       "PLN", "RON", "RSD", "HRK", "BAM", "SEK",
-                                                       "NOK", "DKK", "CAD", "AUD", "UAH", "TRY"};
+  constexpr auto kCodes =
+      std::to_array<std::string_view>({"HUF", "EUR", "USD", "GBP", "CHF", "CZK", "PLN", "RON", "RSD", "HRK",
+                                       "BAM", "SEK", "NOK", "DKK", "CAD", "AUD", "UAH", "TRY"});
   const std::string plain = folded(text);
   for (const std::string_view word : wordsOf(plain)) {
     if (isOneOf(word, kCodes)) return std::string(word);
@@ -311,26 +310,26 @@ std::string currencyOf(std::string_view text) {
 }
 
 bool saysYes(std::string_view cell) {
-  constexpr std::array<std::string_view, 18> kYes = {
-      "YES",           "Y",           "TRUE", "1", "X",    "FULL", "JA",   "J",  "WAHR", "VOLL",
-      "VOLLBETANKUNG", "VOLLTANKUNG", "IGEN", "I", "IGAZ", "TELE", "TELI", "1 0"};
+  constexpr auto kYes = std::to_array<std::string_view>({"YES", "Y", "TRUE", "1", "X", "FULL", "JA", "J",
+                                                         "WAHR", "VOLL", "VOLLBETANKUNG", "VOLLTANKUNG",
+                                                         "IGEN", "I", "IGAZ", "TELE", "TELI", "1 0"});
   return isOneOf(folded(cell), kYes);
 }
 
 bool namesTotal(std::string_view cell) {
-  constexpr std::array<std::string_view, 18> kTotals = {
-      "TOTAL",   "TOTALS",    "SUM",   "SUMME",      "GESAMT",       "GESAMTSUMME",
-      "AVERAGE", "AVG",       "MEAN",  "MITTELWERT", "DURCHSCHNITT", "OSSZESEN",
-      "OSSZEG",  "VEGOSSZEG", "ATLAG", "ATLAGOSAN",  "MINDOSSZESEN", "GRAND TOTAL"};
+  constexpr auto kTotals =
+      std::to_array<std::string_view>({"TOTAL", "TOTALS", "SUM", "SUMME", "GESAMT", "GESAMTSUMME", "AVERAGE",
+                                       "AVG", "MEAN", "MITTELWERT", "DURCHSCHNITT", "OSSZESEN", "OSSZEG",
+                                       "VEGOSSZEG", "ATLAG", "ATLAGOSAN", "MINDOSSZESEN", "GRAND TOTAL"});
   return isOneOf(folded(cell), kTotals);
 }
 
 bool namesFuelling(std::string_view kind) {
-  constexpr std::array<std::string_view, 22> kFuelWords = {
-      "GAS",       "FUEL",          "FUELUP",        "FILLUP",   "FILL",    "REFUEL",
-      "REFUELING", "REFUELLING",    "PETROL",        "DIESEL",   "TANKUNG", "BETANKUNG",
-      "TANKEN",    "VOLLBETANKUNG", "TEILBETANKUNG", "TANKOLAS", "BENZIN",  "GASOLINE",
-      "UZEMANYAG", "FULL",          "PARTIAL",       "GAZOLAJ"};
+  constexpr auto kFuelWords = std::to_array<std::string_view>(
+      {"GAS",       "FUEL",          "FUELUP",        "FILLUP",   "FILL",    "REFUEL",
+       "REFUELING", "REFUELLING",    "PETROL",        "DIESEL",   "TANKUNG", "BETANKUNG",
+       "TANKEN",    "VOLLBETANKUNG", "TEILBETANKUNG", "TANKOLAS", "BENZIN",  "GASOLINE",
+       "UZEMANYAG", "FULL",          "PARTIAL",       "GAZOLAJ"});
   const std::string plain = folded(kind);
   const Words words = wordsOf(plain);
   return words.empty() || hasOneOf(words, kFuelWords);

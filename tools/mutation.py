@@ -63,6 +63,8 @@ TERNARY = re.compile(r"\s\?(?=\s)")
 STATEMENT = re.compile(r"(?:(?<=[;{})])|\belse)\s+(?P<call>(?:emit )?[A-Za-z_][\w]*(?:(?:::|->|\.)[A-Za-z_]\w*)*\()")
 CALL = re.compile(r"(?P<name>[A-Za-z_]\w*)(?:<[\w:]+>)?\(")
 NO_CALLS = {"if", "for", "while", "switch", "return", "sizeof", "decltype", "catch", "static_assert", "alignof"}
+# Whose two arguments may stand either way.
+SYMMETRIC = {"max", "min", "qMax", "qMin", "hypot"}
 DECLARATION = re.compile(r"^\s*(?:const\s+)?[\w:]+(?:<.*>)?(?:\s*[&*]+\s*|\s+)(?:const\s+)?\w*(?:\s*=.*)?$", re.S)
 
 
@@ -148,6 +150,8 @@ def swapped_arguments(masked, text):
         pieces = arguments(masked, match.end(), end)
         texts = [text[start:stop] for start, stop in pieces]
         if len(pieces) < 2 or any(is_no_value(piece) for piece in texts):
+            continue
+        if len(pieces) == 2 and match["name"] in SYMMETRIC:
             continue
         for (start, middle), (second, stop) in zip(pieces, pieces[1:]):
             first_text, second_text = text[start:middle], text[second:stop]

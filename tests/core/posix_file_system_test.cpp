@@ -12,7 +12,8 @@
 #include <cerrno>
 #include <cstddef>
 #include <filesystem>
-#include <iterator>
+#include <functional>
+#include <span>
 #include <thread>
 
 #include "core/record_file.h"
@@ -41,28 +42,56 @@ TEST(PosixFileSystemTest, TellsFailuresAsTheSystemDoes) {
   files.pause(0);
 }
 
-// Makes a system call answer with an error, for the calling thread.
-void refuse(unsigned systemCall, unsigned error) {
-  sock_filter rules[] = {BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
-                         BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, systemCall, 0, 1),
-                         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | error),
-                         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
-  const sock_fprog program{.len = std::size(rules), .filter = rules};
+sock_filter loaded(std::size_t place) {
+  return BPF_STMT(BPF_LD | BPF_W | BPF_ABS, static_cast<unsigned>(place));
+}
+
+// For the calling thread.
+void install(std::span<sock_filter> rules) {
+  const sock_fprog program{.len = static_cast<unsigned short>(rules.size()), .filter = rules.data()};
   ASSERT_EQ(::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0), 0);
   ASSERT_EQ(::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program), 0);
 }
 
-// What a call returns while the system refuses another one that it is made of, and errno with it.
+// Makes a system call answer with an error.
+void refuse(unsigned systemCall, unsigned error) {
+  sock_filter rules[] = {loaded(offsetof(seccomp_data, nr)),
+                         BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, systemCall, 0, 1),
+                         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | error),
+                         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
+  install(rules);
+}
+
+// Lets the writes of a file be ordered from its beginning to its end alone.
+void refuseToOrderAPart() {
+  sock_filter rules[] = {loaded(offsetof(seccomp_data, nr)),
+                         BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_sync_file_range, 0, 4),
+                         loaded(offsetof(seccomp_data, args[1])),
+                         BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, 0, 0, 3),
+                         loaded(offsetof(seccomp_data, args[2])),
+                         BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, 0, 0, 1),
+                         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+                         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EIO)};
+  install(rules);
+}
+
+// What a call returns where this has been refused before, and errno with it.
 template <typename Operation>
-std::pair<int, int> resultWhileRefused(unsigned systemCall, int error, Operation operation) {
+std::pair<int, int> resultAfter(const std::function<void()>& refusal, Operation operation) {
   std::pair<int, int> result{1, 0};
   std::thread([&] {
-    refuse(systemCall, static_cast<unsigned>(error));
+    refusal();
     errno = 0;
     result.first = operation();
     result.second = errno;
   }).join();
   return result;
+}
+
+// The same while the system refuses another call that it is made of.
+template <typename Operation>
+std::pair<int, int> resultWhileRefused(unsigned systemCall, int error, Operation operation) {
+  return resultAfter([=] { refuse(systemCall, static_cast<unsigned>(error)); }, operation);
 }
 
 class PosixFileTest : public testing::Test {
@@ -77,6 +106,12 @@ TEST_F(PosixFileTest, WritesThatCannotBeOrderedAreSynced) {
     const auto writeOut = [&] { return files_.writeOut(file.descriptor()); };
     EXPECT_EQ(resultWhileRefused(SYS_sync_file_range, error, writeOut).first, 0) << error;
   }
+}
+
+TEST_F(PosixFileTest, TheWritesOfAFileAreOrderedAllTogether) {
+  const OpenFile file(files_, files_.open(folder_ / "data", OpenMode::Create));
+  const auto writeOut = [&] { return files_.writeOut(file.descriptor()); };
+  EXPECT_EQ(resultAfter(refuseToOrderAPart, writeOut).first, 0);
 }
 
 TEST_F(PosixFileTest, ADiskThatCannotTakeWritesIsNotSyncedInstead) {

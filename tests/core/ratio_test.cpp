@@ -182,6 +182,12 @@ TEST(RoundedAwayFromZero, OthersGoToTheNearest) {
   EXPECT_TRUE(roundedAwayFromZero(Ratio(-49, 100), 0) == 0);
 }
 
+TEST(RoundedAwayFromZero, EachDecimalIsTenTimesTheOneBefore) {
+  Int128 tenfold = 1;
+  for (int decimals = 0; decimals <= 9; ++decimals, tenfold *= 10)
+    EXPECT_TRUE(roundedAwayFromZero(Ratio(1), decimals) == tenfold) << decimals;
+}
+
 TEST(RoundedAwayFromZero, RefusesOtherDecimalsAndTooLargeValues) {
   expectFailure(FailureKind::OutOfRange, [] { roundedAwayFromZero(Ratio(1), -1); });
   expectFailure(FailureKind::OutOfRange, [] { roundedAwayFromZero(Ratio(1), 10); });

@@ -165,7 +165,13 @@ TEST_F(RecordFileTest, Holds32767RecordsAndNotOneMore) {
   append("AAAA");
   const std::string full = stored();
   EXPECT_EQ(full.size(), 32'767u * kLength);
-  expectFailure(FailureKind::FileFull, [&] { append("BBBB"); });
+  try {
+    append("BBBB");
+    FAIL() << "no failure";
+  } catch (const Failure& failure) {
+    EXPECT_EQ(failure.kind(), FailureKind::FileFull);
+    EXPECT_EQ(failure.record(), 32'768);
+  }
   EXPECT_EQ(stored(), full);
 }
 

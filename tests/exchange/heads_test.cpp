@@ -2,8 +2,103 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <map>
+#include <vector>
+
 namespace tarvik::exchange {
 namespace {
+
+// What tests/exchange/words.txt has behind such a beginning of its lines.
+std::vector<std::string> wordsOfThePage(const std::string& beginning) {
+  std::ifstream page(std::string(TARVIK_EXCHANGE_SAMPLES) + "/../words.txt");
+  std::vector<std::string> words;
+  for (std::string line; std::getline(page, line);) {
+    if (!line.starts_with(beginning + ": ")) continue;
+    line = line.substr(beginning.size() + 2) + " | ";
+    for (std::size_t end = 0; (end = line.find(" | ")) != std::string::npos; line.erase(0, end + 3))
+      words.push_back(line.substr(0, end));
+  }
+  EXPECT_FALSE(words.empty()) << beginning;
+  return words;
+}
+
+const std::map<std::string, Meaning> kMeanings = {
+    {"Day", Meaning::Day},
+    {"Odometer", Meaning::Odometer},
+    {"UnitPrice", Meaning::UnitPrice},
+    {"Volume", Meaning::Volume},
+    {"TotalCost", Meaning::TotalCost},
+    {"Price", Meaning::Price},
+    {"Full", Meaning::Full},
+    {"Partial", Meaning::Partial},
+    {"Missed", Meaning::Missed},
+    {"Note", Meaning::Note},
+    {"Description", Meaning::Description},
+    {"Kind", Meaning::Kind},
+    {"DistanceUnit", Meaning::DistanceUnit},
+    {"VolumeUnit", Meaning::VolumeUnit},
+    {"Currency", Meaning::Currency},
+    {"Vehicle", Meaning::Vehicle},
+};
+
+TEST(AHead, OfThePageMeansWhatThePageSays) {
+  for (const auto& [name, meaning] : kMeanings)
+    for (const std::string& head : wordsOfThePage("head " + name))
+      EXPECT_EQ(meaningOf(head), meaning) << head;
+}
+
+TEST(AHead, MeansTheSameWithAWordForAUnitOrACurrency) {
+  for (const char* kind : {"kilometre", "mile", "litre", "gallon", "us", "uk", "aside"})
+    for (const std::string& word : wordsOfThePage(std::string("word ") + kind)) {
+      EXPECT_EQ(meaningOf("Notes (" + word + ")"), Meaning::Note) << word;
+      EXPECT_EQ(meaningOf(word + " Notes"), Meaning::Note) << word;
+    }
+  EXPECT_EQ(meaningOf("Notes (what)"), Meaning::Ignored);
+}
+
+TEST(AUnit, OfThePageIsWhatThePageSays) {
+  for (const std::string& word : wordsOfThePage("word kilometre"))
+    EXPECT_EQ(unitHintOf("Odo (" + word + ")").distance, DistanceUnit::Kilometre) << word;
+  for (const std::string& word : wordsOfThePage("word mile"))
+    EXPECT_EQ(unitHintOf("Odo (" + word + ")").distance, DistanceUnit::Mile) << word;
+  for (const std::string& word : wordsOfThePage("word litre"))
+    EXPECT_EQ(unitHintOf("Fuel (" + word + ")").volume, VolumeUnit::Litre) << word;
+  for (const std::string& word : wordsOfThePage("word gallon")) {
+    EXPECT_EQ(unitHintOf("Fuel (" + word + ")").volume, VolumeUnit::UsGallon) << word;
+    EXPECT_TRUE(unitHintOf("Fuel (" + word + ")").isGallonOpen) << word;
+  }
+  for (const std::string& word : wordsOfThePage("word us")) {
+    EXPECT_EQ(unitHintOf("Gallon " + word).volume, VolumeUnit::UsGallon) << word;
+    EXPECT_FALSE(unitHintOf("Gallon " + word).isGallonOpen) << word;
+  }
+  for (const std::string& word : wordsOfThePage("word uk")) {
+    EXPECT_EQ(unitHintOf("Gallon " + word).volume, VolumeUnit::UkGallon) << word;
+    EXPECT_FALSE(unitHintOf("Gallon " + word).isGallonOpen) << word;
+  }
+}
+
+TEST(ACell, OfThePageSaysWhatThePageSays) {
+  for (const std::string& word : wordsOfThePage("cell yes")) EXPECT_TRUE(saysYes(word)) << word;
+  for (const std::string& word : wordsOfThePage("cell total")) EXPECT_TRUE(namesTotal(word)) << word;
+  for (const std::string& word : wordsOfThePage("cell fuelling")) {
+    EXPECT_TRUE(namesFuelling(word)) << word;
+    EXPECT_TRUE(namesFuelling("Car " + word)) << word;
+  }
+  for (const std::string& code : wordsOfThePage("cell currency")) EXPECT_EQ(currencyOf("12 " + code), code);
+}
+
+TEST(ACurrency, HasASignOrAWordOfItsOwn) {
+  EXPECT_EQ(currencyOf("£3"), "GBP");
+  EXPECT_EQ(currencyOf("3 Kč"), "CZK");
+  EXPECT_EQ(currencyOf("3 zł"), "PLN");
+  EXPECT_EQ(currencyOf("3 forint"), "HUF");
+  EXPECT_EQ(currencyOf("3 Euro"), "EUR");
+}
+
+TEST(AHead, LosesTheAccentOfEveryLetter) {
+  EXPECT_EQ(folded("áéíóöőúüűä"), "AEIOOOUUUA");
+}
 
 TEST(AHead, IsFoldedToCapitalsWithoutAccentsAndSigns) {
   EXPECT_EQ(folded("Megjegyzés költsége (Ft)"), "MEGJEGYZES KOLTSEGE FT");

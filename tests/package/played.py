@@ -51,17 +51,18 @@ def _is_at_work():
 
 
 def _wait_rest(unlike=None):
-    """Waits until nobody is at work and the picture has stayed as it is for a while, which is shorter than a
-    caret's blink; it must be another than the one given. Gives the picture."""
+    """Waits until the picture has stayed as it is for a while, which is shorter than a caret's blink, and nobody
+    is at work; it must be another than the one given. Gives the picture."""
     seen = Desktop.get().photo()
     since = time.monotonic()
 
     def rests():
         nonlocal seen, since
+        is_idle = not _is_at_work()
         now = Desktop.get().photo()
-        if now != seen or _is_at_work():
+        if now != seen:
             seen, since = now, time.monotonic()
-        return time.monotonic() - since > REST_SECONDS and seen != unlike
+        return is_idle and time.monotonic() - since > REST_SECONDS and seen != unlike
     wait_for(rests, "the picture to come to rest")
     return seen
 

@@ -1,30 +1,46 @@
+#include <QContextMenuEvent>
 #include <QFile>
+#include <QFileDialog>
+#include <QInputDialog>
 #include <QListWidget>
+#include <QMenu>
 #include <QRegularExpression>
+#include <filesystem>
 
 #include "tests/reminders/builders.h"
 #include "tests/ui/main_screen.h"
+#include "tests/ui/next_dialog.h"
 #include "tests/ui/reminder_desk.h"
+#include "ui/chart/chart_view.h"
 #include "ui/controls/list_view.h"
+#include "ui/csv_files.h"
 #include "ui/figy.h"
 #include "ui/frmDatumFigyelmeztetes.h"
+#include "ui/frmGumik.h"
 #include "ui/frmSetup.h"
+#include "ui/frmSzerviz.h"
+#include "ui/list_printer.h"
 #include "ui/riaszt.h"
+#include "ui/text.h"
 
-// Every question and message that a person can bring up, beside tests/ui/contract/boxes.txt.
+// Every question, message and file dialog that a person can bring up, beside tests/ui/contract/boxes.txt.
 
 using namespace tarvik;
 using namespace tarvik::test;
 
 namespace {
 
+QStringList linesOfThePage() {
+  QFile page(QStringLiteral(TARVIK_CONTRACT "/boxes.txt"));
+  if (!page.open(QIODevice::ReadOnly)) qFatal("no page of boxes");
+  return QString::fromUtf8(page.readAll()).split('\n');
+}
+
 // The boxes that are to come, by what brings them up.
 QMap<QString, SeenBox> boxesOfThePage() {
   QMap<QString, SeenBox> boxes;
-  QFile page(QStringLiteral(TARVIK_CONTRACT "/boxes.txt"));
-  if (!page.open(QIODevice::ReadOnly)) qFatal("no page of boxes");
   static const QRegularExpression line(R"re(^(\S+) +(error|question) +"([^"]*)" "([^"]*)" ?(Yes|No)?$)re");
-  for (const QString& text : QString::fromUtf8(page.readAll()).split('\n')) {
+  for (const QString& text : linesOfThePage()) {
     const auto match = line.match(text);
     if (!match.hasMatch()) continue;
     const QString prompt = match.captured(4).replace(QLatin1String("\\n"), QLatin1String("\n"));
@@ -35,6 +51,35 @@ QMap<QString, SeenBox> boxesOfThePage() {
   }
   return boxes;
 }
+
+// The other dialogs that are to come, each as its line says it behind its name.
+QMap<QString, QString> dialogsOfThePage() {
+  QMap<QString, QString> dialogs;
+  static const QRegularExpression line(R"re(^(\S+) +((?:input|file) .*)$)re");
+  for (const QString& text : linesOfThePage())
+    if (const auto match = line.match(text); match.hasMatch())
+      dialogs.insert(match.captured(1), match.captured(2).replace(QRegularExpression("^(\\w+) +"), "\\1 "));
+  return dialogs;
+}
+
+QString lineOf(const QFileDialog& dialog) {
+  const bool proposes = dialog.acceptMode() == QFileDialog::AcceptSave;
+  const QString name = proposes ? dialog.findChild<QLineEdit*>("fileNameEdit")->text() : QString();
+  const QString ending = dialog.defaultSuffix();
+  return QString("file \"%1\" \"%2\" \"%3\" %4")
+      .arg(dialog.windowTitle(), dialog.nameFilters().join(";;"), name, ending.isEmpty() ? "-" : ending);
+}
+
+// A printing system with one printer, which refuses, or with none.
+class OnePrinter final : public ui::PdfPrintSystem {
+ public:
+  QString printer() override { return name; }
+  QString send(const QString&, const QString&, const QString&) override {
+    return QStringLiteral("A sor nem fogad munkát.");
+  }
+
+  QString name = QStringLiteral("Nappali");
+};
 
 }  // namespace
 
@@ -130,8 +175,96 @@ class BoxesTest : public QObject {
     expect("delete-date-alert", [&] { press(*part<QPushButton>(dateAlert, "cmdDel")); });
   }
 
+  void thePrintersBoxesAndDialogs() {
+    MainScreen main;
+    main.writeLogbook("ABC123", {fuelling({2024, 2, 29}, 10000, 300'000, true)});
+    main.open();
+    OnePrinter system;
+    const auto print = [&] {
+      ui::printList(main.context, "ABC123  ", {{1}, "10000", "10000"}, main.screen.get(), system);
+    };
+    onNextDialog<QInputDialog>([&](QInputDialog& dialog) {
+      note("print-heading", QString("input \"%1\" \"%2\"").arg(dialog.windowTitle(), dialog.labelText()));
+      dialog.accept();
+    });
+    expect("print-refused", print);
+    system.name.clear();
+    onNextDialog<QInputDialog>([](QInputDialog& dialog) { dialog.accept(); });
+    expect("print-as-pdf", print);
+    onNextDialog<QInputDialog>([&](QInputDialog& dialog) {
+      expectFile("save-pdf", true);
+      dialog.accept();
+    });
+    answer({QMessageBox::Yes}, print);
+  }
+
+  void theListsFileDialogs() {
+    MainScreen main;
+    main.writeLogbook("ABC123", {fuelling({2024, 2, 29}, 10000, 300'000, true)});
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    const auto trigger = [](const QWidget& screen, const char* list, const char* item) {
+      part<ui::ListView>(screen, list)->findChild<QAction*>(item)->trigger();
+      QCoreApplication::processEvents();  // the dialog opens once the menu has closed
+    };
+    expectFile("save-logbook", true);
+    trigger(*main.screen, "ListView1", "mnuCsvMentes");
+    expectFile("read-logbook", false);
+    trigger(*main.screen, "ListView1", "mnuCsvBeolvasas");
+    main.type("Combo1", "");
+    expect("import-without-plate", [&] { trigger(*main.screen, "ListView1", "mnuCsvBeolvasas"); });
+    expectFile("save-tyres", true);
+    trigger(ui::frmGumik(main.context, "ABC123", {}, nullptr), "ListViewGumi", "mnuCsvMentes");
+    expectFile("save-repairs", true);
+    trigger(ui::frmSzerviz(main.context, "ABC123", {}, nullptr), "ListViewSzerviz", "mnuCsvMentes");
+    const ui::figy reminders(main.context, "ABC123", nullptr);
+    expectFile("save-km-reminders", true);
+    trigger(reminders, "ListView1", "mnuCsvMentes");
+    expectFile("save-date-reminders", true);
+    trigger(reminders, "ListView2", "mnuCsvMentes");
+  }
+
+  void theImportsBoxes() {
+    Desk desk;
+    desk.program.makeFolder("ABC123");
+    const QString path = ui::toQt(desk.current / "log.csv");
+    const auto read = [&] { ui::importCsvFileAt(desk.context, "ABC123", path, nullptr); };
+    const auto expectOf = [&](const char* name, const std::string& text) {
+      desk.current.write("log.csv", text);
+      expect(name, read);
+    };
+    const std::string heads = "Date,Odometer,Litres\n";
+    expectOf("csv-no-text", std::string("PK\3\4\0\0\0\0", 8));
+    expectOf("csv-no-table", "alma;körte\n1;2\n");
+    expectOf("csv-only-heads", heads);
+    expectOf("csv-row-too-long", heads + "2024-01-05,1000,\"" + std::string(10'000'000, '\n'));
+    std::string rows = heads;
+    for (int row = 0; row < 70'000; ++row) rows += "2024-01-05,1000,1\n";
+    expectOf("csv-too-many-rows", rows);
+    std::filesystem::resize_file(desk.current / "log.csv", 100 * 1024 * 1024);
+    expect("csv-too-large", read);
+  }
+
+  void theChartsMenuAndItsFileDialog() {
+    ui::ChartView chart;
+    chart.resize(400, 300);
+    chart.show();
+    QStringList items;
+    onNextPopup([&](QMenu& menu) {
+      for (const QAction* item : menu.actions()) items << item->text();
+      expectFile("save-chart", true);
+      menu.setActiveAction(menu.actions().last());
+      QTest::keyClick(&menu, Qt::Key_Return);
+    });
+    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), chart.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&chart, &event);
+    QCOMPARE(items, QStringList({"Kép &másolása", "Mentés &képként…"}));
+  }
+
   // Runs last: what the tests above did not bring up is gone from the program.
-  void everyBoxOfThePageCame() { QCOMPARE(page_.keys(), came_); }
+  void everyBoxOfThePageCame() {
+    QCOMPARE(QStringList(page_.keys() + dialogs_.keys()), came_ + dialogsCame_);
+  }
 
  private:
   static QList<SeenBox> answer(const QList<QMessageBox::StandardButton>& answers,
@@ -156,8 +289,38 @@ class BoxesTest : public QObject {
     return page_.value(name);
   }
 
+  void note(const QString& name, const QString& line) {
+    dialogsCame_ << name;
+    dialogsCame_.sort();
+    QCOMPARE(line, dialogs_.value(name));
+  }
+  // The file dialog that an act is about to bring up, which the person then closes.
+  void expectFile(const QString& name, bool isToWrite) {
+    onNextDialog<QFileDialog>([this, name, isToWrite](QFileDialog& dialog) {
+      note(name, lineOf(dialog));
+      const bool writes = dialog.acceptMode() == QFileDialog::AcceptSave;
+      const bool isThere = dialog.fileMode() == QFileDialog::ExistingFile;
+      const bool isList = dialog.viewMode() == QFileDialog::List;
+      const bool isOwn = dialog.testOption(QFileDialog::DontUseNativeDialog);
+      dialog.reject();
+      QCOMPARE(writes, isToWrite);
+      QCOMPARE(isThere, !isToWrite);
+      QVERIFY(isList);
+      QVERIFY(isOwn);
+    });
+  }
+  static void onNextPopup(const std::function<void(QMenu&)>& act) {
+    QTimer::singleShot(0, qApp, [act] {
+      auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+      if (menu == nullptr) return onNextPopup(act);
+      act(*menu);
+    });
+  }
+
   const QMap<QString, SeenBox> page_ = boxesOfThePage();
+  const QMap<QString, QString> dialogs_ = dialogsOfThePage();
   QStringList came_;
+  QStringList dialogsCame_;
 };
 
 QTEST_MAIN(BoxesTest)

@@ -73,6 +73,41 @@ class ChartAccessibleTest : public QObject {
     QVERIFY(point->state().selected);
   }
 
+  void accessiblePointSaysWhatItIs() {
+    show(ChartType::Bars2D, monthLabels(3), waves(3));
+    QAccessibleInterface* const chart = QAccessible::queryAccessibleInterface(chart_);
+    QAccessibleInterface* const point = chart->child(0);
+    QCOMPARE(point->role(), QAccessible::ListItem);
+    QCOMPARE(point->parent(), chart);
+    QCOMPARE(point->window(), chart->window());
+    QCOMPARE(point->childCount(), 0);
+    QCOMPARE(point->indexOfChild(point), -1);
+    QVERIFY(point->object() == nullptr && point->child(0) == nullptr && point->childAt(0, 0) == nullptr);
+    QCOMPARE(point->text(QAccessible::Description), QString());
+    QVERIFY(point->state().selectable && !point->state().invalid && !point->state().invisible);
+    QCOMPARE(point->actionInterface()->actionNames(), QStringList(QAccessibleActionInterface::pressAction()));
+    QVERIFY(point->actionInterface()->keyBindingsForAction("x").isEmpty());
+    QVERIFY(point->tableInterface() == nullptr);
+    point->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    QCOMPARE(chart_->selectedRow(), 0);
+    chart_->hide();
+    QVERIFY(point->state().invisible);
+    chart_->setPoints({}, {});
+    QVERIFY(point->state().invalid);
+    QCOMPARE(point->text(QAccessible::Name), QString());
+  }
+
+  void accessibleChartHasNoPointsBesideItsOwn() {
+    show(ChartType::Bars2D, monthLabels(3), waves(3));
+    QAccessibleInterface* const chart = QAccessible::queryAccessibleInterface(chart_);
+    QVERIFY(chart->child(-1) == nullptr);
+    QCOMPARE(chart->indexOfChild(chart), -1);
+    const QPoint corner = chart_->mapToGlobal(QPoint(1, 1));
+    QVERIFY(chart->childAt(corner.x(), corner.y()) == nullptr);
+    chart_->setAccessibleName("Grafikon");
+    QCOMPARE(chart->text(QAccessible::Name), QStringLiteral("Grafikon"));
+  }
+
   void accessiblePointOfAShorterSeriesIsInvalid() {
     chart_->setPoints(monthLabels(3), waves(3));
     QAccessibleInterface* const point = QAccessible::queryAccessibleInterface(chart_)->child(2);

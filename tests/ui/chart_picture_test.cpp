@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -81,6 +82,10 @@ class ChartPictureTest : public QObject {
     const QByteArray bytes = file.readAll();
     QVERIFY(bytes.startsWith("%PDF-"));
     QVERIFY(bytes.trimmed().endsWith("%%EOF"));
+    const auto box =
+        QRegularExpression(R"(/MediaBox \[0 0 (\d+)\.\d+ (\d+)\.)").match(QString::fromLatin1(bytes));
+    QVERIFY(std::abs(box.captured(1).toInt() - 690 * 72 / chart_->logicalDpiX()) <= 1);
+    QVERIFY(std::abs(box.captured(2).toInt() - 300 * 72 / chart_->logicalDpiY()) <= 1);
   }
 
   void failedSaveLeavesNoFile() {
@@ -111,17 +116,29 @@ class ChartPictureTest : public QObject {
     QVERIFY(!QImage(path).isNull());
   }
 
-  void theNameFollowsTheKindThatThePersonChooses() {
+  void theKindThatIsChosenGivesTheNameItsEnding() {
+    const QTemporaryDir folder;
     QStringList names;
     whenShown<QFileDialog>([&](QFileDialog& dialog) {
-      for (const char* kind : {"PDF dokumentum (*.pdf)", "PNG kép (*.png)"}) {
-        emit dialog.filterSelected(kind);
-        names << QFileInfo(dialog.selectedFiles().value(0)).fileName() << dialog.defaultSuffix();
+      dialog.setDirectory(folder.path());
+      auto& name = *dialog.findChild<QLineEdit*>("fileNameEdit");
+      for (const char* filter : {"PDF dokumentum (*.pdf)", "PNG kép (*.png)", "PDF dokumentum (*.pdf)"}) {
+        emit dialog.filterSelected(QString::fromUtf8(filter));
+        names << name.text() + " " + dialog.defaultSuffix();
       }
-      static_cast<QDialog&>(dialog).reject();
+      name.setText(folder.filePath("kép"));
+      static_cast<QDialog&>(dialog).accept();
     });
     clickMenuItem(*chart_, 1);
-    QCOMPARE(names, (QStringList{"grafikon.pdf", "pdf", "grafikon.png", "png"}));
+    QCOMPARE(names, QStringList({"grafikon.pdf pdf", "grafikon.png png", "grafikon.pdf pdf"}));
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList("kép.pdf"));
+  }
+
+  void aDialogThatIsGivenUpSavesNothingAndTellsNothing() {
+    whenShown<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+    clickMenuItem(*chart_, 1);
+    for (const QWidget* window : QApplication::topLevelWidgets())
+      QVERIFY(qobject_cast<const QMessageBox*>(window) == nullptr);
   }
 
   void shiftF10OpensTheMenu() {

@@ -278,6 +278,65 @@ class ChartViewTest : public QObject {
     QCOMPARE(QToolTip::text(), QStringLiteral("2007. 3. hó: -15\u00a0220,25"));
   }
 
+  void theTipGoesWithThePointer() {
+    show(ChartType::Bars2D, monthLabels(3), {3000, 9000, 6000});
+    const QImage before = chart_->grab().toImage();
+    moveMouse(*chart_, chart_->pointRect(2).center());
+    QVERIFY(QToolTip::isVisible());
+    const QImage over = chart_->grab().toImage();
+    QVERIFY(over != before);
+    const QColor hovered = over.pixelColor(chart_->pointRect(2).center().toPoint());
+    QVERIFY(hovered.lightness() >
+            before.pixelColor(chart_->pointRect(2).center().toPoint()).lightness() + 10);
+    moveMouse(*chart_, QPointF(2, 2));
+    QCOMPARE(chart_->grab().toImage(), before);
+    moveMouse(*chart_, chart_->pointRect(2).center());
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(chart_, &leave);
+    QCOMPARE(chart_->grab().toImage(), before);
+  }
+
+  void whatIsHoveredIsForgottenWithItsPointsAndItsType() {
+    show(ChartType::Bars2D, monthLabels(3), {3000, 9000, 6000});
+    const QImage before = chart_->grab().toImage();
+    moveMouse(*chart_, chart_->pointRect(2).center());
+    chart_->setPoints(monthLabels(3), {3000, 9000, 6000});
+    QCOMPARE(chart_->grab().toImage(), before);
+    moveMouse(*chart_, chart_->pointRect(2).center());
+    chart_->setChartType(0);
+    chart_->setChartType(1);
+    QCOMPARE(chart_->grab().toImage(), before);
+  }
+
+  void aPressThatIsReleasedElsewhereSelectsNothing() {
+    show(ChartType::Bars2D, monthLabels(3), {3000, 9000, 6000});
+    QTest::mousePress(chart_, Qt::LeftButton, {}, centreOf(*chart_, 1));
+    QTest::mouseRelease(chart_, Qt::LeftButton, {}, centreOf(*chart_, 2));
+    QCOMPARE(chart_->selectedRow(), 0);
+    QTest::mouseRelease(chart_, Qt::LeftButton, {}, centreOf(*chart_, 1));
+    QCOMPARE(chart_->selectedRow(), 0);
+    QTest::mousePress(chart_, Qt::LeftButton, {}, centreOf(*chart_, 1));
+    chart_->setPoints(monthLabels(3), {3000, 9000, 6000});
+    QTest::mouseRelease(chart_, Qt::LeftButton, {}, centreOf(*chart_, 1));
+    QCOMPARE(chart_->selectedRow(), 0);
+    QTest::mouseClick(chart_, Qt::RightButton, {}, centreOf(*chart_, 1));
+    QCOMPARE(chart_->selectedRow(), 0);
+  }
+
+  void otherKeysAreLeftToTheScreenAndLeftBeginsAtTheEnd() {
+    show(ChartType::Line2D, monthLabels(4), {1, 2, 3, std::nan("")});
+    QKeyEvent letter(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, "a");
+    QApplication::sendEvent(chart_, &letter);
+    QVERIFY(!letter.isAccepted());
+    QTest::keyClick(chart_, Qt::Key_Left);
+    QCOMPARE(chart_->selectedRow(), 3);
+    QTest::keyClick(chart_, Qt::Key_Left);
+    QCOMPARE(chart_->selectedRow(), 2);
+    QTest::keyClick(chart_, Qt::Key_Home);
+    QTest::keyClick(chart_, Qt::Key_Left);
+    QCOMPARE(chart_->selectedRow(), 1);
+  }
+
   void arrowKeysMoveTheSelectionPastGaps() {
     show(ChartType::Line2D, monthLabels(4), {1, std::nan(""), 3, 4});
     QSignalSpy selected(chart_, &ChartView::pointSelected);
@@ -301,6 +360,13 @@ class ChartViewTest : public QObject {
     const QImage before = chart_->grab().toImage();
     chart_->selectRow(3);
     QVERIFY(chart_->grab().toImage() != before);
+  }
+
+  void wishesForAWidthAndCanDoWithLess() {
+    QCOMPARE(chart_->sizeHint().width(), 700);
+    QCOMPARE(chart_->minimumSizeHint().width(), 320);
+    QCOMPARE(chart_->sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding));
+    QCOMPARE(chart_->focusPolicy(), Qt::StrongFocus);
   }
 
   void wishesForAPlotOf220Pixels() {

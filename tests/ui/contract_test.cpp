@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 #include <QTextStream>
 
+#include "exchange/own_format.h"
 #include "tests/ui/main_screen.h"
 #include "ui/controls/list_view.h"
 #include "ui/figy.h"
@@ -14,15 +15,18 @@
 #include "ui/frmMelyGrafikon.h"
 #include "ui/frmSetup.h"
 #include "ui/frmSzerviz.h"
+#include "ui/import_preview.h"
 #include "ui/riaszt.h"
 
 // Every screen beside the page that says what it must be, tests/ui/contract/<screen>.txt. A page has a line a
 // control, those that the Tab key reaches in its order:
 //
-//   name kind "caption" label "its label" spoken "its accessible name" tip "its tooltip" ... disabled hidden
-//   tab
+//   name kind "caption" label lbName "its label" spoken "its accessible name" tip "its tooltip" ... disabled
+//   hidden tab
 //
-// What a control does not have is left out; so is an accessible name that is its caption or its label.
+// What a control does not have is left out; so is an accessible name that is its caption or its label. Enter
+// presses a button that says "enter" while the keyboard is on it, and the one that says "default" from
+// anywhere.
 
 using namespace tarvik;
 using namespace tarvik::test;
@@ -54,7 +58,13 @@ QString kindOf(const QWidget& part) {
   for (const auto& [type, kind] : kinds)
     if (part.metaObject()->inherits(type)) return QLatin1String(kind);
   if (part.objectName() == "MSChart1") return QStringLiteral("chart");
-  return part.objectName().startsWith("Frm") ? QStringLiteral("panel") : QString();
+  if (part.objectName().startsWith("Frm")) return QStringLiteral("panel");
+  if (part.objectName() == "menubar") return QStringLiteral("menu");
+  const bool isNamed = !part.objectName().isEmpty() && !part.objectName().startsWith("qt_");
+  const bool isArea =
+      isNamed && (part.metaObject() == &QWidget::staticMetaObject ||
+                  part.metaObject() == &QFrame::staticMetaObject || part.objectName().endsWith("Band"));
+  return isArea ? QStringLiteral("area") : QString();
 }
 
 QString captionOf(const QWidget& part) {
@@ -97,6 +107,23 @@ QString alignmentOf(const QWidget& part) {
                                          : QString();
 }
 
+// What a part of its kind need not be: its hint while it is empty, its look, its way to be used.
+QStringList habitsOf(const QWidget& part) {
+  QStringList words{quoted("hint", part.property("placeholderText").toString())};
+  const std::pair<const char*, const char*> habits[] = {{"default", "default"},
+                                                        {"autoDefault", "enter"},
+                                                        {"calendarPopup", "calendar"},
+                                                        {"wordWrap", "wraps"},
+                                                        {"alternatingRowColors", "striped"},
+                                                        {"checked", "checked"},
+                                                        {"readOnly", "read-only"}};
+  for (const auto& [property, word] : habits)
+    if (part.property(property).toBool()) words << QLatin1String(word);
+  const auto* field = qobject_cast<const QLineEdit*>(&part);
+  if (field != nullptr && !field->hasFrame()) words << "frameless";
+  return words;
+}
+
 // The toolkit speaks a drop-down's value on Linux and its name elsewhere; its name is what counts.
 QString spokenNameOf(const QWidget& part) {
   if (!part.accessibleName().isEmpty()) return part.accessibleName();
@@ -136,7 +163,7 @@ class Actual {
 
   // What lies on a part of these kinds is read too; the toolkit's own parts are not, but for what they hold.
   static bool holdsOthers(const QString& kind) {
-    return kind.isEmpty() || kind == "frame" || kind == "tabs" || kind == "panel";
+    return kind.isEmpty() || kind == "frame" || kind == "tabs" || kind == "panel" || kind == "area";
   }
   static bool isToolkitsOwn(const QWidget& part) {
     static const QStringList kOpen{"qt_tabwidget_stackedwidget", "qt_scrollarea_viewport"};
@@ -156,19 +183,27 @@ class Actual {
     }
   }
 
+  // A caption that is unlike others: aligned, greyed out or not shown.
+  static QStringList stateOf(const QLabel& caption) {
+    QStringList words;
+    if (const QString alignment = alignmentOf(caption); !alignment.isEmpty()) words << "label-" + alignment;
+    if (!caption.isEnabledTo(caption.parentWidget())) words << "label-disabled";
+    if (caption.isHidden()) words << "label-hidden";
+    return words;
+  }
+
   QString lineOf(const QWidget& part, const QString& kind) const {
     QStringList words{part.objectName(), kind, quoted({}, captionOf(part)), contentOf(part)};
     QStringList known{asSpoken(captionOf(part)), asSpoken(shownBy(part)), QString()};
     for (const QLabel* label : labels_.value(&part)) {
-      words << quoted("label", label->text()) << quoted("label-tip", label->toolTip());
+      words << quoted("label " + label->objectName(), label->text()) << quoted("label-tip", label->toolTip())
+            << stateOf(*label);
       known << asSpoken(label->text());
     }
     const QString spoken = spokenNameOf(part);
     if (!known.contains(asSpoken(spoken))) words << quoted("spoken", spoken);
     words << quoted("described", part.accessibleDescription()) << quoted("tip", part.toolTip())
-          << alignmentOf(part);
-    if (part.property("checked").toBool()) words << "checked";
-    if (part.property("readOnly").toBool()) words << "read-only";
+          << alignmentOf(part) << habitsOf(part);
     if (!part.isEnabledTo(part.parentWidget())) words << "disabled";
     if (part.isHidden()) words << "hidden";
     if (isTabStop(part)) words << "tab";
@@ -252,8 +287,32 @@ class ContractTest : public QObject {
   void theKmAlert() { compareShown<ui::riaszt>(main_.context, QString(), nullptr); }
   void theDateAlert() { compareShown<ui::frmDatumFigyelmeztetes>(main_.context, nullptr); }
   void theChartChooser() { compareShown<ui::frmMelyGrafikon>(main_.context, QPoint(), nullptr); }
+  // A file that leaves every question open, and one of this program that leaves none.
+  void theImportPreview() {
+    const std::string text =
+        "Vehicle,Date,Odometer,Gallons,Total "
+        "($),Colour\nA,1/2/2024,1000,4,40,red\nB,2/2/2024,500,3,30,\n,,,,,\n";
+    compareShown<ui::ImportPreview>(main_.context, importOf(text), nullptr);
+  }
+  void theImportPreviewOfAnOwnFile() {
+    constexpr std::size_t kMark = 3;  // the bytes that say it is UTF-8
+    const std::string text =
+        exchange::csvOf(
+            core::Listing{core::Logbook::of(std::vector{fuelling({2024, 2, 29}, 10'000, 300'000, true)}),
+                          {1}})
+            .substr(kMark);
+    ui::ImportPreview screen(main_.context, importOf(text), nullptr);
+    screen.setObjectName("ImportPreview-own");
+    screen.show();
+    compareWithPage(screen);
+  }
 
  private:
+  static ui::ImportSource importOf(const std::string& text) {
+    return {
+        .name = "log.csv", .text = text, .log = exchange::readLog(text), .plate = "ABC123", .logbook = {}};
+  }
+
   template <typename Screen, typename... Arguments>
   void compareShown(Arguments&&... arguments) {
     Screen screen(std::forward<Arguments>(arguments)...);

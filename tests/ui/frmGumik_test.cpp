@@ -73,62 +73,6 @@ class frmGumikTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void showsItsCaptionsAndHasADeletionThatEnterNeverReaches() {
-    Tyres tyres;
-    tyres.open();
-    QCOMPARE(tyres.screen->objectName(), "frmGumik");
-    QCOMPARE(tyres.screen->windowTitle(), "Gumik nyilvántartása");
-    const std::pair<const char*, QString> buttons[] = {{"cmdGumiRogzites", "Új gumi &Rögzítése"},
-                                                       {"cmdGumiFel", "&Felszerelése"},
-                                                       {"cmdGumiLe", "&Leszerelése"},
-                                                       {"cmdGumiDel", "&Törlése"},
-                                                       {"cmdGumiModositKeret", "&Módosítása"},
-                                                       {"cmdOsszesGumi", "Összes &Autót listáz"},
-                                                       {"cmdGumiModosit", "Mód&osítás"},
-                                                       {"cmdGumiModositMegsem", "Még&sem"}};
-    for (const auto& [name, caption] : buttons) {
-      QCOMPARE(tyres.button(name)->text(), caption);
-      QVERIFY(!tyres.button(name)->isDefault() && !tyres.button(name)->autoDefault());
-    }
-    const QString seasons[] = {"Téli gumi", "Nyári gumi", "Négyévszakos gumi"};
-    const QString changedSeasons[] = {"Téli", "Nyári", "Négyévszakos"};
-    for (int i = 0; i < 3; ++i) {
-      QCOMPARE(tyres.screen->findChild<QRadioButton*>(QString("opGumiEvszak_%1").arg(i))->text(), seasons[i]);
-      QCOMPARE(tyres.screen->findChild<QRadioButton*>(QString("opMEszak_%1").arg(i))->text(),
-               changedSeasons[i]);
-    }
-    QCOMPARE(part<QCheckBox>(*tyres.screen, "chkGumiFentVan")->text(), "Jelenleg az autón van.");
-    QCOMPARE(part<QGroupBox>(*tyres.screen, "frameGumi")->title(), "A kijelölt gumi");
-    QCOMPARE(part<QGroupBox>(*tyres.screen, "frameGumiModosit")->title(), "Módosítás");
-    QCOMPARE(part<QAction>(*tyres.screen, "mnuBezar")->text(), "&Bezár");
-  }
-
-  void everyFieldHasItsLabelAndAName() {
-    Tyres tyres;
-    tyres.open();
-    const std::pair<const char*, QString> labels[] = {
-        {"cmbRendszam", "Rendszám:"},
-        {"txtGumiTipusa", "Gumi típusa:"},
-        {"txtGumiMeret", "Mérete:"},
-        {"txtGumiMaxKm", "Max. km:"},
-        {"txtGumiKmFelszerelKor", "Km. óra állása felszereléskor:"},
-        {"txtGumiAzotaFutottKm", "Azóta futott Km.:"},
-        {"txtMtipus", "Gumi típusa:"},
-        {"txtMMeret", "Mérete:"},
-        {"txtMMaxKm", "Max. km:"},
-        {"txtMKmFelszKor", "Km. óra állása felszereléskor:"},
-        {"txtMAzotaFutott", "Azóta futott Km.:"}};
-    const auto all = tyres.screen->findChildren<QLabel*>();
-    for (const auto& [name, caption] : labels) {
-      QWidget* field = part<QWidget>(*tyres.screen, name);
-      QVERIFY2(!field->accessibleName().isEmpty(), name);
-      const auto label =
-          std::find_if(all.begin(), all.end(), [&](QLabel* one) { return one->buddy() == field; });
-      QVERIFY2(label != all.end(), name);
-      QCOMPARE((*label)->text(), caption);
-    }
-  }
-
   void opensOnTheGivenPlateWithNothingSelected() {
     Tyres tyres;
     tyres.store({setOf("ABC-123", "a"), setOf("DEF-456", "b"), setOf("ABC-123", "c")});
@@ -177,6 +121,22 @@ class frmGumikTest : public QObject {
     tyres.type("txtMMaxKm", "20000");
     tyres.press("cmdGumiModosit");
     QCOMPARE(tyres.cell(0, 4), "50%-os");
+  }
+
+  void aSeasonThatTheFileShouldNotHoldSelectsNone() {
+    Tyres tyres;
+    tyres.store({setOf("ABC-123", "a", tyres::kSummer), setOf("ABC-123", "b", 7)});
+    tyres.open();
+    for (int row = 0; row < 2; ++row) {
+      tyres.clickRow(row);
+      for (const char* group : {"opGumiEvszak_%1", "opMEszak_%1"})
+        for (int season = 0; season < 3; ++season)
+          QCOMPARE(tyres.isOn(QString(group).arg(season)), row == 0 && season == 1);
+    }
+    tyres.press("cmdGumiModositKeret");
+    test::press(*part<QRadioButton>(*tyres.screen, "opMEszak_2"));
+    test::press(*part<QRadioButton>(*tyres.screen, "opMEszak_0"));
+    QVERIFY(tyres.isOn("opMEszak_0") && !tyres.isOn("opMEszak_2"));
   }
 
   void choosingAPlateListsItsTyres() {

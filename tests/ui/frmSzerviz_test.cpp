@@ -72,40 +72,6 @@ class frmSzervizTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void showsItsCaptionsAndHasADeletionThatEnterNeverReaches() {
-    Log log;
-    log.open();
-    QCOMPARE(log.screen->objectName(), "frmSzerviz");
-    QCOMPARE(log.screen->windowTitle(), "Javítások - Szervízek");
-    const std::pair<const char*, QString> buttons[] = {
-        {"cmdSzervizSzures", "&Szűrő"}, {"cmdRogzitSzerviz", "&Rögzítés"}, {"cmdDelSzerviz", "&Törlés"}};
-    for (const auto& [name, caption] : buttons) {
-      QCOMPARE(log.button(name)->text(), caption);
-      QVERIFY(!log.button(name)->isDefault() && !log.button(name)->autoDefault());
-    }
-    QCOMPARE(part<QCheckBox>(*log.screen, "chkOsszesAuto")->text(), "Összes autót listáz");
-    QCOMPARE(part<QAction>(*log.screen, "mnuBezar")->text(), "&Bezár");
-    QCOMPARE(log.date()->displayFormat(), "yyyy.MM.dd.");
-  }
-
-  void everyFieldHasItsLabelAndAName() {
-    Log log;
-    log.open();
-    const std::pair<const char*, QString> labels[] = {
-        {"cmbRendszam2", "Rendszám:"},       {"DTPSzerviz", "Dátum:"},
-        {"txtSzervizMegnev", "Megnevezés:"}, {"txtAlkatresz", "Alkatrész:"},
-        {"txtSzervizKoltseg", "Költség:"},   {"txtKMora", "Km. óra állás:"}};
-    const auto all = log.screen->findChildren<QLabel*>();
-    for (const auto& [name, caption] : labels) {
-      QWidget* field = part<QWidget>(*log.screen, name);
-      QVERIFY2(!field->accessibleName().isEmpty(), name);
-      const auto label =
-          std::find_if(all.begin(), all.end(), [&](QLabel* one) { return one->buddy() == field; });
-      QVERIFY2(label != all.end(), name);
-      QCOMPARE((*label)->text(), caption);
-    }
-  }
-
   void opensOnTheGivenPlateWithItsTotalAndToday() {
     Log log;
     log.store({repairOf("ABC-123", "a", 1'234'000), repairOf("DEF-456", "b"), repairOf("ABC-123", "c", 567)});

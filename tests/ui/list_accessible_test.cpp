@@ -1,4 +1,5 @@
 #include <QAccessible>
+#include <QHeaderView>
 #include <QTest>
 
 #include "ui/controls/list_view.h"
@@ -111,6 +112,99 @@ class ListAccessibleTest : public QObject {
     QCOMPARE(nameOf(list.table().cellAt(0, 1)), QStringLiteral("Olaj"));
     list.model.setRows({{{"2014.01.01.", "Szűrő"}, "1"}});
     QCOMPARE(namesOf(list.tree()), QStringList({"Dátum", "Szöveg", "2014.01.01.", "Szűrő"}));
+  }
+
+  void a_cell_says_what_it_is_and_what_can_be_done_with_it() {
+    Shown list;
+    QAccessibleInterface* cell = list.table().cellAt(0, 1);
+    QCOMPARE(cell->role(), QAccessible::Cell);
+    QAccessible::State state = cell->state();
+    QVERIFY(state.readOnly && state.focusable && state.selectable);
+    QVERIFY(!state.invalid && !state.invisible && !state.selected && !state.focused && !state.checkable);
+    list.table().selectRow(0);
+    QVERIFY(cell->state().selected);
+    QVERIFY(!list.table().cellAt(1, 1)->state().selected);
+    QCOMPARE(cell->actionInterface()->actionNames(), QStringList(QAccessibleActionInterface::pressAction()));
+    cell->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    QCOMPARE(list.chosen, QList<int>{0});
+    QCOMPARE(cell->text(QAccessible::Description), QString());
+    QCOMPARE(cell->parent(), &list.tree());
+    QVERIFY(cell->object() == nullptr && cell->child(0) == nullptr && cell->childAt(0, 0) == nullptr);
+    QCOMPARE(cell->childCount(), 0);
+    QCOMPARE(cell->indexOfChild(cell), -1);
+    QCOMPARE(cell->window(), list.tree().window());
+  }
+
+  void a_cell_knows_its_row_its_column_and_its_heading() {
+    Shown list;
+    QAccessibleTableCellInterface* cell = list.table().cellAt(1, 1)->tableCellInterface();
+    QCOMPARE(cell->rowIndex(), 1);
+    QCOMPARE(cell->columnIndex(), 1);
+    QCOMPARE(cell->rowExtent(), 1);
+    QCOMPARE(cell->columnExtent(), 1);
+    QCOMPARE(cell->columnHeaderCells(), QList<QAccessibleInterface*>{list.tree().child(1)});
+    QVERIFY(cell->rowHeaderCells().isEmpty());
+    QCOMPARE(cell->table(), &list.tree());
+    QVERIFY(!cell->isSelected());
+    QCOMPARE(list.table().columnDescription(1), QString("Szöveg"));
+    QCOMPARE(list.table().rowDescription(1), QString());
+    QVERIFY(list.table().caption() == nullptr && list.table().summary() == nullptr);
+  }
+
+  void a_heading_says_what_it_is() {
+    Shown list;
+    QAccessibleInterface* heading = list.tree().child(1);
+    QCOMPARE(heading->role(), QAccessible::ColumnHeader);
+    QVERIFY(!heading->state().invalid && !heading->state().invisible);
+    QCOMPARE(heading->text(QAccessible::Description), QString());
+    const QHeaderView& header = *list.view.header();
+    const QRect place(header.sectionViewportPosition(1), 0, header.sectionSize(1), header.height());
+    QCOMPARE(heading->rect(), place.translated(header.viewport()->mapToGlobal(QPoint())));
+    QVERIFY(heading->tableCellInterface() == nullptr);
+    list.view.sortByHeaderClicks();
+    QCOMPARE(heading->actionInterface()->actionNames(),
+             QStringList(QAccessibleActionInterface::pressAction()));
+    heading->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    QVERIFY(!list.view.header()->isSortIndicatorShown());
+  }
+
+  void what_is_chosen_is_told_by_cells_and_by_rows_and_columns_are_never_chosen() {
+    Shown list;
+    QCOMPARE(list.table().selectedRowCount(), 0);
+    QCOMPARE(list.table().selectedCellCount(), 0);
+    list.table().selectRow(1);
+    QCOMPARE(list.table().selectedRowCount(), 1);
+    QCOMPARE(list.table().selectedCellCount(), 2);
+    QCOMPARE(list.table().selectedCells(),
+             (QList<QAccessibleInterface*>{list.table().cellAt(1, 0), list.table().cellAt(1, 1)}));
+    QVERIFY(list.table().isRowSelected(1) && !list.table().isRowSelected(0));
+    QVERIFY(!list.table().unselectRow(1));
+    QVERIFY(!list.table().selectColumn(0) && !list.table().unselectColumn(0) &&
+            !list.table().isColumnSelected(0));
+    QVERIFY(list.table().selectedColumns().isEmpty());
+    QCOMPARE(list.table().selectedColumnCount(), 0);
+    QVERIFY(!list.table().selectRow(-1));
+  }
+
+  void parts_that_are_gone_are_invalid_and_those_out_of_sight_invisible() {
+    Shown list;
+    QAccessibleInterface* cell = list.table().cellAt(1, 0);
+    const QRect place = cell->rect();
+    const QRect drawn = list.view.visualRect(list.model.index(1, 0));
+    QCOMPARE(place, drawn.translated(list.view.viewport()->mapToGlobal(QPoint())));
+    QVERIFY(list.tree().child(-1) == nullptr && list.tree().child(6) == nullptr);
+    QVERIFY(list.table().cellAt(-1, 0) == nullptr && list.table().cellAt(0, -1) == nullptr);
+    QVERIFY(list.tree().childAt(-5, -5) == nullptr);
+    QCOMPARE(list.tree().indexOfChild(&list.tree()), -1);
+    list.view.hide();
+    QVERIFY(cell->state().invisible && list.tree().child(0)->state().invisible);
+    QVERIFY(list.tree().focusChild() == nullptr);
+    list.view.show();
+    std::vector<TextRow> rows;
+    for (int row = 1; row <= 100; ++row) rows.push_back({{"a", "b"}, QString::number(row)});
+    list.model.setRows(std::move(rows));
+    QVERIFY(!list.table().cellAt(0, 0)->state().invisible);
+    QVERIFY(list.table().cellAt(99, 0)->state().invisible);
   }
 
   void a_mark_is_told_as_checked() {

@@ -389,6 +389,24 @@ class LookTest : public QObject {
     QVERIFY(width > QFontMetrics(bold).horizontalAdvance(title));
   }
 
+  void theProgramHasAnIconOfEverySize() {
+    QList<int> sizes;
+    for (const QSize& size : QApplication::windowIcon().availableSizes()) sizes << size.width();
+    std::sort(sizes.begin(), sizes.end());
+    QCOMPARE(sizes, QList<int>({16, 24, 32, 48, 64, 128, 256}));
+  }
+
+  void theGridIsHalfALineRoundedUpAndARowIsALineAndAStep() {
+    for (int points = 4; points <= 24; ++points) {
+      QFont font = QApplication::font();
+      font.setPointSize(points);
+      QApplication::setFont(font);
+      const int line = QFontMetrics(font).height();
+      QCOMPARE(ui::gridStep(), line < 8 ? 4 : line / 2 + line % 2);
+      QCOMPARE(ui::rowHeight(), line + ui::gridStep());
+    }
+  }
+
   void aScrollBarsHandleCanBeSeenOnABlackDesktop() {
     QPalette black(Qt::white, Qt::black, Qt::black, Qt::black, Qt::black, Qt::white, Qt::black);
     QScrollBar bar(Qt::Vertical);

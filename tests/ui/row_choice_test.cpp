@@ -308,7 +308,13 @@ class RowChoiceTest : public QObject {
     Rows rows(60);
     rows.view.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     const QPoint lowest = rows.view.viewport()->rect().bottomLeft() - QPoint(-5, 1);
-    const int half = rows.view.indexAt(lowest).row();
+    const auto lowestRow = [&] { return rows.view.indexAt(lowest).row(); };
+    const auto cutPixels = [&] {
+      return rows.view.visualRect(rows.model.index(lowestRow(), 0)).bottom() -
+             rows.view.viewport()->rect().bottom();
+    };
+    for (int scrolled = 1; cutPixels() < 4; ++scrolled) rows.view.verticalScrollBar()->setValue(scrolled);
+    const int half = lowestRow();
     QTest::mouseClick(rows.view.viewport(), Qt::LeftButton, {}, lowest);
     QCOMPARE(rows.view.indexAt(lowest).row(), half);
     QCOMPARE(rows.chosen, QList<int>{half});
