@@ -70,10 +70,11 @@ QPixmap ownPicture(const QString& path) {
   return QPixmap::fromImageReader(&reader);
 }
 
+// A picture of 256 pixels would cost every start more than all of these.
 QIcon programIcon() {
   bringIcons();
   QIcon icon;
-  for (const int size : {16, 24, 32, 48, 64, 128, 256})
+  for (const int size : {16, 24, 32, 48, 64, 128})
     icon.addPixmap(ownPicture(QStringLiteral(":/tarvik/icon-%1.png").arg(size)));
   return icon;
 }
