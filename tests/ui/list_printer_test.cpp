@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QFileDialog>
 #include <QFontDatabase>
@@ -20,6 +19,7 @@
 #include <QTimer>
 #include <QtTest>
 #include <cerrno>
+#include <ctime>
 #include <deque>
 #include <functional>
 #include <numeric>
@@ -532,11 +532,9 @@ class ListPrinterTest : public QObject {
   void aWholeLogbookIsWrittenInSeconds() {
     Bench bench(core::kHighestRecordNumber);
     bench.answers.heading("Minden");
-    QElapsedTimer timer;
-    timer.start();
+    const std::clock_t before = std::clock();  // of the processor: the machine may be busy with others
     QVERIFY(bench.print());
-    qInfo("32,767 rows: %lld ms", timer.elapsed());
-    QVERIFY(timer.elapsed() < 20'000);
+    QVERIFY((std::clock() - before) / CLOCKS_PER_SEC < 20);
     QCOMPARE(bench.system.sent.size(), 2);
     if (hasPoppler())
       QVERIFY(outputOf("pdfinfo", {bench.path("sent.pdf")}).contains(QRegularExpression("Pages: +820\n")));

@@ -389,13 +389,6 @@ class LookTest : public QObject {
     QVERIFY(width > QFontMetrics(bold).horizontalAdvance(title));
   }
 
-  void theProgramHasAnIconOfEverySize() {
-    QList<int> sizes;
-    for (const QSize& size : QApplication::windowIcon().availableSizes()) sizes << size.width();
-    std::sort(sizes.begin(), sizes.end());
-    QCOMPARE(sizes, QList<int>({16, 24, 32, 48, 64, 128, 256}));
-  }
-
   void theGridIsHalfALineRoundedUpAndARowIsALineAndAStep() {
     for (int points = 4; points <= 24; ++points) {
       QFont font = QApplication::font();
