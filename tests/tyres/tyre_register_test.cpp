@@ -97,6 +97,7 @@ TEST_F(TyreRegisterTest, ListsOneVehicleOrAll) {
 
 TEST_F(TyreRegisterTest, ReadsTheSetOfANumber) {
   store({setOf("ABC-123"), setOf("DEF-456")});
+  EXPECT_EQ(tyres_.read(1), setOf("ABC-123"));
   EXPECT_EQ(tyres_.read(2), setOf("DEF-456"));
 }
 
