@@ -84,6 +84,7 @@ TEST_F(RepairLogTest, ListsOneVehicleOrWhatAFilterKeeps) {
 
 TEST_F(RepairLogTest, ReadsTheEntryOfANumber) {
   store({repairOf("ABC-123"), repairOf("DEF-456")});
+  EXPECT_EQ(log_.read(1), repairOf("ABC-123"));
   EXPECT_EQ(log_.read(2), repairOf("DEF-456"));
 }
 
