@@ -55,7 +55,8 @@ TEST(APlan, OrdersEntriesByDayThenReading) {
 TEST(APlan, OfTwoDaysTheLatestFirstSeesNoneRunBackwards) {
   const auto plan = planOf(readLog(logOf("2024-01-09,1500,40,1,1,0,\n2024-01-05,1000,40,1,1,0,\n")));
   EXPECT_THAT(readings(plan), ElementsAre(1'000, 1'500));
-  for (const auto& planned : plan.entries) EXPECT_THAT(planned.doubts, Not(Contains(Doubt::DayRunsBackwards)));
+  for (const auto& planned : plan.entries)
+    EXPECT_THAT(planned.doubts, Not(Contains(Doubt::DayRunsBackwards)));
 }
 
 TEST(APlan, MakesEntriesAsTheyWouldBeTypedIn) {
