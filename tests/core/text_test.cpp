@@ -87,6 +87,7 @@ TEST(ToCodePage, OverlongAndForbiddenSequencesAreMalformed) {
   EXPECT_EQ(toCodePage("\xED\xA0\x80"), "???");
   EXPECT_EQ(toCodePage("\xF4\x90\x80\x80"), "????");
   EXPECT_EQ(toCodePage("\xF5\x80\x80\x80"), "????");
+  EXPECT_EQ(toCodePage("\xF8\x90\x80\x80"), "????");
 }
 
 TEST(Trimmed, TakesSpacesAndZeroBytesAtBothEnds) {

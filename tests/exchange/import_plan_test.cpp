@@ -52,6 +52,13 @@ TEST(APlan, OrdersEntriesByDayThenReading) {
   EXPECT_THAT(readings(plan), ElementsAre(1'000, 1'500, 1'900));
 }
 
+TEST(APlan, OfTwoDaysTheLatestFirstSeesNoneRunBackwards) {
+  const auto plan = planOf(readLog(logOf("2024-01-09,1500,40,1,1,0,\n2024-01-05,1000,40,1,1,0,\n")));
+  EXPECT_THAT(readings(plan), ElementsAre(1'000, 1'500));
+  for (const auto& planned : plan.entries)
+    EXPECT_THAT(planned.doubts, Not(Contains(Doubt::DayRunsBackwards)));
+}
+
 TEST(APlan, MakesEntriesAsTheyWouldBeTypedIn) {
   const auto plan = planOf(readLog(logOf("2024-01-05,1000.5,40.5,16000,1,0,jó\n")), {}, 1);
   const NapiAdat& entry = plan.entries[0].entry;

@@ -109,6 +109,26 @@ TEST(ALog, ReadsItsDaysInTheOrderThatThePersonSays) {
   EXPECT_EQ(readLog(text, exchange::DayOrder::MonthFirst).rows[0].day, core::dayOf({2024, 1, 2}));
 }
 
+TEST(ALog, OfASinglePriceTakesItForATotalUnlessItIsFarBelowTheVolume) {
+  const auto meaningOfPrice = [](const char* row) {
+    return readLog(std::string("Date,Odometer,Litres,Price\n2024-01-05,1000,") + row + "\n")
+        .columns[3]
+        .meaning;
+  };
+  EXPECT_EQ(meaningOfPrice("40,60"), Meaning::TotalCost);
+  EXPECT_EQ(meaningOfPrice("40,1.5"), Meaning::UnitPrice);
+  EXPECT_EQ(meaningOfPrice("40,620\n2024-01-09,1500,20,610"), Meaning::UnitPrice);
+}
+
+TEST(ALog, TakesTheKindOfAServiceForItsNoteAndOfAFuellingForNone) {
+  const LogFile file = readLog(
+      "Date,Odometer,Litres,Cost,Type,Notes\n2024-01-05,1000,40,60,Service,\n2024-01-06,1100,,60,Service,\n"
+      "2024-01-07,1200,,60,Service,wheels\n2024-01-08,1300,,60,Fuel,\n");
+  std::vector<std::string> notes;
+  for (const auto& row : file.rows) notes.push_back(row.note);
+  EXPECT_THAT(notes, ElementsAre("", "Service", "wheels", ""));
+}
+
 TEST(ALog, OfPricesThatGoWithTheVolumeTakesThemForTotals) {
   const LogFile file = readLog("Date,Odometer,Litres,Price\n2024-01-05,1000,40,60\n2024-01-09,1500,20,31\n");
   EXPECT_EQ(file.columns[3].meaning, Meaning::TotalCost);

@@ -55,6 +55,13 @@ TEST(AFigure, IsReadWithItsGroupsAndUnits) {
   EXPECT_EQ(readFigure(".5", DecimalSign::Point), Ratio(1, 2));
 }
 
+TEST(AFigure, HasAUnitOfAnyLetters) {
+  for (const char* text : {"5 lux", "max 5", "5 abcdefghijk", "zyxwvutsrqp 5"})
+    EXPECT_EQ(readFigure(text, DecimalSign::Comma), Ratio(5)) << text;
+  for (const char* text : {"5 abcdefghijklm", "max 5 lux"})
+    EXPECT_EQ(readFigure(text, DecimalSign::Comma), std::nullopt) << text;
+}
+
 TEST(AFigure, IsNoneWithWrongGroupsOrOtherText) {
   for (const char* text :
        {"", "-", "abc", "12:30", "1/2", "2024-01-05", "1.23,45.6", "Tank1Capacity", "1 23"})
