@@ -8,16 +8,18 @@
 namespace tarvik::exchange {
 namespace {
 
+constexpr std::string_view kDigits = "0123456789";
+
 // The part of a text from its first digit, sign or decimal sign to its last digit or decimal sign. A word
 // with a digit of its own behind the figure ("12 m3") makes it no figure further on.
 std::string_view figurePart(std::string_view text) {
-  const std::size_t first = text.find_first_of("0123456789");
-  if (first == std::string_view::npos) return {};
-  std::size_t begin = first;
-  if (begin > 0 && (text[begin - 1] == '.' || text[begin - 1] == ',')) --begin;
-  const std::size_t last = text.find_last_of("0123456789");
-  std::size_t end = last + 1;
-  if (end < text.size() && (text[end] == '.' || text[end] == ',')) ++end;
+  std::size_t begin = text.find_first_of(kDigits);
+  if (begin == std::string_view::npos) return {};
+  const std::string_view before = text.substr(0, begin);
+  if (before.ends_with('.') || before.ends_with(',')) --begin;
+  std::size_t end = text.find_last_of(kDigits) + 1;
+  const std::string_view behind = text.substr(end);
+  if (behind.starts_with('.') || behind.starts_with(',')) ++end;
   return text.substr(begin, end - begin);
 }
 
@@ -36,15 +38,15 @@ bool areUnits(std::string_view before, std::string_view behind) {
 
 // How many bytes the space or apostrophe takes that groups digits; 0 where the text begins with none.
 std::size_t groupingLength(std::string_view text) {
-  constexpr std::array<std::string_view, 6> kGroupings = {
-      " ", "'", "\xC2\xA0", "\xE2\x80\xAF", "\xE2\x80\x89", "\xE2\x80\x99"};
+  constexpr auto kGroupings =
+      std::to_array<std::string_view>({" ", "'", "\xC2\xA0", "\xE2\x80\xAF", "\xE2\x80\x89", "\xE2\x80\x99"});
   for (const std::string_view grouping : kGroupings)
     if (text.starts_with(grouping)) return grouping.size();
   return 0;
 }
 
 std::size_t leadingDigits(std::string_view text) {
-  return std::min(text.find_first_not_of("0123456789"), text.size());
+  return std::min(text.find_first_not_of(kDigits), text.size());
 }
 
 // Reads whole digits, whose groups but the first have three of them; empties the text on success.
@@ -52,8 +54,8 @@ bool takeWhole(std::string_view& text, char group, std::string& digits) {
   std::size_t taken = leadingDigits(text);
   digits = text.substr(0, taken);
   text.remove_prefix(taken);
-  for (std::size_t grouping = 0; taken > 0; text.remove_prefix(3)) {
-    grouping = text.starts_with(group) ? 1 : groupingLength(text);
+  for (; taken > 0; text.remove_prefix(3)) {
+    const std::size_t grouping = text.starts_with(group) ? 1 : groupingLength(text);
     if (grouping == 0) return true;
     text.remove_prefix(grouping);
     if (taken > 3 || leadingDigits(text) != 3) return false;

@@ -14,9 +14,9 @@ namespace {
 
 using Cells = std::vector<std::string_view>;
 
-constexpr std::array<Meaning, 5> kFigures = {Meaning::Odometer, Meaning::Volume, Meaning::TotalCost,
-                                             Meaning::UnitPrice, Meaning::Price};
-constexpr std::array<Meaning, 3> kCosts = {Meaning::TotalCost, Meaning::UnitPrice, Meaning::Price};
+constexpr std::array kFigures = {Meaning::Odometer, Meaning::Volume, Meaning::TotalCost, Meaning::UnitPrice,
+                                 Meaning::Price};
+constexpr std::array kCosts = {Meaning::TotalCost, Meaning::UnitPrice, Meaning::Price};
 
 Cells cellsOf(const LogTable& table, Meaning meaning) {
   Cells cells;
@@ -96,14 +96,13 @@ double toDouble(const core::Ratio& value) {
   return static_cast<double>(value.numerator()) / static_cast<double>(value.denominator());
 }
 
-// How far values lie from their middle one, as a share of it.
+// How far values above zero lie from their middle one in all, in shares of it.
 double spread(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  const double median = *middle;
+  std::ranges::sort(values);
+  const double median = values[values.size() / 2];
   double sum = 0;
   for (const double value : values) sum += std::abs(value - median);
-  return median > 0 ? sum / static_cast<double>(values.size()) / median : 0;
+  return sum / median;
 }
 
 // Whether the prices of a table are those of a unit: what is paid in all goes with the volume.
@@ -113,11 +112,11 @@ bool arePricesOfUnits(const LogTable& table, const std::vector<DecimalSign>& sig
   std::vector<double> prices;
   std::vector<double> quotients;
   for (const CsvRow& row : table.rows) {
-    const auto paid = readFigure(row.cell(price), signs[price]);
-    const auto taken = readFigure(row.cell(volume), signs[volume]);
-    if (!paid || !taken || *paid <= 0 || *taken <= 0) continue;
-    prices.push_back(toDouble(*paid));
-    quotients.push_back(toDouble(*paid) / toDouble(*taken));
+    const core::Ratio paid = readFigure(row.cell(price), signs[price]).value_or(0);
+    const core::Ratio taken = readFigure(row.cell(volume), signs[volume]).value_or(0);
+    if (paid <= 0 || taken <= 0) continue;
+    prices.push_back(toDouble(paid));
+    quotients.push_back(toDouble(paid) / toDouble(taken));
   }
   if (prices.size() < 2) return !prices.empty() && quotients.front() < 0.5;
   return spread(std::move(prices)) <= spread(std::move(quotients));

@@ -27,10 +27,14 @@ TEST(TheDecimalSign, HasNotThreeDigitsBehindItOrStandsWhereNoGroupBegins) {
   EXPECT_EQ(shown({"0.500"}), DecimalSign::Point);
   EXPECT_EQ(shown({",500"}), DecimalSign::Comma);
   EXPECT_EQ(shown({"1234.567"}), DecimalSign::Point);
+  EXPECT_EQ(shown({"1.234,567"}), DecimalSign::Comma);
+  EXPECT_EQ(shown({"1,234.567"}), DecimalSign::Point);
 }
 
 TEST(TheDecimalSign, StaysOpenWhereEveryFigureCouldBeReadEitherWay) {
   EXPECT_EQ(shown({"1.234", "24.639", "40"}), std::nullopt);
+  EXPECT_EQ(shown({"123.456"}), std::nullopt);
+  EXPECT_EQ(shown({"1,5", "1.5"}), std::nullopt);
   EXPECT_EQ(shown({}), std::nullopt);
 }
 
@@ -55,10 +59,49 @@ TEST(AFigure, IsReadWithItsGroupsAndUnits) {
   EXPECT_EQ(readFigure(".5", DecimalSign::Point), Ratio(1, 2));
 }
 
-TEST(AFigure, HasAUnitOfAnyLetters) {
-  for (const char* text : {"5 lux", "max 5", "5 abcdefghijk", "zyxwvutsrqp 5"})
+TEST(TheDecimalSign, IsNoLetter) {
+  EXPECT_EQ(shown({"1.5 x 2"}), DecimalSign::Point);
+}
+
+TEST(AFigure, HasGroupsOfThreeDigitsWithASpaceOrAnApostropheBetweenThem) {
+  for (const char* sign : {" ", "'", "\xC2\xA0", "\xE2\x80\xAF", "\xE2\x80\x89", "\xE2\x80\x99"}) {
+    const std::string between = sign;
+    EXPECT_EQ(readFigure("1" + between + "234", DecimalSign::Comma), Ratio(1'234)) << between;
+    EXPECT_EQ(readFigure("123" + between + "456" + between + "789", DecimalSign::Comma), Ratio(123'456'789))
+        << between;
+    for (const std::string& text : {"1234" + between + "567", "1" + between + "23", "1" + between + "2345"})
+      EXPECT_EQ(readFigure(text, DecimalSign::Comma), std::nullopt) << text;
+  }
+}
+
+TEST(AFigure, HasNoGroupWithoutDigitsBeforeIt) {
+  EXPECT_EQ(readFigure(".500", DecimalSign::Comma), std::nullopt);
+  EXPECT_EQ(readFigure(",500", DecimalSign::Point), std::nullopt);
+}
+
+TEST(AFigure, MayBeginOrEndWithItsDecimalSign) {
+  EXPECT_EQ(readFigure(",5", DecimalSign::Comma), Ratio(1, 2));
+  EXPECT_EQ(readFigure("ca. .5", DecimalSign::Point), Ratio(1, 2));
+  EXPECT_EQ(readFigure("5,", DecimalSign::Comma), Ratio(5));
+  EXPECT_EQ(readFigure("5. l", DecimalSign::Point), Ratio(5));
+}
+
+TEST(AFigure, BelowZeroHasADashOrAMinusBeforeIt) {
+  EXPECT_EQ(readFigure("\xE2\x88\x92"
+                       "5",
+                       DecimalSign::Comma),
+            Ratio(-5));
+  EXPECT_EQ(readFigure("€ -5", DecimalSign::Comma), Ratio(-5));
+}
+
+TEST(AFigure, MayHaveAUnitOfTwelveCharactersOnOneSide) {
+  const std::string unit(12, 'x');
+  for (const std::string& text : std::vector<std::string>{"x5", "5x", "(5)", "($5)", unit + "5", "5" + unit})
     EXPECT_EQ(readFigure(text, DecimalSign::Comma), Ratio(5)) << text;
-  for (const char* text : {"5 abcdefghijklm", "max 5 lux"})
+  for (const std::string& text :
+       std::vector<std::string>{unit + "x5", "5" + unit + "x", "a5a", "z5z", "A5A", "Z5Z"})
+    EXPECT_EQ(readFigure(text, DecimalSign::Comma), std::nullopt) << text;
+  for (const char* text : {"/5", "5/", ":5", "5:", "#5", "5#"})
     EXPECT_EQ(readFigure(text, DecimalSign::Comma), std::nullopt) << text;
 }
 
@@ -73,7 +116,10 @@ TEST(AFigure, IsBareWithoutLetters) {
   EXPECT_TRUE(isBareFigure("40.5"));
   EXPECT_TRUE(isBareFigure("€ 40,5"));
   EXPECT_FALSE(isBareFigure("Tank 2"));
+  EXPECT_FALSE(isBareFigure("€"));
   EXPECT_TRUE(looksLikeFigure("40.5 l"));
+  EXPECT_TRUE(looksLikeFigure("40,5 l"));
+  EXPECT_FALSE(looksLikeFigure("litres"));
 }
 
 }  // namespace
