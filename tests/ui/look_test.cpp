@@ -414,6 +414,29 @@ class LookTest : public QObject {
     QVERIFY2(seen > picture.height() / 2, qPrintable(QString::number(seen)));
   }
 
+  void aBoxGrowsWithTheLettersOfItsTitleBar() {
+    constexpr const char* kTitleBar = "QMdiSubWindowTitleBar";
+    const QString title = QStringLiteral("Rögzítés, törlés");
+    test::BoxScript boxes;
+    int width = 0;
+    boxes.whileOpen = [&](const QMessageBox& box) { width = box.width(); };
+    const auto widthIn = [&](const QFont& font) {
+      QApplication::setFont(font, kTitleBar);
+      ui::tellError(nullptr, title, QStringLiteral("x"));
+      return width;
+    };
+    const QFont before = QApplication::font(kTitleBar);
+    QFont small = before;
+    small.setBold(true);
+    QFont large = small;
+    large.setPointSizeF(2 * small.pointSizeF());
+    const int more =
+        QFontMetrics(large).horizontalAdvance(title) - QFontMetrics(small).horizontalAdvance(title);
+    const int usual = widthIn(small);
+    QCOMPARE(widthIn(large), usual + more);
+    QApplication::setFont(before, kTitleBar);
+  }
+
   void aQuestionForATextIsAsWideAsItsTitle() {
     const QString title = QStringLiteral("Listamező nyomtatása, és még sok minden más is");
     int width = 0;
