@@ -40,12 +40,13 @@ bool isApostrophed(const std::string& cell) {
 std::vector<CsvRow> rowsOf(std::string_view text, LogFile& file) {
   std::vector<CsvRow> rows;
   std::size_t cells = 0;
+  const auto isTooMuch = [&] { return rows.size() > kMostRows || cells > kMostCellsInAll; };
   const CsvEnd end = readCsv(text, file.shape, [&](CsvRow&& row) {
     cells += row.cells.size();
     rows.push_back(std::move(row));
-    return rows.size() <= kMostRows && cells <= kMostCellsInAll;
+    return !isTooMuch();
   });
-  if (rows.size() > kMostRows || cells > kMostCellsInAll) file.fault = LogFault::TooManyRows;
+  if (isTooMuch()) file.fault = LogFault::TooManyRows;
   if (end.fault == CsvEnd::Fault::RowTooLong) file.fault = LogFault::RowTooLong;
   file.isCutInQuotes = end.fault == CsvEnd::Fault::OpenQuote;
   file.faultLine = end.line;

@@ -68,6 +68,15 @@ TEST(ARowPastTheLimits, MayBeOneOfManyLinesInQuotes) {
   EXPECT_EQ(end.line, 2);
 }
 
+TEST(ARowPastTheLimits, IsOneByteLongerThanTheLongest) {
+  std::string row = "\"";
+  while (row.size() < kLongestRow - 1'024) row += std::string(1'023, 'x') + "\n";
+  row += std::string(kLongestRow - row.size() - 2, 'x');
+  EXPECT_EQ(endOf(row + "\"\n").fault, CsvEnd::Fault::None);
+  EXPECT_EQ(endOf(row + "\"\n" + row + "\"\n").fault, CsvEnd::Fault::None);
+  EXPECT_EQ(endOf(row + "x\"\n").fault, CsvEnd::Fault::RowTooLong);
+}
+
 TEST(AQuoteThatIsNeverClosed, IsToldWithItsLine) {
   const CsvEnd end = endOf("a,b\nc,\"d\ne,f\n");
   EXPECT_EQ(end.fault, CsvEnd::Fault::OpenQuote);

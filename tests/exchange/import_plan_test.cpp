@@ -107,6 +107,83 @@ TEST(APlan, NoticesWhatLooksWrong) {
   EXPECT_THAT(plan.entries[4].doubts, IsEmpty());  // exactly 5,000 km
 }
 
+std::vector<std::size_t> runningBackwards(const ImportPlan& plan) {
+  std::vector<std::size_t> found;
+  for (std::size_t i = 0; i < plan.entries.size(); ++i)
+    if (plan.entries[i].doubts.contains(Doubt::DayRunsBackwards)) found.push_back(i);
+  return found;
+}
+
+// The rows of the days of a January, 100 kilometres a day.
+std::string january(const std::vector<int>& days) {
+  std::string rows;
+  for (const int day : days)
+    rows += "2024-01-" + std::to_string(day) + "," + std::to_string(day * 100) + ",40,1,1,0,\n";
+  return logOf(rows);
+}
+
+TEST(APlan, TakesAFileForOneFromItsLatestRowOnWhereMoreDaysFallThanRise) {
+  EXPECT_THAT(runningBackwards(planOf(readLog(january({19, 19, 19, 15})))), IsEmpty());
+  EXPECT_THAT(runningBackwards(planOf(readLog(january({15, 15, 15, 19})))), IsEmpty());
+  EXPECT_THAT(runningBackwards(planOf(readLog(january({15, 19, 17})))), ElementsAre(1U));
+  EXPECT_THAT(runningBackwards(planOf(readLog(january({19, 15, 17, 13})))), ElementsAre(1U));
+}
+
+TEST(APlan, NoticesNothingAtTheEdges) {
+  const core::Logbook logbook =
+      core::Logbook::of(std::vector<NapiAdat>{fuelling({2024, 1, 1}, 1'000, 400'000, true)});
+  EXPECT_THAT(planOf(readLog(logOf("2024-01-01,1500,55,1,1,0,\n")), logbook, 1, 55).entries.at(0).doubts,
+              IsEmpty());
+  // An empty logbook has no last day or reading.
+  EXPECT_THAT(planOf(readLog(logOf("1850-01-01,153796,40,1,1,0,\n"))).entries.at(0).doubts, IsEmpty());
+}
+
+TEST(APlan, NoticesEveryEntryThatTheLogbookHas) {
+  const core::Logbook logbook = core::Logbook::of(std::vector<NapiAdat>{
+      fuelling({2024, 1, 1}, 1'000, 400'000, true), fuelling({2024, 1, 2}, 1'500, 400'000, true)});
+  const auto plan = planOf(readLog(logOf("2024-01-01,1000,40,1,1,0,\n2024-01-02,1500,40,1,1,0,\n")), logbook);
+  for (const auto& planned : plan.entries) EXPECT_THAT(planned.doubts, Contains(Doubt::AlreadyThere));
+  EXPECT_THAT(plan.taken(), IsEmpty());
+}
+
+TEST(APlan, ForgetsDoubtsThatAChangedTickSettles) {
+  auto plan =
+      planOf(readLog(logOf("2024-01-01,1000,40,1,1,0,\n2024-01-02,9000,40,1,1,0,\n"
+                           "2024-01-03,1500,40,1,1,0,\n2024-01-04,1500,5,1,1,0,\n")));
+  EXPECT_THAT(plan.entries[1].doubts, ElementsAre(Doubt::OdometerJumps));
+  EXPECT_THAT(plan.entries[2].doubts, Contains(Doubt::OdometerFalls));
+  EXPECT_THAT(plan.entries[3].doubts, ElementsAre(Doubt::NoConsumption));
+  plan.entries[0].isTaken = false;
+  plan.entries[1].isTaken = false;
+  plan.entries[2].isTaken = false;
+  exchange::settle(plan, {});
+  for (const auto& planned : plan.entries) EXPECT_THAT(planned.doubts, IsEmpty()) << planned.line;
+}
+
+TEST(APlan, GivesARowWithoutAReadingThatOfTheLogbooksLastEntry) {
+  const core::Logbook logbook = core::Logbook::of(std::vector<NapiAdat>{
+      fuelling({2023, 12, 1}, 100, 400'000, true), fuelling({2023, 12, 2}, 500, 400'000, true)});
+  const auto plan = planOf(readLog(logOf("2024-01-01,,,60,0,0,wash\n")), logbook);
+  EXPECT_EQ(plan.entries.at(0).entry.KmOra, 500);
+  EXPECT_THAT(plan.entries[0].doubts, Contains(Doubt::OdometerTaken));
+}
+
+TEST(APlan, TellsTheRowsThatWereNotReadBeforeThoseThatDoNotFit) {
+  const auto plan = planOf(readLog(logOf("2024-01-01,3000000000,40,1,1,0,\nsok,1500,40,1,1,0,\n")));
+  ASSERT_EQ(plan.unread.size(), 2U);
+  EXPECT_EQ(plan.unread[0].line, 3);
+  EXPECT_EQ(plan.unread[1].line, 2);
+}
+
+TEST(APlan, OfAnOwnFileKeepsTheOrderOfADayAndAsksForNoVehicle) {
+  const std::vector<NapiAdat> entries{fuelling({2024, 1, 5}, 2'000, 400'000, true),
+                                      fuelling({2024, 1, 5}, 1'000, 400'000, true)};
+  const core::Listing listing{core::Logbook::of(entries), {1, 2}};
+  const auto file = readLog(exchange::csvOf(listing).substr(3));
+  EXPECT_THAT(readings(exchange::planImport(file, {.forintsPerUnit = 1, .vehicle = "A"}, {}, 0)),
+              ElementsAre(2'000, 1'000));
+}
+
 TEST(APlan, NoticesADayThatRunsAgainstItsFile) {
   const auto plan =
       planOf(readLog(logOf("2024-01-09,1900,40,1,1,0,\n2024-01-05,1500,40,1,1,0,\n"

@@ -150,6 +150,46 @@ TEST(ALog, CostsForeignMoneyWhereItNamesACurrencyOrALitreCostsLittle) {
       "Date,Odometer,Gallons,Total cost\n2024-01-05,1000,999999999999999999.999999999999999997,1\n")));
 }
 
+std::string fillUps(const std::vector<std::string>& volumesAndCosts, const std::string& volume = "Litres") {
+  std::string text = "Date;Odometer;" + volume + ";Cost\n";
+  for (const std::string& cells : volumesAndCosts) text += "2024-01-05;1000;" + cells + "\n";
+  return text;
+}
+
+TEST(ALog, CostsForeignMoneyWhereMoreThanHalfOfItsFillUpsCostLessThanFiftyForintsALitre) {
+  EXPECT_FALSE(costsAreForeign(readLog(fillUps({"40;2000"}))));
+  EXPECT_TRUE(costsAreForeign(readLog(fillUps({"40;1999"}))));
+  // 4.54609 litres for 227.3045 forints are exactly fifty each.
+  EXPECT_FALSE(costsAreForeign(readLog(fillUps({"1;227,3045"}, "Gallons (UK)"))));
+  EXPECT_TRUE(costsAreForeign(readLog(fillUps({"1;227,3044"}, "Gallons (UK)"))));
+  EXPECT_FALSE(costsAreForeign(readLog(fillUps({"40;60", "40;24000"}))));
+  EXPECT_FALSE(costsAreForeign(readLog(fillUps({"40;60", "40;61", "40;24000", "40;24001", "40;24002"}))));
+  EXPECT_TRUE(costsAreForeign(readLog(fillUps({"40;60", "40;61", "40;24000"}))));
+}
+
+TEST(ALog, HasNoPricesInRowsWithoutFuelOrWithoutACost) {
+  EXPECT_TRUE(costsAreForeign(readLog(fillUps({"40;60", ";24000"}))));
+  EXPECT_FALSE(costsAreForeign(readLog(fillUps({"40;24000", "40;", "40;"}))));
+}
+
+TEST(ALog, HasApostrophesForQuotesWhereMostOfItsHeadsStandInThem) {
+  const auto quoteOf = [](const std::string& heads) { return exchange::findShape(heads + "\n").quote; };
+  EXPECT_EQ(quoteOf("'Date';'Odometer';'Litres'"), '\'');
+  EXPECT_EQ(quoteOf("Date;Odometer;Litres;'a';'b';'c'"), '"');
+  EXPECT_EQ(quoteOf("Date;Odometer;Litres;'a';'b'"), '"');
+  EXPECT_EQ(quoteOf("Date;Odometer;Litres;'a';'b';'c';'d'"), '\'');
+  EXPECT_EQ(quoteOf("Date;Odometer;Litres;'';'';'';''"), '\'');
+  for (const std::string cells : {";';';';'", ";'a;'b;'c;'d", ";a';b';c';d'"})
+    EXPECT_EQ(quoteOf("Date;Odometer;Litres" + cells), '"') << cells;
+}
+
+TEST(ALog, HasTheShapeOfTheFirstOfItsBestHeads) {
+  EXPECT_EQ(exchange::findShape("hello"), exchange::CsvShape{});
+  EXPECT_EQ(exchange::findShape("'Date';'Odometer';'Litres'\nDate;Odometer;Litres\n").quote, '\'');
+  EXPECT_EQ(exchange::findShape("Date,Odometer,Litres\nDate;Odometer;Litres\n").separator, ';');
+  EXPECT_EQ(exchange::findShape("Date;Odometer;Litres\nDate,Odometer,Litres,Cost\n").separator, ',');
+}
+
 TEST(ALog, WithoutMarksForFullFillUpsTakesEachForOne) {
   const LogFile file = readLog("Date,Odometer,Litres\n2024-01-05,1000,40\n");
   EXPECT_FALSE(file.saysWhichAreFull);
@@ -170,10 +210,30 @@ TEST(ALog, ThatEndsInsideQuotesSaysWhere) {
 }
 
 TEST(ALog, TooLargeForALogbookIsRefusedAtOnce) {
-  std::string text = "Date,Odometer,Litres\n";
-  for (int i = 0; i <= 2 * core::kHighestRecordNumber; ++i) text += "2024-01-05,1000,40\n";
-  EXPECT_EQ(readLog(text).fault, LogFault::TooManyRows);
   EXPECT_EQ(readLog(std::string(1'000'000, 'x')).fault, LogFault::RowTooLong);
+}
+
+TEST(ALog, MayHaveTwiceAsManyRowsAsALogbook) {
+  std::string text = "Date,Odometer,Litres\n";
+  for (int i = 1; i < 2 * core::kHighestRecordNumber; ++i) text += "2024-01-05,1,2\n";
+  EXPECT_EQ(readLog(text).fault, LogFault::None);
+  EXPECT_EQ(readLog(text + "2024-01-05,1,2\n").fault, LogFault::TooManyRows);
+}
+
+TEST(ALog, HasItsHeadsLookedForInAsManyRowsAndOneMore) {
+  std::string text;
+  for (int i = 0; i < 2 * core::kHighestRecordNumber; ++i) text += "x\n";
+  const std::string heads = "Date|Odometer|Litres\n";
+  EXPECT_EQ(exchange::findShape(text + heads).separator, '|');
+  EXPECT_EQ(exchange::findShape(text + "x\n" + heads).separator, ',');
+}
+
+// 4,000 rows of 500 cells are two million.
+TEST(ALog, MayHaveTwoMillionCells) {
+  std::string text = "Date,Odometer,Litres" + std::string(497, ',') + "\n";
+  for (int i = 1; i < 4'000; ++i) text += std::string(499, ',') + "\n";
+  EXPECT_EQ(readLog(text).fault, LogFault::None);
+  EXPECT_EQ(readLog(text + "x\n").fault, LogFault::TooManyRows);
 }
 
 }  // namespace

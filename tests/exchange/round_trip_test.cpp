@@ -158,6 +158,64 @@ TEST(ALogbook, WithADamagedDayOrFlagGoesOutAsFarAsItCan) {
   EXPECT_EQ(file.unread[0].why, exchange::UnreadRow::Why::NoDay);
 }
 
+TEST(ALogbook, ThatWasChangedTellsWhichCellsItCannotRead) {
+  NapiAdat entry;
+  entry.KmOra = 12'345;
+  entry.Datum = core::toStored(core::dayOf({2013, 7, 5}));
+  entry.Alkatresz = core::FixedText<50>("=part");
+  entry.Megjegyzes = core::FixedText<50>("-note");
+  const std::string written = textOf(fileOf({entry}));
+  const auto readWith = [&](const std::string& stood, const std::string& put) {
+    std::string text = written;
+    return exchange::readLog(text.replace(text.find(stood), stood.size(), put));
+  };
+  const exchange::LogFile whole = exchange::readLog(written);
+  ASSERT_EQ(whole.rows.size(), 1U);
+  EXPECT_EQ(whole.rows[0].line, 2);
+  EXPECT_EQ(whole.rows[0].day, core::dayOf({2013, 7, 5}));
+  EXPECT_EQ(whole.rows[0].part, "=part");
+  EXPECT_EQ(whole.rows[0].note, "-note");
+  EXPECT_EQ(whole.currency, "HUF");
+  EXPECT_TRUE(whole.saysWhichAreFull);
+  EXPECT_FALSE(exchange::costsAreForeign(whole));
+  const exchange::UnreadRow day = readWith("2013-07-05", "2013-13-05").unread.at(0);
+  EXPECT_EQ(day.why, exchange::UnreadRow::Why::DayNotUnderstood);
+  EXPECT_EQ(day.head, "Dátum");
+  EXPECT_EQ(day.cell, "2013-13-05");
+  EXPECT_EQ(readWith("2013-07-05", "").unread.at(0).why, exchange::UnreadRow::Why::NoDay);
+  const exchange::UnreadRow reading = readWith("12345", "sok").unread.at(0);
+  EXPECT_EQ(reading.why, exchange::UnreadRow::Why::FigureNotUnderstood);
+  EXPECT_EQ(reading.head, "Km óra állás");
+  EXPECT_EQ(reading.cell, "sok");
+  EXPECT_EQ(readWith("nem", "talán").unread.at(0).head, "Tele tankolva");
+}
+
+TEST(ADay, IsWrittenWithFourTwoAndTwoDigits) {
+  const auto written = [](core::CalendarDate date) {
+    return exchange::isoDay(core::toStored(core::dayOf(date)));
+  };
+  EXPECT_EQ(written({2013, 7, 5}), "2013-07-05");
+  EXPECT_EQ(written({2013, 10, 10}), "2013-10-10");
+  EXPECT_EQ(written({2013, 9, 9}), "2013-09-09");
+  EXPECT_EQ(written({987, 12, 31}), "0987-12-31");
+  EXPECT_EQ(exchange::isoDay(1e300), "");
+}
+
+TEST(ACell, StandsInQuotesOnlyWhereItNeedsThem) {
+  const auto written = [](const std::string& cell) {
+    return exchange::tabbedOf({.heads = {}, .rows = {{cell}}});
+  };
+  for (const std::string cell : {"x", "a b", "a;b", "a,b", ""}) EXPECT_EQ(written(cell), cell + "\n");
+  for (const std::string cell : {" a", "a ", "a\tb", "a\rb", "a\nb"})
+    EXPECT_EQ(written(cell), "\"" + cell + "\"\n");
+  EXPECT_EQ(written("a\"b"), "\"a\"\"b\"\n");
+}
+
+TEST(AFigureBelowZero, IsNoTextThatASpreadsheetWouldCompute) {
+  EXPECT_EQ(exchange::tabbedOf({.heads = {}, .rows = {{"-5", "-5,5", "-x", "+5", "-5+x", "5"}}}),
+            "-5\t-5,5\t'-x\t'+5\t'-5+x\t5\n");
+}
+
 TEST(ATextThatASpreadsheetWouldCompute, IsMadeHarmlessAndRestored) {
   EXPECT_EQ(exchange::harmless("=A1"), "'=A1");
   EXPECT_EQ(exchange::harmless("+36"), "'+36");
@@ -166,6 +224,10 @@ TEST(ATextThatASpreadsheetWouldCompute, IsMadeHarmlessAndRestored) {
   EXPECT_EQ(exchange::harmless(" =A1"), "' =A1");
   EXPECT_EQ(exchange::harmless("'=A1"), "''=A1");
   EXPECT_EQ(exchange::harmless("a=b"), "a=b");
+  EXPECT_EQ(exchange::harmless("x=1"), "x=1");
+  EXPECT_EQ(exchange::harmless("'x"), "'x");
+  EXPECT_EQ(exchange::restored("x=1"), "x=1");
+  EXPECT_EQ(exchange::restored("'a=b"), "'a=b");
   EXPECT_EQ(exchange::harmless("'90-es évek"), "'90-es évek");
   EXPECT_EQ(exchange::harmless(""), "");
   for (const std::string text : {"=A1", "'=A1", "''=A1", " =A1", "' =A1", "'x", "'", "\t=", "\n", "x"})
