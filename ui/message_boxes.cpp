@@ -21,7 +21,7 @@ int widthOfTitle(const QDialog& dialog) {
 
 // The toolkit makes a box as wide as its text, whatever its size was before. A row of nothing, as wide as the
 // title bar needs, keeps the title whole.
-void makeRoomForTitle(QMessageBox& box) {
+void keepTitleWhole(QMessageBox& box) {
   const int width = widthOfTitle(box);
   auto* grid = static_cast<QGridLayout*>(box.layout());
   grid->addItem(new QSpacerItem(width, 0, QSizePolicy::Minimum, QSizePolicy::Fixed), grid->rowCount(), 0, 1,
@@ -35,14 +35,14 @@ bool ask(QWidget* parent, const QString& title, const QString& prompt, DefaultAn
   box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(byDefault == DefaultAnswer::Yes ? QMessageBox::Yes : QMessageBox::No);
   box.setEscapeButton(QMessageBox::No);
-  makeRoomForTitle(box);
+  keepTitleWhole(box);
   return box.exec() == QMessageBox::Yes;
 }
 
 void tellError(QWidget* parent, const QString& title, const QString& prompt) {
   QMessageBox box(QMessageBox::Critical, title, prompt, QMessageBox::Ok, parent);
   box.setTextFormat(Qt::PlainText);
-  makeRoomForTitle(box);
+  keepTitleWhole(box);
   box.exec();
 }
 
@@ -50,7 +50,7 @@ std::optional<QString> askText(QWidget* parent, const QString& title, const QStr
   QInputDialog box(parent);
   box.setWindowTitle(title);
   box.setLabelText(prompt);
-  makeRoomForTitle(static_cast<QDialog&>(box));
+  makeRoomForTitle(box);
   return box.exec() == QDialog::Accepted ? std::optional(box.textValue()) : std::nullopt;
 }
 
