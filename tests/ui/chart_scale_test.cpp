@@ -26,6 +26,17 @@ class ChartScaleTest : public QObject {
     QCOMPARE(valueScale({5000}, Baseline::Zero, 5).upper, 5250.0);
   }
 
+  void runsFromZeroToOneWithoutAnyValue() {
+    for (const Baseline baseline : {Baseline::Zero, Baseline::Free}) {
+      for (const QList<double>& values : {QList<double>(), QList<double>({NAN, NAN})}) {
+        const ValueScale scale = valueScale(values, baseline, 5);
+        QCOMPARE(scale.lower, 0.0);
+        QCOMPARE(scale.upper, 1.05);
+        QCOMPARE(scale.ticks(), QList<double>({0.0, 0.2, 0.4, 3 * 0.2, 4 * 0.2, 1.0}));
+      }
+    }
+  }
+
   void wastesLessThanThreeTwentiethsOfTheLargestValue() {
     for (int steps = 0; steps <= 12; ++steps) {
       for (double largest = 0.0001; largest < 1e9; largest *= 1.37) {

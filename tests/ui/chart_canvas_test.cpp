@@ -1,0 +1,280 @@
+#include "ui/chart/chart_canvas.h"
+
+#include <QPaintDevice>
+#include <QPaintEngine>
+#include <QTest>
+#include <QWidget>
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+#include "tests/ui/chart_samples.h"
+
+namespace tarvik::ui {
+namespace {
+
+using namespace samples;
+
+struct DrawnText {
+  QString text;
+  QRectF box;
+  QColor color;
+  int pointSize = 0;
+};
+
+struct DrawnLine {
+  QLineF line;
+  QColor color;
+};
+
+// Notes the texts and the straight lines that are drawn, in the coordinates of the device.
+class Notes : public QPaintEngine {
+ public:
+  Notes() : QPaintEngine(AllFeatures) {}
+
+  bool begin(QPaintDevice*) override { return true; }
+  bool end() override { return true; }
+  Type type() const override { return User; }
+  void updateState(const QPaintEngineState&) override {}
+  void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
+  void drawPath(const QPainterPath&) override {}
+  void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
+
+  void drawLines(const QLineF* lines, int count) override {
+    for (int index = 0; index < count; ++index) {
+      if (painter()->pen().style() == Qt::NoPen) continue;
+      lines_.append({painter()->combinedTransform().map(lines[index]), painter()->pen().color()});
+    }
+  }
+
+  void drawTextItem(const QPointF& position, const QTextItem& item) override {
+    const QRectF box(position.x(), position.y() - item.ascent(), item.width(),
+                     item.ascent() + item.descent());
+    texts_.append({item.text(), painter()->combinedTransform().mapRect(box), painter()->pen().color(),
+                   item.font().pointSize()});
+  }
+
+  QList<DrawnText> texts_;
+  QList<DrawnLine> lines_;
+};
+
+// A paper as large as a chart and as fine as the screen.
+class Paper : public QPaintDevice {
+ public:
+  explicit Paper(const QWidget& like) : like_(like) {}
+
+  QPaintEngine* paintEngine() const override { return &notes_; }
+  const QList<DrawnText>& texts() const { return notes_.texts_; }
+  const QList<DrawnLine>& lines() const { return notes_.lines_; }
+
+  QStringList words() const {
+    QStringList words;
+    for (const DrawnText& text : texts()) words << text.text;
+    return words;
+  }
+
+  QRectF boxOf(const QString& text) const {
+    for (const DrawnText& drawn : texts()) {
+      if (drawn.text == text) return drawn.box;
+    }
+    return {};
+  }
+
+ protected:
+  int metric(PaintDeviceMetric metric) const override {
+    switch (metric) {
+      case PdmWidth:
+        return like_.width();
+      case PdmHeight:
+        return like_.height();
+      case PdmDpiX:
+      case PdmPhysicalDpiX:
+        return like_.logicalDpiX();
+      case PdmDpiY:
+      case PdmPhysicalDpiY:
+        return like_.logicalDpiY();
+      case PdmDevicePixelRatioScaled:
+        return static_cast<int>(devicePixelRatioFScale());
+      default:
+        return 1;
+    }
+  }
+
+ private:
+  const QWidget& like_;
+  mutable Notes notes_;
+};
+
+QColor between(const QColor& from, const QColor& to, double share) {
+  const auto channel = [share](int first, int second) {
+    return static_cast<int>(std::lround(first + (second - first) * share));
+  };
+  return {channel(from.red(), to.red()), channel(from.green(), to.green()), channel(from.blue(), to.blue())};
+}
+
+bool isClose(const QColor& one, const QColor& other) {
+  return std::abs(one.red() - other.red()) < 3 && std::abs(one.green() - other.green()) < 3 &&
+         std::abs(one.blue() - other.blue()) < 3;
+}
+
+}  // namespace
+
+class ChartCanvasTest : public QObject {
+  Q_OBJECT
+
+ private:
+  std::unique_ptr<QWidget> window_;
+  ChartCanvas* canvas_ = nullptr;
+  QFontMetricsF metrics_{QFont()};
+
+  void show(ChartType type, const QStringList& labels, const QList<double>& values,
+            const QString& unit = "Ft") {
+    canvas_->show({"Havi tankolási költség", unit, type, labels, values});
+  }
+
+  double middleOf(int row) { return rowRect(canvas_->faces(), row).center().x(); }
+
+  // Where the room of the values begins, by the middles of the first two rows.
+  double left() { return middleOf(1) - (middleOf(2) - middleOf(1)) / 2; }
+
+ private slots:
+  void init() {
+    window_ = std::make_unique<QWidget>();
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Text, Qt::black);
+    window_->setPalette(palette);
+    canvas_ = new ChartCanvas(window_.get());
+    canvas_->resize(690, 300);
+    metrics_ = QFontMetricsF(canvas_->font());
+  }
+
+  void leavesTheKeyboardAndTheMouseToTheChart() {
+    QCOMPARE(canvas_->focusPolicy(), Qt::NoFocus);
+    QVERIFY(canvas_->testAttribute(Qt::WA_TransparentForMouseEvents));
+  }
+
+  void everyTextIsWrittenOnce_data() {
+    QTest::addColumn<int>("type");
+    for (int type = 0; type < 6; ++type) QTest::addRow("%d", type) << type;
+  }
+  void everyTextIsWrittenOnce() {
+    QFETCH(int, type);
+    show(static_cast<ChartType>(type), {"január", "február", "március"}, {0, 90, 40});
+    Paper paper(*canvas_);
+    canvas_->drawOn(paper);
+    QStringList words = paper.words();
+    words.sort();
+    QStringList expected{"0",       "20",     "40",     "60", "80", "Ft", "Havi tankolási költség",
+                         "február", "január", "március"};
+    expected.sort();
+    QCOMPARE(words, expected);
+  }
+
+  void theTextsAreWhereTheyAreSaidToBe() {
+    show(ChartType::Bars2D, {"január", "február", "március"}, {0, 90, 40});
+    Paper paper(*canvas_);
+    canvas_->drawOn(paper);
+    QStringList told{"január", "február", "március", "Ft", "0", "20", "40", "60", "80"};
+    const QList<QPolygonF> outlines = canvas_->axisLabelOutlines();
+    QCOMPARE(outlines.size(), told.size());
+    for (int index = 0; index < told.size(); ++index) {
+      const QRectF box = paper.boxOf(told[index]);
+      const QPointF off = outlines[index].boundingRect().center() - box.center();
+      QVERIFY2(std::abs(off.x()) < 2 && std::abs(off.y()) < 2, qPrintable(told[index]));
+    }
+  }
+
+  void theTitleStandsInTheMiddleOfTheTopAndIsLargerAndDarker() {
+    show(ChartType::Bars2D, {"január", "február", "március"}, {0, 90, 40});
+    Paper paper(*canvas_);
+    canvas_->drawOn(paper);
+    const auto title = std::find_if(paper.texts().begin(), paper.texts().end(), [](const DrawnText& text) {
+      return text.text == "Havi tankolási költség";
+    });
+    QVERIFY(title != paper.texts().end());
+    QVERIFY(std::abs(title->box.center().x() - 345) < 1.5);
+    QVERIFY(title->box.top() > 3 && title->box.bottom() < metrics_.height() * 1.2 + 12);
+    QCOMPARE(title->color, QColor(Qt::black));
+    for (const DrawnText& text : paper.texts()) {
+      if (text.text == title->text) continue;
+      QVERIFY(text.pointSize < title->pointSize);
+      QVERIFY2(isClose(text.color, between(Qt::white, Qt::black, 0.72)), qPrintable(text.text));
+    }
+  }
+
+  void aTitleThatIsTooLongIsCutWithinTheChart() {
+    canvas_->show({QString(300, 'W'), "Ft", ChartType::Bars2D, {"a"}, {1}});
+    Paper paper(*canvas_);
+    canvas_->drawOn(paper);
+    const QString title =
+        paper.texts().first().text.contains('W') ? paper.texts().first().text : paper.texts().last().text;
+    const QRectF box = paper.boxOf(title);
+    QVERIFY(title.endsWith(QChar(0x2026)));
+    QVERIFY(box.left() >= 8 && box.right() <= 690 - 8);
+    QVERIFY(box.width() > 690 - 16 - 2 * QFontMetricsF(canvas_->font()).horizontalAdvance('W'));
+  }
+
+  void anEmptyChartSaysThatThereIsNothing() {
+    show(ChartType::Bars2D, {}, {});
+    Paper paper(*canvas_);
+    canvas_->drawOn(paper);
+    QVERIFY(paper.words().contains("Nincs adat"));
+    const QRectF zero = paper.boxOf("0,0");
+    const QRectF one = paper.boxOf("1,0");
+    const QRectF remark = paper.boxOf("Nincs adat");
+    const double left = zero.right() + 7;
+    QVERIFY(std::abs(remark.center().x() - (left + 690 - 16) / 2) < 2);
+    const double height = (zero.center().y() - one.center().y()) * 1.05;
+    QVERIFY(std::abs(remark.center().y() - (zero.center().y() - height / 2)) < 2);
+    show(ChartType::Bars2D, {"a"}, {1});
+    Paper other(*canvas_);
+    canvas_->drawOn(other);
+    QVERIFY(!other.words().contains("Nincs adat"));
+  }
+
+  void theNumbersHaveTheRoomThatTheyNeed() {
+    show(ChartType::Bars2D, {"a", "b"}, {1'000'000, 1'900'000});
+    const double widest = metrics_.horizontalAdvance(QString("1\u00a0500\u00a0000"));
+    QVERIFY(std::abs(left() - std::ceil(widest + 7 + 8)) < 1);
+    const double right = middleOf(2) + (middleOf(2) - left()) / 3;
+    QVERIFY(std::abs(right - (690 - 16)) < 1);
+  }
+
+  void aTurnedLabelThatBeginsLeftOfTheNumbersHasTheRoomThatItNeeds() {
+    canvas_->resize(500, 600);
+    const QStringList labels(8, QStringLiteral("egy igen hosszú felirat"));
+    show(ChartType::Bars2D, labels, QList<double>(8, 1.0));
+    const QPolygonF first = canvas_->axisLabelOutlines().first();
+    QVERIFY(first.boundingRect().height() > 2 * metrics_.height());  // turned
+    const LabelFit fit = fitLabels(labels, metrics_, 500 - 16 - 56, 600);
+    QVERIFY(fit.turned && fit.leftOverhang > 60);
+    QVERIFY(std::abs(left() - (std::ceil(fit.leftOverhang) + 4)) < 1);
+  }
+
+  void everyNumberHasALineAndEveryLabelATickAndNothingElse() {
+    show(ChartType::Line2D, {"a", "b", "c"}, {0, 90, 40});
+    Paper paper(*canvas_);
+    canvas_->drawOn(paper);
+    const QColor grid = between(Qt::white, Qt::black, 0.13);
+    const QColor axis = between(Qt::white, Qt::black, 0.42);
+    int levels = 0;
+    int ticks = 0;
+    for (const auto& [line, color] : paper.lines()) {
+      if (line.dy() == 0 && isClose(color, grid)) {
+        QVERIFY(std::abs(line.length() - (690 - 16 - left())) < 2);
+        ++levels;
+      } else if (line.dx() == 0 && isClose(color, axis)) {
+        QVERIFY(line.length() > 2 && line.length() < 8);
+        ++ticks;
+      }
+    }
+    QCOMPARE(levels, 5);
+    QCOMPARE(ticks, 3);
+  }
+};
+
+}  // namespace tarvik::ui
+
+QTEST_MAIN(tarvik::ui::ChartCanvasTest)
+#include "chart_canvas_test.moc"
