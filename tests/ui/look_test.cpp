@@ -3,7 +3,6 @@
 #include <QAbstractSpinBox>
 #include <QGroupBox>
 #include <QHeaderView>
-#include <QInputDialog>
 #include <QMenuBar>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -22,7 +21,6 @@
 #include "ui/frmMelyGrafikon.h"
 #include "ui/frmSetup.h"
 #include "ui/frmSzerviz.h"
-#include "ui/message_boxes.h"
 #include "ui/placement.h"
 #include "ui/riaszt.h"
 
@@ -378,17 +376,6 @@ class LookTest : public QObject {
     QVERIFY(hint->text() != first);
   }
 
-  void aBoxIsAsWideAsItsTitle() {
-    const QString title = QStringLiteral(" Rögzítés az adatállományban !");
-    int width = 0;
-    test::BoxScript boxes({QMessageBox::Ok});
-    boxes.whileOpen = [&](const QMessageBox& box) { width = box.width(); };
-    ui::tellError(nullptr, title, QStringLiteral("x"));
-    QFont bold = QApplication::font();
-    bold.setBold(true);
-    QVERIFY(width > QFontMetrics(bold).horizontalAdvance(title));
-  }
-
   void theGridIsHalfALineRoundedUpAndARowIsALineAndAStep() {
     for (int points = 4; points <= 24; ++points) {
       QFont font = QApplication::font();
@@ -412,42 +399,6 @@ class LookTest : public QObject {
     for (int y = between; y < picture.height() - between; ++y)
       for (int x = 0; x < picture.width(); ++x) seen += qGray(picture.pixel(x, y)) > 90 ? 1 : 0;
     QVERIFY2(seen > picture.height() / 2, qPrintable(QString::number(seen)));
-  }
-
-  void aBoxGrowsWithTheLettersOfItsTitleBar() {
-    constexpr const char* kTitleBar = "QMdiSubWindowTitleBar";
-    const QString title = QStringLiteral("Rögzítés, törlés");
-    test::BoxScript boxes;
-    int width = 0;
-    boxes.whileOpen = [&](const QMessageBox& box) { width = box.width(); };
-    const auto widthIn = [&](const QFont& font) {
-      QApplication::setFont(font, kTitleBar);
-      ui::tellError(nullptr, title, QStringLiteral("x"));
-      return width;
-    };
-    const QFont before = QApplication::font(kTitleBar);
-    QFont small = before;
-    small.setBold(true);
-    QFont large = small;
-    large.setPointSizeF(2 * small.pointSizeF());
-    const int more =
-        QFontMetrics(large).horizontalAdvance(title) - QFontMetrics(small).horizontalAdvance(title);
-    const int usual = widthIn(small);
-    QCOMPARE(widthIn(large), usual + more);
-    QApplication::setFont(before, kTitleBar);
-  }
-
-  void aQuestionForATextIsAsWideAsItsTitle() {
-    const QString title = QStringLiteral("Listamező nyomtatása, és még sok minden más is");
-    int width = 0;
-    test::onNextDialog<QInputDialog>([&](QInputDialog& box) {
-      width = box.width();
-      box.reject();
-    });
-    QCOMPARE(ui::askText(nullptr, title, QStringLiteral("x")), std::nullopt);
-    QFont bold = QApplication::font();
-    bold.setBold(true);
-    QVERIFY(width > QFontMetrics(bold).horizontalAdvance(title));
   }
 
   void aWindowThatIsWantedOutsideOfTheDisplayIsPutInside() {

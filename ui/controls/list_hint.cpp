@@ -18,7 +18,6 @@ ListHint::ListHint(QAbstractItemView& view, const QString& text)
   const QAbstractItemModel* model = view.model();
   connect(model, &QAbstractItemModel::modelReset, this, &ListHint::update);
   connect(model, &QAbstractItemModel::rowsInserted, this, &ListHint::update);
-  connect(model, &QAbstractItemModel::rowsRemoved, this, &ListHint::update);
   update();
 }
 
