@@ -278,6 +278,14 @@ class ChartViewTest : public QObject {
     QCOMPARE(QToolTip::text(), QStringLiteral("2007. 3. hó: -15\u00a0220,25"));
   }
 
+  void aTipOfTheRoomAroundTheChartDoesNotTakeItsPlace() {
+    show(ChartType::Bars2D, monthLabels(1), {12345});
+    const QPoint at = centreOf(*chart_, 1);
+    QHelpEvent help(QEvent::ToolTip, at, chart_->mapToGlobal(at));
+    QVERIFY(QApplication::sendEvent(chart_, &help));
+    QCOMPARE(QToolTip::text(), QStringLiteral("2007. 1. hó: 12\u00a0345"));
+  }
+
   void theTipGoesWithThePointer() {
     show(ChartType::Bars2D, monthLabels(3), {3000, 9000, 6000});
     const QImage before = chart_->grab().toImage();
@@ -335,6 +343,14 @@ class ChartViewTest : public QObject {
     QTest::keyClick(chart_, Qt::Key_Home);
     QTest::keyClick(chart_, Qt::Key_Left);
     QCOMPARE(chart_->selectedRow(), 1);
+  }
+
+  void leftBeginsAtTheVeryLast() {
+    show(ChartType::Line2D, monthLabels(4), {1, 2, 3, 4});
+    QTest::keyClick(chart_, Qt::Key_Left);
+    QCOMPARE(chart_->selectedRow(), 4);
+    QTest::keyClick(chart_, Qt::Key_Left);
+    QCOMPARE(chart_->selectedRow(), 3);
   }
 
   void arrowKeysMoveTheSelectionPastGaps() {
