@@ -35,7 +35,7 @@ std::optional<QStringConverter::Encoding> unmarkedUtf16(const QByteArray& bytes)
 }
 
 std::string decodedAs(QStringConverter::Encoding encoding, const QByteArray& bytes, bool& isSound) {
-  QStringDecoder decoder(encoding);
+  QStringDecoder decoder(encoding, QStringConverter::Flag::Stateless);  // half a letter at the end is a fault
   const QString text = decoder(bytes);
   isSound = !decoder.hasError();
   return text.toStdString();

@@ -121,6 +121,8 @@ QStringList habitsOf(const QWidget& part) {
     if (part.property(property).toBool()) words << QLatin1String(word);
   const auto* field = qobject_cast<const QLineEdit*>(&part);
   if (field != nullptr && !field->hasFrame()) words << "frameless";
+  if (const auto* date = qobject_cast<const QDateEdit*>(&part))
+    words << QStringLiteral("years %1-%2").arg(date->minimumDate().year()).arg(date->maximumDate().year());
   return words;
 }
 

@@ -88,30 +88,8 @@ class ImportPreviewTest : public QObject {
       cells.append(model->index(number, column).data().toString());
     return cells.join(QLatin1Char('|'));
   }
-  static std::string decoded(const char* bytes, qsizetype size) {
-    return ui::decodedText(QByteArray(bytes, size));
-  }
 
  private slots:
-  void aTextIsDecodedWhateverItsEncoding() {
-    QCOMPARE(decoded("\xEF\xBB\xBF\xC5\x91", 5), std::string("ő"));
-    QCOMPARE(decoded("Km \xC5\x91r", 6), std::string("Km őr"));
-    QCOMPARE(decoded("\xFF\xFE\x51\x01\x61\x00", 6), std::string("őa"));
-    QCOMPARE(decoded("\xFE\xFF\x01\x51\x00\x61", 6), std::string("őa"));
-    QCOMPARE(decoded("a\0b\0;\0\x51\x01", 8), std::string("ab;ő"));
-    QCOMPARE(decoded("\0a\0b\0;\x01\x51", 8), std::string("ab;ő"));
-    QCOMPARE(decoded("\xF5t\xFBz \xE1", 6), std::string("őtűz á"));
-    QCOMPARE(decoded("\xA3"
-                     "40.10 \x80",
-                     8),
-             std::string("£40.10 €"));
-    QCOMPARE(decoded("Stra\xDF"
-                     "e \x80",
-                     8),
-             std::string("Straße €"));
-    QCOMPARE(decoded("", 0), std::string());
-  }
-
   void whatIsTickedComesBehindTheEntriesThatAreThere() {
     Import import;
     const core::NapiAdat old = fuelling({2023, 12, 1}, 600, 400'000, true);
