@@ -27,6 +27,11 @@ struct DrawnLine {
   QColor color;
 };
 
+struct DrawnBend {
+  QPolygonF points;
+  QColor color;
+};
+
 // Notes the texts and the straight lines that are drawn, in the coordinates of the device.
 class Notes : public QPaintEngine {
  public:
@@ -38,7 +43,10 @@ class Notes : public QPaintEngine {
   void updateState(const QPaintEngineState&) override {}
   void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
   void drawPath(const QPainterPath&) override {}
-  void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
+  void drawPolygon(const QPointF* points, int count, PolygonDrawMode mode) override {
+    if (mode == PolylineMode)
+      bends_.append({QPolygonF(QList<QPointF>(points, points + count)), painter()->pen().color()});
+  }
 
   void drawLines(const QLineF* lines, int count) override {
     for (int index = 0; index < count; ++index) {
@@ -56,6 +64,7 @@ class Notes : public QPaintEngine {
 
   QList<DrawnText> texts_;
   QList<DrawnLine> lines_;
+  QList<DrawnBend> bends_;
 };
 
 // A paper as large as a chart and as fine as the screen.
@@ -66,6 +75,7 @@ class Paper : public QPaintDevice {
   QPaintEngine* paintEngine() const override { return &notes_; }
   const QList<DrawnText>& texts() const { return notes_.texts_; }
   const QList<DrawnLine>& lines() const { return notes_.lines_; }
+  const QList<DrawnBend>& bends() const { return notes_.bends_; }
 
   QStringList words() const {
     QStringList words;
@@ -215,6 +225,36 @@ class ChartCanvasTest : public QObject {
     QVERIFY(box.width() > 690 - 16 - 2 * QFontMetricsF(canvas_->font()).horizontalAdvance('W'));
   }
 
+  // The depth is 30 pixels to the right, and 18 up.
+  void aChartWithDepthHasAnAxisOfValuesAndItsLevelsOnTheWalls() {
+    show(ChartType::Bars3D, {"a", "b", "c"}, {0, 90, 40});
+    Paper paper(*canvas_);
+    canvas_->drawOn(paper);
+    const QColor grid = between(Qt::white, Qt::black, 0.13);
+    const QColor axis = between(Qt::white, Qt::black, 0.42);
+    const double left = std::ceil(metrics_.horizontalAdvance("80") + 7 + 8);
+    const double right = 690 - 16 - 30;
+    const double bottom = paper.bends().first().points.first().y();
+    QList<QLineF> axes;
+    for (const auto& [line, color] : paper.lines()) {
+      if (line.length() > 10 && isClose(color, axis)) axes << line;
+      if (isClose(color, grid)) QVERIFY(line.x1() == left + 30 && line.x2() == left + 30);  // the far corner
+    }
+    QCOMPARE(axes.size(), 2);
+    QCOMPARE(axes[0].p1(), QPointF(left, bottom));
+    QCOMPARE(axes[0].p2(), QPointF(right, bottom));
+    QCOMPARE(axes[1].p1(), QPointF(left, bottom));
+    QVERIFY(axes[1].x2() == left && axes[1].length() > 150);
+    QCOMPARE(paper.bends().size(), 5);
+    for (const auto& [bend, color] : paper.bends()) {
+      QCOMPARE(bend.size(), 3);
+      QVERIFY(isClose(color, grid));
+      QCOMPARE(bend[0].x(), left);
+      QCOMPARE(bend[1] - bend[0], QPointF(30, -18));
+      QCOMPARE(bend[2], QPointF(right + 30, bend[1].y()));
+    }
+  }
+
   void anEmptyChartSaysThatThereIsNothing() {
     show(ChartType::Bars2D, {}, {});
     Paper paper(*canvas_);
@@ -258,19 +298,25 @@ class ChartCanvasTest : public QObject {
     canvas_->drawOn(paper);
     const QColor grid = between(Qt::white, Qt::black, 0.13);
     const QColor axis = between(Qt::white, Qt::black, 0.42);
-    int levels = 0;
-    int ticks = 0;
+    const double bottom = paper.lines().first().line.y1();  // that of the number 0
+    const double step = bottom - paper.lines()[1].line.y1();
+    QList<double> levels;
+    QList<double> ticks;
+    int axes = 0;
     for (const auto& [line, color] : paper.lines()) {
-      if (line.dy() == 0 && isClose(color, grid)) {
-        QVERIFY(std::abs(line.length() - (690 - 16 - left())) < 2);
-        ++levels;
-      } else if (line.dx() == 0 && isClose(color, axis)) {
-        QVERIFY(line.length() > 2 && line.length() < 8);
-        ++ticks;
+      if (line.dy() == 0) {
+        QVERIFY(std::abs(line.x1() - left()) < 1 && std::abs(line.x2() - (690 - 16)) < 2);
+        if (isClose(color, grid)) levels << (bottom - line.y1()) / step;
+        axes += isClose(color, axis) && line.y1() == bottom ? 1 : 0;
+      } else {
+        QVERIFY(line.dx() == 0 && line.y1() == bottom + 1 && line.length() == 4 && isClose(color, axis));
+        ticks << line.x1();
       }
     }
-    QCOMPARE(levels, 5);
-    QCOMPARE(ticks, 3);
+    for (int number = 0; number < 5; ++number) QVERIFY(std::abs(levels.value(number) - number) < 0.01);
+    QCOMPARE(ticks, QList<double>({middleOf(1), middleOf(2), middleOf(3)}));
+    QCOMPARE(axes, 1);
+    QCOMPARE(paper.lines().size(), 5 + 3 + 1);
   }
 };
 

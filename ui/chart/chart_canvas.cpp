@@ -31,7 +31,6 @@ class ValueTicker : public QCPAxisTickerFixed {
   QString getTickLabel(double tick, const QLocale&, QChar, int) override {
     return numberText(tick, decimals_);
   }
-  int getSubTickCount(double) override { return 0; }
 
  private:
   int decimals_;
@@ -92,6 +91,7 @@ ChartCanvas::ChartCanvas(QWidget* parent)
   xAxis->setTicks(false);
   xAxis->setTickLabels(false);
   xAxis->grid()->setVisible(false);
+  yAxis->setSubTicks(false);
   yAxis->setTickLength(0);
   yAxis->setTickLabelPadding(static_cast<int>(kValueLabelPadding));
   bars_->setWidthType(QCPBars::wtPlotCoords);
@@ -211,7 +211,6 @@ void ChartCanvas::applyAxes(const ChartFrame& frame) {
   yAxis->setTicker(QSharedPointer<QCPAxisTicker>(new ValueTicker(frame.scale)));
   yAxis->setBasePen(drawsDepth(content_.type) ? QPen(style_.axis) : QPen(Qt::NoPen));
   yAxis->setTickPen(Qt::NoPen);
-  yAxis->setSubTickPen(Qt::NoPen);
   yAxis->setTickLabelFont(style_.labelFont);
   yAxis->setTickLabelColor(style_.quietText);
   yAxis->grid()->setVisible(!drawsDepth(content_.type));
