@@ -161,6 +161,7 @@ void paintOutline(QPainter& painter, const QStyleOption& option) {
   painter.save();
   painter.setPen(is(option, QStyle::State_HasFocus) ? option.palette.color(QPalette::Highlight)
                                                     : outline(option.palette, kFieldLine));
+  painter.setBrush(Qt::NoBrush);
   painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
   painter.restore();
 }

@@ -57,7 +57,13 @@ QImage painted(const QStyleOption& option, const std::function<void(QPainter&)>&
   QImage picture(option.rect.size(), QImage::Format_RGB32);
   picture.fill(kNothing);
   QPainter painter(&picture);
+  painter.setPen(QPen(Qt::green, 7));
+  painter.setBrush(Qt::green);
+  const QFont font = painter.font();
   paint(painter);
+  const bool isAsBefore = painter.pen() == QPen(Qt::green, 7) && painter.brush() == QBrush(Qt::green) &&
+                          painter.font() == font && !painter.testRenderHint(QPainter::Antialiasing);
+  if (!isAsBefore) QTest::qFail("the painter is left in another state", __FILE__, __LINE__);
   return picture;
 }
 
@@ -198,7 +204,7 @@ class LookPaintingTest : public QObject {
     QTest::newRow("white on a light blue") << QColor(61, 174, 233) << QColor(Qt::white);
     QTest::newRow("white on grey") << QColor(160, 160, 160) << QColor(Qt::white);
     QTest::newRow("white on yellow") << QColor(255, 220, 60) << QColor(Qt::white);
-    QTest::newRow("black on a dark blue") << QColor(0, 0, 120) << QColor(Qt::black);
+    QTest::newRow("black on a dark blue") << QColor(8, 8, 120) << QColor(Qt::black);
     QTest::newRow("black on a dark grey") << QColor(90, 90, 90) << QColor(Qt::black);
   }
   void theMainButtonCanBeReadWhateverTheHighlightIs() {

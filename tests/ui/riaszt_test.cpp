@@ -78,6 +78,23 @@ class RiasztTest : public QObject {
     QCOMPARE(alert.list()->font().families().first(), QStringLiteral("Courier New"));
   }
 
+  // A date, two spaces, a text of 40 letters, seven spaces and a number of four digits.
+  void aLineIsWholeBesideAScrollBarAndItsHeadingsStandOverTheirColumns() {
+    AlertDesk desk;
+    const Alert alert(desk);
+    const QListWidget& list = *alert.list();
+    const int letter = QFontMetrics(list.font()).horizontalAdvance('0');
+    const int side = list.frameWidth() + list.style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
+    const int scrollBar = list.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    QCOMPARE(list.minimumWidth(), 2 * side + (10 + 2 + 40 + 7 + 4) * letter + scrollBar);
+    const QLabel& day = *part<QLabel>(alert.screen, "lbRogzDatuma");
+    const QLabel& text = *part<QLabel>(alert.screen, "lbSzovegOszlop");
+    QCOMPARE(day.minimumWidth(), side + (10 + 2) * letter);
+    for (const QLabel* heading : {&day, &text})
+      QCOMPARE(heading->font().pointSizeF(), alert.screen.font().pointSizeF() * 0.9);
+    QVERIFY(list.hasFocus());
+  }
+
   void choosesTheFirstLineWhenItComesUp() {
     AlertDesk desk;
     const Alert alert(desk);
