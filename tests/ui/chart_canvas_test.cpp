@@ -273,6 +273,16 @@ class ChartCanvasTest : public QObject {
     QVERIFY(!other.words().contains("Nincs adat"));
   }
 
+  void theTiniestChartHasAPlotOf20Pixels() {
+    canvas_->resize(60, 40);
+    show(ChartType::Bars2D, {"a", "b"}, {100, 100});
+    const QList<QPolygonF> outlines = canvas_->axisLabelOutlines();
+    const double zero = outlines[outlines.size() - 5].boundingRect().center().y();
+    const double hundred = outlines.last().boundingRect().center().y();
+    QVERIFY(std::abs((zero - hundred) * 1.05 - 20) < 0.1);  // the axis ends a twentieth above the values
+    QVERIFY(std::abs((middleOf(2) - middleOf(1)) * 2 - 20) < 0.1);
+  }
+
   void theNumbersHaveTheRoomThatTheyNeed() {
     show(ChartType::Bars2D, {"a", "b"}, {1'000'000, 1'900'000});
     const double widest = metrics_.horizontalAdvance(QString("1\u00a0500\u00a0000"));

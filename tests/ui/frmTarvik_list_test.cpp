@@ -151,6 +151,17 @@ class FrmTarvikListTest : public QObject {
     QCOMPARE(main.rows(), 4);
   }
 
+  void aListingPutsTheKeyboardIntoTheListWhereverItWas() {
+    MainScreen main;
+    main.writeLogbook("ABC123", twoFills());
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    main.press("cmd_lista");
+    main.edit("txKmOra")->setFocus();
+    main.find<QPushButton>("cmdSzürés")->click();  // as an assistive tool does
+    QCOMPARE(main.screen->focusWidget(), main.list());
+  }
+
   void listingWithoutPlateSaysSo() {
     MainScreen main;
     main.open();

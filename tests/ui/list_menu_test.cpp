@@ -13,12 +13,14 @@
 #include "repairs/repair_log.h"
 #include "tests/ui/main_screen.h"
 #include "tests/ui/next_dialog.h"
+#include "tests/ui/support.h"
 #include "tyres/tyre_register.h"
 #include "ui/controls/list_view.h"
 #include "ui/figy.h"
 #include "ui/frmGumik.h"
 #include "ui/frmSzerviz.h"
 #include "ui/import_preview.h"
+#include "ui/models/text_list_model.h"
 #include "ui/text.h"
 
 using namespace tarvik;
@@ -136,6 +138,34 @@ class ListMenuTest : public QObject {
     screen.list()->setFocus();
     QTest::keyClick(screen.list(), Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(clipboard(), std::string("2026.01.19.\t1500\t30,50\t500\t\t\t\t\tTankolás\n"));
+  }
+
+  void theKeysCopyOnlyFromTheListThatHasTheKeyboard() {
+    test::Desk desk;
+    QWidget window;
+    auto* const layout = new QVBoxLayout(&window);
+    ui::TextListModel oils({"Olaj"});
+    ui::TextListModel tyres({"Gumi"});
+    QList<ui::ListView*> lists;
+    for (ui::TextListModel* rows : {&oils, &tyres}) {
+      lists << new ui::ListView;
+      lists.last()->setModel(rows);
+      layout->addWidget(lists.last());
+      new ui::ListMenu(lists.last(), desk.context, {.fileName = {}, .csv = {}});
+    }
+    auto* const button = new QPushButton("x");
+    layout->addWidget(button);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const auto copiedFrom = [](QWidget& part) {
+      QGuiApplication::clipboard()->setText("-");
+      part.setFocus();
+      QTest::keyClick(&part, Qt::Key_C, Qt::ControlModifier);
+      return clipboard();
+    };
+    QCOMPARE(copiedFrom(*lists[0]), std::string("Olaj\n"));
+    QCOMPARE(copiedFrom(*lists[1]), std::string("Gumi\n"));
+    QCOMPARE(copiedFrom(*button), std::string("-"));
   }
 
   void theLogbookIsSavedWithEveryField() {

@@ -100,6 +100,20 @@ class ListViewTest : public QObject {
              list.view.header()->sizeHint().height() + 3 * rowHeight() + 2 * list.view.frameWidth());
   }
 
+  void aWiderFrameTakesItsRoomOnBothSides() {
+    test::dressOnce();
+    TextListModel model({"Szöveg", "Km"});
+    ListView view;
+    view.setModel(&model);
+    view.setFrameStyle(QFrame::Box | QFrame::Plain);
+    view.setLineWidth(5);
+    layOutList(view, {"9", "9"});
+    const int columns = view.header()->sectionSizeHint(0) + view.header()->sectionSizeHint(1);
+    const int bar = view.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    QCOMPARE(view.minimumWidth(), columns + bar + 2 * 5);
+    QCOMPARE(view.minimumHeight(), view.header()->sizeHint().height() + 3 * rowHeight() + 2 * 5);
+  }
+
   void aColumnIsNotNarrowerThanItsHead() {
     Shown list({"", "1"});
     QCOMPARE(list.view.columnWidth(1), list.view.header()->sectionSizeHint(1));
