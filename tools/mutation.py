@@ -66,7 +66,7 @@ NO_CALLS = {"if", "for", "while", "switch", "return", "sizeof", "decltype", "cat
 # Whose two arguments may stand either way.
 SYMMETRIC = {"max", "min", "qMax", "qMin", "hypot"}
 # Whose first two arguments may.
-SYMMETRIC_SUMS = {"__builtin_add_overflow", "__builtin_mul_overflow"}
+SYMMETRIC_SUMS = {"__builtin_add_overflow", "__builtin_mul_overflow", "clamp"}
 DECLARATION = re.compile(r"^\s*(?:const\s+)?[\w:]+(?:<.*>)?(?:\s*[&*]+\s*|\s+)(?:const\s+)?\w*(?:\s*=.*)?$", re.S)
 
 
