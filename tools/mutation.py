@@ -66,7 +66,7 @@ NO_CALLS = {"if", "for", "while", "switch", "return", "sizeof", "decltype", "cat
 # Whose two arguments may stand either way.
 SYMMETRIC = {"max", "min", "qMax", "qMin", "hypot"}
 # Whose first two arguments may.
-SYMMETRIC_SUMS = {"__builtin_add_overflow", "__builtin_mul_overflow", "clamp"}
+SYMMETRIC_FIRST = {"__builtin_add_overflow", "__builtin_mul_overflow", "clamp"}
 DECLARATION = re.compile(r"^\s*(?:const\s+)?[\w:]+(?:<.*>)?(?:\s*[&*]+\s*|\s+)(?:const\s+)?\w*(?:\s*=.*)?$", re.S)
 
 
@@ -155,7 +155,7 @@ def swapped_arguments(masked, text):
             continue
         if len(pieces) == 2 and match["name"] in SYMMETRIC:
             continue
-        for (start, middle), (second, stop) in list(zip(pieces, pieces[1:]))[match["name"] in SYMMETRIC_SUMS :]:
+        for (start, middle), (second, stop) in list(zip(pieces, pieces[1:]))[match["name"] in SYMMETRIC_FIRST :]:
             first_text, second_text = text[start:middle], text[second:stop]
             if first_text.strip() != second_text.strip():
                 found.append((start, stop, second_text + text[middle:second] + first_text, "swapped arguments"))
