@@ -81,6 +81,14 @@ class ChartAxisLabelsTest : public QObject {
 
   void aDistanceBeyondThoseIsTheSmallestThatFits() { QCOMPARE(everyHowMany(10'008, 70.3), 71); }
 
+  void withoutAnyRoomOneLabelIsLeft() {
+    for (const double width : {0.0, -1.0, -500.0}) {
+      const LabelFit fit = fitLabels(same(31), metrics(), width, 300);
+      QVERIFY(!fit.turned);
+      QVERIFY(fit.every > 30);
+    }
+  }
+
   void aDistanceNearbyThatEndsOnTheLastRowIsTaken() {
     QCOMPARE(everyHowMany(31, 4.5), 5);  // 30 rows in fives
     QCOMPARE(everyHowMany(29, 4.5), 7);  // 28 in sevens: at most 1.6 times as far

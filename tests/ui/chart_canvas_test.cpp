@@ -27,7 +27,7 @@ struct DrawnLine {
   QColor color;
 };
 
-struct DrawnBend {
+struct DrawnShape {
   QPolygonF points;
   QColor color;
 };
@@ -44,8 +44,10 @@ class Notes : public QPaintEngine {
   void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
   void drawPath(const QPainterPath&) override {}
   void drawPolygon(const QPointF* points, int count, PolygonDrawMode mode) override {
-    if (mode == PolylineMode)
-      bends_.append({QPolygonF(QList<QPointF>(points, points + count)), painter()->pen().color()});
+    const QPolygonF shape(QList<QPointF>(points, points + count));
+    if (mode == PolylineMode) bends_.append({shape, painter()->pen().color()});
+    if (mode != PolylineMode && painter()->brush() != Qt::NoBrush)
+      fills_.append({shape, painter()->brush().color()});
   }
 
   void drawLines(const QLineF* lines, int count) override {
@@ -64,7 +66,8 @@ class Notes : public QPaintEngine {
 
   QList<DrawnText> texts_;
   QList<DrawnLine> lines_;
-  QList<DrawnBend> bends_;
+  QList<DrawnShape> bends_;
+  QList<DrawnShape> fills_;
 };
 
 // A paper as large as a chart and as fine as the screen.
@@ -75,7 +78,8 @@ class Paper : public QPaintDevice {
   QPaintEngine* paintEngine() const override { return &notes_; }
   const QList<DrawnText>& texts() const { return notes_.texts_; }
   const QList<DrawnLine>& lines() const { return notes_.lines_; }
-  const QList<DrawnBend>& bends() const { return notes_.bends_; }
+  const QList<DrawnShape>& bends() const { return notes_.bends_; }
+  const QList<DrawnShape>& fills() const { return notes_.fills_; }
 
   QStringList words() const {
     QStringList words;
@@ -193,6 +197,60 @@ class ChartCanvasTest : public QObject {
       const QPointF off = outlines[index].boundingRect().center() - box.center();
       QVERIFY2(std::abs(off.x()) < 2 && std::abs(off.y()) < 2, qPrintable(told[index]));
     }
+  }
+
+  void turnedTextsAreWhereTheyAreSaidToBe() {
+    canvas_->resize(500, 600);
+    QStringList labels;
+    for (const char letter : {'a', 'b', 'c', 'd', 'e', 'f', 'g', 'h'})
+      labels << QStringLiteral("igen hosszú felirat ") + letter;
+    show(ChartType::Bars2D, labels, QList<double>(8, 1.0));
+    Paper paper(*canvas_);
+    canvas_->drawOn(paper);
+    const QList<QPolygonF> outlines = canvas_->axisLabelOutlines();
+    for (int index = 0; index < 8; ++index) {
+      const QRectF box = paper.boxOf(labels[index]);
+      QVERIFY(box.height() > box.width() * 0.8);
+      const QPointF off = outlines[index].boundingRect().center() - box.center();
+      QVERIFY(std::abs(off.x()) < 2 && std::abs(off.y()) < 2);
+    }
+  }
+
+  void nothingOfTheFlatTypesIsInAChartWithDepth() {
+    const QColor series(0x2f, 0x7f, 0xcb);
+    for (const ChartType type : {ChartType::Bars3D, ChartType::Line3D, ChartType::Area3D}) {
+      show(type, {"a", "b", "c"}, {30, 90, 40});
+      Paper paper(*canvas_);
+      canvas_->drawOn(paper);
+      const auto inSeries = [&](const auto& drawn) { return drawn.color == series; };
+      QCOMPARE(std::count_if(paper.lines().begin(), paper.lines().end(), inSeries), 0);
+      QCOMPARE(std::count_if(paper.bends().begin(), paper.bends().end(), inSeries), 0);
+      const auto fronts = std::count_if(paper.fills().begin(), paper.fills().end(), inSeries);
+      QCOMPARE(fronts, type == ChartType::Line3D ? 0 : 3);
+    }
+  }
+
+  void aChartThatIsResizedIsAsOneOfItsNewSize() {
+    const auto pictureAt = [this](const QSize& before, const QSize& after) {
+      window_->resize(800, 600);
+      window_->show();
+      canvas_->resize(before);
+      show(ChartType::Bars2D, {"a", "b", "c"}, {30, 90, 40});
+      canvas_->grab();
+      canvas_->resize(after);
+      return canvas_->grab().toImage();
+    };
+    const QImage resized = pictureAt({690, 300}, {400, 200});
+    QCOMPARE(resized, pictureAt({400, 200}, {400, 200}));
+  }
+
+  void aChartOnADisplayOfAnotherScaleIsDrawnAnew() {
+    window_->show();
+    show(ChartType::Bars2D, {"a", "b", "c"}, {30, 90, 40});
+    const QImage before = canvas_->grab().toImage();
+    canvas_->setBufferDevicePixelRatio(3);
+    QCOMPARE(canvas_->grab().toImage(), before);
+    QCOMPARE(canvas_->bufferDevicePixelRatio(), canvas_->devicePixelRatioF());
   }
 
   void theTitleStandsInTheMiddleOfTheTopAndIsLargerAndDarker() {

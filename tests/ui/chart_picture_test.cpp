@@ -95,6 +95,13 @@ class ChartPictureTest : public QObject {
     QVERIFY(QDir(folder.path()).isEmpty());
   }
 
+  void aChartWithoutAnySizeLeavesNoFile() {
+    const QTemporaryDir folder;
+    chart_->resize(0, 0);
+    QVERIFY(!chart_->savePicture(folder.filePath("grafikon.png")));
+    QVERIFY(QDir(folder.path()).isEmpty());
+  }
+
   void menuCopiesThePicture() {
     QApplication::clipboard()->clear();
     chart_->setPoints(monthLabels(3), waves(3));

@@ -87,6 +87,10 @@ class ListViewTest : public QObject {
     QVERIFY(list.view.header()->isSortIndicatorShown());
     QCOMPARE(list.view.header()->sortIndicatorSection(), 0);
     QCOMPARE(list.view.header()->sortIndicatorOrder(), Qt::AscendingOrder);
+    click(0);
+    QCOMPARE(list.view.header()->sortIndicatorSection(), 0);
+    QCOMPARE(list.view.header()->sortIndicatorOrder(), Qt::AscendingOrder);
+    QCOMPARE(list.model.record(0), QString("7"));
   }
 
   void columnsAreAsWideAsTheirLongestTextAndTextsShareTheRest() {

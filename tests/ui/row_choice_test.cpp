@@ -60,6 +60,15 @@ class RowChoiceTest : public QObject {
   Q_OBJECT
 
  private slots:
+  void aKeyThatCannotMoveChoosesAHighlightedRowNoSecondTime() {
+    for (const auto& [row, key] : {std::pair(0, Qt::Key_Up), std::pair(2, Qt::Key_Down)}) {
+      Rows rows(3);
+      rows.click(row);
+      rows.key(key);
+      QCOMPARE(rows.chosen, QList<int>{row});
+    }
+  }
+
   void aClickChoosesTheRowOnce() {
     Rows rows(3);
     rows.click(1);

@@ -92,7 +92,8 @@ LabelFit fitLabels(const QStringList& labels, const QFontMetricsF& metrics, doub
                    double chartHeight) {
   const double widest = widestOf(labels, metrics);
   const double height = metrics.height();
-  const double rowWidth = width / static_cast<double>(std::max<qsizetype>(labels.size(), 1));
+  // A chart may be narrower than what stands beside its plot.
+  const double rowWidth = std::max(width, 1.0) / static_cast<double>(std::max<qsizetype>(labels.size(), 1));
   const double above = kTickLength + kLabelGap;
   const double turnedHeight = (widest + height) * kDiagonal + above;
   LabelFit fit;
