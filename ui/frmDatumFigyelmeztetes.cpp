@@ -1,7 +1,6 @@
 #include "ui/frmDatumFigyelmeztetes.h"
 
 #include "reminders/date_reminders.h"
-#include "ui/access.h"
 #include "ui/change.h"
 #include "ui/controls/list_delegate.h"
 #include "ui/guarded.h"
@@ -18,7 +17,6 @@ namespace tarvik::ui {
 frmDatumFigyelmeztetes::frmDatumFigyelmeztetes(Context& context, QWidget* parent)
     : QDialog(parent), context_(context), ui_(std::make_unique<Ui::frmDatumFigyelmeztetes>()) {
   ui_->setupUi(this);
-  makeAccessible(*this);
   rows_ = prepareReminderList(
       ui_->ListView1,
       {QStringLiteral("Dátum"), QStringLiteral("Figyelmeztetés Szövege"), QStringLiteral("Rendszám")});

@@ -9,6 +9,7 @@
 
 #include "core/number_text.h"
 #include "core/record_file.h"
+#include "ui/access.h"
 #include "ui/controls/list_delegate.h"
 #include "ui/controls/list_view.h"
 #include "ui/guarded.h"
@@ -65,6 +66,7 @@ ImportPreview::ImportPreview(Context& context, ImportSource source, QWidget* par
       source_(std::move(source)),
       entries_(new ImportModel(source_.log.isOwn, this)) {
   ui_->setupUi(this);
+  makeAccessible(*this);
   setUpLists();
   setUpQuestions();
   connect(ui_->cmdAtvesz, &QPushButton::clicked, this, [this] { guarded(this, [this] { takeOver(); }); });

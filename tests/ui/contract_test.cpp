@@ -273,6 +273,31 @@ void compareWithPage(const QWidget& screen) {
     QTest::qFail(qPrintable(difference), __FILE__, __LINE__);
 }
 
+// What every screen has beside its page: arrows check options, and padding is not told.
+void tryWithoutEyesAndMouse(QWidget& screen) {
+  const auto isTold = [](const QVariant& told) {
+    if (told != "x") QTest::qFail("an item is told with its padding", __FILE__, __LINE__);
+  };
+  for (QComboBox* box : screen.findChildren<QComboBox*>()) {
+    const QSignalBlocker silent(box);
+    box->addItem("x   ");
+    isTold(box->itemData(box->count() - 1, Qt::AccessibleTextRole));
+  }
+  for (QListWidget* list : screen.findChildren<QListWidget*>()) {
+    list->addItem("x   ");
+    isTold(list->item(list->count() - 1)->data(Qt::AccessibleTextRole));
+  }
+  QMap<const QObject*, QList<QRadioButton*>> groups;
+  for (QRadioButton* option : screen.findChildren<QRadioButton*>()) groups[option->parent()] << option;
+  for (const QList<QRadioButton*>& options : groups) {
+    if (options.size() < 2) QTest::qFail("an option stands alone", __FILE__, __LINE__);
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+    QApplication::sendEvent(options.first(), &down);
+    if (std::ranges::none_of(options, &QRadioButton::isChecked))
+      QTest::qFail("an arrow checks no option", __FILE__, __LINE__);
+  }
+}
+
 }  // namespace
 
 class ContractTest : public QObject {
@@ -281,7 +306,10 @@ class ContractTest : public QObject {
  private slots:
   void initTestCase() { main_.open(); }
 
-  void theMainScreen() { compareWithPage(*main_.screen); }
+  void theMainScreen() {
+    compareWithPage(*main_.screen);
+    tryWithoutEyesAndMouse(*main_.screen);
+  }
   void theSettings() { compareShown<ui::frmSetup>(main_.context, QPoint(), nullptr); }
   void theTyreRegister() { compareShown<ui::frmGumik>(main_.context, QString(), QStringList(), nullptr); }
   void theRepairLog() { compareShown<ui::frmSzerviz>(main_.context, QString(), QStringList(), nullptr); }
@@ -320,6 +348,7 @@ class ContractTest : public QObject {
     Screen screen(std::forward<Arguments>(arguments)...);
     screen.show();
     compareWithPage(screen);
+    tryWithoutEyesAndMouse(screen);
   }
 
   MainScreen main_;
