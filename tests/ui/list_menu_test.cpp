@@ -15,6 +15,7 @@
 #include "tests/ui/next_dialog.h"
 #include "tests/ui/support.h"
 #include "tyres/tyre_register.h"
+#include "ui/controls/list_delegate.h"
 #include "ui/controls/list_view.h"
 #include "ui/figy.h"
 #include "ui/frmGumik.h"
@@ -202,6 +203,8 @@ class ListMenuTest : public QObject {
     choose(*screen.list(), "mnuCsvBeolvasas");
     QCOMPARE(screen.rows(), 3);
     QCOMPARE(screen.cell(2, 1), QStringLiteral("2000"));
+    const auto* rows = qobject_cast<ui::ListDelegate*>(screen.list()->itemDelegate());
+    QCOMPARE(rows->marked(), QStringLiteral("3"));
   }
 
   void theOtherListsAreCopiedAndSavedWithEveryField() {
