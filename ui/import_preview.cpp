@@ -1,6 +1,7 @@
 #include "ui/import_preview.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <algorithm>
@@ -38,10 +39,10 @@ QString factorLabel(const exchange::LogFile& log) {
   return QStringLiteral("1 %1 hány &forint:").arg(toQt(log.currency));
 }
 
-// Shows a question or leaves it out, its label with it.
-void showQuestion(QWidget* label, QWidget* field, bool isAsked) {
+// Shows a question or leaves it out, the field beside its label with it.
+void showQuestion(QLabel* label, bool isAsked) {
   label->setVisible(isAsked);
-  field->setVisible(isAsked);
+  label->buddy()->setVisible(isAsked);
 }
 
 TextListModel* listOn(ListView* view, const QStringList& headers, const QStringList& longest) {
@@ -110,11 +111,11 @@ void ImportPreview::setUpQuestions() {
   ui_->lbValto->setText(factorLabel(log));
   ui_->txValto->setText(exchange::costsAreForeign(log) ? QString() : QStringLiteral("1"));
 
-  showQuestion(ui_->lbTavolsag, ui_->cmbTavolsag, !log.isOwn);
-  showQuestion(ui_->lbMennyiseg, ui_->cmbMennyiseg, !log.isOwn);
-  showQuestion(ui_->lbValto, ui_->txValto, asksForFactor(log));
-  showQuestion(ui_->lbNapok, ui_->cmbNapok, !log.dayOrder.isCertain);
-  showQuestion(ui_->lbJarmu, ui_->cmbJarmu, log.vehicles.size() > 1);
+  showQuestion(ui_->lbTavolsag, !log.isOwn);
+  showQuestion(ui_->lbMennyiseg, !log.isOwn);
+  showQuestion(ui_->lbValto, asksForFactor(log));
+  showQuestion(ui_->lbNapok, !log.dayOrder.isCertain);
+  showQuestion(ui_->lbJarmu, log.vehicles.size() > 1);
   ui_->FrameKerdesek->setVisible(!log.isOwn);
 
   for (QComboBox* answer : {ui_->cmbTavolsag, ui_->cmbMennyiseg, ui_->cmbJarmu})

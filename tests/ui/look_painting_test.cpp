@@ -375,6 +375,22 @@ class LookPaintingTest : public QObject {
     QVERIFY(lowestInkAt(49) > lowestInkAt(47) && lowestInkAt(49) > lowestInkAt(52));
   }
 
+  void roundAndSlantedLinesHaveSoftEdges() {
+    const auto hasSoftEdges = [](const QImage& picture, const QRect& box, const QColor& paper,
+                                 const QColor& ink) {
+      for (int y = box.top(); y <= box.bottom(); ++y)
+        for (int x = box.left(); x <= box.right(); ++x)
+          if (picture.pixelColor(x, y) != paper && picture.pixelColor(x, y) != ink) return true;
+      return false;
+    };
+    QVERIFY(hasSoftEdges(selector(QStyle::State_Enabled, true), QRect(44, 6, 12, 12), kBase, kText));
+    QVERIFY(
+        hasSoftEdges(checkBox(QStyle::State_Enabled | QStyle::State_On), QRect(3, 3, 15, 15), kBase, kText));
+    QVERIFY(hasSoftEdges(radioButton(QStyle::State_Enabled | QStyle::State_On), QRect(4, 4, 13, 13), kBase,
+                         kText));
+    QVERIFY(hasSoftEdges(button(QStyle::State_Enabled), QRect(0, 0, 4, 4), kNothing, kFieldLine));
+  }
+
   void anArrowThatCannotBeUsedIsQuiet() {
     const QRect arrow(46, 8, 9, 8);
     const QImage plain = selector(QStyle::State_None, true);
