@@ -313,6 +313,24 @@ class ChartCanvasTest : public QObject {
     }
   }
 
+  void zeroIsAnAxisOnTheWallsOnlyAmongNegativeValues() {
+    const QColor grid = between(Qt::white, Qt::black, 0.13);
+    const QColor axis = between(Qt::white, Qt::black, 0.42);
+    for (const double lowest : {-80.0, 80.0}) {
+      show(ChartType::Bars3D, {"a", "b"}, {lowest, 90});
+      Paper paper(*canvas_);
+      canvas_->drawOn(paper);
+      const double zero = paper.boxOf("0").center().y();
+      int axes = 0;
+      for (const auto& [bend, color] : paper.bends()) {
+        const bool isZero = std::abs(bend[0].y() - zero) < 2;
+        QVERIFY(isClose(color, isZero && lowest < 0 ? axis : grid));
+        axes += isClose(color, axis) ? 1 : 0;
+      }
+      QCOMPARE(axes, lowest < 0 ? 1 : 0);
+    }
+  }
+
   void anEmptyChartSaysThatThereIsNothing() {
     show(ChartType::Bars2D, {}, {});
     Paper paper(*canvas_);
@@ -377,7 +395,7 @@ class ChartCanvasTest : public QObject {
         if (isClose(color, grid)) levels << (bottom - line.y1()) / step;
         axes += isClose(color, axis) && line.y1() == bottom ? 1 : 0;
       } else {
-        QVERIFY(line.dx() == 0 && line.y1() == bottom + 1 && line.length() == 4 && isClose(color, axis));
+        QVERIFY(line.dx() == 0 && line.y1() == bottom + 1 && line.dy() == 4 && isClose(color, axis));
         ticks << line.x1();
       }
     }

@@ -114,6 +114,18 @@ class ListAccessibleTest : public QObject {
     QCOMPARE(namesOf(list.tree()), QStringList({"Dátum", "Szöveg", "2014.01.01.", "Szűrő"}));
   }
 
+  void other_rows_are_other_parts_and_a_changed_text_is_not() {
+    Shown list;
+    const auto partAfter = [&](QAccessibleTableModelChangeEvent::ModelChangeType type) {
+      QAccessibleTableModelChangeEvent event(&list.view, type);
+      list.table().modelChange(&event);
+      return QAccessible::uniqueId(list.table().cellAt(0, 0));
+    };
+    const QAccessible::Id first = QAccessible::uniqueId(list.table().cellAt(0, 0));
+    QCOMPARE(partAfter(QAccessibleTableModelChangeEvent::DataChanged), first);
+    QVERIFY(partAfter(QAccessibleTableModelChangeEvent::ModelReset) != first);
+  }
+
   void a_cell_says_what_it_is_and_what_can_be_done_with_it() {
     Shown list;
     QAccessibleInterface* cell = list.table().cellAt(0, 1);

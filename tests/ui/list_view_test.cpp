@@ -145,6 +145,8 @@ class ListViewTest : public QObject {
   }
 
   void theNewRowIsTintedForAMomentAndNoOther() {
+    Shown other({"", "99"});
+    other.delegate->mark("4", other.view);
     Shown list({"", "99"});
     const QColor paper = list.paperOf(0);
     const QColor striped = list.paperOf(1);
@@ -155,6 +157,7 @@ class ListViewTest : public QObject {
     QCOMPARE(list.paperOf(0), paper);
     QVERIFY(list.paperOf(1) != striped);
     QTRY_COMPARE_WITH_TIMEOUT(list.delegate->marked(), QString(), 4'000);
+    QTRY_COMPARE(other.delegate->marked(), QString());
     QCOMPARE(list.paperOf(1), striped);
   }
 
