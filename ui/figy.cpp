@@ -36,6 +36,7 @@ figy::figy(Context& context, QString plate, QWidget* parent)
   addListMenus();
   connectButtons();
   keepWithinReach(*this);
+  ui_->tx_km_allas->setFocus();
   openInTheMiddle(*this);
   guarded(this, [this] { BeolvasFigyel(); });
   guarded(this, [this] { BeolvasFigyDatum(); });
@@ -49,7 +50,6 @@ void figy::prepareFields() {
   ui_->Label3->setSizePolicy(keepsItsPlace);
   ui_->Label3->hide();
   ui_->DTPMikor->setDate(toQt(context_.clock.today()));
-  ui_->tx_km_allas->setFocus();
 }
 
 void figy::prepareLists() {

@@ -63,7 +63,6 @@ void riaszt::prepareList() {
   ui_->List1->setMinimumWidth(kLineCharacters * character + 2 * border + scrollBar);
   for (QLabel* heading : {ui_->lbRogzDatuma, ui_->lbSzovegOszlop}) heading->setFont(headingFont(font()));
   ui_->lbRogzDatuma->setMinimumWidth(kTextColumn * character + border);
-  ui_->List1->setFocus();
 }
 
 void riaszt::showEvent(QShowEvent* event) {

@@ -24,9 +24,9 @@
 //   name kind "caption" label lbName "its label" spoken "its accessible name" tip "its tooltip" ... disabled
 //   hidden tab
 //
-// What a control does not have is left out; so is an accessible name that is its caption or its label. Enter
-// presses a button that says "enter" while the keyboard is on it, and the one that says "default" from
-// anywhere.
+// The screen's own line says where the keyboard starts. What a control does not have is left out; so is an
+// accessible name that is its caption or its label. Enter presses a button that says "enter" while the
+// keyboard is on it, and the one that says "default" from anywhere.
 
 using namespace tarvik;
 using namespace tarvik::test;
@@ -152,6 +152,8 @@ class Actual {
         lines_.insert(item->objectName(), item->objectName() + " item " + quoted({}, item->text()));
     for (const QWidget* next = screen.nextInFocusChain(); next != &screen; next = next->nextInFocusChain())
       if (isTabStop(*next) && lines_.contains(next->objectName())) order_ << next->objectName();
+    if (QTest::qWaitForWindowActive(const_cast<QWidget*>(&screen)) && screen.focusWidget() != nullptr)
+      lines_[screen.objectName()] += " starts on " + screen.focusWidget()->objectName();
   }
 
   const QMap<QString, QString>& lines() const { return lines_; }
