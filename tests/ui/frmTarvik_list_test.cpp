@@ -50,6 +50,23 @@ class FrmTarvikListTest : public QObject {
     QVERIFY(main.folder.names() == made);
   }
 
+  void theDropDownsHaveTheStoredTextsInTheirOrder() {
+    MainScreen main;
+    main.folder.write("alkatr.dat", padded("Sz\xFBr\xF5", 50) + padded("Ablak", 50));
+    main.folder.write("megjegyz.dat", padded("Mos\xE1s", 50) + padded("Ad\xF3", 50) + padded("Mos\xE1s", 50));
+    main.open();
+    const auto textsOf = [&](const char* name) {
+      QStringList texts;
+      for (int item = 0; item < main.combo(name)->count(); ++item) texts << main.combo(name)->itemText(item);
+      return texts;
+    };
+    const auto stored = [](const char* text) { return QString::fromUtf8(text).leftJustified(50); };
+    QCOMPARE(textsOf("txAlkatresz"), QStringList({stored("Szűrő"), stored("Ablak")}));
+    QCOMPARE(textsOf("txMegjegyzes"), QStringList({stored("Mosás"), stored("Adó"), stored("Mosás")}));
+    QCOMPARE(main.combo("txAlkatresz")->currentText(), QString());
+    QCOMPARE(main.combo("txMegjegyzes")->currentText(), QString("Tankolás"));
+  }
+
   void aDistanceAfterASlipIsSeenWithAllItsDigits() {
     MainScreen main;
     main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 214'859, 405'000, true, 16'200),
