@@ -95,6 +95,8 @@ const QMap<QString, int> kErrors{
     {"ESTALE", ESTALE},
     {"ESPIPE", ESPIPE},
     {"ENXIO", ENXIO},
+    {"ENOTEMPTY", ENOTEMPTY},
+    {"EBADF", EBADF},
 };
 
 }  // namespace
@@ -127,6 +129,11 @@ class GuardedTest : public QObject {
     for (const Line& line : page)
       QCOMPARE(ui::failureText(Failure(FailureKind::OpenFailed).file("/a").systemError(kErrors[line.name])),
                "A fájl nem nyitható meg:\n/a\n(" + line.text + ")\n\nSemmi sem változott.");
+    for (int error = 1; error < 200; ++error) {
+      const QString text = ui::failureText(Failure(FailureKind::OpenFailed).file("/a").systemError(error));
+      const bool isNumber = text.contains(QString("(%1. számú rendszerhiba)").arg(error));
+      QVERIFY2(isNumber != kErrors.values().contains(error), qPrintable(text));
+    }
   }
 
   void aBlankPlateIsAFieldThatIsNotFilledIn() {
