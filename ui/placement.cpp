@@ -44,7 +44,6 @@ void giveSize(QWidget& window, const QRect& room, QSize wanted) {
 void keepWithinReach(QDialog& dialog) {
   QLayout* layout = dialog.layout();
   QWidget* menu = layout->menuBar();
-  layout->setMenuBar(nullptr);
   auto* contents = new QWidget;
   contents->setLayout(layout);
   auto* outside = new QVBoxLayout(&dialog);
