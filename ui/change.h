@@ -13,7 +13,7 @@ inline const QString kListIncomplete = QStringLiteral("A lista vagy az összesí
 /// A change of the data and the listing after it, which are two steps: the one can be done where the other
 /// fails, and the person is told which.
 struct Change {
-  QString done;                          ///< the sentence that says that it is done
+  QString done = {};                     ///< the sentence that says that it is done, where it is listed then
   std::function<void()> make;            ///< makes it, and sets the fields as they are after it
   std::function<void()> forget = {};     ///< lets go of what was chosen, when it failed
   std::function<void()> list;            ///< reads the list anew, with nothing chosen in it

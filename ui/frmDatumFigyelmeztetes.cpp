@@ -66,8 +66,7 @@ void frmDatumFigyelmeztetes::deleteChosen() {
            QStringLiteral("Biztos TÖRÖLHETŐ\na figyelmeztetés ?"), DefaultAnswer::No))
     return;
   bool isDeleted = false;
-  carryOut(this, {.done = QStringLiteral("A figyelmeztetés törölve van."),
-                  .make =
+  carryOut(this, {.make =
                       [&] {
                         reminders::deleteDateReminder(context_.files, context_.folders,
                                                       listed_.seen(selected_));

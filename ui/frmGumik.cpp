@@ -206,8 +206,7 @@ tyres::TyreFields frmGumik::changeFields() const {
 // Neither the list nor the fields change: the set is seen at the next listing.
 void frmGumik::recordSet() {
   bool isRecorded = false;
-  carryOut(this, {.done = QStringLiteral("A gumi rögzítve van."),
-                  .make =
+  carryOut(this, {.make =
                       [&] {
                         tyres_.record({.plate = toLogic(ui_->cmbRendszam->currentText()),
                                        .isFitted = ui_->chkGumiFentVan->isChecked(),
