@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
@@ -86,6 +87,23 @@ class ChartPictureTest : public QObject {
         QRegularExpression(R"(/MediaBox \[0 0 (\d+)\.\d+ (\d+)\.)").match(QString::fromLatin1(bytes));
     QVERIFY(std::abs(box.captured(1).toInt() - 690 * 72 / chart_->logicalDpiX()) <= 1);
     QVERIFY(std::abs(box.captured(2).toInt() - 300 * 72 / chart_->logicalDpiY()) <= 1);
+  }
+
+  void thePdfsPictureFillsItsPage() {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("grafikon.pdf");
+    chart_->setTitleText("Felirat");
+    chart_->setPoints(monthLabels(3), waves(3));
+    QVERIFY(chart_->savePicture(path));
+    QProcess reader;
+    reader.start("pdftotext", {"-bbox", path, "-"});
+    QVERIFY(reader.waitForFinished());
+    const auto title =
+        QRegularExpression(R"re(xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)"[^>]*>Felirat<)re")
+            .match(QString::fromUtf8(reader.readAllStandardOutput()));
+    const double middle = 345.0 * 72 / chart_->logicalDpiX();
+    QVERIFY(std::abs((title.captured(1).toDouble() + title.captured(3).toDouble()) / 2 - middle) < 3);
+    QVERIFY(title.captured(2).toDouble() < 30);
   }
 
   void failedSaveLeavesNoFile() {

@@ -103,6 +103,18 @@ class ChartViewTest : public QObject {
     QVERIFY(chart_->pointRect(4).isNull());
   }
 
+  void aRowThatIsNotThereCannotBeSelected() {
+    show(ChartType::Line3D, monthLabels(3), {1, 2, 3});
+    chart_->selectRow(2);
+    QSignalSpy selected(chart_, &ChartView::pointSelected);
+    for (const int row : {0, -1, 4}) {
+      chart_->selectRow(row);
+      QVERIFY(chart_->pointRect(row).isNull());
+    }
+    QCOMPARE(selected.count(), 0);
+    QCOMPARE(chart_->selectedRow(), 2);
+  }
+
   void surplusLabelsAreLeftOut() {
     chart_->setPoints({"a", "b", "c"}, {1, 2});
     QCOMPARE(chart_->rowLabels(), QStringList({"a", "b"}));

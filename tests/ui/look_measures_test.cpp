@@ -96,6 +96,8 @@ class LookMeasuresTest : public QObject {
     QStyleOptionFrame frame;
     frame.lineWidth = 1;
     frame.rect = {0, 0, 100, 20};
+    QCOMPARE(lookSize(QStyle::CT_LineEdit, frame, {100, 10}).width(),
+             plainSize(QStyle::CT_LineEdit, frame, {100, 10}).width());
     QLineEdit field;
     const int usual = plainSize(QStyle::CT_LineEdit, frame, {100, 10}).width();
     QCOMPARE(lookSize(QStyle::CT_LineEdit, frame, {100, 10}, &field), QSize(usual, line_ + step_ + 2));
