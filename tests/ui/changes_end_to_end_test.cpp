@@ -1,4 +1,5 @@
 #include <QAbstractItemView>
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -278,6 +279,20 @@ class ChangesEndToEndTest : public QObject {
     QVERIFY(opened.list->model()->rowCount() > 0);
     QVERIFY(!opened.list->selectionModel()->hasSelection());
     QCOMPARE(opened.offeredOnChosen(), QStringList());
+  }
+
+  void aSwitchWhoseSaveIsNotConfirmedSaysThatItStayed() {
+    House house;
+    const auto screen = opened<ui::frmTarvik>(house);
+    auto* const box = screen->findChild<QCheckBox*>("Check1");
+    const bool before = box->isChecked();
+    BoxScript boxes;
+    house.files.cannotSync = true;
+    box->click();
+    QCOMPARE(boxes.seen.size(), 1);
+    QVERIFY2(boxes.seen[0].text.endsWith("\n\nA kapcsoló úgy maradt, ahogy volt."),
+             qPrintable(boxes.seen[0].text));
+    QCOMPARE(box->isChecked(), before);
   }
 
   void aSavedChangeIsListedWithoutAWord_data() { addOffers(); }

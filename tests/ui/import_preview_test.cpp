@@ -90,6 +90,16 @@ class ImportPreviewTest : public QObject {
   }
 
  private slots:
+  void thePreviewOpensThreeQuartersOfTheDisplayHigh() {
+    Import import;
+    import.writeLogbook({});
+    QVERIFY(!import.read(kForintLog, [&](ui::ImportPreview& preview) {
+      const int display = preview.screen()->availableGeometry().height();
+      QCOMPARE(preview.height(), std::max(preview.sizeHint().height(), display * 3 / 4));
+      preview.reject();
+    }));
+  }
+
   void whatIsTickedComesBehindTheEntriesThatAreThere() {
     Import import;
     const core::NapiAdat old = fuelling({2023, 12, 1}, 600, 400'000, true);
