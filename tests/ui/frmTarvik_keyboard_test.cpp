@@ -93,6 +93,17 @@ class FrmTarvikKeyboardTest : public QObject {
     QCOMPARE(main.focus(), "txKmOra");
   }
 
+  void theKeysOfTheFilterAreItsOwn() {
+    Household main;
+    main.press("cmd_lista");
+    main.edit("txKmOra")->setFocus();
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+      main.key(key);
+      QVERIFY(main.isFilterOpen());
+    }
+    QCOMPARE(main.focus(), "txKmOra");
+  }
+
   void bothEntersListWhatTheFilterSays() {
     for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter}) {
       Household main;
