@@ -71,9 +71,9 @@ class Notes : public QPaintEngine {
 };
 
 // A paper as large as a chart and as fine as the screen.
-class Paper : public QPaintDevice {
+class Paper final : public QPaintDevice {
  public:
-  explicit Paper(const QWidget& like) : like_(like) {}
+  explicit Paper(ChartCanvas& canvas) : like_(canvas) { canvas.drawOn(*this); }
 
   QPaintEngine* paintEngine() const override { return &notes_; }
   const QList<DrawnText>& texts() const { return notes_.texts_; }
@@ -131,6 +131,9 @@ bool isClose(const QColor& one, const QColor& other) {
          std::abs(one.blue() - other.blue()) < 3;
 }
 
+const QColor kGrid = between(Qt::white, Qt::black, 0.13);
+const QColor kAxis = between(Qt::white, Qt::black, 0.42);
+
 }  // namespace
 
 class ChartCanvasTest : public QObject {
@@ -176,7 +179,6 @@ class ChartCanvasTest : public QObject {
     QFETCH(int, type);
     show(static_cast<ChartType>(type), {"január", "február", "március"}, {0, 90, 40});
     Paper paper(*canvas_);
-    canvas_->drawOn(paper);
     QStringList words = paper.words();
     words.sort();
     QStringList expected{"0",       "20",     "40",     "60", "80", "Ft", "Havi tankolási költség",
@@ -188,7 +190,6 @@ class ChartCanvasTest : public QObject {
   void theTextsAreWhereTheyAreSaidToBe() {
     show(ChartType::Bars2D, {"január", "február", "március"}, {0, 90, 40});
     Paper paper(*canvas_);
-    canvas_->drawOn(paper);
     QStringList told{"január", "február", "március", "Ft", "0", "20", "40", "60", "80"};
     const QList<QPolygonF> outlines = canvas_->axisLabelOutlines();
     QCOMPARE(outlines.size(), told.size());
@@ -206,7 +207,6 @@ class ChartCanvasTest : public QObject {
       labels << QStringLiteral("igen hosszú felirat ") + letter;
     show(ChartType::Bars2D, labels, QList<double>(8, 1.0));
     Paper paper(*canvas_);
-    canvas_->drawOn(paper);
     const QList<QPolygonF> outlines = canvas_->axisLabelOutlines();
     for (int index = 0; index < 8; ++index) {
       const QRectF box = paper.boxOf(labels[index]);
@@ -221,7 +221,6 @@ class ChartCanvasTest : public QObject {
     for (const ChartType type : {ChartType::Bars3D, ChartType::Line3D, ChartType::Area3D}) {
       show(type, {"a", "b", "c"}, {30, 90, 40});
       Paper paper(*canvas_);
-      canvas_->drawOn(paper);
       const auto inSeries = [&](const auto& drawn) { return drawn.color == series; };
       QCOMPARE(std::count_if(paper.lines().begin(), paper.lines().end(), inSeries), 0);
       QCOMPARE(std::count_if(paper.bends().begin(), paper.bends().end(), inSeries), 0);
@@ -256,7 +255,6 @@ class ChartCanvasTest : public QObject {
   void theTitleStandsInTheMiddleOfTheTopAndIsLargerAndDarker() {
     show(ChartType::Bars2D, {"január", "február", "március"}, {0, 90, 40});
     Paper paper(*canvas_);
-    canvas_->drawOn(paper);
     const auto title = std::find_if(paper.texts().begin(), paper.texts().end(), [](const DrawnText& text) {
       return text.text == "Havi tankolási költség";
     });
@@ -274,7 +272,6 @@ class ChartCanvasTest : public QObject {
   void aTitleThatIsTooLongIsCutWithinTheChart() {
     canvas_->show({QString(300, 'W'), "Ft", ChartType::Bars2D, {"a"}, {1}});
     Paper paper(*canvas_);
-    canvas_->drawOn(paper);
     const QString title =
         paper.texts().first().text.contains('W') ? paper.texts().first().text : paper.texts().last().text;
     const QRectF box = paper.boxOf(title);
@@ -287,16 +284,13 @@ class ChartCanvasTest : public QObject {
   void aChartWithDepthHasAnAxisOfValuesAndItsLevelsOnTheWalls() {
     show(ChartType::Bars3D, {"a", "b", "c"}, {0, 90, 40});
     Paper paper(*canvas_);
-    canvas_->drawOn(paper);
-    const QColor grid = between(Qt::white, Qt::black, 0.13);
-    const QColor axis = between(Qt::white, Qt::black, 0.42);
     const double left = std::ceil(metrics_.horizontalAdvance("80") + 7 + 8);
     const double right = 690 - 16 - 30;
     const double bottom = paper.bends().first().points.first().y();
     QList<QLineF> axes;
     for (const auto& [line, color] : paper.lines()) {
-      if (line.length() > 10 && isClose(color, axis)) axes << line;
-      if (isClose(color, grid)) QVERIFY(line.x1() == left + 30 && line.x2() == left + 30);  // the far corner
+      if (line.length() > 10 && isClose(color, kAxis)) axes << line;
+      if (isClose(color, kGrid)) QVERIFY(line.x1() == left + 30 && line.x2() == left + 30);  // the far corner
     }
     QCOMPARE(axes.size(), 2);
     QCOMPARE(axes[0].p1(), QPointF(left, bottom));
@@ -306,7 +300,7 @@ class ChartCanvasTest : public QObject {
     QCOMPARE(paper.bends().size(), 5);
     for (const auto& [bend, color] : paper.bends()) {
       QCOMPARE(bend.size(), 3);
-      QVERIFY(isClose(color, grid));
+      QVERIFY(isClose(color, kGrid));
       QCOMPARE(bend[0].x(), left);
       QCOMPARE(bend[1] - bend[0], QPointF(30, -18));
       QCOMPARE(bend[2], QPointF(right + 30, bend[1].y()));
@@ -314,18 +308,15 @@ class ChartCanvasTest : public QObject {
   }
 
   void zeroIsAnAxisOnTheWallsOnlyAmongNegativeValues() {
-    const QColor grid = between(Qt::white, Qt::black, 0.13);
-    const QColor axis = between(Qt::white, Qt::black, 0.42);
     for (const double lowest : {-80.0, 80.0}) {
       show(ChartType::Bars3D, {"a", "b"}, {lowest, 90});
       Paper paper(*canvas_);
-      canvas_->drawOn(paper);
       const double zero = paper.boxOf("0").center().y();
       int axes = 0;
       for (const auto& [bend, color] : paper.bends()) {
         const bool isZero = std::abs(bend[0].y() - zero) < 2;
-        QVERIFY(isClose(color, isZero && lowest < 0 ? axis : grid));
-        axes += isClose(color, axis) ? 1 : 0;
+        QVERIFY(isClose(color, isZero && lowest < 0 ? kAxis : kGrid));
+        axes += isClose(color, kAxis) ? 1 : 0;
       }
       QCOMPARE(axes, lowest < 0 ? 1 : 0);
     }
@@ -334,7 +325,6 @@ class ChartCanvasTest : public QObject {
   void anEmptyChartSaysThatThereIsNothing() {
     show(ChartType::Bars2D, {}, {});
     Paper paper(*canvas_);
-    canvas_->drawOn(paper);
     QVERIFY(paper.words().contains("Nincs adat"));
     const QRectF zero = paper.boxOf("0,0");
     const QRectF one = paper.boxOf("1,0");
@@ -345,7 +335,6 @@ class ChartCanvasTest : public QObject {
     QVERIFY(std::abs(remark.center().y() - (zero.center().y() - height / 2)) < 2);
     show(ChartType::Bars2D, {"a"}, {1});
     Paper other(*canvas_);
-    canvas_->drawOn(other);
     QVERIFY(!other.words().contains("Nincs adat"));
   }
 
@@ -381,9 +370,6 @@ class ChartCanvasTest : public QObject {
   void everyNumberHasALineAndEveryLabelATickAndNothingElse() {
     show(ChartType::Line2D, {"a", "b", "c"}, {0, 90, 40});
     Paper paper(*canvas_);
-    canvas_->drawOn(paper);
-    const QColor grid = between(Qt::white, Qt::black, 0.13);
-    const QColor axis = between(Qt::white, Qt::black, 0.42);
     const double bottom = paper.lines().first().line.y1();  // that of the number 0
     const double step = bottom - paper.lines()[1].line.y1();
     QList<double> levels;
@@ -392,10 +378,10 @@ class ChartCanvasTest : public QObject {
     for (const auto& [line, color] : paper.lines()) {
       if (line.dy() == 0) {
         QVERIFY(std::abs(line.x1() - left()) < 1 && std::abs(line.x2() - (690 - 16)) < 2);
-        if (isClose(color, grid)) levels << (bottom - line.y1()) / step;
-        axes += isClose(color, axis) && line.y1() == bottom ? 1 : 0;
+        if (isClose(color, kGrid)) levels << (bottom - line.y1()) / step;
+        axes += isClose(color, kAxis) && line.y1() == bottom ? 1 : 0;
       } else {
-        QVERIFY(line.dx() == 0 && line.y1() == bottom + 1 && line.dy() == 4 && isClose(color, axis));
+        QVERIFY(line.dx() == 0 && line.y1() == bottom + 1 && line.dy() == 4 && isClose(color, kAxis));
         ticks << line.x1();
       }
     }
