@@ -6,9 +6,9 @@
 
 #include "app/system_clock.h"
 #include "core/machine_file_system.h"
-#include "ui/frmTarvik.h"
-#include "ui/guarded.h"
-#include "ui/look.h"
+#include "ui/base/guarded.h"
+#include "ui/look/look.h"
+#include "ui/main/frmTarvik.h"
 
 namespace {
 

@@ -8,9 +8,9 @@
 
 #include "core/clock.h"
 #include "core/machine_file_system.h"
-#include "ui/context.h"
-#include "ui/frmTarvik.h"
-#include "ui/print_system.h"
+#include "ui/base/context.h"
+#include "ui/main/frmTarvik.h"
+#include "ui/print/print_system.h"
 
 namespace tarvik::bench {
 

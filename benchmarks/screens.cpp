@@ -16,8 +16,8 @@
 #include "benchmarks/logbook.h"
 #include "benchmarks/rows.h"
 #include "benchmarks/session.h"
-#include "ui/list_printer.h"
-#include "ui/look.h"
+#include "ui/look/look.h"
+#include "ui/print/list_printer.h"
 
 namespace tarvik::bench {
 namespace {

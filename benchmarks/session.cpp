@@ -18,13 +18,13 @@
 #include <fstream>
 
 #include "benchmarks/logbook.h"
-#include "ui/figy.h"
-#include "ui/frmDatumFigyelmeztetes.h"
-#include "ui/frmGumik.h"
-#include "ui/frmSetup.h"
-#include "ui/frmSzerviz.h"
-#include "ui/list_printer.h"
-#include "ui/riaszt.h"
+#include "ui/print/list_printer.h"
+#include "ui/windows/figy.h"
+#include "ui/windows/frmDatumFigyelmeztetes.h"
+#include "ui/windows/frmGumik.h"
+#include "ui/windows/frmSetup.h"
+#include "ui/windows/frmSzerviz.h"
+#include "ui/windows/riaszt.h"
 
 #include <unistd.h>
 

@@ -8,14 +8,14 @@ trap 'rm -rf "$scratch"' EXIT
 
 fresh_tree() {
   rm -rf "$scratch/tree"
-  mkdir -p "$scratch"/tree/{core,tyres,ui/chart,app,objects/core}
+  mkdir -p "$scratch"/tree/{core,tyres,ui/{base,chart,lists,windows,main},app,objects/core}
   printf '#pragma once\n#include <string>\n' > "$scratch/tree/core/day.h"
   printf '#include "core/day.h"\n' > "$scratch/tree/tyres/rules.cpp"
-  printf '#include "tyres/rules.h"\n#include "ui_frmX.h"\n' > "$scratch/tree/ui/frmX.cpp"
-  printf '#include "ui/chart/chart_view.h"\n' > "$scratch/tree/ui/chart_panel.cpp"
+  printf '#include "tyres/rules.h"\n#include "ui/base/text.h"\n#include "ui_frmX.h"\n' > "$scratch/tree/ui/main/frmX.cpp"
+  printf '#include "ui/chart/chart_view.h"\n' > "$scratch/tree/ui/windows/chart_panel.cpp"
   printf '      return EIO;\n' > "$scratch/tree/core/windows_errors.cpp"
-  printf '      {EIO, "baj"},\n' > "$scratch/tree/ui/guarded.cpp"
-  printf '#include "ui/chart/chart_canvas.h"\n#include <qcustomplot.h>\n' > "$scratch/tree/ui/chart/chart_view.cpp"
+  printf '      {EIO, "baj"},\n' > "$scratch/tree/ui/base/guarded.cpp"
+  printf '#include "ui/chart/chart_canvas.h"\n#include "ui/base/text.h"\n#include <qcustomplot.h>\n' > "$scratch/tree/ui/chart/chart_view.cpp"
 }
 
 fail() { echo "$*"; exit 1; }
@@ -56,18 +56,22 @@ for rule in arrows rooms system-headers guards errors; do expect_passes "$rule";
 expect_caught arrows core/wrong.cpp '#include "ui/frmX.h"'
 expect_caught arrows core/wrong.cpp '#  include "tyres/rules.h"'
 expect_caught arrows tyres/wrong.cpp '#include "repairs/log.h"'
-expect_caught arrows ui/wrong.cpp '#include "app/main.h"'
-expect_caught arrows ui/wrong.cpp '#include "frmX.h"'
+expect_caught arrows ui/main/wrong.cpp '#include "app/main.h"'
+expect_caught arrows ui/main/wrong.cpp '#include "frmX.h"'
 expect_caught errors core/windows_errors.cpp '      return ENOTEMPTY;'
-expect_caught rooms ui/frmY.cpp '#include "ui/chart/chart_canvas.h"'
-expect_caught rooms ui/frmY.cpp '#include <qcustomplot.h>'
+expect_caught rooms ui/main/frmY.cpp '#include "ui/chart/chart_canvas.h"'
+expect_caught rooms ui/main/frmY.cpp '#include <qcustomplot.h>'
 expect_caught rooms ui/chart/chart_scale.cpp '#include "ui/chart/chart_shapes.h"'
-expect_caught rooms ui/chart/chart_view.h '#include "ui/chart_panel.h"'
+expect_caught rooms ui/chart/chart_view.h '#include "ui/windows/chart_panel.h"'
 expect_caught rooms ui/chart/chart_content.h '#include "charts/series.h"'
 expect_caught rooms ui/chart/extras.h '#include <QString>'
+expect_caught rooms ui/chart/chart_view.cpp '#include "ui/lists/list_view.h"'
+expect_caught rooms ui/lists/list_menu.cpp '#include "ui/windows/figy.h"'
+expect_caught rooms ui/base/change.h '#include "ui/main/frmX.h"'
+expect_caught rooms ui/loose.h '#include <QString>'
 expect_caught system-headers core/wrong.cpp '#include <unistd.h>'
 expect_caught system-headers tyres/wrong.h '#include <fstream>'
-expect_caught system-headers ui/wrong.cpp '#include <sys/stat.h>'
+expect_caught system-headers ui/main/wrong.cpp '#include <sys/stat.h>'
 expect_caught guards core/wrong.h '#include <string>'
 
 fresh_tree

@@ -50,10 +50,33 @@ wrong_system_headers() {
   done
 }
 
-# Inside the screens' folder the chart is a room of its own: its files know each other from the content to the
-# view and never back, nothing else of the screens but the message boxes and the file
-# chooser, and nothing of the logic. A screen knows
-# the view and the content. The library behind it is known to no other file.
+# Inside the screens' folder the same holds between its rooms, from the ground up. A room that is not named has no
+# place there, and no file lies outside a room.
+declare -A rooms=(
+  [base]="base"
+  [look]="look base"
+  [chart]="chart base"
+  [print]="print base"
+  [lists]="lists look base"
+  [exchange]="exchange lists look base"
+  [windows]="windows exchange lists look chart base"
+  [main]="main windows exchange print lists look chart base"
+)
+
+wrong_room_arrows() {
+  local room allowed
+  for room in ui/*; do
+    room="${room#ui/}"
+    [ "$room" != CMakeLists.txt ] || continue
+    [ -n "${rooms[$room]:-}" ] || { echo "ui/$room: is no room"; continue; }
+    [ -d "ui/$room" ] || continue
+    allowed="${rooms[$room]// /|}"
+    includes_of "ui/$room" '"ui/' | grep -vE "include \"ui/($allowed)/" || true
+  done
+}
+
+# The chart knows nothing of the logic, and its files know each other from the content to the view and never back.
+# A screen knows the view and the content. The library behind it is known to no other file.
 chart=ui/chart
 chart_order=("content" "scale|thinning" "words" "shapes|solid_shapes" "style" "axis_labels|plottables" "canvas"
   "view|accessible|picture")
@@ -66,7 +89,7 @@ wrong_steps() {
     for file in "$chart"/chart_*; do
       [[ "$file" =~ ^$chart/chart_($names)\.(cpp|h)$ ]] || continue
       grep -HnE '^[[:space:]]*#[[:space:]]*include[[:space:]]*"' "$file" |
-        grep -vE "include \"($chart/chart_($known)|ui/(message_boxes|file_chooser))\.h\"" || true
+        grep -vE "include \"($chart/chart_($known)\.h|ui/base/[a-z_]+\.h)\"" || true
     done
   done
   is_known="^$chart/chart_($known)\.(cpp|h)$"
@@ -76,6 +99,8 @@ wrong_steps() {
 }
 
 wrong_rooms() {
+  [ -d ui ] || return 0
+  wrong_room_arrows
   [ -d "$chart" ] || return 0
   wrong_steps
   includes_of ui '"ui/chart/' | grep -vE "^$chart/|chart_(view|content)\.h\"" || true
@@ -94,7 +119,7 @@ wrong_errors() {
   local error
   [ -f core/windows_errors.cpp ] || return 0
   grep -oE 'return E[A-Z0-9]+' core/windows_errors.cpp | cut -d ' ' -f 2 | sort -u | while read -r error; do
-    grep -q "{$error, \"" ui/guarded.cpp || echo "core/windows_errors.cpp: $error has no words in ui/guarded.cpp"
+    grep -q "{$error, \"" ui/base/guarded.cpp || echo "core/windows_errors.cpp: $error has no words in ui/base/guarded.cpp"
   done
 }
 

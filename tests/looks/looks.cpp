@@ -14,7 +14,7 @@
 #include <QTranslator>
 
 #include "tests/looks/scenes.h"
-#include "ui/look.h"
+#include "ui/look/look.h"
 
 namespace {
 

@@ -18,9 +18,9 @@
 #include "reminders/km_alert.h"
 #include "settings/vehicles.h"
 #include "tests/support/fixed_clock.h"
-#include "ui/frmTarvik.h"
-#include "ui/page_painter.h"
-#include "ui/riaszt.h"
+#include "ui/main/frmTarvik.h"
+#include "ui/print/page_painter.h"
+#include "ui/windows/riaszt.h"
 
 namespace tarvik::looks {
 namespace {

@@ -23,7 +23,7 @@
 
 #include "core/machine_file_system.h"
 #include "tests/support/fixed_clock.h"
-#include "ui/frmTarvik.h"
+#include "ui/main/frmTarvik.h"
 
 // A seeded monkey: presses, types and clicks through all screens at random, answers every box it meets, and
 // looks at the end whether the files are well-formed and nothing has grown.

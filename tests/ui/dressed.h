@@ -2,7 +2,7 @@
 
 #include <QtGlobal>
 
-#include "ui/look.h"
+#include "ui/look/look.h"
 
 namespace tarvik::test {
 

@@ -21,7 +21,7 @@
 #include "tests/ui/box_script.h"
 #include "tests/ui/by_hand.h"
 #include "tests/ui/dressed.h"
-#include "ui/frmTarvik.h"
+#include "ui/main/frmTarvik.h"
 
 namespace tarvik::test {
 

@@ -20,8 +20,8 @@
 #include "tests/support/forwarding_file_system.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/ui/printed_entries.h"
-#include "ui/guarded.h"
-#include "ui/list_printer.h"
+#include "ui/base/guarded.h"
+#include "ui/print/list_printer.h"
 
 namespace tarvik::test {
 

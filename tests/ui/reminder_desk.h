@@ -5,7 +5,7 @@
 
 #include "tests/reminders/builders.h"
 #include "tests/ui/support.h"
-#include "ui/controls/list_view.h"
+#include "ui/lists/list_view.h"
 
 namespace tarvik::test {
 

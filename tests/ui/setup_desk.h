@@ -9,7 +9,7 @@
 #include <QTest>
 
 #include "tests/ui/support.h"
-#include "ui/frmSetup.h"
+#include "ui/windows/frmSetup.h"
 
 namespace tarvik::test {
 

@@ -8,7 +8,7 @@
 #include "tests/ui/box_script.h"
 #include "tests/ui/by_hand.h"
 #include "tests/ui/dressed.h"
-#include "ui/context.h"
+#include "ui/base/context.h"
 
 namespace tarvik::test {
 

@@ -10,10 +10,10 @@
 #include <QPdfWriter>
 #include <QSaveFile>
 
+#include "ui/base/file_chooser.h"
+#include "ui/base/message_boxes.h"
 #include "ui/chart/chart_canvas.h"
 #include "ui/chart/chart_view.h"
-#include "ui/file_chooser.h"
-#include "ui/message_boxes.h"
 
 namespace tarvik::ui {
 namespace {

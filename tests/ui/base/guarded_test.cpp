@@ -1,0 +1,181 @@
+#include "ui/base/guarded.h"
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QTest>
+#include <cerrno>
+#include <new>
+
+#include "tests/ui/box_script.h"
+#include "tests/ui/screen_test.h"
+
+using namespace tarvik;
+using core::Failure;
+using core::FailureKind;
+
+namespace {
+
+/// A line of the page of failures: a word, a name and its texts.
+struct Line {
+  QString word;
+  QString name;
+  QString text;
+  QString consequence;
+};
+
+QList<Line> linesOfThePage(const QString& word) {
+  QFile page(QStringLiteral(TARVIK_CONTRACT "/failures.txt"));
+  if (!page.open(QIODevice::ReadOnly)) qFatal("no page of failures");
+  static const QRegularExpression line(R"re(^(\S+) +(\S+) +"([^"]*)"(?: "([^"]*)")?$)re");
+  QList<Line> lines;
+  for (const QString& text : QString::fromUtf8(page.readAll()).split('\n')) {
+    const auto match = line.match(text);
+    if (match.captured(1) != word) continue;
+    const QString prompt = match.captured(3).replace(QLatin1String("\\n"), QLatin1String("\n"));
+    lines.append({word, match.captured(2), prompt, match.captured(4)});
+  }
+  return lines;
+}
+
+QStringList namesOf(const QList<Line>& lines) {
+  QStringList names;
+  for (const Line& line : lines) names << line.name;
+  names.sort();
+  return names;
+}
+
+const QMap<QString, FailureKind> kKinds{
+    {"OpenFailed", FailureKind::OpenFailed},
+    {"ReadFailed", FailureKind::ReadFailed},
+    {"WriteFailed", FailureKind::WriteFailed},
+    {"SyncFailed", FailureKind::SyncFailed},
+    {"ReplaceFailed", FailureKind::ReplaceFailed},
+    {"NotAFile", FailureKind::NotAFile},
+    {"FileBusy", FailureKind::FileBusy},
+    {"FolderMissing", FailureKind::FolderMissing},
+    {"FolderGone", FailureKind::FolderGone},
+    {"FolderUnreadable", FailureKind::FolderUnreadable},
+    {"PlateUnusable", FailureKind::PlateUnusable},
+    {"PlateTaken", FailureKind::PlateTaken},
+    {"NotANumber", FailureKind::NotANumber},
+    {"OutOfRange", FailureKind::OutOfRange},
+    {"DivisionByZero", FailureKind::DivisionByZero},
+    {"FileFull", FailureKind::FileFull},
+    {"FileTooLong", FailureKind::FileTooLong},
+    {"FileChanged", FailureKind::FileChanged},
+    {"RecordMissing", FailureKind::RecordMissing},
+    {"RecordChanged", FailureKind::RecordChanged},
+};
+
+const QMap<QString, int> kErrors{
+    {"ENOENT", ENOENT},
+    {"ENOTDIR", ENOTDIR},
+    {"EISDIR", EISDIR},
+    {"EACCES", EACCES},
+    {"EPERM", EPERM},
+    {"EROFS", EROFS},
+    {"ENOSPC", ENOSPC},
+    {"EDQUOT", EDQUOT},
+    {"EFBIG", EFBIG},
+    {"EIO", EIO},
+    {"EEXIST", EEXIST},
+    {"EBUSY", EBUSY},
+    {"EWOULDBLOCK", EWOULDBLOCK},
+    {"ETXTBSY", ETXTBSY},
+    {"EMFILE", EMFILE},
+    {"ENFILE", ENFILE},
+    {"ENAMETOOLONG", ENAMETOOLONG},
+    {"ELOOP", ELOOP},
+    {"EXDEV", EXDEV},
+    {"EINTR", EINTR},
+    {"EINVAL", EINVAL},
+    {"ENOTSUP", ENOTSUP},
+    {"ENOSYS", ENOSYS},
+    {"ENOMEM", ENOMEM},
+    {"ENOLCK", ENOLCK},
+    {"ESTALE", ESTALE},
+    {"ESPIPE", ESPIPE},
+    {"ENXIO", ENXIO},
+    {"ENOTEMPTY", ENOTEMPTY},
+    {"EBADF", EBADF},
+};
+
+}  // namespace
+
+class GuardedTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void everyKindOfFailureIsSaidAsThePageSays() {
+    const QList<Line> page = linesOfThePage("kind");
+    QCOMPARE(namesOf(page), kKinds.keys());
+    for (const Line& line : page)
+      QCOMPARE(ui::failureText(Failure(kKinds[line.name]).file("/a/b.dat")),
+               QString(line.text).replace("%1", "/a/b.dat") + "\n\n" + line.consequence);
+    for (int kind = 0; kind <= static_cast<int>(FailureKind::RecordChanged); ++kind)
+      QVERIFY(kKinds.values().contains(static_cast<FailureKind>(kind)));
+  }
+
+  void everyFieldIsCalledAsThePageSays() {
+    const QList<Line> page = linesOfThePage("field");
+    QCOMPARE(page.size(), 21);
+    for (const Line& line : page)
+      QCOMPARE(ui::failureText(Failure(FailureKind::NotANumber).field(line.name.toStdString())),
+               "Nem szám van a mezőben: " + line.text + "\n\nSemmi sem változott.");
+  }
+
+  void everyErrorOfTheSystemIsSaidAsThePageSays() {
+    const QList<Line> page = linesOfThePage("error");
+    QCOMPARE(namesOf(page), kErrors.keys());
+    for (const Line& line : page)
+      QCOMPARE(ui::failureText(Failure(FailureKind::OpenFailed).file("/a").systemError(kErrors[line.name])),
+               "A fájl nem nyitható meg:\n/a\n(" + line.text + ")\n\nSemmi sem változott.");
+    for (int error = 1; error < 200; ++error) {
+      const QString text = ui::failureText(Failure(FailureKind::OpenFailed).file("/a").systemError(error));
+      const bool isNumber = text.contains(QString("(%1. számú rendszerhiba)").arg(error));
+      QVERIFY2(isNumber != kErrors.values().contains(error), qPrintable(text));
+    }
+  }
+
+  void aBlankPlateIsAFieldThatIsNotFilledIn() {
+    for (const char* plate : {"", "  "})
+      QCOMPARE(ui::failureText(Failure(FailureKind::PlateUnusable).file(plate)),
+               QString("Nincs kitöltve a mező: Rendszám\n\nSemmi sem változott."));
+  }
+
+  void anErrorWithoutWordsIsSaidByItsNumber() {
+    QVERIFY(ui::failureText(Failure(FailureKind::OpenFailed).file("/a").systemError(99999))
+                .contains("(99999. számú rendszerhiba)"));
+  }
+
+  void aFailureOfNoFieldIsOneOfTheResult() {
+    QCOMPARE(ui::failureText(Failure(FailureKind::OutOfRange)),
+             QString("Túl nagy szám: a számítás eredménye\n\nSemmi sem változott."));
+  }
+
+  void anActionThatFailsShowsOneBoxWithItsConsequence() {
+    test::BoxScript boxes;
+    QVERIFY(!ui::guarded(nullptr, [] { throw Failure(FailureKind::DivisionByZero).field("txKmOra"); },
+                         {.failed = "Félig kész."}));
+    QCOMPARE(boxes.seen.size(), 1);
+    QCOMPARE(boxes.seen[0].title, QString(" H i b a !"));
+    QCOMPARE(boxes.seen[0].text, QString("Nullával kellene osztani: Km óra állás\n\nFélig kész."));
+    QCOMPARE(boxes.seen[0].icon, QMessageBox::Critical);
+  }
+
+  void runningOutOfMemoryIsSaidToo() {
+    test::BoxScript boxes;
+    QVERIFY(!ui::guarded(nullptr, [] { throw std::bad_alloc(); }));
+    QCOMPARE(boxes.seen.size(), 1);
+    QCOMPARE(boxes.seen[0].text, QString("Elfogyott a memória.\n\nSemmi sem változott."));
+  }
+
+  void anActionThatWorksShowsNothing() {
+    test::BoxScript boxes;
+    QVERIFY(ui::guarded(nullptr, [] {}));
+    QCOMPARE(boxes.seen.size(), 0);
+  }
+};
+
+TARVIK_SCREEN_TEST(GuardedTest)
+#include "guarded_test.moc"

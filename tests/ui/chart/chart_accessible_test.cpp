@@ -1,0 +1,123 @@
+#include <QAccessible>
+#include <QSignalSpy>
+#include <QTest>
+#include <cmath>
+
+#include "tests/ui/chart_samples.h"
+#include "tests/ui/screen_test.h"
+#include "ui/chart/chart_content.h"
+#include "ui/chart/chart_view.h"
+
+using tarvik::ui::ChartType;
+using tarvik::ui::ChartView;
+using namespace tarvik::ui::samples;
+
+class ChartAccessibleTest : public QObject {
+  Q_OBJECT
+
+ private:
+  ChartView* chart_ = nullptr;
+
+  void show(ChartType type, const QStringList& labels, const QList<double>& values) {
+    chart_->setChartType(static_cast<int>(type));
+    chart_->setPoints(labels, values);
+  }
+
+ private slots:
+  void init() {
+    chart_ = new ChartView;
+    chart_->resize(690, 300);
+    chart_->show();
+  }
+
+  void cleanup() { delete chart_; }
+
+  void accessibleChartIsNamedByItsTitle() {
+    chart_->setTitleText("Havi átlagfogyasztás");
+    QAccessibleInterface* const chart = QAccessible::queryAccessibleInterface(chart_);
+    QVERIFY(chart);
+    QCOMPARE(chart->role(), QAccessible::Chart);
+    QCOMPARE(chart->text(QAccessible::Name), QStringLiteral("Havi átlagfogyasztás"));
+  }
+
+  void accessibleChartSaysWhatItShows() {
+    chart_->setUnitText("Ft/liter");
+    show(ChartType::Line2D, {"2013.07.05.", "2013.07.14.", "2013.07.23."}, {425.9, 431, 429.5});
+    QAccessibleInterface* const chart = QAccessible::queryAccessibleInterface(chart_);
+    QCOMPARE(chart->text(QAccessible::Description),
+             QStringLiteral("Mértékegység: Ft/liter. 3 pont. Legkisebb érték: 425,9 (2013.07.05.). "
+                            "Legnagyobb érték: 431 (2013.07.14.). Utolsó érték: 429,5 (2013.07.23.)."));
+    QCOMPARE(chart->child(2)->text(QAccessible::Name), QStringLiteral("2013.07.23.: 429,5 Ft/liter"));
+  }
+
+  void accessiblePointsTellNameAndPlace() {
+    show(ChartType::Bars3D, {"2013. 5. hó", "2013. 6. hó", "2013. 7. hó"}, {7.6253, 12345.5, std::nan("")});
+    QAccessibleInterface* const chart = QAccessible::queryAccessibleInterface(chart_);
+    QCOMPARE(chart->childCount(), 3);
+    QCOMPARE(chart->child(0)->text(QAccessible::Name), QStringLiteral("2013. 5. hó: 7,6253"));
+    QCOMPARE(chart->child(1)->text(QAccessible::Name), QStringLiteral("2013. 6. hó: 12\u00a0345,5"));
+    QCOMPARE(chart->child(2)->text(QAccessible::Name), QStringLiteral("2013. 7. hó: nincs adat"));
+    const QRect drawn = chart_->pointRect(2).toAlignedRect().translated(chart_->mapToGlobal(QPoint()));
+    QCOMPARE(chart->child(1)->rect(), drawn);
+    QCOMPARE(chart->childAt(drawn.center().x(), drawn.center().y()), chart->child(1));
+    QCOMPARE(chart->indexOfChild(chart->child(1)), 1);
+    QVERIFY(!chart->child(3));
+  }
+
+  void accessiblePressSelectsThePoint() {
+    show(ChartType::Area2D, monthLabels(3), waves(3));
+    QSignalSpy selected(chart_, &ChartView::pointSelected);
+    QAccessibleInterface* const point = QAccessible::queryAccessibleInterface(chart_)->child(1);
+    QVERIFY(!point->state().selected);
+    point->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QCOMPARE(selected.value(0), QVariantList({1, 2}));
+    QVERIFY(point->state().selected);
+  }
+
+  void accessiblePointSaysWhatItIs() {
+    show(ChartType::Bars2D, monthLabels(3), waves(3));
+    QAccessibleInterface* const chart = QAccessible::queryAccessibleInterface(chart_);
+    QAccessibleInterface* const point = chart->child(0);
+    QCOMPARE(point->role(), QAccessible::ListItem);
+    QCOMPARE(point->parent(), chart);
+    QCOMPARE(point->window(), chart->window());
+    QCOMPARE(point->childCount(), 0);
+    QCOMPARE(point->indexOfChild(point), -1);
+    QVERIFY(point->object() == nullptr && point->child(0) == nullptr && point->childAt(0, 0) == nullptr);
+    QCOMPARE(point->text(QAccessible::Description), QString());
+    QVERIFY(point->state().selectable && !point->state().invalid && !point->state().invisible);
+    QCOMPARE(point->actionInterface()->actionNames(), QStringList(QAccessibleActionInterface::pressAction()));
+    QVERIFY(point->actionInterface()->keyBindingsForAction("x").isEmpty());
+    QVERIFY(point->tableInterface() == nullptr);
+    point->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    QCOMPARE(chart_->selectedRow(), 0);
+    chart_->hide();
+    QVERIFY(point->state().invisible);
+    chart_->setPoints({}, {});
+    QVERIFY(point->state().invalid);
+    QCOMPARE(point->text(QAccessible::Name), QString());
+  }
+
+  void accessibleChartHasNoPointsBesideItsOwn() {
+    show(ChartType::Bars2D, monthLabels(3), waves(3));
+    QAccessibleInterface* const chart = QAccessible::queryAccessibleInterface(chart_);
+    QVERIFY(chart->child(-1) == nullptr);
+    QCOMPARE(chart->indexOfChild(chart), -1);
+    const QPoint corner = chart_->mapToGlobal(QPoint(1, 1));
+    QVERIFY(chart->childAt(corner.x(), corner.y()) == nullptr);
+    chart_->setAccessibleName("Grafikon");
+    QCOMPARE(chart->text(QAccessible::Name), QStringLiteral("Grafikon"));
+  }
+
+  void accessiblePointOfAShorterSeriesIsInvalid() {
+    chart_->setPoints(monthLabels(3), waves(3));
+    QAccessibleInterface* const point = QAccessible::queryAccessibleInterface(chart_)->child(2);
+    QVERIFY(point->isValid());
+    chart_->setPoints(monthLabels(2), waves(2));
+    QVERIFY(!point->isValid());
+    QVERIFY(point->rect().isNull());
+  }
+};
+
+TARVIK_SCREEN_TEST(ChartAccessibleTest)
+#include "chart_accessible_test.moc"

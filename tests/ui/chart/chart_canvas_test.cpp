@@ -1,0 +1,399 @@
+#include "ui/chart/chart_canvas.h"
+
+#include <QPaintDevice>
+#include <QPaintEngine>
+#include <QTest>
+#include <QWidget>
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+#include "tests/ui/chart_samples.h"
+#include "tests/ui/screen_test.h"
+
+namespace tarvik::ui {
+namespace {
+
+using namespace samples;
+
+struct DrawnText {
+  QString text;
+  QRectF box;
+  QColor color;
+  int pointSize = 0;
+};
+
+struct DrawnLine {
+  QLineF line;
+  QColor color;
+};
+
+struct DrawnShape {
+  QPolygonF points;
+  QColor color;
+};
+
+// Notes the texts and the straight lines that are drawn, in the coordinates of the device.
+class Notes : public QPaintEngine {
+ public:
+  Notes() : QPaintEngine(AllFeatures) {}
+
+  bool begin(QPaintDevice*) override { return true; }
+  bool end() override { return true; }
+  Type type() const override { return User; }
+  void updateState(const QPaintEngineState&) override {}
+  void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
+  void drawPath(const QPainterPath&) override {}
+  void drawPolygon(const QPointF* points, int count, PolygonDrawMode mode) override {
+    const QPolygonF shape(QList<QPointF>(points, points + count));
+    if (mode == PolylineMode) bends_.append({shape, painter()->pen().color()});
+    if (mode != PolylineMode && painter()->brush() != Qt::NoBrush)
+      fills_.append({shape, painter()->brush().color()});
+  }
+
+  void drawLines(const QLineF* lines, int count) override {
+    for (int index = 0; index < count; ++index) {
+      if (painter()->pen().style() == Qt::NoPen) continue;
+      lines_.append({painter()->combinedTransform().map(lines[index]), painter()->pen().color()});
+    }
+  }
+
+  void drawTextItem(const QPointF& position, const QTextItem& item) override {
+    const QRectF box(position.x(), position.y() - item.ascent(), item.width(),
+                     item.ascent() + item.descent());
+    texts_.append({item.text(), painter()->combinedTransform().mapRect(box), painter()->pen().color(),
+                   item.font().pointSize()});
+  }
+
+  QList<DrawnText> texts_;
+  QList<DrawnLine> lines_;
+  QList<DrawnShape> bends_;
+  QList<DrawnShape> fills_;
+};
+
+// A paper as large as a chart and as fine as the screen.
+class Paper final : public QPaintDevice {
+ public:
+  explicit Paper(ChartCanvas& canvas) : like_(canvas) { canvas.drawOn(*this); }
+
+  QPaintEngine* paintEngine() const override { return &notes_; }
+  const QList<DrawnText>& texts() const { return notes_.texts_; }
+  const QList<DrawnLine>& lines() const { return notes_.lines_; }
+  const QList<DrawnShape>& bends() const { return notes_.bends_; }
+  const QList<DrawnShape>& fills() const { return notes_.fills_; }
+
+  QStringList words() const {
+    QStringList words;
+    for (const DrawnText& text : texts()) words << text.text;
+    return words;
+  }
+
+  QRectF boxOf(const QString& text) const {
+    for (const DrawnText& drawn : texts()) {
+      if (drawn.text == text) return drawn.box;
+    }
+    return {};
+  }
+
+ protected:
+  int metric(PaintDeviceMetric metric) const override {
+    switch (metric) {
+      case PdmWidth:
+        return like_.width();
+      case PdmHeight:
+        return like_.height();
+      case PdmDpiX:
+      case PdmPhysicalDpiX:
+        return like_.logicalDpiX();
+      case PdmDpiY:
+      case PdmPhysicalDpiY:
+        return like_.logicalDpiY();
+      case PdmDevicePixelRatioScaled:
+        return static_cast<int>(devicePixelRatioFScale());
+      default:
+        return 1;
+    }
+  }
+
+ private:
+  const QWidget& like_;
+  mutable Notes notes_;
+};
+
+QColor between(const QColor& from, const QColor& to, double share) {
+  const auto channel = [share](int first, int second) {
+    return static_cast<int>(std::lround(first + (second - first) * share));
+  };
+  return {channel(from.red(), to.red()), channel(from.green(), to.green()), channel(from.blue(), to.blue())};
+}
+
+bool isClose(const QColor& one, const QColor& other) {
+  return std::abs(one.red() - other.red()) < 3 && std::abs(one.green() - other.green()) < 3 &&
+         std::abs(one.blue() - other.blue()) < 3;
+}
+
+const QColor kGrid = between(Qt::white, Qt::black, 0.13);
+const QColor kAxis = between(Qt::white, Qt::black, 0.42);
+
+}  // namespace
+
+class ChartCanvasTest : public QObject {
+  Q_OBJECT
+
+ private:
+  std::unique_ptr<QWidget> window_;
+  ChartCanvas* canvas_ = nullptr;
+  QFontMetricsF metrics_{QFont()};
+
+  void show(ChartType type, const QStringList& labels, const QList<double>& values,
+            const QString& unit = "Ft") {
+    canvas_->show({"Havi tankolási költség", unit, type, labels, values});
+  }
+
+  double middleOf(int row) { return rowRect(canvas_->faces(), row).center().x(); }
+
+  // Where the room of the values begins, by the middles of the first two rows.
+  double left() { return middleOf(1) - (middleOf(2) - middleOf(1)) / 2; }
+
+ private slots:
+  void init() {
+    window_ = std::make_unique<QWidget>();
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Text, Qt::black);
+    window_->setPalette(palette);
+    canvas_ = new ChartCanvas(window_.get());
+    canvas_->resize(690, 300);
+    metrics_ = QFontMetricsF(canvas_->font());
+  }
+
+  void leavesTheKeyboardAndTheMouseToTheChart() {
+    QCOMPARE(canvas_->focusPolicy(), Qt::NoFocus);
+    QVERIFY(canvas_->testAttribute(Qt::WA_TransparentForMouseEvents));
+  }
+
+  void everyTextIsWrittenOnce_data() {
+    QTest::addColumn<int>("type");
+    for (int type = 0; type < 6; ++type) QTest::addRow("%d", type) << type;
+  }
+  void everyTextIsWrittenOnce() {
+    QFETCH(int, type);
+    show(static_cast<ChartType>(type), {"január", "február", "március"}, {0, 90, 40});
+    Paper paper(*canvas_);
+    QStringList words = paper.words();
+    words.sort();
+    QStringList expected{"0",       "20",     "40",     "60", "80", "Ft", "Havi tankolási költség",
+                         "február", "január", "március"};
+    expected.sort();
+    QCOMPARE(words, expected);
+  }
+
+  void theTextsAreWhereTheyAreSaidToBe() {
+    show(ChartType::Bars2D, {"január", "február", "március"}, {0, 90, 40});
+    Paper paper(*canvas_);
+    QStringList told{"január", "február", "március", "Ft", "0", "20", "40", "60", "80"};
+    const QList<QPolygonF> outlines = canvas_->axisLabelOutlines();
+    QCOMPARE(outlines.size(), told.size());
+    for (int index = 0; index < told.size(); ++index) {
+      const QRectF box = paper.boxOf(told[index]);
+      const QPointF off = outlines[index].boundingRect().center() - box.center();
+      QVERIFY2(std::abs(off.x()) < 2 && std::abs(off.y()) < 2, qPrintable(told[index]));
+    }
+  }
+
+  void turnedTextsAreWhereTheyAreSaidToBe() {
+    canvas_->resize(500, 600);
+    QStringList labels;
+    for (const char letter : {'a', 'b', 'c', 'd', 'e', 'f', 'g', 'h'})
+      labels << QStringLiteral("igen hosszú felirat ") + letter;
+    show(ChartType::Bars2D, labels, QList<double>(8, 1.0));
+    Paper paper(*canvas_);
+    const QList<QPolygonF> outlines = canvas_->axisLabelOutlines();
+    for (int index = 0; index < 8; ++index) {
+      const QRectF box = paper.boxOf(labels[index]);
+      QVERIFY(box.height() > box.width() * 0.8);
+      const QPointF off = outlines[index].boundingRect().center() - box.center();
+      QVERIFY(std::abs(off.x()) < 2 && std::abs(off.y()) < 2);
+    }
+  }
+
+  void nothingOfTheFlatTypesIsInAChartWithDepth() {
+    const QColor series(0x2f, 0x7f, 0xcb);
+    for (const ChartType type : {ChartType::Bars3D, ChartType::Line3D, ChartType::Area3D}) {
+      show(type, {"a", "b", "c"}, {30, 90, 40});
+      Paper paper(*canvas_);
+      const auto inSeries = [&](const auto& drawn) { return drawn.color == series; };
+      QCOMPARE(std::count_if(paper.lines().begin(), paper.lines().end(), inSeries), 0);
+      QCOMPARE(std::count_if(paper.bends().begin(), paper.bends().end(), inSeries), 0);
+      const auto fronts = std::count_if(paper.fills().begin(), paper.fills().end(), inSeries);
+      QCOMPARE(fronts, type == ChartType::Line3D ? 0 : 3);
+    }
+  }
+
+  void aChartThatIsResizedIsAsOneOfItsNewSize() {
+    const auto pictureAt = [this](const QSize& before, const QSize& after) {
+      window_->resize(800, 600);
+      window_->show();
+      canvas_->resize(before);
+      show(ChartType::Bars2D, {"a", "b", "c"}, {30, 90, 40});
+      canvas_->grab();
+      canvas_->resize(after);
+      return canvas_->grab().toImage();
+    };
+    const QImage resized = pictureAt({690, 300}, {400, 200});
+    QCOMPARE(resized, pictureAt({400, 200}, {400, 200}));
+  }
+
+  void aChartOnADisplayOfAnotherScaleIsDrawnAnew() {
+    window_->show();
+    show(ChartType::Bars2D, {"a", "b", "c"}, {30, 90, 40});
+    const QImage before = canvas_->grab().toImage();
+    canvas_->setBufferDevicePixelRatio(3);
+    QCOMPARE(canvas_->grab().toImage(), before);
+    QCOMPARE(canvas_->bufferDevicePixelRatio(), canvas_->devicePixelRatioF());
+  }
+
+  void theTitleStandsInTheMiddleOfTheTopAndIsLargerAndDarker() {
+    show(ChartType::Bars2D, {"január", "február", "március"}, {0, 90, 40});
+    Paper paper(*canvas_);
+    const auto title = std::find_if(paper.texts().begin(), paper.texts().end(), [](const DrawnText& text) {
+      return text.text == "Havi tankolási költség";
+    });
+    QVERIFY(title != paper.texts().end());
+    QVERIFY(std::abs(title->box.center().x() - 345) < 1.5);
+    QVERIFY(title->box.top() > 3 && title->box.bottom() < metrics_.height() * 1.2 + 12);
+    QCOMPARE(title->color, QColor(Qt::black));
+    for (const DrawnText& text : paper.texts()) {
+      if (text.text == title->text) continue;
+      QVERIFY(text.pointSize < title->pointSize);
+      QVERIFY2(isClose(text.color, between(Qt::white, Qt::black, 0.72)), qPrintable(text.text));
+    }
+  }
+
+  void aTitleThatIsTooLongIsCutWithinTheChart() {
+    canvas_->show({QString(300, 'W'), "Ft", ChartType::Bars2D, {"a"}, {1}});
+    Paper paper(*canvas_);
+    const QString title =
+        paper.texts().first().text.contains('W') ? paper.texts().first().text : paper.texts().last().text;
+    const QRectF box = paper.boxOf(title);
+    QVERIFY(title.endsWith(QChar(0x2026)));
+    QVERIFY(box.left() >= 8 && box.right() <= 690 - 8);
+    QVERIFY(box.width() > 690 - 16 - 2 * QFontMetricsF(canvas_->font()).horizontalAdvance('W'));
+  }
+
+  // The depth is 30 pixels to the right, and 18 up.
+  void aChartWithDepthHasAnAxisOfValuesAndItsLevelsOnTheWalls() {
+    show(ChartType::Bars3D, {"a", "b", "c"}, {0, 90, 40});
+    Paper paper(*canvas_);
+    const double left = std::ceil(metrics_.horizontalAdvance("80") + 7 + 8);
+    const double right = 690 - 16 - 30;
+    const double bottom = paper.bends().first().points.first().y();
+    QList<QLineF> axes;
+    for (const auto& [line, color] : paper.lines()) {
+      if (line.length() > 10 && isClose(color, kAxis)) axes << line;
+      if (isClose(color, kGrid)) QVERIFY(line.x1() == left + 30 && line.x2() == left + 30);  // the far corner
+    }
+    QCOMPARE(axes.size(), 2);
+    QCOMPARE(axes[0].p1(), QPointF(left, bottom));
+    QCOMPARE(axes[0].p2(), QPointF(right, bottom));
+    QCOMPARE(axes[1].p1(), QPointF(left, bottom));
+    QVERIFY(axes[1].x2() == left && axes[1].length() > 150);
+    QCOMPARE(paper.bends().size(), 5);
+    for (const auto& [bend, color] : paper.bends()) {
+      QCOMPARE(bend.size(), 3);
+      QVERIFY(isClose(color, kGrid));
+      QCOMPARE(bend[0].x(), left);
+      QCOMPARE(bend[1] - bend[0], QPointF(30, -18));
+      QCOMPARE(bend[2], QPointF(right + 30, bend[1].y()));
+    }
+  }
+
+  void zeroIsAnAxisOnTheWallsOnlyAmongNegativeValues() {
+    for (const double lowest : {-80.0, 80.0}) {
+      show(ChartType::Bars3D, {"a", "b"}, {lowest, 90});
+      Paper paper(*canvas_);
+      const double zero = paper.boxOf("0").center().y();
+      int axes = 0;
+      for (const auto& [bend, color] : paper.bends()) {
+        const bool isZero = std::abs(bend[0].y() - zero) < 2;
+        QVERIFY(isClose(color, isZero && lowest < 0 ? kAxis : kGrid));
+        axes += isClose(color, kAxis) ? 1 : 0;
+      }
+      QCOMPARE(axes, lowest < 0 ? 1 : 0);
+    }
+  }
+
+  void anEmptyChartSaysThatThereIsNothing() {
+    show(ChartType::Bars2D, {}, {});
+    Paper paper(*canvas_);
+    QVERIFY(paper.words().contains("Nincs adat"));
+    const QRectF zero = paper.boxOf("0,0");
+    const QRectF one = paper.boxOf("1,0");
+    const QRectF remark = paper.boxOf("Nincs adat");
+    const double left = zero.right() + 7;
+    QVERIFY(std::abs(remark.center().x() - (left + 690 - 16) / 2) < 2);
+    const double height = (zero.center().y() - one.center().y()) * 1.05;
+    QVERIFY(std::abs(remark.center().y() - (zero.center().y() - height / 2)) < 2);
+    show(ChartType::Bars2D, {"a"}, {1});
+    Paper other(*canvas_);
+    QVERIFY(!other.words().contains("Nincs adat"));
+  }
+
+  void theTiniestChartHasAPlotOf20Pixels() {
+    canvas_->resize(60, 40);
+    show(ChartType::Bars2D, {"a", "b"}, {100, 100});
+    const QList<QPolygonF> outlines = canvas_->axisLabelOutlines();
+    const double zero = outlines[outlines.size() - 5].boundingRect().center().y();
+    const double hundred = outlines.last().boundingRect().center().y();
+    QVERIFY(std::abs((zero - hundred) * 1.05 - 20) < 0.1);  // the axis ends a twentieth above the values
+    QVERIFY(std::abs((middleOf(2) - middleOf(1)) * 2 - 20) < 0.1);
+  }
+
+  void theNumbersHaveTheRoomThatTheyNeed() {
+    show(ChartType::Bars2D, {"a", "b"}, {1'000'000, 1'900'000});
+    const double widest = metrics_.horizontalAdvance(QString("1\u00a0500\u00a0000"));
+    QVERIFY(std::abs(left() - std::ceil(widest + 7 + 8)) < 1);
+    const double right = middleOf(2) + (middleOf(2) - left()) / 3;
+    QVERIFY(std::abs(right - (690 - 16)) < 1);
+  }
+
+  void aTurnedLabelThatBeginsLeftOfTheNumbersHasTheRoomThatItNeeds() {
+    canvas_->resize(500, 600);
+    const QStringList labels(8, QStringLiteral("egy igen hosszú felirat"));
+    show(ChartType::Bars2D, labels, QList<double>(8, 1.0));
+    const QPolygonF first = canvas_->axisLabelOutlines().first();
+    QVERIFY(first.boundingRect().height() > 2 * metrics_.height());  // turned
+    const LabelFit fit = fitLabels(labels, metrics_, 500 - 16 - 56, 600);
+    QVERIFY(fit.turned && fit.leftOverhang > 60);
+    QVERIFY(std::abs(left() - (std::ceil(fit.leftOverhang) + 4)) < 1);
+  }
+
+  void everyNumberHasALineAndEveryLabelATickAndNothingElse() {
+    show(ChartType::Line2D, {"a", "b", "c"}, {0, 90, 40});
+    Paper paper(*canvas_);
+    const double bottom = paper.lines().first().line.y1();  // that of the number 0
+    const double step = bottom - paper.lines()[1].line.y1();
+    QList<double> levels;
+    QList<double> ticks;
+    int axes = 0;
+    for (const auto& [line, color] : paper.lines()) {
+      if (line.dy() == 0) {
+        QVERIFY(std::abs(line.x1() - left()) < 1 && std::abs(line.x2() - (690 - 16)) < 2);
+        if (isClose(color, kGrid)) levels << (bottom - line.y1()) / step;
+        axes += isClose(color, kAxis) && line.y1() == bottom ? 1 : 0;
+      } else {
+        QVERIFY(line.dx() == 0 && line.y1() == bottom + 1 && line.dy() == 4 && isClose(color, kAxis));
+        ticks << line.x1();
+      }
+    }
+    for (int number = 0; number < 5; ++number) QVERIFY(std::abs(levels.value(number) - number) < 0.01);
+    QCOMPARE(ticks, QList<double>({middleOf(1), middleOf(2), middleOf(3)}));
+    QCOMPARE(axes, 1);
+    QCOMPARE(paper.lines().size(), 5 + 3 + 1);
+  }
+};
+
+}  // namespace tarvik::ui
+
+TARVIK_SCREEN_TEST(tarvik::ui::ChartCanvasTest)
+#include "chart_canvas_test.moc"

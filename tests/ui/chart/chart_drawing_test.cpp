@@ -1,0 +1,346 @@
+#include <QApplication>
+#include <QImage>
+#include <QTest>
+#include <cmath>
+#include <functional>
+#include <memory>
+
+#include "tests/ui/chart_samples.h"
+#include "tests/ui/screen_test.h"
+#include "ui/chart/chart_content.h"
+#include "ui/chart/chart_view.h"
+
+using tarvik::ui::ChartType;
+using tarvik::ui::ChartView;
+using namespace tarvik::ui::samples;
+
+namespace {
+
+const QColor kSeries(0x2f, 0x7f, 0xcb);
+const QColor kSelected(0xe8, 0x8a, 0x1a);
+constexpr QSize kSize(690, 300);
+constexpr int kTypes = 6;
+
+QPalette lightPalette() {
+  QPalette palette;
+  palette.setColor(QPalette::Base, Qt::white);
+  palette.setColor(QPalette::Text, Qt::black);
+  return palette;
+}
+
+QPalette darkPalette() {
+  QPalette palette;
+  palette.setColor(QPalette::Base, QColor(30, 30, 34));
+  palette.setColor(QPalette::Text, QColor(230, 230, 230));
+  return palette;
+}
+
+std::unique_ptr<ChartView> newChart(int type, const QStringList& labels, const QList<double>& values) {
+  auto chart = std::make_unique<ChartView>();
+  chart->setPalette(lightPalette());
+  chart->resize(kSize);
+  chart->setChartType(type);
+  chart->setUnitText("Ft");
+  chart->setPoints(labels, values);
+  chart->show();
+  return chart;
+}
+
+std::unique_ptr<ChartView> newChart(ChartType type, const QList<double>& values) {
+  return newChart(static_cast<int>(type), monthLabels(static_cast<int>(values.size())), values);
+}
+
+QImage pictureOf(ChartView& chart) {
+  return chart.grab().toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+bool isClose(const QColor& left, const QColor& right) {
+  return std::abs(left.red() - right.red()) < 12 && std::abs(left.green() - right.green()) < 12 &&
+         std::abs(left.blue() - right.blue()) < 12;
+}
+
+// The tint of a thing of the series: bluer than it is red, however light or dark.
+int tint(const QColor& color) {
+  return color.blue() - color.red();
+}
+
+int countIn(const QImage& picture, const QRect& box, const std::function<bool(const QColor&)>& isWanted) {
+  int count = 0;
+  for (int y = box.top(); y <= box.bottom(); ++y) {
+    for (int x = box.left(); x <= box.right(); ++x) count += isWanted(picture.pixelColor(x, y)) ? 1 : 0;
+  }
+  return count;
+}
+
+QColor at(const QImage& picture, const QPointF& position) {
+  return picture.pixelColor(position.toPoint());
+}
+
+void addTypes() {
+  QTest::addColumn<int>("type");
+  const char* const names[kTypes] = {"3D bar", "2D bar", "3D line", "2D line", "3D area", "2D area"};
+  for (int type = 0; type < kTypes; ++type) QTest::newRow(names[type]) << type;
+}
+
+}  // namespace
+
+/// What is drawn is in the picture.
+class ChartDrawingTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void flatBarsAreFilledFromTheirTopToZero() {
+    const auto chart = newChart(ChartType::Bars2D, {3000, 9000, 6000});
+    const QImage picture = pictureOf(*chart);
+    for (int row = 1; row <= 3; ++row) {
+      const QRect bar = chart->pointRect(row).toAlignedRect().adjusted(1, 2, -1, -3);  // the axis is below
+      QCOMPARE(countIn(picture, bar, [](const QColor& color) { return color == kSeries; }),
+               bar.width() * bar.height());
+      QVERIFY(tint(picture.pixelColor(bar.center().x(), bar.top() - 4)) < 10);
+      QVERIFY(tint(picture.pixelColor(bar.right() + 6, bar.center().y())) < 10);
+    }
+  }
+
+  void flatBarsBelowZeroHangFromIt() {
+    const auto chart = newChart(ChartType::Bars2D, {500, -800});
+    const QImage picture = pictureOf(*chart);
+    QCOMPARE(at(picture, chart->pointRect(2).center()), kSeries);
+    QVERIFY(tint(at(picture, chart->pointRect(2).center() - QPointF(0, chart->pointRect(2).height()))) < 10);
+  }
+
+  void flatLineRunsFromPointToPointWithNothingUnderIt() {
+    const auto chart = newChart(ChartType::Line2D, {3000, 5000, 4000});
+    const QImage picture = pictureOf(*chart);
+    for (int row = 1; row < 3; ++row) {
+      const QPointF from = chart->pointRect(row).center();
+      const QPointF to = chart->pointRect(row + 1).center();
+      for (const double share : {0.2, 0.5, 0.8}) {
+        const QPointF on = from + (to - from) * share;
+        QVERIFY(isClose(at(picture, on), kSeries));
+        QVERIFY(tint(at(picture, on + QPointF(0, 12))) < 10);
+        QVERIFY(tint(at(picture, on - QPointF(0, 12))) < 10);
+      }
+    }
+  }
+
+  void flatLineHasARingAtEachPoint() {
+    const auto chart = newChart(ChartType::Line2D, {3000, 5000, 4000});
+    const QImage picture = pictureOf(*chart);
+    for (int row = 1; row <= 3; ++row) {
+      const QRectF marker = chart->pointRect(row);
+      QCOMPARE(at(picture, marker.center()), QColor(Qt::white));
+      for (const QPointF& edge :
+           {QPointF(marker.center().x(), marker.top()), QPointF(marker.center().x(), marker.bottom())}) {
+        QVERIFY(tint(at(picture, edge)) > 60);
+      }
+    }
+  }
+
+  void flatAreaIsFilledDownToZeroStrongerAbove() {
+    const auto chart = newChart(ChartType::Area2D, {6000, 6000, 6000});
+    const QImage picture = pictureOf(*chart);
+    const double x = (chart->pointRect(1).center().x() + chart->pointRect(2).center().x()) / 2;
+    const double top = chart->pointRect(1).center().y();
+    QVERIFY(isClose(at(picture, {x, top}), kSeries));
+    QVERIFY(tint(at(picture, {x, top - 8})) < 10);
+    const int strong = tint(at(picture, {x, top + 8}));
+    const int faint = tint(at(picture, {x, top + 150}));
+    QVERIFY(strong > 50);
+    QVERIFY(faint > 15 && faint < strong);
+  }
+
+  void solidBarHasAFrontALighterTopAndADarkerSide() {
+    const auto chart = newChart(ChartType::Bars3D, {5000, 9000, 2000});
+    const QImage picture = pictureOf(*chart);
+    for (int row = 1; row <= 3; ++row) {
+      const QRectF front = chart->pointRect(row);
+      QCOMPARE(at(picture, front.center()), kSeries);
+      const QColor top = at(picture, front.topLeft() + QPointF(12, -3));
+      const QColor side = at(picture, front.topRight() + QPointF(4, 8));
+      QVERIFY(top.lightness() > kSeries.lightness() + 20 && tint(top) > 40);
+      QVERIFY(side.lightness() < kSeries.lightness() - 20 && tint(side) > 40);
+    }
+  }
+
+  void solidLineIsARibbonLitOnTheSideThatIsSeen() {
+    const auto chart = newChart(ChartType::Line3D, {3000, 3200, 9000});
+    const QImage picture = pictureOf(*chart);
+    const auto middle = [&](int row) {
+      return (chart->pointRect(row).center() + chart->pointRect(row + 1).center()) / 2;
+    };
+    QVERIFY(at(picture, middle(1)).lightness() > kSeries.lightness() + 10);  // from above
+    QVERIFY(at(picture, middle(2)).lightness() < kSeries.lightness() - 10);  // from below
+    QVERIFY(tint(at(picture, middle(1) + QPointF(0, 25))) < 20);
+  }
+
+  void solidAreaHasAFrontDownToZero() {
+    const auto chart = newChart(ChartType::Area3D, {6000, 6000, 6000});
+    const QImage picture = pictureOf(*chart);
+    const double x = (chart->pointRect(1).center().x() + chart->pointRect(2).center().x()) / 2;
+    const double top = chart->pointRect(1).center().y();
+    for (const double below : {6.0, 60.0, 150.0}) QCOMPARE(at(picture, {x, top + below}), kSeries);
+    const QColor upper = at(picture, {x + 10, top - 6});
+    QVERIFY(upper.lightness() > kSeries.lightness() + 20);
+  }
+
+  void selectedPointHasAColourOfItsOwn_data() { addTypes(); }
+  void selectedPointHasAColourOfItsOwn() {
+    QFETCH(int, type);
+    const auto chart = newChart(type, monthLabels(5), waves(5));
+    chart->selectRow(3);
+    const QImage picture = pictureOf(*chart);
+    QVERIFY(isClose(at(picture, chart->pointRect(3).center()), kSelected));
+    QVERIFY(!isClose(at(picture, chart->pointRect(2).center()), kSelected));
+  }
+
+  void textsAreWhereTheAxisLabelsAreSaidToBe_data() { addTypes(); }
+  void textsAreWhereTheAxisLabelsAreSaidToBe() {
+    QFETCH(int, type);
+    const auto chart = newChart(type, monthLabels(60), waves(60));
+    const QImage picture = pictureOf(*chart);
+    for (const QPolygonF& outline : chart->axisLabelOutlines()) {
+      const QRect box = outline.boundingRect().toAlignedRect();
+      QVERIFY(countIn(picture, box, [](const QColor& color) { return color.lightness() < 160; }) > 8);
+    }
+  }
+
+  void labelsOfTheRowsAreUnderTheirPoints() {
+    const auto chart = newChart(ChartType::Bars2D, {3000, 9000, 6000});
+    const QList<QPolygonF> outlines = chart->axisLabelOutlines();
+    for (int row = 1; row <= 3; ++row) {
+      const QRectF label = outlines[row - 1].boundingRect();
+      QVERIFY(std::abs(label.center().x() - chart->pointRect(row).center().x()) < 2);
+      QVERIFY(label.top() > chart->pointRect(row).bottom());
+    }
+  }
+
+  void firstAndLastLabelAreShown_data() { addTypes(); }
+  void firstAndLastLabelAreShown() {
+    QFETCH(int, type);
+    for (const int width : {400, 690, 1300}) {
+      for (const int count : {1, 2, 3, 9, 26, 27, 31, 50, 78, 100, 401, 5000}) {
+        for (const QStringList& labels : {monthLabels(count), dateLabels(count)}) {
+          const auto chart = newChart(type, labels, waves(count));
+          chart->resize(width, 300);
+          const QList<QPolygonF> outlines = chart->axisLabelOutlines();
+          const double first = chart->pointRect(1).center().x();
+          const double last = chart->pointRect(count).center().x();
+          const double bottom = outlines.first().boundingRect().bottom();
+          int ends = 0;
+          for (const QPolygonF& outline : outlines) {
+            const QRectF box = outline.boundingRect().adjusted(-30, 0, 30, 0);
+            if (box.bottom() < bottom - 40) continue;  // a number of the other axis
+            ends += box.left() <= first && box.right() >= first ? 1 : 0;
+            ends += count > 1 && box.left() <= last && box.right() >= last ? 1 : 0;
+          }
+          QVERIFY2(ends >= std::min(count, 2), qPrintable(QString("%1 of %2").arg(count).arg(width)));
+        }
+      }
+    }
+  }
+
+  void unitStandsOverTheNumbersOfTheAxis() {
+    const auto chart = newChart(ChartType::Bars2D, {3000, 9000, 6000});
+    const QList<QPolygonF> with = chart->axisLabelOutlines();
+    chart->setUnitText({});
+    const QList<QPolygonF> without = chart->axisLabelOutlines();
+    QCOMPARE(with.size(), without.size() + 1);
+    const QRectF unit = with[3].boundingRect();
+    QVERIFY(unit.right() < chart->pointRect(1).left());
+    QVERIFY(unit.bottom() < chart->pointRect(2).top());
+  }
+
+  void typeLeavesNothingOfTheOneBefore_data() { addTypes(); }
+  void typeLeavesNothingOfTheOneBefore() {
+    QFETCH(int, type);
+    const QList<double> values{3000, -1500, 0, std::nan(""), 4000, 3500};
+    const auto fresh = newChart(type, monthLabels(6), values);
+    for (int before = 0; before < kTypes; ++before) {
+      const auto chart = newChart(before, monthLabels(6), values);
+      pictureOf(*chart);
+      chart->setChartType(type);
+      QCOMPARE(pictureOf(*chart), pictureOf(*fresh));
+    }
+  }
+
+  void pointsLeaveNothingOfTheOnesBefore_data() { addTypes(); }
+  void pointsLeaveNothingOfTheOnesBefore() {
+    QFETCH(int, type);
+    const auto fresh = newChart(type, monthLabels(3), {3, 1, 2});
+    const auto chart = newChart(type, dateLabels(78), waves(78));
+    pictureOf(*chart);
+    chart->setPoints(monthLabels(3), {3, 1, 2});
+    QCOMPARE(pictureOf(*chart), pictureOf(*fresh));
+  }
+
+  void paletteLeavesNothingOfTheOneBefore_data() { addTypes(); }
+  void paletteLeavesNothingOfTheOneBefore() {
+    QFETCH(int, type);
+    const auto chart = newChart(type, monthLabels(9), waves(9));
+    const QImage light = pictureOf(*chart);
+    chart->setPalette(darkPalette());
+    const QImage dark = pictureOf(*chart);
+    QCOMPARE(dark.pixelColor(2, 2), QColor(30, 30, 34));
+    QCOMPARE(countIn(dark, dark.rect(), [](const QColor& color) { return color == kSeries; }), 0);
+    chart->setPalette(lightPalette());
+    QCOMPARE(pictureOf(*chart), light);
+  }
+
+  void zeroIsALineOfItsOwnAmongNegativeValues_data() {
+    QTest::addColumn<int>("type");
+    for (const ChartType type : {ChartType::Bars2D, ChartType::Line2D, ChartType::Area2D})
+      QTest::addRow("%d", static_cast<int>(type)) << static_cast<int>(type);
+  }
+  void zeroIsALineOfItsOwnAmongNegativeValues() {
+    QFETCH(int, type);
+    const auto bars = newChart(ChartType::Bars2D, {500, -800, 300});
+    const double zero = bars->pointRect(1).bottom();
+    const auto chart = newChart(type, monthLabels(3), {500, -800, 300});
+    const QImage picture = pictureOf(*chart);
+    const int x = static_cast<int>(bars->pointRect(1).left()) - 6;  // left of what any type draws
+    int darkest = 255;
+    int darkestY = 0;
+    for (int y = 40; y < 260; ++y) {
+      if (picture.pixelColor(x, y).lightness() >= darkest) continue;
+      darkest = picture.pixelColor(x, y).lightness();
+      darkestY = y;
+    }
+    QVERIFY(std::abs(darkestY - zero) <= 1.5);
+    QVERIFY(darkest < 170);
+  }
+
+  void longSeriesIsDrawnInItsPlace_data() { addTypes(); }
+  void longSeriesIsDrawnInItsPlace() {
+    QFETCH(int, type);
+    QList<double> values(2000, 5.0);
+    for (int row = 1001; row <= 2000; ++row) values[row - 1] = row % 2 == 0 ? 6 : 4;  // rows that all count
+    values[499] = 20;
+    values[1499] = 20;
+    const auto chart = newChart(type, dateLabels(2000), values);
+    const double first = chart->pointRect(1).center().x();
+    const double last = chart->pointRect(2000).center().x();
+    QVERIFY(last - first > 500);
+    const QImage picture = pictureOf(*chart);
+    for (const int row : {500, 1500}) {
+      const QPointF top = {chart->pointRect(row).center().x(), chart->pointRect(row).top()};
+      QVERIFY(std::abs(top.x() - (first + (last - first) * (row - 1) / 1999)) < 1.5);
+      const QRect spike(static_cast<int>(top.x()) - 3, static_cast<int>(top.y()), 7, 40);
+      QVERIFY(countIn(picture, spike, [](const QColor& color) { return tint(color) > 40; }) >= 20);
+      const QRect beside = spike.translated(-30, 0);
+      QCOMPARE(countIn(picture, beside, [](const QColor& color) { return tint(color) > 40; }), 0);
+    }
+  }
+
+  void longSeriesOfBarsIsSeen() {
+    const auto chart = newChart(ChartType::Bars2D, QList<double>(5000, 7.0));
+    const QImage picture = pictureOf(*chart);
+    const QRectF left = chart->pointRect(1);
+    const QRectF right = chart->pointRect(5000);
+    const QRect all = left.united(right).toAlignedRect().adjusted(4, 4, -4, -4);
+    const int seen = countIn(picture, all, [](const QColor& color) { return tint(color) > 40; });
+    QVERIFY(seen > all.width() * all.height() / 2);
+  }
+};
+
+TARVIK_SCREEN_TEST(ChartDrawingTest)
+#include "chart_drawing_test.moc"

@@ -1,0 +1,442 @@
+#include "ui/chart/chart_view.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolTip>
+#include <cmath>
+
+#include "tests/ui/chart_samples.h"
+#include "tests/ui/screen_test.h"
+#include "ui/chart/chart_content.h"
+
+using tarvik::ui::ChartType;
+using tarvik::ui::ChartView;
+using namespace tarvik::ui::samples;
+
+namespace {
+
+constexpr int kTypes = 6;
+
+QPoint centreOf(const ChartView& chart, int row) {
+  return chart.pointRect(row).center().toPoint();
+}
+
+void moveMouse(ChartView& chart, const QPointF& position) {
+  QMouseEvent event(QEvent::MouseMove, position, chart.mapToGlobal(position), Qt::NoButton, Qt::NoButton, {});
+  QApplication::sendEvent(&chart, &event);
+}
+
+int rowsDrawn(const ChartView& chart) {
+  int drawn = 0;
+  for (int row = 1; row <= chart.rowCount(); ++row) drawn += chart.pointRect(row).isNull() ? 0 : 1;
+  return drawn;
+}
+
+}  // namespace
+
+class ChartViewTest : public QObject {
+  Q_OBJECT
+
+ private:
+  ChartView* chart_ = nullptr;
+
+  void show(ChartType type, const QStringList& labels, const QList<double>& values) {
+    chart_->setChartType(static_cast<int>(type));
+    chart_->setPoints(labels, values);
+  }
+
+  static void addTypes() {
+    QTest::addColumn<int>("type");
+    const char* const names[kTypes] = {"3D bar", "2D bar", "3D line", "2D line", "3D area", "2D area"};
+    for (int type = 0; type < kTypes; ++type) QTest::newRow(names[type]) << type;
+  }
+
+ private slots:
+  void init() {
+    chart_ = new ChartView;
+    chart_->resize(690, 300);
+    chart_->show();
+  }
+
+  void isNotHiddenByItsOwnDrawing() {
+    chart_->setPoints({"a"}, {1});
+    QVERIFY(chart_->pointRect(1).isValid());
+    QVERIFY(chart_->visibleRegion().contains(chart_->pointRect(1).center().toPoint()));
+  }
+
+  void cleanup() { delete chart_; }
+
+  void startsEmptyAsFlatBars() {
+    QCOMPARE(chart_->property("chartType").toInt(), 1);
+    QCOMPARE(chart_->property("titleText").toString(), QString());
+    QVERIFY(chart_->property("rowLabels").toStringList().isEmpty());
+    QVERIFY(chart_->property("rowValues").toStringList().isEmpty());
+    QCOMPARE(chart_->selectedRow(), 0);
+  }
+
+  void propertiesTellTitleTypeAndPoints() {
+    chart_->setProperty("titleText", QStringLiteral("Üzemanyag árak"));
+    chart_->setProperty("chartType", 4);
+    chart_->setPoints({"2013.07.05.", "2013.07.14."}, {389.9, 14'012.2525});
+    QCOMPARE(chart_->titleText(), QStringLiteral("Üzemanyag árak"));
+    QCOMPARE(chart_->chartType(), 4);
+    QCOMPARE(chart_->property("rowLabels").toStringList(), QStringList({"2013.07.05.", "2013.07.14."}));
+    QCOMPARE(chart_->property("rowValues").toStringList(), QStringList({"389,9", "14012,2525"}));
+  }
+
+  void numberThatIsNoTypeChangesNothing() {
+    chart_->setChartType(3);
+    chart_->setChartType(6);
+    QCOMPARE(chart_->chartType(), 3);
+    chart_->setChartType(-1);
+    QCOMPARE(chart_->chartType(), 3);
+  }
+
+  void newPointsReplaceOldOnesAndEndTheSelection() {
+    chart_->setPoints(monthLabels(12), waves(12));
+    chart_->selectRow(7);
+    QCOMPARE(chart_->selectedRow(), 7);
+    chart_->setPoints(monthLabels(3), waves(3));
+    QCOMPARE(chart_->rowCount(), 3);
+    QCOMPARE(chart_->selectedRow(), 0);
+    QVERIFY(chart_->pointRect(4).isNull());
+  }
+
+  void aRowThatIsNotThereCannotBeSelected() {
+    show(ChartType::Line3D, monthLabels(3), {1, 2, 3});
+    chart_->selectRow(2);
+    QSignalSpy selected(chart_, &ChartView::pointSelected);
+    for (const int row : {0, -1, 4}) {
+      chart_->selectRow(row);
+      QVERIFY(chart_->pointRect(row).isNull());
+    }
+    QCOMPARE(selected.count(), 0);
+    QCOMPARE(chart_->selectedRow(), 2);
+  }
+
+  void surplusLabelsAreLeftOut() {
+    chart_->setPoints({"a", "b", "c"}, {1, 2});
+    QCOMPARE(chart_->rowLabels(), QStringList({"a", "b"}));
+  }
+
+  void emptySeriesShowsTitleAndAxes_data() { addTypes(); }
+  void emptySeriesShowsTitleAndAxes() {
+    QFETCH(int, type);
+    chart_->setChartType(type);
+    chart_->setTitleText("Havi megtett kilométer");
+    chart_->setPoints(monthLabels(5), waves(5));
+    chart_->setPoints({}, {});
+    QCOMPARE(chart_->rowCount(), 0);
+    QCOMPARE(chart_->titleText(), QStringLiteral("Havi megtett kilométer"));
+    QVERIFY(!chart_->axisLabelOutlines().isEmpty());
+    QVERIFY(!chart_->grab().isNull());
+    QTest::mouseClick(chart_, Qt::LeftButton, {}, chart_->rect().center());
+    QCOMPARE(chart_->selectedRow(), 0);
+  }
+
+  void clickOnPointSelectsIt_data() { addTypes(); }
+  void clickOnPointSelectsIt() {
+    QFETCH(int, type);
+    for (const int count : {1, 3, 12, 78, 100}) {
+      show(static_cast<ChartType>(type), monthLabels(count), waves(count));
+      for (int row = 1; row <= count; ++row) {
+        QSignalSpy selected(chart_, &ChartView::pointSelected);
+        QTest::mouseClick(chart_, Qt::LeftButton, {}, centreOf(*chart_, row));
+        QCOMPARE(selected.count(), 1);
+        QCOMPARE(selected.first(), QVariantList({1, row}));
+        QCOMPARE(chart_->selectedRow(), row);
+      }
+    }
+  }
+
+  void clickAboveShortBarSelectsNothing_data() { addTypes(); }
+  void clickAboveShortBarSelectsNothing() {
+    QFETCH(int, type);
+    show(static_cast<ChartType>(type), monthLabels(3), {9000, 1000, 1200});
+    QSignalSpy selected(chart_, &ChartView::pointSelected);
+    QTest::mouseClick(chart_, Qt::LeftButton, {}, QPoint(centreOf(*chart_, 2).x() + 5, 70));
+    QCOMPARE(selected.count(), 0);
+    QCOMPARE(chart_->selectedRow(), 0);
+  }
+
+  void clickBesideBarSelectsNothing() {
+    for (const ChartType type : {ChartType::Bars2D, ChartType::Bars3D}) {
+      show(type, monthLabels(3), {9000, 1000, 1200});
+      const QRectF bar = chart_->pointRect(2);
+      for (const double x : {bar.left() - 8, bar.right() + 40}) {
+        QTest::mouseClick(chart_, Qt::LeftButton, {}, QPointF(x, bar.center().y()).toPoint());
+        QCOMPARE(chart_->selectedRow(), 0);
+      }
+    }
+  }
+
+  void clickOnTopOrSideOfSolidBarSelectsIt() {
+    show(ChartType::Bars3D, monthLabels(3), {5000, 6000, 1200});
+    const QRectF front = chart_->pointRect(2);
+    QCOMPARE(chart_->rowAtPosition(front.topRight() + QPointF(5, 10)), 2);
+    QCOMPARE(chart_->rowAtPosition(front.topLeft() + QPointF(10, -3)), 2);
+    QCOMPARE(chart_->rowAtPosition(front.topLeft() + QPointF(-3, -3)), 0);
+  }
+
+  void clickOnLineBetweenPointsSelectsNothing() {
+    for (const ChartType type : {ChartType::Line2D, ChartType::Line3D}) {
+      show(type, monthLabels(3), {4000, 4000, 4000});
+      const QPointF between = (chart_->pointRect(1).center() + chart_->pointRect(2).center()) / 2;
+      QCOMPARE(chart_->rowAtPosition(between), 0);
+      QCOMPARE(chart_->rowAtPosition(chart_->pointRect(2).center() + QPointF(0, 14)), 0);
+    }
+  }
+
+  void clickInsideAreaSelectsNearestPoint() {
+    for (const ChartType type : {ChartType::Area2D, ChartType::Area3D}) {
+      show(type, monthLabels(3), {4000, 5000, 4500});
+      const double half = (chart_->pointRect(2).center().x() - chart_->pointRect(1).center().x()) / 2;
+      const QPointF inside(chart_->pointRect(2).center().x(), chart_->pointRect(1).bottom() + 40);
+      QCOMPARE(chart_->rowAtPosition(inside), 2);
+      QCOMPARE(chart_->rowAtPosition(inside - QPointF(half - 5, 0)), 2);
+      QCOMPARE(chart_->rowAtPosition(inside - QPointF(half + 5, 0)), 1);
+      QCOMPARE(chart_->rowAtPosition(inside + QPointF(half + 5, 0)), 3);
+      QCOMPARE(chart_->rowAtPosition(inside - QPointF(2 * half + 10, 0)), 0);
+    }
+  }
+
+  void negativeBarHangsBelowZero() {
+    for (const ChartType type : {ChartType::Bars2D, ChartType::Bars3D}) {
+      show(type, monthLabels(2), {500, -800});
+      QVERIFY(std::abs(chart_->pointRect(1).bottom() - chart_->pointRect(2).top()) < 1);
+      QVERIFY(chart_->pointRect(2).height() > 1.5 * chart_->pointRect(1).height());
+      QTest::mouseClick(chart_, Qt::LeftButton, {}, centreOf(*chart_, 2));
+      QCOMPARE(chart_->selectedRow(), 2);
+    }
+  }
+
+  void negativeAreaIsHitBelowZero() {
+    for (const ChartType type : {ChartType::Area2D, ChartType::Area3D}) {
+      show(type, monthLabels(3), {-500, -800, -600});
+      const QPointF lowest = chart_->pointRect(2).center();
+      QCOMPARE(chart_->rowAtPosition(lowest - QPointF(0, 30)), 2);
+      QCOMPARE(chart_->rowAtPosition(lowest + QPointF(-20, 12)), 0);
+    }
+  }
+
+  void gapIsNotDrawnAndNotSelected_data() { addTypes(); }
+  void gapIsNotDrawnAndNotSelected() {
+    QFETCH(int, type);
+    show(static_cast<ChartType>(type), monthLabels(4), {3000, std::nan(""), 4000, 3500});
+    QCOMPARE(rowsDrawn(*chart_), 3);
+    QVERIFY(chart_->pointRect(2).isNull());
+    QSignalSpy selected(chart_, &ChartView::pointSelected);
+    chart_->selectRow(2);
+    QCOMPARE(selected.count(), 0);
+    QVERIFY(!chart_->grab().isNull());
+  }
+
+  void zeroIsDrawnAndSelectable_data() { addTypes(); }
+  void zeroIsDrawnAndSelectable() {
+    QFETCH(int, type);
+    show(static_cast<ChartType>(type), monthLabels(3), {0, 0, 0});
+    QCOMPARE(rowsDrawn(*chart_), 3);
+    QTest::mouseClick(chart_, Qt::LeftButton, {}, centreOf(*chart_, 2));
+    QCOMPARE(chart_->selectedRow(), 2);
+  }
+
+  void barsNeverOverlap() {
+    for (const ChartType type : {ChartType::Bars2D, ChartType::Bars3D}) {
+      for (const int count : {2, 26, 78, 100}) {
+        show(type, monthLabels(count), waves(count));
+        for (int row = 2; row <= count; ++row) {
+          QVERIFY(chart_->pointRect(row - 1).right() < chart_->pointRect(row).left());
+        }
+      }
+    }
+  }
+
+  void pointsLieInsideTheWidget_data() { addTypes(); }
+  void pointsLieInsideTheWidget() {
+    QFETCH(int, type);
+    for (const QSize& size : {QSize(650, 260), QSize(1200, 640)}) {
+      chart_->resize(size);
+      show(static_cast<ChartType>(type), dateLabels(100), waves(100));
+      for (int row = 1; row <= 100; ++row) QVERIFY(QRectF(chart_->rect()).contains(chart_->pointRect(row)));
+    }
+  }
+
+  void axisLabelsNeverOverlap_data() { addTypes(); }
+  void axisLabelsNeverOverlap() {
+    QFETCH(int, type);
+    for (const QSize& size : {QSize(650, 260), QSize(690, 400), QSize(1300, 700)}) {
+      chart_->resize(size);
+      for (const int count : {0, 1, 3, 9, 12, 25, 27, 50, 78, 100}) {
+        for (const QStringList& labels : {monthLabels(count), dateLabels(count)}) {
+          show(static_cast<ChartType>(type), labels, waves(count));
+          const QList<QPolygonF> outlines = chart_->axisLabelOutlines();
+          for (qsizetype first = 0; first < outlines.size(); ++first) {
+            QVERIFY(QRectF(chart_->rect()).contains(outlines[first].boundingRect()));
+            for (qsizetype second = first + 1; second < outlines.size(); ++second) {
+              QVERIFY(!outlines[first].intersects(outlines[second]));
+            }
+          }
+        }
+      }
+    }
+  }
+
+  void mouseOverPointTellsLabelAndValue() {
+    show(ChartType::Bars2D, monthLabels(3), {12345, 8200.5, -15220.25});
+    moveMouse(*chart_, chart_->pointRect(1).center());
+    QCOMPARE(QToolTip::text(), QStringLiteral("2007. 1. hó: 12\u00a0345"));
+    moveMouse(*chart_, chart_->pointRect(3).center());
+    QCOMPARE(QToolTip::text(), QStringLiteral("2007. 3. hó: -15\u00a0220,25"));
+  }
+
+  void aTipOfTheRoomAroundTheChartDoesNotTakeItsPlace() {
+    show(ChartType::Bars2D, monthLabels(1), {12345});
+    const QPoint at = centreOf(*chart_, 1);
+    QHelpEvent help(QEvent::ToolTip, at, chart_->mapToGlobal(at));
+    QVERIFY(QApplication::sendEvent(chart_, &help));
+    QCOMPARE(QToolTip::text(), QStringLiteral("2007. 1. hó: 12\u00a0345"));
+  }
+
+  void theTipGoesWithThePointer() {
+    show(ChartType::Bars2D, monthLabels(3), {3000, 9000, 6000});
+    const QImage before = chart_->grab().toImage();
+    moveMouse(*chart_, chart_->pointRect(2).center());
+    QVERIFY(QToolTip::isVisible());
+    const QImage over = chart_->grab().toImage();
+    QVERIFY(over != before);
+    const QColor hovered = over.pixelColor(chart_->pointRect(2).center().toPoint());
+    QVERIFY(hovered.lightness() >
+            before.pixelColor(chart_->pointRect(2).center().toPoint()).lightness() + 10);
+    moveMouse(*chart_, QPointF(2, 2));
+    QCOMPARE(chart_->grab().toImage(), before);
+    moveMouse(*chart_, chart_->pointRect(2).center());
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(chart_, &leave);
+    QCOMPARE(chart_->grab().toImage(), before);
+  }
+
+  void whatIsHoveredIsForgottenWithItsPointsAndItsType() {
+    show(ChartType::Bars2D, monthLabels(3), {3000, 9000, 6000});
+    const QImage before = chart_->grab().toImage();
+    moveMouse(*chart_, chart_->pointRect(2).center());
+    chart_->setPoints(monthLabels(3), {3000, 9000, 6000});
+    QCOMPARE(chart_->grab().toImage(), before);
+    moveMouse(*chart_, chart_->pointRect(2).center());
+    chart_->setChartType(0);
+    chart_->setChartType(1);
+    QCOMPARE(chart_->grab().toImage(), before);
+  }
+
+  void aPressThatIsReleasedElsewhereSelectsNothing() {
+    show(ChartType::Bars2D, monthLabels(3), {3000, 9000, 6000});
+    QTest::mousePress(chart_, Qt::LeftButton, {}, centreOf(*chart_, 1));
+    QTest::mouseRelease(chart_, Qt::LeftButton, {}, centreOf(*chart_, 2));
+    QCOMPARE(chart_->selectedRow(), 0);
+    QTest::mouseRelease(chart_, Qt::LeftButton, {}, centreOf(*chart_, 1));
+    QCOMPARE(chart_->selectedRow(), 0);
+    QTest::mousePress(chart_, Qt::LeftButton, {}, centreOf(*chart_, 1));
+    chart_->setPoints(monthLabels(3), {3000, 9000, 6000});
+    QTest::mouseRelease(chart_, Qt::LeftButton, {}, centreOf(*chart_, 1));
+    QCOMPARE(chart_->selectedRow(), 0);
+    QTest::mouseClick(chart_, Qt::RightButton, {}, centreOf(*chart_, 1));
+    QCOMPARE(chart_->selectedRow(), 0);
+  }
+
+  void otherKeysAreLeftToTheScreenAndLeftBeginsAtTheEnd() {
+    show(ChartType::Line2D, monthLabels(4), {1, 2, 3, std::nan("")});
+    QKeyEvent letter(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, "a");
+    QApplication::sendEvent(chart_, &letter);
+    QVERIFY(!letter.isAccepted());
+    QTest::keyClick(chart_, Qt::Key_Left);
+    QCOMPARE(chart_->selectedRow(), 3);
+    QTest::keyClick(chart_, Qt::Key_Left);
+    QCOMPARE(chart_->selectedRow(), 2);
+    QTest::keyClick(chart_, Qt::Key_Home);
+    QTest::keyClick(chart_, Qt::Key_Left);
+    QCOMPARE(chart_->selectedRow(), 1);
+  }
+
+  void leftBeginsAtTheVeryLast() {
+    show(ChartType::Line2D, monthLabels(4), {1, 2, 3, 4});
+    QTest::keyClick(chart_, Qt::Key_Left);
+    QCOMPARE(chart_->selectedRow(), 4);
+    QTest::keyClick(chart_, Qt::Key_Left);
+    QCOMPARE(chart_->selectedRow(), 3);
+  }
+
+  void arrowKeysMoveTheSelectionPastGaps() {
+    show(ChartType::Line2D, monthLabels(4), {1, std::nan(""), 3, 4});
+    QSignalSpy selected(chart_, &ChartView::pointSelected);
+    QTest::keyClick(chart_, Qt::Key_Right);
+    QCOMPARE(chart_->selectedRow(), 1);
+    QTest::keyClick(chart_, Qt::Key_Right);
+    QCOMPARE(chart_->selectedRow(), 3);
+    QTest::keyClick(chart_, Qt::Key_End);
+    QCOMPARE(chart_->selectedRow(), 4);
+    QTest::keyClick(chart_, Qt::Key_Right);
+    QCOMPARE(chart_->selectedRow(), 4);
+    QTest::keyClick(chart_, Qt::Key_Home);
+    QCOMPARE(chart_->selectedRow(), 1);
+    QCOMPARE(selected.count(), 4);
+  }
+
+  void selectionChangesThePicture_data() { addTypes(); }
+  void selectionChangesThePicture() {
+    QFETCH(int, type);
+    show(static_cast<ChartType>(type), monthLabels(5), waves(5));
+    const QImage before = chart_->grab().toImage();
+    chart_->selectRow(3);
+    QVERIFY(chart_->grab().toImage() != before);
+  }
+
+  void wishesForAWidthAndCanDoWithLess() {
+    QCOMPARE(chart_->sizeHint().width(), 700);
+    QCOMPARE(chart_->minimumSizeHint().width(), 320);
+    QCOMPARE(chart_->sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding));
+    QCOMPARE(chart_->focusPolicy(), Qt::StrongFocus);
+  }
+
+  void wishesForAPlotOf220Pixels() {
+    for (const int pointSize : {8, 10, 16}) {
+      QFont font = chart_->font();
+      font.setPointSize(pointSize);
+      chart_->setFont(font);
+      chart_->setUnitText("Ft");
+      chart_->resize(chart_->sizeHint());
+      for (const ChartType type : {ChartType::Bars2D, ChartType::Bars3D}) {
+        show(type, monthLabels(100), QList<double>(100, 1.0));
+        QVERIFY(chart_->pointRect(1).height() * 1.05 > 219);
+        QVERIFY(chart_->pointRect(1).height() * 1.05 < 245);
+      }
+    }
+  }
+
+  void manyChangesArePlottedOnce() {
+    auto* const canvas = chart_->findChild<QWidget*>();
+    QSignalSpy plotted(canvas, SIGNAL(afterReplot()));
+    QTRY_VERIFY(plotted.count() > 0);
+    QCoreApplication::processEvents();
+    plotted.clear();
+    chart_->setTitleText("Havi tankolási költségek");
+    chart_->setPoints(monthLabels(78), waves(78));
+    chart_->setChartType(0);
+    chart_->selectRow(5);
+    QTRY_VERIFY(plotted.count() > 0);
+    QCoreApplication::processEvents();
+    QCOMPARE(plotted.count(), 1);
+  }
+
+  void paletteChangesTheBackground() {
+    chart_->setPoints(monthLabels(3), waves(3));
+    QPalette dark;
+    dark.setColor(QPalette::Base, QColor(30, 30, 34));
+    dark.setColor(QPalette::Text, QColor(230, 230, 230));
+    chart_->setPalette(dark);
+    QCOMPARE(chart_->grab().toImage().pixelColor(2, 2), QColor(30, 30, 34));
+  }
+};
+
+TARVIK_SCREEN_TEST(ChartViewTest)
+#include "chart_view_test.moc"

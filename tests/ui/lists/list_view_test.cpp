@@ -1,0 +1,198 @@
+#include "ui/lists/list_view.h"
+
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QTest>
+#include <QToolTip>
+
+#include "tests/ui/dressed.h"
+#include "tests/ui/screen_test.h"
+#include "ui/lists/list_delegate.h"
+#include "ui/lists/text_list_model.h"
+#include "ui/look/look.h"
+
+namespace tarvik::ui {
+namespace {
+
+/// A list of two columns and the record number, shown.
+struct Shown {
+  explicit Shown(const QStringList& longest = {}) {
+    test::dressOnce();
+    view.setModel(&model);
+    if (!longest.isEmpty()) delegate = layOutList(view, longest);
+    model.setRows({{{"B", "10"}, "4"}, {{"A", "9"}, "7"}});
+    view.resize(500, 300);
+    view.show();
+    if (!QTest::qWaitForWindowActive(&view)) qFatal("the list did not come to the front");
+  }
+  int widthOf(const QString& text) const {
+    return view.fontMetrics().horizontalAdvance(text) + 2 * gridStep();
+  }
+  QColor paperOf(int row) {
+    const QRect place = view.visualRect(model.index(row, 1));
+    return view.viewport()->grab().toImage().pixelColor(place.right() - 3, place.center().y());
+  }
+  void pointAt(int row, int column) {
+    const QPoint at = view.visualRect(model.index(row, column)).center();
+    QHelpEvent help(QEvent::ToolTip, at, view.viewport()->mapToGlobal(at));
+    QApplication::sendEvent(view.viewport(), &help);
+  }
+
+  TextListModel model{{"Szöveg", "Km"}};
+  ListView view;
+  ListDelegate* delegate = nullptr;
+};
+
+}  // namespace
+
+class ListViewTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void itIsAFlatListOfWholeRowsThatNobodyEdits() {
+    const Shown list;
+    QVERIFY(!list.view.rootIsDecorated());
+    QVERIFY(!list.view.itemsExpandable());
+    QVERIFY(list.view.uniformRowHeights());
+    QVERIFY(list.view.allColumnsShowFocus());
+    QVERIFY(list.view.alternatingRowColors());
+    QCOMPARE(list.view.selectionMode(), QAbstractItemView::SingleSelection);
+    QCOMPARE(list.view.selectionBehavior(), QAbstractItemView::SelectRows);
+    QCOMPARE(list.view.editTriggers(), QAbstractItemView::NoEditTriggers);
+    QVERIFY(!list.view.tabKeyNavigation());
+    QVERIFY(!list.view.header()->sectionsMovable());
+    QVERIFY(!list.view.header()->highlightSections());
+    QVERIFY(list.view.header()->stretchLastSection());
+    QVERIFY(!list.view.isColumnHidden(1));
+    QVERIFY(list.view.isColumnHidden(2));
+    QCOMPARE(list.view.shownColumns(), 2);
+    QCOMPARE(ListView().shownColumns(), 0);
+  }
+
+  void aHeadThatIsClickedSortsAndShowsIt() {
+    Shown list;
+    const auto click = [&](int column) {
+      QHeaderView* header = list.view.header();
+      const QPoint at(header->sectionViewportPosition(column) + 5, header->height() / 2);
+      QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, at);
+    };
+    click(0);
+    QCOMPARE(list.model.record(0), QString("4"));
+    QVERIFY(!list.view.header()->isSortIndicatorShown());
+    list.view.sortByHeaderClicks();
+    click(1);
+    click(0);
+    QCOMPARE(list.model.record(0), QString("7"));
+    QVERIFY(list.view.header()->isSortIndicatorShown());
+    QCOMPARE(list.view.header()->sortIndicatorSection(), 0);
+    QCOMPARE(list.view.header()->sortIndicatorOrder(), Qt::AscendingOrder);
+    click(0);
+    QCOMPARE(list.view.header()->sortIndicatorSection(), 0);
+    QCOMPARE(list.view.header()->sortIndicatorOrder(), Qt::AscendingOrder);
+    QCOMPARE(list.model.record(0), QString("7"));
+  }
+
+  void columnsAreAsWideAsTheirLongestTextAndTextsShareTheRest() {
+    Shown list({"", "9999999"});
+    QCOMPARE(list.view.columnWidth(1), list.widthOf("9999999"));
+    QCOMPARE(list.view.columnWidth(0), list.view.viewport()->width() - list.view.columnWidth(1));
+    const int head = list.view.header()->sectionSizeHint(0);
+    const int bar = list.view.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    QCOMPARE(list.view.minimumWidth(), list.view.columnWidth(1) + head + bar + 2 * list.view.frameWidth());
+    QCOMPARE(list.view.minimumHeight(),
+             list.view.header()->sizeHint().height() + 3 * rowHeight() + 2 * list.view.frameWidth());
+  }
+
+  void aWiderFrameTakesItsRoomOnBothSides() {
+    test::dressOnce();
+    TextListModel model({"Szöveg", "Km"});
+    ListView view;
+    view.setModel(&model);
+    view.setFrameStyle(QFrame::Box | QFrame::Plain);
+    view.setLineWidth(5);
+    layOutList(view, {"9", "9"});
+    const int columns = view.header()->sectionSizeHint(0) + view.header()->sectionSizeHint(1);
+    const int bar = view.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    QCOMPARE(view.minimumWidth(), columns + bar + 2 * 5);
+    QCOMPARE(view.minimumHeight(), view.header()->sizeHint().height() + 3 * rowHeight() + 2 * 5);
+  }
+
+  void aColumnIsNotNarrowerThanItsHead() {
+    Shown list({"", "1"});
+    QCOMPARE(list.view.columnWidth(1), list.view.header()->sectionSizeHint(1));
+  }
+
+  void aLongerTextWidensItsColumnAndTheListByAsMuch() {
+    Shown list({"", "99"});
+    const int column = list.view.columnWidth(1);
+    const int least = list.view.minimumWidth();
+    keepWhole(list.view, 1, "9");
+    QCOMPARE(list.view.columnWidth(1), column);
+    QCOMPARE(list.view.minimumWidth(), least);
+    keepWhole(list.view, 1, "9999999999");
+    QCOMPARE(list.view.columnWidth(1), list.widthOf("9999999999"));
+    QCOMPARE(list.view.minimumWidth() - least, list.view.columnWidth(1) - column);
+  }
+
+  void aCutTextIsToldUnderThePointerAndAWholeOneIsNot() {
+    Shown list({"", "99"});
+    list.model.setRows({{{QString(300, 'W'), "10"}, "4"}, {{"A", "9"}, "7"}});
+    list.pointAt(0, 0);
+    QCOMPARE(QToolTip::text(), QString(300, 'W'));
+    list.pointAt(1, 0);
+    QTRY_VERIFY(!QToolTip::isVisible());
+  }
+
+  void theNewRowIsTintedForAMomentAndNoOther() {
+    Shown other({"", "99"});
+    other.delegate->mark("4", other.view);
+    Shown list({"", "99"});
+    const QColor paper = list.paperOf(0);
+    const QColor striped = list.paperOf(1);
+    list.delegate->mark("4", list.view);
+    QVERIFY(list.paperOf(0) != paper);
+    QCOMPARE(list.paperOf(1), striped);
+    list.delegate->mark("7", list.view);
+    QCOMPARE(list.paperOf(0), paper);
+    QVERIFY(list.paperOf(1) != striped);
+    QTRY_COMPARE_WITH_TIMEOUT(list.delegate->marked(), QString(), 4'000);
+    QTRY_COMPARE(other.delegate->marked(), QString());
+    QCOMPARE(list.paperOf(1), striped);
+  }
+
+  void aFittedSetHasAHookInTheColourOfItsText() {
+    Shown list({"", "99"});
+    list.model.setRows({{{"B", "10"}, "4", true}, {{"A", "9"}, "7", false}});
+    const auto inkOf = [&](int row) {
+      const QRect place = list.view.visualRect(list.model.index(row, 0));
+      const QImage picture =
+          list.view.viewport()->grab(QRect(place.topLeft(), QSize(place.height(), place.height()))).toImage();
+      QColor darkest = Qt::white;
+      for (int x = 0; x < picture.width(); ++x)
+        for (int y = 0; y < picture.height(); ++y)
+          if (picture.pixelColor(x, y).lightness() < darkest.lightness()) darkest = picture.pixelColor(x, y);
+      return darkest;
+    };
+    QVERIFY(inkOf(0).lightness() < 80);
+    QVERIFY(inkOf(1).lightness() > 200);
+    QPalette light = list.view.palette();
+    light.setColor(QPalette::Highlight, QColor(0, 200, 0));
+    light.setColor(QPalette::HighlightedText, QColor(255, 255, 0));
+    list.view.setPalette(light);
+    list.view.setCurrentIndex(list.model.index(0, 0));
+    const QRect place = list.view.visualRect(list.model.index(0, 0));
+    const QImage picture =
+        list.view.viewport()->grab(QRect(place.topLeft(), QSize(place.height(), place.height()))).toImage();
+    int yellow = 0;
+    for (int x = 0; x < picture.width(); ++x)
+      for (int y = 0; y < picture.height(); ++y) yellow += picture.pixelColor(x, y).red() > 120 ? 1 : 0;
+    QVERIFY(yellow > 3);
+  }
+};
+
+}  // namespace tarvik::ui
+
+TARVIK_SCREEN_TEST(tarvik::ui::ListViewTest)
+#include "list_view_test.moc"

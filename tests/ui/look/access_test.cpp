@@ -1,0 +1,135 @@
+#include "ui/look/access.h"
+
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include "tests/ui/dressed.h"
+#include "tests/ui/screen_test.h"
+
+namespace tarvik::ui {
+namespace {
+
+// Three options in a form, and one in a box of its own inside of it.
+struct Form {
+  Form() {
+    test::dressOnce();
+    auto* const layout = new QVBoxLayout(&screen);
+    for (QRadioButton* option : options) layout->addWidget(option);
+    auto* const box = new QWidget;
+    layout->addWidget(box);
+    (new QVBoxLayout(box))->addWidget(inner);
+    makeAccessible(screen);
+    screen.show();
+    if (!QTest::qWaitForWindowActive(&screen)) qFatal("the form did not come to the front");
+  }
+  // Which option is checked once a key was pressed on one, counted from 1; 0 when none is.
+  int checkedAfter(Qt::Key key, int on) {
+    options[on - 1]->setFocus();
+    QTest::keyClick(options[on - 1], key);
+    for (int option = 1; option <= 3; ++option)
+      if (options[option - 1]->isChecked()) return options[option - 1]->hasFocus() ? option : -option;
+    return 0;
+  }
+
+  QWidget screen;
+  QRadioButton* options[3] = {new QRadioButton("a"), new QRadioButton("b"), new QRadioButton("c")};
+  QRadioButton* inner = new QRadioButton("d");
+};
+
+// Notes for what reason a part last got the keyboard.
+class Reasons : public QObject {
+ public:
+  Qt::FocusReason last = Qt::NoFocusReason;
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::FocusIn) last = static_cast<QFocusEvent*>(event)->reason();
+    return false;
+  }
+};
+
+}  // namespace
+
+class AccessTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void arrowsCheckTheNextOptionAndTheOneBefore() {
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Right}) {
+      Form form;
+      QCOMPARE(form.checkedAfter(key, 1), 2);
+      QCOMPARE(form.checkedAfter(key, 2), 3);
+    }
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Left}) {
+      Form form;
+      QCOMPARE(form.checkedAfter(key, 3), 2);
+      QCOMPARE(form.checkedAfter(key, 2), 1);
+    }
+  }
+
+  void arrowsStopAtBothEnds() {
+    Form form;
+    QCOMPARE(form.checkedAfter(Qt::Key_Down, 3), 3);
+    QVERIFY(!form.inner->isChecked());
+    QCOMPARE(form.checkedAfter(Qt::Key_Up, 1), 1);
+  }
+
+  void theKeyboardComesFromTheSideThatTheArrowLeaves() {
+    Form form;
+    Reasons reasons;
+    form.options[1]->installEventFilter(&reasons);
+    form.checkedAfter(Qt::Key_Down, 1);
+    QCOMPARE(reasons.last, Qt::TabFocusReason);
+    form.checkedAfter(Qt::Key_Up, 3);
+    QCOMPARE(reasons.last, Qt::BacktabFocusReason);
+  }
+
+  void anOtherKeyChecksNothing() {
+    Form form;
+    QCOMPARE(form.checkedAfter(Qt::Key_A, 1), 0);
+    QCOMPARE(form.checkedAfter(Qt::Key_PageDown, 1), 0);
+  }
+
+  void whatADropDownHoldsHasItsName() {
+    QWidget screen;
+    auto* const fixed = new QComboBox(&screen);
+    auto* const editable = new QComboBox(&screen);
+    editable->setEditable(true);
+    fixed->setAccessibleName("Év");
+    editable->setAccessibleName("Rendszám");
+    makeAccessible(screen);
+    QCOMPARE(fixed->view()->accessibleName(), "Év");
+    QCOMPARE(editable->view()->accessibleName(), "Rendszám");
+    QCOMPARE(editable->lineEdit()->accessibleName(), "Rendszám");
+  }
+
+  void theItemsOfListsAreToldWithoutTheirPadding() {
+    QWidget screen;
+    auto* const list = new QListWidget(&screen);
+    auto* const box = new QComboBox(&screen);
+    makeAccessible(screen);
+    list->addItems({"  Olaj      ", "Gumi "});
+    box->addItems({"ABC-123  "});
+    for (int row = 0; row < 2; ++row)
+      QCOMPARE(list->item(row)->data(Qt::AccessibleTextRole).toString(), row == 0 ? "Olaj" : "Gumi");
+    QCOMPARE(list->item(0)->text(), "  Olaj      ");
+    QCOMPARE(box->itemData(0, Qt::AccessibleTextRole).toString(), "ABC-123");
+  }
+
+  void whatIsTakenOutOfUseIsNoPartOfItsScreen() {
+    QWidget screen;
+    QWidget control(&screen);
+    screen.show();
+    takeOutOfUse(control);
+    QVERIFY(control.isWindow() && control.isHidden());
+    QCOMPARE(control.parentWidget(), &screen);
+  }
+};
+
+}  // namespace tarvik::ui
+
+TARVIK_SCREEN_TEST(tarvik::ui::AccessTest)
+#include "access_test.moc"

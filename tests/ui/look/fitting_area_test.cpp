@@ -1,0 +1,45 @@
+#include "ui/look/fitting_area.h"
+
+#include <QScreen>
+#include <QScrollBar>
+#include <QTest>
+
+#include "tests/ui/dressed.h"
+#include "tests/ui/screen_test.h"
+
+namespace tarvik::ui {
+namespace {
+
+// What a window around contents of a least size must at least have.
+QSize leastAround(const QSize& contents) {
+  test::dressOnce();
+  auto* const part = new QWidget;
+  part->setMinimumSize(contents);
+  return FittingArea(part, nullptr).minimumSizeHint();
+}
+
+}  // namespace
+
+class FittingAreaTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void contentsThatFitHaveTheirOwnSize() { QCOMPARE(leastAround({300, 200}), QSize(300, 200)); }
+
+  void contentsThatAreTooHighOrTooWideHaveRoomForTheScrollBar() {
+    const QScrollArea area;
+    const int across = area.verticalScrollBar()->sizeHint().width();
+    const int down = area.horizontalScrollBar()->sizeHint().height();
+    const QSize most = leastAround({50'000, 50'000});
+    QVERIFY(most.width() < area.screen()->availableGeometry().width());
+    QVERIFY(most.height() < area.screen()->availableGeometry().height());
+    QCOMPARE(leastAround({300, 50'000}), QSize(300 + across, most.height()));
+    QCOMPARE(leastAround({50'000, 200}), QSize(most.width(), 200 + down));
+    QCOMPARE(leastAround(most), most);
+  }
+};
+
+}  // namespace tarvik::ui
+
+TARVIK_SCREEN_TEST(tarvik::ui::FittingAreaTest)
+#include "fitting_area_test.moc"

@@ -1,0 +1,101 @@
+#include "ui/look/plate_chooser.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QVBoxLayout>
+#include <QtTest>
+
+#include "tests/ui/by_hand.h"
+#include "tests/ui/screen_test.h"
+
+namespace tarvik::ui {
+
+/// A chooser of three plates with a field behind it, and how often a plate was chosen.
+struct Form {
+  Form() {
+    auto* column = new QVBoxLayout(&window);
+    column->addWidget(&box);
+    column->addWidget(&other);
+    box.setEditable(true);
+    box.setInsertPolicy(QComboBox::NoInsert);
+    box.addItems({"ABCD-123", "DEF-456 ", "GHI-789 "});
+    box.setCurrentIndex(-1);
+    new PlateChooser(&box, [this] { ++chosen; });
+    window.show();
+    if (!QTest::qWaitForWindowActive(&window)) qFatal("the form did not come to the front");
+  }
+  QWidget window;
+  QComboBox box;
+  QLineEdit other;
+  int chosen = 0;
+};
+
+class PlateChooserTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void aClickInTheListChooses() {
+    Form form;
+    test::choose(form.box, 1);
+    QCOMPARE(form.chosen, 1);
+    QCOMPARE(form.box.currentText(), QString("DEF-456 "));
+    form.other.setFocus();
+    QCOMPARE(form.chosen, 1);
+  }
+
+  void choosingTheSamePlateAgainCountsAgain() {
+    Form form;
+    test::choose(form.box, 1);
+    test::choose(form.box, 1);
+    QCOMPARE(form.chosen, 2);
+  }
+
+  void anArrowKeyChooses() {
+    Form form;
+    form.box.setFocus();
+    QTest::keyClick(&form.box, Qt::Key_Down);
+    QCOMPARE(form.chosen, 1);
+    QCOMPARE(form.box.currentText(), QString("ABCD-123"));
+  }
+
+  void aTypedPlateOfTheListIsNoChoice_data() {
+    QTest::addColumn<Qt::Key>("key");
+    QTest::newRow("leaving") << Qt::Key_Tab;
+    QTest::newRow("return") << Qt::Key_Return;
+    QTest::newRow("enter") << Qt::Key_Enter;
+  }
+  void aTypedPlateOfTheListIsNoChoice() {
+    QFETCH(Qt::Key, key);
+    Form form;
+    test::typeInto(form.box, "ABCD-123");
+    QTest::keyClick(&form.box, key);
+    form.other.setFocus();
+    QCOMPARE(form.chosen, 0);
+    QCOMPARE(form.box.currentText(), QString("ABCD-123"));
+  }
+
+  void aTextThatTheProgramSetIsNoChoice() {
+    Form form;
+    form.box.setEditText("ABCD-123");
+    form.box.setFocus();
+    form.other.setFocus();
+    QCOMPARE(form.chosen, 0);
+  }
+
+  void theWheelOverTheClosedChooserChangesNothing() {
+    Form form;
+    test::choose(form.box, 0);
+    const QPointF middle = form.box.rect().center();
+    QWheelEvent wheel(middle, form.box.mapToGlobal(middle), {}, {0, -120}, Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(form.box.lineEdit(), &wheel);
+    QCoreApplication::sendEvent(&form.box, &wheel);
+    QCOMPARE(form.box.currentText(), QString("ABCD-123"));
+    QCOMPARE(form.chosen, 1);
+  }
+};
+
+}  // namespace tarvik::ui
+
+TARVIK_SCREEN_TEST(tarvik::ui::PlateChooserTest)
+#include "plate_chooser_test.moc"

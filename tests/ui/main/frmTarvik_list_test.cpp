@@ -1,0 +1,452 @@
+#include <QAbstractItemModelTester>
+#include <QAccessible>
+#include <QCloseEvent>
+#include <QHeaderView>
+#include <filesystem>
+
+#include "tests/ui/main_screen.h"
+#include "tests/ui/screen_test.h"
+
+using namespace tarvik;
+using namespace tarvik::test;
+
+namespace {
+
+const SeenBox kExitQuestion = questionBox(" Kilépés ", "Biztos hogy Befejezed?\n\n", QMessageBox::Yes);
+
+void hover(QWidget* field) {
+  QEvent enter(QEvent::Enter);
+  QApplication::sendEvent(field, &enter);
+}
+
+std::vector<core::NapiAdat> twoFills() {
+  return {fuelling({2024, 1, 1}, 10'000, 405'000, true, 16'200),
+          fuelling({2024, 1, 11}, 10'400, 300'000, true, 12'000)};
+}
+
+}  // namespace
+
+class FrmTarvikListTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void aFirstStartOpensEmpty() {
+    MainScreen main;
+    BoxScript boxes;
+    main.open();
+    QCOMPARE(boxes.seen.size(), 0);
+    QCOMPARE(main.screen->windowTitle(), QString("Tarvik - 1.0.0"));
+    QVERIFY(main.screen->width() >= 707);
+    QCOMPARE(main.combo("txMegjegyzes")->currentText(), QString("Tankolás"));
+    QCOMPARE(main.combo("txAlkatresz")->currentText(), QString());
+    QCOMPARE(main.combo("Combo1")->currentText(), QString());
+    QCOMPARE(main.combo("Combo1")->count(), 0);
+    QCOMPARE(main.find<QDateEdit>("DTPicker1")->date(), QDate(2026, 11, 21));
+    QVERIFY(main.box("ChkTeletank")->isChecked());
+    QCOMPARE(main.rows(), 0);
+    QVERIFY(!main.find<QPushButton>("cmd_del")->isEnabled());
+    QVERIFY(!main.find<QPushButton>("cmd_modosit")->isEnabled());
+    const std::vector<std::string> made{"alkatr.dat", "figyDatum.dat", "megjegyz.dat", "rendsz.dat",
+                                        "set.dat"};
+    QVERIFY(main.folder.names() == made);
+  }
+
+  void theDropDownsHaveTheStoredTextsInTheirOrder() {
+    MainScreen main;
+    main.folder.write("alkatr.dat", padded("Sz\xFBr\xF5", 50) + padded("Ablak", 50));
+    main.folder.write("megjegyz.dat", padded("Mos\xE1s", 50) + padded("Ad\xF3", 50) + padded("Mos\xE1s", 50));
+    main.open();
+    const auto textsOf = [&](const char* name) {
+      QStringList texts;
+      for (int item = 0; item < main.combo(name)->count(); ++item) texts << main.combo(name)->itemText(item);
+      return texts;
+    };
+    const auto stored = [](const char* text) { return QString::fromUtf8(text).leftJustified(50); };
+    QCOMPARE(textsOf("txAlkatresz"), QStringList({stored("Szűrő"), stored("Ablak")}));
+    QCOMPARE(textsOf("txMegjegyzes"), QStringList({stored("Mosás"), stored("Adó"), stored("Mosás")}));
+    QCOMPARE(main.combo("txAlkatresz")->currentText(), QString());
+    QCOMPARE(main.combo("txMegjegyzes")->currentText(), QString("Tankolás"));
+  }
+
+  void aDistanceAfterASlipIsSeenWithAllItsDigits() {
+    MainScreen main;
+    main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 214'859, 405'000, true, 16'200),
+                                 fuelling({2024, 1, 11}, 21'576, 300'000, true, 12'000)});
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    const QModelIndex distance = main.list()->model()->index(1, core::kKmColumn);
+    QCOMPARE(distance.data().toString(), QString("-193283"));
+    const int needed = main.list()->fontMetrics().horizontalAdvance("-193283");
+    QVERIFY(main.list()->header()->sectionSize(core::kKmColumn) > needed);
+  }
+
+  void aLogbookThatCannotBeReadIsNotSaidToBeListed() {
+    MainScreen main;
+    main.writeLogbook("ABC123", twoFills());
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    main.folder.makeFolder("DEF456");
+    main.folder.makeFolder("DEF456/napiadat.dat");  // a folder in the file's place
+    main.combo("Combo1")->setEditText("DEF456");
+    BoxScript boxes({QMessageBox::Ok});
+    main.press("cmd_lista");
+    main.press("cmdSzürés");
+    QCOMPARE(main.rows(), 0);
+    QCOMPARE(main.label("lbNaplo"), QString("DEF456 naplója nem olvasható"));
+    const auto* hint = main.list()->viewport()->findChild<QLabel*>();
+    QCOMPARE(hint->text(), QString("DEF456 naplója nem olvasható."));
+  }
+
+  void filesFollowTheirOwnFolders() {
+    MainScreen main(true);
+    main.current.write("rendsz.dat", padded("ABC123", 8) + std::string("\x2D\0", 2));
+    main.current.write("set.dat", std::string(2, '\xFF') + padded("ABC123", 10));
+    main.writeLogbook("ABC123", twoFills());
+    main.open();
+    QCOMPARE(main.combo("Combo1")->itemText(0), QString("ABC123  "));
+    QCOMPARE(main.combo("Combo1")->currentText(), QString("ABC123    "));
+    QCOMPARE(main.rows(), 2);
+    QVERIFY(!main.folder.has("rendsz.dat"));
+  }
+
+  void listsTheColumnsAndTotals() {
+    MainScreen main;
+    main.writeLogbook("ABC123", twoFills());
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    QStringList headers;
+    for (int column = 0; column < 10; ++column)
+      headers.append(main.list()->model()->headerData(column, Qt::Horizontal).toString());
+    QCOMPARE(headers.join("|"), QString("Dátum|Km óra|liter|Km|Olaj|Szürő|Gyertya|Alkatrész|Megjegyzés|rec"));
+    QVERIFY(main.list()->isColumnHidden(9));
+    QCOMPARE(main.row(0), QString("2024.01.01.|10000|40,50|0|||||Tankolás|1"));
+    QCOMPARE(main.row(1), QString("2024.01.11.|10400|30,00|400|||||Tankolás|2"));
+    QCOMPARE(main.edit("tx_teljes_ktg")->text(), QString("28 200 Ft."));
+    QCOMPARE(main.edit("ob_ktg")->text(), QString("28 200 Ft."));
+    QCOMPARE(main.edit("txAlkatreszKoltseg")->text(), QString(" Ft."));
+    QCOMPARE(main.edit("tx_megtett_km")->text(), QString("400 Km."));
+    QCOMPARE(main.edit("tx_liter")->text(), QString("70,5 Liter"));
+    QCOMPARE(main.edit("tx_fogyaszt")->text(), QString("7,63 Liter/100Km"));
+  }
+
+  void theModelKeepsItsPromises() {
+    MainScreen main;
+    main.writeLogbook("ABC123", twoFills());
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    const QAbstractItemModelTester tester(main.list()->model(),
+                                          QAbstractItemModelTester::FailureReportingMode::QtTest);
+    main.screen->beolvas();
+    QCOMPARE(main.rows(), 2);
+  }
+
+  void theMonthFilterListsThatMonthOfThatYear() {
+    MainScreen main;
+    main.writeLogbook("ABC123",
+                      {fuelling({2012, 3, 5}, 1000, 1, true), fuelling({2013, 3, 1}, 2000, 1, true),
+                       fuelling({2013, 3, 31}, 2500, 1, true), fuelling({2013, 4, 1}, 3000, 1, true)});
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    main.press("cmd_lista");
+    QVERIFY(!main.find<QWidget>("FrameSzürö")->isHidden());
+    QVERIFY(main.find<QDateEdit>("DTPSzürö")->isHidden());
+    main.press("opSzürö_2");
+    QVERIFY(!main.find<QDateEdit>("DTPSzürö")->isHidden());
+    main.type("DTPSzürö", QDate(2013, 3, 15));
+    main.press("cmdSzürés");
+    QVERIFY(main.find<QWidget>("FrameSzürö")->isHidden());
+    QCOMPARE(main.rows(), 2);
+    QCOMPARE(main.row(0), QString("2013.03.01.|2000|,00|0|||||Tankolás|2"));
+    QCOMPARE(main.row(1), QString("2013.03.31.|2500|,00|500|||||Tankolás|3"));
+    main.press("cmd_lista");
+    main.press("opSzürö_1");
+    main.press("cmdSzürés");
+    QCOMPARE(main.rows(), 3);
+    main.press("cmd_lista");
+    main.press("opSzürö_0");
+    QVERIFY(main.find<QDateEdit>("DTPSzürö")->isHidden());
+    main.press("cmdSzürés");
+    QCOMPARE(main.rows(), 4);
+  }
+
+  void aListingPutsTheKeyboardIntoTheListWhereverItWas() {
+    MainScreen main;
+    main.writeLogbook("ABC123", twoFills());
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    main.press("cmd_lista");
+    main.edit("txKmOra")->setFocus();
+    main.find<QPushButton>("cmdSzürés")->click();  // as an assistive tool does
+    QCOMPARE(main.screen->focusWidget(), main.list());
+  }
+
+  void listingWithoutPlateSaysSo() {
+    MainScreen main;
+    main.open();
+    BoxScript boxes;
+    main.press("cmd_lista");
+    QCOMPARE(boxes.seen.size(), 1);
+    QCOMPARE(boxes.seen[0].title, QString(" H i b a !"));
+    QCOMPARE(boxes.seen[0].text, QString("Nincs megadva rendszám!\nÍgy nem listázható..."));
+    QVERIFY(main.find<QWidget>("FrameSzürö")->isHidden());
+  }
+
+  void choosingAPlateShowsTheFilterAndListsOnlyWhenConfirmed() {
+    MainScreen main;
+    main.folder.write("rendsz.dat", padded("ABC123", 8) + std::string("\x2D\0", 2) + padded("XYZ789", 8) +
+                                        std::string("\x2D\0", 2));
+    main.writeLogbook("ABC123", twoFills());
+    main.writeLogbook("XYZ789", {fuelling({2024, 5, 5}, 77, 10'000, true)});
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    choose(*main.combo("Combo1"), 1);
+    QVERIFY(!main.find<QWidget>("FrameSzürö")->isHidden());
+    QCOMPARE(main.rows(), 2);
+    main.press("cmdSzürés");
+    QCOMPARE(main.rows(), 1);
+    QCOMPARE(main.cell(0, 1), QString("77"));
+  }
+
+  void leavingThePlateChoosesNothing_data() {
+    QTest::addColumn<bool>("enters");
+    QTest::newRow("another field") << false;
+    QTest::newRow("enter") << true;
+  }
+  void leavingThePlateChoosesNothing() {
+    QFETCH(bool, enters);
+    MainScreen main;
+    main.folder.write("rendsz.dat", padded("ABCD-123", 8) + std::string("\x2D\0", 2));
+    main.open();
+    main.type("Combo1", "ABCD-123");
+    if (enters) QTest::keyClick(main.combo("Combo1"), Qt::Key_Return);
+    main.edit("txKmOra")->setFocus();
+    QVERIFY(main.find<QWidget>("FrameSzürö")->isHidden());
+    main.press("cmd_lista");
+    main.combo("Combo1")->setFocus();
+    main.edit("txKmOra")->setFocus();
+    QVERIFY(!main.find<QWidget>("FrameSzürö")->isHidden());
+  }
+
+  void aRowOfAPlateWithoutALogbookIsNotChosen_data() {
+    QTest::addColumn<QString>("plate");
+    QTest::addColumn<QString>("said");
+    QTest::newRow("no folder") << "XYZ789"
+                               << "Nincs meg a mappa";
+    QTest::newRow("blank") << "  "
+                           << "Nincs kitöltve a mező: Rendszám\n\nSemmi sem változott.";
+    QTest::newRow("fewer entries") << "DEF456"
+                                   << "Ez a tétel már nincs a fájlban";
+  }
+  void aRowOfAPlateWithoutALogbookIsNotChosen() {
+    QFETCH(QString, plate);
+    QFETCH(QString, said);
+    MainScreen main;
+    main.writeLogbook("ABC123", twoFills());
+    main.writeLogbook("DEF456", {});
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    main.type("txKmOra", "77");
+    main.type("Combo1", plate);
+    BoxScript boxes;
+    main.clickRow(1);
+    QCOMPARE(boxes.seen.size(), 1);
+    QVERIFY2(boxes.seen[0].text.startsWith(said), qPrintable(boxes.seen[0].text));
+    QCOMPARE(main.edit("txKmOra")->text(), QString("77"));
+    QVERIFY(!main.find<QPushButton>("cmd_del")->isEnabled());
+    QVERIFY(!main.find<QPushButton>("cmd_modosit")->isEnabled());
+    QVERIFY(!main.list()->selectionModel()->hasSelection());
+    QVERIFY(!main.folder.has("XYZ789"));
+  }
+
+  void aRowThatCannotBeChosenLeavesTheOneChosenBefore() {
+    MainScreen main;
+    main.writeLogbook("ABC123", twoFills());
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    main.clickRow(0);
+    main.type("Combo1", "XYZ789");
+    BoxScript boxes;
+    main.clickRow(1);
+    QCOMPARE(boxes.seen.size(), 1);
+    QCOMPARE(main.edit("txKmOra")->text(), QString("10000"));
+    QVERIFY(main.find<QPushButton>("cmd_del")->isEnabled());
+    QVERIFY(main.list()->selectionModel()->isRowSelected(0));
+  }
+
+  void aChartTakesTheListOutOfReach() {
+    MainScreen main;
+    main.writeLogbook("ABC123", twoFills());
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    QWidget* panel = main.find<QWidget>("FrmGrafikon");
+    panel->show();
+    QVERIFY(main.list()->isHidden());
+    for (QWidget* next = main.edit("txKmOra")->nextInFocusChain(); next != main.edit("txKmOra");
+         next = next->nextInFocusChain())
+      QVERIFY(next != main.list() || !next->isVisible());
+    QVERIFY(QAccessible::queryAccessibleInterface(main.list())->state().invisible);
+    panel->hide();
+    QVERIFY(main.list()->isVisible());
+  }
+
+  void oneRowHasNoDistanceAndKeepsTheConsumption() {
+    MainScreen main;
+    main.folder.write("rendsz.dat", padded("XYZ789", 8) + std::string("\x2D\0", 2));
+    main.writeLogbook("ABC123", twoFills());
+    main.writeLogbook("XYZ789", {fuelling({2024, 5, 5}, 77, 123'400, true)});
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    main.type("Combo1", "XYZ789");
+    main.screen->beolvas();
+    QCOMPARE(main.edit("tx_fogyaszt")->text(), QString("7,63 Liter/100Km"));
+    QCOMPARE(main.edit("tx_liter")->text(), QString("12,34 Liter"));
+    QCOMPARE(main.edit("tx_megtett_km")->text(), QString(" Km."));
+  }
+
+  void anEmptyLogbookClearsThreeFieldsAndKeepsTheCosts() {
+    MainScreen main;
+    main.writeLogbook("ABC123", twoFills());
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    BoxScript boxes;
+    for (const char* plate : {"", "GHOST1", ".."}) {
+      main.type("Combo1", plate);
+      main.screen->beolvas();
+      QCOMPARE(main.rows(), 0);
+      QCOMPARE(main.edit("tx_megtett_km")->text(), QString());
+      QCOMPARE(main.edit("tx_liter")->text(), QString());
+      QCOMPARE(main.edit("tx_fogyaszt")->text(), QString());
+      QCOMPARE(main.edit("tx_teljes_ktg")->text(), QString("28 200 Ft."));
+    }
+    QCOMPARE(boxes.seen.size(), 0);
+    QVERIFY(!main.folder.has("napiadat.dat"));
+    QVERIFY(!main.folder.has("GHOST1"));
+  }
+
+  void hintsADayComeWithTwoRowsAndTwoDays() {
+    MainScreen main;
+    main.writeLogbook("ABC123", twoFills());
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    for (const char* name : {"tx_teljes_ktg", "ob_ktg", "txAlkatreszKoltseg", "tx_liter", "tx_megtett_km"})
+      hover(main.edit(name));
+    QCOMPARE(main.edit("tx_teljes_ktg")->toolTip(), QString("2820,-Ft/nap"));
+    QCOMPARE(main.edit("ob_ktg")->toolTip(), QString("2820,-Ft/nap"));
+    QCOMPARE(main.edit("txAlkatreszKoltseg")->toolTip(), QString("0,-Ft/nap"));
+    QCOMPARE(main.edit("tx_liter")->toolTip(), QString("7,00 liter/nap"));  // the comma ends the figure
+    QCOMPARE(main.edit("tx_megtett_km")->toolTip(), QString("40 km/nap"));
+    main.writeLogbook("ABC123", {twoFills()[0], fuelling({2024, 1, 2}, 99'999, 300'000, true, 99'999)});
+    main.screen->beolvas();
+    hover(main.edit("ob_ktg"));
+    QCOMPARE(main.edit("ob_ktg")->toolTip(), QString("2820,-Ft/nap"));
+  }
+
+  void aDamagedFlagShowsNoMark() {
+    MainScreen main;
+    auto entries = twoFills();
+    entries[0].Olajcsere = 1;
+    entries[1].Olajcsere = -1;
+    main.writeLogbook("ABC123", entries);
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    QCOMPARE(main.cell(0, 4), QString());
+    QCOMPARE(main.cell(1, 4), QString("X"));
+  }
+
+  void aLogbookThatIsAFolderIsToldInOneBox() {
+    MainScreen main;
+    main.folder.makeFolder("ABC123/napiadat.dat");
+    main.choosePlateAtStart("ABC123");
+    BoxScript boxes;
+    main.open();
+    QCOMPARE(boxes.seen.size(), 1);
+    QCOMPARE(boxes.seen[0].title, QString(" H i b a !"));
+    QVERIFY(boxes.seen[0].text.startsWith("A fájl nem nyitható meg:\n"));
+    QCOMPARE(main.rows(), 0);
+  }
+
+  void sumsPastTheirTypeAreAFailureAndTheRowsStayListed() {
+    MainScreen main;
+    main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 1, 1, true, 2'000'000'000),
+                                 fuelling({2024, 1, 2}, 2, 1, true, 2'000'000'000)});
+    main.choosePlateAtStart("ABC123");
+    BoxScript boxes;
+    main.open();
+    QCOMPARE(boxes.seen.size(), 1);
+    QCOMPARE(main.rows(), 2);
+    QCOMPARE(boxes.seen[0].text,
+             QString("Túl nagy szám: Eddigi Költség\n\nA lista vagy az összesítése nem teljes."));
+    QCOMPARE(main.edit("tx_teljes_ktg")->text(), QString("2000 000 000 Ft."));
+  }
+
+  void clickingEntryOneEmptiesTheConsumption() {
+    MainScreen main;
+    main.folder.write("rendsz.dat", padded("ABC123", 8) + std::string("\x32\0", 2));
+    main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 9000, 300'000, true, 1),
+                                 fuelling({2024, 1, 2}, 10000, 400'000, true, 1),
+                                 fuelling({2024, 1, 12}, 10500, 350'000, true, 1)});
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    main.clickRow(2);
+    main.clickRow(0);
+    QCOMPARE(main.label("lbPillAtlag"), QString());
+    QCOMPARE(main.edit("txKmOra")->text(), QString("9000"));
+  }
+
+  void aTankOfUnknownSizeLeavesTheStatistics() {
+    MainScreen main;
+    main.writeLogbook("ABC123", twoFills());
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    main.clickRow(1);
+    for (const char* name : {"lbPillAtlag", "lbDatum", "lbKm", "lb_ft_km"})
+      QCOMPARE(main.label(name), QString());
+    QCOMPARE(main.edit("txKmOra")->text(), QString("10400"));
+  }
+
+  void theChartsOpenByTheirLetterThoughTheMenuHasItToo() {
+    MainScreen main;
+    main.open();
+    QString opened;
+    QTimer::singleShot(0, main.screen.get(), [&] {
+      opened = QApplication::activeModalWidget()->objectName();
+      QApplication::activeModalWidget()->close();
+    });
+    QTest::keyClick(main.edit("txKmOra"), Qt::Key_G, Qt::AltModifier);
+    QCOMPARE(opened, QString("frmMelyGrafikon"));
+  }
+
+  void aNoteListThatCannotBeReadIsToldOnceAndNotAtEachKey() {
+    MainScreen main;
+    main.open();
+    std::filesystem::remove(main.folder / "megjegyz.dat");
+    main.folder.makeFolder("megjegyz.dat");
+    BoxScript boxes;
+    main.type("txMegjegyzes", "abc");
+    QCOMPARE(boxes.seen.size(), 1);
+    QCOMPARE(main.combo("txMegjegyzes")->currentText(), QString("abc"));
+  }
+
+  void aNoteListThatIsAFolderLeavesTheNoteReady() {
+    MainScreen main;
+    main.folder.makeFolder("megjegyz.dat");
+    BoxScript boxes;
+    main.open();
+    QCOMPARE(boxes.seen.size(), 1);
+    QCOMPARE(main.combo("txMegjegyzes")->currentText(), QString("Tankolás"));
+  }
+
+  void theExitQuestionDecides() {
+    MainScreen main;
+    main.open();
+    BoxScript boxes({QMessageBox::No, QMessageBox::Yes});
+    main.chooseItem("mnuKilep");
+    QVERIFY(main.screen->isVisible());
+    main.screen->close();
+    QVERIFY(!main.screen->isVisible());
+    QCOMPARE(boxes.seen, (QList{kExitQuestion, kExitQuestion}));
+  }
+};
+
+TARVIK_SCREEN_TEST(FrmTarvikListTest)
+#include "frmTarvik_list_test.moc"

@@ -1,0 +1,195 @@
+#include <QGroupBox>
+#include <QScreen>
+#include <QScrollBar>
+
+#include "tests/ui/main_screen.h"
+#include "tests/ui/screen_test.h"
+
+using namespace tarvik;
+using namespace tarvik::test;
+
+namespace {
+
+const QString kTitle = QStringLiteral(" H i b a !");
+
+// Two entries of 2024 and one of 2023.
+std::vector<core::NapiAdat> threeEntries() {
+  return {fuelling({2023, 5, 1}, 9'000, 300'000, true, 15'000),
+          fuelling({2024, 1, 1}, 10'000, 400'000, true, 20'000),
+          fuelling({2024, 2, 1}, 10'500, 350'000, true, 17'500)};
+}
+
+// A car with three entries, its logbook listed.
+struct Car : MainScreen {
+  explicit Car(const std::vector<core::NapiAdat>& entries = threeEntries()) {
+    writeLogbook("ABC123", entries);
+    choosePlateAtStart("ABC123");
+    open();
+  }
+};
+
+}  // namespace
+
+// Rules of the main screen that show only when two of its parts meet.
+class FrmTarvikRulesTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void leavingTheCostUneditedWorksThePriceOut() {
+    std::vector<core::NapiAdat> entries = threeEntries();
+    entries[0].FtPerLiter = {1'234'567};
+    Car main(entries);
+    main.clickRow(0);
+    QCOMPARE(main.label("lbFtperLiter"), QString("123,4567"));
+    main.edit("txTankoltLiter")->setFocus();
+    main.edit("txKmOra")->setFocus();
+    QCOMPARE(main.label("lbFtperLiter"), QString("123,4567"));
+    main.edit("txTankoltKtg")->setFocus();
+    main.edit("txKmOra")->setFocus();
+    QCOMPARE(main.label("lbFtperLiter"), QString("500,00"));
+  }
+
+  void theDropDownsTakeWhatIsTypedAndCompleteNothing() {
+    Car main(threeEntries());
+    for (const char* name : {"Combo1", "txAlkatresz", "txMegjegyzes"}) {
+      QComboBox* const field = main.combo(name);
+      QVERIFY2(field->isEditable(), name);
+      QVERIFY2(field->completer() == nullptr, name);
+      field->addItem("Olajszűrő");
+      main.type(name, "Olaj");
+      QCOMPARE(field->currentText(), QString("Olaj"));
+    }
+  }
+
+  void hoveringTheCostOfAFuellingHintsNothing() {
+    Car main;
+    QEvent enter(QEvent::Enter);
+    QApplication::sendEvent(main.edit("txTankoltKtg"), &enter);
+    QCOMPARE(main.edit("txTankoltKtg")->toolTip(), QString());
+  }
+
+  void anOptionOfTheFilterCountsForLaterListingsWithoutItsButton() {
+    Car main;
+    main.press("cmd_lista");
+    main.press("opSzürö_1");
+    main.type("DTPSzürö", QDate(2024, 6, 1));
+    QCOMPARE(main.rows(), 3);
+    main.clickRow(2);
+    BoxScript boxes({QMessageBox::Yes});
+    main.press("cmd_modosit");
+    QCOMPARE(main.rows(), 2);
+    QCOMPARE(main.cell(0, 1), QString("10000"));
+  }
+
+  void aBlankPlateStopsAModificationAndADeletion_data() {
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<QString>("said");
+    QTest::newRow("modify") << "cmd_modosit"
+                            << "Nincs megadva rendszám!\nÍgy nem rögzíthető...";
+    QTest::newRow("delete") << "cmd_del"
+                            << "Nincs megadva rendszám!\nÍgy nem törölhető...";
+  }
+  void aBlankPlateStopsAModificationAndADeletion() {
+    QFETCH(QString, button);
+    QFETCH(QString, said);
+    Car main;
+    const std::string before = main.folder.read("ABC123/napiadat.dat");
+    main.clickRow(1);
+    main.type("Combo1", "  ");
+    main.edit("txKmOra")->setFocus();
+    BoxScript boxes;
+    main.press(qPrintable(button));
+    QCOMPARE(boxes.seen, QList{errorBox(kTitle, said)});
+    QCOMPARE(main.screen->focusWidget(), main.combo("Combo1"));
+    QCOMPARE(main.folder.read("ABC123/napiadat.dat"), before);
+  }
+
+  void aQuickAddAnsweredNoAtTheFirstQuestionAsksAndAddsNothing_data() {
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<QString>("field");
+    QTest::newRow("part") << "cmdAlkatresz"
+                          << "txAlkatresz";
+    QTest::newRow("note") << "cmdMegjegyzes"
+                          << "txMegjegyzes";
+  }
+  void aQuickAddAnsweredNoAtTheFirstQuestionAsksAndAddsNothing() {
+    QFETCH(QString, button);
+    QFETCH(QString, field);
+    MainScreen main;
+    main.folder.write("alkatr.dat", padded("Olajsz", 50));
+    main.folder.write("megjegyz.dat", padded("Olajsz", 50));
+    main.open();
+    main.type(qPrintable(field), "olajsz");
+    BoxScript boxes({QMessageBox::No});
+    main.press(qPrintable(button));
+    QCOMPARE(boxes.seen.size(), 1);
+    QCOMPARE(main.folder.read("alkatr.dat").size(), std::size_t{50});
+    QCOMPARE(main.folder.read("megjegyz.dat").size(), std::size_t{50});
+    QCOMPARE(main.combo(qPrintable(field))->currentText().toLower(), QString("olajsz"));
+  }
+
+  void theWindowStandsInTheMiddleOfItsDisplay() {
+    MainScreen main;
+    main.open();
+    const QPoint off =
+        main.screen->frameGeometry().center() - main.screen->screen()->availableGeometry().center();
+    QVERIFY2(qAbs(off.x()) <= 8 && qAbs(off.y()) <= 40,
+             qPrintable(QString("%1 %2").arg(off.x()).arg(off.y())));
+  }
+
+  void aModificationLeavesTheDayOfAnEntry_data() {
+    QTest::addColumn<int>("year");
+    for (const int year : {100, 1600, 1752, 9999}) QTest::addRow("%d", year) << year;
+  }
+  void aModificationLeavesTheDayOfAnEntry() {
+    QFETCH(int, year);
+    std::vector<core::NapiAdat> entries = threeEntries();
+    entries[1].Datum = core::toStored(core::dayOf({year, 9, 13}));
+    Car main(entries);
+    const auto storedDay = [&] { return main.folder.read("ABC123/napiadat.dat").substr(156 + 4, 8); };
+    const std::string before = storedDay();
+    main.clickRow(1);
+    QCOMPARE(main.find<QDateEdit>("DTPicker1")->date(), QDate(year, 9, 13));
+    BoxScript boxes({QMessageBox::Yes});
+    main.press("cmd_modosit");
+    QVERIFY(storedDay() == before);
+  }
+
+  void theFilterTakesEveryDayThatAnEntryCanHave() {
+    MainScreen main;
+    main.open();
+    const auto* day = main.find<QDateEdit>("DTPSzürö");
+    QCOMPARE(day->minimumDate(), QDate(100, 1, 1));
+    QCOMPARE(day->maximumDate(), QDate(9999, 12, 31));
+  }
+
+  void afterAModificationTheListKeepsItsPlaceAndNothingIsChosen() {
+    std::vector<core::NapiAdat> entries;
+    for (int i = 1; i <= 80; ++i) entries.push_back(fuelling({2024, 1, 1}, 1'000 * i, 100'000, true));
+    Car main(entries);
+    main.clickRow(50);
+    const int scrolled = main.list()->verticalScrollBar()->value();
+    QVERIFY(scrolled > 0);
+    BoxScript boxes({QMessageBox::Yes});
+    main.press("cmd_modosit");
+    QCOMPARE(main.list()->verticalScrollBar()->value(), scrolled);
+    QCOMPARE(main.list()->currentIndex().row(), 50);
+    QVERIFY(!main.list()->selectionModel()->hasSelection());
+    main.list()->setFocus();
+    QVERIFY(!main.find<QPushButton>("cmd_del")->isEnabled());
+    QTest::keyClick(main.list(), Qt::Key_Down);
+    QCOMPARE(main.edit("txKmOra")->text(), QString("52000"));
+  }
+
+  void aRecordingMakesTheTyreFileEvenWithoutADistance() {
+    Car main(std::vector<core::NapiAdat>{});
+    main.type("txKmOra", "1000");
+    BoxScript boxes({QMessageBox::Yes});
+    main.press("cmd_rogzit");
+    QVERIFY(main.folder.has("Gumik.dat"));
+    QCOMPARE(main.folder.read("Gumik.dat"), std::string());
+  }
+};
+
+TARVIK_SCREEN_TEST(FrmTarvikRulesTest)
+#include "frmTarvik_rules_test.moc"

@@ -1,0 +1,305 @@
+#include <QPainter>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QStandardPaths>
+#include <QtTest>
+#include <ctime>
+
+#include "core/machine_file_system.h"
+#include "tests/ui/print_desk.h"
+#include "tests/ui/screen_test.h"
+#include "ui/print/page_painter.h"
+
+using namespace tarvik;
+using namespace tarvik::test;
+
+namespace {
+
+constexpr auto kHeading = "Őszi lista, hűtővíz";
+
+QString outputOf(const QString& program, const QStringList& arguments) {
+  QProcess process;
+  process.start(program, arguments);
+  process.waitForFinished(60'000);
+  return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+bool hasPoppler() {
+  return !QStandardPaths::findExecutable("pdftotext").isEmpty();
+}
+
+QString textOf(const QString& pdf) {
+  return outputOf("pdftotext", {"-layout", pdf, "-"});
+}
+
+// Where a word stands on the first page, in millimetres from the paper's corner: left and right.
+std::pair<double, double> extentOf(const QString& word, const QString& pdf) {
+  const QRegularExpression line("xMin=\"([\\d.]+)\" yMin=\"[\\d.]+\" xMax=\"([\\d.]+)\" yMax=\"[\\d.]+\">" +
+                                QRegularExpression::escape(word) + "</word>");
+  const auto match = line.match(outputOf("pdftotext", {"-bbox", pdf, "-"}));
+  return {match.captured(1).toDouble() / 72 * 25.4, match.captured(2).toDouble() / 72 * 25.4};
+}
+
+}  // namespace
+
+class ListPrinterTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void initTestCase() {
+    QStandardPaths::setTestModeEnabled(true);
+    qputenv("CUPS_SERVER", "/nonexistent/cups.sock");  // no test reaches the machine's printers
+  }
+
+  void aMachineWithoutPrintingHasNoPrinterAndSaysWhyItRefuses() {
+    QCOMPARE(ui::machinePrinting().printer(), QString());
+    core::MachineFileSystem files;
+    const auto oneEmptyPage = [](const ui::Sheets& sheets) { return QPainter(&sheets.device).isActive(); };
+    QVERIFY(!ui::machinePrinting().print("Nappali", "Tarvik", files, oneEmptyPage).isEmpty());
+  }
+
+  void anEmptyListIsToldAndNothingIsPrinted() {
+    Bench bench(0);
+    bench.answers.box(QMessageBox::Ok);
+    QVERIFY(bench.print());
+    QVERIFY(bench.answers.allGiven());
+    QCOMPARE(bench.answers.texts,
+             QStringList({" H i b a !", "A listamező üres!\nÍgy nincs mit nyomtatni..."}));
+    QCOMPARE(bench.answers.icon, QMessageBox::Critical);
+    QVERIFY(bench.system.sent.isEmpty());
+  }
+
+  void theDefaultPrinterGetsTheListAtOnce() {
+    Bench bench(41);
+    bench.answers.heading(kHeading);
+    QVERIFY(bench.print());
+    QVERIFY(bench.answers.allGiven());
+    QCOMPARE(bench.answers.texts,
+             QStringList({"Listamező nyomtatása", "Kérem adja meg a fejléc szövegét..."}));
+    QCOMPARE(bench.system.sent, QStringList({"Nappali", "Tarvik ABC123"}));
+    QVERIFY(bench.folder.read("sent.pdf").starts_with("%PDF-"));
+  }
+
+  void theTextReadsBackFromThePdf() {
+    if (!hasPoppler()) QSKIP("pdftotext is missing");
+    Bench bench(41);
+    bench.answers.heading(kHeading);
+    QVERIFY(bench.print());
+    const QStringList pages = textOf(bench.path("sent.pdf")).split('\f');
+    QCOMPARE(pages.size(), 3);  // a form feed ends each of the two
+    for (int i = 0; i < 2; ++i) {
+      QVERIFY(pages[i].contains(kHeading));
+      for (const char* title :
+           {"Dátum", "Km. óra", "Tankolás", "Olajcsere", "L. szűrő", "Gyertya", "Alkatrész", "Megjegyzés"})
+        QVERIFY2(pages[i].contains(title), title);
+    }
+    QVERIFY(pages[0].contains(
+        QRegularExpression("2019\\.10\\.19\\. +205400 +51,29 +csere +Légszűrő +Árvíztűrő tükörfúrógép\n")));
+    QVERIFY(!pages[0].contains("összesen"));
+    QVERIFY(pages[1].contains(QRegularExpression("2019\\.11\\.28\\. +209400 +51,29\n")));
+    QVERIFY(pages[1].contains("Kilométer összesen: -4 000 km."));
+    QVERIFY(pages[1].contains(QRegularExpression("Tankolás összesen: +2 102,89 liter")));
+  }
+
+  void thePdfIsA4LandscapeAndMeasuresFromThePapersEdge() {
+    if (!hasPoppler()) QSKIP("pdftotext is missing");
+    Bench bench(1);
+    bench.answers.heading("Fejléc");
+    QVERIFY(bench.print());
+    const QString pdf = bench.path("sent.pdf");
+    QVERIFY(outputOf("pdfinfo", {pdf}).contains("842 x 595 pts (A4)"));
+    for (const auto& [word, xMm] : std::initializer_list<std::pair<const char*, double>>{{"Fejléc", 10},
+                                                                                         {"Dátum", 10},
+                                                                                         {"Km.", 30},
+                                                                                         {"Gyertya", 100},
+                                                                                         {"Megjegyzés", 190},
+                                                                                         {"205400", 30}})
+      QVERIFY2(qAbs(extentOf(word, pdf).first - xMm) < 0.3, word);
+    QVERIFY(outputOf("pdffonts", {pdf}).contains(QString(ui::pageFontFamily()).remove(' ')));
+  }
+
+  void anEmptyHeadingPrintsWithoutOne() {
+    if (!hasPoppler()) QSKIP("pdftotext is missing");
+    Bench bench(1);
+    bench.answers.heading("");
+    QVERIFY(bench.print());
+    QVERIFY(bench.answers.allGiven());
+    QVERIFY(textOf(bench.path("sent.pdf")).trimmed().startsWith("Dátum"));
+  }
+
+  void cancellingTheHeadingPrintsNothing() {
+    Bench bench(1);
+    bench.answers.headingCancelled();
+    QVERIFY(bench.print());
+    QVERIFY(bench.answers.allGiven());
+    QVERIFY(bench.system.sent.isEmpty());
+  }
+
+  void aRefusalIsToldInTheSystemsWords() {
+    Bench bench(1);
+    bench.system.refusal = "Destination \"Nappali\" is not accepting jobs.";
+    bench.answers.heading("");
+    bench.answers.box(QMessageBox::Ok);
+    QVERIFY(bench.print());
+    QVERIFY(bench.answers.allGiven());
+    QCOMPARE(
+        bench.answers.texts.mid(2),
+        QStringList({" H i b a !",
+                     "A nyomtatás nem sikerült (Nappali):\nDestination \"Nappali\" is not accepting jobs."}));
+    QCOMPARE(bench.answers.icon, QMessageBox::Critical);
+  }
+
+  void withoutAPrinterThePagesBecomeAPdf() {
+    Bench bench(3);
+    bench.system.name.clear();
+    bench.answers.heading("Fejléc");
+    bench.answers.box(QMessageBox::Yes);
+    bench.answers.fileName(bench.path("lista.pdf"));
+    QVERIFY(bench.print());
+    QVERIFY(bench.answers.allGiven());
+    QCOMPARE(bench.answers.texts.mid(2),
+             QStringList({"Listamező nyomtatása", "Nincs nyomtató ezen a gépen.\nElmented PDF-fájlba?",
+                          "ABC123_2026-11-21.pdf"}));
+    QCOMPARE(bench.answers.icon, QMessageBox::Question);
+    QCOMPARE(bench.answers.byDefault, QMessageBox::Yes);
+    QCOMPARE(bench.documents(), std::vector<std::string>{"lista.pdf"});
+    QVERIFY(bench.folder.read("lista.pdf").ends_with("%%EOF\n"));
+    if (hasPoppler()) QVERIFY(textOf(bench.path("lista.pdf")).contains("153,87 liter"));
+    QVERIFY(bench.system.sent.isEmpty());
+  }
+
+  void theNameGetsItsEndingWhenItHasNone() {
+    Bench bench(1);
+    bench.system.name.clear();
+    bench.answers.heading("");
+    bench.answers.box(QMessageBox::Yes);
+    bench.answers.fileName(bench.path("lista"));
+    QVERIFY(bench.print());
+    QCOMPARE(bench.documents(), std::vector<std::string>{"lista.pdf"});
+  }
+
+  void decliningThePdfChangesNothing() {
+    Bench bench(1);
+    bench.system.name.clear();
+    bench.answers.heading("");
+    bench.answers.box(QMessageBox::No);
+    QVERIFY(bench.print());
+    QVERIFY(bench.answers.allGiven());
+    QVERIFY(bench.documents().empty());
+  }
+
+  void cancellingTheFileNameChangesNothing() {
+    Bench bench(1);
+    bench.system.name.clear();
+    bench.answers.heading("");
+    bench.answers.box(QMessageBox::Yes);
+    bench.answers.fileCancelled();
+    QVERIFY(bench.print());
+    QVERIFY(bench.answers.allGiven());
+    QVERIFY(bench.documents().empty());
+  }
+
+  void aFailureOfTheFileIsToldAndLeavesTheOldOne_data() {
+    QTest::addColumn<int>("openError");
+    QTest::addColumn<int>("capacity");
+    QTest::addColumn<int>("syncError");
+    QTest::addColumn<int>("renameError");
+    QTest::addColumn<QString>("headline");
+    const int room = 1'000'000'000;
+    QTest::newRow("unwritable folder") << EACCES << room << 0 << 0 << "A fájl nem nyitható meg:";
+    QTest::newRow("full at once") << 0 << 0 << 0 << 0 << "A fájl nem írható (talán megtelt a lemez):";
+    QTest::newRow("full midway") << 0 << 5'000 << 0 << 0 << "A fájl nem írható (talán megtelt a lemez):";
+    QTest::newRow("not synced") << 0 << room << EIO << 0 << "A rendszer nem igazolta vissza a mentést:";
+    QTest::newRow("not renamed") << 0 << room << 0 << EPERM << "A fájl nem cserélhető le az új változatára:";
+  }
+
+  void aFailureOfTheFileIsToldAndLeavesTheOldOne() {
+    QFETCH(int, openError);
+    QFETCH(int, capacity);
+    QFETCH(int, syncError);
+    QFETCH(int, renameError);
+    QFETCH(QString, headline);
+    Bench bench(100);
+    bench.folder.write("lista.pdf", "the old one");
+    bench.disk.openError = openError;
+    bench.disk.capacity = capacity;
+    bench.disk.syncError = syncError;
+    bench.disk.renameError = renameError;
+    bench.system.name.clear();
+    bench.answers.heading("");
+    bench.answers.box(QMessageBox::Yes);
+    bench.answers.fileName(bench.path("lista.pdf"));
+    bench.answers.box(QMessageBox::Yes);  // replace the file
+    bench.answers.box(QMessageBox::Ok);
+    QVERIFY(!bench.print());
+    QVERIFY(bench.answers.allGiven());
+    QVERIFY2(bench.answers.texts.last().startsWith(headline + "\n" + bench.path("lista.pdf") + "\n"),
+             qPrintable(bench.answers.texts.last()));
+    QCOMPARE(bench.documents(), std::vector<std::string>{"lista.pdf"});
+    QCOMPARE(bench.folder.read("lista.pdf"), "the old one");
+  }
+
+  void aFullDiskSendsNothingToThePrinter() {
+    Bench bench(100);
+    bench.disk.capacity = 5'000;
+    bench.answers.heading("");
+    bench.answers.box(QMessageBox::Ok);
+    QVERIFY(!bench.print());
+    QVERIFY(bench.answers.allGiven());
+    QVERIFY(bench.system.sent.isEmpty());
+  }
+
+  void aWholeLogbookIsWrittenInSeconds() {
+    Bench bench(core::kHighestRecordNumber);
+    bench.answers.heading("Minden");
+    const std::clock_t before = std::clock();  // of the processor: the machine may be busy with others
+    QVERIFY(bench.print());
+    QVERIFY((std::clock() - before) / CLOCKS_PER_SEC < 20);
+    QCOMPARE(bench.system.sent.size(), 2);
+    if (hasPoppler())
+      QVERIFY(outputOf("pdfinfo", {bench.path("sent.pdf")}).contains(QRegularExpression("Pages: +820\n")));
+  }
+
+  void aLongPrintOutCanBeCancelled() {
+    Bench bench(core::kHighestRecordNumber);
+    bench.answers.heading("Minden");
+    bench.answers.progressCancelled();
+    bench.disk.onFirstWrite = showProgress;
+    QVERIFY(bench.print());
+    QVERIFY(bench.answers.allGiven());
+    QCOMPARE(bench.answers.texts.mid(2),
+             QStringList({"Listamező nyomtatása", "A lista oldalai készülnek...", "Mégse"}));
+    QVERIFY(bench.system.sent.isEmpty());
+  }
+
+  void whatCannotBeTakenBackIsPrintedToItsEndAndOffersNoCancelling() {
+    Bench bench(4'000);
+    OneWayPrintSystem system(bench.path("paper.pdf"));
+    bench.answers.heading("Minden");
+    bench.answers.expect<QProgressDialog>([](QProgressDialog& dialog) {
+      QVERIFY(!dialog.findChild<QPushButton*>());
+      dialog.close();
+    });
+    ui::printList(bench.context, bench.plate, allRows(4'000), &bench.window, system);
+    QVERIFY(bench.answers.allGiven());
+    QVERIFY(system.isDrawn);
+    if (hasPoppler())
+      QVERIFY(outputOf("pdfinfo", {bench.path("paper.pdf")}).contains(QRegularExpression("Pages: +100\n")));
+  }
+
+  void aCancelledPdfLeavesNothingBehind() {
+    Bench bench(core::kHighestRecordNumber);
+    bench.system.name.clear();
+    bench.answers.heading("Minden");
+    bench.answers.box(QMessageBox::Yes);
+    bench.answers.fileName(bench.path("lista.pdf"));
+    bench.answers.progressCancelled();
+    bench.disk.onFirstWrite = showProgress;
+    QVERIFY(bench.print());
+    QVERIFY(bench.answers.allGiven());
+    QVERIFY(bench.documents().empty());
+  }
+};
+
+TARVIK_SCREEN_TEST(ListPrinterTest)
+#include "list_printer_test.moc"

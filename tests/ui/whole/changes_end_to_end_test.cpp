@@ -1,0 +1,314 @@
+#include <QAbstractItemView>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+#include <algorithm>
+#include <memory>
+
+#include "core/machine_file_system.h"
+#include "repairs/repair_log.h"
+#include "tests/reminders/builders.h"
+#include "tests/support/fixed_clock.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/ui/box_script.h"
+#include "tests/ui/breakable_files.h"
+#include "tests/ui/screen_test.h"
+#include "tyres/tyre_set.h"
+#include "ui/main/frmTarvik.h"
+#include "ui/windows/figy.h"
+#include "ui/windows/frmDatumFigyelmeztetes.h"
+#include "ui/windows/frmGumik.h"
+#include "ui/windows/frmSetup.h"
+#include "ui/windows/frmSzerviz.h"
+#include "ui/windows/riaszt.h"
+
+// Every change that the screens offer, with a disk that breaks at the save or at the listing after it: what
+// is said is what happened, the list is read anew, and nothing is chosen in it.
+
+namespace tarvik::test {
+namespace {
+
+using Boxes = QList<QMessageBox::StandardButton>;
+
+const QString kPlate = QStringLiteral("ABC-123");
+
+/// A household with two records of everything, on a disk that a test can break.
+struct House {
+  House() {
+    folder.makeFolder("ABC-123");
+    folder.write("ABC-123/napiadat.dat", fileOf({entry(10'000, 41'410), entry(10'500, 41'420)}));
+    folder.write("rendsz.dat", "ABC-123 " + std::string("\x2d\0", 2) + "DEF-456 " + std::string("\x28\0", 2));
+    folder.write("set.dat", std::string(2, '\xFF') + padded("ABC-123", 10));
+    folder.write("alkatr.dat", padded("Ablak", 50) + padded("Fék", 50));
+    folder.write("megjegyz.dat", padded("Tankolás", 50) + padded("Mosás", 50));
+    folder.write("figyel.dat", fileOf({kmReminder(1'000, 500, "Olaj", "ABC-123"),
+                                       kmReminder(1'000, 600, "Fék", "ABC-123")}));
+    folder.write("figyDatum.dat", fileOf({dateReminder(1, "Adó", "A"), dateReminder(2, "Műszaki", "A")}));
+    folder.write("Gumik.dat", fileOf({tyreSet("a"), tyreSet("b")}));
+    folder.write("Szerviz.dat", fileOf({repair("a"), repair("b")}));
+    context.state.currentReading = 10'500;
+  }
+  static tyres::TyreSet tyreSet(const char* type) {
+    tyres::TyreSet set;
+    set.plate = core::FixedText<10>("ABC-123");
+    set.type = core::FixedText<30>(type);
+    set.maxKm = 40'000;
+    return set;
+  }
+  static repairs::Repair repair(const char* description) {
+    repairs::Repair made;
+    made.plate = core::FixedText<10>("ABC-123");
+    made.description = core::FixedText<80>(description);
+    return made;
+  }
+
+  TemporaryFolder folder;
+  core::MachineFileSystem disk;
+  BreakableFiles files{disk};
+  FixedClock clock{{.year = 2013, .month = 7, .day = 5}};
+  ui::Context context{files, {folder.path(), folder.path()}, clock, "1.0.0"};
+};
+
+template <typename Screen>
+std::unique_ptr<QWidget> opened(House& house) {
+  if constexpr (std::is_same_v<Screen, ui::frmTarvik>) {
+    house.folder.write("figyDatum.dat", "");  // nothing due, so that no alert opens first
+    auto screen = std::make_unique<ui::frmTarvik>(house.context);
+    screen->load();
+    return screen;
+  } else if constexpr (std::is_same_v<Screen, ui::frmSetup>) {
+    return std::make_unique<ui::frmSetup>(house.context, QPoint(), nullptr);
+  } else if constexpr (std::is_same_v<Screen, ui::frmDatumFigyelmeztetes>) {
+    return std::make_unique<Screen>(house.context, nullptr);
+  } else if constexpr (std::is_same_v<Screen, ui::frmGumik> || std::is_same_v<Screen, ui::frmSzerviz>) {
+    return std::make_unique<Screen>(house.context, kPlate, QStringList{kPlate}, nullptr);
+  } else {
+    return std::make_unique<Screen>(house.context, kPlate, nullptr);
+  }
+}
+
+/// A change that a screen offers.
+struct Offer {
+  const char* name;
+  std::unique_ptr<QWidget> (*open)(House&);
+  const char* list;      ///< what lists it; the second row is chosen before
+  const char* button;    ///< what makes it
+  const char* deletion;  ///< what must not be left to delete by
+  QString done;          ///< the sentence that says that it is made; empty when nothing is listed after it
+  Boxes answers = {};    ///< to what is asked before
+  std::vector<std::pair<const char*, QString>> fields = {};  ///< what is typed before
+};
+
+const Boxes kYes{QMessageBox::Yes};
+
+const std::vector<Offer>& offers() {
+  static const QString kReminderIn = "A figyelmeztetés rögzítve van.";
+  static const QString kReminderOut = "A figyelmeztetés törölve van.";
+  static const QString kTextOut = "A tétel törölve van.";
+  static const std::vector<Offer> all{
+      {"entry recorded", opened<ui::frmTarvik>, "ListView1", "cmd_rogzit", "cmd_del",
+       "A bejegyzés rögzítve van.", kYes},
+      {"entry modified", opened<ui::frmTarvik>, "ListView1", "cmd_modosit", "cmd_del",
+       "A bejegyzés módosítva van.", kYes},
+      {"entry deleted", opened<ui::frmTarvik>, "ListView1", "cmd_del", "cmd_del", "A bejegyzés törölve van.",
+       kYes},
+      {"tyres fitted", opened<ui::frmGumik>, "ListViewGumi", "cmdGumiFel", "cmdGumiDel",
+       "A gumi fel van szerelve."},
+      {"tyres changed", opened<ui::frmGumik>, "ListViewGumi", "cmdGumiModosit", "cmdGumiDel",
+       "A gumi adatai módosítva vannak."},
+      {"tyres deleted", opened<ui::frmGumik>, "ListViewGumi", "cmdGumiDel", "cmdGumiDel",
+       "A gumi törölve van."},
+      {"tyres recorded", opened<ui::frmGumik>, "ListViewGumi", "cmdGumiRogzites", "cmdGumiDel", ""},
+      {"repair recorded", opened<ui::frmSzerviz>, "ListViewSzerviz", "cmdRogzitSzerviz", "cmdDelSzerviz",
+       "A javítás rögzítve van."},
+      {"repair deleted", opened<ui::frmSzerviz>, "ListViewSzerviz", "cmdDelSzerviz", "cmdDelSzerviz",
+       "A javítás törölve van."},
+      {"km reminder recorded", opened<ui::figy>, "ListView1", "cmd_rogzit", nullptr, kReminderIn, kYes},
+      {"km reminder deleted", opened<ui::figy>, "ListView1", "cmd_del", nullptr, kReminderOut, kYes},
+      {"date reminder recorded", opened<ui::figy>, "ListView2", "cmdRogzit2", nullptr, kReminderIn, kYes},
+      {"date reminder deleted", opened<ui::figy>, "ListView2", "cmdDel2", nullptr, kReminderOut, kYes},
+      {"alert deleted", opened<ui::riaszt>, "List1", "cmd_torles", nullptr, kReminderOut},
+      {"due date deleted", opened<ui::frmDatumFigyelmeztetes>, "ListView1", "cmdDel", nullptr, "", kYes},
+      {"vehicle added",
+       opened<ui::frmSetup>,
+       "List1",
+       "cmdRendszamFelvesz",
+       "cmdRendszamDel",
+       "A rendszám fel van véve.",
+       {},
+       {{"txRendszam", "GHI-789"}, {"txTank", "40"}}},
+      {"vehicle deleted", opened<ui::frmSetup>, "List1", "cmdRendszamDel", "cmdRendszamDel",
+       "A rendszám törölve van."},
+      {"part name deleted", opened<ui::frmSetup>, "listAlkatr", "cmdAlkatrDel", "cmdAlkatrDel", kTextOut,
+       kYes},
+      {"note deleted", opened<ui::frmSetup>, "listMegj", "cmdMegjDel", "cmdMegjDel", kTextOut, kYes},
+  };
+  return all;
+}
+
+/// A screen with the second row of its list chosen and its fields filled.
+struct Opened {
+  Opened(House& house, const Offer& made) : offer(made), screen(made.open(house)) {
+    screen->show();
+    list = screen->findChild<QAbstractItemView*>(offer.list);
+    const QModelIndex second = list->model()->index(1, 0);
+    list->selectionModel()->setCurrentIndex(second,
+                                            QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    for (const auto& [name, text] : offer.fields) screen->findChild<QLineEdit*>(name)->setText(text);
+  }
+  void press() { screen->findChild<QPushButton*>(offer.button)->click(); }
+  bool offersDeletion() {
+    return offer.deletion != nullptr && screen->findChild<QPushButton*>(offer.deletion)->isEnabled();
+  }
+
+  // The buttons left that act on what is chosen in a list; those of the alerts, which are never disabled,
+  // aside.
+  QStringList offeredOnChosen() {
+    QStringList offered;
+    for (const char* name :
+         {"cmd_modosit", "cmd_del", "cmdDel2", "cmdGumiDel", "cmdGumiModositKeret", "cmdGumiFel", "cmdGumiLe",
+          "cmdDelSzerviz", "cmdRendszamDel", "cmdAlkatrDel", "cmdMegjDel"}) {
+      const auto* button = screen->findChild<QPushButton*>(name);
+      if (button != nullptr && button->isEnabled()) offered << name;
+    }
+    return offered;
+  }
+
+  const Offer& offer;
+  std::unique_ptr<QWidget> screen;
+  QAbstractItemView* list;
+};
+
+/// The changes of a record that was chosen, with the file that holds it.
+struct OfferOnRecord {
+  const char* offer;
+  const char* file;
+  std::size_t recordLength;
+};
+constexpr OfferOnRecord kOnRecords[] = {{"entry modified", "ABC-123/napiadat.dat", 156},
+                                        {"entry deleted", "ABC-123/napiadat.dat", 156},
+                                        {"tyres fitted", "Gumik.dat", 71},
+                                        {"tyres changed", "Gumik.dat", 71},
+                                        {"tyres deleted", "Gumik.dat", 71},
+                                        {"repair deleted", "Szerviz.dat", 186},
+                                        {"km reminder deleted", "figyel.dat", 68},
+                                        {"date reminder deleted", "figyDatum.dat", 68},
+                                        {"alert deleted", "figyel.dat", 68},
+                                        {"due date deleted", "figyDatum.dat", 68},
+                                        {"vehicle deleted", "rendsz.dat", 10},
+                                        {"part name deleted", "alkatr.dat", 50},
+                                        {"note deleted", "megjegyz.dat", 50}};
+
+// What another program may do to a file of two records meanwhile.
+void exchangeRecords(const House& house, const OfferOnRecord& made) {
+  const std::string contents = house.folder.read(made.file);
+  house.folder.write(made.file, contents.substr(made.recordLength) + contents.substr(0, made.recordLength));
+}
+
+void addOffers() {
+  QTest::addColumn<int>("index");
+  for (std::size_t i = 0; i < offers().size(); ++i) QTest::newRow(offers()[i].name) << static_cast<int>(i);
+}
+
+}  // namespace
+
+class ChangesEndToEndTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void aListingThatFailsAfterAChangeSaysThatItIsMade_data() { addOffers(); }
+  void aListingThatFailsAfterAChangeSaysThatItIsMade() {
+    QFETCH(int, index);
+    const Offer& offer = offers()[static_cast<std::size_t>(index)];
+    if (offer.done.isEmpty()) return;
+    House house;
+    Opened opened(house, offer);
+    BoxScript boxes(offer.answers);
+    house.files.cannotOpenAfterChange = true;
+    opened.press();
+    const auto said = [&](const SeenBox& box) { return box.text.contains("\n\n" + offer.done + " A lista"); };
+    QCOMPARE(std::count_if(boxes.seen.begin(), boxes.seen.end(), said), 1);
+    for (const SeenBox& box : boxes.seen) QVERIFY2(!box.text.contains("Semmi sem"), qPrintable(box.text));
+    QCOMPARE(opened.list->model()->rowCount(), 0);
+    QVERIFY(!opened.offersDeletion());
+  }
+
+  void anUnconfirmedSaveIsListedAnewBeforeItIsTold_data() { addOffers(); }
+  void anUnconfirmedSaveIsListedAnewBeforeItIsTold() {
+    QFETCH(int, index);
+    const Offer& offer = offers()[static_cast<std::size_t>(index)];
+    House house;
+    Opened opened(house, offer);
+    BoxScript boxes(offer.answers);
+    bool isRefilled = false;
+    connect(opened.list->model(), &QAbstractItemModel::modelReset, this,
+            [&] { isRefilled = boxes.seen.size() == offer.answers.size(); });
+    house.files.cannotSync = true;
+    opened.press();
+    QCOMPARE(boxes.seen.size(), offer.answers.size() + 1);
+    QVERIFY2(boxes.seen.last().text.contains("Nézd meg a listát"), qPrintable(boxes.seen.last().text));
+    QVERIFY(isRefilled);
+    QVERIFY(opened.list->model()->rowCount() > 0);
+    QVERIFY(!opened.list->selectionModel()->hasSelection());
+    QCOMPARE(opened.offeredOnChosen(), QStringList());
+    QVERIFY(opened.screen->isVisible());
+  }
+
+  void aRecordThatIsAnotherByNowStaysAndTheListIsReadAnew_data() {
+    QTest::addColumn<int>("index");
+    for (std::size_t i = 0; i < std::size(kOnRecords); ++i)
+      QTest::newRow(kOnRecords[i].offer) << static_cast<int>(i);
+  }
+  void aRecordThatIsAnotherByNowStaysAndTheListIsReadAnew() {
+    QFETCH(int, index);
+    const OfferOnRecord& made = kOnRecords[index];
+    const auto offer = std::ranges::find(offers(), std::string_view(made.offer), &Offer::name);
+    House house;
+    Opened opened(house, *offer);
+    exchangeRecords(house, made);
+    const std::string exchanged = house.folder.read(made.file);
+    BoxScript boxes(offer->answers);
+    QSignalSpy refilled(opened.list->model(), &QAbstractItemModel::modelReset);
+    opened.press();
+    QCOMPARE(boxes.seen.size(), offer->answers.size() + 1);
+    QVERIFY2(boxes.seen.last().text.contains("Az adatok közben máshol megváltoztak"),
+             qPrintable(boxes.seen.last().text));
+    QVERIFY(house.folder.read(made.file) == exchanged);
+    QVERIFY(!refilled.isEmpty());
+    QVERIFY(opened.list->model()->rowCount() > 0);
+    QVERIFY(!opened.list->selectionModel()->hasSelection());
+    QCOMPARE(opened.offeredOnChosen(), QStringList());
+  }
+
+  void aSwitchWhoseSaveIsNotConfirmedSaysThatItStayed() {
+    House house;
+    const auto screen = opened<ui::frmTarvik>(house);
+    auto* const box = screen->findChild<QCheckBox*>("Check1");
+    const bool before = box->isChecked();
+    BoxScript boxes;
+    house.files.cannotSync = true;
+    box->click();
+    QCOMPARE(boxes.seen.size(), 1);
+    QVERIFY2(boxes.seen[0].text.endsWith("\n\nA kapcsoló úgy maradt, ahogy volt."),
+             qPrintable(boxes.seen[0].text));
+    QCOMPARE(box->isChecked(), before);
+  }
+
+  void aSavedChangeIsListedWithoutAWord_data() { addOffers(); }
+  void aSavedChangeIsListedWithoutAWord() {
+    QFETCH(int, index);
+    const Offer& offer = offers()[static_cast<std::size_t>(index)];
+    House house;
+    Opened opened(house, offer);
+    BoxScript boxes(offer.answers);
+    opened.press();
+    QCOMPARE(boxes.seen.size(), offer.answers.size());
+  }
+};
+
+}  // namespace tarvik::test
+
+TARVIK_SCREEN_TEST(tarvik::test::ChangesEndToEndTest)
+#include "changes_end_to_end_test.moc"

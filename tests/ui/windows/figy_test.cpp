@@ -1,0 +1,483 @@
+#include "ui/windows/figy.h"
+
+#include <QAction>
+#include <QDateEdit>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QScreen>
+#include <QTabWidget>
+#include <filesystem>
+
+#include "tests/ui/reminder_desk.h"
+#include "tests/ui/screen_test.h"
+
+namespace tarvik {
+namespace {
+
+using test::clickRow;
+using test::dateReminder;
+using test::deletedKmReminder;
+using test::entry;
+using test::fileOf;
+using test::kmReminder;
+using test::part;
+using test::rowsOf;
+using test::shownText;
+
+const QString kRecordTitle = QStringLiteral(" Rögzítés az adatállományban !");
+const test::SeenBox kDeleteQuestion = test::questionBox(
+    test::kDeleteTitle, QStringLiteral("Biztos TÖRÖLHETŐ\na listán kijelölt tétel ?"), QMessageBox::No);
+const QString kPlaceholder = QStringLiteral(" |Nincs figyelmeztetés...| | ");
+
+reminders::FigyelRec recordedToday(std::int32_t reading, std::int32_t after, std::string_view text) {
+  reminders::FigyelRec reminder = kmReminder(reading, after, text, "ABC-123");
+  reminder.RogzDatum = core::FixedText<10>("2013.07.05");
+  return reminder;
+}
+
+/// The entry screen over a desk, for the vehicle whose plate stands on the main screen with a space.
+struct Figy {
+  explicit Figy(test::ReminderDesk& desk) : screen(desk.context, QStringLiteral("ABC-123 "), nullptr) {
+    screen.show();
+    if (!QTest::qWaitForWindowActive(&screen)) QTest::qFail("the screen did not come up", __FILE__, __LINE__);
+  }
+
+  QLineEdit* field(const char* name) const { return part<QLineEdit>(screen, name); }
+  QLabel* label(const char* name) const { return part<QLabel>(screen, name); }
+  QPushButton* button(const char* name) const { return part<QPushButton>(screen, name); }
+  ui::ListView& kmList() const { return *part<ui::ListView>(screen, "ListView1"); }
+  ui::ListView& dateList() const { return *part<ui::ListView>(screen, "ListView2"); }
+  QDateEdit* picker() const { return part<QDateEdit>(screen, "DTPMikor"); }
+
+  void openTab(int tab) const { test::openPage(*part<QTabWidget>(screen, "SSTab1"), tab); }
+  void press(const char* name) const { test::press(*button(name)); }
+  test::SeenBox pressAndAnswer(const char* name, QMessageBox::StandardButton answer) const {
+    test::BoxScript boxes({answer});
+    press(name);
+    return boxes.seen.value(0);
+  }
+  void enterKm(const QString& reading, const QString& after, const QString& text) const {
+    test::typeInto(*field("tx_km_allas"), reading);
+    test::typeInto(*field("tx_km_mulva"), after);
+    test::typeInto(*field("tx_szoveg"), text);
+  }
+  QStringList estimate() const {
+    return {field("tx_atlag_km")->text(), label("lb_varh_datum")->text(), label("Label2")->text(),
+            label("Label3")->isVisible() ? label("Label3")->text() : QString()};
+  }
+
+  ui::figy screen;
+};
+
+class FigyTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void opensInTheMiddleWithTodayAndBothLists() {
+    test::ReminderDesk desk;
+    desk.storeKm({kmReminder(1, 2, "Olaj", "ABC-123")});
+    desk.storeDates({dateReminder(3, "Adó", "DEF-456")});
+    const Figy figy(desk);
+    QCOMPARE(figy.screen.windowTitle(), QStringLiteral("Figyelmeztetés Felvitele"));
+    QVERIFY(test::isCentred(figy.screen));
+    QCOMPARE(figy.picker()->date(), QDate(2013, 7, 5));
+    QCOMPARE(figy.picker()->text(), QStringLiteral("2013.07.05."));
+    QCOMPARE(rowsOf(figy.kmList()), QStringList{"2013.06.01|" + shownText("Olaj") + "|ABC-123   |1"});
+    QCOMPARE(rowsOf(figy.dateList()), QStringList{"2013.07.08.|" + shownText("Adó") + "|DEF-456   |1"});
+    QVERIFY(figy.kmList().isColumnHidden(3));
+  }
+
+  void opensWithNothingToDeleteAndNoWarning() {
+    test::ReminderDesk desk;
+    const Figy figy(desk);
+    QVERIFY(!figy.button("cmd_del")->isEnabled());
+    QVERIFY(!figy.button("cmdDel2")->isEnabled());
+    QVERIFY(!figy.label("Label3")->isVisible());
+  }
+
+  void hasTheTabsAndColumnsThatItShould() {
+    test::ReminderDesk desk;
+    const Figy figy(desk);
+    const auto* tabs = part<QTabWidget>(figy.screen, "SSTab1");
+    QCOMPARE(tabs->tabText(0), QStringLiteral("Kilométer"));
+    QCOMPARE(tabs->tabText(1), QStringLiteral("Dátum"));
+    for (const ui::ListView* list : {&figy.kmList(), &figy.dateList()}) {
+      QCOMPARE(list->model()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Dátum"));
+      QCOMPARE(list->model()->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Szöveg"));
+      QCOMPARE(list->model()->headerData(2, Qt::Horizontal).toString(), QStringLiteral("Rendszám"));
+    }
+  }
+
+  void missingFilesAreCreatedEmptyAndListedAsPlaceholders() {
+    test::ReminderDesk desk;
+    const Figy figy(desk);
+    QCOMPARE(rowsOf(figy.kmList()), QStringList{kPlaceholder});
+    QCOMPARE(rowsOf(figy.dateList()), QStringList{kPlaceholder});
+    QCOMPARE(desk.storedKm(), std::string());
+    QCOMPARE(desk.storedDates(), std::string());
+  }
+
+  void theMenuItemAndEscapeClose() {
+    test::ReminderDesk desk;
+    const Figy figy(desk);
+    auto* close = part<QAction>(figy.screen, "mnu_bezar");
+    QCOMPARE(close->text(), QStringLiteral("&Bezár"));
+    close->trigger();
+    QVERIFY(!figy.screen.isVisible());
+    Figy other(desk);
+    QTest::keyClick(&other.screen, Qt::Key_Escape);
+    QVERIFY(!other.screen.isVisible());
+  }
+
+  void enterRecordsOnTheTabThatIsOpenAndNeverDeletes() {
+    test::ReminderDesk desk;
+    const Figy figy(desk);
+    QVERIFY(figy.button("cmd_rogzit")->isDefault());
+    figy.openTab(1);
+    QVERIFY(figy.button("cmdRogzit2")->isDefault());
+    QVERIFY(!figy.button("cmd_rogzit")->isDefault());
+    QVERIFY(!figy.button("cmd_del")->autoDefault());
+    QVERIFY(!figy.button("cmdDel2")->autoDefault());
+  }
+
+  void recordingKmAsksAndNoLeavesTheFile() {
+    test::ReminderDesk desk;
+    const Figy figy(desk);
+    figy.enterKm("1000", "500", "Olaj");
+    const auto box = figy.pressAndAnswer("cmd_rogzit", QMessageBox::No);
+    QCOMPARE(box,
+             test::questionBox(kRecordTitle, "Biztos JÓK az adatok ?\nMehet a rögzítés ", QMessageBox::Yes));
+    QCOMPARE(desk.storedKm(), std::string());
+  }
+
+  void recordingKmAppendsAndListsIt() {
+    test::ReminderDesk desk;
+    desk.storeKm({deletedKmReminder("ABC-123")});
+    const Figy figy(desk);
+    figy.enterKm("12 000", "500", "Olaj");
+    figy.pressAndAnswer("cmd_rogzit", QMessageBox::Yes);
+    QCOMPARE(desk.storedKm(), fileOf({deletedKmReminder("ABC-123"), recordedToday(12000, 500, "Olaj")}));
+    QCOMPARE(rowsOf(figy.kmList()), QStringList{"2013.07.05|" + shownText("Olaj") + "|ABC-123   |2"});
+  }
+
+  void recordingKmWithAnEmptyTextOverwritesRecordOne() {
+    test::ReminderDesk desk;
+    const auto second = kmReminder(3, 4, "Fék", "DEF-456");
+    desk.storeKm({kmReminder(1, 2, "Olaj", "ABC-123"), second});
+    const Figy figy(desk);
+    figy.enterKm("1000", "nem szám", " ");
+    figy.pressAndAnswer("cmd_rogzit", QMessageBox::Yes);
+    QCOMPARE(desk.storedKm(), fileOf({recordedToday(1000, 2, ""), second}));
+    QCOMPARE(rowsOf(figy.kmList()).size(), 1);
+  }
+
+  void aRecordingThatCannotBeSavedIsTold() {
+    test::ReminderDesk desk;
+    desk.storeKm({kmReminder(1, 2, "Olaj", "ABC-123")});
+    const std::string before = desk.storedKm();
+    const Figy figy(desk);
+    std::filesystem::permissions(desk.current / "figyel.dat", std::filesystem::perms::owner_read);
+    figy.enterKm("1000", "500", "Fék");
+    test::BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
+    figy.press("cmd_rogzit");
+    QCOMPARE(boxes.seen.size(), 2);
+    QCOMPARE(boxes.seen[1].title, test::kErrorTitle);
+    QCOMPARE(boxes.seen[1].icon, QMessageBox::Critical);
+    QCOMPARE(desk.storedKm(), before);
+    QCOMPARE(figy.field("tx_szoveg")->text(), QStringLiteral("Fék"));
+  }
+
+  void aClickShowsTheReminderAndItsEstimate() {
+    test::ReminderDesk desk;
+    desk.storeKm({deletedKmReminder("A"), kmReminder(10000, 5000, "Olaj", "DEF-456")});
+    desk.storeLogbook({entry(1, 1), entry(10500, 41410), entry(12000, 41440)});
+    const Figy figy(desk);
+    clickRow(figy.kmList(), 0);
+    QCOMPARE(desk.context.state.selectedReminder, 2);
+    QVERIFY(figy.button("cmd_del")->isEnabled());
+    QCOMPARE(figy.field("tx_szoveg")->text(), shownText("Olaj"));
+    QCOMPARE(figy.field("tx_km_allas")->text(), QStringLiteral("10 000"));
+    QCOMPARE(figy.field("tx_km_mulva")->text(), QStringLiteral("5 000"));
+    QCOMPARE(figy.estimate(), (QStringList{"50", "2013.09.03.", "Kedd", ""}));
+  }
+
+  void theKeyboardChoosesARowToo() {
+    test::ReminderDesk desk;
+    desk.storeKm({kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A")});
+    const Figy figy(desk);
+    clickRow(figy.kmList(), 0);
+    QTest::keyClick(&figy.kmList(), Qt::Key_Down);
+    QCOMPARE(desk.context.state.selectedReminder, 2);
+    QCOMPARE(figy.field("tx_szoveg")->text(), shownText("Fék"));
+  }
+
+  void aPassedReminderShowsTheWarningUntilTheNextClick() {
+    test::ReminderDesk desk;
+    desk.storeKm({kmReminder(10000, 1500, "Olaj", "A"), kmReminder(10000, 5000, "Fék", "A")});
+    desk.storeLogbook({entry(1, 1), entry(10500, 41410), entry(12000, 41440)});
+    const Figy figy(desk);
+    clickRow(figy.kmList(), 0);
+    QCOMPARE(figy.estimate(), (QStringList{"50", "2013.06.25.", "Kedd", "Volt az ideje!!!"}));
+    clickRow(figy.kmList(), 1);
+    QCOMPARE(figy.estimate(), (QStringList{"50", "2013.09.03.", "Kedd", ""}));
+  }
+
+  void anEstimateThatCannotBeMadeKeepsWhatWasShown() {
+    test::ReminderDesk desk;
+    desk.storeKm({kmReminder(10000, 5000, "Olaj", "A")});
+    desk.storeLogbook({entry(1, 1), entry(10500, 41410), entry(12000, 41440)});
+    const Figy figy(desk);
+    clickRow(figy.kmList(), 0);
+    const QStringList before = figy.estimate();
+    desk.storeLogbook({entry(1, 1), entry(10500, 41440), entry(12000, 41440)});
+    clickRow(figy.kmList(), 0);
+    QCOMPARE(figy.estimate(), before);
+    desk.storeLogbook({});
+    clickRow(figy.kmList(), 0);
+    QCOMPARE(figy.estimate(), before);
+    desk.storeLogbook({entry(0, 41410)});
+    clickRow(figy.kmList(), 0);
+    QCOMPARE(figy.estimate(), before);
+    std::filesystem::remove_all(desk.program / "ABC-123");
+    clickRow(figy.kmList(), 0);
+    QCOMPARE(figy.estimate(), before);
+  }
+
+  void anAverageOfZeroIsShownAndTheDateStays() {
+    test::ReminderDesk desk;
+    desk.storeKm({kmReminder(10000, 5000, "Olaj", "A")});
+    desk.storeLogbook({entry(1, 1), entry(10500, 41410), entry(12000, 41440)});
+    const Figy figy(desk);
+    clickRow(figy.kmList(), 0);
+    desk.storeLogbook({entry(1, 1), entry(11990, 41410), entry(12000, 41440)});
+    clickRow(figy.kmList(), 0);
+    QCOMPARE(figy.estimate(), (QStringList{"0", "2013.09.03.", "Kedd", ""}));
+  }
+
+  void aClickOnThePlaceholderSelectsAndEnablesNothing() {
+    test::ReminderDesk desk;
+    desk.context.state.selectedReminder = 7;
+    const Figy figy(desk);
+    clickRow(figy.kmList(), 0);
+    QCOMPARE(desk.context.state.selectedReminder, 0);
+    QVERIFY(!figy.button("cmd_del")->isEnabled());
+    QCOMPARE(figy.field("tx_szoveg")->text(), QString());
+    figy.openTab(1);
+    clickRow(figy.dateList(), 0);
+    QVERIFY(!figy.button("cmdDel2")->isEnabled());
+  }
+
+  void deletingKmAsksAndNoLeavesEverything() {
+    test::ReminderDesk desk;
+    desk.storeKm({kmReminder(1, 2, "Olaj", "A")});
+    const std::string before = desk.storedKm();
+    const Figy figy(desk);
+    clickRow(figy.kmList(), 0);
+    const auto box = figy.pressAndAnswer("cmd_del", QMessageBox::No);
+    QCOMPARE(box, kDeleteQuestion);
+    QCOMPARE(desk.storedKm(), before);
+    QCOMPARE(desk.context.state.selectedReminder, 1);
+    QCOMPARE(figy.field("tx_szoveg")->text(), shownText("Olaj"));
+  }
+
+  void deletingKmBlanksTheSlotAndTheFields() {
+    test::ReminderDesk desk;
+    const auto first = kmReminder(10000, 1500, "Olaj", "ABC-123");
+    desk.storeKm({first, kmReminder(10000, 1500, "Fék", "DEF-456")});
+    desk.storeLogbook({entry(1, 1), entry(10500, 41410), entry(12000, 41440)});
+    const Figy figy(desk);
+    clickRow(figy.kmList(), 1);
+    figy.pressAndAnswer("cmd_del", QMessageBox::Yes);
+    QCOMPARE(desk.storedKm(), fileOf({first, deletedKmReminder("DEF-456")}));
+    QCOMPARE(rowsOf(figy.kmList()), QStringList{"2013.06.01|" + shownText("Olaj") + "|ABC-123   |1"});
+    for (const char* name : {"tx_szoveg", "tx_km_allas", "tx_km_mulva"})
+      QCOMPARE(figy.field(name)->text(), QString());
+    QCOMPARE(figy.estimate(), (QStringList{"50", "", "", ""}));
+    QCOMPARE(desk.context.state.selectedReminder, 0);
+    QVERIFY(!figy.button("cmd_del")->isEnabled());
+  }
+
+  void deletingWithNothingSelectedIsTold() {
+    test::ReminderDesk desk;
+    desk.storeKm({kmReminder(1, 2, "Olaj", "A")});
+    desk.storeDates({dateReminder(1, "Adó", "A")});
+    const std::string before = desk.storedKm();
+    const Figy figy(desk);
+    clickRow(figy.kmList(), 0);
+    figy.openTab(1);
+    clickRow(figy.dateList(), 0);
+    desk.context.state.selectedReminder = 0;
+    QCOMPARE(figy.pressAndAnswer("cmdDel2", QMessageBox::Ok),
+             test::errorBox(test::kErrorTitle, test::kNothingSelected));
+    figy.openTab(0);
+    QCOMPARE(figy.pressAndAnswer("cmd_del", QMessageBox::Ok),
+             test::errorBox(test::kErrorTitle, test::kNothingSelected));
+    QCOMPARE(desk.storedKm(), before);
+  }
+
+  void bothTabsDeleteTheRowChosenLastOnEither() {
+    test::ReminderDesk desk;
+    const auto first = dateReminder(1, "Adó", "A");
+    desk.storeKm({kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A")});
+    desk.storeDates({first, dateReminder(2, "Műszaki", "A")});
+    const Figy figy(desk);
+    figy.openTab(1);
+    clickRow(figy.dateList(), 0);
+    figy.openTab(0);
+    clickRow(figy.kmList(), 1);
+    figy.openTab(1);
+    figy.pressAndAnswer("cmdDel2", QMessageBox::Yes);
+    QCOMPARE(desk.storedDates(), fileOf({first}));
+    QVERIFY(figy.button("cmd_del")->isEnabled());
+  }
+
+  void eachListHighlightsTheRowThatItsButtonWouldDelete() {
+    test::ReminderDesk desk;
+    desk.storeKm(
+        {kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A"), kmReminder(5, 6, "Szűrő", "A")});
+    desk.storeDates({dateReminder(1, "Adó", "A"), dateReminder(2, "Műszaki", "A")});
+    desk.context.state.selectedReminder = 1;
+    const Figy figy(desk);
+    const auto highlighted = [&] {
+      return QStringList{figy.kmList().highlightedRecord(), figy.dateList().highlightedRecord()};
+    };
+    QCOMPARE(highlighted(), (QStringList{"", ""}));  // no button is enabled yet
+    clickRow(figy.kmList(), 0);
+    QCOMPARE(highlighted(), (QStringList{"1", ""}));
+    figy.openTab(1);
+    clickRow(figy.dateList(), 1);
+    QCOMPARE(highlighted(), (QStringList{"2", "2"}));
+    figy.openTab(0);
+    clickRow(figy.kmList(), 2);
+    QCOMPARE(highlighted(), (QStringList{"3", ""}));
+    figy.enterKm("1", "2", "Akku");
+    figy.pressAndAnswer("cmd_rogzit", QMessageBox::Yes);
+    QCOMPARE(highlighted(), (QStringList{"3", ""}));
+    figy.pressAndAnswer("cmd_del", QMessageBox::Yes);
+    QCOMPARE(highlighted(), (QStringList{"", ""}));
+    QCOMPARE(desk.context.state.selectedReminder, 0);
+  }
+
+  void deletingARowThatIsGoneLeavesTheFields() {
+    test::ReminderDesk desk;
+    desk.storeKm({kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A")});
+    const Figy figy(desk);
+    clickRow(figy.kmList(), 1);
+    desk.storeKm({kmReminder(1, 2, "Olaj", "A")});
+    test::BoxScript boxes({QMessageBox::Yes});
+    figy.press("cmd_del");
+    QCOMPARE(boxes.seen.size(), 2);
+    QVERIFY(boxes.seen[1].text.startsWith("Az adatok közben máshol megváltoztak"));
+    QCOMPARE(figy.field("tx_szoveg")->text(), shownText("Fék"));
+    QCOMPARE(rowsOf(figy.kmList()).size(), 1);
+    QCOMPARE(figy.kmList().highlightedRecord(), QString());
+  }
+
+  void aRefusedDeletionLeavesNeitherButtonAnythingToDelete() {
+    test::ReminderDesk desk;
+    desk.storeKm({kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A")});
+    desk.storeDates({dateReminder(1, "Adó", "A"), dateReminder(2, "Műszaki", "A")});
+    const Figy figy(desk);
+    clickRow(figy.kmList(), 1);
+    figy.openTab(1);
+    clickRow(figy.dateList(), 1);
+    desk.storeDates({dateReminder(1, "Adó", "A")});
+    test::BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
+    figy.press("cmdDel2");
+    QVERIFY(!figy.button("cmdDel2")->isEnabled());
+    QVERIFY(!figy.button("cmd_del")->isEnabled());
+  }
+
+  void afterADeletionTheKeyboardIsInTheList() {
+    test::ReminderDesk desk;
+    desk.storeKm({kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A")});
+    desk.storeDates({dateReminder(1, "Adó", "A"), dateReminder(2, "Műszaki", "A")});
+    const Figy figy(desk);
+    clickRow(figy.kmList(), 1);
+    figy.pressAndAnswer("cmd_del", QMessageBox::Yes);
+    QCOMPARE(figy.screen.focusWidget(), &figy.kmList());
+    figy.openTab(1);
+    clickRow(figy.dateList(), 1);
+    figy.pressAndAnswer("cmdDel2", QMessageBox::Yes);
+    QCOMPARE(figy.screen.focusWidget(), &figy.dateList());
+  }
+
+  void aColumnClickSortsNowAndAfterEveryFill() {
+    test::ReminderDesk desk;
+    desk.storeKm({kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "B")});
+    const Figy figy(desk);
+    const QHeaderView* header = figy.kmList().header();
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                      QPoint(header->sectionViewportPosition(1) + 5, header->height() / 2));
+    QCOMPARE(figy.kmList().model()->index(0, 3).data().toString(), QStringLiteral("2"));
+    clickRow(figy.kmList(), 0);
+    QCOMPARE(desk.context.state.selectedReminder, 2);
+    figy.enterKm("1", "2", "Akku");
+    figy.pressAndAnswer("cmd_rogzit", QMessageBox::Yes);
+    QCOMPARE(figy.kmList().model()->index(0, 3).data().toString(), QStringLiteral("3"));
+    QCOMPARE(figy.kmList().model()->index(2, 3).data().toString(), QStringLiteral("1"));
+  }
+
+  void recordingADateNamesThePlateAsItStandsAndNoLeavesTheFile() {
+    test::ReminderDesk desk;
+    const Figy figy(desk);
+    figy.openTab(1);
+    const auto box = figy.pressAndAnswer("cmdRogzit2", QMessageBox::No);
+    QCOMPARE(box,
+             test::questionBox(kRecordTitle, "Biztos JÓK az adatok ?\nMehet a rögzítés ABC-123  gépkocsira?",
+                               QMessageBox::Yes));
+    QCOMPARE(desk.storedDates(), std::string());
+  }
+
+  void recordingADateAppendsAndListsIt() {
+    test::ReminderDesk desk;
+    const auto first = dateReminder(1, "Adó", "DEF-456");
+    desk.storeDates({first});
+    const Figy figy(desk);
+    figy.openTab(1);
+    test::typeInto(*figy.picker(), QDate(2013, 7, 19));
+    test::typeInto(*part<QLineEdit>(figy.screen, "txtMire"), "Műszaki");
+    figy.pressAndAnswer("cmdRogzit2", QMessageBox::Yes);
+    auto second = dateReminder(14, "Műszaki", "ABC-123");
+    second.Beirva = core::FixedText<10>("2013.07.05");
+    QCOMPARE(desk.storedDates(), fileOf({first, second}));
+    QCOMPARE(rowsOf(figy.dateList()).last(), "2013.07.19.|" + shownText("Műszaki") + "|ABC-123   |2");
+  }
+
+  void aDateWithoutATextIsStoredAndNotListed() {
+    test::ReminderDesk desk;
+    const Figy figy(desk);
+    figy.openTab(1);
+    figy.pressAndAnswer("cmdRogzit2", QMessageBox::Yes);
+    QCOMPARE(desk.storedDates().size(), std::size_t{68});
+    QCOMPARE(rowsOf(figy.dateList()), QStringList{kPlaceholder});
+  }
+
+  void deletingADateRemovesItAndMovesTheOthersUp() {
+    test::ReminderDesk desk;
+    const auto first = dateReminder(1, "Adó", "A");
+    const auto third = dateReminder(3, "Matrica", "A");
+    desk.storeDates({first, dateReminder(2, "Műszaki", "A"), third});
+    const Figy figy(desk);
+    figy.openTab(1);
+    clickRow(figy.dateList(), 1);
+    QCOMPARE(desk.context.state.selectedReminder, 2);
+    QCOMPARE(part<QLineEdit>(figy.screen, "txtMire")->text(), QString());
+    const auto no = figy.pressAndAnswer("cmdDel2", QMessageBox::No);
+    QCOMPARE(no, kDeleteQuestion);
+    QCOMPARE(desk.storedDates().size(), std::size_t{3 * 68});
+    figy.pressAndAnswer("cmdDel2", QMessageBox::Yes);
+    QCOMPARE(desk.storedDates(), fileOf({first, third}));
+    QCOMPARE(rowsOf(figy.dateList()).size(), 2);
+    QCOMPARE(desk.context.state.selectedReminder, 0);
+    QVERIFY(!figy.button("cmdDel2")->isEnabled());
+  }
+};
+
+}  // namespace
+}  // namespace tarvik
+
+TARVIK_SCREEN_TEST(tarvik::FigyTest)
+#include "figy_test.moc"

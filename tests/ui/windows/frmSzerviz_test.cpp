@@ -1,0 +1,275 @@
+#include "ui/windows/frmSzerviz.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QtTest>
+#include <limits>
+
+#include "core/record_file.h"
+#include "tests/ui/screen_test.h"
+#include "tests/ui/support.h"
+#include "ui/lists/list_view.h"
+
+namespace tarvik::ui {
+
+using repairs::Repair;
+using test::part;
+
+// The screen over files of its own, with the two cars that the tests use.
+struct Log : test::Desk {
+  void store(const std::vector<Repair>& repairs) {
+    std::string bytes;
+    for (const Repair& repair : repairs) bytes += test::toText(core::encoded(repair));
+    program.write("Szerviz.dat", bytes);
+  }
+  void open(const QString& plate = " ABC-123 ") {
+    screen = std::make_unique<frmSzerviz>(context, plate, QStringList{"ABC-123", "DEF-456"}, nullptr);
+    screen->show();
+  }
+  Repair stored(int number) {
+    return core::loadRecords<Repair>(files, program / "Szerviz.dat").record(number);
+  }
+  int storedCount() { return core::loadRecords<Repair>(files, program / "Szerviz.dat").count(); }
+
+  ListView* list() { return part<ListView>(*screen, "ListViewSzerviz"); }
+  QString cell(int row, int column) { return list()->model()->index(row, column).data().toString(); }
+  QStringList descriptions() {
+    QStringList all;
+    for (int row = 0; row < list()->model()->rowCount(); ++row) all << cell(row, 2);
+    return all;
+  }
+  QString total() { return part<QLabel>(*screen, "lbKoltseg")->text(); }
+  void clickRow(int row) {
+    QTest::mouseClick(list()->viewport(), Qt::LeftButton, {},
+                      list()->visualRect(list()->model()->index(row, 1)).center());
+  }
+  QPushButton* button(const char* name) { return part<QPushButton>(*screen, name); }
+  void press(const char* name) { test::press(*button(name)); }
+  QString text(const char* name) { return part<QLineEdit>(*screen, name)->text(); }
+  void type(const char* name, const QString& text) { test::typeInto(*part<QLineEdit>(*screen, name), text); }
+  QComboBox* plates() { return part<QComboBox>(*screen, "cmbRendszam2"); }
+  QDateEdit* date() { return part<QDateEdit>(*screen, "DTPSzerviz"); }
+  void checkAllCars() { test::press(*part<QCheckBox>(*screen, "chkOsszesAuto")); }
+
+  std::unique_ptr<frmSzerviz> screen;
+};
+
+Repair repairOf(const char* plate, const char* description, std::int32_t costFt = 1'000) {
+  return {.plate = core::FixedText<10>(plate),
+          .date = 41'455,  // 30 June 2013
+          .description = core::FixedText<80>(description),
+          .part = core::FixedText<80>("Olajszűrő"),
+          .costFt = costFt,
+          .readingKm = 132'450};
+}
+
+class frmSzervizTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void opensOnTheGivenPlateWithItsTotalAndToday() {
+    Log log;
+    log.store({repairOf("ABC-123", "a", 1'234'000), repairOf("DEF-456", "b"), repairOf("ABC-123", "c", 567)});
+    log.open();
+    QCOMPARE(log.plates()->currentText(), "ABC-123");
+    QCOMPARE(log.plates()->itemText(1), "DEF-456");
+    QVERIFY(log.plates()->completer() == nullptr);
+    QCOMPARE(log.date()->date(), QDate(2013, 7, 5));
+    QCOMPARE(log.descriptions(), (QStringList{"a", "c"}));
+    QCOMPARE(log.total(), "1 234 567");
+    QVERIFY(!log.button("cmdDelSzerviz")->isEnabled());
+  }
+
+  void theTotalOfNothingIsZero() {
+    Log log;
+    log.open();
+    QCOMPARE(log.total(), "0");
+  }
+
+  void rowsShowTheirTexts() {
+    Log log;
+    log.store({repairOf("ABC-123", " Olajcsere ", 15'000)});
+    log.open();
+    const QString headers[] = {"Rendszám", "Dátum", "Megnevezés", "Alkatrész", "Költség", "Km. óra"};
+    const QString cells[] = {"ABC-123   ", "2013.06.30.", "Olajcsere", "Olajszűrő", "15000", "132450"};
+    for (int column = 0; column < 6; ++column) {
+      QCOMPARE(log.list()->model()->headerData(column, Qt::Horizontal).toString(), headers[column]);
+      QCOMPARE(log.cell(0, column), cells[column]);
+    }
+    QCOMPARE(log.cell(0, 6), "1");
+    QVERIFY(log.list()->isColumnHidden(6));
+  }
+
+  void clickingARowShowsTheEntryWithItsPadding() {
+    Log log;
+    log.store({repairOf("ABC-123", "Olajcsere", 15'000)});
+    log.open();
+    log.clickRow(0);
+    QCOMPARE(log.plates()->currentText(), "ABC-123   ");
+    QCOMPARE(log.date()->date(), QDate(2013, 6, 30));
+    QCOMPARE(log.text("txtSzervizMegnev"), QString("Olajcsere").leftJustified(80));
+    QCOMPARE(log.text("txtAlkatresz"), QString("Olajszűrő").leftJustified(80));
+    QCOMPARE(log.text("txtSzervizKoltseg"), "15000");
+    QCOMPARE(log.text("txtKMora"), "132450");
+    QVERIFY(log.button("cmdDelSzerviz")->isEnabled());
+  }
+
+  void aDamagedDateLeavesThePickersOwn() {
+    Log log;
+    Repair damaged = repairOf("ABC-123", "a");
+    damaged.date = std::numeric_limits<double>::infinity();
+    log.store({damaged});
+    log.open();
+    QCOMPARE(log.cell(0, 1), "?");
+    log.clickRow(0);
+    QCOMPARE(log.date()->date(), QDate(2013, 7, 5));
+    QCOMPARE(log.text("txtKMora"), "132450");
+  }
+
+  void theFilterOverAllCarsWithoutKeysListsEverythingWithTheGrandTotal() {
+    Log log;
+    log.store({repairOf("ABC-123", "a", 1'000'000), repairOf("DEF-456", "b", 234'567)});
+    log.open();
+    log.checkAllCars();
+    log.press("cmdSzervizSzures");
+    QCOMPARE(log.descriptions(), (QStringList{"a", "b"}));
+    QCOMPARE(log.total(), "1 234 567");
+  }
+
+  void theFilterFindsBothKeysInAnyCase() {
+    Log log;
+    log.store({repairOf("ABC-123", "NAGY OLAJCSERE", 1), repairOf("ABC-123", "Őszi mosás", 2),
+               repairOf("DEF-456", "olajcsere", 4)});
+    log.open();
+    log.type("txtSzervizMegnev", " olajcsere ");
+    log.type("txtAlkatresz", "SZŰRŐ");
+    log.press("cmdSzervizSzures");
+    QCOMPARE(log.descriptions(), QStringList{"NAGY OLAJCSERE"});
+    QCOMPARE(log.total(), "1");
+    log.type("txtSzervizMegnev", "őSZI");
+    QTest::keyClick(part<QLineEdit>(*log.screen, "txtAlkatresz"), Qt::Key_Return);
+    QCOMPARE(log.descriptions(), QStringList{"Őszi mosás"});
+    QVERIFY(log.screen->isVisible());
+  }
+
+  void recordingClearsTheFieldsAndListsTheChosenCarAgain() {
+    Log log;
+    log.store({repairOf("ABC-123", "a", 100), repairOf("DEF-456", "b", 200)});
+    log.open();
+    log.checkAllCars();
+    log.press("cmdSzervizSzures");
+    QCOMPARE(log.total(), "300");
+    log.type("txtSzervizMegnev", "Fékbetét csere");
+    log.type("txtAlkatresz", "Fékbetét");
+    log.type("txtSzervizKoltseg", "12.5");
+    log.type("txtKMora", "133000 km");
+    test::typeInto(*log.date(), QDate(2013, 7, 4));
+    log.press("cmdRogzitSzerviz");
+    const Repair expected{.plate = core::FixedText<10>("ABC-123"),
+                          .date = 41'459,
+                          .description = core::FixedText<80>("Fékbetét csere"),
+                          .part = core::FixedText<80>("Fékbetét"),
+                          .costFt = 12,
+                          .readingKm = 133'000};
+    QVERIFY(log.stored(3) == expected);
+    for (const char* name : {"txtSzervizMegnev", "txtAlkatresz", "txtSzervizKoltseg", "txtKMora"})
+      QCOMPARE(log.text(name), QString());
+    QCOMPARE(log.descriptions(), (QStringList{"a", "Fékbetét csere"}));
+    QCOMPARE(log.total(), "112");
+  }
+
+  void aFigurePastItsFieldIsToldAndNothingIsWrittenOrCleared() {
+    Log log;
+    log.open();
+    log.type("txtSzervizMegnev", "a");
+    log.type("txtSzervizKoltseg", "2147483648");
+    test::BoxScript boxes({QMessageBox::Ok});
+    log.press("cmdRogzitSzerviz");
+    QCOMPARE(boxes.seen.value(0).title, " H i b a !");
+    QCOMPARE(boxes.seen.value(0).text, "Túl nagy szám: Költség\n\nSemmi sem változott.");
+    QCOMPARE(log.storedCount(), 0);
+    QCOMPARE(log.text("txtSzervizMegnev"), "a");
+  }
+
+  void aTotalThatIsTooLargeIsToldAndTheEntryCanStillBeDeleted() {
+    Log log;
+    log.store({repairOf("ABC-123", "a", 2'000'000'000), repairOf("ABC-123", "b", 2'000'000'000)});
+    test::BoxScript boxes({QMessageBox::Ok});
+    log.open();
+    QCOMPARE(boxes.seen.value(0).text, "Túl nagy szám: Költség összesen\n\nSemmi sem változott.");
+    QCOMPARE(log.total(), QString());
+    log.clickRow(1);
+    log.press("cmdDelSzerviz");
+    QCOMPARE(log.descriptions(), QStringList{"a"});
+    QCOMPARE(log.total(), "2000 000 000");
+  }
+
+  void deletingTakesTheHighlightedRowAfterASort() {
+    Log log;
+    log.store({repairOf("ABC-123", "c", 1), repairOf("ABC-123", "a", 2), repairOf("ABC-123", "b", 4)});
+    log.open();
+    QHeaderView* header = log.list()->header();
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                      QPoint(header->sectionViewportPosition(2) + 20, header->height() / 2));
+    QCOMPARE(log.descriptions(), (QStringList{"a", "b", "c"}));
+    log.clickRow(1);
+    log.press("cmdDelSzerviz");
+    QCOMPARE(log.descriptions(), (QStringList{"a", "c"}));
+    QCOMPARE(log.total(), "3");
+    QVERIFY(!log.button("cmdDelSzerviz")->isEnabled());
+    QCOMPARE(log.list()->highlightedRecord(), QString());
+    QCOMPARE(log.program.names(), std::vector<std::string>{"Szerviz.dat"});
+    QVERIFY(log.current.names().empty());
+  }
+
+  void deletionIsOfferedOnlyWhileTheChosenRowIsListed() {
+    Log log;
+    log.store({repairOf("ABC-123", "a")});
+    log.open();
+    log.clickRow(0);
+    QVERIFY(log.button("cmdDelSzerviz")->isEnabled());
+    log.type("txtSzervizMegnev", "b");
+    log.press("cmdSzervizSzures");
+    QVERIFY(!log.button("cmdDelSzerviz")->isEnabled());
+    log.type("txtSzervizMegnev", "");
+    log.press("cmdSzervizSzures");
+    QCOMPARE(log.list()->highlightedRecord(), "1");
+    QVERIFY(log.button("cmdDelSzerviz")->isEnabled());
+  }
+
+  void aRecordingLeavesTheChosenEntryHighlighted() {
+    Log log;
+    log.store({repairOf("ABC-123", "a"), repairOf("ABC-123", "b")});
+    log.open();
+    log.clickRow(1);
+    log.type("txtSzervizMegnev", "c");
+    log.press("cmdRogzitSzerviz");
+    QCOMPARE(log.descriptions(), (QStringList{"a", "b", "c"}));
+    QCOMPARE(log.list()->highlightedRecord(), "2");
+    log.press("cmdDelSzerviz");
+    QCOMPARE(log.descriptions(), (QStringList{"a", "c"}));
+    QCOMPARE(log.list()->highlightedRecord(), QString());
+    QVERIFY(!log.button("cmdDelSzerviz")->isEnabled());
+  }
+
+  void escapeAndTheMenuClose() {
+    Log log;
+    log.open();
+    QTest::keyClick(log.screen.get(), Qt::Key_Escape);
+    QVERIFY(!log.screen->isVisible());
+    log.screen->show();
+    part<QAction>(*log.screen, "mnuBezar")->trigger();
+    QVERIFY(!log.screen->isVisible());
+  }
+};
+
+}  // namespace tarvik::ui
+
+TARVIK_SCREEN_TEST(tarvik::ui::frmSzervizTest)
+#include "frmSzerviz_test.moc"

@@ -1,0 +1,72 @@
+#include "ui/exchange/csv_files.h"
+
+#include <QFileInfo>
+#include <utility>
+
+#include "core/entry_editing.h"
+#include "exchange/log_reader.h"
+#include "settings/vehicles.h"
+#include "ui/base/file_chooser.h"
+#include "ui/base/message_boxes.h"
+#include "ui/base/output_file.h"
+#include "ui/base/text.h"
+#include "ui/exchange/import_preview.h"
+#include "ui/exchange/import_words.h"
+#include "ui/exchange/text_file.h"
+
+namespace tarvik::ui {
+namespace {
+
+const FileKind& csvToWrite() {
+  static const FileKind kKind{QStringLiteral("Mentés CSV-fájlba"), QStringLiteral("CSV-fájl (*.csv)"),
+                              QStringLiteral("csv")};
+  return kKind;
+}
+
+const FileKind& csvToRead() {
+  static const FileKind kKind{QStringLiteral("Beolvasás CSV-fájlból"),
+                              QStringLiteral("CSV-fájl (*.csv *.txt *.tsv);;Minden fájl (*)"),
+                              QStringLiteral("csv")};
+  return kKind;
+}
+
+bool refuses(const QString& words, QWidget* parent) {
+  if (words.isEmpty()) return false;
+  tellError(parent, QStringLiteral(" H i b a !"), words + QStringLiteral("\n\nSemmi sem változott."));
+  return true;
+}
+
+}  // namespace
+
+void saveCsvFile(Context& context, const QString& proposedName, const std::string& bytes, QWidget* parent) {
+  const QString path = askFileToWrite(csvToWrite(), proposedName + QStringLiteral(".csv"), parent);
+  if (path.isEmpty()) return;
+  OutputFile file(context.files, toLogic(path));
+  file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+  file.commit();
+}
+
+bool importCsvFile(Context& context, const std::string& plate, QWidget* parent) {
+  const QString path = askFileToRead(csvToRead(), parent);
+  return !path.isEmpty() && importCsvFileAt(context, plate, path, parent);
+}
+
+bool importCsvFileAt(Context& context, const std::string& plate, const QString& path, QWidget* parent) {
+  const QString name = QFileInfo(path).fileName();
+  TextFile file = readTextFile(context.files, toLogic(path));
+  if (refuses(wordsOf(file, name), parent)) return false;
+  exchange::LogFile log = exchange::readLog(file.text);
+  if (refuses(wordsOf(log, name), parent)) return false;
+  const auto vehicles = settings::loadVehiclesOfProgramFolder(context.files, context.folders);
+  ImportPreview preview(context,
+                        {.name = name,
+                         .text = std::move(file.text),
+                         .log = std::move(log),
+                         .plate = plate,
+                         .logbook = core::loadLogbook(context.files, context.folders, plate),
+                         .tankLitres = settings::tankSizeOf(vehicles, plate)},
+                        parent);
+  return preview.exec() == QDialog::Accepted;
+}
+
+}  // namespace tarvik::ui

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+#include <string>
+
+#include "core/napi_adat.h"
+#include "ui/base/context.h"
+
+class QWidget;
+
+namespace tarvik::ui {
+
+/// Asks where a CSV file is to be saved and puts it there whole or not at all. Throws Failure when it cannot
+/// be written.
+void saveCsvFile(Context& context, const QString& proposedName, const std::string& bytes, QWidget* parent);
+
+/// Asks for a CSV file of this program or another, shows what it would bring into a vehicle's logbook and
+/// takes over what the person ticks; true when entries were taken over. A file that holds no logbook is told
+/// in a box. Throws Failure when a file cannot be read.
+bool importCsvFile(Context& context, const std::string& plate, QWidget* parent);
+
+/// As importCsvFile, of a file that was chosen already.
+bool importCsvFileAt(Context& context, const std::string& plate, const QString& path, QWidget* parent);
+
+}  // namespace tarvik::ui

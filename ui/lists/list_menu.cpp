@@ -1,0 +1,111 @@
+#include "ui/lists/list_menu.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <utility>
+#include <vector>
+
+#include "exchange/own_format.h"
+#include "ui/base/guarded.h"
+#include "ui/base/text.h"
+#include "ui/lists/list_view.h"
+
+namespace tarvik::ui {
+namespace {
+
+std::vector<int> shownColumns(const ListView& list) {
+  std::vector<int> columns;
+  for (int column = 0; column < list.model()->columnCount(); ++column)
+    if (!list.isColumnHidden(column)) columns.push_back(column);
+  return columns;
+}
+
+std::vector<std::string> rowCells(const ListView& list, int row, const std::vector<int>& columns) {
+  std::vector<std::string> cells;
+  for (const int column : columns)
+    cells.push_back(toLogic(list.model()->index(row, column).data().toString().trimmed()));
+  return cells;
+}
+
+// The highlighted row alone, or all rows under their heads.
+exchange::TextTable copiedTable(const ListView& list) {
+  const std::vector<int> columns = shownColumns(list);
+  const QModelIndexList chosen = list.selectionModel()->selectedRows();
+  exchange::TextTable table;
+  if (!chosen.isEmpty()) {
+    table.rows.push_back(rowCells(list, chosen.first().row(), columns));
+    return table;
+  }
+  for (const int column : columns)
+    table.heads.push_back(toLogic(list.model()->headerData(column, Qt::Horizontal).toString()));
+  for (int row = 0; row < list.model()->rowCount(); ++row) table.rows.push_back(rowCells(list, row, columns));
+  return table;
+}
+
+bool opensMenu(const QKeyEvent& event) {
+  return event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier;
+}
+
+}  // namespace
+
+ListMenu::ListMenu(ListView* list, ListMenuActions actions) : QObject(list), list_(list) {
+  QAction* copy = add("mnuMasolas", QStringLiteral("&Másolás"));
+  copy->setShortcut(QKeySequence::Copy);
+  copy->setShortcutContext(Qt::WidgetShortcut);
+  connect(copy, &QAction::triggered, this, &ListMenu::copy);
+  addAsking("mnuCsvMentes", QStringLiteral("M&entés CSV-fájlba…"), actions.save);
+  if (actions.import) addAsking("mnuCsvBeolvasas", QStringLiteral("&Beolvasás CSV-fájlból…"), actions.import);
+  list->installEventFilter(this);
+  list->viewport()->installEventFilter(this);
+}
+
+QAction* ListMenu::add(const char* name, const QString& text) {
+  auto* action = new QAction(text, list_);
+  action->setObjectName(QString::fromLatin1(name));
+  list_->addAction(action);
+  return action;
+}
+
+// An item with a dialog: the menu closes before it opens, and an assistive tool that chose the item, which
+// leaves the menu open, need not wait for the dialog's end.
+void ListMenu::addAsking(const char* name, const QString& text, const std::function<void()>& act) {
+  const auto run = [this, act] {
+    if (QWidget* menu = QApplication::activePopupWidget()) menu->close();
+    guarded(list_->window(), act);
+  };
+  connect(add(name, text), &QAction::triggered, this, run, Qt::QueuedConnection);
+}
+
+bool ListMenu::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ContextMenu) {
+    const auto* menu = static_cast<QContextMenuEvent*>(event);
+    openAt(menu->reason() == QContextMenuEvent::Mouse ? menu->globalPos() : besideRow());
+    return true;
+  }
+  if (watched == list_ && event->type() == QEvent::KeyPress && opensMenu(*static_cast<QKeyEvent*>(event))) {
+    openAt(besideRow());
+    return true;
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+void ListMenu::openAt(const QPoint& global) {
+  QMenu::exec(list_->actions(), global, nullptr, list_);
+}
+
+// Where a menu opens that no pointer asked for: under the row where the keyboard stands.
+QPoint ListMenu::besideRow() const {
+  const QRect row = list_->visualRect(list_->currentIndex()).intersected(list_->viewport()->rect());
+  return list_->viewport()->mapToGlobal(row.isEmpty() ? QPoint() : row.bottomLeft());
+}
+
+void ListMenu::copy() {
+  QApplication::clipboard()->setText(toQt(exchange::tabbedOf(copiedTable(*list_))));
+}
+
+}  // namespace tarvik::ui

@@ -1,0 +1,75 @@
+#include "ui/lists/list_view.h"
+
+#include <QHeaderView>
+#include <QScopedValueRollback>
+
+#include "ui/lists/list_accessible.h"
+
+namespace tarvik::ui {
+
+ListView::ListView(QWidget* parent) : QTreeView(parent) {
+  installListAccessibility();
+  setRootIsDecorated(false);
+  setItemsExpandable(false);
+  setUniformRowHeights(true);
+  setAllColumnsShowFocus(true);
+  setAlternatingRowColors(true);
+  setSelectionMode(SingleSelection);
+  setSelectionBehavior(SelectRows);
+  setEditTriggers(NoEditTriggers);
+  setTabKeyNavigation(false);
+  header()->setStretchLastSection(true);
+  header()->setSectionsMovable(false);
+  header()->setHighlightSections(false);
+}
+
+void ListView::setModel(QAbstractItemModel* model) {
+  QTreeView::setModel(model);
+  setColumnHidden(model->columnCount() - 1, true);
+}
+
+void ListView::sortByHeaderClicks() {
+  header()->setSectionsClickable(true);
+  connect(header(), &QHeaderView::sectionClicked, this, [this](int column) {
+    header()->setSortIndicatorShown(true);
+    header()->setSortIndicator(column, Qt::AscendingOrder);
+    model()->sort(column, Qt::AscendingOrder);
+  });
+}
+
+void ListView::onRowChosen(RowChoice::Chooser choose) {
+  choice_ = new RowChoice(this, std::move(choose));
+}
+
+QString ListView::highlightedRecord() const {
+  return choice_->row() < 0 ? QString() : recordOfRow(*this, choice_->row());
+}
+
+void ListView::highlightRecord(int record) {
+  const QString wanted = QString::number(record);
+  int row = model()->rowCount() - 1;
+  while (row >= 0 && recordOfRow(*this, row) != wanted) --row;
+  choice_->highlight(row);
+}
+
+int ListView::shownColumns() const {
+  return model() == nullptr ? 0 : model()->columnCount() - 1;
+}
+
+int ListView::accessiblePlace(int number) const {
+  if (!isToolkitTelling_ || shownColumns() < 1) return number;
+  const int counted = shownColumns() + 1;
+  return number / counted * shownColumns() + qMin(number % counted, shownColumns() - 1);
+}
+
+void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  const QScopedValueRollback telling(isToolkitTelling_, true);
+  QTreeView::currentChanged(current, previous);
+}
+
+void ListView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  const QScopedValueRollback telling(isToolkitTelling_, true);
+  QTreeView::selectionChanged(selected, deselected);
+}
+
+}  // namespace tarvik::ui

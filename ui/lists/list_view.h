@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QTreeView>
+
+#include "ui/lists/row_choice.h"
+
+namespace tarvik::ui {
+
+/// A list of rows in columns: whole rows are selected one at a time, all rows have one height, and the
+/// model's last column (the record number) is hidden. The highlighted row is the chosen one, see RowChoice.
+class ListView : public QTreeView {
+  Q_OBJECT
+
+ public:
+  explicit ListView(QWidget* parent = nullptr);
+
+  /// Shows a model and hides its last column.
+  void setModel(QAbstractItemModel* model) override;
+  /// Says, once the model is set, what choosing a row does.
+  void onRowChosen(RowChoice::Chooser choose);
+  /// Lets a click on a header sort the rows by that column, ascending, from then on.
+  void sortByHeaderClicks();
+  /// The record number of the highlighted row as text; empty when no row is highlighted.
+  QString highlightedRecord() const;
+  /// Highlights the row of that record without choosing it; no row when the list has none of it.
+  void highlightRecord(int record);
+  /// Fills the list anew and leaves it where it was, see RowChoice.
+  void keepPlace(const std::function<void()>& refill) { choice_->keepPlace(refill); }
+  /// How many columns are shown: all but the record number.
+  int shownColumns() const;
+  /// The place among the list's accessible parts that a number means: the toolkit counts the hidden column
+  /// too while it tells of a row.
+  int accessiblePlace(int number) const;
+
+ protected:
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+
+ private:
+  RowChoice* choice_ = nullptr;
+  bool isToolkitTelling_ = false;
+};
+
+}  // namespace tarvik::ui

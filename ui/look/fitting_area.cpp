@@ -1,0 +1,48 @@
+#include "ui/look/fitting_area.h"
+
+#include <QEvent>
+#include <QLayout>
+#include <QScreen>
+#include <QScrollBar>
+
+namespace tarvik::ui {
+namespace {
+
+// What a window has around its contents, in pixels: its frame, its title and its menu.
+constexpr QSize kAround{16, 72};
+
+}  // namespace
+
+FittingArea::FittingArea(QWidget* contents, QWidget* parent) : QScrollArea(parent) {
+  setFrameShape(NoFrame);
+  setFocusPolicy(Qt::NoFocus);
+  setWidgetResizable(true);
+  setWidget(contents);
+  contents->setAutoFillBackground(false);
+  viewport()->setAutoFillBackground(false);
+  contents->installEventFilter(this);
+}
+
+QSize FittingArea::sizeHint() const {
+  return widget()->sizeHint().boundedTo(roomOnDisplay(*this));
+}
+
+QSize FittingArea::minimumSizeHint() const {
+  const QSize needed = widget()->minimumSizeHint().expandedTo(widget()->minimumSize());
+  const QSize room = roomOnDisplay(*this);
+  const QSize bars(needed.height() > room.height() ? verticalScrollBar()->sizeHint().width() : 0,
+                   needed.width() > room.width() ? horizontalScrollBar()->sizeHint().height() : 0);
+  return (needed + bars).boundedTo(room);
+}
+
+// A part that is shown or hidden changes what the contents need, and so what the window must have.
+bool FittingArea::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == widget() && event->type() == QEvent::LayoutRequest) updateGeometry();
+  return QScrollArea::eventFilter(watched, event);
+}
+
+QSize FittingArea::roomOnDisplay(const QWidget& window) {
+  return window.screen()->availableGeometry().size() - kAround;
+}
+
+}  // namespace tarvik::ui

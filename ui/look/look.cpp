@@ -1,0 +1,310 @@
+#include "ui/look/look.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QGroupBox>
+#include <QImageReader>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyleOption>
+#include <algorithm>
+
+#include "ui/look/late_icon.h"
+#include "ui/look/look_painting.h"
+
+// The icons lie in a static library, which has to be told to bring them. Outside of every namespace, as the
+// toolkit wants it.
+static void bringIcons() {
+  Q_INIT_RESOURCE(tarvik);
+}
+
+namespace tarvik::ui {
+namespace {
+
+constexpr const char* kLongest = "longest";
+constexpr int kHalfLight = 128;
+constexpr double kHeadline = 1.35;
+constexpr float kHintStrength = 0.6F;
+constexpr double kUnusedStrength = 0.55;
+// The accents of capital letters reach a pixel over the line in some fonts.
+constexpr int kAccent = 1;
+
+int lineHeight() {
+  return QFontMetrics(QApplication::font()).height();
+}
+
+// Fields and buttons have one height, so that they stand in line.
+int fieldHeight() {
+  return lineHeight() + gridStep() + 2;
+}
+
+bool isCard(const QWidget* widget) {
+  return qobject_cast<const QGroupBox*>(widget) != nullptr || hasLook(widget, "card") ||
+         hasLook(widget, "band");
+}
+
+// A field that is made for one text is as wide as that text, whatever the toolkit guesses.
+int widthOfLongest(const QWidget& field) {
+  const QString longest = field.property(kLongest).toString();
+  return longest.isEmpty() ? 0 : field.fontMetrics().horizontalAdvance(longest) + 1;
+}
+
+int titleHeight(const QWidget* group) {
+  return QFontMetrics(bold(group == nullptr ? QApplication::font() : group->font())).height();
+}
+
+QFont headline(const QFont& like) {
+  QFont font = bold(like);
+  font.setPointSizeF(like.pointSizeF() * kHeadline);
+  return font;
+}
+
+// The toolkit would load each of its picture formats to find out that a picture is none of them.
+QPixmap ownPicture(const QString& path) {
+  QImageReader reader(path, "png");
+  reader.setAutoDetectImageFormat(false);
+  return QPixmap::fromImageReader(&reader);
+}
+
+// A picture of 256 pixels would cost every start more than all of these.
+QIcon programIcon() {
+  bringIcons();
+  QIcon icon;
+  for (const int size : {16, 24, 32, 48, 64, 128})
+    icon.addPixmap(ownPicture(QStringLiteral(":/tarvik/icon-%1.png").arg(size)));
+  return icon;
+}
+
+}  // namespace
+
+void dress() {
+  QApplication::setStyle(new LookStyle);
+  QApplication::setWindowIcon(lateIcon(programIcon));
+}
+
+int gridStep() {
+  return std::max(4, (lineHeight() + 1) / 2);
+}
+
+int rowHeight() {
+  return lineHeight() + gridStep();
+}
+
+QColor overdueColour(const QPalette& palette) {
+  const bool isDark = palette.color(QPalette::Base).lightness() < kHalfLight;
+  return isDark ? QColor(0xff, 0x8a, 0x80) : QColor(0xb0, 0x00, 0x20);
+}
+
+void showOverdue(QWidget& part, bool isOverdue) {
+  QPalette palette;
+  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text})
+    if (isOverdue) palette.setColor(role, overdueColour(QApplication::palette()));
+  part.setPalette(palette);
+}
+
+LookStyle::LookStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+void LookStyle::polish(QWidget* widget) {
+  QProxyStyle::polish(widget);
+  if (hasLook(widget, "overdue")) showOverdue(*widget, true);
+  if (hasLook(widget, "heading")) widget->setFont(headline(QApplication::font()));
+  if (qobject_cast<QPushButton*>(widget) != nullptr || qobject_cast<QComboBox*>(widget) != nullptr)
+    widget->setAttribute(Qt::WA_Hover);
+  if (auto* label = qobject_cast<QLabel*>(widget)) {
+    if (label->contentsMargins().isNull()) label->setContentsMargins(0, kAccent, 0, kAccent);
+    if (const int width = widthOfLongest(*label)) label->setMinimumWidth(width + label->indent() + 1);
+  }
+}
+
+// Not every desktop says how a hint in a field looks; it can be told from a text and still be read.
+void LookStyle::polish(QPalette& palette) {
+  QProxyStyle::polish(palette);
+  for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+    QColor hint = palette.color(group, QPalette::Text);
+    hint.setAlphaF(kHintStrength);
+    palette.setColor(group, QPalette::PlaceholderText, hint);
+  }
+  // What cannot be used now is quieter, and can be read all the same.
+  const QColor unused =
+      between(palette.color(QPalette::Window), palette.color(QPalette::WindowText), kUnusedStrength);
+  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    palette.setColor(QPalette::Disabled, role, unused);
+}
+
+// Each menu bar has this one, for entries that its window is too narrow for.
+QIcon LookStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
+  if (icon != SP_ToolBarHorizontalExtensionButton) return QProxyStyle::standardIcon(icon, option, widget);
+  return lateIcon([this] { return QProxyStyle::standardIcon(SP_ToolBarHorizontalExtensionButton); });
+}
+
+int LookStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+  const int step = gridStep();
+  switch (metric) {
+    case PM_LayoutHorizontalSpacing:
+    case PM_LayoutVerticalSpacing:
+      return step;
+    case PM_LayoutLeftMargin:
+    case PM_LayoutRightMargin:
+      return isCard(widget) ? step : step + step / 2;
+    case PM_LayoutTopMargin:
+      if (hasLook(widget, "band")) return 0;
+      return qobject_cast<const QGroupBox*>(widget) != nullptr ? step / 2 : step;
+    case PM_LayoutBottomMargin:
+      return hasLook(widget, "band") ? 0 : step;
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight:
+      return lineHeight() | 1;
+    case PM_CheckBoxLabelSpacing:
+    case PM_RadioButtonLabelSpacing:
+      return step * 3 / 4;
+    case PM_FocusFrameHMargin:
+      return step / 2;
+    case PM_HeaderMargin:
+      return step / 2 + 1;
+    case PM_ButtonMargin:
+      return 2 * step;
+    case PM_ButtonShiftHorizontal:
+    case PM_ButtonShiftVertical:
+      return 0;
+    default:
+      return QProxyStyle::pixelMetric(metric, option, widget);
+  }
+}
+
+QSize LookStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                  const QWidget* widget) const {
+  QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
+  switch (type) {
+    case CT_PushButton:
+      return {std::max(size.width() + 3 * gridStep(), 9 * gridStep()), fieldHeight()};
+    case CT_LineEdit:
+      if (const int width = widget == nullptr ? 0 : widthOfLongest(*widget)) {
+        const int sides = result.width() - size.width() + (framed(option) ? gridStep() : 0) + 6;
+        return {width + sides, framed(option) ? fieldHeight() : result.height()};
+      }
+      return {result.width(), framed(option) ? fieldHeight() : result.height()};
+    case CT_ComboBox:
+      if (const int width = widget == nullptr ? 0 : widthOfLongest(*widget))
+        result.setWidth(width + 4 * gridStep());
+      return {result.width(), fieldHeight()};
+    case CT_SpinBox:
+      return {result.width() + gridStep() / 2, fieldHeight()};
+    case CT_ItemViewItem:
+      return {result.width() + gridStep() / 2, std::max(result.height(), rowHeight())};
+    case CT_HeaderSection:
+      return {result.width() + gridStep() / 2, rowHeight() + 1};
+    case CT_TabBarTab:
+      return result + QSize(2 * gridStep(), gridStep() / 2);
+    case CT_MenuBarItem:
+      return result + QSize(gridStep(), gridStep() / 2);
+    case CT_GroupBox:
+      return {std::max(result.width(),
+                       QFontMetrics(bold(widget == nullptr ? QApplication::font() : widget->font()))
+                               .horizontalAdvance(titleOf(option)) +
+                           2 * gridStep()),
+              result.height()};
+    default:
+      return result;
+  }
+}
+
+QRect LookStyle::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const {
+  const QRect rect = QProxyStyle::subElementRect(element, option, widget);
+  const int inset = element == SE_LineEditContents && framed(option) ? gridStep() / 2 - 1 : 0;
+  return rect.adjusted(inset, 0, -inset, 0);
+}
+
+QRect LookStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                                const QWidget* widget) const {
+  if (control == CC_ComboBox && part == SC_ComboBoxEditField)
+    return QProxyStyle::subControlRect(control, option, part, widget).adjusted(gridStep() / 2 - 2, 0, 0, 0);
+  if (control != CC_GroupBox) return QProxyStyle::subControlRect(control, option, part, widget);
+  const QRect all = option->rect;
+  const int top = gridStep() * 3 / 4;
+  const int title = titleOf(option).isEmpty() ? 0 : titleHeight(widget);
+  switch (part) {
+    case SC_GroupBoxLabel:
+      return {all.left() + gridStep(), all.top() + top, all.width() - 2 * gridStep(), title};
+    case SC_GroupBoxContents:
+      return all.adjusted(0, top + title, 0, 0);
+    default:
+      return all;
+  }
+}
+
+void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                              const QWidget* widget) const {
+  switch (element) {
+    case PE_PanelLineEdit:
+      return paintField(*painter, *option, framed(option));
+    case PE_PanelButtonCommand:
+      return paintButton(*painter, *option, hasLook(widget, "main"));
+    case PE_IndicatorCheckBox:
+      return paintCheckBox(*painter, *option);
+    case PE_IndicatorRadioButton:
+      return paintRadioButton(*painter, *option);
+    case PE_FrameFocusRect:
+      if (qobject_cast<const QAbstractButton*>(widget) != nullptr) return;  // its own line shows it
+      break;
+    case PE_Frame:
+      if (qobject_cast<const QAbstractItemView*>(widget) != nullptr) return paintOutline(*painter, *option);
+      break;
+    default:
+      break;
+  }
+  QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+void LookStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                            const QWidget* widget) const {
+  if (element == CE_ShapedFrame) {
+    if (hasLook(widget, "card")) return paintCard(*painter, *option);
+    if (qobject_cast<const QAbstractItemView*>(widget) != nullptr) return paintOutline(*painter, *option);
+  }
+  if (element == CE_HeaderSection) return paintHeading(*painter, *option);
+  if (element == CE_HeaderEmptyArea) return paintHeading(*painter, *option);
+  const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+  if (element == CE_PushButtonLabel && button != nullptr && hasLook(widget, "main") &&
+      (option->state & State_Enabled)) {
+    QStyleOptionButton main(*button);
+    main.palette.setColor(QPalette::ButtonText, main.palette.color(QPalette::HighlightedText));
+    return QProxyStyle::drawControl(element, &main, painter, widget);
+  }
+  const auto* heading = qstyleoption_cast<const QStyleOptionHeader*>(option);
+  if (element == CE_HeaderLabel && heading != nullptr) {
+    QStyleOptionHeaderV2 lighter;
+    if (const auto* full = qstyleoption_cast<const QStyleOptionHeaderV2*>(option))
+      lighter = *full;
+    else
+      static_cast<QStyleOptionHeader&>(lighter) = *heading;
+    lighter.palette.setColor(QPalette::ButtonText, quietText(option->palette));
+    lighter.rect.adjust(0, -gridStep() / 2, 0, gridStep() / 2);  // the margin is meant for the sides
+    return QProxyStyle::drawControl(element, &lighter, painter, widget);
+  }
+  QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                   QPainter* painter, const QWidget* widget) const {
+  if (control == CC_GroupBox) {
+    paintCard(*painter, *option);
+    return paintTitle(*painter, *option, titleOf(option), titleFont(widget),
+                      subControlRect(control, option, SC_GroupBoxLabel, widget));
+  }
+  if (control == CC_ScrollBar) {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    return paintHandle(*painter, *option, subControlRect(control, option, SC_ScrollBarSlider, widget));
+  }
+  const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+  if (control == CC_ComboBox && combo != nullptr)
+    return paintSelector(*painter, *combo, subControlRect(control, option, SC_ComboBoxArrow, widget));
+  QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+}  // namespace tarvik::ui

@@ -1,0 +1,42 @@
+#include "ui/look/plate_chooser.h"
+
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+
+namespace tarvik::ui {
+namespace {
+
+// An editable box looks its text up when the editing ends, and reports what it finds as a choice.
+bool endsEditing(const QEvent& event) {
+  if (event.type() == QEvent::FocusOut) return true;
+  if (event.type() != QEvent::KeyPress) return false;
+  const int key = static_cast<const QKeyEvent&>(event).key();
+  return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+}  // namespace
+
+PlateChooser::PlateChooser(QComboBox* box, std::function<void()> chosen)
+    : QObject(box), box_(box), chosen_(std::move(chosen)) {
+  box->setCompleter(nullptr);
+  box->installEventFilter(this);
+  connect(box, &QComboBox::activated, this, [this] {
+    if (!isTyped_) chosen_();
+  });
+}
+
+bool PlateChooser::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != box_ || isTyped_) return false;
+  if (event->type() == QEvent::Wheel) return true;
+  return endsEditing(*event) && handOn(event);
+}
+
+bool PlateChooser::handOn(QEvent* event) {
+  const QScopedValueRollback<bool> typed(isTyped_, true);
+  QCoreApplication::sendEvent(box_, event);
+  return true;
+}
+
+}  // namespace tarvik::ui

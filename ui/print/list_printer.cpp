@@ -1,0 +1,114 @@
+#include "ui/print/list_printer.h"
+
+#include <QPagedPaintDevice>
+#include <QPainter>
+#include <QProgressDialog>
+#include <optional>
+#include <utility>
+
+#include "core/failure.h"
+#include "core/record_file.h"
+#include "ui/base/file_chooser.h"
+#include "ui/base/message_boxes.h"
+#include "ui/base/output_file.h"
+#include "ui/base/text.h"
+#include "ui/print/page_painter.h"
+
+namespace tarvik::ui {
+namespace {
+
+constexpr int kPatienceMilliseconds =
+    40;  // a print-out that takes longer shows its progress: the window lives on
+
+QString commandTitle() {
+  return QStringLiteral("Listamező nyomtatása");
+}
+
+QString askPdfPath(const QString& name, QWidget* parent) {
+  return askFileToWrite(
+      {QStringLiteral("Mentés PDF-fájlba"), QStringLiteral("PDF-fájl (*.pdf)"), QStringLiteral("pdf")}, name,
+      parent);
+}
+
+QString pdfName(const QString& plate, core::Day today) {
+  return QStringLiteral("%1_%2.pdf").arg(plate, toQt(today).toString(Qt::ISODate));
+}
+
+// Draws all pages; false when the person cancelled it. A page that is refused ends it early and is the
+// device's to tell.
+bool drawDocument(const print::ListDocument& document, const Sheets& sheets, QWidget* parent) {
+  QPageLayout sheet(QPageSize(QPageSize::A4), QPageLayout::Landscape, QMarginsF());
+  sheet.setMode(QPageLayout::FullPageMode);  // from the paper's corner on, whatever margins a printer has
+  sheets.device.setPageLayout(sheet);
+  const QString cancel = sheets.canBeTakenBack ? QStringLiteral("Mégse") : QString();
+  QProgressDialog progress(QStringLiteral("A lista oldalai készülnek..."), cancel, 0, document.pageCount(),
+                           parent);
+  progress.setWindowTitle(commandTitle());
+  progress.setWindowModality(Qt::WindowModal);
+  makeRoomForTitle(progress);
+  progress.setMinimumDuration(kPatienceMilliseconds);
+  progress.setValue(0);
+
+  QPainter painter(&sheets.device);
+  for (int number = 1; number <= document.pageCount() && painter.isActive() && !sheets.isRefused();
+       ++number) {
+    if (number > 1) sheets.device.newPage();
+    paintPage(painter, document.page(number));
+    progress.setValue(number);
+    if (sheets.canBeTakenBack && progress.wasCanceled()) return false;
+  }
+  return true;
+}
+
+// What is printed, and how it is called.
+struct PrintOut {
+  DrawDocument draw;
+  QString plate;
+  QString title;
+};
+
+void saveAsPdf(Context& context, const PrintOut& printOut, QWidget* parent) {
+  if (!ask(parent, commandTitle(), QStringLiteral("Nincs nyomtató ezen a gépen.\nElmented PDF-fájlba?"),
+           DefaultAnswer::Yes))
+    return;
+  const QString path = askPdfPath(pdfName(printOut.plate, context.clock.today()), parent);
+  if (path.isEmpty()) return;
+  OutputFile file(context.files, toLogic(path));
+  if (!drawPdf(file, printOut.title, printOut.draw)) return;
+  file.commit();
+}
+
+void sendTo(const QString& printer, Context& context, const PrintOut& printOut, PrintSystem& system,
+            QWidget* parent) {
+  const QString refusal = system.print(printer, printOut.title, context.files, printOut.draw);
+  if (!refusal.isEmpty())
+    tellError(parent, QStringLiteral(" H i b a !"),
+              QStringLiteral("A nyomtatás nem sikerült (%1):\n%2").arg(printer, refusal));
+}
+
+}  // namespace
+
+void printList(Context& context, const QString& plate, print::ListedRows rows, QWidget* parent,
+               PrintSystem& system) {
+  if (rows.records.empty()) {
+    tellError(parent, QStringLiteral(" H i b a !"),
+              QStringLiteral("A listamező üres!\nÍgy nincs mit nyomtatni..."));
+    return;
+  }
+  const auto logbook =
+      core::loadRecords<core::NapiAdat>(context.files, context.folders.logbook(toLogic(plate)));
+  const std::optional<QString> heading =
+      askText(parent, commandTitle(), QStringLiteral("Kérem adja meg a fejléc szövegét..."));
+  if (!heading) return;
+
+  const print::ListDocument document(logbook, std::move(rows), toLogic(*heading));
+  const auto draw = [&](const Sheets& sheets) { return drawDocument(document, sheets, parent); };
+  const PrintOut printOut{draw, plate.trimmed(), QStringLiteral("Tarvik ") + plate.trimmed()};
+  const QString printer = system.printer();
+  if (printer.isEmpty())
+    saveAsPdf(context, printOut, parent);
+  else
+    sendTo(printer, context, printOut, system, parent);
+}
+
+}  // namespace tarvik::ui

@@ -1,0 +1,92 @@
+#include "ui/print/page_painter.h"
+
+#include <QFontDatabase>
+#include <QFontMetricsF>
+#include <QPainter>
+
+#include "ui/base/text.h"
+
+namespace tarvik::ui {
+namespace {
+
+constexpr double kMillimetresPerInch = 25.4;
+constexpr double kRuleWidthMm = 0.15;
+
+// Device units of a painter, in millimetres.
+class Scale {
+ public:
+  explicit Scale(const QPaintDevice& device)
+      : x_(device.logicalDpiX() / kMillimetresPerInch), y_(device.logicalDpiY() / kMillimetresPerInch) {}
+
+  double x(double mm) const { return mm * x_; }
+  QPointF point(double xMm, double yMm) const { return {xMm * x_, yMm * y_}; }
+
+ private:
+  double x_;
+  double y_;
+};
+
+void paintRules(QPainter& painter, const Scale& scale, const std::vector<print::Rule>& rules) {
+  painter.setPen(QPen(Qt::black, scale.x(kRuleWidthMm), Qt::SolidLine, Qt::FlatCap));
+  for (const print::Rule& rule : rules)
+    painter.drawLine(scale.point(rule.fromXMm, rule.fromYMm), scale.point(rule.toXMm, rule.toYMm));
+}
+
+// The text as one line of ink: control characters (a damaged record has them) and spaces at the end leave
+// none.
+QString inkOf(const std::string& text) {
+  QString line = toQt(text);
+  for (QChar& c : line)
+    if (c.category() == QChar::Other_Control) c = QLatin1Char(' ');
+  while (line.endsWith(QLatin1Char(' '))) line.chop(1);
+  return line;
+}
+
+// Texts that follow each other mostly have one size: its font and measures are kept.
+class TextPainter {
+ public:
+  explicit TextPainter(QPainter& painter)
+      : painter_(painter), scale_(*painter.device()), font_(pageFontFamily()), metrics_(font_) {
+    font_.setStyleHint(QFont::Times);
+    font_.setHintingPreference(QFont::PreferNoHinting);
+  }
+
+  void paint(const print::Text& text) {
+    const QString ink = inkOf(text.text);
+    if (ink.isEmpty()) return;
+    setSize(text.sizePt);
+    const QPointF baseline = scale_.point(text.xMm, text.yMm) + QPointF(0, metrics_.ascent());
+    painter_.drawText(baseline, metrics_.elidedText(ink, Qt::ElideRight, scale_.x(text.widthMm)));
+  }
+
+ private:
+  void setSize(int sizePt) {
+    if (sizePt == sizePt_) return;
+    sizePt_ = sizePt;
+    font_.setPointSize(sizePt);
+    painter_.setFont(font_);
+    metrics_ = QFontMetricsF(painter_.font(), painter_.device());
+  }
+
+  QPainter& painter_;
+  Scale scale_;
+  QFont font_;
+  QFontMetricsF metrics_;
+  int sizePt_ = 0;
+};
+
+}  // namespace
+
+QString pageFontFamily() {
+  for (const QString& family : {QStringLiteral("Times New Roman CE"), QStringLiteral("Times New Roman")})
+    if (QFontDatabase::hasFamily(family)) return family;
+  return QStringLiteral("Liberation Serif");
+}
+
+void paintPage(QPainter& painter, const print::Page& page) {
+  paintRules(painter, Scale(*painter.device()), page.rules);
+  TextPainter texts(painter);
+  for (const print::Text& text : page.texts) texts.paint(text);
+}
+
+}  // namespace tarvik::ui

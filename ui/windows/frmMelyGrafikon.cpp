@@ -1,0 +1,60 @@
+#include "ui/windows/frmMelyGrafikon.h"
+
+#include <QKeyEvent>
+
+#include "ui/look/access.h"
+#include "ui/look/placement.h"
+#include "ui_frmMelyGrafikon.h"
+
+namespace tarvik::ui {
+namespace {
+
+constexpr int kRightTwips = 3'000;
+constexpr int kDownTwips = 3'500;
+
+}  // namespace
+
+frmMelyGrafikon::frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* parent)
+    : QDialog(parent), context_(context), ui_(std::make_unique<Ui::frmMelyGrafikon>()) {
+  ui_->setupUi(this);
+  makeAccessible(*this);
+  // The group holds the options in the order of the form, which is that of their numbers.
+  int number = 0;
+  for (QAbstractButton* option : ui_->choices->buttons()) {
+    ui_->choices->setId(option, ++number);
+    option->installEventFilter(this);
+  }
+  if (QAbstractButton* last = ui_->choices->button(context_.state.chartChoice)) {
+    last->setChecked(true);
+    last->setFocus();
+  }
+  connect(ui_->cmdMegjelenit, &QPushButton::clicked, this, &frmMelyGrafikon::takeChecked);
+  connect(ui_->cmdMegsem, &QPushButton::clicked, this, &frmMelyGrafikon::reject);
+  keepWithinReach(*this);
+  openAt(*this, mainTopLeft + QPoint(pixelsOfTwips(kRightTwips, *this), pixelsOfTwips(kDownTwips, *this)));
+}
+
+frmMelyGrafikon::~frmMelyGrafikon() = default;
+
+bool frmMelyGrafikon::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress || ui_->choices->checkedId() > 0)
+    return QDialog::eventFilter(watched, event);
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  const bool isArrow = key >= Qt::Key_Left && key <= Qt::Key_Down;
+  if (!isArrow) return QDialog::eventFilter(watched, event);
+  static_cast<QAbstractButton*>(watched)->click();
+  return true;
+}
+
+void frmMelyGrafikon::takeChecked() {
+  const int checked = ui_->choices->checkedId();
+  if (checked > 0) context_.state.chartChoice = static_cast<std::int16_t>(checked);
+  accept();
+}
+
+void frmMelyGrafikon::reject() {
+  context_.state.chartChoice = 0;
+  QDialog::reject();
+}
+
+}  // namespace tarvik::ui

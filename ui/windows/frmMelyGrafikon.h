@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QDialog>
+#include <QPoint>
+#include <memory>
+
+#include "ui/base/context.h"
+
+namespace Ui {
+class frmMelyGrafikon;
+}
+
+namespace tarvik::ui {
+
+/// Asks which of the seven charts to show and leaves the answer in the shared chart choice: the number of
+/// the checked option, the choice as it was when none is checked, or 0 when the question is cancelled, by
+/// the button, Escape or the window's frame.
+class frmMelyGrafikon : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// Stands 200 pixels right of and 233 below the main screen's top left corner. The option of the chart
+  /// chosen last is checked; while none is, an
+  /// arrow key checks the option that has the focus instead of leaving it.
+  frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* parent);
+  ~frmMelyGrafikon() override;
+
+  void reject() override;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void takeChecked();
+
+  Context& context_;
+  std::unique_ptr<Ui::frmMelyGrafikon> ui_;
+};
+
+}  // namespace tarvik::ui

@@ -1,0 +1,237 @@
+#include "ui/windows/frmSetup.h"
+
+#include <QShowEvent>
+#include <algorithm>
+
+#include "settings/start_settings.h"
+#include "ui/base/change.h"
+#include "ui/base/guarded.h"
+#include "ui/base/handlers.h"
+#include "ui/base/message_boxes.h"
+#include "ui/base/text.h"
+#include "ui/lists/list_hint.h"
+#include "ui/lists/row_choice.h"
+#include "ui/look/access.h"
+#include "ui/look/look.h"
+#include "ui/look/placement.h"
+#include "ui/look/plate_chooser.h"
+#include "ui_frmSetup.h"
+
+namespace tarvik::ui {
+namespace {
+
+// The size of the window where the display has room, in steps of the grid.
+constexpr QSize kWishedSteps{84, 48};
+constexpr int kRightTwips = 2'000;
+constexpr int kDownTwips = 2'500;
+
+std::string plateAlone(const settings::Vehicle& vehicle) {
+  return vehicle.plate.asStored();
+}
+
+void tellMissing(QWidget* screen, const QString& prompt, QWidget* field) {
+  tellError(screen, QStringLiteral("HIBA"), prompt);
+  field->setFocus();
+}
+
+}  // namespace
+
+frmSetup::frmSetup(Context& context, QPoint mainTopLeft, QWidget* parent)
+    : QDialog(parent), context_(context), mainTopLeft_(mainTopLeft), ui_(std::make_unique<Ui::frmSetup>()) {
+  ui_->setupUi(this);
+  new PlateChooser(ui_->cmbRendszam);
+  makeAccessible(*this);
+  connectButtons();
+  connectLists();
+  keepWithinReach(*this);
+  ui_->txRendszam->setFocus();
+}
+
+frmSetup::~frmSetup() = default;
+
+void frmSetup::connectButtons() {
+  connect(ui_->txRendszam, &QLineEdit::textChanged, this,
+          [this](const QString& text) { ui_->cmdRendszamFelvesz->setEnabled(!text.isEmpty()); });
+  for (const QLineEdit* field : {ui_->txRendszam, ui_->txTank})
+    connect(field, &QLineEdit::returnPressed, ui_->cmdRendszamFelvesz, &QPushButton::click);
+  onClick(this, ui_->cmdRendszamFelvesz, &frmSetup::addVehicle);
+  onClick(this, ui_->cmdRendszamDel, &frmSetup::deleteVehicle);
+  onClick(this, ui_->cmdAlkatrDel, &frmSetup::deletePartName);
+  onClick(this, ui_->cmdMegjDel, &frmSetup::deleteNote);
+  onClick(this, ui_->cmdSetup, &frmSetup::saveStartSettings);
+  connect(ui_->chkRiaszt, &QCheckBox::stateChanged, this, &frmSetup::switchReminders);
+  connect(ui_->cmdVissza, &QPushButton::clicked, this, &QDialog::close);
+}
+
+void frmSetup::connectLists() {
+  new ListHint(*ui_->List1,
+               QStringLiteral("Még nincs gépkocsi.\nÍrd be fent a rendszámot és a tank méretét!"));
+  for (QListWidget* list : {ui_->listAlkatr, ui_->listMegj})
+    new ListHint(*list, QStringLiteral("Még üres.\nA főképernyő Felvesz gombja bővíti."));
+  chosenVehicle_ = enableWhileChosen(ui_->List1, ui_->cmdRendszamDel);
+  chosenPartName_ = enableWhileChosen(ui_->listAlkatr, ui_->cmdAlkatrDel);
+  chosenNote_ = enableWhileChosen(ui_->listMegj, ui_->cmdMegjDel);
+}
+
+RowChoice* frmSetup::enableWhileChosen(QListWidget* list, QAbstractButton* button) {
+  connect(list->model(), &QAbstractItemModel::modelReset, button, [button] { button->setEnabled(false); });
+  return new RowChoice(list, [button](int) {
+    button->setEnabled(true);
+    return true;
+  });
+}
+
+void frmSetup::showEvent(QShowEvent* event) {
+  if (!loaded_ && !event->spontaneous()) load();
+  QDialog::showEvent(event);
+}
+
+// Each file by itself: one that cannot be read does not keep the others from the person.
+void frmSetup::load() {
+  loaded_ = true;
+  place();
+  for (const Handler part : {&frmSetup::loadVehicleLists, &frmSetup::loadStartSettings,
+                             &frmSetup::loadPartNames, &frmSetup::loadNotes})
+    guarded(this, [&] { (this->*part)(); });
+}
+
+void frmSetup::place() {
+  openAt(*this, mainTopLeft_ + QPoint(pixelsOfTwips(kRightTwips, *this), pixelsOfTwips(kDownTwips, *this)),
+         kWishedSteps * gridStep());
+}
+
+void frmSetup::loadVehicleLists() {
+  fillVehicles();
+}
+
+void frmSetup::loadStartSettings() {
+  const settings::SetRecord stored = settings::loadStartSettings(context_.files, context_.folders);
+  showStartPlate(stored.plate.isBlank() ? QString() : toQt(stored.plate.asStored()));
+  ui_->chkRiaszt->setChecked(stored.remindersOn == core::kFlagSet);
+}
+
+// Selected, so that what is typed replaces the plate and does not end up behind its padding.
+void frmSetup::showStartPlate(const QString& plate) {
+  ui_->cmbRendszam->setEditText(plate);
+  ui_->cmbRendszam->lineEdit()->selectAll();
+}
+
+void frmSetup::loadPartNames() {
+  fillLookupList(ui_->listAlkatr, settings::kPartNames, partNames_);
+}
+
+void frmSetup::loadNotes() {
+  fillLookupList(ui_->listMegj, settings::kNotes, notes_);
+}
+
+void frmSetup::addVehicle() {
+  if (!acceptsNewVehicle()) return;
+  changeVehicles(QStringLiteral("A rendszám fel van véve."), [this] {
+    settings::addVehicle(context_.files, context_.folders, toLogic(ui_->txRendszam->text()),
+                         toLogic(ui_->txTank->text()));
+    vehicleText_ = &settings::listText;
+  });
+}
+
+void frmSetup::changeVehicles(const QString& done, const std::function<void()>& make) {
+  carryOut(this, {.done = done, .make = make, .list = [this] {
+                    chosenVehicle_->keepPlace([this] { emit vehiclesChanged(fillVehicles()); });
+                  }});
+}
+
+bool frmSetup::acceptsNewVehicle() {
+  if (settings::isTankSizeMissing(toLogic(ui_->txTank->text()))) {
+    tellMissing(this, QStringLiteral("Nincs megadva üzemanyag tank méret!\nPótold..."), ui_->txTank);
+    return false;
+  }
+  if (settings::isPlateMissing(toLogic(ui_->txRendszam->text()))) {
+    tellMissing(this, QStringLiteral("Nincs megadva rendszám!\nPótold..."), ui_->txRendszam);
+    return false;
+  }
+  return true;
+}
+
+// After a deletion the list shows bare plates, without the tanks.
+void frmSetup::deleteVehicle() {
+  changeVehicles(QStringLiteral("A rendszám törölve van."), [this] {
+    settings::removeVehicle(context_.files, context_.folders, vehicles_.seen(chosenVehicle_->row() + 1));
+    vehicleText_ = &plateAlone;
+  });
+  ui_->List1->setFocus();
+}
+
+// What stands in the plate to load at start is the person's choice and stays while its list is filled.
+QStringList frmSetup::fillVehicles() {
+  const QString chosen = ui_->cmbRendszam->currentText();
+  ui_->List1->clear();
+  ui_->cmbRendszam->clear();
+  showStartPlate(chosen);
+  vehicles_ = settings::loadVehicles(context_.files, context_.folders);
+  QStringList plates;
+  for (int number = 1; number <= vehicles_.count(); ++number) {
+    const settings::Vehicle vehicle = vehicles_.record(number);
+    ui_->List1->addItem(toQt(vehicleText_(vehicle)));
+    plates << toQt(plateAlone(vehicle));
+  }
+  ui_->cmbRendszam->addItems(plates);
+  ui_->cmbRendszam->setCurrentIndex(-1);
+  showStartPlate(chosen);
+  return plates;
+}
+
+void frmSetup::deletePartName() {
+  if (confirmsDeletion())
+    return deleteLookupText(*chosenPartName_, settings::kPartNames, partNames_, &frmSetup::loadPartNames);
+  chosenPartName_->highlight(-1);
+  ui_->cmdAlkatrDel->setEnabled(false);
+}
+
+void frmSetup::deleteNote() {
+  ui_->cmdMegjDel->setEnabled(false);
+  if (confirmsDeletion())
+    return deleteLookupText(*chosenNote_, settings::kNotes, notes_, &frmSetup::loadNotes);
+  chosenNote_->highlight(-1);
+}
+
+bool frmSetup::confirmsDeletion() {
+  return ask(this, QStringLiteral(" TÖRLÉS az adatállományból !"),
+             QStringLiteral("Biztos T Ö R Ö L H E T Ő\na kijelölt tétel? "), DefaultAnswer::No);
+}
+
+void frmSetup::deleteLookupText(RowChoice& chosen, const settings::LookupFile& file,
+                                const settings::LookupTexts& listed, Handler refill) {
+  carryOut(this, {.done = QStringLiteral("A tétel törölve van."),
+                  .make =
+                      [&] {
+                        settings::removeLookupText(context_.files, context_.folders, file,
+                                                   listed.seen(chosen.row() + 1));
+                      },
+                  .list = [&] { chosen.keepPlace([&] { (this->*refill)(); }); }});
+  chosen.view().setFocus();
+}
+
+void frmSetup::fillLookupList(QListWidget* list, const settings::LookupFile& file,
+                              settings::LookupTexts& listed) {
+  list->clear();
+  listed = settings::loadLookupTexts(context_.files, context_.folders, file);
+  for (int number = 1; number <= listed.count(); ++number)
+    list->addItem(toQt(listed.record(number).text.asStored()));
+}
+
+void frmSetup::saveStartSettings() {
+  const bool remindersOn = ui_->chkRiaszt->checkState() != Qt::Unchecked;
+  const settings::SetRecord chosen{.remindersOn = core::toFlag(remindersOn),
+                                   .plate = core::FixedText<10>(toLogic(ui_->cmbRendszam->currentText()))};
+  guarded(this, [&] { settings::saveStartSettings(context_.files, context_.folders, chosen); },
+          {.unsure = QStringLiteral("Lehet, hogy a beállítások nincsenek elmentve. Mentsd el őket újra!")});
+}
+
+// The box's own state does not count and the values are the reverse of the main screen's switch.
+void frmSetup::switchReminders() {
+  const bool wasOne = context_.state.reminderState == 1;
+  context_.state.reminderState = wasOne ? 0 : 1;
+  ui_->chkRiaszt->setText(wasOne ? QStringLiteral("  Bekapcsolva  ") : QStringLiteral("  Kikapcsolva  "));
+  emit reminderTimerWanted(wasOne);
+}
+
+}  // namespace tarvik::ui

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <QDialog>
+#include <QPoint>
+#include <QStringList>
+#include <functional>
+#include <memory>
+
+#include "settings/lookup_list.h"
+#include "settings/vehicles.h"
+#include "ui/base/context.h"
+
+class QAbstractButton;
+class QListWidget;
+
+namespace Ui {
+class frmSetup;
+}
+
+namespace tarvik::ui {
+
+class RowChoice;
+
+/// The settings: the vehicles, the lookup lists and what the program starts with. Every change is on the
+/// disk at once; only the start-up settings wait for their button.
+class frmSetup : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// Opens beside the main screen's top left corner, but always whole on the screen. The files are read
+  /// when it is shown, so that the opener hears the signals of that too.
+  frmSetup(Context& context, QPoint mainTopLeft, QWidget* parent);
+  ~frmSetup() override;
+
+ signals:
+  /// The list of vehicles was changed: all plates, eight characters each as stored.
+  void vehiclesChanged(const QStringList& platesAsStored);
+  /// The reminder switch was used: whether the main screen's reminder timer is to run.
+  void reminderTimerWanted(bool wanted);
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  using Handler = void (frmSetup::*)();
+  using VehicleText = std::string (*)(const settings::Vehicle&);
+
+  void connectButtons();
+  void connectLists();
+  RowChoice* enableWhileChosen(QListWidget* list, QAbstractButton* button);
+
+  void load();
+  void place();
+  void loadVehicleLists();
+  void loadStartSettings();
+  void loadPartNames();
+  void loadNotes();
+
+  void addVehicle();
+  void deleteVehicle();
+  void deletePartName();
+  void deleteNote();
+  void saveStartSettings();
+  void switchReminders();
+
+  bool acceptsNewVehicle();
+  QStringList fillVehicles();
+  void showStartPlate(const QString& plate);
+  bool confirmsDeletion();
+  void fillLookupList(QListWidget* list, const settings::LookupFile& file, settings::LookupTexts& listed);
+  void changeVehicles(const QString& done, const std::function<void()>& make);
+  void deleteLookupText(RowChoice& chosen, const settings::LookupFile& file,
+                        const settings::LookupTexts& listed, Handler refill);
+
+  Context& context_;
+  QPoint mainTopLeft_;
+  std::unique_ptr<Ui::frmSetup> ui_;
+  RowChoice* chosenVehicle_ = nullptr;
+  RowChoice* chosenPartName_ = nullptr;
+  RowChoice* chosenNote_ = nullptr;
+  VehicleText vehicleText_ = &settings::listText;
+  // What the lists hold.
+  settings::Vehicles vehicles_;
+  settings::LookupTexts partNames_;
+  settings::LookupTexts notes_;
+  bool loaded_ = false;
+};
+
+}  // namespace tarvik::ui

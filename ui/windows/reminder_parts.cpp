@@ -1,0 +1,42 @@
+#include "ui/windows/reminder_parts.h"
+
+#include <QLabel>
+#include <algorithm>
+
+#include "ui/base/message_boxes.h"
+#include "ui/lists/list_delegate.h"
+#include "ui/lists/list_hint.h"
+#include "ui/lists/list_view.h"
+#include "ui/lists/text_list_model.h"
+#include "ui/look/dialog_parts.h"
+
+namespace tarvik::ui {
+namespace {
+
+// A date, a text of 40 characters and a plate.
+constexpr int kReminderCharacters = 70;
+
+}  // namespace
+
+TextListModel* prepareReminderList(ListView* view, const QStringList& headers) {
+  auto* rows = new TextListModel(headers, view);
+  view->setModel(rows);
+  layOutList(*view, {"9999.99.99.", "", "WWWWWWWW"});
+  view->setMinimumWidth(
+      std::max(view->minimumWidth(), kReminderCharacters * view->fontMetrics().averageCharWidth()));
+  new ListHint(*view, QStringLiteral("Nincs figyelmeztetés."));
+  return rows;
+}
+
+// The accessible name says what the label is, so that its text has to be told apart.
+void showCaption(QLabel* label, const QString& text) {
+  label->setText(text);
+  label->setAccessibleDescription(text.trimmed());
+}
+
+void tellNothingSelected(QWidget* screen) {
+  tellError(screen, QStringLiteral(" H i b a !"),
+            QStringLiteral("A listáról nincs kijelőlve\na törölni kívánt sor !"));
+}
+
+}  // namespace tarvik::ui
