@@ -17,7 +17,6 @@ class ScreenTest {
 }  // namespace tarvik::test
 
 /// Makes a class of Qt tests known to the program that it is linked into; one a file, at its end.
-#define TARVIK_SCREEN_TEST(Class)                          \
-  static const tarvik::test::ScreenTest knownTest(__FILE__, [] { \
-    return std::unique_ptr<QObject>(std::make_unique<Class>()); \
-  });
+#define TARVIK_SCREEN_TEST(Class)                  \
+  static const tarvik::test::ScreenTest knownTest( \
+      __FILE__, [] { return std::unique_ptr<QObject>(std::make_unique<Class>()); });

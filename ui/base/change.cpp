@@ -7,8 +7,8 @@ namespace {
 
 void tellFailedChange(QWidget* screen, const QString& failure, const Change& change) {
   if (change.forget) change.forget();
-  const bool isListed = quietly(change.list);
-  tell(screen, isListed ? failure : failure + QStringLiteral("\n\n") + change.incomplete);
+  const QString& state = quietly(change.list) ? change.listed : change.incomplete;
+  tell(screen, state.isEmpty() ? failure : failure + QStringLiteral("\n\n") + state);
 }
 
 }  // namespace

@@ -18,6 +18,7 @@ struct Change {
   std::function<void()> forget = {};     ///< lets go of what was chosen, when it failed
   std::function<void()> list;            ///< reads the list anew, with nothing chosen in it
   QString incomplete = kListIncomplete;  ///< said when list fails
+  QString listed = {};                   ///< said with a failure of make once list has gone through
 };
 
 /// Carries a change out and lists anew, whether it was made or not, before anything is told: what a box says

@@ -46,12 +46,14 @@ void saveCsvFile(Context& context, const QString& proposedName, const std::strin
   file.commit();
 }
 
-bool importCsvFile(Context& context, const std::string& plate, QWidget* parent) {
+bool importCsvFile(Context& context, const std::string& plate, QWidget* parent,
+                   const std::function<void()>& list) {
   const QString path = askFileToRead(csvToRead(), parent);
-  return !path.isEmpty() && importCsvFileAt(context, plate, path, parent);
+  return !path.isEmpty() && importCsvFileAt(context, plate, path, parent, list);
 }
 
-bool importCsvFileAt(Context& context, const std::string& plate, const QString& path, QWidget* parent) {
+bool importCsvFileAt(Context& context, const std::string& plate, const QString& path, QWidget* parent,
+                     const std::function<void()>& list) {
   const QString name = QFileInfo(path).fileName();
   TextFile file = readTextFile(context.files, toLogic(path));
   if (refuses(wordsOf(file, name), parent)) return false;
@@ -64,7 +66,8 @@ bool importCsvFileAt(Context& context, const std::string& plate, const QString& 
                          .log = std::move(log),
                          .plate = plate,
                          .logbook = core::loadLogbook(context.files, context.folders, plate),
-                         .tankLitres = settings::tankSizeOf(vehicles, plate)},
+                         .tankLitres = settings::tankSizeOf(vehicles, plate),
+                         .list = list},
                         parent);
   return preview.exec() == QDialog::Accepted;
 }

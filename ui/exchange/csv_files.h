@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 #include <string>
 
 #include "core/napi_adat.h"
@@ -15,11 +16,14 @@ namespace tarvik::ui {
 void saveCsvFile(Context& context, const QString& proposedName, const std::string& bytes, QWidget* parent);
 
 /// Asks for a CSV file of this program or another, shows what it would bring into a vehicle's logbook and
-/// takes over what the person ticks; true when entries were taken over. A file that holds no logbook is told
-/// in a box. Throws Failure when a file cannot be read.
-bool importCsvFile(Context& context, const std::string& plate, QWidget* parent);
+/// takes over what the person ticks; true when entries were taken over. list lists that logbook anew, after
+/// each try to take entries over. A file that holds no logbook is told in a box. Throws Failure when a file
+/// cannot be read.
+bool importCsvFile(Context& context, const std::string& plate, QWidget* parent,
+                   const std::function<void()>& list);
 
 /// As importCsvFile, of a file that was chosen already.
-bool importCsvFileAt(Context& context, const std::string& plate, const QString& path, QWidget* parent);
+bool importCsvFileAt(Context& context, const std::string& plate, const QString& path, QWidget* parent,
+                     const std::function<void()>& list);
 
 }  // namespace tarvik::ui

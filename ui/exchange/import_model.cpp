@@ -3,6 +3,7 @@
 #include <QFont>
 #include <algorithm>
 #include <numeric>
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -88,6 +89,16 @@ void ImportModel::setPlan(exchange::ImportPlan plan, const core::Logbook& logboo
   listing_ = listingOf(plan_);
   endResetModel();
   emit ticksChanged();
+}
+
+void ImportModel::setPlanAnew(exchange::ImportPlan plan, const core::Logbook& logbook) {
+  std::set<int> known;
+  for (const exchange::PlannedEntry& planned : plan_.entries)
+    if (planned.doubts.contains(exchange::Doubt::AlreadyThere)) known.insert(planned.line);
+  for (const exchange::PlannedEntry& planned : plan.entries)
+    if (planned.doubts.contains(exchange::Doubt::AlreadyThere) && !known.contains(planned.line))
+      ticks_.erase(planned.line);
+  setPlan(std::move(plan), logbook);
 }
 
 void ImportModel::keepTicks() {

@@ -22,6 +22,8 @@ class ImportModel : public QAbstractTableModel {
   /// Replaces what is shown; what the person ticked or not stays so. logbook is the one that the entries are
   /// to come behind; it outlives the model.
   void setPlan(exchange::ImportPlan plan, const core::Logbook& logbook);
+  /// As setPlan, after the logbook was read anew: what has come into it since is not ticked any more.
+  void setPlanAnew(exchange::ImportPlan plan, const core::Logbook& logbook);
   const exchange::ImportPlan& plan() const { return plan_; }
   /// The longest text that each column is laid out for; empty for those that share what remains.
   QStringList longestTexts() const;

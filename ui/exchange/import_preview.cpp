@@ -8,8 +8,10 @@
 #include <optional>
 #include <utility>
 
+#include "core/entry_editing.h"
 #include "core/number_text.h"
 #include "core/record_file.h"
+#include "ui/base/change.h"
 #include "ui/base/guarded.h"
 #include "ui/base/text.h"
 #include "ui/exchange/import_words.h"
@@ -70,7 +72,7 @@ ImportPreview::ImportPreview(Context& context, ImportSource source, QWidget* par
   makeAccessible(*this);
   setUpLists();
   setUpQuestions();
-  connect(ui_->cmdAtvesz, &QPushButton::clicked, this, [this] { guarded(this, [this] { takeOver(); }); });
+  connect(ui_->cmdAtvesz, &QPushButton::clicked, this, &ImportPreview::takeOver);
   connect(ui_->cmdMegsem, &QPushButton::clicked, this, &QDialog::reject);
   connect(entries_, &ImportModel::ticksChanged, this, &ImportPreview::showState);
   showFile();
@@ -141,9 +143,19 @@ void ImportPreview::readAgain() {
 }
 
 void ImportPreview::planAgain() {
-  entries_->setPlan(exchange::planImport(source_.log, answers(), source_.logbook, source_.tankLitres),
-                    source_.logbook);
+  entries_->setPlan(plan(), source_.logbook);
   showLeftOut();
+}
+
+void ImportPreview::listAgain() {
+  source_.list();
+  source_.logbook = core::loadLogbook(context_.files, context_.folders, source_.plate);
+  entries_->setPlanAnew(plan(), source_.logbook);
+  showLeftOut();
+}
+
+exchange::ImportPlan ImportPreview::plan() const {
+  return exchange::planImport(source_.log, answers(), source_.logbook, source_.tankLitres);
 }
 
 exchange::Answers ImportPreview::answers() const {
@@ -215,9 +227,15 @@ void ImportPreview::showState() {
 }
 
 void ImportPreview::takeOver() {
-  exchange::importEntries(context_.files, context_.folders.logbook(source_.plate), source_.logbook,
-                          entries_->plan().taken());
-  accept();
+  const auto make = [this] {
+    exchange::importEntries(context_.files, context_.folders.logbook(source_.plate), source_.logbook,
+                            entries_->plan().taken());
+  };
+  if (carryOut(this, {.done = QStringLiteral("A bejegyzések bekerültek a naplóba."),
+                      .make = make,
+                      .list = [this] { listAgain(); },
+                      .listed = QStringLiteral("Az előnézet már a napló mostani állapotát veszi alapul.")}))
+    accept();
 }
 
 }  // namespace tarvik::ui

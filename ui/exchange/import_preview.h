@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -28,11 +29,13 @@ struct ImportSource {
   std::string plate;
   core::Logbook logbook;  ///< as it is now; it is compared before anything is written
   std::int16_t tankLitres = 0;
+  std::function<void()> list = {};  ///< lists that logbook anew behind the preview
 };
 
 /// Shows what a file would bring into a logbook before anything enters it: the entries as they would be
 /// listed, what was noticed of each, how the columns were read, which rows are left out and why. Asks for
-/// what the file cannot say. Its one button takes over all that is ticked, in one step.
+/// what the file cannot say. Its one button takes over all that is ticked, in one step; where that fails, the
+/// preview stays, and it and the list behind show the logbook as it is by then before the failure is told.
 class ImportPreview : public QDialog {
   Q_OBJECT
 
@@ -47,6 +50,7 @@ class ImportPreview : public QDialog {
   void showFile();
   void readAgain();
   void planAgain();
+  void listAgain();
   void showColumns();
   void showLeftOut();
   void showState();
@@ -54,6 +58,7 @@ class ImportPreview : public QDialog {
   QString missingAnswer() const;
   std::optional<core::Ratio> factor() const;
   exchange::Answers answers() const;
+  exchange::ImportPlan plan() const;
   void takeOver();
 
   std::unique_ptr<Ui::ImportPreview> ui_;

@@ -1,6 +1,4 @@
 #include "exchange/own_format.h"
-#include "ui/base/change.h"
-#include "ui/base/guarded.h"
 #include "ui/base/text.h"
 #include "ui/exchange/csv_files.h"
 #include "ui/lists/list_menu.h"
@@ -22,10 +20,7 @@ void frmTarvik::saveLog() {
 
 void frmTarvik::importLog() {
   if (refusesBlankPlate(QStringLiteral("Így nem olvasható be..."))) return;
-  if (!importCsvFile(context_, platePath(), this)) return;
-  guarded(this, [this] { relistInPlace(); },
-          {.failed = QStringLiteral("A bejegyzések bekerültek a naplóba. ") + kListIncomplete});
-  markNewest();
+  if (importCsvFile(context_, platePath(), this, [this] { relistInPlace(); })) markNewest();
 }
 
 }  // namespace tarvik::ui
