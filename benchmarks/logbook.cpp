@@ -26,8 +26,8 @@ template <typename R>
 std::vector<std::byte> bytesOf(int count, R (*recordOf)(int)) {
   std::vector<std::byte> bytes(static_cast<std::size_t>(count) * R::kLength);
   for (int number = 1; number <= count; ++number)
-    recordOf(number).encode(
-        std::span(bytes).subspan(static_cast<std::size_t>(number - 1) * R::kLength, R::kLength));
+    core::encode(recordOf(number),
+                 std::span(bytes).subspan(static_cast<std::size_t>(number - 1) * R::kLength, R::kLength));
   return bytes;
 }
 

@@ -1,7 +1,5 @@
 #include "core/entry_editing.h"
 
-#include <algorithm>
-
 #include "core/failure.h"
 #include "core/number_format.h"
 #include "core/number_text.h"
@@ -9,28 +7,6 @@
 
 namespace tarvik::core {
 namespace {
-
-// Entries read from behind, some dozens in one read: the last full fill is rarely far.
-class BackwardReader {
- public:
-  explicit BackwardReader(const RecordFile& file) : file_(file) {}
-
-  NapiAdat operator()(int number) {
-    if (number < first_) {
-      const int count = std::min(number, kEntriesARead);
-      first_ = number - count + 1;
-      entries_ = Logbook(file_.read(first_, count));
-    }
-    return entries_.record(number - first_ + 1);
-  }
-
- private:
-  static constexpr int kEntriesARead = 64;
-
-  const RecordFile& file_;
-  Logbook entries_;
-  int first_ = kHighestRecordNumber + 1;
-};
 
 bool isReference(const NapiAdat& entry) {
   return entry.Teletank == kFlagSet && !entry.TankoltLiter.isZero();
@@ -42,20 +18,6 @@ std::string consumptionText(const Ratio& litres, const Ratio& distance) {
 }
 
 }  // namespace
-
-FullFillSearch searchFullFill(int newNumber, const Ratio& litres, const Ratio& kmOra,
-                              const std::function<NapiAdat(int)>& entry) {
-  Ratio sum = litres;
-  for (int number = newNumber - 1; number >= 2; --number) {
-    const NapiAdat earlier = entry(number);
-    if (isReference(earlier)) {
-      const Ratio distance = kmOra - earlier.KmOra;
-      return {distance, consumptionText(sum, distance)};
-    }
-    sum = sum + earlier.TankoltLiter.ratio();
-  }
-  return {};
-}
 
 void FullFillTrail::pass(const NapiAdat& entry) {
   if (++passed_ < 2) return;
@@ -94,10 +56,11 @@ Ratio recordEntry(FileSystem& files, const DataFolders& folders, const std::stri
   RecordFile file(files, folders.logbook(plate), NapiAdat::kLength);
   if (file.count() >= kHighestRecordNumber)
     throw Failure(FailureKind::FileFull).file(folders.logbook(plate)).record(file.count() + 1);
-  BackwardReader reader(file);
-  const FullFillSearch found =
-      searchFullFill(static_cast<int>(file.count()) + 1, requiredNumber(input.tankoltLiter, "txTankoltLiter"),
-                     requiredNumber(input.kmOra, "txKmOra"), std::ref(reader));
+  FullFillTrail trail;
+  const Logbook earlier(file.read(1, file.count()));
+  for (int number = 1; number <= earlier.count(); ++number) trail.pass(earlier.record(number));
+  const FullFillSearch found = trail.reach(requiredNumber(input.tankoltLiter, "txTankoltLiter"),
+                                           requiredNumber(input.kmOra, "txKmOra"));
   entry.Fogyasztas = storedConsumption(found.consumption);
   file.append(encoded(entry));
   return found.distance;

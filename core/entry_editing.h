@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 
@@ -11,26 +10,21 @@
 
 namespace tarvik::core {
 
-/// The walk back from a new entry to the last full fill before it.
+/// What a new entry finds behind it.
 struct FullFillSearch {
-  Ratio distance = 0;       ///< km since that full fill; 0 when there is none
+  Ratio distance = 0;       ///< km since the last full fill before it; 0 when there is none
   std::string consumption;  ///< litres per 100 km since then, "##.00"; empty when there is none
 };
 
-/// Looks for the reference full fill of a new entry with that record number: the last earlier entry that is a
-/// full fill with litres, entry 1 left out, so that entry 2 gets no consumption. The litres of the entries
-/// between count together with the new entry's own. entry gives an entry by its number. Throws
-/// Failure(DivisionByZero) when the distance is 0.
-FullFillSearch searchFullFill(int newNumber, const Ratio& litres, const Ratio& kmOra,
-                              const std::function<NapiAdat(int)>& entry);
-
-/// The same search for many entries in a row, without walking back for each: it is taken past the entries of
-/// a logbook from the first on, and always finds what searchFullFill would from there.
+/// Looks for the reference full fill of a new entry: the last earlier entry that is a full fill with litres,
+/// entry 1 left out, so that entry 2 gets no consumption. It is taken past the entries of a logbook from the
+/// first on.
 class FullFillTrail {
  public:
   /// Goes on past the next entry.
   void pass(const NapiAdat& entry);
-  /// What a new entry behind those passed finds. Throws as searchFullFill does.
+  /// What a new entry behind those passed finds: the litres of the entries between count together with its
+  /// own. Throws Failure(DivisionByZero) when the distance is 0.
   FullFillSearch reach(const Ratio& litres, const Ratio& kmOra) const;
 
  private:

@@ -48,26 +48,18 @@ std::vector<std::uint16_t> listedEntries(const Logbook& logbook, const ListFilte
   std::vector<std::uint16_t> numbers;
   numbers.reserve(filtered ? 0 : static_cast<std::size_t>(logbook.count()));
   for (int number = 1; number <= logbook.count(); ++number) {
-    if (filtered && !range.holds(NapiAdat::decodeDatum(logbook.bytes(number)))) continue;
+    if (filtered && !range.holds(logbook.record(number).Datum)) continue;
     numbers.push_back(static_cast<std::uint16_t>(number));
   }
   return numbers;
 }
 
-// The list asks at every listing: the readings alone are decoded, and no distance between two that were met
-// has a longer text than both.
 std::string longestDistance(const Listing& listing) {
   std::string longest;
-  std::int64_t least = 1;
-  std::int64_t most = -1;
   std::int32_t previous = 0;
   for (const std::uint16_t number : listing.numbers) {
-    const std::int32_t km = NapiAdat::decodeKmOra(listing.logbook.bytes(number));
-    const std::int64_t run = distance(std::exchange(previous, km), km);
-    if (run >= least && run <= most) continue;
-    least = std::min(least, run);
-    most = std::max(most, run);
-    std::string text = std::to_string(run);
+    const std::int32_t km = listing.logbook.record(number).KmOra;
+    std::string text = std::to_string(distance(std::exchange(previous, km), km));
     if (text.size() > longest.size()) longest = std::move(text);
   }
   return longest;

@@ -31,14 +31,15 @@ struct NapiAdat {
   FixedText<50> Megjegyzes{};     ///< note
   Amount Fogyasztas{};            ///< consumption since the last full fill, litres per 100 km; 0 = none
 
-  /// Reads an entry from its 156 bytes; any bytes are an entry.
-  static NapiAdat decode(std::span<const std::byte> bytes);
-  /// Reads the Datum of an entry's 156 bytes alone.
-  static double decodeDatum(std::span<const std::byte> bytes);
-  /// Reads the KmOra of an entry's 156 bytes alone.
-  static std::int32_t decodeKmOra(std::span<const std::byte> bytes);
-  /// Writes the entry into 156 bytes.
-  void encode(std::span<std::byte> bytes) const;
+  /// In the order of the file.
+  static constexpr std::tuple kFields{
+      Field{"KmOra", &NapiAdat::KmOra},           Field{"Datum", &NapiAdat::Datum},
+      Field{"Teletank", &NapiAdat::Teletank},     Field{"TankoltLiter", &NapiAdat::TankoltLiter},
+      Field{"TankoltKtg", &NapiAdat::TankoltKtg}, Field{"AlkatreszKtg", &NapiAdat::AlkatreszKtg},
+      Field{"FtPerLiter", &NapiAdat::FtPerLiter}, Field{"Olajcsere", &NapiAdat::Olajcsere},
+      Field{"Szurocsere", &NapiAdat::Szurocsere}, Field{"Gyertyacsere", &NapiAdat::Gyertyacsere},
+      Field{"Alkatresz", &NapiAdat::Alkatresz},   Field{"MegjKtg", &NapiAdat::MegjKtg},
+      Field{"Megjegyzes", &NapiAdat::Megjegyzes}, Field{"Fogyasztas", &NapiAdat::Fogyasztas}};
 
   friend bool operator==(const NapiAdat&, const NapiAdat&) = default;
 };

@@ -9,6 +9,8 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <tuple>
+#include <type_traits>
 
 #include "core/amount.h"
 #include "core/text.h"
@@ -16,9 +18,9 @@
 namespace tarvik::core {
 
 // The field encodings that all record files share: little-endian numbers and fixed-length texts, laid
-// end to end without padding. Every function takes the record's bytes and the field's offset in them; the
-// field must lie inside the bytes. No value is refused: what a damaged file holds is read as it is, and
-// the callers decide what it means.
+// end to end without padding. What reads or writes a field takes the record's bytes and the field's offset in
+// them; the field must lie inside the bytes. No value is refused: what a damaged file holds is read as it is,
+// and the callers decide what it means.
 
 /// The flag values that writers store; readers take exactly kFlagSet for set.
 inline constexpr std::int16_t kFlagSet = -1;
@@ -27,64 +29,6 @@ inline constexpr std::int16_t kFlagClear = 0;
 /// The stored form of a yes or no.
 constexpr std::int16_t toFlag(bool set) {
   return set ? kFlagSet : kFlagClear;
-}
-
-/// A number's bytes in the order of the files, lowest first, turned round where the machine's own order is
-/// the other one.
-template <std::size_t N>
-constexpr std::array<std::byte, N> inFileOrder(std::array<std::byte, N> bytes) {
-  if constexpr (std::endian::native == std::endian::big) std::ranges::reverse(bytes);
-  return bytes;
-}
-
-/// Reads an unsigned little-endian integer of Unsigned's width. The bytes are copied out in one piece, so
-/// that the field's alignment does not matter: a list of thousands of records is decoded at each listing.
-template <typename Unsigned>
-constexpr Unsigned readUnsigned(std::span<const std::byte> bytes, std::size_t offset) {
-  std::array<std::byte, sizeof(Unsigned)> raw{};
-  std::ranges::copy_n(bytes.data() + offset, sizeof(Unsigned), raw.begin());
-  return std::bit_cast<Unsigned>(inFileOrder(raw));
-}
-
-/// Writes an unsigned little-endian integer of Unsigned's width, lowest byte first.
-template <typename Unsigned>
-constexpr void writeUnsigned(std::span<std::byte> bytes, std::size_t offset, Unsigned value) {
-  const auto raw = inFileOrder(std::bit_cast<std::array<std::byte, sizeof(Unsigned)>>(value));
-  std::ranges::copy(raw, bytes.data() + offset);
-}
-
-/// Reads a signed 16-bit integer, a flag among them.
-inline std::int16_t readInt16(std::span<const std::byte> bytes, std::size_t offset) {
-  return static_cast<std::int16_t>(readUnsigned<std::uint16_t>(bytes, offset));
-}
-/// Reads a signed 32-bit integer: whole forints or kilometres.
-inline std::int32_t readInt32(std::span<const std::byte> bytes, std::size_t offset) {
-  return static_cast<std::int32_t>(readUnsigned<std::uint32_t>(bytes, offset));
-}
-/// Reads an amount: a signed 64-bit integer of ten-thousandths.
-inline Amount readAmount(std::span<const std::byte> bytes, std::size_t offset) {
-  return {static_cast<std::int64_t>(readUnsigned<std::uint64_t>(bytes, offset))};
-}
-/// Reads a date: days since 30 December 1899 as an IEEE 754 double, whatever it holds.
-inline double readDate(std::span<const std::byte> bytes, std::size_t offset) {
-  return std::bit_cast<double>(readUnsigned<std::uint64_t>(bytes, offset));
-}
-
-/// Writes a signed 16-bit integer; a flag is given as toFlag makes it.
-inline void writeInt16(std::span<std::byte> bytes, std::size_t offset, std::int16_t value) {
-  writeUnsigned(bytes, offset, static_cast<std::uint16_t>(value));
-}
-/// Writes a signed 32-bit integer.
-inline void writeInt32(std::span<std::byte> bytes, std::size_t offset, std::int32_t value) {
-  writeUnsigned(bytes, offset, static_cast<std::uint32_t>(value));
-}
-/// Writes an amount's ten-thousandths as a signed 64-bit integer.
-inline void writeAmount(std::span<std::byte> bytes, std::size_t offset, Amount value) {
-  writeUnsigned(bytes, offset, static_cast<std::uint64_t>(value.tenThousandths));
-}
-/// Writes a date's double, bit for bit.
-inline void writeDate(std::span<std::byte> bytes, std::size_t offset, double value) {
-  writeUnsigned(bytes, offset, std::bit_cast<std::uint64_t>(value));
 }
 
 /// A fixed text of N characters as a record holds it: N bytes of Windows-1250, so that reading a
@@ -114,17 +58,6 @@ class FixedText {
   /// Whether nothing but spaces and zero bytes is stored.
   bool isBlank() const { return core::trimmed(view()).empty(); }
 
-  /// Takes the text's N bytes from a record as they are, without converting or trimming them.
-  static FixedText read(std::span<const std::byte> bytes, std::size_t offset) {
-    FixedText text;
-    std::memcpy(text.bytes_.data(), bytes.data() + offset, N);
-    return text;
-  }
-  /// Puts the N bytes into a record as they are: a text that was read is written back unchanged.
-  void write(std::span<std::byte> bytes, std::size_t offset) const {
-    std::memcpy(bytes.data() + offset, bytes_.data(), N);
-  }
-
   /// Compares what is stored; texts that differ in their padding only are different.
   friend bool operator==(const FixedText&, const FixedText&) = default;
 
@@ -133,5 +66,87 @@ class FixedText {
 
   std::array<char, N> bytes_{};
 };
+
+template <typename Value>
+inline constexpr bool kIsText = false;
+template <std::size_t N>
+inline constexpr bool kIsText<FixedText<N>> = true;
+
+/// A number's bytes in the order of the files, lowest first, turned round where the machine's own order is
+/// the other one.
+template <std::size_t N>
+constexpr std::array<std::byte, N> inFileOrder(std::array<std::byte, N> bytes) {
+  if constexpr (std::endian::native == std::endian::big) std::ranges::reverse(bytes);
+  return bytes;
+}
+
+/// Reads a field: a signed 16-bit integer (a flag among them), a signed 32-bit integer (whole forints or
+/// kilometres), an Amount (64-bit ten-thousandths), a date (double, days since 30 December 1899) or a
+/// FixedText, as wide as Value. A text comes as its bytes are, without converting or trimming them.
+template <typename Value>
+Value readField(std::span<const std::byte> bytes, std::size_t offset) {
+  std::array<std::byte, sizeof(Value)> raw;
+  std::memcpy(raw.data(), bytes.data() + offset, sizeof(Value));
+  if constexpr (!kIsText<Value>) raw = inFileOrder(raw);
+  return std::bit_cast<Value>(raw);
+}
+
+/// Writes a field, bit for bit: one that was read is written back unchanged.
+template <typename Value>
+void writeField(std::span<std::byte> bytes, std::size_t offset, const Value& value) {
+  auto raw = std::bit_cast<std::array<std::byte, sizeof(Value)>>(value);
+  if constexpr (!kIsText<Value>) raw = inFileOrder(raw);
+  std::memcpy(bytes.data() + offset, raw.data(), sizeof(Value));
+}
+
+/// One field of a record type: its name in docs/formats/ and the member that holds it. How it is stored and
+/// how wide it is follow from the member's type.
+template <typename Record, typename Value>
+struct Field {
+  const char* name;
+  Value Record::*member;
+
+  static constexpr std::size_t kWidth = sizeof(Value);
+};
+template <typename Record, typename Value>
+Field(const char*, Value Record::*) -> Field<Record, Value>;
+
+/// A record type: kFields is a tuple of its Field in the order of the file, without gaps between them, and
+/// kLength the sum of their widths.
+template <typename R>
+concept Record = requires {
+  R::kFields;
+  R::kLength;
+}
+&&std::apply([](const auto&... field) { return (field.kWidth + ... + 0) == R::kLength; }, R::kFields);
+
+/// Calls visit(field, offset) for each field of a record type in the order of the file.
+template <Record R, typename Visit>
+constexpr void eachField(Visit visit) {
+  std::size_t offset = 0;
+  const auto next = [&](const auto& field) {
+    visit(field, offset);
+    offset += field.kWidth;
+  };
+  std::apply([&](const auto&... field) { (next(field), ...); }, R::kFields);
+}
+
+/// Reads a record from its kLength bytes; any bytes are a record.
+template <Record R>
+R decoded(std::span<const std::byte> bytes) {
+  R record;
+  eachField<R>([&](const auto& field, std::size_t offset) {
+    auto& value = record.*field.member;
+    value = readField<std::remove_reference_t<decltype(value)>>(bytes, offset);
+  });
+  return record;
+}
+
+/// Writes a record into its kLength bytes.
+template <Record R>
+void encode(const R& record, std::span<std::byte> bytes) {
+  eachField<R>(
+      [&](const auto& field, std::size_t offset) { writeField(bytes, offset, record.*field.member); });
+}
 
 }  // namespace tarvik::core

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -8,15 +7,9 @@
 #include <utility>
 #include <vector>
 
-namespace tarvik::core {
+#include "core/record_codec.h"
 
-/// A record type: its length in the file and its two conversions.
-template <typename R>
-concept Record = requires(const R record, std::span<const std::byte> in, std::span<std::byte> out) {
-  { R::kLength } -> std::convertible_to<std::size_t>;
-  { R::decode(in) } -> std::same_as<R>;
-  { record.encode(out) } -> std::same_as<void>;
-};
+namespace tarvik::core {
 
 /// A block of bytes that was read or is to be written in one piece. Moved, never copied.
 struct ByteBlock {
@@ -42,7 +35,7 @@ struct SeenRecord {
 template <Record R>
 std::vector<std::byte> encoded(const R& record) {
   std::vector<std::byte> bytes(R::kLength);
-  record.encode(bytes);
+  encode(record, bytes);
   return bytes;
 }
 
@@ -57,7 +50,7 @@ class RecordList {
   static RecordList of(std::span<const R> records) {
     ByteBlock block = ByteBlock::ofSize(records.size() * R::kLength);
     for (std::size_t i = 0; i < records.size(); ++i)
-      records[i].encode(block.span().subspan(i * R::kLength, R::kLength));
+      encode(records[i], block.span().subspan(i * R::kLength, R::kLength));
     return RecordList(std::move(block));
   }
 
@@ -65,7 +58,7 @@ class RecordList {
   int count() const { return static_cast<int>(bytes_.size / R::kLength); }
 
   /// The record of that number, counted from 1; one of zero bytes for a number outside 1 to count().
-  R record(int number) const { return R::decode(bytes(number)); }
+  R record(int number) const { return decoded<R>(bytes(number)); }
 
   /// The bytes of all records, as they stand in the file.
   std::span<const std::byte> bytes() const {

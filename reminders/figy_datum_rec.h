@@ -18,9 +18,10 @@ struct FigyDatumRec {
   core::FixedText<40> Szoveg;    ///< what to remind of
   core::FixedText<10> Rendszam;  ///< plate of the vehicle
 
-  /// The reminder in 68 bytes.
-  static FigyDatumRec decode(std::span<const std::byte> bytes);
-  void encode(std::span<std::byte> bytes) const;
+  /// In the order of the file.
+  static constexpr std::tuple kFields{
+      core::Field{"Mikor", &FigyDatumRec::Mikor}, core::Field{"Beirva", &FigyDatumRec::Beirva},
+      core::Field{"Szoveg", &FigyDatumRec::Szoveg}, core::Field{"Rendszam", &FigyDatumRec::Rendszam}};
 
   friend bool operator==(const FigyDatumRec&, const FigyDatumRec&) = default;
 };

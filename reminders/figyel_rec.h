@@ -21,9 +21,11 @@ struct FigyelRec {
   core::FixedText<40> Szoveg;     ///< what to remind of; blank = a deleted reminder
   core::FixedText<10> Rendszam;   ///< plate of the vehicle
 
-  /// The reminder in 68 bytes.
-  static FigyelRec decode(std::span<const std::byte> bytes);
-  void encode(std::span<std::byte> bytes) const;
+  /// In the order of the file.
+  static constexpr std::tuple kFields{
+      core::Field{"KmMulva", &FigyelRec::KmMulva}, core::Field{"KmAllas", &FigyelRec::KmAllas},
+      core::Field{"RogzDatum", &FigyelRec::RogzDatum}, core::Field{"Szoveg", &FigyelRec::Szoveg},
+      core::Field{"Rendszam", &FigyelRec::Rendszam}};
 
   friend bool operator==(const FigyelRec&, const FigyelRec&) = default;
 };

@@ -26,7 +26,7 @@ core::RecordFile openFile(core::FileSystem& files, const core::DataFolders& fold
 
 // One of zeros where there is none.
 FigyelRec decoded(const core::SeenRecord& seen) {
-  return seen.bytes.empty() ? FigyelRec{} : FigyelRec::decode(seen.bytes);
+  return seen.bytes.empty() ? FigyelRec{} : core::decoded<FigyelRec>(seen.bytes);
 }
 
 ReminderRow rowOf(const FigyelRec& reminder, int record) {

@@ -20,9 +20,13 @@ struct Repair {
   std::int32_t costFt = 0;
   std::int32_t readingKm = 0;  ///< odometer reading, km
 
-  /// The entry from and to its 186 bytes.
-  static Repair decode(std::span<const std::byte> bytes);
-  void encode(std::span<std::byte> bytes) const;
+  /// In the order of the file.
+  static constexpr std::tuple kFields{core::Field{"plate", &Repair::plate},
+                                      core::Field{"date", &Repair::date},
+                                      core::Field{"description", &Repair::description},
+                                      core::Field{"part", &Repair::part},
+                                      core::Field{"costFt", &Repair::costFt},
+                                      core::Field{"readingKm", &Repair::readingKm}};
 
   friend bool operator==(const Repair&, const Repair&) = default;
 };

@@ -19,14 +19,6 @@ std::size_t characterCount(std::string_view utf8) {
 
 }  // namespace
 
-LookupText LookupText::decode(std::span<const std::byte> bytes) {
-  return {.text = core::FixedText<50>::read(bytes, 0)};
-}
-
-void LookupText::encode(std::span<std::byte> bytes) const {
-  text.write(bytes, 0);
-}
-
 LookupTexts loadLookupTexts(core::FileSystem& files, const core::DataFolders& folders,
                             const LookupFile& list) {
   return core::loadRecords<LookupText>(files, folders.inCurrent(list.name));

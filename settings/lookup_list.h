@@ -20,9 +20,8 @@ struct LookupText {
 
   core::FixedText<50> text;  ///< as typed
 
-  /// The entry in 50 bytes.
-  static LookupText decode(std::span<const std::byte> bytes);
-  void encode(std::span<std::byte> bytes) const;
+  /// In the order of the file.
+  static constexpr std::tuple kFields{core::Field{"text", &LookupText::text}};
 
   friend bool operator==(const LookupText&, const LookupText&) = default;
 };

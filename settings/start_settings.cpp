@@ -6,9 +6,6 @@
 namespace tarvik::settings {
 namespace {
 
-constexpr std::size_t kRemindersOn = 0;
-constexpr std::size_t kPlate = 2;
-
 constexpr const char* kFileName = "set.dat";
 
 void writeInPlaceOf(const core::SeenRecord& first, core::RecordFile& file, const SetRecord& settings) {
@@ -17,16 +14,6 @@ void writeInPlaceOf(const core::SeenRecord& first, core::RecordFile& file, const
 }
 
 }  // namespace
-
-SetRecord SetRecord::decode(std::span<const std::byte> bytes) {
-  return {.remindersOn = core::readInt16(bytes, kRemindersOn),
-          .plate = core::FixedText<10>::read(bytes, kPlate)};
-}
-
-void SetRecord::encode(std::span<std::byte> bytes) const {
-  core::writeInt16(bytes, kRemindersOn, remindersOn);
-  plate.write(bytes, kPlate);
-}
 
 SetRecord loadStartSettings(core::FileSystem& files, const core::DataFolders& folders) {
   return core::loadRecords<SetRecord>(files, folders.inCurrent(kFileName)).record(1);
@@ -40,7 +27,7 @@ void saveStartSettings(core::FileSystem& files, const core::DataFolders& folders
 void saveReminderFlag(core::FileSystem& files, const core::DataFolders& folders, std::int16_t remindersOn) {
   core::RecordFile file(files, folders.inCurrent(kFileName), SetRecord::kLength);
   const core::SeenRecord first = file.seen(1);
-  SetRecord settings = first.bytes.empty() ? SetRecord{} : SetRecord::decode(first.bytes);
+  SetRecord settings = first.bytes.empty() ? SetRecord{} : core::decoded<SetRecord>(first.bytes);
   if (!first.bytes.empty() && settings.remindersOn == remindersOn) return;
   settings.remindersOn = remindersOn;
   writeInPlaceOf(first, file, settings);

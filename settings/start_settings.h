@@ -17,9 +17,9 @@ struct SetRecord {
   std::int16_t remindersOn = core::kFlagClear;  ///< flag: reminders on at start
   core::FixedText<10> plate;                    ///< plate to load at start
 
-  /// The settings in 12 bytes.
-  static SetRecord decode(std::span<const std::byte> bytes);
-  void encode(std::span<std::byte> bytes) const;
+  /// In the order of the file.
+  static constexpr std::tuple kFields{core::Field{"remindersOn", &SetRecord::remindersOn},
+                                      core::Field{"plate", &SetRecord::plate}};
 
   friend bool operator==(const SetRecord&, const SetRecord&) = default;
 };

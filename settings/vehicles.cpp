@@ -10,9 +10,6 @@
 namespace tarvik::settings {
 namespace {
 
-constexpr std::size_t kPlate = 0;
-constexpr std::size_t kTankSize = 8;
-
 constexpr const char* kFileName = "rendsz.dat";
 constexpr const char* kTemporaryName = "rendszxx.dat";
 
@@ -39,15 +36,6 @@ void makeVehicleFolder(core::FileSystem& files, const core::DataFolders& folders
 }
 
 }  // namespace
-
-Vehicle Vehicle::decode(std::span<const std::byte> bytes) {
-  return {.plate = core::FixedText<8>::read(bytes, kPlate), .tankSize = core::readInt16(bytes, kTankSize)};
-}
-
-void Vehicle::encode(std::span<std::byte> bytes) const {
-  plate.write(bytes, kPlate);
-  core::writeInt16(bytes, kTankSize, tankSize);
-}
 
 Vehicles loadVehicles(core::FileSystem& files, const core::DataFolders& folders) {
   return core::loadRecords<Vehicle>(files, folders.inCurrent(kFileName));

@@ -20,9 +20,9 @@ struct Vehicle {
   core::FixedText<8> plate;   ///< registration plate as typed; of a longer one the first 8 characters
   std::int16_t tankSize = 0;  ///< fuel tank, litres
 
-  /// The vehicle in 10 bytes.
-  static Vehicle decode(std::span<const std::byte> bytes);
-  void encode(std::span<std::byte> bytes) const;
+  /// In the order of the file.
+  static constexpr std::tuple kFields{core::Field{"plate", &Vehicle::plate},
+                                      core::Field{"tankSize", &Vehicle::tankSize}};
 
   friend bool operator==(const Vehicle&, const Vehicle&) = default;
 };

@@ -81,7 +81,7 @@ void TyreRegister::record(const NewTyreSet& typed) {
 
 template <typename Edit>
 void TyreRegister::rewrite(const core::SeenRecord& seen, Edit edit) {
-  buffer_ = seen.bytes.empty() ? TyreSet{} : TyreSet::decode(seen.bytes);
+  buffer_ = seen.bytes.empty() ? TyreSet{} : core::decoded<TyreSet>(seen.bytes);
   TyreSet edited = buffer_;
   edit(edited);
   core::RecordFile(files_, folders_.inProgram(kFile), TyreSet::kLength).rewrite(seen, core::encoded(edited));

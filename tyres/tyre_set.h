@@ -32,9 +32,12 @@ struct TyreSet {
   std::int16_t onCar = kNotFitted;  ///< kFitted or kNotFitted; whatever the file holds
   std::int32_t kmRun = 0;           ///< distance run since it was fitted, km
 
-  /// The set from and to its 71 bytes.
-  static TyreSet decode(std::span<const std::byte> bytes);
-  void encode(std::span<std::byte> bytes) const;
+  /// In the order of the file.
+  static constexpr std::tuple kFields{
+      core::Field{"plate", &TyreSet::plate},   core::Field{"kmWhenFitted", &TyreSet::kmWhenFitted},
+      core::Field{"season", &TyreSet::season}, core::Field{"type", &TyreSet::type},
+      core::Field{"size", &TyreSet::size},     core::Field{"maxKm", &TyreSet::maxKm},
+      core::Field{"onCar", &TyreSet::onCar},   core::Field{"kmRun", &TyreSet::kmRun}};
 
   friend bool operator==(const TyreSet&, const TyreSet&) = default;
 };

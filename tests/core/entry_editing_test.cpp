@@ -9,6 +9,7 @@
 
 #include "core/failure.h"
 #include "core/machine_file_system.h"
+#include "core/number_format.h"
 #include "tests/core/entries.h"
 #include "tests/support/expect_failure.h"
 #include "tests/support/forwarding_file_system.h"
@@ -324,24 +325,23 @@ TEST_F(EntryEditing, TextsAreCutToFiftyCharactersOfTheCodePage) {
   EXPECT_EQ(file(), bytesOf(expected));
 }
 
-TEST(FullFillSearch, LeavesDamagedFlagsOutOfTheFullFills) {
-  std::vector<NapiAdat> entries{test::fuelling({2013, 1, 1}, 9'000, 100'000, true),
-                                test::fuelling({2013, 1, 2}, 10'000, 100'000, true),
-                                test::fuelling({2013, 1, 3}, 10'100, 100'000, true)};
-  entries[2].Teletank = 1;
-  const auto entry = [&](int number) { return entries[static_cast<std::size_t>(number - 1)]; };
-  const FullFillSearch found = searchFullFill(4, 10, 10'500, entry);
+TEST(FullFillTrail, LeavesDamagedFlagsOutOfTheFullFills) {
+  FullFillTrail trail;
+  trail.pass(test::fuelling({2013, 1, 1}, 9'000, 100'000, true));
+  trail.pass(test::fuelling({2013, 1, 2}, 10'000, 100'000, true));
+  NapiAdat damaged = test::fuelling({2013, 1, 3}, 10'100, 100'000, true);
+  damaged.Teletank = 1;
+  trail.pass(damaged);
+  const FullFillSearch found = trail.reach(10, 10'500);
   EXPECT_EQ(found.distance, Ratio(500));
   EXPECT_EQ(found.consumption, "4,00");  // 10 + 10 litres on 500 km
 }
 
-TEST(FullFillSearch, OfTheFirstTwoEntriesReadsNothing) {
-  const auto never = [](int) -> NapiAdat {
-    ADD_FAILURE() << "an entry was read";
-    return {};
-  };
-  EXPECT_EQ(searchFullFill(1, 40, 10'000, never).consumption, "");
-  EXPECT_EQ(searchFullFill(2, 40, 10'000, never).distance, Ratio(0));
+TEST(FullFillTrail, FindsNothingBehindTheFirstEntry) {
+  FullFillTrail trail;
+  EXPECT_EQ(trail.reach(40, 10'000).consumption, "");
+  trail.pass(test::fuelling({2013, 1, 1}, 9'000, 100'000, true));
+  EXPECT_EQ(trail.reach(40, 10'000).distance, Ratio(0));
 }
 
 // Modifying.
@@ -507,7 +507,17 @@ TEST_F(EntryEditing, RealLogIsRecordedToTheByte) {
   EXPECT_EQ(consumption(71), 57'100);  // two on one day, 9.65 and 15.57 litres on 442 km: 5.706
 }
 
-TEST(TheTrailPastManyEntries, FindsWhatTheWalkBackFinds) {
+// The rule as a person would follow it on paper, from the new entry back.
+FullFillSearch walkedBack(const std::vector<NapiAdat>& entries, Ratio litres, const Ratio& kmOra) {
+  for (std::size_t at = entries.size(); at-- > 1; litres = litres + entries[at].TankoltLiter.ratio()) {
+    if (entries[at].Teletank != kFlagSet || entries[at].TankoltLiter.isZero()) continue;
+    const Ratio distance = kmOra - entries[at].KmOra;
+    return {distance, formatted(litres / (distance / 100), "##.00")};
+  }
+  return {};
+}
+
+TEST(FullFillTrail, FindsWhatAWalkBackFinds) {
   std::mt19937 random(7);
   const auto below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
   for (int round = 0; round < 300; ++round) {
@@ -516,8 +526,7 @@ TEST(TheTrailPastManyEntries, FindsWhatTheWalkBackFinds) {
     for (int number = 1; number <= 12; ++number) {
       const Ratio litres = Amount{below(4) * 100'000}.ratio();
       const Ratio kmOra = 1'000 * number + below(900);
-      const auto walked = searchFullFill(number, litres, kmOra,
-                                         [&](int at) { return entries[static_cast<std::size_t>(at - 1)]; });
+      const auto walked = walkedBack(entries, litres, kmOra);
       const auto found = trail.reach(litres, kmOra);
       ASSERT_EQ(found.distance, walked.distance);
       ASSERT_EQ(found.consumption, walked.consumption);

@@ -80,11 +80,11 @@ TEST(NapiAdat, GoldenBytesAreWritten) {
 }
 
 TEST(NapiAdat, GoldenBytesAreRead) {
-  EXPECT_EQ(NapiAdat::decode(goldenBytes()), goldenEntry());
+  EXPECT_EQ(core::decoded<NapiAdat>(goldenBytes()), goldenEntry());
 }
 
 TEST(NapiAdat, TextsAreReadInUtf8) {
-  const NapiAdat entry = NapiAdat::decode(goldenBytes());
+  const NapiAdat entry = core::decoded<NapiAdat>(goldenBytes());
   EXPECT_EQ(entry.Alkatresz.trimmed(), "Olajszűrő");
   EXPECT_EQ(entry.Megjegyzes.trimmed(), "Árvíztűrő tükörfúrógép");
 }
@@ -115,7 +115,7 @@ TEST(NapiAdat, EveryFieldLiesAtItsOffset) {
 TEST(NapiAdat, AnyBytesSurviveReadingAndWriting) {
   Bytes bytes(NapiAdat::kLength);
   for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<std::byte>(i * 37 + 11);
-  EXPECT_EQ(encoded(NapiAdat::decode(bytes)), bytes);
+  EXPECT_EQ(encoded(core::decoded<NapiAdat>(bytes)), bytes);
 }
 
 TEST(Logbook, KeepsTheOrderOfRecording) {

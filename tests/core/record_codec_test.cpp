@@ -32,49 +32,50 @@ Bytes marked(std::size_t size) {
 
 TEST(Int16, IsLittleEndianTwosComplement) {
   Bytes bytes = marked(4);
-  writeInt16(bytes, 1, 0x1234);
+  writeField<std::int16_t>(bytes, 1, 0x1234);
   EXPECT_EQ(bytes, bytesOf({0xAA, 0x34, 0x12, 0xAA}));
-  EXPECT_EQ(readInt16(bytes, 1), 0x1234);
-  writeInt16(bytes, 1, -2);
+  EXPECT_EQ(readField<std::int16_t>(bytes, 1), 0x1234);
+  writeField<std::int16_t>(bytes, 1, -2);
   EXPECT_EQ(bytes, bytesOf({0xAA, 0xFE, 0xFF, 0xAA}));
-  EXPECT_EQ(readInt16(bytes, 1), -2);
-  EXPECT_EQ(readInt16(bytesOf({0x00, 0x80}), 0), -32'768);
+  EXPECT_EQ(readField<std::int16_t>(bytes, 1), -2);
+  EXPECT_EQ(readField<std::int16_t>(bytesOf({0x00, 0x80}), 0), -32'768);
 }
 
 TEST(Int32, IsLittleEndianTwosComplement) {
   Bytes bytes = marked(6);
-  writeInt32(bytes, 1, 0x12345678);
+  writeField<std::int32_t>(bytes, 1, 0x12345678);
   EXPECT_EQ(bytes, bytesOf({0xAA, 0x78, 0x56, 0x34, 0x12, 0xAA}));
-  EXPECT_EQ(readInt32(bytes, 1), 0x12345678);
-  writeInt32(bytes, 1, -2'500);
+  EXPECT_EQ(readField<std::int32_t>(bytes, 1), 0x12345678);
+  writeField<std::int32_t>(bytes, 1, -2'500);
   EXPECT_EQ(bytes, bytesOf({0xAA, 0x3C, 0xF6, 0xFF, 0xFF, 0xAA}));
-  EXPECT_EQ(readInt32(bytes, 1), -2'500);
-  EXPECT_EQ(readInt32(bytesOf({0x00, 0x00, 0x00, 0x80}), 0), std::numeric_limits<std::int32_t>::min());
+  EXPECT_EQ(readField<std::int32_t>(bytes, 1), -2'500);
+  EXPECT_EQ(readField<std::int32_t>(bytesOf({0x00, 0x00, 0x00, 0x80}), 0),
+            std::numeric_limits<std::int32_t>::min());
 }
 
 TEST(AmountField, IsTenThousandthsInEightBytes) {
   Bytes bytes = marked(10);
-  writeAmount(bytes, 1, {70'000});
+  writeField<Amount>(bytes, 1, {70'000});
   EXPECT_EQ(bytes, bytesOf({0xAA, 0x70, 0x11, 0x01, 0, 0, 0, 0, 0, 0xAA}));
-  EXPECT_EQ(readAmount(bytes, 1), Amount{70'000});
-  writeAmount(bytes, 1, {-1});
+  EXPECT_EQ(readField<Amount>(bytes, 1), Amount{70'000});
+  writeField<Amount>(bytes, 1, {-1});
   EXPECT_EQ(bytes, bytesOf({0xAA, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xAA}));
-  EXPECT_EQ(readAmount(bytes, 1), Amount{-1});
+  EXPECT_EQ(readField<Amount>(bytes, 1), Amount{-1});
 }
 
 TEST(DateField, IsADoubleOfDays) {
   Bytes bytes = marked(10);
-  writeDate(bytes, 1, 1.0);
+  writeField<double>(bytes, 1, 1.0);
   EXPECT_EQ(bytes, bytesOf({0xAA, 0, 0, 0, 0, 0, 0, 0xF0, 0x3F, 0xAA}));
-  EXPECT_EQ(readDate(bytes, 1), 1.0);
-  writeDate(bytes, 1, -1.25);
+  EXPECT_EQ(readField<double>(bytes, 1), 1.0);
+  writeField<double>(bytes, 1, -1.25);
   EXPECT_EQ(bytes, bytesOf({0xAA, 0, 0, 0, 0, 0, 0, 0xF4, 0xBF, 0xAA}));
-  EXPECT_EQ(readDate(bytes, 1), -1.25);
+  EXPECT_EQ(readField<double>(bytes, 1), -1.25);
 }
 
 TEST(DateField, DamagedOneIsReadAsItIs) {
   const Bytes noNumber = bytesOf({0, 0, 0, 0, 0, 0, 0xF8, 0x7F});
-  const double value = readDate(noNumber, 0);
+  const double value = readField<double>(noNumber, 0);
   EXPECT_NE(value, value);
 }
 
@@ -86,7 +87,7 @@ TEST(Flag, IsMinusOneOrZero) {
 template <std::size_t N>
 Bytes written(const FixedText<N>& text) {
   Bytes bytes = marked(N + 2);
-  text.write(bytes, 1);
+  writeField(bytes, 1, text);
   return bytes;
 }
 
@@ -114,7 +115,7 @@ TEST(FixedText, IsStoredInTheCodePage) {
 }
 
 TEST(FixedText, IsReadBackTrimmedAndWhole) {
-  const FixedText<8> text = FixedText<8>::read(bytesOf("x  sz\xFBr\xF5 x"), 1);
+  const FixedText<8> text = readField<FixedText<8>>(bytesOf("x  sz\xFBr\xF5 x"), 1);
   EXPECT_EQ(text.trimmed(), "szűrő");
   EXPECT_EQ(text.asStored(), "  szűrő ");
   EXPECT_FALSE(text.isBlank());
@@ -130,7 +131,7 @@ TEST(FixedText, NeverWrittenOneIsBlankZeroBytes) {
 }
 
 TEST(FixedText, ZeroBytesInsideShowAsSpacesWhenWhole) {
-  const auto text = FixedText<5>::read(bytesOf("\0A\0B\0"sv), 0);
+  const auto text = readField<FixedText<5>>(bytesOf("\0A\0B\0"sv), 0);
   EXPECT_EQ(text.asStored(), " A B ");
   EXPECT_EQ(text.trimmed(), "A\0B"sv);
 }

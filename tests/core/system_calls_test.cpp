@@ -191,14 +191,14 @@ TEST(SystemCalls, OfAFirstRecordSyncTheFolderToo) {
             "tryLock 1");
 }
 
-TEST(SystemCalls, OfALookBackToTheLastFullFillAreOneReadAFewDozenEntries) {
+TEST(SystemCalls, OfARecordingBehindAThousandEntriesAreOneRead) {
   const Operation recording = operations(0).front();
   MemoryFileSystem disk = preparedDisk(recording, 0);
   disk.put(recording.file(kDiskFolders), std::string(1'000 * recording.recordLength, '\0'));
   CountingFileSystem files(disk);
   recording.run(files, kDiskFolders);
   EXPECT_EQ(textOf(files),
-            "open 1, close 1, status 1, statusOf 1, read 16, write 1, truncate 1, writeOut 1, sync 1, "
+            "open 1, close 1, status 1, statusOf 1, read 1, write 1, truncate 1, writeOut 1, sync 1, "
             "tryLock 1");
 }
 

@@ -19,13 +19,13 @@ TEST(FigyelRecBytes, AreThese68) {
                                padded("F\xFBt\xF5, \xF5szi", 40) + "ABC-123   ";
   EXPECT_EQ(expected.size(), 68U);
   EXPECT_EQ(test::toText(core::encoded(reminder)), expected);
-  EXPECT_EQ(FigyelRec::decode(core::encoded(reminder)), reminder);
+  EXPECT_EQ(core::decoded<FigyelRec>(core::encoded(reminder)), reminder);
 }
 
 TEST(FigyelRecBytes, KeepNegativeFigures) {
   const FigyelRec reminder = test::kmReminder(-1, -2, "x", "A");
   EXPECT_EQ(test::toText(core::encoded(reminder)).substr(0, 8), "\xFE\xFF\xFF\xFF\xFF\xFF\xFF\xFF");
-  EXPECT_EQ(FigyelRec::decode(core::encoded(reminder)), reminder);
+  EXPECT_EQ(core::decoded<FigyelRec>(core::encoded(reminder)), reminder);
 }
 
 TEST(FigyDatumRecBytes, AreThese68) {
@@ -37,7 +37,7 @@ TEST(FigyDatumRecBytes, AreThese68) {
                                padded("M\xFBszaki", 40) + "ABC-123   ";
   EXPECT_EQ(expected.size(), 68U);
   EXPECT_EQ(test::toText(core::encoded(reminder)), expected);
-  EXPECT_EQ(FigyDatumRec::decode(core::encoded(reminder)), reminder);
+  EXPECT_EQ(core::decoded<FigyDatumRec>(core::encoded(reminder)), reminder);
 }
 
 TEST(RecordNumber, IsReadFromTheHiddenText) {

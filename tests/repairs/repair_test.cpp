@@ -30,7 +30,7 @@ TEST(RepairRecord, HasThese186Bytes) {
 }
 
 TEST(RepairRecord, ReadsBackWhatItWrote) {
-  EXPECT_EQ(Repair::decode(core::encoded(sample())), sample());
+  EXPECT_EQ(core::decoded<Repair>(core::encoded(sample())), sample());
 }
 
 TEST(RepairRecord, OfZeroBytesIsEmpty) {

@@ -46,7 +46,7 @@ TEST(LookupTextRecord, HasTheseFiftyBytes) {
 
 TEST(LookupTextRecord, ReadsBackWhatItWrote) {
   const LookupText written{.text = core::FixedText<50>(" Olajszűrő ")};
-  EXPECT_EQ(LookupText::decode(core::encoded(written)), written);
+  EXPECT_EQ(core::decoded<LookupText>(core::encoded(written)), written);
 }
 
 TEST_F(LookupListTest, MissingFilesCountAsEmptyListsAndAreCreatedInTheCurrentFolder) {

@@ -27,7 +27,7 @@ class StartSettingsTest : public testing::Test {
 TEST(SetRecordBytes, AreTheseTwelve) {
   const SetRecord on{.remindersOn = core::kFlagSet, .plate = core::FixedText<10>("ŐŰ-123")};
   EXPECT_EQ(test::toText(core::encoded(on)), "\xFF\xFF\xD5\xDB-123    ");
-  EXPECT_EQ(SetRecord::decode(core::encoded(on)), on);
+  EXPECT_EQ(core::decoded<SetRecord>(core::encoded(on)), on);
 }
 
 TEST_F(StartSettingsTest, MissingSettingsAreARecordOfZeros) {

@@ -65,7 +65,7 @@ TEST(VehicleRecord, StoresAccentsInTheCodePageAndANegativeTankInTwosComplement) 
 
 TEST(VehicleRecord, ReadsBackWhatItWrote) {
   const Vehicle written = vehicle(" ŐŰ-123", 32767);
-  EXPECT_EQ(Vehicle::decode(core::encoded(written)), written);
+  EXPECT_EQ(core::decoded<Vehicle>(core::encoded(written)), written);
 }
 
 TEST_F(VehiclesTest, AMissingFileCountsAsNoVehiclesAndIsCreatedEmpty) {

@@ -49,7 +49,7 @@ core::RecordList<R> recordsIn(const std::string& file) {
   core::RecordList<R> records(std::move(block));
   std::vector<std::byte> again(R::kLength);
   for (int number = 1; number <= records.count(); ++number) {
-    records.record(number).encode(again);
+    core::encode(records.record(number), again);
     if (std::memcmp(again.data(), file.data() + static_cast<std::size_t>(number - 1) * R::kLength,
                     R::kLength) != 0)
       throw std::logic_error("a record is not written as it was read");

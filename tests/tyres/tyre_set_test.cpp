@@ -32,7 +32,7 @@ TEST(TyreSetRecord, HasTheseSeventyOneBytes) {
 }
 
 TEST(TyreSetRecord, ReadsBackWhatItWrote) {
-  EXPECT_EQ(TyreSet::decode(core::encoded(sample())), sample());
+  EXPECT_EQ(core::decoded<TyreSet>(core::encoded(sample())), sample());
 }
 
 TEST(TyreSetRecord, OfZeroBytesIsEmpty) {
@@ -46,7 +46,7 @@ TEST(TyreSetRecord, KeepsUnknownSeasonAndMountingValues) {
   TyreSet set = sample();
   set.season = 7;
   set.onCar = -1;
-  EXPECT_EQ(TyreSet::decode(core::encoded(set)), set);
+  EXPECT_EQ(core::decoded<TyreSet>(core::encoded(set)), set);
 }
 
 }  // namespace

@@ -97,7 +97,7 @@ struct MainScreen {
     const std::string bytes = folder.read(std::string(plate).append("/napiadat.dat"));
     const auto* data = reinterpret_cast<const std::byte*>(bytes.data());
     const auto offset = static_cast<std::size_t>(number - 1) * core::NapiAdat::kLength;
-    return core::NapiAdat::decode({data + offset, core::NapiAdat::kLength});
+    return core::decoded<core::NapiAdat>({data + offset, core::NapiAdat::kLength});
   }
 
   TemporaryFolder folder;

@@ -162,7 +162,8 @@ void frmTarvik::remove() {
   if (refusesBlankPlate(QStringLiteral("Így nem törölhető..."))) return;
   core::openDeletion(context_.files, context_.folders, platePath());
   const core::SeenRecord seen = seenEntry();
-  const core::NapiAdat entry = seen.bytes.empty() ? core::NapiAdat{} : core::NapiAdat::decode(seen.bytes);
+  const core::NapiAdat entry =
+      seen.bytes.empty() ? core::NapiAdat{} : core::decoded<core::NapiAdat>(seen.bytes);
   const QString prompt = QStringLiteral("Biztos T Ö R Ö L H E T Ő\na %1 tétel? ")
                              .arg(toQt(core::shortDateOfStored(entry.Datum)));
   if (!ask(this, QStringLiteral(" TÖRLÉS az adatállományból !"), prompt, DefaultAnswer::No)) return;

@@ -67,8 +67,8 @@ class ImportPreviewTest : public QObject {
       const std::string bytes = desk.program.read(kFile);
       std::vector<core::NapiAdat> entries;
       for (std::size_t at = 0; at + core::NapiAdat::kLength <= bytes.size(); at += core::NapiAdat::kLength)
-        entries.push_back(
-            core::NapiAdat::decode(std::as_bytes(std::span(bytes.data() + at, core::NapiAdat::kLength))));
+        entries.push_back(core::decoded<core::NapiAdat>(
+            std::as_bytes(std::span(bytes.data() + at, core::NapiAdat::kLength))));
       return entries;
     }
     // Reads a file of that text in; act is what the person does in the preview.
