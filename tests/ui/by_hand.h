@@ -10,9 +10,12 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSpontaneKeyEvent>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
+#include <QWheelEvent>
+#include <QWindow>
 
 namespace tarvik::test {
 
@@ -115,6 +118,18 @@ inline void pick(QMenuBar& menu, const char* item) {
     return QCoreApplication::processEvents();  // a command is carried out once its menu has closed
   }
   failOver(menu, "has no " + name);
+}
+
+/// Turns the wheel by a notch over a part, as the system hands it to the part's window; back = towards the
+/// person. The part itself may never hear of it. Fails the test when a person could not.
+inline void turnWheel(QWidget& part, bool back = true) {
+  if (!isInReach(part)) return;
+  constexpr int kNotch = 120;
+  const QPoint middle = part.visibleRegion().boundingRect().center();
+  QWheelEvent wheel(part.mapTo(part.window(), middle), part.mapToGlobal(middle), {},
+                    {0, back ? -kNotch : kNotch}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+  QSpontaneKeyEvent::setSpontaneous(&wheel);
+  qApp->notify(part.window()->windowHandle(), &wheel);
 }
 
 /// Moves a scroll bar to a position. Fails the test when a person could not.

@@ -15,6 +15,7 @@
 
 #include "ui/look/late_icon.h"
 #include "ui/look/look_painting.h"
+#include "ui/look/wheel.h"
 
 // The icons lie in a static library, which has to be told to bring them. Outside of every namespace, as the
 // toolkit wants it.
@@ -110,6 +111,7 @@ LookStyle::LookStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
 void LookStyle::polish(QWidget* widget) {
   QProxyStyle::polish(widget);
+  keepFromWheel(*widget);
   if (hasLook(widget, "overdue")) showOverdue(*widget, true);
   if (hasLook(widget, "heading")) widget->setFont(headline(QApplication::font()));
   if (qobject_cast<QPushButton*>(widget) != nullptr || qobject_cast<QComboBox*>(widget) != nullptr)

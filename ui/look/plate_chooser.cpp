@@ -29,7 +29,6 @@ PlateChooser::PlateChooser(QComboBox* box, std::function<void()> chosen)
 
 bool PlateChooser::eventFilter(QObject* watched, QEvent* event) {
   if (watched != box_ || isTyped_) return false;
-  if (event->type() == QEvent::Wheel) return true;
   return endsEditing(*event) && handOn(event);
 }
 

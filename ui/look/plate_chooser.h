@@ -8,7 +8,7 @@ class QComboBox;
 namespace tarvik::ui {
 
 /// The chooser of plates, which can be typed too: tells a plate that a person chose from its list from one
-/// that stands there for another reason. The wheel over the closed chooser changes nothing.
+/// that stands there for another reason.
 class PlateChooser : public QObject {
  public:
   /// The chooser belongs to the combo box; chosen runs when a person chose from the list.

@@ -81,18 +81,6 @@ class PlateChooserTest : public QObject {
     form.other.setFocus();
     QCOMPARE(form.chosen, 0);
   }
-
-  void theWheelOverTheClosedChooserChangesNothing() {
-    Form form;
-    test::choose(form.box, 0);
-    const QPointF middle = form.box.rect().center();
-    QWheelEvent wheel(middle, form.box.mapToGlobal(middle), {}, {0, -120}, Qt::NoButton, {},
-                      Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(form.box.lineEdit(), &wheel);
-    QCoreApplication::sendEvent(&form.box, &wheel);
-    QCOMPARE(form.box.currentText(), QString("ABCD-123"));
-    QCOMPARE(form.chosen, 1);
-  }
 };
 
 }  // namespace tarvik::ui

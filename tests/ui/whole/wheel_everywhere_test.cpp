@@ -1,0 +1,152 @@
+#include <QRadioButton>
+
+#include "tests/reminders/builders.h"
+#include "tests/ui/main_screen.h"
+#include "tests/ui/next_dialog.h"
+#include "tests/ui/screen_test.h"
+#include "tests/ui/support.h"
+#include "ui/exchange/import_preview.h"
+#include "ui/windows/figy.h"
+#include "ui/windows/frmGumik.h"
+#include "ui/windows/frmMelyGrafikon.h"
+#include "ui/windows/frmSetup.h"
+#include "ui/windows/frmSzerviz.h"
+
+// The wheel is turned over every part of every screen while the keyboard is elsewhere.
+
+using namespace tarvik;
+using namespace tarvik::test;
+
+namespace {
+
+// What a person could have set on a screen, part by part.
+QStringList stateOf(const QWidget& screen) {
+  QStringList state;
+  for (const QWidget* part : screen.findChildren<QWidget*>()) {
+    QString value;
+    if (const auto* field = qobject_cast<const QLineEdit*>(part)) value = field->text();
+    if (const auto* box = qobject_cast<const QComboBox*>(part)) value = QString::number(box->currentIndex());
+    if (const auto* day = qobject_cast<const QDateEdit*>(part)) value = day->date().toString(Qt::ISODate);
+    if (const auto* button = qobject_cast<const QAbstractButton*>(part))
+      value = QString::number(button->isChecked());
+    if (const auto* pages = qobject_cast<const QTabWidget*>(part))
+      value = QString::number(pages->currentIndex());
+    if (part->objectName() == "HScroll1") value = part->property("value").toString();
+    if (!value.isEmpty()) state << part->objectName() + QLatin1Char('=') + value;
+  }
+  return state;
+}
+
+bool canHoldFocus(const QWidget& part) {
+  return (part.focusPolicy() & Qt::TabFocus) != 0;
+}
+
+// Turns the wheel both ways over all parts in sight but the one with the focus.
+void turnOverAllParts(QWidget& screen, QWidget& focus) {
+  focus.setFocus();
+  const QStringList before = stateOf(screen);
+  int turned = 0;
+  for (QWidget* part : screen.findChildren<QWidget*>()) {
+    if (part->window() != &screen || !part->isVisible() || !part->isEnabled() || part->hasFocus()) continue;
+    bringIntoView(*part);
+    if (part->visibleRegion().isEmpty()) continue;
+    for (const bool back : {true, false}) {
+      turnWheel(*part, back);
+      QVERIFY2(stateOf(screen) == before, qPrintable(part->objectName() + " changed something"));
+    }
+    QVERIFY2(focus.hasFocus(), qPrintable(part->objectName() + " took the focus"));
+    turned += canHoldFocus(*part) ? 1 : 0;
+  }
+  QVERIFY(turned > 0);
+}
+
+struct Household : MainScreen {
+  Household() {
+    folder.write("rendsz.dat", padded("ABC123", 8) + std::string("\x2D\0", 2) + padded("KLM456", 8) +
+                                   std::string("\x2D\0", 2));
+    folder.write("alkatr.dat", padded("OLAJ", 50) + padded("SZURO", 50));
+    folder.write("megjegyz.dat", padded("MOSAS", 50) + padded("OLAJ", 50));
+    std::vector<core::NapiAdat> entries;
+    for (int day = 1; day <= 28; ++day)
+      entries.push_back(fuelling({2024, 1, day}, 10'000 + 400 * day, 300'000, true, 12'000));
+    writeLogbook("ABC123", entries);
+    choosePlateAtStart("ABC123");
+    open();
+  }
+};
+
+template <typename Screen>
+void turnOver(Screen&& screen, const char* focus) {
+  screen.show();
+  QVERIFY(QTest::qWaitForWindowActive(&screen));
+  turnOverAllParts(screen, *part<QWidget>(screen, focus));
+}
+
+}  // namespace
+
+class WheelEverywhereTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void theMainScreen() {
+    main_.press("cmd_lista");
+    main_.press("opSzürö_2");
+    turnOverAllParts(*main_.screen, *main_.edit("txKmOra"));
+  }
+  void theChart() {
+    onNextDialog<ui::frmMelyGrafikon>([](ui::frmMelyGrafikon& chooser) {
+      test::press(*part<QRadioButton>(chooser, "Option1"));
+      test::press(*part<QPushButton>(chooser, "cmdMegjelenit"));
+    });
+    main_.press("cmdGrafikon");
+    main_.screen->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(main_.screen.get()));
+    main_.find<QScrollBar>("HScroll1")->setValue(5);
+    turnOverAllParts(*main_.screen, *main_.edit("txKmOra"));
+  }
+  void theSettings() {
+    ui::frmSetup screen(main_.context, {}, nullptr);
+    screen.show();
+    QVERIFY(QTest::qWaitForWindowActive(&screen));
+    auto* const pages = part<QTabWidget>(screen, "SSTab1");
+    for (int page = 0; page < pages->count(); ++page) {
+      openPage(*pages, page);
+      turnOverAllParts(screen, *part<QWidget>(screen, "cmdVissza"));
+    }
+  }
+  void theTyreRegister() {
+    turnOver(ui::frmGumik(main_.context, "ABC123", {"ABC123", "KLM456"}, nullptr), "txtGumiTipusa");
+  }
+  void theRepairLog() {
+    turnOver(ui::frmSzerviz(main_.context, "ABC123", {"ABC123", "KLM456"}, nullptr), "txtSzervizMegnev");
+  }
+  void theReminderEntry() {
+    ui::figy screen(main_.context, "ABC123", nullptr);
+    screen.show();
+    QVERIFY(QTest::qWaitForWindowActive(&screen));
+    turnOverAllParts(screen, *part<QWidget>(screen, "tx_szoveg"));
+    openPage(*part<QTabWidget>(screen, "SSTab1"), 1);
+    turnOverAllParts(screen, *part<QWidget>(screen, "txtMire"));
+  }
+  void theChartChooser() {
+    turnOver(ui::frmMelyGrafikon(main_.context, {}, nullptr), "cmdMegjelenit");
+  }
+  void theImportPreview() {
+    const std::string text =
+        "Vehicle,Date,Odometer,Gallons,Total ($)\nA,1/2/2024,1000,4,40\nB,2/2/2024,500,3,30\n";
+    turnOver(ui::ImportPreview(main_.context,
+                               {.name = "log.csv",
+                                .text = text,
+                                .log = exchange::readLog(text),
+                                .plate = "ABC123",
+                                .logbook = {}},
+                               nullptr),
+             "cmdMegsem");
+  }
+
+ private:
+  Household main_;
+};
+
+TARVIK_SCREEN_TEST(WheelEverywhereTest)
+#include "wheel_everywhere_test.moc"
