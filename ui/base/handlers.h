@@ -7,11 +7,18 @@
 
 namespace tarvik::ui {
 
+/// Lets a signal of a part of a screen, whatever it carries, run the screen's handler; a failure in it is
+/// told.
+template <typename Part, typename Signal, typename Screen>
+void onSignal(Part* part, Signal signal, Screen* screen, void (Screen::*handler)()) {
+  QObject::connect(part, signal, screen,
+                   [part, screen, handler] { guarded(part->window(), [=] { (screen->*handler)(); }); });
+}
+
 /// Lets a press of the button run the screen's handler; a failure in it is told.
 template <typename Screen>
 void onClick(Screen* screen, QAbstractButton* button, void (Screen::*handler)()) {
-  QObject::connect(button, &QAbstractButton::clicked, screen,
-                   [screen, handler] { guarded(screen, [=] { (screen->*handler)(); }); });
+  onSignal(button, &QAbstractButton::clicked, screen, handler);
 }
 
 /// Lets a menu item run the screen's handler once the menu has closed, so that the item is not left lit

@@ -25,9 +25,12 @@ Qt::Alignment alignmentOf(int column) {
 
 }  // namespace
 
-void ListingModel::setListing(core::Listing listing) {
+ListingModel::ListingModel(const core::Listing& listing, QObject* parent)
+    : QAbstractTableModel(parent), listing_(listing) {}
+
+void ListingModel::refill(const std::function<void()>& fill) {
   beginResetModel();
-  listing_ = std::move(listing);
+  fill();
   endResetModel();
 }
 

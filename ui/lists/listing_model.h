@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <functional>
 
 #include "core/listing.h"
 
@@ -12,11 +13,11 @@ class ListingModel : public QAbstractTableModel {
   Q_OBJECT
 
  public:
-  using QAbstractTableModel::QAbstractTableModel;
+  /// The listing outlives the model and changes in refill alone.
+  explicit ListingModel(const core::Listing& listing, QObject* parent = nullptr);
 
-  /// Replaces what is listed.
-  void setListing(core::Listing listing);
-  const core::Listing& listing() const { return listing_; }
+  /// Tells the views that everything is listed anew; fill changes the listing meanwhile and throws nothing.
+  void refill(const std::function<void()>& fill);
 
   // The list asks for each of its rows whenever it is laid out; these look at no more than they must.
   QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
@@ -28,7 +29,7 @@ class ListingModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
  private:
-  core::Listing listing_;
+  const core::Listing& listing_;
 };
 
 }  // namespace tarvik::ui

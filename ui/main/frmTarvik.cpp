@@ -1,7 +1,8 @@
 #include "ui/main/frmTarvik.h"
 
 #include <QCloseEvent>
-#include <QLineEdit>
+#include <QPushButton>
+#include <QShortcut>
 #include <QStyle>
 #include <algorithm>
 
@@ -12,12 +13,16 @@
 #include "ui/base/handlers.h"
 #include "ui/base/message_boxes.h"
 #include "ui/base/text.h"
+#include "ui/exchange/csv_files.h"
 #include "ui/look/access.h"
 #include "ui/look/fitting_area.h"
 #include "ui/look/look.h"
-#include "ui/look/note_type_ahead.h"
 #include "ui/look/placement.h"
 #include "ui/look/plate_chooser.h"
+#include "ui/main/entry_changes.h"
+#include "ui/main/entry_form.h"
+#include "ui/main/logbook_pane.h"
+#include "ui/main/reminder_switch.h"
 #include "ui/print/list_printer.h"
 #include "ui/windows/chart_panel.h"
 #include "ui/windows/frmGumik.h"
@@ -31,35 +36,31 @@ namespace {
 constexpr int kWidthTwips = 10'600;
 constexpr int kWishedRows = 6;
 
-QStringList trimmedPlates(const settings::Vehicles& vehicles) {
+template <typename TextOf>
+QStringList platesOf(const Context& context, TextOf textOf) {
+  const auto vehicles = settings::loadVehicles(context.files, context.folders);
   QStringList plates;
   for (int number = 1; number <= vehicles.count(); ++number)
-    plates.append(toQt(vehicles.record(number).plate.trimmed()));
+    plates.append(toQt(textOf(vehicles.record(number).plate)));
   return plates;
 }
 
-QStringList platesOf(const settings::Vehicles& vehicles) {
-  QStringList plates;
-  for (int number = 1; number <= vehicles.count(); ++number)
-    plates.append(toQt(vehicles.record(number).plate.asStored()));
-  return plates;
+QStringList storedPlates(const Context& context) {
+  return platesOf(context, [](const auto& plate) { return plate.asStored(); });
+}
+
+QStringList trimmedPlates(const Context& context) {
+  return platesOf(context, [](const auto& plate) { return plate.trimmed(); });
 }
 
 }  // namespace
 
-frmTarvik::frmTarvik(Context& context)
-    : ui_(std::make_unique<Ui::frmTarvik>()),
-      context_(context),
-      listing_(new ListingModel(this)),
-      timer_(new QTimer(this)) {
+frmTarvik::frmTarvik(Context& context) : ui_(std::make_unique<Ui::frmTarvik>()), context_(context) {
   ui_->setupUi(this);
-  makeAccessible(*this);
   setWindowTitle(QStringLiteral("Tarvik - ") + toQt(context_.version));
-  setUpFields();
-  setUpList();
-  setUpReminders();
-  setUpCharts();
-  connectButtons();
+  makeAccessible(*this);
+  compose();
+  connectParts();
   connectMenu();
   setUpKeyboard();
   place();
@@ -67,75 +68,52 @@ frmTarvik::frmTarvik(Context& context)
 
 frmTarvik::~frmTarvik() = default;
 
-// The filter may be opened later: the window has its width from the start. Where the display has room the
-// list is taller than it must be, as high as a chart over it wishes; where it is too low for the smallest
-// chart, the fields and the results stand beside each other, and all parts closer together.
+// The parts are made in the order of the Tab key.
+void frmTarvik::compose() {
+  reminders_ = new ReminderSwitch(context_, ui_->centralwidget);
+  ui_->plateLayout->addWidget(reminders_);
+  entry_ = new EntryForm(context_, ui_->centralwidget);
+  ui_->mainLayout->addWidget(entry_);
+  logbook_ = new LogbookPane(context_, ui_->centralwidget);
+  ui_->mainLayout->addWidget(logbook_, 1);
+  chart_ = new ChartPanel(
+      context_,
+      {.plate = [this] { return plate(); }, .averageText = [this] { return logbook_->averageText(); }},
+      logbook_);
+  logbook_->layOver(*chart_);
+}
+
+// Where the display has room the list is taller than it must be, as high as a chart over it wishes; where it
+// is too low for the smallest chart, the fields and the results stand beside each other, and all parts closer
+// together.
 void frmTarvik::place() {
   keepWithinReach(*this);
-  const QMargins sides = ui_->mainLayout->contentsMargins();
-  const int around = sides.left() + sides.right();
-  ui_->FrameSzürö->ensurePolished();
-  ui_->ListView1->setMinimumWidth(
-      std::max(ui_->ListView1->minimumWidth(), ui_->FrameSzürö->minimumSizeHint().width()));
-  const auto& chart = *findChild<ChartPanel*>();
-  const int list = ui_->logbookArea->sizeHint().height();
+  const int list = logbook_->listHeight();
   const QSize wanted(
       pixelsOfTwips(kWidthTwips, *this),
-      sizeHint().height() + std::max(kWishedRows * rowHeight(), chart.sizeHint().height() - list));
-  const int least = ui_->centralwidget->sizeHint().height() - list + chart.minimumSizeHint().height();
-  const bool isLow = FittingArea::roomOnDisplay(*this).height() < least;
-  if (isLow) ui_->mainLayout->setSpacing(gridStep() / 2);
-  const int wide = std::max(ui_->entryBand->wideWidth(), ui_->resultBand->wideWidth()) + around +
+      sizeHint().height() + std::max(kWishedRows * rowHeight(), chart_->sizeHint().height() - list));
+  const int least = ui_->centralwidget->sizeHint().height() - list + chart_->minimumSizeHint().height();
+  if (FittingArea::roomOnDisplay(*this).height() >= least) return openInTheMiddle(*this, wanted);
+  for (QLayout* parts : {static_cast<QLayout*>(ui_->mainLayout), entry_->layout(), logbook_->layout()})
+    parts->setSpacing(gridStep() / 2);
+  const QMargins sides = ui_->mainLayout->contentsMargins();
+  const int wide = std::max(entry_->wideWidth(), logbook_->wideWidth()) + sides.left() + sides.right() +
                    style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-  openInTheMiddle(*this, isLow ? QSize(wide, wanted.height()) : wanted);
+  openInTheMiddle(*this, {wide, wanted.height()});
 }
 
-void frmTarvik::setUpFields() {
-  for (QDateEdit* day : {ui_->DTPicker1, ui_->DTPSzürö})
-    day->setDateRange(toQt(core::kFirstDay), toQt(core::kLastDay));
-  for (QLineEdit* field : {ui_->txKmOra, ui_->txTankoltLiter, ui_->txTankoltKtg, ui_->txAlkatreszKtg})
-    connect(field, &QLineEdit::textChanged, this, [this, field] { keepNumeric(field); });
-  for (QLineEdit* field : {ui_->txTankoltLiter, ui_->txTankoltKtg})
-    connect(field, &QLineEdit::textChanged, this, &frmTarvik::showPrice);
-  ui_->txTankoltKtg->installEventFilter(this);
-  new NoteTypeAhead(ui_->txMegjegyzes, [this](const QString& typed, const QString& key) {
-    std::optional<settings::CompletedNote> found;
-    noteSearch_.run(this, [&] {
-      const auto notes = settings::loadLookupTexts(context_.files, context_.folders, settings::kNotes);
-      found = settings::completedNote(notes, toLogic(typed), toLogic(key));
-    });
-    return found;
-  });
-}
-
-void frmTarvik::connectButtons() {
-  onClick(this, ui_->cmd_rogzit, &frmTarvik::record);
-  onClick(this, ui_->cmd_modosit, &frmTarvik::modify);
-  onClick(this, ui_->cmd_del, &frmTarvik::remove);
-  onClick(this, ui_->cmd_lista, &frmTarvik::toggleFilter);
-  onClick(this, ui_->cmdSzürés, &frmTarvik::applyFilter);
-  onClick(this, ui_->cmd_figyel, &frmTarvik::openFigy);
-  new PlateChooser(ui_->Combo1, [this] { ui_->cmd_lista->click(); });
-  connect(ui_->cmdAlkatresz, &QPushButton::clicked, this, [this] {
-    guarded(this, [this] { quickAdd(ui_->txAlkatresz, settings::kPartNames, QStringLiteral("alkatrész")); });
-  });
-  connect(ui_->cmdMegjegyzes, &QPushButton::clicked, this, [this] {
-    guarded(this, [this] { quickAdd(ui_->txMegjegyzes, settings::kNotes, QStringLiteral("megjegyzés")); });
-  });
-}
-
-// The panel lies over the list, in one cell of the layout with it.
-void frmTarvik::setUpCharts() {
-  auto* panel = new ChartPanel(
-      context_,
-      {.plate = [this] { return plate(); }, .averageText = [this] { return ui_->tx_fogyaszt->text(); }},
-      ui_->logbookArea);
-  ui_->areaLayout->addWidget(panel, 0, 0);
-  panel->raise();
-  panel->installEventFilter(this);
-  connect(ui_->cmdGrafikon, &QPushButton::clicked, this, [this, panel] {
-    guarded(this, [&] { panel->toggle(*ui_->cmdGrafikon, frameGeometry().topLeft()); });
-  });
+void frmTarvik::connectParts() {
+  new PlateChooser(ui_->Combo1, [this] { guarded(this, [this] { toggleFilter(); }); });
+  connect(ui_->Combo1, &QComboBox::currentTextChanged, this, &frmTarvik::followPlate);
+  new EntryChanges(
+      context_, *entry_, *logbook_, [this] { return plate(); },
+      [this](const QString& consequence) { return refusesBlankPlate(consequence); });
+  onSignal(entry_, &EntryForm::listWanted, this, &frmTarvik::toggleFilter);
+  onSignal(entry_, &EntryForm::remindersWanted, reminders_, &ReminderSwitch::openFigy);
+  onClick(this, &entry_->chartButton(), &frmTarvik::toggleChart);
+  connect(logbook_, &LogbookPane::entryChosen, entry_, &EntryForm::showEntry);
+  connect(logbook_, &LogbookPane::choiceChanged, entry_, &EntryForm::setChosen);
+  onSignal(logbook_, &LogbookPane::importWanted, this, &frmTarvik::importLog);
 }
 
 void frmTarvik::connectMenu() {
@@ -146,55 +124,57 @@ void frmTarvik::connectMenu() {
   onMenu(this, ui_->mnuPrint, &frmTarvik::print);
 }
 
+void frmTarvik::setUpKeyboard() {
+  openWithF10(*menuBar());
+  entry_->chartButton().installEventFilter(this);
+  menuBar()->installEventFilter(this);
+  for (const QKeySequence& keys : {QKeySequence(Qt::Key_F6), QKeySequence(Qt::CTRL | Qt::Key_L)}) {
+    auto* key = new QShortcut(keys, this);
+    key->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(key, &QShortcut::activated, this, &frmTarvik::jump);
+  }
+}
+
 void frmTarvik::load() {
-  guarded(this, [this] { checkDates(); });
-  loadLookups();
-  ui_->DTPicker1->setDate(toQt(context_.clock.today()));
-  ui_->DTPSzürö->setDate(toQt(context_.clock.today()));
-  guarded(this, [this] { loadVehicles(); });
+  guarded(this, [this] { reminders_->checkDates(); });
+  entry_->load();
+  logbook_->load();
+  guarded(this, [this] { setPlates(storedPlates(context_)); });
   guarded(this, [this] { loadStartSettings(); });
   guarded(this, [this] { beolvas(); }, {.failed = kListIncomplete});
 }
 
-void frmTarvik::loadLookups() {
-  const auto fill = [this](QComboBox* field, const settings::LookupFile& list) {
-    const auto texts = settings::loadLookupTexts(context_.files, context_.folders, list);
-    field->clear();
-    for (int number = 1; number <= texts.count(); ++number)
-      field->addItem(toQt(texts.record(number).text.asStored()));
-  };
-  guarded(this, [&] { fill(ui_->txAlkatresz, settings::kPartNames); });
-  ui_->txAlkatresz->setEditText({});
-  guarded(this, [&] { fill(ui_->txMegjegyzes, settings::kNotes); });
-  ui_->txMegjegyzes->setEditText(QStringLiteral("Tankolás"));
+void frmTarvik::beolvas() {
+  logbook_->beolvas();
 }
 
-void frmTarvik::loadVehicles() {
-  fillPlates(platesOf(settings::loadVehicles(context_.files, context_.folders)));
-}
-
-// The vehicle that is worked with stays chosen when the list of vehicles changes.
-void frmTarvik::fillPlates(const QStringList& plates) {
-  const QString chosen = plate();
-  ui_->Combo1->clear();
-  ui_->Combo1->addItems(plates);
-  ui_->Combo1->setCurrentIndex(-1);
-  ui_->Combo1->setEditText(chosen);
-  showCues();
-}
-
-void frmTarvik::loadStartSettings() {
-  const settings::SetRecord stored = settings::loadStartSettings(context_.files, context_.folders);
-  ui_->Combo1->setEditText(stored.plate.isBlank() ? QString() : toQt(stored.plate.asStored()));
-  ui_->Check1->setChecked(stored.remindersOn == core::kFlagSet);
+void frmTarvik::MezoDel() {
+  entry_->MezoDel();
 }
 
 QString frmTarvik::plate() const {
   return ui_->Combo1->currentText();
 }
 
-std::string frmTarvik::platePath() const {
-  return toLogic(plate());
+// The vehicle that is worked with stays chosen when the list of vehicles changes.
+void frmTarvik::setPlates(const QStringList& plates) {
+  const QString chosen = plate();
+  ui_->Combo1->clear();
+  ui_->Combo1->addItems(plates);
+  ui_->Combo1->setCurrentIndex(-1);
+  ui_->Combo1->setEditText(chosen);
+  followPlate();
+}
+
+void frmTarvik::followPlate() {
+  logbook_->setPlate(plate(), ui_->Combo1->count() > 0);
+  reminders_->setPlate(plate());
+}
+
+void frmTarvik::loadStartSettings() {
+  const settings::SetRecord stored = settings::loadStartSettings(context_.files, context_.folders);
+  ui_->Combo1->setEditText(stored.plate.isBlank() ? QString() : toQt(stored.plate.asStored()));
+  reminders_->setOn(stored.remindersOn == core::kFlagSet);
 }
 
 bool frmTarvik::refusesBlankPlate(const QString& consequence) {
@@ -204,49 +184,63 @@ bool frmTarvik::refusesBlankPlate(const QString& consequence) {
   return true;
 }
 
+void frmTarvik::toggleFilter() {
+  if (!refusesBlankPlate(QStringLiteral("Így nem listázható..."))) logbook_->toggleFilter();
+}
+
+void frmTarvik::toggleChart() {
+  chart_->toggle(entry_->chartButton(), frameGeometry().topLeft());
+}
+
+void frmTarvik::importLog() {
+  if (refusesBlankPlate(QStringLiteral("Így nem olvasható be..."))) return;
+  if (importCsvFile(context_, toLogic(plate()), this, [this] { logbook_->relistInPlace(); }))
+    logbook_->markNewest();
+}
+
+// From the fields to what fills the middle of the screen, the list or the chart over it, and back.
+void frmTarvik::jump() {
+  if (!logbook_->hasKeyboard()) {
+    lastField_ = focusWidget();
+    return logbook_->takeKeyboard();
+  }
+  const bool canReturn = lastField_ && lastField_->isVisible() && lastField_->isEnabled();
+  if (!canReturn) return entry_->startTyping(Qt::ShortcutFocusReason);
+  lastField_->setFocus(Qt::ShortcutFocusReason);
+}
+
 void frmTarvik::openSetup() {
   frmSetup screen(context_, frameGeometry().topLeft(), this);
-  connect(&screen, &frmSetup::vehiclesChanged, this,
-          [this](const QStringList& plates) { fillPlates(plates); });
-  connect(&screen, &frmSetup::reminderTimerWanted, timer_,
-          [this](bool on) { on ? timer_->start() : timer_->stop(); });
+  connect(&screen, &frmSetup::vehiclesChanged, this, &frmTarvik::setPlates);
+  connect(&screen, &frmSetup::reminderTimerWanted, reminders_, &ReminderSwitch::setChecking);
   screen.exec();
 }
 
 void frmTarvik::openGumik() {
-  const auto vehicles = settings::loadVehicles(context_.files, context_.folders);
-  frmGumik(context_, plate(), trimmedPlates(vehicles), this).exec();
+  frmGumik(context_, plate(), trimmedPlates(context_), this).exec();
 }
 
 void frmTarvik::openSzerviz() {
-  const auto vehicles = settings::loadVehicles(context_.files, context_.folders);
-  frmSzerviz(context_, plate(), trimmedPlates(vehicles), this).exec();
+  frmSzerviz(context_, plate(), trimmedPlates(context_), this).exec();
 }
 
 void frmTarvik::print() {
-  const core::Listing& listing = listing_->listing();
-  print::ListedRows rows{
-      .records = {listing.numbers.begin(), listing.numbers.end()}, .firstKmOra = {}, .lastKmOra = {}};
-  if (listing.rows() > 0) {
-    rows.firstKmOra = listing.cell(0, core::kKmOraColumn);
-    rows.lastKmOra = listing.cell(listing.rows() - 1, core::kKmOraColumn);
-  }
-  printList(context_, plate(), std::move(rows), this);
+  printList(context_, plate(), logbook_->printedRows(), this);
 }
 
 void frmTarvik::closeEvent(QCloseEvent* event) {
-  const bool ends = ask(this, QStringLiteral(" Kilépés "), QStringLiteral("Biztos hogy Befejezed?\n\n"),
-                        DefaultAnswer::Yes);
-  event->setAccepted(ends);
+  event->setAccepted(ask(this, QStringLiteral(" Kilépés "), QStringLiteral("Biztos hogy Befejezed?\n\n"),
+                         DefaultAnswer::Yes));
 }
 
-void frmTarvik::showEvent(QShowEvent* event) {
-  QMainWindow::showEvent(event);
-  if (wasShown_) return;
-  wasShown_ = true;
-  // The newest entry is in view once the list has its size.
-  QTimer::singleShot(0, ui_->ListView1, &QTreeView::scrollToBottom);
-  if (timer_->isActive()) timer_->start();  // the first check comes a full interval after this
+// The menu has the same letter for the tyres as the charts' button; Qt would go from one to the other and do
+// nothing.
+bool frmTarvik::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::Shortcut) return QMainWindow::eventFilter(watched, event);
+  QPushButton& charts = entry_->chartButton();
+  if (static_cast<QShortcutEvent*>(event)->key() != QKeySequence::mnemonic(charts.text())) return false;
+  charts.click();
+  return true;
 }
 
 }  // namespace tarvik::ui

@@ -2,15 +2,16 @@
 
 #include <QLabel>
 
-#include "core/listing.h"
+#include "ui/base/text.h"
 #include "ui/look/dialog_parts.h"
+#include "ui/main/listed_logbook.h"
 
 namespace tarvik::ui {
 namespace {
 
-QString filterText(const ShownList& shown) {
-  const core::CalendarDate date = core::calendarDate(shown.day);
-  switch (shown.mode) {
+QString filterText(const core::ListFilter& filter) {
+  const core::CalendarDate date = core::calendarDate(filter.picked);
+  switch (filter.mode) {
     case core::kYearList:
       return QStringLiteral("%1. év").arg(numberText(date.year));
     case core::kMonthList:
@@ -20,27 +21,29 @@ QString filterText(const ShownList& shown) {
   }
 }
 
-QString quietLine(const ShownList& shown) {
-  if (shown.plate.isEmpty()) return QStringLiteral("Nincs kiválasztva rendszám");
-  if (!shown.isRead) return QStringLiteral("%1 naplója nem olvasható").arg(shown.plate);
+QString quietLine(const ListedLogbook& listed) {
+  const QString plate = toQt(listed.plate);
+  if (plate.isEmpty()) return QStringLiteral("Nincs kiválasztva rendszám");
+  if (!listed.isRead) return QStringLiteral("%1 naplója nem olvasható").arg(plate);
   return QStringLiteral("%1 naplója – %2, %3 bejegyzés")
-      .arg(shown.plate, filterText(shown), numberText(shown.entries));
+      .arg(plate, filterText(listed.filter), numberText(listed.listing.rows()));
 }
 
-QString warningLine(const ShownList& shown, const QString& chosenPlate) {
-  if (shown.plate.isEmpty())
+QString warningLine(const QString& plate, const QString& chosenPlate) {
+  if (plate.isEmpty())
     return QStringLiteral("A lista még nem %1 naplója: nyomd meg a Lista gombot!").arg(chosenPlate);
   if (chosenPlate.isEmpty())
-    return QStringLiteral("A lista %1 naplója, de nincs kiválasztva rendszám").arg(shown.plate);
+    return QStringLiteral("A lista %1 naplója, de nincs kiválasztva rendszám").arg(plate);
   return QStringLiteral("A lista %1 naplója – a módosítás és a törlés viszont ezé: %2")
-      .arg(shown.plate, chosenPlate);
+      .arg(plate, chosenPlate);
 }
 
 }  // namespace
 
-void showListLine(QLabel& line, const ShownList& shown, const QString& chosenPlate) {
-  const bool isOther = chosenPlate != shown.plate;
-  line.setText(isOther ? warningLine(shown, chosenPlate) : quietLine(shown));
+void showListLine(QLabel& line, const ListedLogbook& listed, const QString& chosenPlate) {
+  const QString plate = toQt(listed.plate);
+  const bool isOther = chosenPlate != plate;
+  line.setText(isOther ? warningLine(plate, chosenPlate) : quietLine(listed));
   line.setToolTip(line.text());
   line.setAutoFillBackground(isOther);
   line.setBackgroundRole(isOther ? QPalette::ToolTipBase : QPalette::Window);
@@ -50,17 +53,18 @@ void showListLine(QLabel& line, const ShownList& shown, const QString& chosenPla
   line.setFont(font);
 }
 
-QString emptyListText(const ShownList& shown, bool hasVehicles) {
-  if (!hasVehicles && shown.plate.isEmpty())
+QString emptyListText(const ListedLogbook& listed, bool hasVehicles) {
+  const QString plate = toQt(listed.plate);
+  if (!hasVehicles && plate.isEmpty())
     return QStringLiteral(
         "Még nincs gépkocsi.\nKezdd a Beállítások menüben: vedd fel a rendszámot és a tank méretét!");
-  if (shown.plate.isEmpty()) return QStringLiteral("Nincs kiválasztva gépkocsi.\nVálassz egy rendszámot!");
-  if (!shown.isRead) return QStringLiteral("%1 naplója nem olvasható.").arg(shown.plate);
-  if (shown.mode == core::kWholeList)
+  if (plate.isEmpty()) return QStringLiteral("Nincs kiválasztva gépkocsi.\nVálassz egy rendszámot!");
+  if (!listed.isRead) return QStringLiteral("%1 naplója nem olvasható.").arg(plate);
+  if (listed.filter.mode == core::kWholeList)
     return QStringLiteral("%1 naplója még üres.\nTöltsd ki a fenti mezőket, és nyomd meg a Rögzítés gombot!")
-        .arg(shown.plate);
+        .arg(plate);
   return QStringLiteral("%1 naplójában nincs bejegyzés erre a szűrésre: %2.")
-      .arg(shown.plate, filterText(shown));
+      .arg(plate, filterText(listed.filter));
 }
 
 }  // namespace tarvik::ui

@@ -16,6 +16,7 @@
 #include "tests/ui/next_dialog.h"
 #include "tests/ui/screen_test.h"
 #include "tests/ui/support.h"
+#include "ui/base/guarded.h"
 #include "ui/base/text.h"
 #include "ui/exchange/csv_files.h"
 #include "ui/exchange/text_file.h"

@@ -82,9 +82,10 @@ class ModelsTest : public QObject {
 
  private slots:
   void theLogbookListHasFiguresOnTheRightAndMarksInTheMiddle() {
-    ListingModel model;
+    core::Listing listing;
+    ListingModel model(listing);
     const QAbstractItemModelTester tester(&model, Mode::QtTest);
-    model.setListing({core::Logbook::of(std::vector{service()}), {1}});
+    model.refill([&] { listing = {core::Logbook::of(std::vector{service()}), {1}}; });
     QCOMPARE(headsOf(model), QStringList({"Dátum", "Km óra", "liter", "Km", "Olaj", "Szürő", "Gyertya",
                                           "Alkatrész", "Megjegyzés", "rec"}));
     QCOMPARE(alignmentsOf(model, -1), QString("lrrrcccll"

@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <filesystem>
 
+#include "core/listing.h"
 #include "tests/ui/main_screen.h"
 #include "tests/ui/screen_test.h"
 

@@ -3,20 +3,22 @@
 #include <QLabel>
 #include <QTest>
 
-#include "core/listing.h"
 #include "tests/ui/screen_test.h"
 #include "ui/lists/list_hint.h"
 #include "ui/lists/list_view.h"
 #include "ui/lists/text_list_model.h"
+#include "ui/main/listed_logbook.h"
 
 namespace tarvik::ui {
 namespace {
 
-ShownList listOf(const QString& plate, std::int16_t mode, int entries = 7) {
-  return {.plate = plate, .mode = mode, .day = core::dayOf({2013, 7, 5}), .entries = entries};
+ListedLogbook listOf(const std::string& plate, std::int16_t mode, std::size_t entries = 7) {
+  return {.plate = plate,
+          .filter = {mode, core::dayOf({2013, 7, 5})},
+          .listing = {.logbook = {}, .numbers = std::vector<std::uint16_t>(entries)}};
 }
 
-QString lineOf(const ShownList& shown, const QString& chosen) {
+QString lineOf(const ListedLogbook& shown, const QString& chosen) {
   QLabel line;
   showListLine(line, shown, chosen);
   return line.text();
@@ -62,7 +64,7 @@ class ListCuesTest : public QObject {
   }
 
   void anEmptyListSaysWhyOrWhatToDoFirst() {
-    const ShownList none = listOf("", core::kWholeList, 0);
+    const ListedLogbook none = listOf("", core::kWholeList, 0);
     QCOMPARE(emptyListText(none, false),
              QString("Még nincs gépkocsi.\nKezdd a Beállítások menüben: vedd fel a "
                      "rendszámot és a tank méretét!"));
@@ -82,7 +84,7 @@ class ListCuesTest : public QObject {
   }
 
   void aLogbookThatCannotBeReadIsSaidSo() {
-    const ShownList unread{.plate = "ABC123", .isRead = false};
+    const ListedLogbook unread{.plate = "ABC123", .isRead = false};
     QCOMPARE(lineOf(unread, "ABC123"), QString("ABC123 naplója nem olvasható"));
     QCOMPARE(emptyListText(unread, true), QString("ABC123 naplója nem olvasható."));
   }

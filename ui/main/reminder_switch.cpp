@@ -1,12 +1,13 @@
+#include "ui/main/reminder_switch.h"
+
 #include <QApplication>
 #include <QSignalBlocker>
 
 #include "reminders/date_reminders.h"
 #include "reminders/km_alert.h"
 #include "settings/start_settings.h"
-#include "ui/base/guarded.h"
 #include "ui/base/text.h"
-#include "ui/main/frmTarvik.h"
+#include "ui/look/access.h"
 #include "ui/windows/figy.h"
 #include "ui/windows/frmDatumFigyelmeztetes.h"
 #include "ui/windows/frmGumik.h"
@@ -14,9 +15,7 @@
 #include "ui/windows/frmSetup.h"
 #include "ui/windows/frmSzerviz.h"
 #include "ui/windows/riaszt.h"
-#include "ui_frmTarvik.h"
-
-// The reminders on the main screen: the switch, the timer and the check at start.
+#include "ui_reminder_switch.h"
 
 namespace tarvik::ui {
 namespace {
@@ -34,19 +33,35 @@ bool mayBeCovered(QWidget* modal) {
 
 }  // namespace
 
-void frmTarvik::setUpReminders() {
+ReminderSwitch::ReminderSwitch(Context& context, QWidget* parent)
+    : QWidget(parent),
+      ui_(std::make_unique<Ui::ReminderSwitch>()),
+      context_(context),
+      timer_(new QTimer(this)) {
+  ui_->setupUi(this);
+  makeAccessible(*this);
   timer_->setObjectName(QStringLiteral("Timer1"));
   timer_->setInterval(kCheckIntervalMilliseconds);
   timer_->start();
-  connect(timer_, &QTimer::timeout, this, [this] { guarded(this, [this] { checkKm(); }); });
-  connect(ui_->Check1, &QCheckBox::toggled, this, &frmTarvik::switchReminders);
+  connect(timer_, &QTimer::timeout, this, [this] { guarded(window(), [this] { checkKm(); }); });
+  connect(ui_->Check1, &QCheckBox::toggled, this, &ReminderSwitch::switchReminders);
+}
+
+ReminderSwitch::~ReminderSwitch() = default;
+
+void ReminderSwitch::setOn(bool on) {
+  ui_->Check1->setChecked(on);
+}
+
+void ReminderSwitch::setChecking(bool on) {
+  on ? timer_->start() : timer_->stop();
 }
 
 // The mark, the caption, the timer and the shared state agree: what cannot be saved is not switched.
-void frmTarvik::switchReminders(bool on) {
-  const bool isSaved =
-      guarded(this, [&] { settings::saveReminderFlag(context_.files, context_.folders, core::toFlag(on)); },
-              {.unsure = QStringLiteral("A kapcsoló úgy maradt, ahogy volt.")});
+void ReminderSwitch::switchReminders(bool on) {
+  const bool isSaved = guarded(
+      window(), [&] { settings::saveReminderFlag(context_.files, context_.folders, core::toFlag(on)); },
+      {.unsure = QStringLiteral("A kapcsoló úgy maradt, ahogy volt.")});
   if (!isSaved) {
     const QSignalBlocker own(ui_->Check1);
     ui_->Check1->setChecked(!on);
@@ -54,41 +69,46 @@ void frmTarvik::switchReminders(bool on) {
   }
   context_.state.reminderState = on ? 1 : 0;
   ui_->Check1->setText(on ? QStringLiteral("  Bekapcsolva  ") : QStringLiteral("  Kikapcsolva  "));
-  on ? timer_->start() : timer_->stop();
+  setChecking(on);
 }
 
-void frmTarvik::checkDates() {
+void ReminderSwitch::checkDates() {
   const auto due = reminders::firstDueDateReminder(context_.files, context_.folders, context_.clock.today());
   if (!due) return;
   context_.state.selectedReminder = static_cast<std::int16_t>(*due);
-  frmDatumFigyelmeztetes(context_, this).exec();
+  frmDatumFigyelmeztetes(context_, window()).exec();
 }
 
 // The timer rests while the check and its alert last; a check that fails is told once and goes on. While a
 // question is open the check waits for the next tick.
-void frmTarvik::checkKm() {
-  if (!ui_->Check1->isChecked()) {
-    timer_->stop();
-    return;
-  }
+void ReminderSwitch::checkKm() {
+  if (!ui_->Check1->isChecked()) return timer_->stop();
   QWidget* modal = QApplication::activeModalWidget();
   if (!mayBeCovered(modal) || QApplication::activePopupWidget() != nullptr) return;
   timer_->stop();
   reminders::KmCheck found;
-  kmCheck_.run(this, [&] { found = reminders::checkKm(context_.files, context_.folders, platePath()); });
+  kmCheck_.run(window(),
+               [&] { found = reminders::checkKm(context_.files, context_.folders, toLogic(plate_)); });
   if (found.hasLogbook && !found.hasEntries) return;
   if (found.firstPassed) {
     context_.state.selectedReminder = static_cast<std::int16_t>(*found.firstPassed);
     context_.state.currentReading = found.reading;
-    riaszt(context_, plate(), modal != nullptr ? modal : this).exec();
+    riaszt(context_, plate_, modal != nullptr ? modal : window()).exec();
   }
   timer_->start();
 }
 
-void frmTarvik::openFigy() {
+void ReminderSwitch::openFigy() {
   timer_->stop();
-  figy(context_, plate(), this).exec();
+  figy(context_, plate_, window()).exec();
   timer_->start();
+}
+
+void ReminderSwitch::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (wasShown_) return;
+  wasShown_ = true;
+  if (timer_->isActive()) timer_->start();  // the first check comes a full interval after this
 }
 
 }  // namespace tarvik::ui

@@ -1,0 +1,102 @@
+#include "ui/main/entry_changes.h"
+
+#include <utility>
+
+#include "core/entry_editing.h"
+#include "tyres/tyre_register.h"
+#include "ui/base/change.h"
+#include "ui/base/handlers.h"
+#include "ui/base/message_boxes.h"
+#include "ui/base/text.h"
+#include "ui/main/entry_form.h"
+#include "ui/main/logbook_pane.h"
+
+namespace tarvik::ui {
+namespace {
+
+const QString kNotRecorded = QStringLiteral("Így nem rögzíthető...");
+
+}  // namespace
+
+EntryChanges::EntryChanges(Context& context, EntryForm& form, LogbookPane& pane, Plate plate,
+                           PlateCheck refusesBlankPlate)
+    : QObject(&form),
+      context_(context),
+      form_(form),
+      pane_(pane),
+      plate_(std::move(plate)),
+      refusesBlankPlate_(std::move(refusesBlankPlate)) {
+  onSignal(&form, &EntryForm::recordWanted, this, &EntryChanges::record);
+  onSignal(&form, &EntryForm::modifyWanted, this, &EntryChanges::modify);
+  onSignal(&form, &EntryForm::deleteWanted, this, &EntryChanges::remove);
+}
+
+std::string EntryChanges::plate() const {
+  return toLogic(plate_());
+}
+
+bool EntryChanges::change(const QString& done, const std::function<void()>& make) {
+  return carryOut(form_.window(), {.done = done, .make = make, .list = [this] { pane_.relistInPlace(); }});
+}
+
+void EntryChanges::record() {
+  if (form_.refusesBlankKm() || refusesBlankPlate_(kNotRecorded)) return;
+  if (!ask(form_.window(), QStringLiteral(" Rögzítés az adatállományban !"),
+           QStringLiteral("Biztos JÓK az adatok ?\nMehet a rögzítés ?"), DefaultAnswer::Yes))
+    return;
+  const core::EntryInput input = form_.input();
+  Attempt tyres;
+  const bool isRecorded = change(QStringLiteral("A bejegyzés rögzítve van."), [&] {
+    const core::Ratio distance = core::recordEntry(context_.files, context_.folders, plate(), input);
+    tyres = addDistanceToTyres(distance);
+    form_.beginNext();
+  });
+  if (isRecorded && !tyres.isDone()) tell(form_.window(), tyres.text);
+  if (isRecorded) pane_.markNewest();
+  form_.startTyping();
+}
+
+// The entry is in the logbook by now, whatever becomes of the tyres.
+Attempt EntryChanges::addDistanceToTyres(const core::Ratio& distance) {
+  return attempted(
+      [&] { tyres::addDistance(context_.files, context_.folders, plate(), distance); },
+      {.failed =
+           QStringLiteral("A bejegyzés rögzítve van, de a felszerelt gumi futott kilométere nem változott."),
+       .unsure = QStringLiteral("A bejegyzés rögzítve van. Nézd meg a gumik listáján, hogy a felszerelt gumi "
+                                "futott kilométere megváltozott-e!")});
+}
+
+void EntryChanges::modify() {
+  if (form_.refusesBlankKm()) return;
+  if (pane_.listed().selected == 0)
+    return tellError(form_.window(), QStringLiteral(" H i b a !"),
+                     QStringLiteral("Nincs kijelölve módosítandó tétel!\n"));
+  if (refusesBlankPlate_(kNotRecorded)) return;
+  const core::SeenRecord seen = pane_.seenEntry();
+  if (!ask(form_.window(), QStringLiteral(" Módosítás az adatállományban !"),
+           QStringLiteral("Biztos JÓK az adatok ?\nMehet a módosítás ?"), DefaultAnswer::Yes))
+    return;
+  const core::EntryInput input = core::withDefaults(form_.input());
+  change(QStringLiteral("A bejegyzés módosítva van."), [&] {
+    core::modifyEntry(context_.files, context_.folders, plate(), seen, input,
+                      toLogic(pane_.consumptionText()));
+    form_.showInput(input);
+  });
+}
+
+void EntryChanges::remove() {
+  if (pane_.listed().selected == 0) return;
+  if (refusesBlankPlate_(QStringLiteral("Így nem törölhető..."))) return;
+  core::openDeletion(context_.files, context_.folders, plate());
+  const core::SeenRecord seen = pane_.seenEntry();
+  const core::NapiAdat entry =
+      seen.bytes.empty() ? core::NapiAdat{} : core::decoded<core::NapiAdat>(seen.bytes);
+  const QString prompt = QStringLiteral("Biztos T Ö R Ö L H E T Ő\na %1 tétel? ")
+                             .arg(toQt(core::shortDateOfStored(entry.Datum)));
+  if (!ask(form_.window(), QStringLiteral(" TÖRLÉS az adatállományból !"), prompt, DefaultAnswer::No)) return;
+  change(QStringLiteral("A bejegyzés törölve van."),
+         [&] { core::deleteEntry(context_.files, context_.folders, plate(), seen); });
+  pane_.takeKeyboard();
+}
+
+}  // namespace tarvik::ui

@@ -1,0 +1,116 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+#include <memory>
+
+#include "core/entry_input.h"
+#include "print/list_document.h"
+#include "ui/base/context.h"
+#include "ui/main/listed_logbook.h"
+
+namespace Ui {
+class LogbookPane;
+}
+
+namespace tarvik::ui {
+
+class ListDelegate;
+class ListHint;
+class ListingModel;
+class ResultBand;
+
+/// The logbook on the main screen: the list with its filter, the line over it that says what is listed, the
+/// totals and the statistics of the chosen entry. It owns what is listed and which entry is chosen.
+class LogbookPane : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// Lists nothing at first and reads nothing. The context outlives it.
+  LogbookPane(Context& context, QWidget* parent);
+  ~LogbookPane() override;
+
+  /// Lets the filter begin with today.
+  void load();
+  /// The vehicle whose logbook is listed and changed from now on, its plate as it stands on the screen. What
+  /// is listed stays; the line says so while it is another vehicle's.
+  void setPlate(const QString& plate, bool hasVehicles);
+
+  /// Rebuilds the list and the totals from the logbook of the vehicle, by the filter's options; nothing is
+  /// chosen then. Throws core::Failure when it cannot be read or a sum leaves its type.
+  void beolvas();
+  /// beolvas with the list left where it was.
+  void relistInPlace();
+
+  const ListedLogbook& listed() const { return listed_; }
+  /// The chosen entry as it was seen: as it is listed; where another vehicle has been set since, what its
+  /// logbook has under that number. Throws core::Failure when that one cannot be read.
+  core::SeenRecord seenEntry() const;
+  /// The rows to print.
+  print::ListedRows printedRows() const;
+  /// The overall average consumption as it is shown, with its unit.
+  QString averageText() const;
+  /// The consumption of the chosen entry as it is shown, or why there is none.
+  QString consumptionText() const;
+
+  /// Opens the filter, with the keyboard on its option, or closes it.
+  void toggleFilter();
+  /// After a recording: brings the new entry's row in view and tints it for a moment, unless a filter keeps
+  /// it from the list.
+  void markNewest();
+
+  /// Lays a panel over the list; nobody reaches the list while it is shown.
+  void layOver(QWidget& panel);
+  /// Whether the keyboard is in the list or what lies over it.
+  bool hasKeyboard() const;
+  /// Gives the keyboard to what lies over the list, or to the list.
+  void takeKeyboard();
+
+  /// The height that the list asks for, in pixels.
+  int listHeight() const;
+  /// The width from which on the results stand beside each other, in pixels.
+  int wideWidth() const;
+
+ signals:
+  /// The person chose an entry of the vehicle's logbook.
+  void entryChosen(const core::ShownEntry& entry);
+  /// An entry is chosen from now on, or none.
+  void choiceChanged(bool isChosen);
+  /// The person asks for a CSV file to be read in.
+  void importWanted();
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  std::string trimmedPlate() const;
+  void setUpFilter();
+  void onFilterKey(Qt::Key key, void (LogbookPane::*handler)());
+  void openFilter();
+  void closeFilter();
+  void listFiltered();
+  void applyFilter();
+  void chooseMode(int mode);
+  void choose(int record);
+  void select(int record);
+  void showStatistics(const core::Logbook& logbook, int record);
+  void showCues();
+  void saveLog();
+
+  std::unique_ptr<Ui::LogbookPane> ui_;
+  Context& context_;
+  QString plate_;
+  bool hasVehicles_ = false;
+  ListedLogbook listed_;
+  std::int16_t listMode_ = core::kWholeList;
+  ListingModel* rows_;
+  ListDelegate* delegate_ = nullptr;
+  ListHint* emptyList_ = nullptr;
+  ResultBand* results_ = nullptr;
+  QWidget* over_ = nullptr;
+  QPointer<QWidget> filterOpener_;
+  bool wasShown_ = false;
+};
+
+}  // namespace tarvik::ui
