@@ -4,8 +4,10 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDateEdit>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScrollArea>
@@ -14,8 +16,10 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
+#include <QTimer>
 #include <QWheelEvent>
 #include <QWindow>
+#include <functional>
 
 namespace tarvik::test {
 
@@ -118,6 +122,22 @@ inline void pick(QMenuBar& menu, const char* item) {
     return QCoreApplication::processEvents();  // a command is carried out once its menu has closed
   }
   failOver(menu, "has no " + name);
+}
+
+/// Clicks with the right button, which opens a menu, and acts on that. Fails the test when none opens.
+inline void rightClick(QWidget& part, QPoint at, const std::function<void(QMenu&)>& act) {
+  bool isOpen = false;
+  QTimer::singleShot(0, qApp, [&] {
+    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    isOpen = menu != nullptr;
+    if (isOpen) act(*menu);
+  });
+  QTest::mousePress(&part, Qt::RightButton, {}, at);
+  QContextMenuEvent wanted(QContextMenuEvent::Mouse, at, part.mapToGlobal(at));
+  QSpontaneKeyEvent::setSpontaneous(&wanted);
+  qApp->notify(&part, &wanted);
+  QTest::mouseRelease(&part, Qt::RightButton, {}, at);
+  if (!isOpen) failOver(part, QStringLiteral("opens no menu"));
 }
 
 /// Turns the wheel by a notch over a part, as the system hands it to the part's window; back = towards the

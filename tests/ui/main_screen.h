@@ -84,6 +84,9 @@ struct MainScreen {
     QTest::mouseClick(list()->viewport(), Qt::LeftButton, {}, list()->visualRect(index).center());
   }
 
+  /// The middle of a row's first cell, in the list's viewport.
+  QPoint middleOf(int row) { return list()->visualRect(list()->model()->index(row, 0)).center(); }
+
   void writeLogbook(const char* plate, const std::vector<core::NapiAdat>& entries) {
     folder.makeFolder(plate);
     std::string bytes;

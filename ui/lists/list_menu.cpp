@@ -7,10 +7,10 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QScopedValueRollback>
 #include <utility>
 #include <vector>
 
-#include "exchange/own_format.h"
 #include "ui/base/guarded.h"
 #include "ui/base/text.h"
 #include "ui/lists/list_view.h"
@@ -30,21 +30,6 @@ std::vector<std::string> rowCells(const ListView& list, int row, const std::vect
   for (const int column : columns)
     cells.push_back(toLogic(list.model()->index(row, column).data().toString().trimmed()));
   return cells;
-}
-
-// The highlighted row alone, or all rows under their heads.
-exchange::TextTable copiedTable(const ListView& list) {
-  const std::vector<int> columns = shownColumns(list);
-  const QModelIndexList chosen = list.selectionModel()->selectedRows();
-  exchange::TextTable table;
-  if (!chosen.isEmpty()) {
-    table.rows.push_back(rowCells(list, chosen.first().row(), columns));
-    return table;
-  }
-  for (const int column : columns)
-    table.heads.push_back(toLogic(list.model()->headerData(column, Qt::Horizontal).toString()));
-  for (int row = 0; row < list.model()->rowCount(); ++row) table.rows.push_back(rowCells(list, row, columns));
-  return table;
 }
 
 bool opensMenu(const QKeyEvent& event) {
@@ -84,17 +69,21 @@ void ListMenu::addAsking(const char* name, const QString& text, const std::funct
 bool ListMenu::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::ContextMenu) {
     const auto* menu = static_cast<QContextMenuEvent*>(event);
-    openAt(menu->reason() == QContextMenuEvent::Mouse ? menu->globalPos() : besideRow());
+    if (menu->reason() == QContextMenuEvent::Mouse)
+      openAt(menu->globalPos(), list_->indexAt(list_->viewport()->mapFromGlobal(menu->globalPos())));
+    else
+      openAt(besideRow(), {});
     return true;
   }
   if (watched == list_ && event->type() == QEvent::KeyPress && opensMenu(*static_cast<QKeyEvent*>(event))) {
-    openAt(besideRow());
+    openAt(besideRow(), {});
     return true;
   }
   return QObject::eventFilter(watched, event);
 }
 
-void ListMenu::openAt(const QPoint& global) {
+void ListMenu::openAt(const QPoint& global, const QModelIndex& meant) {
+  const QScopedValueRollback<QPersistentModelIndex> over(underPointer_, meant);
   QMenu::exec(list_->actions(), global, nullptr, list_);
 }
 
@@ -104,8 +93,24 @@ QPoint ListMenu::besideRow() const {
   return list_->viewport()->mapToGlobal(row.isEmpty() ? QPoint() : row.bottomLeft());
 }
 
+exchange::TextTable ListMenu::copiedTable() const {
+  const std::vector<int> columns = shownColumns(*list_);
+  const QModelIndex chosen = list_->selectionModel()->selectedRows().value(0);
+  const int only = underPointer_.isValid() ? underPointer_.row() : chosen.row();
+  exchange::TextTable table;
+  if (only >= 0) {
+    table.rows.push_back(rowCells(*list_, only, columns));
+    return table;
+  }
+  for (const int column : columns)
+    table.heads.push_back(toLogic(list_->model()->headerData(column, Qt::Horizontal).toString()));
+  for (int row = 0; row < list_->model()->rowCount(); ++row)
+    table.rows.push_back(rowCells(*list_, row, columns));
+  return table;
+}
+
 void ListMenu::copy() {
-  QApplication::clipboard()->setText(toQt(exchange::tabbedOf(copiedTable(*list_))));
+  QApplication::clipboard()->setText(toQt(exchange::tabbedOf(copiedTable())));
 }
 
 }  // namespace tarvik::ui

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <QObject>
+#include <QPersistentModelIndex>
 #include <QString>
 #include <functional>
+
+#include "exchange/own_format.h"
 
 class QAction;
 class QPoint;
@@ -17,9 +20,10 @@ struct ListMenuActions {
   std::function<void()> import = {};  ///< reads a CSV file in; nothing = the list has no such item
 };
 
-/// The context menu of a list: copies the chosen row, or all rows with their heads where none is chosen, as a
-/// table for spreadsheets; saves the list as a CSV file; reads one in. It opens on a right click, the menu
-/// key and Shift+F10; Ctrl+C copies. It belongs to the list.
+/// The context menu of a list: copies a row, or all rows with their heads, as a table for spreadsheets; saves
+/// the list as a CSV file; reads one in. It opens on a right click, the menu key and Shift+F10; Ctrl+C
+/// copies. The copied row is the one under the pointer where a right click opened the menu, else the chosen
+/// one; all rows are copied where there is none. A right click chooses nothing. It belongs to the list.
 class ListMenu : public QObject {
   Q_OBJECT
 
@@ -31,11 +35,13 @@ class ListMenu : public QObject {
  private:
   QAction* add(const char* name, const QString& text);
   void addAsking(const char* name, const QString& text, const std::function<void()>& act);
-  void openAt(const QPoint& global);
+  void openAt(const QPoint& global, const QModelIndex& meant);
+  exchange::TextTable copiedTable() const;
   QPoint besideRow() const;
   void copy();
 
   ListView* list_;
+  QPersistentModelIndex underPointer_;  // while a menu is open that was opened over a row
 };
 
 }  // namespace tarvik::ui

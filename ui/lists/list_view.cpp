@@ -18,6 +18,7 @@ ListView::ListView(QWidget* parent) : QTreeView(parent) {
   setSelectionBehavior(SelectRows);
   setEditTriggers(NoEditTriggers);
   setTabKeyNavigation(false);
+  chooseByLeftButtonAlone(*this);
   header()->setStretchLastSection(true);
   header()->setSectionsMovable(false);
   header()->setHighlightSections(false);

@@ -10,6 +10,28 @@
 #include <QScrollBar>
 
 namespace tarvik::ui {
+namespace {
+
+class OtherButtons : public QObject {
+ public:
+  bool eventFilter(QObject*, QEvent* event) override {
+    switch (event->type()) {
+      case QEvent::MouseButtonPress:
+      case QEvent::MouseButtonDblClick:
+      case QEvent::MouseButtonRelease:
+        return static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton;
+      default:
+        return false;
+    }
+  }
+};
+
+}  // namespace
+
+void chooseByLeftButtonAlone(QAbstractItemView& view) {
+  static OtherButtons others;
+  view.viewport()->installEventFilter(&others);
+}
 
 QString recordOfRow(const QAbstractItemView& view, int row) {
   const QAbstractItemModel& model = *view.model();
@@ -22,6 +44,7 @@ RowChoice::RowChoice(QAbstractItemView* view, Chooser choose)
           [this](const QItemSelection& selected) { follow(selected); });
   view->installEventFilter(this);
   view->viewport()->installEventFilter(this);
+  chooseByLeftButtonAlone(*view);
 }
 
 void RowChoice::highlight(int row) {
@@ -73,10 +96,8 @@ bool RowChoice::releaseMouse(QObject* viewport, QEvent* event) {
     QCoreApplication::sendEvent(viewport, event);
   }
   isPressed_ = false;
-  const auto* mouse = static_cast<QMouseEvent*>(event);
-  const QModelIndex under = view_->indexAt(mouse->position().toPoint());
-  if (mouse->button() == Qt::LeftButton && !wasChosen_ && under.isValid() && under.row() == row())
-    choose(under.row());
+  const QModelIndex under = view_->indexAt(static_cast<QMouseEvent*>(event)->position().toPoint());
+  if (!wasChosen_ && under.isValid() && under.row() == row()) choose(under.row());
   return true;
 }
 

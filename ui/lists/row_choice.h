@@ -11,9 +11,9 @@ namespace tarvik::ui {
 
 /// Keeps the highlighted row of a list and the row that is chosen one and the same.
 ///
-/// Whatever moves the highlight (mouse, keyboard, assistive tool) chooses the row; a left click or the space
-/// bar on the highlighted row chooses it again; a choice that cannot be made gives the highlight back to the
-/// row that had it. Nothing but the program takes the highlight away.
+/// Whatever moves the highlight (left mouse button, keyboard, assistive tool) chooses the row; a click or the
+/// space bar on the highlighted row chooses it again; a choice that cannot be made gives the highlight back
+/// to the row that had it. Nothing but the program takes the highlight away.
 class RowChoice : public QObject {
  public:
   /// Does what choosing a row does; false when it could not be done, which the person was told.
@@ -50,6 +50,10 @@ class RowChoice : public QObject {
   bool isReleasing_ = false;     // the view does what it does when a button goes up
   bool wasChosen_ = false;       // a row was chosen since the button went down
 };
+
+/// Keeps a list as it is under every mouse button but the left one: a menu opens over a row, and chooses
+/// none.
+void chooseByLeftButtonAlone(QAbstractItemView& view);
 
 /// The record number of a list's row as text: what the model's last column holds; empty without such a row.
 QString recordOfRow(const QAbstractItemView& view, int row);

@@ -134,6 +134,42 @@ class ListMenuTest : public QObject {
                          "2026.01.19.\t1500\t30,50\t500\t\t\t\t\tTankolás\n"));
   }
 
+  void aRightClickChoosesNothingAndLeavesWhatIsHalfTyped() {
+    Screen screen;
+    screen.clickRow(0);
+    screen.type("txKmOra", "19");
+    test::rightClick(*screen.list()->viewport(), screen.middleOf(1), [](QMenu& menu) { menu.close(); });
+    QCOMPARE(screen.edit("txKmOra")->text(), "19");
+    QVERIFY(screen.list()->selectionModel()->isRowSelected(0));
+    QVERIFY(!screen.list()->selectionModel()->isRowSelected(1));
+  }
+
+  void theMenuOfARightClickCopiesTheRowUnderThePointer() {
+    Screen screen;
+    const auto copyRow = [&](QPoint at) {
+      test::rightClick(*screen.list()->viewport(), at, [](QMenu& menu) {
+        QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(menu.actions().first()).center());
+      });
+      return clipboard();
+    };
+    const std::string second = "2026.01.19.\t1500\t30,50\t500\t\t\t\t\tTankolás\n";
+    QCOMPARE(copyRow(screen.middleOf(1)), second);
+    screen.clickRow(0);
+    QCOMPARE(copyRow(screen.middleOf(1)), second);
+    item(*screen.list(), "mnuMasolas")->trigger();  // as the menu key's menu and Ctrl+C do
+    QCOMPARE(clipboard(), std::string("2026.01.05.\t1000\t40,00\t0\t\t\t\t\tTankolás\n"));
+    QCOMPARE(copyRow(screen.list()->viewport()->rect().bottomLeft()), clipboard());
+  }
+
+  void aRightClickOnARowThatCannotBeReadBringsNoBox() {
+    Screen screen;
+    screen.folder.write("ABC-123/napiadat.dat", "");
+    test::BoxScript boxes;
+    test::rightClick(*screen.list()->viewport(), screen.middleOf(1),
+                     [](QMenu& menu) { QTest::keyClick(&menu, Qt::Key_Escape); });
+    QVERIFY(boxes.seen.isEmpty());
+  }
+
   void copyingTakesTheChosenRowAlone() {
     Screen screen;
     screen.clickRow(1);

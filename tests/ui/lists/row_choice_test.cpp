@@ -96,19 +96,39 @@ class RowChoiceTest : public QObject {
     QCOMPARE(rows.chosen.last() + 1, rows.view.highlightedRecord().toInt());
   }
 
-  void aRightClickChoosesToo() {
+  void anotherButtonThanTheLeftOneChoosesNothing_data() {
+    QTest::addColumn<Qt::MouseButton>("button");
+    QTest::newRow("right") << Qt::RightButton;
+    QTest::newRow("middle") << Qt::MiddleButton;
+  }
+  void anotherButtonThanTheLeftOneChoosesNothing() {
+    QFETCH(Qt::MouseButton, button);
     Rows rows(3);
+    rows.click(2, button);
+    QCOMPARE(rows.view.highlightedRecord(), QString());
+    QVERIFY(!rows.view.selectionModel()->hasSelection());
     rows.click(0);
-    rows.click(2, Qt::RightButton);
-    QCOMPARE(rows.chosen, (QList<int>{0, 2}));
-    QCOMPARE(rows.view.highlightedRecord(), "3");
+    rows.click(2, button);
+    rows.click(0, button);
+    QTest::mouseDClick(rows.view.viewport(), button, {}, rows.at(1));
+    QCOMPARE(rows.chosen, QList<int>{0});
+    QCOMPARE(rows.view.highlightedRecord(), "1");
+    QVERIFY(rows.view.selectionModel()->isRowSelected(0));
+    QCOMPARE(rows.view.currentIndex().row(), 0);
   }
 
-  void aRightClickOnTheHighlightedRowChoosesNothingNew() {
-    Rows rows(3);
-    rows.click(1);
-    rows.click(1, Qt::RightButton);
-    QCOMPARE(rows.chosen, QList<int>{1});
+  void aRightClickInAListOfTextsChoosesNothing() {
+    QListWidget list;
+    list.addItems({"one", "two"});
+    QList<int> chosen;
+    new RowChoice(&list, [&](int row) {
+      chosen << row;
+      return true;
+    });
+    list.show();
+    QTest::mouseClick(list.viewport(), Qt::RightButton, {}, list.visualItemRect(list.item(1)).center());
+    QCOMPARE(chosen, QList<int>{});
+    QVERIFY(!list.selectionModel()->hasSelection());
   }
 
   void aClickOnTheHighlightedRowChoosesItAgain() {

@@ -128,9 +128,7 @@ class WheelEverywhereTest : public QObject {
     openPage(*part<QTabWidget>(screen, "SSTab1"), 1);
     turnOverAllParts(screen, *part<QWidget>(screen, "txtMire"));
   }
-  void theChartChooser() {
-    turnOver(ui::frmMelyGrafikon(main_.context, {}, nullptr), "cmdMegjelenit");
-  }
+  void theChartChooser() { turnOver(ui::frmMelyGrafikon(main_.context, {}, nullptr), "cmdMegjelenit"); }
   void theImportPreview() {
     const std::string text =
         "Vehicle,Date,Odometer,Gallons,Total ($)\nA,1/2/2024,1000,4,40\nB,2/2/2024,500,3,30\n";
