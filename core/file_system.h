@@ -4,8 +4,11 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace tarvik::core {
+
+class ChangeWatcher;
 
 /// What has a name on a disk.
 enum class FileKind {
@@ -32,7 +35,7 @@ enum class OpenMode {
   CreatePrivate,  ///< as CreateNew, for its owner alone until setMode says otherwise
 };
 
-/// The system calls that the record files use, one virtual function a call, with the system's own
+/// The system calls that the data files use, one virtual function a call, with the system's own
 /// manner of telling failure: −1 with errno set. Everything above this interface throws Failure.
 /// The program has the real one; tests have ones that fail, record or count.
 class FileSystem {
@@ -76,6 +79,18 @@ class FileSystem {
   virtual int tryLock(int descriptor) = 0;
   /// Waits a moment before another try for a lock.
   virtual void pause(int milliseconds) = 0;
+  /// The names in a folder, in any order, without the folder itself and the one around it.
+  virtual int list(const std::string& path, std::vector<std::string>& names) = 0;
+  /// Removes an empty folder.
+  virtual int removeFolder(const std::string& path) = 0;
+
+  /// Lets somebody hear of every change of a record file on this file system; nullptr for nobody.
+  void watch(ChangeWatcher* watcher) { watcher_ = watcher; }
+  /// Who hears of them, nullptr when nobody does.
+  ChangeWatcher* watcher() const { return watcher_; }
+
+ private:
+  ChangeWatcher* watcher_ = nullptr;
 };
 
 }  // namespace tarvik::core

@@ -29,6 +29,8 @@ class MachineFileSystem final : public FileSystem {
   int resolve(const std::string& path, std::string& resolved) override;
   int tryLock(int descriptor) override;
   void pause(int milliseconds) override;
+  int list(const std::string& path, std::vector<std::string>& names) override;
+  int removeFolder(const std::string& path) override;
 };
 
 }  // namespace tarvik::core

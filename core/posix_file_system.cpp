@@ -1,5 +1,6 @@
 #include "core/machine_file_system.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -155,6 +156,22 @@ int MachineFileSystem::tryLock(int descriptor) {
 
 void MachineFileSystem::pause(int milliseconds) {
   std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+}
+
+int MachineFileSystem::list(const std::string& path, std::vector<std::string>& names) {
+  const auto close = [](DIR* folder) { ::closedir(folder); };
+  const std::unique_ptr<DIR, decltype(close)> folder(::opendir(path.c_str()), close);
+  if (!folder) return -1;
+  errno = 0;
+  while (const dirent* const entry = ::readdir(folder.get())) {
+    const std::string_view name = entry->d_name;
+    if (name != "." && name != "..") names.emplace_back(name);
+  }
+  return errno == 0 ? 0 : -1;
+}
+
+int MachineFileSystem::removeFolder(const std::string& path) {
+  return ::rmdir(path.c_str());
 }
 
 }  // namespace tarvik::core

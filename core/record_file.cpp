@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
+#include <initializer_list>
+#include <utility>
 
 #include "core/failure.h"
 
@@ -19,23 +20,58 @@ void refuseTooLong(std::int64_t size, std::size_t recordLength, const std::strin
 
 // What the temporary file of a deletion was found to hold.
 struct Leftover {
-  std::int64_t size = -1;  // bytes; -1 when there is no such file
-  ByteBlock surplus;       // what lies behind the records that remain
+  bool isThere = false;
+  ByteBlock contents = {};
+
+  // What lies behind the records that remain.
+  std::span<const std::byte> surplus(std::size_t remaining) const {
+    return contents.span().subspan(std::min(remaining, contents.size));
+  }
 };
 
-Leftover leftoverIn(FileSystem& files, const std::string& temporary, std::int64_t remaining,
-                    std::size_t recordLength) {
+Leftover leftoverIn(FileSystem& files, const std::string& temporary, std::size_t recordLength) {
   const OpenFile file = steps::openIfThere(files, temporary);
   if (!file.isOpen()) return {};
   const FileStatus status = steps::statusOf(files, file, temporary);
   refuseTooLong(status.size, recordLength, temporary);
-  const std::int64_t behind = std::max<std::int64_t>(status.size - remaining, 0);
-  Leftover leftover{status.size, ByteBlock::ofSize(static_cast<std::size_t>(behind))};
-  leftover.surplus.size = steps::readUpTo(files, file, leftover.surplus.span(), remaining, temporary);
+  Leftover leftover{true, ByteBlock::ofSize(static_cast<std::size_t>(status.size))};
+  leftover.contents.size = steps::readUpTo(files, file, leftover.contents.span(), 0, temporary);
   return leftover;
 }
 
+// The pieces one behind the other.
+ByteBlock joined(std::initializer_list<std::span<const std::byte>> pieces) {
+  std::size_t size = 0;
+  for (const auto piece : pieces) size += piece.size();
+  ByteBlock block = ByteBlock::ofSize(size);
+  std::byte* end = block.data.get();
+  for (const auto piece : pieces) end = std::ranges::copy(piece, end).out;
+  return block;
+}
+
 }  // namespace
+
+// What was said of a change before it is made is taken back unless it was made.
+class Announcement {
+ public:
+  explicit Announcement(const FileSystem& files) : watcher_(files.watcher()) {}
+  Announcement(const Announcement&) = delete;
+  Announcement& operator=(const Announcement&) = delete;
+  ~Announcement() {
+    if (watcher_ != nullptr) watcher_->abandoned();
+  }
+
+  bool isHeard() const { return watcher_ != nullptr; }
+  void add(const AnnouncedChange& change) {
+    if (watcher_ != nullptr) watcher_->announce(change);
+  }
+  void made() noexcept {
+    if (watcher_ != nullptr) std::exchange(watcher_, nullptr)->made();
+  }
+
+ private:
+  ChangeWatcher* watcher_;
+};
 
 ByteBlock readRecords(FileSystem& files, const std::string& path, std::size_t recordLength) {
   const OpenFile file = steps::openToRead(files, path);
@@ -83,20 +119,26 @@ void RecordFile::append(std::span<const std::byte> record) {
   const std::int64_t before = count();
   if (before >= kHighestRecordNumber) throw Failure(FailureKind::FileFull).file(path_).record(before + 1);
   if (record.back() == std::byte{0}) return appendInPlace(record);
-  ByteBlock contents = readWhole(recordLength_);
-  std::ranges::copy(record, contents.data.get() + offsetOf(before + 1));
-  contents.size = offsetOf(before + 2);
-  replaceWith(contents.span());
+  const ByteBlock whole = readWhole();
+  replace(whole, extended(whole.span(), record));
 }
 
 void RecordFile::appendAll(std::span<const std::byte> records) {
-  const std::int64_t before = count();
-  const std::int64_t after = before + static_cast<std::int64_t>(records.size() / recordLength_);
+  const std::int64_t after = count() + static_cast<std::int64_t>(records.size() / recordLength_);
   if (after > kHighestRecordNumber) throw Failure(FailureKind::FileFull).file(path_).record(after);
-  ByteBlock contents = readWhole(records.size());
-  std::ranges::copy(records, contents.data.get() + offsetOf(before + 1));
-  contents.size = offsetOf(after + 1);
-  replaceWith(contents.span());
+  const ByteBlock whole = readWhole();
+  replace(whole, extended(whole.span(), records));
+}
+
+ByteBlock RecordFile::extended(std::span<const std::byte> whole, std::span<const std::byte> records) const {
+  return joined({whole.first(offsetOf(count() + 1)), records});
+}
+
+// Only who is to take it back needs the file whole.
+void RecordFile::announceAppended(Announcement& announcement, std::span<const std::byte> record) const {
+  if (!announcement.isHeard()) return;
+  const ByteBlock whole = readWhole();
+  announcement.add(changeOf(whole, extended(whole.span(), record)));
 }
 
 // All but the record's last byte is outside the count. Once that has left for the disk, the file's length
@@ -106,6 +148,8 @@ void RecordFile::appendInPlace(std::span<const std::byte> record) {
   const std::int64_t before = count();
   const auto offset = static_cast<std::int64_t>(offsetOf(before + 1));
   const auto after = static_cast<std::int64_t>(offsetOf(before + 2));
+  Announcement announcement(files_);
+  announceAppended(announcement, record);
   ByteBlock tail = ByteBlock::ofSize(static_cast<std::size_t>(status_.size - offset));
   tail.size = steps::readUpTo(files_, file_, tail.span(), offset, path_);
   try {
@@ -118,6 +162,7 @@ void RecordFile::appendInPlace(std::span<const std::byte> record) {
     restoreTail(tail, offset);
     throw;
   }
+  announcement.made();
   status_.size = after;
 }
 
@@ -129,11 +174,9 @@ void RecordFile::restoreTail(const ByteBlock& tail, std::int64_t offset) noexcep
   files_.sync(file_.descriptor());
 }
 
-// The whole file, with that many bytes of room behind it.
-ByteBlock RecordFile::readWhole(std::size_t room) const {
-  const auto size = static_cast<std::size_t>(status_.size);
-  ByteBlock block = ByteBlock::ofSize(size + room);
-  block.size = steps::readUpTo(files_, file_, block.span().first(size), 0, path_);
+ByteBlock RecordFile::readWhole() const {
+  ByteBlock block = ByteBlock::ofSize(static_cast<std::size_t>(status_.size));
+  block.size = steps::readUpTo(files_, file_, block.span(), 0, path_);
   if (block.size >= offsetOf(count() + 1)) return block;
   throw Failure(FailureKind::ReadFailed).file(path_);
 }
@@ -155,34 +198,61 @@ bool RecordFile::isThere(const SeenRecord& seen, const ByteBlock& contents) cons
   throw Failure(FailureKind::RecordChanged).file(path_).record(seen.number);
 }
 
+AnnouncedChange RecordFile::changeOf(const ByteBlock& before, const ByteBlock& after) const {
+  return {path_, recordLength_, before.span(), after.span()};
+}
+
 void RecordFile::rewrite(const SeenRecord& seen, std::span<const std::byte> record) {
-  ByteBlock contents = readWhole(0);
-  if (!isThere(seen, contents)) throw Failure(FailureKind::RecordMissing).file(path_).record(seen.number);
-  std::ranges::copy(record, contents.data.get() + offsetOf(seen.number));
-  replaceWith(contents.span());
+  const ByteBlock whole = readWhole();
+  if (!isThere(seen, whole)) throw Failure(FailureKind::RecordMissing).file(path_).record(seen.number);
+  const std::size_t offset = offsetOf(seen.number);
+  replace(whole, joined({whole.span().first(offset), record, whole.span().subspan(offset + recordLength_)}));
 }
 
 void RecordFile::remove(const SeenRecord& seen, const std::string& temporary) {
-  const std::size_t kept = offsetOf(hasNumber(seen.number) ? count() : count() + 1);
-  const Leftover leftover = leftoverIn(files_, temporary, static_cast<std::int64_t>(kept), recordLength_);
+  const std::size_t removed = hasNumber(seen.number) ? recordLength_ : 0;
+  const std::size_t end = offsetOf(count() + 1);
+  const Leftover leftover = leftoverIn(files_, temporary, recordLength_);
 
-  ByteBlock contents = readWhole(leftover.surplus.size);
-  if (isThere(seen, contents)) {
-    std::byte* const record = contents.data.get() + offsetOf(seen.number);
-    std::memmove(record, record + recordLength_, kept - offsetOf(seen.number));
+  const ByteBlock whole = readWhole();
+  const std::size_t offset = isThere(seen, whole) ? offsetOf(seen.number) : end;
+  const auto behind = whole.span().first(end).subspan(std::min(offset + removed, end));
+  const ByteBlock after = joined({whole.span().first(offset), behind, leftover.surplus(end - removed)});
+  if (leftover.contents.size == 0) {
+    replace(whole, after);
+    if (leftover.isThere) files_.remove(temporary);  // empty, it is harmless where it stays
+    return;
   }
-  std::ranges::copy(leftover.surplus.span(), contents.data.get() + kept);
-  contents.size = kept + leftover.surplus.size;
-  if (leftover.size > 0) return replaceThrough(temporary, contents.span());
-  replaceWith(contents.span());
-  if (leftover.size == 0) files_.remove(temporary);  // empty, it is harmless where it stays
+  Announcement announcement(files_);
+  announcement.add(changeOf(whole, after));
+  announcement.add({temporary, recordLength_, leftover.contents.span(), {}});
+  replaceThrough(temporary, announcement, after.span());
 }
 
-void RecordFile::replaceWith(std::span<const std::byte> contents) {
+bool RecordFile::holds(std::span<const std::byte> contents) const {
+  return static_cast<std::size_t>(status_.size) == contents.size() &&
+         std::ranges::equal(readWhole().span(), contents);
+}
+
+void RecordFile::exchange(std::span<const std::byte> expected, std::span<const std::byte> contents) {
+  if (!holds(expected)) throw Failure(FailureKind::FileChanged).file(path_);
+  Announcement announcement(files_);
+  announcement.add({path_, recordLength_, expected, contents});
+  replaceWith(announcement, contents);
+}
+
+void RecordFile::replace(const ByteBlock& before, const ByteBlock& after) {
+  Announcement announcement(files_);
+  announcement.add(changeOf(before, after));
+  replaceWith(announcement, after.span());
+}
+
+void RecordFile::replaceWith(Announcement& announcement, std::span<const std::byte> contents) {
   const std::string target = steps::resolved(files_, path_);
   const std::string replacement = target + ".tmp";
   OpenFile file = makeReplacement(replacement, contents);
   steps::renameOrRemove(files_, replacement, target);
+  announcement.made();
   takeOver(std::move(file), contents.size());
   steps::syncFolderOf(files_, target);
 }
@@ -190,13 +260,15 @@ void RecordFile::replaceWith(std::span<const std::byte> contents) {
 // The surplus is in the new contents, so the temporary file must go in the same step in which they take the
 // file's place: it becomes the new contents first and is then itself renamed. On another file system it
 // cannot be, and goes afterwards, so that the next deletion does not find it again.
-void RecordFile::replaceThrough(const std::string& temporary, std::span<const std::byte> contents) {
+void RecordFile::replaceThrough(const std::string& temporary, Announcement& announcement,
+                                std::span<const std::byte> contents) {
   const std::string target = steps::resolved(files_, path_);
   const std::string replacement = target + ".tmp";
   OpenFile file = makeReplacement(replacement, contents);
   const bool isNear = steps::renamed(files_, replacement, temporary);
   if (isNear) steps::rename(files_, temporary, target);
   if (!isNear) steps::renameOrRemove(files_, replacement, target);
+  announcement.made();
   takeOver(std::move(file), contents.size());
   steps::syncFolderOf(files_, target);
   if (!isNear) steps::removeOrEmpty(files_, temporary);

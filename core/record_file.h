@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 
+#include "core/change_watcher.h"
 #include "core/file_steps.h"
 #include "core/file_system.h"
 #include "core/record_list.h"
@@ -29,7 +30,10 @@ RecordList<R> loadRecords(FileSystem& files, const std::string& path) {
 /// Failure(FolderMissing), OpenFailed or NotAFile.
 void createIfMissing(FileSystem& files, const std::string& path);
 
-/// A record file opened to be changed, by one change.
+class Announcement;
+
+/// A record file opened to be changed, by one change. Who watches the file system's changes hears of it
+/// before the first byte is written.
 ///
 /// It holds the file's advisory lock from construction to destruction, so that two programs on one
 /// folder take turns. When append, rewrite or remove returns, the change is on the disk; until then
@@ -74,15 +78,27 @@ class RecordFile {
   /// is.
   void remove(const SeenRecord& seen, const std::string& temporary);
 
+  /// Whether the file has these bytes and no other.
+  bool holds(std::span<const std::byte> contents) const;
+
+  /// Gives a file that holds the expected bytes others, whole: as a new file that replaces the old one.
+  /// Throws Failure(FileChanged) when it holds anything else by now, and as append does.
+  void exchange(std::span<const std::byte> expected, std::span<const std::byte> contents);
+
  private:
   std::size_t offsetOf(std::int64_t number) const;
   bool hasNumber(std::int64_t number) const;
   bool isThere(const SeenRecord& seen, const ByteBlock& contents) const;
-  ByteBlock readWhole(std::size_t room) const;
+  AnnouncedChange changeOf(const ByteBlock& before, const ByteBlock& after) const;
+  ByteBlock readWhole() const;
+  ByteBlock extended(std::span<const std::byte> whole, std::span<const std::byte> records) const;
+  void announceAppended(Announcement& announcement, std::span<const std::byte> record) const;
   void appendInPlace(std::span<const std::byte> record);
   void restoreTail(const ByteBlock& tail, std::int64_t offset) noexcept;
-  void replaceWith(std::span<const std::byte> contents);
-  void replaceThrough(const std::string& temporary, std::span<const std::byte> contents);
+  void replace(const ByteBlock& before, const ByteBlock& after);
+  void replaceWith(Announcement& announcement, std::span<const std::byte> contents);
+  void replaceThrough(const std::string& temporary, Announcement& announcement,
+                      std::span<const std::byte> contents);
   OpenFile makeReplacement(const std::string& replacement, std::span<const std::byte> contents);
   void takeOver(OpenFile file, std::size_t size);
 

@@ -384,4 +384,22 @@ void MachineFileSystem::pause(int milliseconds) {
   Sleep(static_cast<DWORD>(milliseconds));
 }
 
+int MachineFileSystem::list(const std::string& path, std::vector<std::string>& names) {
+  WIN32_FIND_DATAW found{};
+  const HANDLE search = FindFirstFileW(wide(path + "/*").c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return failed();
+  do {
+    const std::string name = narrow(found.cFileName);
+    if (name != "." && name != "..") names.push_back(name);
+  } while (FindNextFileW(search, &found));
+  const bool isWhole = GetLastError() == ERROR_NO_MORE_FILES;
+  if (!isWhole) failed();
+  FindClose(search);
+  return isWhole ? 0 : -1;
+}
+
+int MachineFileSystem::removeFolder(const std::string& path) {
+  return resultOf(RemoveDirectoryW(wide(path).c_str()));
+}
+
 }  // namespace tarvik::core

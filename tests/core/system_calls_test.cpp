@@ -25,8 +25,9 @@ constexpr int kFew = 3;
 constexpr int kMany = 3'000;
 
 constexpr std::array<const char*, kCallKinds> kCallNames = {
-    "open", "close",      "status", "statusOf", "read",       "write",   "truncate", "setMode", "writeOut",
-    "sync", "syncFolder", "rename", "remove",   "makeFolder", "resolve", "tryLock",  "pause"};
+    "open",    "close",    "status", "statusOf",   "read",        "write",  "truncate",
+    "setMode", "writeOut", "sync",   "syncFolder", "rename",      "remove", "makeFolder",
+    "resolve", "tryLock",  "pause",  "list",       "removeFolder"};
 
 // "open 1, close 1, read 1": the kinds that were called, in their order.
 std::string textOf(const CountingFileSystem& files) {

@@ -32,6 +32,10 @@ class ForwardingFileSystem : public core::FileSystem {
   }
   int tryLock(int descriptor) override { return real_.tryLock(descriptor); }
   void pause(int milliseconds) override { real_.pause(milliseconds); }
+  int list(const std::string& path, std::vector<std::string>& names) override {
+    return real_.list(path, names);
+  }
+  int removeFolder(const std::string& path) override { return real_.removeFolder(path); }
 
  private:
   core::MachineFileSystem real_;

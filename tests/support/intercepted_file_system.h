@@ -26,9 +26,11 @@ enum class Call {
   MakeFolder,
   Resolve,
   TryLock,
-  Pause
+  Pause,
+  List,
+  RemoveFolder
 };
-inline constexpr std::size_t kCallKinds = static_cast<std::size_t>(Call::Pause) + 1;
+inline constexpr std::size_t kCallKinds = static_cast<std::size_t>(Call::RemoveFolder) + 1;
 
 /// A file system whose calls go to another one as far as they are admitted.
 class InterceptedFileSystem : public core::FileSystem {
@@ -81,6 +83,12 @@ class InterceptedFileSystem : public core::FileSystem {
   int tryLock(int descriptor) override { return admitted(Call::TryLock) ? inner_.tryLock(descriptor) : -1; }
   void pause(int milliseconds) override {
     if (admitted(Call::Pause)) inner_.pause(milliseconds);
+  }
+  int list(const std::string& path, std::vector<std::string>& names) override {
+    return admitted(Call::List) ? inner_.list(path, names) : -1;
+  }
+  int removeFolder(const std::string& path) override {
+    return admitted(Call::RemoveFolder) ? inner_.removeFolder(path) : -1;
   }
 
  protected:

@@ -102,6 +102,11 @@ void MemoryFileSystem::apply(const DiskStep& step) {
     case DiskStep::Kind::Folder:
       folders_.insert(step.path);
       return;
+    case DiskStep::Kind::NoFolder:
+      folders_.erase(step.path);
+      return;
+    case DiskStep::Kind::MoveFolder:
+      return moveFolder(step.from, step.path);
     default:
       return;
   }
@@ -225,6 +230,7 @@ int MemoryFileSystem::syncFolder(const std::string& path) {
 }
 
 int MemoryFileSystem::rename(const std::string& from, const std::string& to) {
+  if (isFolder(from)) return renameFolder(from, to);
   const auto found = names_.find(from);
   if (found == names_.end() || !isFolder(parentOf(to))) return refuse(ENOENT);
   if (isFolder(to)) return refuse(EISDIR);
@@ -234,6 +240,48 @@ int MemoryFileSystem::rename(const std::string& from, const std::string& to) {
   links_.erase(to);
   names_[to] = node;
   record({.kind = DiskStep::Kind::Rename, .node = node, .path = to, .from = from});
+  return 0;
+}
+
+int MemoryFileSystem::renameFolder(const std::string& from, const std::string& to) {
+  if (!isFolder(parentOf(to))) return refuse(ENOENT);
+  if (names_.contains(to)) return refuse(ENOTDIR);
+  std::vector<std::string> there;
+  if (isFolder(to) && (list(to, there), !there.empty())) return refuse(ENOTEMPTY);
+  moveFolder(from, to);
+  record({.kind = DiskStep::Kind::MoveFolder, .path = to, .from = from});
+  return 0;
+}
+
+// On a disk that lost the folder's making there is nothing to move either.
+void MemoryFileSystem::moveFolder(const std::string& from, const std::string& to) {
+  const auto moved = [&](const std::string& path) { return to + path.substr(from.size()); };
+  const auto isInside = [&](const std::string& path) { return path == from || path.starts_with(from + "/"); };
+  std::set<std::string> folders;
+  for (const std::string& folder : folders_) folders.insert(isInside(folder) ? moved(folder) : folder);
+  std::map<std::string, int> names;
+  for (const auto& [path, node] : names_) names[isInside(path) ? moved(path) : path] = node;
+  folders_ = std::move(folders);
+  names_ = std::move(names);
+}
+
+int MemoryFileSystem::list(const std::string& path, std::vector<std::string>& names) {
+  if (!isFolder(path)) return refuse(ENOENT);
+  const auto add = [&](const std::string& inside) {
+    if (inside.size() > path.size() && parentOf(inside) == path)
+      names.push_back(inside.substr(path.size() + 1));
+  };
+  for (const auto& [name, node] : names_) add(name);
+  for (const std::string& folder : folders_) add(folder);
+  return 0;
+}
+
+int MemoryFileSystem::removeFolder(const std::string& path) {
+  std::vector<std::string> inside;
+  if (list(path, inside) != 0) return -1;
+  if (!inside.empty()) return refuse(ENOTEMPTY);
+  folders_.erase(path);
+  record({.kind = DiskStep::Kind::NoFolder, .path = path});
   return 0;
 }
 

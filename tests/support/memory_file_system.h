@@ -19,6 +19,8 @@ struct DiskStep {
     Unname,      ///< a name that goes
     Rename,      ///< a name that goes while the file gets another, in one step
     Folder,      ///< a new folder
+    NoFolder,    ///< a folder that goes
+    MoveFolder,  ///< a folder that gets another name with all that is in it, in one step
     WriteOut,    ///< a file's bytes leave for the disk ahead of everything later
     SyncFile,    ///< a file's bytes and length are on the disk
     SyncFolder,  ///< a folder's names are on the disk
@@ -48,6 +50,7 @@ class MemoryFileSystem final : public core::FileSystem {
   void moveToOtherDevice(const std::string& folder) { otherDevice_.insert(folder); }
   void setModeOf(const std::string& path, std::uint32_t mode);
   bool has(const std::string& path) const;
+  bool hasFolder(const std::string& path) const { return isFolder(path); }
   /// A file's bytes; empty when it is missing.
   const std::string& contents(const std::string& path) const;
   std::uint32_t modeOf(const std::string& path) const;
@@ -76,6 +79,8 @@ class MemoryFileSystem final : public core::FileSystem {
   int resolve(const std::string& path, std::string& resolved) override;
   int tryLock(int descriptor) override;
   void pause(int) override {}
+  int list(const std::string& path, std::vector<std::string>& names) override;
+  int removeFolder(const std::string& path) override;
 
  private:
   struct Node {
@@ -95,6 +100,8 @@ class MemoryFileSystem final : public core::FileSystem {
   std::string followed(const std::string& path) const;
   bool isFolder(const std::string& path) const { return folders_.contains(path); }
   int openFolder(const std::string& path, core::OpenMode mode);
+  int renameFolder(const std::string& from, const std::string& to);
+  void moveFolder(const std::string& from, const std::string& to);
   Node& nodeAt(int node);
   int newNode();
   void writeInto(Node& node, std::string_view bytes, std::int64_t offset);

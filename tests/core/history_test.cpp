@@ -1,0 +1,286 @@
+#include "core/history.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+
+#include "core/record_file.h"
+#include "tests/support/expect_failure.h"
+#include "tests/support/intercepted_file_system.h"
+#include "tests/support/memory_file_system.h"
+
+namespace tarvik::core {
+namespace {
+
+using test::expectFailure;
+
+constexpr std::size_t kLength = 4;
+
+std::span<const std::byte> bytes(std::string_view text) {
+  return std::as_bytes(std::span(text.data(), text.size()));
+}
+
+// Records of four characters in the files /f/a and /f/b.
+class HistoryTest : public testing::Test {
+ protected:
+  HistoryTest() {
+    disk_.putFolder("/f");
+    disk_.watch(&history_);
+  }
+
+  RecordFile opened(const std::string& name) { return RecordFile(disk_, "/f/" + name, kLength); }
+  void add(const std::string& name, std::string_view record) { opened(name).append(bytes(record)); }
+  void rewrite(const std::string& name, std::int64_t number, std::string_view record) {
+    RecordFile file = opened(name);
+    file.rewrite(file.seen(number), bytes(record));
+  }
+  void remove(const std::string& name, std::int64_t number) {
+    RecordFile file = opened(name);
+    file.remove(file.seen(number), "/f/x");
+  }
+  std::string at(const std::string& name) { return disk_.contents("/f/" + name); }
+  // What another program writes.
+  void foreign(const std::string& name, const std::string& contents) { disk_.put("/f/" + name, contents); }
+  Travelled undo() { return history_.undo(disk_); }
+  Travelled redo() { return history_.redo(disk_); }
+
+  test::MemoryFileSystem disk_;
+  History history_;
+};
+
+TEST_F(HistoryTest, TakesChangesBackOneByOneAndMakesThemAgain) {
+  add("a", "aaaa");
+  add("a", std::string("bbb\0", 4));
+  rewrite("a", 1, "AAAA");
+  remove("a", 2);
+  EXPECT_EQ(at("a"), "AAAA");
+
+  undo();
+  EXPECT_EQ(at("a"), std::string("AAAAbbb\0", 8));
+  undo();
+  EXPECT_EQ(at("a"), std::string("aaaabbb\0", 8));
+  undo();
+  EXPECT_EQ(at("a"), "aaaa");
+  undo();
+  EXPECT_EQ(at("a"), "");
+  EXPECT_FALSE(history_.canUndo());
+
+  redo();
+  EXPECT_EQ(at("a"), "aaaa");
+  redo();
+  redo();
+  EXPECT_EQ(at("a"), std::string("AAAAbbb\0", 8));
+  redo();
+  EXPECT_EQ(at("a"), "AAAA");
+  EXPECT_FALSE(history_.canRedo());
+}
+
+TEST_F(HistoryTest, TakesAnActionOfSeveralFilesBackInOneStepAndInReverseOrder) {
+  {
+    const History::Action action(history_, "rögzítés");
+    add("a", "aaaa");
+    add("b", "bbbb");
+    add("a", "cccc");
+    EXPECT_TRUE(action.hasChanged());
+  }
+  EXPECT_EQ(history_.undoName(), "rögzítés");
+  EXPECT_EQ(history_.steps(), 1U);
+
+  const Travelled undone = undo();
+  EXPECT_EQ(undone.name, "rögzítés");
+  ASSERT_EQ(undone.files.size(), 2U);
+  EXPECT_EQ(undone.files[0].path, "/f/a");
+  EXPECT_EQ(undone.files[1].path, "/f/b");
+  EXPECT_EQ(at("a"), "");
+  EXPECT_EQ(at("b"), "");
+
+  redo();
+  EXPECT_EQ(at("a"), "aaaacccc");
+  EXPECT_EQ(at("b"), "bbbb");
+}
+
+TEST_F(HistoryTest, MakesNoStepOfAnActionThatChangesNothingOrFails) {
+  foreign("a", "aaaa");
+  {
+    const History::Action action(history_, "semmi");
+    rewrite("a", 1, "aaaa");
+    expectFailure(FailureKind::RecordChanged,
+                  [&] { opened("a").rewrite({.number = 1, .bytes = std::vector<std::byte>(4)}, bytes("bbbb")); });
+    EXPECT_FALSE(action.hasChanged());
+  }
+  EXPECT_FALSE(history_.canUndo());
+}
+
+TEST_F(HistoryTest, MakesNoStepOfAWriteThatTheDiskRefused) {
+  for (int nth = 1; nth <= 20; ++nth) {
+    test::MemoryFileSystem disk;
+    disk.putFolder("/f");
+    disk.put("/f/a", "aaaa");
+    test::FailingFileSystem failing(disk, {.nth = nth, .error = ENOSPC});
+    History history;
+    failing.watch(&history);
+    try {
+      RecordFile(failing, "/f/a", kLength).append(bytes("bbbb"));
+    } catch (const Failure&) {
+    }
+    EXPECT_EQ(history.canUndo(), disk.contents("/f/a") == "aaaabbbb") << nth;
+  }
+}
+
+TEST_F(HistoryTest, SaysWhichRecordsCameBack) {
+  for (const char* record : {"aaaa", "abbb", "cccc"}) add("a", record);
+  remove("a", 1);
+  const Travelled undone = undo();
+  ASSERT_EQ(undone.files.size(), 1U);
+  EXPECT_EQ(undone.files[0].at / kLength, 0U);  // the first record
+  EXPECT_EQ(undone.files[0].inserted, 4U);
+}
+
+TEST_F(HistoryTest, DropsWhatCouldBeRedoneAtTheNextChange) {
+  add("a", "aaaa");
+  undo();
+  add("a", "bbbb");
+  EXPECT_FALSE(history_.canRedo());
+  undo();
+  EXPECT_EQ(at("a"), "");
+}
+
+TEST_F(HistoryTest, RefusesWhereAnotherProgramChangedTheFileSince) {
+  add("a", "aaaa");
+  foreign("a", "aaaazzzz");
+  expectFailure(FailureKind::FileChanged, [&] { undo(); });
+  EXPECT_EQ(at("a"), "aaaazzzz");
+  EXPECT_TRUE(history_.canUndo());
+
+  foreign("a", "aaaa");  // it took its own change back
+  undo();
+  EXPECT_EQ(at("a"), "");
+  foreign("a", "yyyy");
+  expectFailure(FailureKind::FileChanged, [&] { redo(); });
+  EXPECT_EQ(at("a"), "yyyy");
+}
+
+// Ours, theirs, ours: ours goes back, theirs stays, and what was ours before it is refused.
+TEST_F(HistoryTest, KeepsAChangeOfAnotherProgramBetweenTwoOfOurs) {
+  add("a", "aaaa");
+  foreign("a", "aaaazzzz");
+  add("a", "bbbb");
+  undo();
+  EXPECT_EQ(at("a"), "aaaazzzz");
+  expectFailure(FailureKind::FileChanged, [&] { undo(); });
+  EXPECT_EQ(at("a"), "aaaazzzz");
+  redo();
+  EXPECT_EQ(at("a"), "aaaazzzzbbbb");
+  undo();
+  foreign("a", "aaaa");
+  undo();
+  EXPECT_EQ(at("a"), "");
+}
+
+TEST_F(HistoryTest, PartsAnActionWhereAnotherProgramChangedItsFileBetween) {
+  {
+    const History::Action action(history_, "kettő");
+    add("a", "aaaa");
+    foreign("a", "aaaazzzz");
+    add("a", "bbbb");
+  }
+  EXPECT_EQ(history_.steps(), 2U);
+  undo();
+  EXPECT_EQ(at("a"), "aaaazzzz");
+}
+
+TEST_F(HistoryTest, ChangesNoFileOfAStepWhenOneIsRefused) {
+  {
+    const History::Action action(history_, "kettő");
+    add("a", "aaaa");
+    add("b", "bbbb");
+  }
+  foreign("a", "zzzz");
+  expectFailure(FailureKind::FileChanged, [&] { undo(); });
+  EXPECT_EQ(at("b"), "bbbb");
+  foreign("a", "aaaa");
+  undo();
+  EXPECT_EQ(at("a") + at("b"), "");
+}
+
+TEST_F(HistoryTest, RefusesAFileThatIsLocked) {
+  add("a", "aaaa");
+  const RecordFile other = opened("a");
+  expectFailure(FailureKind::FileBusy, [&] { undo(); });
+  EXPECT_EQ(at("a"), "aaaa");
+}
+
+TEST_F(HistoryTest, PutsADeletionsTemporaryFileBackToo) {
+  foreign("a", "aaaabbbb");
+  foreign("x", "....ssss");
+  remove("a", 1);
+  EXPECT_EQ(at("a"), "bbbbssss");
+  EXPECT_FALSE(disk_.has("/f/x"));
+  undo();
+  EXPECT_EQ(at("a"), "aaaabbbb");
+  EXPECT_EQ(at("x"), "....ssss");
+  redo();
+  EXPECT_EQ(at("a"), "bbbbssss");
+  EXPECT_EQ(at("x"), "");
+}
+
+TEST_F(HistoryTest, SaysWhatIsBackAndWhatIsNotAfterAFailureHalfWay) {
+  {
+    const History::Action action(history_, "kettő");
+    add("a", "aaaa");
+    add("b", "bbbb");
+  }
+  bool wasParted = false;
+  for (int nth = 1; nth <= 60 && !wasParted; ++nth) {
+    test::FailingFileSystem failing(disk_, {.nth = nth, .error = EIO, .staysBroken = true});
+    failing.watch(&history_);
+    try {
+      const Travelled undone = history_.undo(failing);
+      if (undone.left.empty()) break;
+      wasParted = true;
+      EXPECT_EQ(undone.files.at(0).path, "/f/b");
+      EXPECT_EQ(undone.left.at(0), "/f/a");
+      EXPECT_TRUE(undone.failure.has_value());
+    } catch (const Failure&) {
+      ASSERT_EQ(at("a") + at("b"), "aaaabbbb");
+    }
+  }
+  ASSERT_TRUE(wasParted);
+  EXPECT_EQ(at("a") + at("b"), "aaaa");
+  undo();  // the rest
+  EXPECT_EQ(at("a"), "");
+  redo();
+  redo();
+  EXPECT_EQ(at("a") + at("b"), "aaaabbbb");
+}
+
+TEST_F(HistoryTest, ForgetsTheOldestStepsPastItsBoundAndNeverTheNewest) {
+  History small(2'000);
+  disk_.watch(&small);
+  for (int i = 0; i < 100; ++i) add("a", "aaaa");
+  EXPECT_LT(small.steps(), 20U);
+  EXPECT_LE(small.bytes(), 2'000U);
+  opened("a").appendAll(bytes(std::string(8'000, 'b')));
+  EXPECT_EQ(small.steps(), 1U);
+  small.undo(disk_);
+  EXPECT_EQ(at("a"), std::string(400, 'a'));
+}
+
+TEST_F(HistoryTest, KeepsAThousandChangesOfALongFileSmall) {
+  foreign("a", std::string(32'000 * kLength, 'a'));
+  for (int i = 0; i < 1'000; ++i) rewrite("a", 16'000 + i, "bbbb");
+  EXPECT_EQ(history_.steps(), 1'000U);
+  EXPECT_LT(history_.bytes(), 1'000'000U);
+}
+
+TEST(DifferenceTest, IsTheSmallestPiece) {
+  const Patch patch = difference(bytes("aabbcc"), bytes("aaxcc"));
+  EXPECT_EQ(patch.at, 2U);
+  EXPECT_EQ(patch.removed.size(), 2U);
+  EXPECT_EQ(patch.added.size(), 1U);
+  EXPECT_EQ(difference(bytes("aaa"), bytes("aaaa")).added.size(), 1U);
+  EXPECT_EQ(difference(bytes("aaaa"), bytes("aaa")).removed.size(), 1U);
+}
+
+}  // namespace
+}  // namespace tarvik::core
