@@ -26,7 +26,7 @@ std::vector<std::string> platesIn(FileSystem& files, const std::string& folder) 
   try {
     const ByteBlock list = vehicleList(files, folder + "/" + std::string(kList.name), kList.recordLength);
     for (std::size_t at = 0; at + kList.recordLength <= list.size; at += kList.recordLength) {
-      std::string plate = FixedText<kPlateLength>::read(list.span(), at).trimmed();
+      std::string plate = readField<FixedText<kPlateLength>>(list.span(), at).trimmed();
       if (isUsablePlate(plate) && std::ranges::find(plates, plate) == plates.end())
         plates.push_back(std::move(plate));
     }

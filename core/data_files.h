@@ -29,9 +29,9 @@ enum class Register {
 struct DataFileKind {
   Register reg;
   std::string_view name;
-  std::size_t recordLength;            ///< bytes
+  std::size_t recordLength;             ///< bytes
   std::optional<std::size_t> day = {};  ///< where a record has the day that it is of, if it has one
-  bool isOfProgramFolder = false;      ///< read from there, or from the current folder
+  bool isOfProgramFolder = false;       ///< read from there, or from the current folder
 };
 
 /// The logbook, one in each vehicle's folder.

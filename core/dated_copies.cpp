@@ -7,7 +7,6 @@
 #include <utility>
 #include <vector>
 
-#include "core/dated_sets.h"
 #include "core/file_steps.h"
 #include "core/record_file.h"
 
@@ -15,7 +14,6 @@ namespace tarvik::core {
 namespace {
 
 constexpr std::string_view kLock = "zár";
-constexpr std::string_view kUnfinished = ".tmp";
 constexpr std::uint32_t kOwnerWrites = 0200;  // a set must be able to go again
 
 [[noreturn]] void fail(FailureKind kind, const std::string& path) {
@@ -78,7 +76,8 @@ void DatedCopies::beforeChange() noexcept {
     tried_ = today;
     failure_.reset();
     const std::string name = setName(today);
-    if (!isSet(files_, joined(setsFolder(folders_), name))) make(makeFolderOfSets(), name);
+    if (!isSet(files_, joined(setsFolder(folders_), name)))
+      make(makeFolderOfSets(), name, householdFiles(files_, folders_));
   } catch (const Failure& failure) {
     failure_ = failure;
   } catch (const std::bad_alloc&) {  // then there is no memory for the change either, which says so
@@ -89,12 +88,13 @@ std::optional<Failure> DatedCopies::takeFailure() {
   return std::exchange(failure_, std::nullopt);
 }
 
-std::string DatedCopies::copyNow() {
+std::string DatedCopies::copyNow(std::span<const SetFile> wanted) {
   const std::string root = makeFolderOfSets();
   const std::string first = setName(clock_.today()) + std::string(kBeforeTakingBack);
   std::string name = first;
-  for (int number = 2; isThere(files_, joined(root, name)); ++number) name = first + " " + std::to_string(number);
-  make(root, name);
+  for (int number = 2; isThere(files_, joined(root, name)); ++number)
+    name = first + " " + std::to_string(number);
+  make(root, name, wanted);
   return joined(root, name);
 }
 
@@ -106,7 +106,7 @@ std::string DatedCopies::makeFolderOfSets() {
   return root;
 }
 
-void DatedCopies::make(const std::string& root, const std::string& name) {
+void DatedCopies::make(const std::string& root, const std::string& name, std::span<const SetFile> wanted) {
   FileStatus status;
   const OpenFile lock = steps::openLocked(files_, joined(root, kLock), status);
   if (isSet(files_, joined(root, name))) return;  // another program made it meanwhile
@@ -115,14 +115,17 @@ void DatedCopies::make(const std::string& root, const std::string& name) {
     fail(FailureKind::OpenFailed, joined(root, name));
   }
   discardUnfinished(root);
-  makeUnderLock(root, name);
+  makeUnderLock(root, name, wanted);
 }
 
-void DatedCopies::makeUnderLock(const std::string& root, const std::string& name) {
-  const std::string unfinished = joined(root, name) + std::string(kUnfinished);
+void DatedCopies::makeUnderLock(const std::string& root, const std::string& name,
+                                std::span<const SetFile> wanted) {
+  const std::string unfinished = joined(root, name) + std::string(kUnfinishedMark);
   makeFolder(files_, unfinished);
   try {
-    fill(root, unfinished, name);
+    if (!fill(unfinished, wanted)) return removeSet(files_, unfinished);
+    steps::rename(files_, unfinished, joined(root, name));
+    syncNamesIn(files_, root);
   } catch (...) {
     discardUnfinished(root);
     throw;
@@ -135,7 +138,8 @@ void DatedCopies::discardUnfinished(const std::string& root) {
   std::vector<std::string> names;
   files_.list(root, names);
   for (const std::string& name : names) {
-    if (!name.ends_with(kUnfinished) || !dayOfSet(name.substr(0, name.size() - kUnfinished.size()))) continue;
+    if (!name.ends_with(kUnfinishedMark) || !dayOfSet(name.substr(0, name.size() - kUnfinishedMark.size())))
+      continue;
     try {
       if (isSetAlone(files_, joined(root, name))) removeSet(files_, joined(root, name));
     } catch (const Failure&) {  // it is tried again with the next set
@@ -143,23 +147,22 @@ void DatedCopies::discardUnfinished(const std::string& root) {
   }
 }
 
-void DatedCopies::fill(const std::string& root, const std::string& unfinished, const std::string& name) {
+// False where there was nothing to copy.
+bool DatedCopies::fill(const std::string& unfinished, std::span<const SetFile> wanted) {
   std::set<std::string> parts;
-  bool isEmpty = true;
-  for (const SetFile& file : householdFiles(files_, folders_)) {
+  bool hasFile = false;
+  for (const SetFile& file : wanted) {
     const std::optional<Source> source = sourceOf(files_, file);
     if (!source) continue;
     const std::string path = joined(unfinished, file.inSet);
     const std::string folder = steps::folderOf(path);
     if (folder != unfinished && parts.insert(folder).second) makeFolder(files_, folder);
     write(files_, path, *source);
-    isEmpty = false;
+    hasFile = true;
   }
-  if (isEmpty) return removeSet(files_, unfinished);
   for (const std::string& part : parts) syncNamesIn(files_, part);
-  syncNamesIn(files_, unfinished);
-  steps::rename(files_, unfinished, joined(root, name));
-  syncNamesIn(files_, root);
+  if (hasFile) syncNamesIn(files_, unfinished);
+  return hasFile;
 }
 
 void DatedCopies::letOldOnesGo(const std::string& root) {
@@ -179,7 +182,7 @@ void DatedCopies::letOldOnesGo(const std::string& root) {
 // It loses its name first, so that no half of it ever has one. What cannot go stays until the next time.
 void DatedCopies::letGo(const std::string& root, const std::string& name) {
   const std::string path = joined(root, name);
-  const std::string unfinished = path + std::string(kUnfinished);
+  const std::string unfinished = path + std::string(kUnfinishedMark);
   try {
     if (!isSetAlone(files_, path)) return;
     steps::rename(files_, path, unfinished);

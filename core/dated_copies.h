@@ -1,10 +1,12 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 
 #include "core/clock.h"
 #include "core/data_folders.h"
+#include "core/dated_sets.h"
 #include "core/failure.h"
 #include "core/file_system.h"
 
@@ -12,9 +14,9 @@ namespace tarvik::core {
 
 /// Copies all data files into a set of the day before that day's first change, and lets old sets go.
 ///
-/// A set grows under another name and gets its own in one step when all of it is on the disk, so that what has
-/// a day's name is whole. Two programs take turns at a lock beside the sets. Files that are missing, cannot be
-/// read or are no data files are not copied; where there is nothing to copy, no set is made.
+/// A set grows under another name and gets its own in one step when all of it is on the disk, so that what
+/// has a day's name is whole. Two programs take turns at a lock beside the sets. Files that are missing,
+/// cannot be read or are no data files are not copied; where there is nothing to copy, no set is made.
 class DatedCopies {
  public:
   DatedCopies(FileSystem& files, const DataFolders& folders, const Clock& clock)
@@ -27,16 +29,16 @@ class DatedCopies {
   /// Why today's set could not be made; nothing where it was, and once it was asked.
   std::optional<Failure> takeFailure();
 
-  /// Makes a set of all files as they are now, with the mark of a taking back; returns its path. Throws
+  /// Makes a set of these files as they are now, with the mark of a taking back; returns its path. Throws
   /// Failure(OpenFailed, WriteFailed, SyncFailed, ReplaceFailed or FileBusy).
-  std::string copyNow();
+  std::string copyNow(std::span<const SetFile> wanted);
 
  private:
   std::string makeFolderOfSets();
-  void make(const std::string& root, const std::string& name);
-  void makeUnderLock(const std::string& root, const std::string& name);
+  void make(const std::string& root, const std::string& name, std::span<const SetFile> wanted);
+  void makeUnderLock(const std::string& root, const std::string& name, std::span<const SetFile> wanted);
   void discardUnfinished(const std::string& root);
-  void fill(const std::string& root, const std::string& unfinished, const std::string& name);
+  bool fill(const std::string& unfinished, std::span<const SetFile> wanted);
   void letOldOnesGo(const std::string& root);
   void letGo(const std::string& root, const std::string& name);
 

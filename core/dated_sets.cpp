@@ -60,7 +60,8 @@ bool isOneFolder(FileSystem& files, const DataFolders& folders) {
          (program.inode != 0 || folders.program == folders.current);
 }
 
-// Where the program has a file of a set without a part of its own for the current folder: there, as it is read.
+// Where the program has a file of a set without a part of its own for the current folder: there, as it is
+// read.
 std::string placeOf(const DataFileKind& kind, const DataFolders& folders) {
   return kind.isOfProgramFolder ? folders.inProgram(kind.name) : folders.inCurrent(kind.name);
 }
@@ -134,6 +135,7 @@ std::optional<Day> dayOfSet(std::string_view name) {
   if (name.size() < kDayCharacters || name[4] != '-' || name[7] != '-') return std::nullopt;
   const std::string_view mark = name.substr(kDayCharacters);
   if (!mark.empty() && !mark.starts_with(kBeforeTakingBack)) return std::nullopt;
+  if (mark.ends_with(kUnfinishedMark)) return std::nullopt;
   const auto year = numberIn(name.substr(0, 4));
   const auto month = numberIn(name.substr(5, 2));
   const auto day = numberIn(name.substr(8, 2));
@@ -183,7 +185,7 @@ std::vector<DatedSet> datedSets(FileSystem& files, const DataFolders& folders) {
   if (!isThere(files, root, FileKind::Folder)) return sets;
   for (const std::string& name : namesIn(files, root)) {
     DatedSet set{.name = name, .path = joined(root, name), .day = dayOfSet(name)};
-    if (name.ends_with(".tmp") || !isThere(files, set.path, FileKind::Folder)) continue;
+    if (name.ends_with(kUnfinishedMark) || !isThere(files, set.path, FileKind::Folder)) continue;
     addLogbooks(files, folders, set);
     addShared(files, folders, set);
     if (!set.files.empty()) sets.push_back(std::move(set));
@@ -198,7 +200,8 @@ bool isSet(FileSystem& files, const std::string& path) {
   std::vector<std::string> names;
   if (files.list(path, names) != 0) return false;
   return std::ranges::any_of(names, [&](const std::string& name) {
-    return isSharedFile(name) || isThere(files, joined(joined(path, name), kLogbookFile.name), FileKind::Regular);
+    return isSharedFile(name) ||
+           isThere(files, joined(joined(path, name), kLogbookFile.name), FileKind::Regular);
   });
 }
 

@@ -12,8 +12,8 @@
 
 namespace tarvik::core {
 
-// A set is a folder under "Mentések" in the program folder with a copy of each data file, laid out as the program
-// folder is; what lies in a current folder of its own is in a part of the set.
+// A set is a folder under "Mentések" in the program folder with a copy of each data file, laid out as the
+// program folder is; what lies in a current folder of its own is in a part of the set.
 
 /// The folder of all sets.
 std::string setsFolder(const DataFolders& folders);
@@ -24,6 +24,9 @@ inline constexpr std::string_view kCurrentPart = "Indítási mappa";
 
 /// What a set taken before a taking back has behind its day.
 inline constexpr std::string_view kBeforeTakingBack = " visszaállítás előtt";
+
+/// What a set has behind its name while it grows and while it goes.
+inline constexpr std::string_view kUnfinishedMark = ".tmp";
 
 /// The name of a day's set: "2026-03-21".
 std::string setName(Day day);

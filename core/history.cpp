@@ -32,9 +32,11 @@ Patch difference(std::span<const std::byte> before, std::span<const std::byte> a
   const auto at = static_cast<std::size_t>(front.in1 - before.begin());
   const auto restBefore = before.subspan(at);
   const auto restAfter = after.subspan(at);
-  const auto back = std::mismatch(restBefore.rbegin(), restBefore.rend(), restAfter.rbegin(), restAfter.rend());
+  const auto back =
+      std::mismatch(restBefore.rbegin(), restBefore.rend(), restAfter.rbegin(), restAfter.rend());
   const auto same = static_cast<std::size_t>(back.first - restBefore.rbegin());
-  return {at, copied(restBefore.first(restBefore.size() - same)), copied(restAfter.first(restAfter.size() - same))};
+  return {at, copied(restBefore.first(restBefore.size() - same)),
+          copied(restAfter.first(restAfter.size() - same))};
 }
 
 // What undoing or redoing a step does to one file.
@@ -48,9 +50,10 @@ struct History::Plan {
 };
 
 std::size_t History::Step::bytes() const {
-  return std::accumulate(files.begin(), files.end(), sizeof(Step), [](std::size_t sum, const FileChange& file) {
-    return sum + sizeof(FileChange) + file.path.size() + file.gap.bytes() + file.change.bytes();
-  });
+  return std::accumulate(
+      files.begin(), files.end(), sizeof(Step), [](std::size_t sum, const FileChange& file) {
+        return sum + sizeof(FileChange) + file.path.size() + file.gap.bytes() + file.change.bytes();
+      });
 }
 
 std::size_t History::bytes() const {
@@ -97,7 +100,6 @@ bool History::continuesStep() const {
 }
 
 void History::made() noexcept {
-  hasReplaced_ = true;
   if (announced_.files.empty()) return;
   if (continuesStep())
     std::ranges::move(announced_.files, std::back_inserter(done_.back().files));
@@ -176,7 +178,11 @@ History::Plan& History::planFor(std::vector<Plan>& plans, const FileChange& file
   if (found != plans.end()) return *found;
   const Bytes& known = known_.at(file.path);
   Bytes expected = direction == Direction::Back ? known : file.gap.applied(known);
-  Plan plan{.path = file.path, .recordLength = file.recordLength, .expected = expected, .contents = {}, .known = {}};
+  Plan plan{.path = file.path,
+            .recordLength = file.recordLength,
+            .expected = expected,
+            .contents = {},
+            .known = {}};
   plan.contents = std::move(expected);
   return plans.emplace_back(std::move(plan));
 }
@@ -200,14 +206,13 @@ void History::carryOut(FileSystem& files, std::vector<Plan>& plans, Travelled& r
 // A file whose new contents have its name is changed, even where the system then did not confirm it.
 bool History::exchanged(RecordFile& file, Plan& plan, Travelled& result) {
   const Patch piece = difference(plan.expected, plan.contents);
-  hasReplaced_ = false;
   try {
     file.exchange(plan.expected, plan.contents);
   } catch (const Failure& failure) {
-    if (!hasReplaced_ && result.files.empty()) throw;
+    if (!file.isReplaced() && result.files.empty()) throw;
     result.failure = failure;
   }
-  if (result.failure && !hasReplaced_) return false;
+  if (result.failure && !file.isReplaced()) return false;
   plan.isDone = true;
   known_.at(plan.path).swap(plan.known);
   result.files.push_back({plan.path, plan.recordLength, piece.at, piece.added.size()});

@@ -41,10 +41,10 @@ struct TravelledFile {
 
 /// What became of an undoing or redoing that changed something.
 struct Travelled {
-  std::string name;                   ///< of the step
-  std::vector<TravelledFile> files;   ///< those that were changed, in the order in which they were
-  std::vector<std::string> left{};    ///< paths of those that were not, after a failure
-  std::optional<Failure> failure{};   ///< what ended it half-way, or left it unconfirmed
+  std::string name;                  ///< of the step
+  std::vector<TravelledFile> files;  ///< those that were changed, in the order in which they were
+  std::vector<std::string> left{};   ///< paths of those that were not, after a failure
+  std::optional<Failure> failure{};  ///< what ended it half-way, or left it unconfirmed
 };
 
 /// The changes of a run that can be taken back.
@@ -93,7 +93,8 @@ class History final : public ChangeWatcher {
   /// before. All of them are locked and compared before the first is changed. Throws Failure(FileChanged) for
   /// a file that something else has changed since, or what RecordFile throws; nothing is changed then and the
   /// step stays. A failure after the first file is told in the result; the step is then parted in what is
-  /// back, which can be redone, and what is not. The file system is the watched one; the caller asks canUndo first.
+  /// back, which can be redone, and what is not. The file system is the watched one; the caller asks canUndo
+  /// first.
   Travelled undo(FileSystem& files);
   /// Makes the step taken back last again, its files in their order; as undo otherwise.
   Travelled redo(FileSystem& files);
@@ -141,7 +142,6 @@ class History final : public ChangeWatcher {
   bool isInAction_ = false;
   bool actionHasStep_ = false;
   bool isTravelling_ = false;
-  bool hasReplaced_ = false;
 };
 
 }  // namespace tarvik::core

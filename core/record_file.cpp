@@ -294,6 +294,7 @@ OpenFile RecordFile::makeReplacement(const std::string& replacement, std::span<c
 
 void RecordFile::takeOver(OpenFile file, std::size_t size) {
   file_ = std::move(file);
+  isReplaced_ = true;
   status_.size = static_cast<std::int64_t>(size);
 }
 

@@ -78,6 +78,9 @@ class RecordFile {
   /// is.
   void remove(const SeenRecord& seen, const std::string& temporary);
 
+  /// Whether new contents have taken the file's name, even where the system did not confirm it afterwards.
+  bool isReplaced() const { return isReplaced_; }
+
   /// Whether the file has these bytes and no other.
   bool holds(std::span<const std::byte> contents) const;
 
@@ -107,6 +110,7 @@ class RecordFile {
   std::size_t recordLength_;
   FileStatus status_;  // ahead of the file: opening it fills the status in
   OpenFile file_;
+  bool isReplaced_ = false;
 };
 
 }  // namespace tarvik::core

@@ -7,8 +7,8 @@
 
 namespace tarvik::core {
 
-/// What stands between a change and its regret: before the first change of a day all data files are copied, and
-/// each change can be taken back while the program runs. It watches the file system as long as it lives.
+/// What stands between a change and its regret: before the first change of a day all data files are copied,
+/// and each change can be taken back while the program runs. It watches the file system as long as it lives.
 class SafetyNet final : public ChangeWatcher {
  public:
   SafetyNet(FileSystem& files, const DataFolders& folders, const Clock& clock)

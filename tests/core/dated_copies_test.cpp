@@ -44,7 +44,8 @@ class DatedCopiesTest : public testing::Test {
   }
 
   void putCar(const std::string& listedIn, const std::string& plate, const std::string& entries) {
-    disk_.put(listedIn + "/rendsz.dat", disk_.contents(listedIn + "/rendsz.dat") + plate + std::string(8 - plate.size(), ' ') + std::string(2, '2'));
+    disk_.put(listedIn + "/rendsz.dat", disk_.contents(listedIn + "/rendsz.dat") + plate +
+                                            std::string(8 - plate.size(), ' ') + std::string(2, '2'));
     disk_.putFolder("/p/" + plate);
     disk_.put("/p/" + plate + "/napiadat.dat", entries);
   }
@@ -137,7 +138,8 @@ TEST_F(DatedCopiesTest, LeaveOutWhatIsNoDataFile) {
   changeOn({2026, 3, 21});
   std::vector<std::string> names;
   disk_.list(kToday, names);
-  EXPECT_THAT(names, UnorderedElementsAre("ABC-123", "DEF-456", "Gumik.dat", "alkatr.dat", "rendsz.dat", "set.dat"));
+  EXPECT_THAT(names,
+              UnorderedElementsAre("ABC-123", "DEF-456", "Gumik.dat", "alkatr.dat", "rendsz.dat", "set.dat"));
 }
 
 TEST_F(DatedCopiesTest, KeepThePermissionsOfTheFiles) {
@@ -190,7 +192,8 @@ TEST_F(DatedCopiesTest, KeepNobodyFromTheChangeWhenACallFails) {
         const auto failure = copies.takeFailure();
         if (disk.hasFolder(kToday)) {
           for (const char* file : {"/rendsz.dat", "/alkatr.dat"})
-            ASSERT_TRUE(!disk.has(kToday + file) || disk.contents(kToday + file) == disk.contents("/p" + std::string(file)));
+            ASSERT_TRUE(!disk.has(kToday + file) ||
+                        disk.contents(kToday + file) == disk.contents("/p" + std::string(file)));
         } else {
           ASSERT_TRUE(failure.has_value()) << nth << " " << error;
         }
@@ -234,12 +237,13 @@ TEST(SetNameTest, IsTheDayAsItSorts) {
   EXPECT_EQ(setName(dayOf({2024, 2, 29})), "2024-02-29");
   EXPECT_EQ(dayOfSet("2024-02-29"), dayOf({2024, 2, 29}));
   EXPECT_EQ(dayOfSet("2024-02-29 visszaállítás előtt 2"), dayOf({2024, 2, 29}));
-  for (const char* name : {"2023-02-29", "2024-02-2", "2024.02.29", "2024-02-29x", "2024-02-29.tmp", "+024-02-29", ""})
+  for (const char* name :
+       {"2023-02-29", "2024-02-2", "2024.02.29", "2024-02-29x", "2024-02-29.tmp", "+024-02-29", ""})
     EXPECT_EQ(dayOfSet(name), std::nullopt) << name;
 }
 
-// Three years of use with gaps, a clock that is set back, and a leap day: after each change exactly the sets of
-// the rule are there, and what a person put there stays.
+// Three years of use with gaps, a clock that is set back, and a leap day: after each change exactly the sets
+// of the rule are there, and what a person put there stays.
 TEST_F(DatedCopiesTest, AreExactlyThoseOfTheRuleThroughThreeYears) {
   disk_.putFolder(kSets);
   disk_.putFolder(kSets + "/Nyaralás");
@@ -296,11 +300,12 @@ TEST_F(DatedCopiesTest, AreListedWithTheNewestFirstAndThoseCopiedByHandBehind) {
 
 TEST(DataFilesTest, HaveTheLengthsOfTheirRecords) {
   const std::map<std::string_view, std::size_t> lengths{
-      {"rendsz.dat", settings::Vehicle::kLength},       {"alkatr.dat", settings::LookupText::kLength},
-      {"megjegyz.dat", settings::LookupText::kLength},  {"set.dat", settings::SetRecord::kLength},
-      {"figyel.dat", reminders::FigyelRec::kLength},    {"figyDatum.dat", reminders::FigyDatumRec::kLength},
-      {"Gumik.dat", tyres::TyreSet::kLength},           {"Szerviz.dat", repairs::Repair::kLength}};
-  for (const DataFileKind& kind : kSharedFiles) EXPECT_EQ(kind.recordLength, lengths.at(kind.name)) << kind.name;
+      {"rendsz.dat", settings::Vehicle::kLength},      {"alkatr.dat", settings::LookupText::kLength},
+      {"megjegyz.dat", settings::LookupText::kLength}, {"set.dat", settings::SetRecord::kLength},
+      {"figyel.dat", reminders::FigyelRec::kLength},   {"figyDatum.dat", reminders::FigyDatumRec::kLength},
+      {"Gumik.dat", tyres::TyreSet::kLength},          {"Szerviz.dat", repairs::Repair::kLength}};
+  for (const DataFileKind& kind : kSharedFiles)
+    EXPECT_EQ(kind.recordLength, lengths.at(kind.name)) << kind.name;
   EXPECT_EQ(kLogbookFile.recordLength, NapiAdat::kLength);
 }
 

@@ -104,8 +104,9 @@ TEST_F(HistoryTest, MakesNoStepOfAnActionThatChangesNothingOrFails) {
   {
     const History::Action action(history_, "semmi");
     rewrite("a", 1, "aaaa");
-    expectFailure(FailureKind::RecordChanged,
-                  [&] { opened("a").rewrite({.number = 1, .bytes = std::vector<std::byte>(4)}, bytes("bbbb")); });
+    expectFailure(FailureKind::RecordChanged, [&] {
+      opened("a").rewrite({.number = 1, .bytes = std::vector<std::byte>(4)}, bytes("bbbb"));
+    });
     EXPECT_FALSE(action.hasChanged());
   }
   EXPECT_FALSE(history_.canUndo());
@@ -233,7 +234,6 @@ TEST_F(HistoryTest, SaysWhatIsBackAndWhatIsNotAfterAFailureHalfWay) {
   bool wasParted = false;
   for (int nth = 1; nth <= 60 && !wasParted; ++nth) {
     test::FailingFileSystem failing(disk_, {.nth = nth, .error = EIO, .staysBroken = true});
-    failing.watch(&history_);
     try {
       const Travelled undone = history_.undo(failing);
       if (undone.left.empty()) break;

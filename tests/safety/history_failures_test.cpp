@@ -66,7 +66,8 @@ class HistoryFailuresTest : public testing::Test {
     const std::vector<std::string> now = contents(disk);
     for (std::size_t i = 0; i < paths_.size(); ++i) {
       const bool isDone = std::ranges::find(done, paths_[i]) != done.end();
-      EXPECT_TRUE(now[i] == (isDone ? to[i] : from[i])) << paths_[i] << (isDone ? " is not back" : " changed");
+      EXPECT_TRUE(now[i] == (isDone ? to[i] : from[i]))
+          << paths_[i] << (isDone ? " is not back" : " changed");
       EXPECT_TRUE(isDone || isTold);
       EXPECT_TRUE(plan.staysBroken || !disk.has(paths_[i] + ".tmp"));
     }
@@ -109,8 +110,9 @@ TEST_F(HistoryFailuresTest, EndsOldOrNewAndSaysWhich) {
     for (const int error : {EIO, ENOSPC, EACCES, EINTR, FailurePlan::kShortWrite})
       for (const bool staysBroken : {false, true})
         for (int nth = 1; nth <= 80; ++nth) {
-          SCOPED_TRACE(testing::Message() << first.name << " and " << second.name << ", call " << nth << ", errno "
-                                          << error << (staysBroken ? ", from then on" : ", once"));
+          SCOPED_TRACE(testing::Message()
+                       << first.name << " and " << second.name << ", call " << nth << ", errno " << error
+                       << (staysBroken ? ", from then on" : ", once"));
           const bool wasReached = travelWith({nth, error, staysBroken}, &core::History::undo, new_, old_);
           if (HasFailure()) return;
           if (!wasReached && error != FailurePlan::kShortWrite) break;
@@ -135,7 +137,8 @@ TEST_F(HistoryFailuresTest, LeavesOldOrNewAtEveryPowerCut) {
         const std::vector<std::string> now = contents(left);
         for (std::size_t i = 0; i < now.size(); ++i) {
           ASSERT_TRUE(left.has(paths_[i]));
-          ASSERT_TRUE(now[i] == old_[i] || (done < steps.size() && now[i] == new_[i])) << first.name << second.name;
+          ASSERT_TRUE(now[i] == old_[i] || (done < steps.size() && now[i] == new_[i]))
+              << first.name << second.name;
         }
         if (now[0] == old_[0]) {
           ASSERT_EQ(now[1], old_[1]) << "the file that was changed last goes back first";

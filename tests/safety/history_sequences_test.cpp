@@ -144,7 +144,8 @@ void expectOnly(const core::Travelled& travelled, const Change& from, const Chan
   ASSERT_EQ(from.after, expected);
 }
 
-// What another program changed is there after each undoing and redoing, or it was refused and nothing changed.
+// What another program changed is there after each undoing and redoing, or it was refused and nothing
+// changed.
 TEST(HistorySequencesTest, NeverOverwriteAChangeOfAnotherProgram) {
   std::size_t refused = 0;
   std::size_t went = 0;
