@@ -86,10 +86,4 @@ bool isUsablePlate(std::string_view plate) {
   return std::ranges::none_of(name, isForbidden);
 }
 
-bool shareFolder(std::string_view plate, std::string_view other) {
-  const std::string_view name = withoutOuterSpaces(plate);
-  const std::string_view otherName = withoutOuterSpaces(other);
-  return name != otherName && upperCased(name) == upperCased(otherName);
-}
-
 }  // namespace tarvik::core

@@ -38,8 +38,4 @@ void requireFolders(FileSystem& files, const DataFolders& folders);
 /// LPT1 and their like, in any case and with any ending) are none.
 bool isUsablePlate(std::string_view plate);
 
-/// Whether two plates are different and still would have one folder on a disk that takes capital and small
-/// letters for the same, as Windows' do.
-bool shareFolder(std::string_view plate, std::string_view other);
-
 }  // namespace tarvik::core

@@ -19,7 +19,6 @@ enum class FailureKind {
   FolderGone,        ///< the folder that the program was started in is not there any more
   FolderUnreadable,  ///< the program's folder, or the one it was started in, cannot be reached by its name
   PlateUnusable,     ///< a plate that cannot name a folder
-  PlateTaken,        ///< a plate whose folder would be another vehicle's on Windows
   NotANumber,        ///< a text that should be a number
   OutOfRange,        ///< a figure that does not fit its type or field
   DivisionByZero,    ///< a quotient whose divisor is 0

@@ -17,17 +17,6 @@ std::int16_t wholeLitres(std::string_view tankText) {
   return core::inField("txTank", [&] { return core::toWhole16(core::plainNumber(tankText)); });
 }
 
-// Where the case of letters tells no folders apart, the second of two such vehicles would write into the
-// first one's logbook.
-void refuseSharedFolder(const Vehicles& vehicles, std::string_view plateText) {
-  const Vehicle added{.plate = core::FixedText<8>(plateText), .tankSize = 0};
-  for (int number = 1; number <= vehicles.count(); ++number) {
-    const std::string plate = vehicles.record(number).plate.trimmed();
-    if (core::shareFolder(plate, added.plate.trimmed()))
-      throw core::Failure(core::FailureKind::PlateTaken).file(plate);
-  }
-}
-
 // The vehicle is recorded by now, so nothing here fails: without its folder the logbook says what is missing.
 void makeVehicleFolder(core::FileSystem& files, const core::DataFolders& folders,
                        std::string_view plateText) {
@@ -56,9 +45,7 @@ bool isPlateMissing(std::string_view plateText) {
 void addVehicle(core::FileSystem& files, const core::DataFolders& folders, std::string_view plateText,
                 std::string_view tankText) {
   const Vehicle vehicle{.plate = core::FixedText<8>(plateText), .tankSize = wholeLitres(tankText)};
-  core::RecordFile file(files, folders.inCurrent(kFileName), Vehicle::kLength);
-  refuseSharedFolder(Vehicles(file.read(1, file.count())), plateText);
-  file.append(core::encoded(vehicle));
+  core::RecordFile(files, folders.inCurrent(kFileName), Vehicle::kLength).append(core::encoded(vehicle));
   makeVehicleFolder(files, folders, plateText);
 }
 

@@ -51,9 +51,10 @@ bool isPlateMissing(std::string_view plateText);
 /// The record gets the first eight characters of the plate, spaces in front included, and the leading
 /// number of the tank text in whole litres (halves to even). The vehicle's folder has the whole plate
 /// without the spaces around it as its name; that it cannot be made (it exists already, or the plate
-/// cannot name a folder) is no failure. Equal plates are not looked for. Throws Failure(PlateTaken) when the
-/// plate differs from a listed one in the case of letters alone, OutOfRange with the field "txTank" for a
-/// tank past 16 bits, and as core::RecordFile does; nothing is changed then.
+/// cannot name a folder) is no failure. Equal plates are not looked for: two of them share a folder, and on a
+/// disk that takes capital and small letters for the same so do two that differ in their case alone. Throws
+/// Failure(OutOfRange) with the field "txTank" for a tank past 16 bits, and as core::RecordFile does; nothing
+/// is changed then.
 void addVehicle(core::FileSystem& files, const core::DataFolders& folders, std::string_view plateText,
                 std::string_view tankText);
 

@@ -65,18 +65,6 @@ TEST(IsUsablePlate, NameThatWindowsCannotKeepIsNot) {
     EXPECT_FALSE(isUsablePlate(plate)) << plate;
 }
 
-TEST(ShareFolder, PlatesThatDifferInTheCaseOfLettersAloneDo) {
-  EXPECT_TRUE(shareFolder("ABC-123", "abc-123"));
-  EXPECT_TRUE(shareFolder("őri 01", " ŐRI 01 "));
-}
-
-TEST(ShareFolder, EqualPlatesAreOneVehicleAndOthersAreApart) {
-  EXPECT_FALSE(shareFolder("ABC-123", "ABC-123"));
-  EXPECT_FALSE(shareFolder("ABC-123", " ABC-123 "));
-  EXPECT_FALSE(shareFolder("ABC-123", "ABC-124"));
-  EXPECT_FALSE(shareFolder("ŐRI", "ÖRI"));
-}
-
 class RequiredFoldersTest : public testing::Test {
  protected:
   RequiredFoldersTest() {

@@ -48,7 +48,7 @@ constexpr const char* kAppendedAfterRead =
     "open 1, close 1, status 1, statusOf 1, read 1, write 1, truncate 1, writeOut 1, sync 1, tryLock 1";
 // And a new folder, which the folder around it must know on the disk too.
 constexpr const char* kAppendedWithFolder =
-    "open 1, close 1, status 1, statusOf 1, read 1, write 1, truncate 1, writeOut 1, sync 1, syncFolder 1, "
+    "open 1, close 1, status 1, statusOf 1, write 1, truncate 1, writeOut 1, sync 1, syncFolder 1, "
     "makeFolder 1, tryLock 1";
 // The file whole in one read, as a new file in one write with the old one's mode, synced, renamed over the
 // old one, the folder synced.

@@ -250,31 +250,18 @@ TEST_F(VehiclesTest, AProgramFolderThatCannotBeSyncedIsNoFailure) {
   EXPECT_TRUE(program_.has("ABC123"));
 }
 
-TEST_F(VehiclesTest, APlateThatDiffersFromAListedOneInCaseAloneIsRefusedAndNothingChanges) {
-  add("ABC-123", "45");
+TEST_F(VehiclesTest, APlateThatDiffersFromAListedOneInCaseAloneIsAddedLikeAnEqualOne) {
+  add("ABC123", "45");
+  add("abc123", "60");
   add("ŐRI 01", "50");
-  const std::string before = stored();
-  const auto names = program_.names();
-  for (const char* plate : {"abc-123", "Abc-123", "őri 01", " abc-123"})
-    EXPECT_EQ(failureOf([&] { add(plate, "60"); }), FailureKind::PlateTaken) << plate;
-  EXPECT_EQ(stored(), before);
-  EXPECT_EQ(program_.names(), names);
-}
-
-TEST_F(VehiclesTest, ThePlateThatIsInTheWayIsTold) {
-  add("ABC-123", "45");
-  try {
-    add("abc-123", "60");
-    FAIL();
-  } catch (const core::Failure& failure) {
-    EXPECT_EQ(failure.file(), "ABC-123");
-  }
-}
-
-TEST_F(VehiclesTest, TheSamePlateAgainIsNoOther) {
-  add("ABC-123", "45");
-  add("ABC-123", "60");
-  EXPECT_EQ(loadVehicles(files_, folders_).count(), 2);
+  add("őri 01", "55");
+  const std::string expected(
+      "ABC123  -\x00"
+      "abc123  <\x00"
+      "\xD5RI 01  2\x00"
+      "\xF5ri 01  7\x00",
+      4 * kRecord);
+  EXPECT_EQ(stored(), expected);
 }
 
 TEST_F(VehiclesTest, APlateThatWindowsReservesIsListedWithoutAFolder) {

@@ -39,10 +39,6 @@ QString headline(FailureKind kind) {
           "Ez a mappa nem érhető el a neve alapján (talán olvashatatlan betű van benne):\n%1");
     case FailureKind::PlateUnusable:
       return QStringLiteral("Ez a rendszám nem lehet mappa neve:\n%1");
-    case FailureKind::PlateTaken:
-      return QStringLiteral(
-          "Ez a rendszám csak kis- és nagybetűkben tér el egy már felvettől,\n"
-          "a két autó mappája ugyanaz lenne:\n%1");
     case FailureKind::NotANumber:
       return QStringLiteral("Nem szám van a mezőben: %1");
     case FailureKind::OutOfRange:

@@ -56,7 +56,6 @@ const QMap<QString, FailureKind> kKinds{
     {"FolderGone", FailureKind::FolderGone},
     {"FolderUnreadable", FailureKind::FolderUnreadable},
     {"PlateUnusable", FailureKind::PlateUnusable},
-    {"PlateTaken", FailureKind::PlateTaken},
     {"NotANumber", FailureKind::NotANumber},
     {"OutOfRange", FailureKind::OutOfRange},
     {"DivisionByZero", FailureKind::DivisionByZero},

@@ -104,6 +104,16 @@ class SettingsCarsTest : public QObject {
     QCOMPARE(setup.field("txTank")->text(), "60");
   }
 
+  void aPlateInOtherLettersIsAddedLikeAnEqualOne() {
+    Setup setup;
+    setup.show();
+    BoxScript boxes;
+    setup.add("ABC123", "45");
+    setup.add("abc123", "60");
+    QCOMPARE(boxes.seen.size(), 0);
+    QCOMPARE(setup.rows("List1"), QStringList({"ABC123   - 45", "abc123   - 60"}));
+  }
+
   void aPlateOfTenCharactersIsStoredAsEightWithTheFolderWhole() {
     Setup setup;
     setup.show();
