@@ -1,10 +1,9 @@
 #include "reminders/km_alert.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/entry_editing.h"
-#include "core/failure.h"
-#include "core/ratio.h"
 #include "core/text.h"
 #include "reminders/estimate.h"
 #include "reminders/km_reminders.h"
@@ -15,10 +14,14 @@ namespace {
 
 constexpr std::size_t kNumberCharacters = 4;
 
-std::optional<int> firstPassed(const KmReminders& reminders, std::string_view plate, std::int32_t reading) {
-  for (int i = 1; i <= reminders.count(); ++i)
-    if (isPassedFor(reminders.record(i), plate, reading)) return i;
-  return std::nullopt;
+// A due reading that cannot be compared keeps no later reminder from being checked.
+void lookThrough(const KmReminders& reminders, std::string_view plate, KmCheck& found) {
+  for (int i = 1; i <= reminders.count(); ++i) {
+    const FigyelRec reminder = reminders.record(i);
+    const std::optional<bool> passed = isPassedFor(reminder, plate, found.reading);
+    if (!passed) found.unchecked.push_back({.record = i, .text = reminder.Szoveg.trimmed()});
+    if (passed.value_or(false) && !found.firstPassed) found.firstPassed = i;
+  }
 }
 
 // What stands between a line's text and its number.
@@ -30,23 +33,14 @@ std::string lineOf(const FigyelRec& reminder, int record, std::string_view gap) 
          std::to_string(record);
 }
 
-// A due reading that leaves 32 bits cannot be compared: its line says so and keeps no other from the list.
-template <typename Test>
-std::optional<std::string_view> gapWhere(const FigyelRec& reminder, Test test) {
-  try {
-    if (!test(reminder)) return std::nullopt;
-    return kGap;
-  } catch (const core::Failure&) {
-    return kUnknownGap;
-  }
-}
-
+// A due reading that cannot be compared is listed too, and its line says so.
 template <typename Test>
 std::vector<std::string> linesWhere(const KmReminders& reminders, Test test) {
   std::vector<std::string> lines;
   for (int i = 1; i <= reminders.count(); ++i) {
     const FigyelRec reminder = reminders.record(i);
-    if (const auto gap = gapWhere(reminder, test)) lines.push_back(lineOf(reminder, i, *gap));
+    const std::optional<bool> passed = test(reminder);
+    if (passed.value_or(true)) lines.push_back(lineOf(reminder, i, passed ? kGap : kUnknownGap));
   }
   return lines;
 }
@@ -57,22 +51,24 @@ std::int32_t currentReading(const core::Logbook& logbook) {
   return lastWithReading(logbook).value_or(core::NapiAdat{}).KmOra;
 }
 
-bool isPassed(const FigyelRec& reminder, std::int32_t reading) {
-  return reminder.KmAllas >= 1 && reading > core::checkedSum(reminder.KmAllas, reminder.KmMulva);
+std::optional<bool> isPassed(const FigyelRec& reminder, std::int32_t reading) {
+  if (reminder.KmAllas < 1) return false;
+  const std::int64_t due = std::int64_t{reminder.KmAllas} + reminder.KmMulva;
+  if (!std::in_range<std::int32_t>(due)) return std::nullopt;
+  return reading > due;
 }
 
-bool isPassedFor(const FigyelRec& reminder, std::string_view plate, std::int32_t reading) {
-  return reminder.Rendszam.trimmed() == core::trimmed(plate) && isPassed(reminder, reading);
+std::optional<bool> isPassedFor(const FigyelRec& reminder, std::string_view plate, std::int32_t reading) {
+  if (reminder.Rendszam.trimmed() != core::trimmed(plate)) return false;
+  return isPassed(reminder, reading);
 }
 
 KmCheck checkKm(core::FileSystem& files, const core::DataFolders& folders, std::string_view plate) {
   const auto logbook = core::foundLogbook(files, folders, plate);
   if (!logbook || logbook->count() == 0) return {.hasLogbook = logbook.has_value()};
-  const std::int32_t reading = currentReading(*logbook);
-  return {.hasLogbook = true,
-          .hasEntries = true,
-          .reading = reading,
-          .firstPassed = firstPassed(loadKmReminders(files, folders), plate, reading)};
+  KmCheck found{.hasLogbook = true, .hasEntries = true, .reading = currentReading(*logbook)};
+  lookThrough(loadKmReminders(files, folders), plate, found);
+  return found;
 }
 
 std::vector<std::string> alertLines(const KmReminders& reminders, std::string_view plate,

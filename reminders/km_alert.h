@@ -13,12 +13,21 @@
 
 namespace tarvik::reminders {
 
+/// A reminder whose due reading leaves 32 bits, so that nothing can be compared with it.
+struct UncheckedReminder {
+  int record = 0;
+  std::string text;  ///< trimmed
+
+  friend bool operator==(const UncheckedReminder&, const UncheckedReminder&) = default;
+};
+
 /// What one run of the km check found.
 struct KmCheck {
   bool hasLogbook = false;   ///< the plate has a folder; without one nothing was checked
   bool hasEntries = false;   ///< the logbook has entries; without any nothing was checked
   std::int32_t reading = 0;  ///< the current odometer reading, km
   std::optional<int> firstPassed = std::nullopt;  ///< record number of the first passed reminder
+  std::vector<UncheckedReminder> unchecked = {};  ///< the vehicle's that the check went past, in file order
 
   friend bool operator==(const KmCheck&, const KmCheck&) = default;
 };
@@ -36,14 +45,14 @@ struct KmAlertFigures {
 std::int32_t currentReading(const core::Logbook& logbook);
 
 /// Whether the reading is past the reminder's due reading (equal is not). A deleted reminder never is.
-/// Throws Failure(OutOfRange) when the due reading leaves 32 bits.
-bool isPassed(const FigyelRec& reminder, std::int32_t reading);
+/// Nothing when the due reading leaves 32 bits.
+std::optional<bool> isPassed(const FigyelRec& reminder, std::int32_t reading);
 
 /// As isPassed, for the reminders of one vehicle alone; plates are compared trimmed.
-bool isPassedFor(const FigyelRec& reminder, std::string_view plate, std::int32_t reading);
+std::optional<bool> isPassedFor(const FigyelRec& reminder, std::string_view plate, std::int32_t reading);
 
 /// The km check of a vehicle: reads its logbook and figyel.dat, nothing else. Throws Failure when a file
-/// that is there cannot be read and when a due reading leaves 32 bits.
+/// that is there cannot be read.
 KmCheck checkKm(core::FileSystem& files, const core::DataFolders& folders, std::string_view plate);
 
 /// The lines of the vehicle's passed reminders in file order, as the alert screen opens with them: day of

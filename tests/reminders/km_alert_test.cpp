@@ -6,12 +6,10 @@
 
 #include "tests/reminders/builders.h"
 #include "tests/reminders/watching_file_system.h"
-#include "tests/support/expect_failure.h"
 
 namespace tarvik::reminders {
 namespace {
 
-using core::FailureKind;
 using test::deletedKmReminder;
 using test::entry;
 using test::fileOf;
@@ -23,30 +21,31 @@ constexpr std::int32_t kHighest = std::numeric_limits<std::int32_t>::max();
 
 TEST(PassedReminder, IsStrictlyBehindTheReading) {
   const FigyelRec reminder = kmReminder(10000, 5000, "Olaj", "ABC-123");
-  EXPECT_FALSE(isPassed(reminder, 14999));
-  EXPECT_FALSE(isPassed(reminder, 15000));
-  EXPECT_TRUE(isPassed(reminder, 15001));
+  EXPECT_EQ(isPassed(reminder, 14999), false);
+  EXPECT_EQ(isPassed(reminder, 15000), false);
+  EXPECT_EQ(isPassed(reminder, 15001), true);
 }
 
 TEST(PassedReminder, IsNeverADeletedOne) {
-  EXPECT_FALSE(isPassed(deletedKmReminder("ABC-123"), 15001));
-  EXPECT_FALSE(isPassed(kmReminder(0, 5000, "Olaj", "A"), 15001));
-  EXPECT_FALSE(isPassed(kmReminder(-1, 5000, "Olaj", "A"), 15001));
-  EXPECT_TRUE(isPassed(kmReminder(1, 5000, "Olaj", "A"), 15001));
+  EXPECT_EQ(isPassed(deletedKmReminder("ABC-123"), 15001), false);
+  EXPECT_EQ(isPassed(kmReminder(0, 5000, "Olaj", "A"), 15001), false);
+  EXPECT_EQ(isPassed(kmReminder(-1, 5000, "Olaj", "A"), 15001), false);
+  EXPECT_EQ(isPassed(kmReminder(1, 5000, "Olaj", "A"), 15001), true);
 }
 
 TEST(PassedReminder, IsOfItsOwnVehicleByTheTrimmedPlate) {
   const FigyelRec reminder = kmReminder(10000, 5000, "Olaj", " ABC-123");
-  EXPECT_TRUE(isPassedFor(reminder, "ABC-123", 15001));
-  EXPECT_TRUE(isPassedFor(reminder, "  ABC-123   ", 15001));
-  EXPECT_FALSE(isPassedFor(reminder, "ABC-12", 15001));
-  EXPECT_FALSE(isPassedFor(reminder, "", 15001));
+  EXPECT_EQ(isPassedFor(reminder, "ABC-123", 15001), true);
+  EXPECT_EQ(isPassedFor(reminder, "  ABC-123   ", 15001), true);
+  EXPECT_EQ(isPassedFor(reminder, "ABC-12", 15001), false);
+  EXPECT_EQ(isPassedFor(reminder, "", 15001), false);
 }
 
-TEST(PassedReminder, FailsWhenTheDueReadingLeaves32Bits) {
-  EXPECT_FALSE(isPassed(kmReminder(kHighest - 1, 1, "x", "A"), kHighest));
-  test::expectFailure(FailureKind::OutOfRange, [] { isPassed(kmReminder(kHighest, 1, "x", "A"), 5); });
-  EXPECT_FALSE(isPassedFor(kmReminder(kHighest, 1, "x", "A"), "B", 5));
+TEST(PassedReminder, IsUnknownWhenTheDueReadingLeaves32Bits) {
+  EXPECT_EQ(isPassed(kmReminder(kHighest - 1, 1, "x", "A"), kHighest), false);
+  EXPECT_EQ(isPassed(kmReminder(kHighest, 1, "x", "A"), 5), std::nullopt);
+  EXPECT_EQ(isPassedFor(kmReminder(kHighest, 1, "x", "A"), "A", 5), std::nullopt);
+  EXPECT_EQ(isPassedFor(kmReminder(kHighest, 1, "x", "A"), "B", 5), false);
 }
 
 TEST(CurrentReading, IsTheLastOtherThanZero) {
@@ -107,10 +106,17 @@ TEST_F(KmCheckTest, CreatesMissingRemindersEmpty) {
   EXPECT_EQ(current_.read("figyel.dat"), "");
 }
 
-TEST_F(KmCheckTest, FailsWhenADueReadingLeaves32Bits) {
-  storeLogbook({entry(15000, 2)});
+TEST_F(KmCheckTest, GoesPastDueReadingsThatLeave32BitsAndNamesThem) {
+  storeLogbook({entry(15001, 2)});
+  store({kmReminder(kHighest, 1, "Olaj ", "ABC-123"), kmReminder(kHighest, 1, "Másé", "DEF-456"),
+         kmReminder(10000, 5000, "Fék", "ABC-123"), kmReminder(1, kHighest, "", "ABC-123")});
+  EXPECT_EQ(check("ABC-123"), (KmCheck{true, true, 15001, 3, {{1, "Olaj"}, {4, ""}}}));
+}
+
+TEST_F(KmCheckTest, WithNothingButSuchAReminderFindsNonePassed) {
+  storeLogbook({entry(15001, 2)});
   store({kmReminder(kHighest, 1, "Olaj", "ABC-123")});
-  test::expectFailure(FailureKind::OutOfRange, [&] { check("ABC-123"); });
+  EXPECT_EQ(check("ABC-123"), (KmCheck{true, true, 15001, std::nullopt, {{1, "Olaj"}}}));
 }
 
 TEST_F(KmCheckTest, OfTheLargestLogbookAndAThousandRemindersReadsTwoFilesOnce) {

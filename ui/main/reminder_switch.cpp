@@ -90,6 +90,7 @@ void ReminderSwitch::checkKm() {
   kmCheck_.run(window(),
                [&] { found = reminders::checkKm(context_.files, context_.folders, toLogic(plate_)); });
   if (found.hasLogbook && !found.hasEntries) return;
+  unchecked_.tell(window(), found.unchecked);
   if (found.firstPassed) {
     context_.state.selectedReminder = static_cast<std::int16_t>(*found.firstPassed);
     context_.state.currentReading = found.reading;

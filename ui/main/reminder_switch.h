@@ -6,6 +6,7 @@
 
 #include "ui/base/context.h"
 #include "ui/base/guarded.h"
+#include "ui/windows/reminder_parts.h"
 
 namespace Ui {
 class ReminderSwitch;
@@ -47,6 +48,7 @@ class ReminderSwitch : public QWidget {
   QString plate_;
   QTimer* timer_;
   ToldOnce kmCheck_;
+  UncheckedTold unchecked_;
   bool wasShown_ = false;
 };
 

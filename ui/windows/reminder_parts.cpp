@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "ui/base/message_boxes.h"
+#include "ui/base/text.h"
 #include "ui/lists/list_delegate.h"
 #include "ui/lists/list_hint.h"
 #include "ui/lists/list_view.h"
@@ -37,6 +38,20 @@ void showCaption(QLabel* label, const QString& text) {
 void tellNothingSelected(QWidget* screen) {
   tellError(screen, QStringLiteral(" H i b a !"),
             QStringLiteral("A listáról nincs kijelőlve\na törölni kívánt sor !"));
+}
+
+void UncheckedTold::tell(QWidget* screen, const std::vector<reminders::UncheckedReminder>& found) {
+  QStringList news;
+  for (const reminders::UncheckedReminder& reminder : found) {
+    if (std::ranges::find(told_, reminder) != told_.end()) continue;
+    told_.push_back(reminder);
+    news << (reminder.text.empty() ? QStringLiteral("(szöveg nélkül)") : toQt(reminder.text));
+  }
+  if (news.isEmpty()) return;
+  tellError(screen, QStringLiteral(" H i b a !"),
+            QStringLiteral("Nem ellenőrizhető figyelmeztetés, az esedékessége túl nagy szám:\n") +
+                news.join(QLatin1Char('\n')) +
+                QStringLiteral("\n\nA többit a program ellenőrzi. Töröld ezt, és vedd fel újra!"));
 }
 
 }  // namespace tarvik::ui

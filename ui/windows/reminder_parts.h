@@ -2,6 +2,9 @@
 
 #include <QString>
 #include <QStringList>
+#include <vector>
+
+#include "reminders/km_alert.h"
 
 class QLabel;
 class QWidget;
@@ -20,5 +23,14 @@ void showCaption(QLabel* label, const QString& text);
 
 /// Tells that no row was chosen to be deleted.
 void tellNothingSelected(QWidget* screen);
+
+/// Tells of the reminders that the km check cannot check, each once: the check finds them at every tick.
+class UncheckedTold {
+ public:
+  void tell(QWidget* screen, const std::vector<reminders::UncheckedReminder>& found);
+
+ private:
+  std::vector<reminders::UncheckedReminder> told_;
+};
 
 }  // namespace tarvik::ui

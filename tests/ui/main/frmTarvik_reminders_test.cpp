@@ -44,12 +44,13 @@ class ScreenWatch : public QObject {
   }
 };
 
-std::string kmReminder(const char* plate, std::int32_t kmAllas, std::int32_t kmMulva) {
+std::string kmReminder(const char* plate, std::int32_t kmAllas, std::int32_t kmMulva,
+                       const char* text = "Olajcsere") {
   reminders::FigyelRec record;
   record.KmAllas = kmAllas;
   record.KmMulva = kmMulva;
   record.RogzDatum = core::FixedText<10>("2026.01.01");
-  record.Szoveg = core::FixedText<40>("Olajcsere");
+  record.Szoveg = core::FixedText<40>(text);
   record.Rendszam = core::FixedText<10>(plate);
   return toText(core::encoded(record));
 }
@@ -234,19 +235,50 @@ class FrmTarvikRemindersTest : public QObject {
 
   void aCheckThatFailsIsToldOnceAndGoesOn() {
     Household main;
-    const std::string overflowing = kmReminder("ABC123", 2'147'483'647, 1);
-    main.folder.write("figyel.dat", overflowing);
+    main.folder.makeFolder("figyel.dat");
     main.open();
     BoxScript boxes;
     for (int i = 0; i < 3; ++i) main.tick();
     QCOMPARE(boxes.seen.size(), 1);
     QCOMPARE(boxes.seen[0].title, QString(" H i b a !"));
     QVERIFY(main.timer()->isActive());
-    main.folder.write("figyel.dat", "");
+    std::filesystem::remove(main.folder / "figyel.dat");
     main.tick();
-    main.folder.write("figyel.dat", overflowing);
+    std::filesystem::remove(main.folder / "figyel.dat");
+    main.folder.makeFolder("figyel.dat");
     main.tick();
     QCOMPARE(boxes.seen.size(), 2);
+  }
+
+  void aReminderThatCannotBeCheckedIsToldOnceAndKeepsNoOtherFromAlerting() {
+    Household main;
+    main.folder.write("figyel.dat", kmReminder("ABC123", 2'147'483'647, 1, "Olaj <b>%1") +
+                                        kmReminder("ABC123", 1, 2'147'483'647, "") +
+                                        kmReminder("ABC123", 10'000, 5'000));
+    main.open();
+    BoxScript boxes;
+    ScreenWatch screens;
+    for (int i = 0; i < 3; ++i) main.tick();
+    QCOMPARE(boxes.seen, QList{errorBox(" H i b a !",
+                                        "Nem ellenőrizhető figyelmeztetés, az esedékessége túl nagy szám:\n"
+                                        "Olaj <b>%1\n(szöveg nélkül)\n\n"
+                                        "A többit a program ellenőrzi. Töröld ezt, és vedd fel újra!")});
+    QCOMPARE(screens.opened, (QStringList{"riaszt", "riaszt", "riaszt"}));
+    QCOMPARE(main.context.state.selectedReminder, std::int16_t{3});
+    QVERIFY(main.timer()->isActive());
+  }
+
+  void oneThatCannotBeCheckedAfterAnotherIsToldAlone() {
+    Household main;
+    const std::string first = kmReminder("ABC123", 2'147'483'647, 1, "Olaj");
+    main.folder.write("figyel.dat", first);
+    main.open();
+    BoxScript boxes;
+    main.tick();
+    main.folder.write("figyel.dat", first + kmReminder("ABC123", 2'147'483'647, 1, "Fék"));
+    main.tick();
+    QCOMPARE(boxes.seen.size(), 2);
+    QVERIFY(boxes.seen[1].text.contains("\nFék\n") && !boxes.seen[1].text.contains("Olaj"));
   }
 
   void aPlateWithoutAFolderChecksNothingAndTheTimerGoesOn() {
@@ -341,17 +373,6 @@ class FrmTarvikRemindersTest : public QObject {
     QCOMPARE(screens.opened, QStringList());
     QCoreApplication::processEvents();
     QCOMPARE(screens.opened, (QStringList{"frmGumik"}));
-  }
-
-  void theSettingsSwitchIsReversed() {
-    Household main;
-    main.open();
-    ScreenWatch screens;
-    main.chooseItem("mnuSetup");
-    QCOMPARE(screens.opened, (QStringList{"frmSetup"}));
-    // The stored "on" ran its switch on opening: state 0 becomes 1 and the timer stops.
-    QCOMPARE(main.context.state.reminderState, std::int16_t{1});
-    QVERIFY(!main.timer()->isActive());
   }
 
   void tenThousandTicksLeaveMemoryAndFilesAsTheyWere() {
