@@ -45,24 +45,15 @@ QStringList namesOf(const QList<Line>& lines) {
 }
 
 const QMap<QString, FailureKind> kKinds{
-    {"OpenFailed", FailureKind::OpenFailed},
-    {"ReadFailed", FailureKind::ReadFailed},
-    {"WriteFailed", FailureKind::WriteFailed},
-    {"SyncFailed", FailureKind::SyncFailed},
-    {"ReplaceFailed", FailureKind::ReplaceFailed},
-    {"NotAFile", FailureKind::NotAFile},
-    {"FileBusy", FailureKind::FileBusy},
-    {"FolderMissing", FailureKind::FolderMissing},
-    {"FolderGone", FailureKind::FolderGone},
-    {"FolderUnreadable", FailureKind::FolderUnreadable},
-    {"PlateUnusable", FailureKind::PlateUnusable},
-    {"NotANumber", FailureKind::NotANumber},
-    {"OutOfRange", FailureKind::OutOfRange},
-    {"DivisionByZero", FailureKind::DivisionByZero},
-    {"FileFull", FailureKind::FileFull},
-    {"FileTooLong", FailureKind::FileTooLong},
-    {"FileChanged", FailureKind::FileChanged},
-    {"RecordMissing", FailureKind::RecordMissing},
+    {"OpenFailed", FailureKind::OpenFailed},       {"ReadFailed", FailureKind::ReadFailed},
+    {"WriteFailed", FailureKind::WriteFailed},     {"SyncFailed", FailureKind::SyncFailed},
+    {"ReplaceFailed", FailureKind::ReplaceFailed}, {"NotAFile", FailureKind::NotAFile},
+    {"FileBusy", FailureKind::FileBusy},           {"FolderMissing", FailureKind::FolderMissing},
+    {"FolderGone", FailureKind::FolderGone},       {"FolderUnreadable", FailureKind::FolderUnreadable},
+    {"PlateUnusable", FailureKind::PlateUnusable}, {"NotANumber", FailureKind::NotANumber},
+    {"OutOfRange", FailureKind::OutOfRange},       {"DivisionByZero", FailureKind::DivisionByZero},
+    {"FileFull", FailureKind::FileFull},           {"FileTooLong", FailureKind::FileTooLong},
+    {"FileChanged", FailureKind::FileChanged},     {"RecordMissing", FailureKind::RecordMissing},
     {"RecordChanged", FailureKind::RecordChanged},
 };
 

@@ -182,27 +182,6 @@ class BetweenScreensTest : public QObject {
     QCOMPARE(main.rows(), 0);
   }
 
-  // The two switches share their state and read it the other way round.
-  void theSwitchOfTheSettingsAndTheMainOneReachTheSameTimer() {
-    Household main;
-    main.open();
-    main.press("Check1");
-    main.press("Check1");
-    QCOMPARE(main.context.state.reminderState, std::int16_t{1});
-    main.visitFromMenu<ui::frmSetup>("mnuSetup", [&](ui::frmSetup& setup) {
-      // Opening read a stored "on", which ran the switch.
-      QCOMPARE(main.context.state.reminderState, std::int16_t{0});
-      QVERIFY(main.timer()->isActive());
-      openPage(*part<QTabWidget>(setup, "SSTab1"), 1);
-      press(*part<QCheckBox>(setup, "chkRiaszt"));
-      QCOMPARE(part<QCheckBox>(setup, "chkRiaszt")->text(), QString("  Kikapcsolva  "));
-      QVERIFY(!main.timer()->isActive());
-    });
-    QCOMPARE(main.context.state.reminderState, std::int16_t{1});
-    QVERIFY(!main.timer()->isActive());
-    QVERIFY(main.box("Check1")->isChecked());
-  }
-
   void aTyreSetRecordedInItsRegisterRunsAlongWithTheNextFuelling() {
     Household main;
     main.open();

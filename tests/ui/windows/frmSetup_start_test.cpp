@@ -19,29 +19,30 @@ class SettingsStartTest : public QObject {
     QCOMPARE(setup.startPlate()->currentText(), "ABC123    ");
   }
 
-  void aStoredOnRunsTheSwitch() {
-    Setup setup;
-    setup.current.write("set.dat", kRemindersOn);
-    const QSignalSpy switched(&setup.screen, &ui::frmSetup::reminderTimerWanted);
-    setup.context.state.reminderState = 1;
-    setup.show();
-    QVERIFY(setup.reminders()->isChecked());
-    QCOMPARE(setup.context.state.reminderState, 0);
-    QCOMPARE(setup.reminders()->text(), kOn);
-    QCOMPARE(switched.count(), 1);
-    QCOMPARE(switched.first().first().toBool(), true);
+  void aStoredOnChangesNothing() {
+    for (const auto state : {std::int16_t{0}, std::int16_t{1}}) {
+      Setup setup;
+      setup.current.write("set.dat", kRemindersOn);
+      const QSignalSpy switched(&setup.screen, &ui::frmSetup::reminderTimerWanted);
+      setup.context.state.reminderState = state;
+      setup.show();
+      QVERIFY(setup.reminders()->isChecked());
+      QCOMPARE(setup.context.state.reminderState, state);
+      QCOMPARE(setup.reminders()->text(), " Bekapcsolva ");
+      QCOMPARE(switched.count(), 0);
+    }
   }
 
-  void aStoredOffDoesNot() {
+  void aStoredOffRunsTheSwitchOnce() {
     Setup setup;
     setup.current.write("set.dat", kRemindersOff);
     const QSignalSpy switched(&setup.screen, &ui::frmSetup::reminderTimerWanted);
-    setup.context.state.reminderState = 1;
     setup.show();
     QVERIFY(!setup.reminders()->isChecked());
     QCOMPARE(setup.context.state.reminderState, 1);
-    QCOMPARE(setup.reminders()->text(), " Bekapcsolva ");
-    QCOMPARE(switched.count(), 0);
+    QCOMPARE(setup.reminders()->text(), kOff);
+    QCOMPARE(switched.count(), 1);
+    QCOMPARE(switched.first().first().toBool(), false);
   }
 
   void onlyTheStoredMinusOneCountsAsOn() {
