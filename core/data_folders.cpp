@@ -9,7 +9,8 @@
 namespace tarvik::core {
 namespace {
 
-std::string_view withoutOuterSpaces(std::string_view plate) {
+// A zero byte stays and makes the name unusable.
+std::string_view folderName(std::string_view plate) {
   const std::size_t first = plate.find_first_not_of(' ');
   if (first == std::string_view::npos) return {};
   return plate.substr(first, plate.find_last_not_of(' ') - first + 1);
@@ -41,7 +42,7 @@ bool isPort(std::string_view name) {
 bool isDevice(std::string_view plate) {
   constexpr std::array<std::string_view, 6> kDevices = {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$"};
   const std::string upper = upperCased(plate.substr(0, plate.find('.')));
-  const std::string_view name = withoutOuterSpaces(upper);
+  const std::string_view name = folderName(upper);
   return std::ranges::find(kDevices, name) != kDevices.end() || isPort(name);
 }
 
@@ -64,7 +65,7 @@ std::string DataFolders::inCurrent(std::string_view name) const {
 
 std::string DataFolders::vehicleFolder(std::string_view plate) const {
   if (!isUsablePlate(plate)) throw Failure(FailureKind::PlateUnusable).file(std::string(plate));
-  return inProgram(withoutOuterSpaces(plate));
+  return inProgram(folderName(plate));
 }
 
 std::string DataFolders::logbook(std::string_view plate) const {
@@ -81,7 +82,7 @@ void requireFolders(FileSystem& files, const DataFolders& folders) {
 }
 
 bool isUsablePlate(std::string_view plate) {
-  const std::string_view name = withoutOuterSpaces(plate);
+  const std::string_view name = folderName(plate);
   if (name.empty() || name.back() == '.' || isDevice(name)) return false;
   return std::ranges::none_of(name, isForbidden);
 }

@@ -4,6 +4,7 @@
 #include <chrono>
 
 #include "core/failure.h"
+#include "core/text.h"
 
 namespace tarvik::core {
 namespace {
@@ -33,10 +34,6 @@ std::optional<Day> existingDay(const CalendarDate& date) {
 }
 
 constexpr std::string_view kShortDateForm = "0000.00.00";
-
-constexpr bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 
 bool fitsForm(char c, char form) {
   return form == '0' ? isDigit(c) : c == form;

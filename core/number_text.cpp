@@ -5,15 +5,12 @@
 #include <cstdint>
 
 #include "core/failure.h"
+#include "core/text.h"
 
 namespace tarvik::core {
 namespace {
 
 constexpr std::string_view kNoBreakSpace = "\xC2\xA0";
-
-constexpr bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 
 /// Puts a decimal number together digit by digit, within the limits of the two parses.
 class DecimalNumber {

@@ -15,6 +15,11 @@ std::string toCodePage(std::string_view utf8);
 /// become U+FFFD.
 std::string fromCodePage(std::string_view bytes);
 
+/// Whether the character is one of 0 to 9.
+constexpr bool isDigit(char character) {
+  return character >= '0' && character <= '9';
+}
+
 /// The text without the spaces and zero bytes at both its ends.
 std::string_view trimmed(std::string_view text);
 

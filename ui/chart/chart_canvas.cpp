@@ -29,7 +29,7 @@ class ValueTicker : public QCPAxisTickerFixed {
 
  protected:
   QString getTickLabel(double tick, const QLocale&, QChar, int) override {
-    return numberText(tick, decimals_);
+    return decimalText(tick, decimals_);
   }
 
  private:
@@ -48,7 +48,7 @@ QPointF depthOf(ChartType type, int rows, double width) {
 double widestNumber(const ValueScale& scale, const QFontMetricsF& metrics) {
   double widest = 0;
   for (const double value : scale.ticks()) {
-    widest = std::max(widest, metrics.horizontalAdvance(numberText(value, scale.decimals)));
+    widest = std::max(widest, metrics.horizontalAdvance(decimalText(value, scale.decimals)));
   }
   return widest;
 }
@@ -260,7 +260,7 @@ QList<QPolygonF> ChartCanvas::axisLabelOutlines() {
   const QFontMetricsF metrics(style_.labelFont);
   const ChartFrame& frame = labels_->frame();
   for (const double value : frame.scale.ticks()) {
-    QRectF box(QPointF(), metrics.size(Qt::TextSingleLine, numberText(value, frame.scale.decimals)));
+    QRectF box(QPointF(), metrics.size(Qt::TextSingleLine, decimalText(value, frame.scale.decimals)));
     box.moveCenter({0, frame.y(value)});
     box.moveRight(frame.front.left() - kValueLabelPadding);
     outlines.append(QPolygonF(box));

@@ -91,7 +91,7 @@ ValueScale valueScale(const QList<double>& values, Baseline baseline, int maximu
   return scale;
 }
 
-QString numberText(double value, int decimals) {
+QString decimalText(double value, int decimals) {
   const QLocale hungarian(QLocale::Hungarian, QLocale::Hungary);
   const QString text = hungarian.toString(value, 'f', decimals);
   const QString zero = hungarian.toString(0.0, 'f', decimals);
@@ -99,7 +99,7 @@ QString numberText(double value, int decimals) {
 }
 
 QString shortNumberText(double value) {
-  QString text = numberText(value, kAmountDecimals);
+  QString text = decimalText(value, kAmountDecimals);
   while (text.endsWith('0')) text.chop(1);
   if (text.endsWith(',')) text.chop(1);
   return text;

@@ -29,7 +29,7 @@ ValueScale valueScale(const QList<double>& values, Baseline baseline, int maximu
 
 /// The number in the Hungarian form with the given decimal places: decimal comma, groups of three parted by
 /// no-break spaces, no minus before a zero.
-QString numberText(double value, int decimals);
+QString decimalText(double value, int decimals);
 
 /// The number in the Hungarian form with up to four decimal places, none of them a trailing zero.
 QString shortNumberText(double value);

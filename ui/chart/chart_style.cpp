@@ -1,18 +1,8 @@
 #include "ui/chart/chart_style.h"
 
+#include "ui/base/colours.h"
+
 namespace tarvik::ui {
-namespace {
-
-QColor mixed(const QColor& from, const QColor& to, double share) {
-  const auto channel = [share](float first, float second) {
-    return static_cast<float>(first + (second - first) * share);
-  };
-  return QColor::fromRgbF(channel(from.redF(), to.redF()), channel(from.greenF(), to.greenF()),
-                          channel(from.blueF(), to.blueF()));
-}
-
-}  // namespace
-
 ChartStyle chartStyle(const QPalette& palette, const QFont& font) {
   const QColor background = palette.color(QPalette::Base);
   const QColor text = palette.color(QPalette::Text);
@@ -20,14 +10,14 @@ ChartStyle chartStyle(const QPalette& palette, const QFont& font) {
   ChartStyle style;
   style.background = background;
   style.text = text;
-  style.quietText = mixed(background, text, 0.72);
-  style.grid = mixed(background, text, 0.13);
-  style.axis = mixed(background, text, 0.42);
-  style.backWall = mixed(background, text, 0.035);
-  style.sideWall = mixed(background, text, 0.075);
-  style.floor = mixed(background, text, 0.11);
+  style.quietText = between(background, text, 0.72);
+  style.grid = between(background, text, 0.13);
+  style.axis = between(background, text, 0.42);
+  style.backWall = between(background, text, 0.035);
+  style.sideWall = between(background, text, 0.075);
+  style.floor = between(background, text, 0.11);
   style.series = dark ? QColor(0x4f, 0x9d, 0xe6) : QColor(0x2f, 0x7f, 0xcb);
-  style.hovered = mixed(style.series, dark ? QColor(Qt::white) : background, 0.28);
+  style.hovered = between(style.series, dark ? QColor(Qt::white) : background, 0.28);
   style.selected = dark ? QColor(0xff, 0xb8, 0x4d) : QColor(0xe8, 0x8a, 0x1a);
   style.labelFont = font;
   style.titleFont = font;
@@ -39,13 +29,13 @@ ChartStyle chartStyle(const QPalette& palette, const QFont& font) {
 QColor shaded(const QColor& base, FaceSide side) {
   switch (side) {
     case FaceSide::Top:
-      return mixed(base, Qt::white, 0.36);
+      return between(base, Qt::white, 0.36);
     case FaceSide::Right:
-      return mixed(base, Qt::black, 0.32);
+      return between(base, Qt::black, 0.32);
     case FaceSide::Under:
-      return mixed(base, Qt::black, 0.26);
+      return between(base, Qt::black, 0.26);
     case FaceSide::Edge:
-      return mixed(base, Qt::black, 0.18);
+      return between(base, Qt::black, 0.18);
     case FaceSide::Front:
     case FaceSide::Marker:
       return base;

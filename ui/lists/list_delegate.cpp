@@ -10,6 +10,7 @@
 #include <QTreeView>
 #include <algorithm>
 
+#include "ui/base/colours.h"
 #include "ui/lists/text_list_model.h"
 #include "ui/look/look.h"
 

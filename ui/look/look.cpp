@@ -13,6 +13,7 @@
 #include <QStyleOption>
 #include <algorithm>
 
+#include "ui/base/colours.h"
 #include "ui/look/late_icon.h"
 #include "ui/look/look_painting.h"
 #include "ui/look/wheel.h"

@@ -16,9 +16,6 @@ int gridStep();
 /// The height of a list's row in pixels at the program's font: 23 at 10 points.
 int rowHeight();
 
-/// A colour between two of the palette; share 0 is the first, 1 the second.
-QColor between(const QColor& first, const QColor& second, double share);
-
 /// The colour of what is overdue: a red that can be read on the palette's surfaces. The words beside it say
 /// the same.
 QColor overdueColour(const QPalette& palette);

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ui/base/colours.h"
 #include "ui/look/look.h"
 
 namespace tarvik::ui {
@@ -116,12 +117,6 @@ QFont bold(QFont font) {
 
 QFont titleFont(const QWidget* group) {
   return bold(group == nullptr ? QApplication::font() : group->font());
-}
-
-QColor between(const QColor& first, const QColor& second, double share) {
-  const auto mixed = [share](int a, int b) { return static_cast<int>(a + (b - a) * share + 0.5); };
-  return {mixed(first.red(), second.red()), mixed(first.green(), second.green()),
-          mixed(first.blue(), second.blue())};
 }
 
 QColor quietText(const QPalette& palette) {

@@ -10,6 +10,7 @@
 #include <functional>
 
 #include "tests/ui/screen_test.h"
+#include "ui/base/colours.h"
 #include "ui/look/look.h"
 
 namespace tarvik::ui {
