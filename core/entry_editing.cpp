@@ -75,7 +75,7 @@ void modifyEntry(FileSystem& files, const DataFolders& folders, const std::strin
 
 void openDeletion(FileSystem& files, const DataFolders& folders, const std::string& plate) {
   createIfMissing(files, folders.logbook(plate));
-  createIfMissing(files, folders.logbookTemporary(plate));
+  createTemporaryIfMissing(files, folders.logbookTemporary(plate));
 }
 
 void deleteEntry(FileSystem& files, const DataFolders& folders, const std::string& plate,

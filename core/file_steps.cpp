@@ -39,6 +39,12 @@ bool folderIsMissing(int error) {
   return error == ENOENT || error == ENOTDIR;
 }
 
+// What a temporary file that does not open is told as: a link in its place is nothing of the program's.
+[[noreturn]] void failTemporary(FailureKind kind, const std::string& path) {
+  if (errno == ELOOP) throw Failure(FailureKind::NotOwnFile).file(path);
+  fail(kind, path);
+}
+
 // Whether the path still names the open file: another program may have replaced it meanwhile.
 bool isStillNamed(FileSystem& files, const std::string& path, const FileStatus& opened) {
   FileStatus named;
@@ -87,6 +93,18 @@ OpenFile openIfThere(FileSystem& files, const std::string& path) {
   OpenFile file(files, openFile(files, path, OpenMode::Read));
   if (!file.isOpen() && errno != ENOENT) fail(FailureKind::OpenFailed, path);
   return file;
+}
+
+OpenFile openTemporaryIfThere(FileSystem& files, const std::string& path) {
+  OpenFile file(files, openFile(files, path, OpenMode::ReadItself));
+  if (!file.isOpen() && errno != ENOENT) failTemporary(FailureKind::OpenFailed, path);
+  return file;
+}
+
+OpenFile openOrCreateTemporary(FileSystem& files, const std::string& path) {
+  OpenFile file(files, openFile(files, path, OpenMode::CreateItself));
+  if (file.isOpen()) return file;
+  failTemporary(folderIsMissing(errno) ? FailureKind::FolderMissing : FailureKind::OpenFailed, path);
 }
 
 OpenFile openToRead(FileSystem& files, const std::string& path) {
@@ -211,7 +229,7 @@ void renameOrRemove(FileSystem& files, const std::string& replacement, const std
 
 void removeOrEmpty(FileSystem& files, const std::string& path) {
   if (uninterrupted([&] { return files.remove(path); }) == 0) return;
-  const OpenFile file(files, openFile(files, path, OpenMode::ReadWrite));
+  const OpenFile file(files, openFile(files, path, OpenMode::ReadWriteItself));
   if (!file.isOpen() || files.truncate(file.descriptor(), 0) != 0) fail(FailureKind::ReplaceFailed, path);
 }
 

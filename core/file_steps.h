@@ -41,6 +41,13 @@ OpenFile openOrCreate(FileSystem& files, const std::string& path);
 /// Opens a file that is there; an OpenFile that is not open when there is none. Throws Failure(OpenFailed).
 OpenFile openIfThere(FileSystem& files, const std::string& path);
 
+/// As openIfThere, of a deletion's temporary file, which holds records of the program that left it: a link is
+/// not followed. Throws Failure(NotOwnFile) for one.
+OpenFile openTemporaryIfThere(FileSystem& files, const std::string& path);
+
+/// As openOrCreate, of a deletion's temporary file. Throws Failure(NotOwnFile) for a link.
+OpenFile openOrCreateTemporary(FileSystem& files, const std::string& path);
+
 /// Opens a file to read it, made empty where it is missing. Where it can neither be opened for writing nor
 /// made (a read-only place, a full disk) it is opened for reading alone, and when it is missing there,
 /// nothing is opened. Throws Failure(FolderMissing) or OpenFailed.

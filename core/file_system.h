@@ -22,17 +22,20 @@ struct FileStatus {
   std::int64_t size = 0;     ///< bytes
   std::uint64_t device = 0;  ///< with inode: which file it is
   std::uint64_t inode = 0;
-  std::uint32_t mode = 0;  ///< permission bits (rwx, three times three)
+  std::uint32_t mode = 0;   ///< permission bits (rwx, three times three)
+  std::uint32_t owner = 0;  ///< whose it is, as the system numbers them; 0 for everything where it does not
   FileKind kind = FileKind::Regular;
 };
 
-/// How a file is opened.
+/// How a file is opened. "Itself" is what has the name: a link there is not followed and fails with ELOOP.
 enum class OpenMode {
-  Read,           ///< reading, the file must exist
-  ReadWrite,      ///< reading and writing, the file must exist
-  Create,         ///< reading and writing, made empty when it is missing, otherwise left as it is
-  CreateNew,      ///< reading and writing, made by this call; EEXIST for whatever has the name, a link too
-  CreatePrivate,  ///< as CreateNew, for its owner alone until setMode says otherwise
+  Read,             ///< reading, the file must exist
+  ReadItself,       ///< as Read, itself
+  ReadWriteItself,  ///< reading and writing, the file must exist, itself
+  Create,           ///< reading and writing, made empty when it is missing, otherwise left as it is
+  CreateItself,     ///< as Create, itself
+  CreateNew,        ///< reading and writing, made by this call; EEXIST for whatever has the name, a link too
+  CreatePrivate,    ///< as CreateNew, for its owner alone until setMode says otherwise
 };
 
 /// The system calls that the data files use, one virtual function a call, with the system's own

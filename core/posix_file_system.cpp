@@ -29,10 +29,14 @@ int flagsOf(OpenMode mode) {
   switch (mode) {
     case OpenMode::Read:
       return O_RDONLY | kAlways;
-    case OpenMode::ReadWrite:
-      return O_RDWR | kAlways;
+    case OpenMode::ReadItself:
+      return O_RDONLY | O_NOFOLLOW | kAlways;
+    case OpenMode::ReadWriteItself:
+      return O_RDWR | O_NOFOLLOW | kAlways;
     case OpenMode::Create:
       return O_RDWR | O_CREAT | kAlways;
+    case OpenMode::CreateItself:
+      return O_RDWR | O_CREAT | O_NOFOLLOW | kAlways;
     case OpenMode::CreateNew:
     case OpenMode::CreatePrivate:
       return O_RDWR | O_CREAT | O_EXCL | kAlways;
@@ -50,6 +54,7 @@ FileStatus toStatus(const struct stat& native) {
           .device = native.st_dev,
           .inode = native.st_ino,
           .mode = native.st_mode & kPermissionBits,
+          .owner = native.st_uid,
           .kind = kindOf(native.st_mode)};
 }
 

@@ -29,10 +29,12 @@ struct Leftover {
   }
 };
 
-Leftover leftoverIn(FileSystem& files, const std::string& temporary, std::size_t recordLength) {
-  const OpenFile file = steps::openIfThere(files, temporary);
+Leftover leftoverIn(FileSystem& files, const std::string& temporary, std::size_t recordLength,
+                    std::uint32_t owner) {
+  const OpenFile file = steps::openTemporaryIfThere(files, temporary);
   if (!file.isOpen()) return {};
   const FileStatus status = steps::statusOf(files, file, temporary);
+  if (status.owner != owner && status.size != 0) throw Failure(FailureKind::NotOwnFile).file(temporary);
   refuseTooLong(status.size, recordLength, temporary);
   Leftover leftover{true, ByteBlock::ofSize(static_cast<std::size_t>(status.size))};
   leftover.contents.size = steps::readUpTo(files, file, leftover.contents.span(), 0, temporary);
@@ -86,6 +88,10 @@ ByteBlock readRecords(FileSystem& files, const std::string& path, std::size_t re
 
 void createIfMissing(FileSystem& files, const std::string& path) {
   steps::statusOf(files, steps::openOrCreate(files, path), path);
+}
+
+void createTemporaryIfMissing(FileSystem& files, const std::string& path) {
+  steps::statusOf(files, steps::openOrCreateTemporary(files, path), path);
 }
 
 RecordFile::RecordFile(FileSystem& files, std::string path, std::size_t recordLength)
@@ -212,7 +218,7 @@ void RecordFile::rewrite(const SeenRecord& seen, std::span<const std::byte> reco
 void RecordFile::remove(const SeenRecord& seen, const std::string& temporary) {
   const std::size_t removed = hasNumber(seen.number) ? recordLength_ : 0;
   const std::size_t end = offsetOf(count() + 1);
-  const Leftover leftover = leftoverIn(files_, temporary, recordLength_);
+  const Leftover leftover = leftoverIn(files_, temporary, recordLength_, status_.owner);
 
   const ByteBlock whole = readWhole();
   const std::size_t offset = isThere(seen, whole) ? offsetOf(seen.number) : end;

@@ -30,6 +30,10 @@ RecordList<R> loadRecords(FileSystem& files, const std::string& path) {
 /// Failure(FolderMissing), OpenFailed or NotAFile.
 void createIfMissing(FileSystem& files, const std::string& path);
 
+/// As createIfMissing, of a deletion's temporary file: a link is not followed. Throws Failure(NotOwnFile) for
+/// one.
+void createTemporaryIfMissing(FileSystem& files, const std::string& path);
+
 class Announcement;
 
 /// A record file opened to be changed, by one change. Who watches the file system's changes hears of it
@@ -74,8 +78,8 @@ class RecordFile {
   /// Removes a seen record, closing the gap, as a new file that replaces the old one. What the deletion's
   /// temporary file holds behind as many records as remain becomes part of the file and the temporary file
   /// goes: it is never emptied first. A number of which no record was seen, and of which there is none,
-  /// removes nothing. Throws Failure(RecordChanged) as rewrite does, and FileTooLong when the temporary file
-  /// is.
+  /// removes nothing. Throws Failure(RecordChanged) as rewrite does, and of the temporary file FileTooLong,
+  /// NotAFile, and NotOwnFile for a link or for contents of another owner than the file's.
   void remove(const SeenRecord& seen, const std::string& temporary);
 
   /// Whether new contents have taken the file's name, even where the system did not confirm it afterwards.

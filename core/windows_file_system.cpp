@@ -164,19 +164,39 @@ int failedToOpen(const std::string& path) {
   return -1;
 }
 
+// Whether an open thing is a link and not what it leads to. Other reparse points are the file itself, which
+// the system keeps elsewhere.
+bool isLink(HANDLE file) {
+  FILE_ATTRIBUTE_TAG_INFO native{};
+  return GetFileInformationByHandleEx(file, FileAttributeTagInfo, &native, sizeof native) != 0 &&
+         (native.FileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+         IsReparseTagNameSurrogate(native.ReparseTag);
+}
+
+bool isLinkItself(const std::string& path) {
+  const Handle file(openShared(path, FILE_READ_ATTRIBUTES, OPEN_EXISTING,
+                               FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT));
+  return file.isOpen() && isLink(file.get());
+}
+
 struct Opening {
   DWORD access;
   DWORD creation;
+  bool followsLinks = true;
 };
 
 Opening openingOf(OpenMode mode) {
   switch (mode) {
     case OpenMode::Read:
       return {GENERIC_READ, OPEN_EXISTING};
-    case OpenMode::ReadWrite:
-      return {GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING};
+    case OpenMode::ReadItself:
+      return {GENERIC_READ, OPEN_EXISTING, false};
+    case OpenMode::ReadWriteItself:
+      return {GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING, false};
     case OpenMode::Create:
       return {GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS};
+    case OpenMode::CreateItself:
+      return {GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS, false};
     case OpenMode::CreateNew:
     case OpenMode::CreatePrivate:  // who may open a new file is its folder's affair here
       return {GENERIC_READ | GENERIC_WRITE, CREATE_NEW};
@@ -273,6 +293,10 @@ MachineFileSystem::MachineFileSystem() {
 
 int MachineFileSystem::open(const std::string& path, OpenMode mode) {
   const Opening opening = openingOf(mode);
+  if (!opening.followsLinks && isLinkItself(path)) {
+    errno = ELOOP;
+    return -1;
+  }
   const HANDLE file = openShared(path, opening.access, opening.creation, FILE_ATTRIBUTE_NORMAL);
   return file == INVALID_HANDLE_VALUE ? failedToOpen(path) : descriptors().add(file);
 }

@@ -147,7 +147,8 @@ TEST_F(PosixFileTest, OpensInAnUnknownModeToReadOnly) {
 
 TEST_F(PosixFileTest, OpensWhatIsThereAsItIs) {
   folder_.write("data", "1234");
-  for (const OpenMode mode : {OpenMode::Read, OpenMode::ReadWrite, OpenMode::Create}) {
+  for (const OpenMode mode : {OpenMode::Read, OpenMode::ReadItself, OpenMode::ReadWriteItself,
+                              OpenMode::Create, OpenMode::CreateItself}) {
     EXPECT_TRUE(OpenFile(files_, files_.open(folder_ / "data", mode)).isOpen());
     EXPECT_EQ(folder_.read("data"), "1234");
   }
@@ -163,6 +164,30 @@ TEST_F(PosixFileTest, ANewFileIsMadeUnderAFreeNameOnly) {
     }
   EXPECT_EQ(folder_.read("data"), "1234");
   EXPECT_FALSE(folder_.has("elsewhere"));
+}
+
+TEST_F(PosixFileTest, AFileThatIsToBeItselfIsNotWhatALinkLeadsTo) {
+  folder_.write("data", "1234");
+  std::filesystem::create_symlink(folder_ / "data", folder_ / "link");
+  std::filesystem::create_symlink(folder_ / "elsewhere", folder_ / "nowhere");
+  for (const OpenMode mode : {OpenMode::ReadItself, OpenMode::ReadWriteItself, OpenMode::CreateItself}) {
+    EXPECT_TRUE(OpenFile(files_, files_.open(folder_ / "data", mode)).isOpen());
+    for (const char* link : {"link", "nowhere"}) {
+      EXPECT_EQ(files_.open(folder_ / link, mode), -1) << link;
+      EXPECT_EQ(errno, ELOOP) << link;
+    }
+  }
+  EXPECT_TRUE(OpenFile(files_, files_.open(folder_ / "new", OpenMode::CreateItself)).isOpen());
+  EXPECT_FALSE(folder_.has("elsewhere"));
+}
+
+TEST_F(PosixFileTest, TellsWhoseAFileIs) {
+  folder_.write("data", "");
+  FileStatus status;
+  EXPECT_EQ(files_.statusOf(folder_ / "data", status), 0);
+  EXPECT_EQ(status.owner, ::geteuid());
+  EXPECT_EQ(files_.statusOf("/", status), 0);
+  EXPECT_EQ(status.owner, 0U);
 }
 
 TEST_F(PosixFileTest, APrivateFileIsItsOwnersAlone) {
@@ -203,7 +228,7 @@ TEST_F(PosixFileTest, APipeOrADeviceIsNeitherReadNorChanged) {
     test::expectFailure(FailureKind::NotAFile, [&] { RecordFile(files_, path, kLength); });
     test::expectFailure(FailureKind::NotAFile, [&] {
       RecordFile file(files_, folder_ / "data", kLength);
-      file.remove(file.seen(1), path);
+      file.remove(file.seen(1), path == folder_ / "device" ? "/dev/null" : path);
     });
   }
   EXPECT_EQ(folder_.read("data"), "AAAABBBB");

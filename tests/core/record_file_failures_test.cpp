@@ -156,7 +156,7 @@ TEST_F(RecordFileFailuresTest, AFileCutShortMeanwhileIsNotReplacedByWhatIsLeft) 
   for (const int operation : {0, 1, 2}) {
     disk_.put(kPath, "old1old2");
     RecordFile file(files_, kPath, kLength);
-    const OpenFile other(disk_, disk_.open(kPath, OpenMode::ReadWrite));
+    const OpenFile other(disk_, disk_.open(kPath, OpenMode::ReadWriteItself));
     disk_.truncate(other.descriptor(), 3);
     test::expectFailure(FailureKind::ReadFailed, [&] {
       if (operation == 0) file.rewrite(file.seen(2), bytesOf("new2"));
@@ -392,6 +392,43 @@ TEST_F(LeftoverFailuresTest, AFailedRenameKeepsTheSurplus) {
   EXPECT_EQ(disk_.contents(kTemporary), "rec2surp");
 }
 
+TEST_F(LeftoverFailuresTest, ALinkInItsPlaceIsNotFollowed) {
+  disk_.put("/private", "somebody's letters");
+  disk_.remove(kTemporary);
+  disk_.putLink(kTemporary, "/private");
+  try {
+    removeFirst();
+    ADD_FAILURE() << "nothing was thrown";
+  } catch (const Failure& failure) {
+    EXPECT_EQ(failure.kind(), FailureKind::NotOwnFile);
+    EXPECT_EQ(failure.file(), kTemporary);
+  }
+  EXPECT_EQ(disk_.contents(kPath), "rec1rec2");
+  EXPECT_EQ(disk_.contents("/private"), "somebody's letters");
+}
+
+TEST_F(LeftoverFailuresTest, OneOfAnotherOwnerThanTheDataIsNotTakenOver) {
+  disk_.setOwnerOf(kTemporary, 1001);
+  test::expectFailure(FailureKind::NotOwnFile, [&] { removeFirst(); });
+  EXPECT_EQ(disk_.contents(kPath), "rec1rec2");
+  EXPECT_EQ(disk_.contents(kTemporary), "copysurp");
+}
+
+TEST_F(LeftoverFailuresTest, AnEmptyOneOfAnotherOwnerBringsNothingAndGoes) {
+  disk_.put(kTemporary, "");
+  disk_.setOwnerOf(kTemporary, 1001);
+  removeFirst();
+  EXPECT_EQ(disk_.contents(kPath), "rec2");
+  EXPECT_FALSE(disk_.has(kTemporary));
+}
+
+TEST_F(LeftoverFailuresTest, ALinkThatLeadsNowhereMakesNoFileWhenADeletionIsOpened) {
+  disk_.remove(kTemporary);
+  disk_.putLink(kTemporary, "/data/elsewhere");
+  test::expectFailure(FailureKind::NotOwnFile, [&] { createTemporaryIfMissing(files_, kTemporary); });
+  EXPECT_FALSE(disk_.has("/data/elsewhere"));
+}
+
 class LeftoverOnAnotherDeviceTest : public RecordFileFailuresTest {
  protected:
   LeftoverOnAnotherDeviceTest() {
@@ -420,6 +457,19 @@ TEST_F(LeftoverOnAnotherDeviceTest, IsEmptiedWhereItCannotGo) {
   EXPECT_EQ(disk_.contents(kPath), "rec2surp");
   EXPECT_TRUE(disk_.has(kFar));
   EXPECT_EQ(disk_.contents(kFar), "");
+}
+
+TEST_F(LeftoverOnAnotherDeviceTest, ALinkThatTookItsPlaceIsNotEmptiedThrough) {
+  disk_.put("/data/victim", "theirs");
+  int removals = 0;
+  files_.before = [&](test::Call call) {
+    errno = EACCES;
+    if (call != test::Call::Remove || ++removals < 2) return true;
+    disk_.putLink(kFar, "/data/victim");
+    return false;
+  };
+  test::expectFailure(FailureKind::ReplaceFailed, [&] { removeFirst(); });
+  EXPECT_EQ(disk_.contents("/data/victim"), "theirs");
 }
 
 TEST_F(LeftoverOnAnotherDeviceTest, IsReportedWhereItCannotEvenBeEmptied) {

@@ -121,6 +121,19 @@ TEST_F(WindowsFileSystemTest, APathIsResolvedAsTheProgramWritesPaths) {
   EXPECT_EQ(resolved.substr(1, 2), ":/") << resolved;
 }
 
+TEST_F(WindowsFileSystemTest, AFileThatIsToBeItselfIsNotWhatALinkLeadsTo) {
+  const std::filesystem::path link(folder_ / "link.dat");
+  if (!CreateSymbolicLinkW(link.c_str(), std::filesystem::path(path_).c_str(),
+                           SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE))
+    GTEST_SKIP() << "no links can be made here: not tested";
+  folder_.write("data.dat", "AAAA");
+  for (const OpenMode mode : {OpenMode::ReadItself, OpenMode::ReadWriteItself, OpenMode::CreateItself}) {
+    EXPECT_EQ(errorOf(folder_ / "link.dat", mode), ELOOP);
+    EXPECT_TRUE(opened(path_, mode).isOpen());
+  }
+  EXPECT_TRUE(opened(folder_ / "link.dat", OpenMode::Read).isOpen());
+}
+
 TEST_F(WindowsFileSystemTest, ReadsWritesAndCutsAtItsOffsets) {
   const OpenFile file = opened(path_, OpenMode::Create);
   EXPECT_EQ(files_.write(file.descriptor(), bytes("AAAABBBB"), 0), 8);
@@ -137,7 +150,7 @@ TEST_F(WindowsFileSystemTest, AFileForReadingAloneSaysSoAndIsRefused) {
   folder_.write("data.dat", "AAAA");
   FileStatus status;
   {
-    const OpenFile file = opened(path_, OpenMode::ReadWrite);
+    const OpenFile file = opened(path_, OpenMode::ReadWriteItself);
     ASSERT_EQ(files_.setMode(file.descriptor(), 0444), 0);
   }
   ASSERT_EQ(files_.statusOf(path_, status), 0);
@@ -149,7 +162,7 @@ TEST_F(WindowsFileSystemTest, AFileForReadingAloneSaysSoAndIsRefused) {
 
 TEST_F(WindowsFileSystemTest, AFileThatMayBeWrittenAgainKeepsItsTimes) {
   folder_.write("data.dat", "AAAA");
-  const OpenFile file = opened(path_, OpenMode::ReadWrite);
+  const OpenFile file = opened(path_, OpenMode::ReadWriteItself);
   const auto written = std::filesystem::last_write_time(path_);
   ASSERT_EQ(files_.setMode(file.descriptor(), 0444), 0);
   ASSERT_EQ(files_.setMode(file.descriptor(), 0644), 0);
@@ -169,9 +182,9 @@ TEST_F(WindowsFileSystemTest, WhatIsOpenHereIsOpenToEveryOtherProgram) {
 
 TEST_F(WindowsFileSystemTest, ALockIsOneProgramsAtATimeAndHindersNoReader) {
   folder_.write("data.dat", "AAAA");
-  const OpenFile second = opened(path_, OpenMode::ReadWrite);
+  const OpenFile second = opened(path_, OpenMode::ReadWriteItself);
   {
-    const OpenFile first = opened(path_, OpenMode::ReadWrite);
+    const OpenFile first = opened(path_, OpenMode::ReadWriteItself);
     ASSERT_EQ(files_.tryLock(first.descriptor()), 0);
     EXPECT_EQ(files_.tryLock(second.descriptor()), -1);
     EXPECT_EQ(errno, EWOULDBLOCK);

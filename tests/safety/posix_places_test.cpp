@@ -201,6 +201,24 @@ TEST_F(PlacesTest, TheCurrentFolderMayLieOnAnotherFileSystem) {
   }
 }
 
+TEST_F(PlacesTest, ALinkInADeletionsTemporaryFilesPlaceBringsNothingIn) {
+  int deletions = 0;
+  for (const Operation& operation : operations(kCount)) {
+    const std::string temporary = operation.temporary(folders_);
+    if (temporary.empty()) continue;
+    ++deletions;
+    const std::string secret(10 * operation.recordLength, 's');
+    folder_.write("secret", secret);
+    fs::create_symlink(folder_ / "secret", temporary);
+    writeTo(operation.file(folders_), fileOf(operation, kCount));
+    expectFailure(core::FailureKind::NotOwnFile, [&] { operation.run(files_, folders_); });
+    EXPECT_EQ(readFrom(operation.file(folders_)), fileOf(operation, kCount)) << operation.name;
+    EXPECT_EQ(folder_.read("secret"), secret);
+    fs::remove(temporary);
+  }
+  EXPECT_EQ(deletions, 7);
+}
+
 TEST_F(PlacesTest, AVehicleFolderThatWentIsReportedAndNotMade) {
   fs::remove(folder_ / kOperationPlate);
   for (const Operation& operation : operations(kCount)) {

@@ -57,7 +57,7 @@ void replace(FileSystem& files, const std::string& contents, Omissions omitted) 
 }
 
 void rewriteInPlace(FileSystem& files, const std::string& contents) {
-  const OpenFile file(files, files.open(kFile, OpenMode::ReadWrite));
+  const OpenFile file(files, files.open(kFile, OpenMode::ReadWriteItself));
   must(files.truncate(file.descriptor(), 0));
   mustWrite(files, file, contents);
   must(files.sync(file.descriptor()));
@@ -74,7 +74,7 @@ void removeThenRename(FileSystem& files, const std::string& contents) {
 }
 
 void appendAtOnce(FileSystem& files, const std::string& record) {
-  const OpenFile file(files, files.open(kFile, OpenMode::ReadWrite));
+  const OpenFile file(files, files.open(kFile, OpenMode::ReadWriteItself));
   core::FileStatus status;
   must(files.status(file.descriptor(), status));
   mustWrite(files, file, record, status.size);

@@ -11,6 +11,21 @@ namespace {
 constexpr std::uint32_t kOwnerWrites = 0200;
 constexpr std::uint32_t kPrivate = 0600;
 
+using core::OpenMode;
+
+bool isToBeNew(OpenMode mode) {
+  return mode == OpenMode::CreateNew || mode == OpenMode::CreatePrivate;
+}
+bool isItself(OpenMode mode) {
+  return mode == OpenMode::ReadItself || mode == OpenMode::ReadWriteItself || mode == OpenMode::CreateItself;
+}
+bool isToRead(OpenMode mode) {
+  return mode == OpenMode::Read || mode == OpenMode::ReadItself;
+}
+bool isToBeMade(OpenMode mode) {
+  return isToBeNew(mode) || mode == OpenMode::Create || mode == OpenMode::CreateItself;
+}
+
 int refuse(int error) {
   errno = error;
   return -1;
@@ -50,6 +65,10 @@ void MemoryFileSystem::putOther(const std::string& path) {
 
 void MemoryFileSystem::setModeOf(const std::string& path, std::uint32_t mode) {
   nodeAt(names_.at(followed(path))).mode = mode;
+}
+
+void MemoryFileSystem::setOwnerOf(const std::string& path, std::uint32_t owner) {
+  nodeAt(names_.at(followed(path))).owner = owner;
 }
 
 bool MemoryFileSystem::has(const std::string& path) const {
@@ -112,27 +131,28 @@ void MemoryFileSystem::apply(const DiskStep& step) {
   }
 }
 
-int MemoryFileSystem::open(const std::string& path, core::OpenMode mode) {
-  const bool isNew = mode == core::OpenMode::CreateNew || mode == core::OpenMode::CreatePrivate;
+int MemoryFileSystem::open(const std::string& path, OpenMode mode) {
+  const bool isNew = isToBeNew(mode);
+  if (isItself(mode) && links_.contains(path)) return refuse(ELOOP);
   const std::string name = isNew ? path : followed(path);
   if (isFolder(name)) return openFolder(name, mode);
   if (!isFolder(parentOf(name))) return refuse(ENOENT);
   if (isNew && (links_.contains(name) || names_.contains(name))) return refuse(EEXIST);
   if (!names_.contains(name)) {
-    if (!isNew && mode != core::OpenMode::Create) return refuse(ENOENT);
+    if (!isToBeMade(mode)) return refuse(ENOENT);
     names_[name] = newNode();
-    if (mode == core::OpenMode::CreatePrivate) nodeAt(names_[name]).mode = kPrivate;
+    if (mode == OpenMode::CreatePrivate) nodeAt(names_[name]).mode = kPrivate;
     record({.kind = DiskStep::Kind::Name, .node = names_[name], .path = name});
   }
   const int node = names_[name];
-  if (mode != core::OpenMode::Read && (nodeAt(node).mode & kOwnerWrites) == 0) return refuse(EACCES);
-  descriptors_.push_back({node, name, true, mode != core::OpenMode::Read});
+  if (!isToRead(mode) && (nodeAt(node).mode & kOwnerWrites) == 0) return refuse(EACCES);
+  descriptors_.push_back({node, name, true, !isToRead(mode)});
   return static_cast<int>(descriptors_.size()) - 1;
 }
 
 // A folder opens to be looked at, as the system has it.
-int MemoryFileSystem::openFolder(const std::string& path, core::OpenMode mode) {
-  if (mode != core::OpenMode::Read) return refuse(EISDIR);
+int MemoryFileSystem::openFolder(const std::string& path, OpenMode mode) {
+  if (!isToRead(mode)) return refuse(EISDIR);
   descriptors_.push_back({-1, path, true, false});
   return static_cast<int>(descriptors_.size()) - 1;
 }
@@ -374,6 +394,7 @@ void MemoryFileSystem::fill(core::FileStatus& status, int node, const std::strin
   status.inode = static_cast<std::uint64_t>(node) + 1;
   status.size = nodes_[static_cast<std::size_t>(node)].length;
   status.mode = nodes_[static_cast<std::size_t>(node)].mode;
+  status.owner = nodes_[static_cast<std::size_t>(node)].owner;
   status.kind = nodes_[static_cast<std::size_t>(node)].kind;
 }
 

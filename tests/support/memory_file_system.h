@@ -49,6 +49,8 @@ class MemoryFileSystem final : public core::FileSystem {
   /// Everything in that folder lies on another device from now on.
   void moveToOtherDevice(const std::string& folder) { otherDevice_.insert(folder); }
   void setModeOf(const std::string& path, std::uint32_t mode);
+  /// Makes a file another user's.
+  void setOwnerOf(const std::string& path, std::uint32_t owner);
   bool has(const std::string& path) const;
   bool hasFolder(const std::string& path) const { return isFolder(path); }
   /// A file's bytes; empty when it is missing.
@@ -87,6 +89,7 @@ class MemoryFileSystem final : public core::FileSystem {
     std::shared_ptr<std::string> disk;  // what is written, as far as it was, behind the length too
     std::int64_t length = 0;
     std::uint32_t mode = 0644;
+    std::uint32_t owner = 1000;
     int lockedBy = -1;  // a descriptor
     core::FileKind kind = core::FileKind::Regular;
   };

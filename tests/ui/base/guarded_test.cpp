@@ -48,6 +48,7 @@ const QMap<QString, FailureKind> kKinds{
     {"OpenFailed", FailureKind::OpenFailed},       {"ReadFailed", FailureKind::ReadFailed},
     {"WriteFailed", FailureKind::WriteFailed},     {"SyncFailed", FailureKind::SyncFailed},
     {"ReplaceFailed", FailureKind::ReplaceFailed}, {"NotAFile", FailureKind::NotAFile},
+    {"NotOwnFile", FailureKind::NotOwnFile},
     {"FileBusy", FailureKind::FileBusy},           {"FolderMissing", FailureKind::FolderMissing},
     {"FolderGone", FailureKind::FolderGone},       {"FolderUnreadable", FailureKind::FolderUnreadable},
     {"PlateUnusable", FailureKind::PlateUnusable}, {"NotANumber", FailureKind::NotANumber},
