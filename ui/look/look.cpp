@@ -14,6 +14,7 @@
 #include <algorithm>
 
 #include "ui/base/colours.h"
+#include "ui/look/box_icon.h"
 #include "ui/look/late_icon.h"
 #include "ui/look/look_painting.h"
 #include "ui/look/wheel.h"
@@ -130,6 +131,7 @@ void LookStyle::polish(QPalette& palette) {
     QColor hint = palette.color(group, QPalette::Text);
     hint.setAlphaF(kHintStrength);
     palette.setColor(group, QPalette::PlaceholderText, hint);
+    palette.setColor(group, QPalette::Highlight, readableHighlight(palette, group));
   }
   // What cannot be used now is quieter, and can be read all the same.
   const QColor unused =
@@ -138,8 +140,15 @@ void LookStyle::polish(QPalette& palette) {
     palette.setColor(QPalette::Disabled, role, unused);
 }
 
-// Each menu bar has this one, for entries that its window is too narrow for.
+int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                         QStyleHintReturn* more) const {
+  if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+  return QProxyStyle::styleHint(hint, option, widget, more);
+}
+
+// Each menu bar has the last one, for entries that its window is too narrow for.
 QIcon LookStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
+  if (const QIcon own = boxIcon(icon); !own.isNull()) return own;
   if (icon != SP_ToolBarHorizontalExtensionButton) return QProxyStyle::standardIcon(icon, option, widget);
   return lateIcon([this] { return QProxyStyle::standardIcon(SP_ToolBarHorizontalExtensionButton); });
 }

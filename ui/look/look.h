@@ -38,6 +38,8 @@ class LookStyle : public QProxyStyle {
   using QProxyStyle::polish;
   void polish(QWidget* widget) override;
   void polish(QPalette& palette) override;
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* more) const override;
   QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override;
   int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
   QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,

@@ -75,16 +75,6 @@ double contrast(const QColor& first, const QColor& second) {
   return (std::max(one, other) + 0.05) / (std::min(one, other) + 0.05);
 }
 
-// The desktop's highlight, moved away from its text until that can be read by everybody.
-QColor mainSurface(const QPalette& palette) {
-  const QColor text = palette.color(QPalette::HighlightedText);
-  const QColor away = luminance(text) > 0.5 ? Qt::black : Qt::white;
-  QColor surface = palette.color(QPalette::Highlight);
-  for (int step = 0; step < kReadableSteps && contrast(surface, text) < kReadable; ++step)
-    surface = between(surface, away, 0.08);
-  return surface;
-}
-
 void chevron(QPainter& painter, QPointF middle, const QColor& colour) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
@@ -119,6 +109,15 @@ QFont titleFont(const QWidget* group) {
   return bold(group == nullptr ? QApplication::font() : group->font());
 }
 
+QColor readableHighlight(const QPalette& palette, QPalette::ColorGroup group) {
+  const QColor text = palette.color(group, QPalette::HighlightedText);
+  const QColor away = luminance(text) > 0.5 ? Qt::black : Qt::white;
+  QColor surface = palette.color(group, QPalette::Highlight);
+  for (int step = 0; step < kReadableSteps && contrast(surface, text) < kReadable; ++step)
+    surface = between(surface, away, 0.08);
+  return surface;
+}
+
 QColor quietText(const QPalette& palette) {
   return between(palette.color(QPalette::Text), palette.color(QPalette::Base), 0.3);
 }
@@ -133,7 +132,7 @@ void paintButton(QPainter& painter, const QStyleOption& option, bool isMain) {
   const bool hasFocus = is(option, QStyle::State_HasFocus);
   if (isMain && isOn) {
     const QColor text = palette.color(QPalette::HighlightedText);
-    const QColor fill = touched(option, mainSurface(palette), text);
+    const QColor fill = touched(option, readableHighlight(palette, QPalette::Active), text);
     box(painter, option.rect, fill, QPen(fill, 1));
     if (hasFocus) box(painter, option.rect.adjusted(2, 2, -2, -2), Qt::NoBrush, QPen(text, 1));
     return;

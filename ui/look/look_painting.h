@@ -2,10 +2,10 @@
 
 #include <QColor>
 #include <QFont>
+#include <QPalette>
 #include <QString>
 
 class QPainter;
-class QPalette;
 class QRect;
 class QStyleOption;
 class QStyleOptionComboBox;
@@ -14,6 +14,9 @@ class QWidget;
 // What the look's style paints itself: flat fields, buttons, cards and headings in the palette's colours.
 
 namespace tarvik::ui {
+
+/// The highlight of a palette, moved away from its text until that has a contrast of 4.5 to 1 on it.
+QColor readableHighlight(const QPalette& palette, QPalette::ColorGroup group);
 
 /// Whether a form gave the part this role in its property `look`.
 bool hasLook(const QWidget* widget, const char* look);
