@@ -7,21 +7,22 @@
 
 namespace tarvik::core {
 
-/// The totals beside the list as texts, each in its format.
+/// The totals beside the list as texts, each in its format. A text that is not set leaves its field as it
+/// was: the listing does not give it.
 struct Totals {
-  std::string teljesKtg;         ///< all costs, "1 234 567 Ft."
-  std::string benzinKtg;         ///< the fuel's share
-  std::string alkatreszKoltseg;  ///< the rest
-  std::string megtettKm;         ///< distance between the first and last row
-  std::string liter;             ///< fuel taken
-  std::string fogyaszt;          ///< average consumption
+  std::optional<std::string> teljesKtg;         ///< all costs, "1 234 567 Ft."
+  std::optional<std::string> benzinKtg;         ///< the fuel's share
+  std::optional<std::string> alkatreszKoltseg;  ///< the rest
+  std::optional<std::string> megtettKm;         ///< distance between the first and last row
+  std::optional<std::string> liter;             ///< fuel taken
+  std::optional<std::string> fogyaszt;          ///< average consumption
 };
 
-/// Brings the totals up to the listing. Without rows the distance, litre and consumption texts become empty
-/// and the costs stay; with a distance of 0 the consumption stays. The litres of the first row count in the
-/// average by the whole part of their text only: the plain numeric parse ends at the decimal comma. Throws
-/// Failure(OutOfRange) with the field's name when a sum leaves its type; the texts of the rows before stand
-/// then.
+/// Sets the texts that the listing gives and leaves the others. Without rows the distance, litre and
+/// consumption texts become empty and the costs stay; with a distance of 0 the consumption stays. The litres
+/// of the first row count in the average by the whole part of their text only: the plain numeric parse ends
+/// at the decimal comma. Throws Failure(OutOfRange) with the field's name when a sum leaves its type; the
+/// texts of the rows before stand then.
 void updateTotals(const Listing& listing, Totals& totals);
 
 /// The hint on a cost field: its figure divided by the days between the first and the last row, in whole

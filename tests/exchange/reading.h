@@ -44,7 +44,7 @@ inline std::string shownConsumption(const core::Logbook& logbook) {
   listing.numbers = core::listedEntries(listing.logbook, {});
   core::Totals totals;
   core::updateTotals(listing, totals);
-  return totals.fogyaszt;
+  return totals.fogyaszt.value_or("");
 }
 
 /// The lines of the rows that could not be read.

@@ -60,13 +60,13 @@ core::RecordList<R> recordsIn(const std::string& file) {
 void lookAtFigures(const core::Listing& listing) {
   core::Totals totals;
   attempt([&] { core::updateTotals(listing, totals); });
-  core::costPerDay(listing, totals.teljesKtg);
-  core::litresPerDay(listing, totals.liter);
-  core::kmPerDay(listing, totals.megtettKm);
+  core::costPerDay(listing, totals.teljesKtg.value_or(""));
+  core::litresPerDay(listing, totals.liter.value_or(""));
+  core::kmPerDay(listing, totals.megtettKm.value_or(""));
   const int count = listing.logbook.count();
   for (const int selected : {0, 1, 2, count / 2, count - 1, count})
     for (const std::int16_t tank : std::initializer_list<std::int16_t>{0, 45, -1})
-      core::statisticsOf(listing.logbook, {selected, tank, totals.fogyaszt, kToday});
+      core::statisticsOf(listing.logbook, {selected, tank, totals.fogyaszt.value_or(""), kToday});
   for (const int number : {1, 2, count}) core::toInput(listing.logbook.record(number));
   reminders::currentReading(listing.logbook);
   reminders::lastWithReading(listing.logbook);

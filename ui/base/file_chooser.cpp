@@ -5,6 +5,8 @@
 #include <QRegularExpression>
 #include <QStandardPaths>
 
+#include "ui/base/text.h"
+
 namespace tarvik::ui {
 namespace {
 
@@ -33,6 +35,10 @@ QString documents() {
 }
 
 }  // namespace
+
+QString datedName(const QString& what, core::Day day) {
+  return what + QLatin1Char('_') + toQt(day).toString(Qt::ISODate);
+}
 
 QString askFileToWrite(const FileKind& kind, const QString& proposedName, QWidget* parent) {
   QFileDialog dialog(parent, kind.title, documents(), kind.filter);

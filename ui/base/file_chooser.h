@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include "core/day.h"
+
 class QWidget;
 
 namespace tarvik::ui {
@@ -12,6 +14,9 @@ struct FileKind {
   QString filter;  ///< "PDF-fájl (*.pdf)"; several stand with ";;" between them
   QString suffix;  ///< "pdf"; of the first filter
 };
+
+/// The name that is proposed for a file of a day: what it holds, the vehicle first, and the day.
+QString datedName(const QString& what, core::Day day);
 
 /// The file to write, empty when the person gave up. The dialog is the toolkit's own: it asks itself before a
 /// file is replaced, in the program's language. The name's end follows the chosen filter.

@@ -3,7 +3,7 @@
 #include <QFileInfo>
 #include <utility>
 
-#include "core/entry_editing.h"
+#include "core/record_file.h"
 #include "exchange/log_reader.h"
 #include "settings/vehicles.h"
 #include "ui/base/file_chooser.h"
@@ -38,8 +38,9 @@ bool refuses(const QString& words, QWidget* parent) {
 
 }  // namespace
 
-void saveCsvFile(Context& context, const QString& proposedName, const std::string& bytes, QWidget* parent) {
-  const QString path = askFileToWrite(csvToWrite(), proposedName + QStringLiteral(".csv"), parent);
+void saveCsvFile(Context& context, const QString& what, const std::string& bytes, QWidget* parent) {
+  const QString name = datedName(what, context.clock.today()) + QStringLiteral(".csv");
+  const QString path = askFileToWrite(csvToWrite(), name, parent);
   if (path.isEmpty()) return;
   OutputFile file(context.files, toLogic(path));
   file.write(bytes.data(), static_cast<qint64>(bytes.size()));
@@ -55,6 +56,7 @@ bool importCsvFile(Context& context, const std::string& plate, QWidget* parent,
 bool importCsvFileAt(Context& context, const std::string& plate, const QString& path, QWidget* parent,
                      const std::function<void()>& list) {
   const QString name = QFileInfo(path).fileName();
+  core::Logbook logbook = core::loadRecords<core::NapiAdat>(context.files, context.folders.logbook(plate));
   TextFile file = readTextFile(context.files, toLogic(path));
   if (refuses(wordsOf(file, name), parent)) return false;
   exchange::LogFile log = exchange::readLog(file.text);
@@ -65,7 +67,7 @@ bool importCsvFileAt(Context& context, const std::string& plate, const QString& 
                          .text = std::move(file.text),
                          .log = std::move(log),
                          .plate = plate,
-                         .logbook = core::loadLogbook(context.files, context.folders, plate),
+                         .logbook = std::move(logbook),
                          .tankLitres = settings::tankSizeOf(vehicles, plate),
                          .list = list},
                         parent);

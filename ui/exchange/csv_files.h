@@ -11,9 +11,10 @@ class QWidget;
 
 namespace tarvik::ui {
 
-/// Asks where a CSV file is to be saved and puts it there whole or not at all. Throws Failure when it cannot
-/// be written.
-void saveCsvFile(Context& context, const QString& proposedName, const std::string& bytes, QWidget* parent);
+/// Asks where a CSV file is to be saved and puts it there whole or not at all. Its name is proposed from what
+/// it holds, the vehicle first where it is one's alone, and the day. Throws Failure when it cannot be
+/// written.
+void saveCsvFile(Context& context, const QString& what, const std::string& bytes, QWidget* parent);
 
 /// Asks for a CSV file of this program or another, shows what it would bring into a vehicle's logbook and
 /// takes over what the person ticks; true when entries were taken over. list lists that logbook anew, after

@@ -82,6 +82,14 @@ QIcon programIcon() {
   return icon;
 }
 
+// Shows the part's text in a colour, or in the palette's again.
+void showIn(QWidget& part, bool isColoured, const QColor& colour) {
+  QPalette palette;
+  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text})
+    if (isColoured) palette.setColor(role, colour);
+  part.setPalette(palette);
+}
+
 }  // namespace
 
 void dress() {
@@ -103,10 +111,11 @@ QColor overdueColour(const QPalette& palette) {
 }
 
 void showOverdue(QWidget& part, bool isOverdue) {
-  QPalette palette;
-  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text})
-    if (isOverdue) palette.setColor(role, overdueColour(QApplication::palette()));
-  part.setPalette(palette);
+  showIn(part, isOverdue, overdueColour(QApplication::palette()));
+}
+
+void showDimmed(QWidget& part, bool isDimmed) {
+  showIn(part, isDimmed, QApplication::palette().color(QPalette::PlaceholderText));
 }
 
 LookStyle::LookStyle() : QProxyStyle(QStringLiteral("Fusion")) {}

@@ -59,7 +59,12 @@ QString emptyListText(const ListedLogbook& listed, bool hasVehicles) {
     return QStringLiteral(
         "Még nincs gépkocsi.\nKezdd a Beállítások menüben: vedd fel a rendszámot és a tank méretét!");
   if (plate.isEmpty()) return QStringLiteral("Nincs kiválasztva gépkocsi.\nVálassz egy rendszámot!");
-  if (!listed.isRead) return QStringLiteral("%1 naplója nem olvasható.").arg(plate);
+  if (!listed.isRead)
+    return QStringLiteral(
+               "%1 naplója nem olvasható.\nNézd meg, megvan-e a mappája, vagy vedd fel a rendszámot a "
+               "Beállítások "
+               "menüben!")
+        .arg(plate);
   if (listed.filter.mode == core::kWholeList)
     return QStringLiteral("%1 naplója még üres.\nTöltsd ki a fenti mezőket, és nyomd meg a Rögzítés gombot!")
         .arg(plate);

@@ -92,14 +92,28 @@ void LogbookPane::beolvas() {
   listed_.filter = {.mode = listMode_, .picked = toLogic(ui_->DTPSzürö->date())};
   listed_.isRead = false;
   showCues();
-  core::Listing listing{core::loadLogbook(context_.files, context_.folders, toLogic(plate_)), {}};
+  try {
+    fillList();
+    results_->showTotals();
+  } catch (...) {
+    if (!listed_.isRead) results_->forgetTotals();
+    emit listedAnew();
+    throw;
+  }
+  emit listedAnew();
+}
+
+// A folder that is not there is no empty logbook, though nothing fails.
+void LogbookPane::fillList() {
+  std::optional<core::Logbook> found = core::foundLogbook(context_.files, context_.folders, toLogic(plate_));
+  if (!found) return;
+  core::Listing listing{std::move(*found), {}};
   listing.numbers = core::listedEntries(listing.logbook, listed_.filter);
   listed_.isRead = true;
   rows_->refill([&] { listed_.listing = std::move(listing); });
   // A slip of one digit in a reading gives a distance longer than any drive: it is seen with all its digits.
   keepWhole(*ui_->ListView1, core::kKmColumn, toQt(core::longestDistance(listed_.listing)));
   showCues();
-  results_->showTotals();
 }
 
 void LogbookPane::relistInPlace() {
@@ -172,8 +186,7 @@ void LogbookPane::markNewest() {
 }
 
 void LogbookPane::saveLog() {
-  const QString day = toQt(context_.clock.today()).toString(Qt::ISODate);
-  saveCsvFile(context_, toQt(listed_.plate) + QLatin1Char('_') + day, exchange::csvOf(listed_.listing),
+  saveCsvFile(context_, toQt(listed_.plate) + QStringLiteral("_naplo"), exchange::csvOf(listed_.listing),
               window());
 }
 

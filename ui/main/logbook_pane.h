@@ -37,7 +37,8 @@ class LogbookPane : public QWidget {
   void setPlate(const QString& plate, bool hasVehicles);
 
   /// Rebuilds the list and the totals from the logbook of the vehicle, by the filter's options; nothing is
-  /// chosen then. Throws core::Failure when it cannot be read or a sum leaves its type.
+  /// chosen then. A logbook whose folder is not there is said to be unreadable, as one that cannot be read,
+  /// which throws core::Failure, as a sum that leaves its type does.
   void beolvas();
   /// beolvas with the list left where it was.
   void relistInPlace();
@@ -72,6 +73,8 @@ class LogbookPane : public QWidget {
   int wideWidth() const;
 
  signals:
+  /// The list was filled anew, or could not be.
+  void listedAnew();
   /// The person chose an entry of the vehicle's logbook.
   void entryChosen(const core::ShownEntry& entry);
   /// An entry is chosen from now on, or none.
@@ -85,6 +88,7 @@ class LogbookPane : public QWidget {
 
  private:
   std::string trimmedPlate() const;
+  void fillList();
   void setUpFilter();
   void onFilterKey(Qt::Key key, void (LogbookPane::*handler)());
   void openFilter();

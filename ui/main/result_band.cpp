@@ -5,6 +5,7 @@
 
 #include "ui/base/guarded.h"
 #include "ui/base/text.h"
+#include "ui/look/look.h"
 #include "ui_result_band.h"
 
 namespace tarvik::ui {
@@ -12,6 +13,14 @@ namespace {
 
 void showText(QLabel* label, const std::optional<std::string>& text) {
   if (text) label->setText(toQt(*text));
+}
+
+// A figure that the listing does not give is an earlier one's: it stands back, and is told so.
+void showTotal(QLineEdit& field, const std::optional<std::string>& text) {
+  if (text) field.setText(toQt(*text));
+  const bool isEarlier = !text && !field.text().isEmpty();
+  showDimmed(field, isEarlier);
+  field.setAccessibleDescription(isEarlier ? QStringLiteral("Egy korábbi lista adata") : QString());
 }
 
 }  // namespace
@@ -27,22 +36,27 @@ ResultBand::ResultBand(const core::Listing& listing, QWidget* parent)
 ResultBand::~ResultBand() = default;
 
 void ResultBand::showTotals() {
+  core::Totals found;
   try {
-    core::updateTotals(listing_, totals_);
+    core::updateTotals(listing_, found);
   } catch (...) {
-    showTexts();
+    showTexts(found);
     throw;
   }
-  showTexts();
+  showTexts(found);
 }
 
-void ResultBand::showTexts() {
-  ui_->tx_teljes_ktg->setText(toQt(totals_.teljesKtg));
-  ui_->ob_ktg->setText(toQt(totals_.benzinKtg));
-  ui_->txAlkatreszKoltseg->setText(toQt(totals_.alkatreszKoltseg));
-  ui_->tx_megtett_km->setText(toQt(totals_.megtettKm));
-  ui_->tx_liter->setText(toQt(totals_.liter));
-  ui_->tx_fogyaszt->setText(toQt(totals_.fogyaszt));
+void ResultBand::forgetTotals() {
+  showTexts({"", "", "", "", "", ""});
+}
+
+void ResultBand::showTexts(const core::Totals& found) {
+  showTotal(*ui_->tx_teljes_ktg, found.teljesKtg);
+  showTotal(*ui_->ob_ktg, found.benzinKtg);
+  showTotal(*ui_->txAlkatreszKoltseg, found.alkatreszKoltseg);
+  showTotal(*ui_->tx_megtett_km, found.megtettKm);
+  showTotal(*ui_->tx_liter, found.liter);
+  showTotal(*ui_->tx_fogyaszt, found.fogyaszt);
 }
 
 void ResultBand::showStatistics(const core::Statistics& found) {

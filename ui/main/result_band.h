@@ -23,8 +23,10 @@ class ResultBand : public SideBySide {
   ~ResultBand() override;
 
   /// Brings the totals up to the listing, see core::updateTotals; what was worked out before a failure is
-  /// shown.
+  /// shown. A figure that the listing does not give stays, dimmed.
   void showTotals();
+  /// Empties the totals: what they are of is not listed any more.
+  void forgetTotals();
   /// Shows what was found; what was not found leaves its label as it is.
   void showStatistics(const core::Statistics& found);
 
@@ -37,12 +39,11 @@ class ResultBand : public SideBySide {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void showTexts();
+  void showTexts(const core::Totals& found);
   void showHint(QObject* field);
 
   std::unique_ptr<Ui::ResultBand> ui_;
   const core::Listing& listing_;
-  core::Totals totals_;
 };
 
 }  // namespace tarvik::ui

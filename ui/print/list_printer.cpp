@@ -30,10 +30,6 @@ QString askPdfPath(const QString& name, QWidget* parent) {
       parent);
 }
 
-QString pdfName(const QString& plate, core::Day today) {
-  return QStringLiteral("%1_%2.pdf").arg(plate, toQt(today).toString(Qt::ISODate));
-}
-
 // Draws all pages; false when the person cancelled it. A page that is refused ends it early and is the
 // device's to tell.
 bool drawDocument(const print::ListDocument& document, const Sheets& sheets, QWidget* parent) {
@@ -71,7 +67,8 @@ void saveAsPdf(Context& context, const PrintOut& printOut, QWidget* parent) {
   if (!ask(parent, commandTitle(), QStringLiteral("Nincs nyomtató ezen a gépen.\nElmented PDF-fájlba?"),
            DefaultAnswer::Yes))
     return;
-  const QString path = askPdfPath(pdfName(printOut.plate, context.clock.today()), parent);
+  const QString path =
+      askPdfPath(datedName(printOut.plate, context.clock.today()) + QStringLiteral(".pdf"), parent);
   if (path.isEmpty()) return;
   OutputFile file(context.files, toLogic(path));
   if (!drawPdf(file, printOut.title, printOut.draw)) return;

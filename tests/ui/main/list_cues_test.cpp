@@ -86,7 +86,10 @@ class ListCuesTest : public QObject {
   void aLogbookThatCannotBeReadIsSaidSo() {
     const ListedLogbook unread{.plate = "ABC123", .isRead = false};
     QCOMPARE(lineOf(unread, "ABC123"), QString("ABC123 naplója nem olvasható"));
-    QCOMPARE(emptyListText(unread, true), QString("ABC123 naplója nem olvasható."));
+    QCOMPARE(
+        emptyListText(unread, true),
+        QString("ABC123 naplója nem olvasható.\nNézd meg, megvan-e a mappája, vagy vedd fel a rendszámot "
+                "a Beállítások menüben!"));
   }
 
   void theHintFillsTheListWhileItHasNoRows() {
