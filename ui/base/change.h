@@ -22,8 +22,8 @@ struct Change {
 };
 
 /// Carries a change out and lists anew, whether it was made or not, before anything is told: what a box says
-/// to look at is what is there. What was typed and cannot be used changes nothing, and the choice that it
-/// belongs to stays. True when the change was made.
+/// to look at is what is there. What was typed and cannot be used changes nothing, the choice that it belongs
+/// to stays, and the keyboard goes to its field. True when the change was made.
 bool carryOut(QWidget* screen, const Change& change);
 
 }  // namespace tarvik::ui

@@ -160,7 +160,8 @@ Attempt attempted(const std::function<void()>& action, const Consequence& conseq
     return {};
   } catch (const core::Failure& failure) {
     const bool isInput = failure.file().empty() || failure.kind() == FailureKind::PlateUnusable;
-    return {isInput ? Outcome::Refused : Outcome::Failed, failureText(failure, consequence)};
+    return {isInput ? Outcome::Refused : Outcome::Failed, failureText(failure, consequence),
+            toQt(failure.field())};
   } catch (const std::bad_alloc&) {
     return {Outcome::Failed, QStringLiteral("Elfogyott a memória.\n\n") + consequence.failed};
   }

@@ -34,6 +34,7 @@ enum class Outcome {
 struct Attempt {
   Outcome outcome = Outcome::Done;
   QString text = {};
+  QString field = {};  ///< the control whose text was refused, by its name
 
   bool isDone() const { return outcome == Outcome::Done; }
 };

@@ -45,6 +45,7 @@ void EntryChanges::record() {
            QStringLiteral("Biztos JÓK az adatok ?\nMehet a rögzítés ?"), DefaultAnswer::Yes))
     return;
   const core::EntryInput input = form_.input();
+  form_.startTyping();
   Attempt tyres;
   const bool isRecorded = change(QStringLiteral("A bejegyzés rögzítve van."), [&] {
     const core::Ratio distance = core::recordEntry(context_.files, context_.folders, plate(), input);
@@ -53,7 +54,6 @@ void EntryChanges::record() {
   });
   if (isRecorded && !tyres.isDone()) tell(form_.window(), tyres.text);
   if (isRecorded) pane_.markNewest();
-  form_.startTyping();
 }
 
 // The entry is in the logbook by now, whatever becomes of the tyres.

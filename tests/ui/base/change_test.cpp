@@ -1,5 +1,7 @@
 #include "ui/base/change.h"
 
+#include <QLabel>
+#include <QLineEdit>
 #include <QTest>
 
 #include "core/failure.h"
@@ -15,16 +17,17 @@ namespace {
 /// A change that notes its steps, any of which may fail.
 struct Steps {
   bool carryOut() {
-    return ui::carryOut(nullptr, {.done = "Kész.",
-                                  .make = [this] { step("make", making); },
-                                  .forget = [this] { steps << "forget"; },
-                                  .list = [this] { step("list", listing); }});
+    return ui::carryOut(screen, {.done = "Kész.",
+                                 .make = [this] { step("make", making); },
+                                 .forget = [this] { steps << "forget"; },
+                                 .list = [this] { step("list", listing); }});
   }
   void step(const QString& name, const std::optional<Failure>& failure) {
     steps << name;
     if (failure) throw *failure;
   }
 
+  QWidget* screen = nullptr;
   std::optional<Failure> making;
   std::optional<Failure> listing;
   QStringList steps;
@@ -98,6 +101,37 @@ class ChangeTest : public QObject {
     QCOMPARE(change.steps, QStringList{"make"});
     QCOMPARE(boxes.seen.size(), 1);
     QVERIFY(boxes.seen[0].text.endsWith("Semmi sem változott."));
+  }
+
+  void theKeyboardGoesToTheFieldWhoseTextIsRefused_data() {
+    QTest::addColumn<QString>("refused");
+    QTest::addColumn<QString>("focus");
+    QTest::newRow("a field") << "txMegjKtg"
+                             << "txMegjKtg";
+    QTest::newRow("a label, which takes no keys") << "lbPillAtlag"
+                                                  << "txKmOra";
+    QTest::newRow("nothing that is named") << ""
+                                           << "txKmOra";
+  }
+  void theKeyboardGoesToTheFieldWhoseTextIsRefused() {
+    QFETCH(QString, refused);
+    QFETCH(QString, focus);
+    QWidget screen;
+    QLineEdit unnamed(&screen);
+    QLineEdit reading(&screen);
+    reading.setObjectName("txKmOra");
+    QLineEdit cost(&screen);
+    cost.setObjectName("txMegjKtg");
+    QLabel figure(&screen);
+    figure.setObjectName("lbPillAtlag");
+    screen.show();
+    reading.setFocus();
+    test::BoxScript boxes;
+    Steps change;
+    change.screen = &screen;
+    change.making = std::move(Failure(FailureKind::NotANumber).field(refused.toStdString()));
+    QVERIFY(!change.carryOut());
+    QCOMPARE(screen.focusWidget()->objectName(), focus);
   }
 };
 

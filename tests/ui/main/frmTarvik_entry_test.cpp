@@ -216,6 +216,24 @@ class FrmTarvikEntryTest : public QObject {
     QCOMPARE(main.folder.read("ABC123/napiadat.dat"), std::string());
   }
 
+  void whatIsRefusedGetsTheKeyboardAtRecordingAndAtModifying_data() {
+    QTest::addColumn<QString>("button");
+    QTest::newRow("recording") << "cmd_rogzit";
+    QTest::newRow("modifying") << "cmd_modosit";
+  }
+  void whatIsRefusedGetsTheKeyboardAtRecordingAndAtModifying() {
+    QFETCH(QString, button);
+    MainScreen main;
+    main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 9000, 300'000, true)});
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    main.clickRow(0);
+    main.type("txMegjKtg", "abc");
+    BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
+    main.press(qPrintable(button));
+    QCOMPARE(main.screen->focusWidget(), main.edit("txMegjKtg"));
+  }
+
   void aMissingVehicleFolderIsNamedAndNothingIsMade() {
     MainScreen main;
     main.choosePlateAtStart("ABC123");
@@ -245,6 +263,26 @@ class FrmTarvikEntryTest : public QObject {
     QCOMPARE(boxes.seen[1].text,
              "Ez a rendszám nem lehet mappa neve:\n" + plate + "\n\nSemmi sem változott.");
     QVERIFY(main.folder.names() == before);
+  }
+
+  // The settings store a plate in ten characters, the list of vehicles in eight.
+  void theSameCarChosenAgainIsStillTheOneThatWasSeen() {
+    MainScreen main;
+    main.folder.write("rendsz.dat", padded("ABC123", 8) + std::string("\x2D\0", 2));
+    main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 9000, 300'000, true),
+                                 fuelling({2024, 1, 2}, 10000, 400'000, true)});
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    choose(*main.combo("Combo1"), 0);
+    QCOMPARE(main.combo("Combo1")->currentText(), QString("ABC123  "));
+    main.clickRow(0);
+    main.writeLogbook("ABC123",
+                      {fuelling({2024, 1, 2}, 10000, 400'000, true)});  // another program deletes it
+    BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
+    main.press("cmd_modosit");
+    QCOMPARE(boxes.seen.size(), 2);
+    QVERIFY(boxes.seen[1].text.startsWith("Az adatok közben máshol megváltoztak:"));
+    QCOMPARE(main.stored("ABC123", 1).KmOra, 10000);
   }
 
   void modifyingChecksKmThenSelectionThenPlate() {
