@@ -10,6 +10,7 @@ namespace {
 
 struct Captions {
   std::string_view title;
+  std::string_view fileName;
   std::string_view unit;
   std::string_view prefix;
   std::string_view format;
@@ -24,14 +25,16 @@ constexpr std::string_view kForintsWithoutPoint = R"(###,###.00\ \F\t\)";
 // By the number of the choice; 0 is no chart.
 constexpr std::array<Captions, 8> kCaptions{{
     {},
-    {"Pillanatnyi fogyasztások", "liter/100 km", "Pillanatnyi fogyasztás: ", kLitres, ""},
-    {"Üzemanyag árak", "Ft/liter", "Üzemanyag ár: ", kForints, ""},
-    {"Havi tankolási költségek", "Ft", "Havi üzemanyag költség: ", kForints, ""},
-    {"Havi megtett kilométer", "km", "Havi megtett km.: ", kKilometres, ""},
-    {"Havi tankolt üzemanyag", "liter", "Havi tankolt üzemanyag: ", kLitres, ""},
-    {"Havi átlagfogyasztás", "liter/100 km", "Havi átlagfogyasztás: ", kLitres, "/100 km."},
-    {"100 km költség változásai.", "Ft/100 km", "100 km költség változásai.: ", kForintsWithoutPoint,
-     "/100 Km"},
+    {"Pillanatnyi fogyasztások", "pillanatnyi_fogyasztasok", "liter/100 km",
+     "Pillanatnyi fogyasztás: ", kLitres, ""},
+    {"Üzemanyag árak", "uzemanyag_arak", "Ft/liter", "Üzemanyag ár: ", kForints, ""},
+    {"Havi tankolási költségek", "havi_tankolasi_koltsegek", "Ft", "Havi üzemanyag költség: ", kForints, ""},
+    {"Havi megtett kilométer", "havi_megtett_km", "km", "Havi megtett km.: ", kKilometres, ""},
+    {"Havi tankolt üzemanyag", "havi_tankolt_uzemanyag", "liter", "Havi tankolt üzemanyag: ", kLitres, ""},
+    {"Havi átlagfogyasztás", "havi_atlagfogyasztas", "liter/100 km", "Havi átlagfogyasztás: ", kLitres,
+     "/100 km."},
+    {"100 km költség változásai.", "100_km_koltsege", "Ft/100 km",
+     "100 km költség változásai.: ", kForintsWithoutPoint, "/100 Km"},
 }};
 
 const Captions& captionsOf(int choice) {
@@ -43,6 +46,10 @@ const Captions& captionsOf(int choice) {
 
 std::string chartTitle(int choice) {
   return std::string(captionsOf(choice).title);
+}
+
+std::string chartFileName(int choice) {
+  return std::string(captionsOf(choice).fileName);
 }
 
 std::string chartUnit(int choice) {

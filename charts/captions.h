@@ -9,6 +9,9 @@ namespace tarvik::charts {
 /// The title of a chart (1 to 7), empty for any other choice.
 std::string chartTitle(int choice);
 
+/// What a chart (1 to 7) is called in the name of a file, empty for any other choice.
+std::string chartFileName(int choice);
+
 /// The unit of a chart's values (1 to 7), as it stands at its axis; empty for any other choice.
 std::string chartUnit(int choice);
 

@@ -29,6 +29,17 @@ TEST(ChartCaptions, TellTheUnitOfEachChart) {
   EXPECT_EQ(charts::chartUnit(0), "");
 }
 
+TEST(ChartCaptions, NameAFileOfEachChart) {
+  EXPECT_EQ(charts::chartFileName(1), "pillanatnyi_fogyasztasok");
+  EXPECT_EQ(charts::chartFileName(2), "uzemanyag_arak");
+  EXPECT_EQ(charts::chartFileName(3), "havi_tankolasi_koltsegek");
+  EXPECT_EQ(charts::chartFileName(4), "havi_megtett_km");
+  EXPECT_EQ(charts::chartFileName(5), "havi_tankolt_uzemanyag");
+  EXPECT_EQ(charts::chartFileName(6), "havi_atlagfogyasztas");
+  EXPECT_EQ(charts::chartFileName(7), "100_km_koltsege");
+  EXPECT_EQ(charts::chartFileName(0), "");
+}
+
 TEST(ChartTitle, IsEmptyWithoutAChart) {
   for (int choice : {-1, 0, 8}) EXPECT_EQ(chartTitle(choice), "") << choice;
 }

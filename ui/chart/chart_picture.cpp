@@ -63,7 +63,7 @@ void askAndSave(ChartView& chart) {
   const QString path =
       askFileToWrite({QStringLiteral("Grafikon mentése képként"),
                       QStringLiteral("PNG kép (*.png);;PDF dokumentum (*.pdf)"), QStringLiteral("png")},
-                     QStringLiteral("grafikon.png"), &chart);
+                     chart.pictureName() + QStringLiteral(".png"), &chart);
   if (!path.isEmpty() && !chart.savePicture(path)) tellFailure(chart, path);
 }
 

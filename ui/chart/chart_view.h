@@ -2,6 +2,8 @@
 
 #include <QStringList>
 #include <QWidget>
+#include <functional>
+#include <utility>
 
 #include "ui/chart/chart_content.h"
 
@@ -70,6 +72,11 @@ class ChartView : public QWidget {
   /// The outlines of the texts on both axes, for whoever checks that none covers another.
   QList<QPolygonF> axisLabelOutlines() const;
 
+  /// Says which name is proposed for a saved picture, without its ending; asked for at each saving.
+  void setPictureName(std::function<QString()> name) { pictureName_ = std::move(name); }
+  /// The name that is proposed for a saved picture, without its ending.
+  QString pictureName() const { return pictureName_(); }
+
   /// Copies the picture to the clipboard at twice the screen's resolution.
   void copyPicture() const;
   /// Saves the picture, as a PDF document when the path ends so and as PNG otherwise. Returns whether the
@@ -105,6 +112,7 @@ class ChartView : public QWidget {
   ChartContent content_;
   mutable ChartCanvas* canvas_ = nullptr;  // made when it is needed
   int pressedRow_ = 0;
+  std::function<QString()> pictureName_ = [] { return QStringLiteral("grafikon"); };
 };
 
 }  // namespace tarvik::ui

@@ -113,6 +113,7 @@ void frmTarvik::connectParts() {
   onClick(this, &entry_->chartButton(), &frmTarvik::toggleChart);
   connect(logbook_, &LogbookPane::entryChosen, entry_, &EntryForm::showEntry);
   connect(logbook_, &LogbookPane::choiceChanged, entry_, &EntryForm::setChosen);
+  connect(logbook_, &LogbookPane::listedAnew, chart_, &ChartPanel::redraw);
   onSignal(logbook_, &LogbookPane::importWanted, this, &frmTarvik::importLog);
 }
 
@@ -142,6 +143,7 @@ void frmTarvik::load() {
   guarded(this, [this] { setPlates(storedPlates(context_)); });
   guarded(this, [this] { loadStartSettings(); });
   guarded(this, [this] { beolvas(); }, {.failed = kListIncomplete});
+  entry_->startTyping();
 }
 
 void frmTarvik::beolvas() {

@@ -9,6 +9,7 @@
 #include "charts/scroll_view.h"
 #include "charts/series.h"
 #include "core/entry_editing.h"
+#include "ui/base/file_chooser.h"
 #include "ui/base/guarded.h"
 #include "ui/base/text.h"
 #include "ui/look/access.h"
@@ -44,8 +45,11 @@ ChartPanel::ChartPanel(Context& context, ChartSources sources, QWidget* parent)
   connect(ui_->HScroll1, &QScrollBar::valueChanged, this, [this] { quietly([this] { scroll(); }); });
   connect(ui_->txtGrafDb, &QLineEdit::textChanged, this,
           [this](const QString& text) { ui_->HScroll1->setPageStep(charts::recordsPerView(toLogic(text))); });
-  connect(ui_->Combo2, &QComboBox::currentIndexChanged, this, &ChartPanel::setType);
-  connect(ui_->MSChart1, &ChartView::pointSelected, this, [this](int, int row) { describePoint(row); });
+  connect(ui_->Combo2, &QComboBox::currentIndexChanged, this,
+          [this](int index) { guarded(window(), [&] { setType(index); }); });
+  connect(ui_->MSChart1, &ChartView::pointSelected, this,
+          [this](int, int row) { guarded(window(), [&] { describePoint(row); }); });
+  ui_->MSChart1->setPictureName([this] { return pictureName(); });
   setType(ui_->Combo2->currentIndex());
 }
 
@@ -67,10 +71,7 @@ void ChartPanel::toggle(QPushButton& button, QPoint mainTopLeft) {
 }
 
 void ChartPanel::showChart(int choice) {
-  const core::Logbook entries = logbook();
-  display(charts::seriesOf(choice, entries, toLogic(sources_.averageText())), charts::chartTitle(choice));
-  ui_->MSChart1->setUnitText(toQt(charts::chartUnit(choice)));
-  fitScrollBar(entries.count());
+  draw(choice, logbook());
   show();
   raise();
   ui_->MSChart1->raise();
@@ -80,8 +81,48 @@ void ChartPanel::showChart(int choice) {
   ui_->txtGrafDb->setVisible(scrolls);
 }
 
-core::Logbook ChartPanel::logbook() const {
-  return core::loadLogbook(context_.files, context_.folders, toLogic(sources_.plate()));
+void ChartPanel::redraw() {
+  const int choice = context_.state.chartChoice;
+  if (isHidden() || choice == charts::kNoChart) return;
+  const bool isDrawn = quietly([&] {
+    const core::Logbook entries = logbook();
+    const bool reaches = ui_->HScroll1->value() < entries.count();
+    isScrolled_&& reaches ? drawView(entries) : draw(choice, entries);
+  });
+  if (isDrawn) return;
+  isDrawable_ = false;
+  display({}, charts::chartTitle(choice));
+}
+
+// The latest entries, with the scroll bar at its beginning.
+void ChartPanel::draw(int choice, const core::Logbook& entries) {
+  display(charts::seriesOf(choice, entries, toLogic(sources_.averageText())), charts::chartTitle(choice));
+  ui_->MSChart1->setUnitText(toQt(charts::chartUnit(choice)));
+  fitScrollBar(entries.count());
+  const QSignalBlocker silent(ui_->HScroll1);
+  ui_->HScroll1->setValue(kFirstRecord);
+  isScrolled_ = false;
+}
+
+core::Logbook ChartPanel::logbook() {
+  plate_ = sources_.plate().trimmed();
+  isDrawable_ = false;
+  auto found = core::foundLogbook(context_.files, context_.folders, toLogic(plate_));
+  isDrawable_ = found.has_value();
+  return found ? std::move(*found) : core::Logbook();
+}
+
+void ChartPanel::sayWhose() {
+  const QString words = plate_.isEmpty() ? QStringLiteral("Nincs kiválasztva rendszám")
+                        : isDrawable_ ? plate_ + QStringLiteral(" naplójából, a lista szűrőjétől függetlenül")
+                                      : plate_ + QStringLiteral(" naplójából nem rajzolható grafikon");
+  ui_->lbGrafikon->setText(words);
+  ui_->lbGrafikon->setToolTip(words);
+}
+
+QString ChartPanel::pictureName() const {
+  const QString what = toQt(charts::chartFileName(context_.state.chartChoice));
+  return datedName(plate_ + QLatin1Char('_') + what, context_.clock.today());
 }
 
 // Numbered rows without a value, one a record; an empty logbook leaves the chart as it is.
@@ -103,6 +144,7 @@ void ChartPanel::display(std::vector<charts::ChartPoint> points, const std::stri
   }
   ui_->MSChart1->setPoints(labels, values);
   ui_->MSChart1->setTitleText(toQt(title));
+  sayWhose();
 }
 
 void ChartPanel::fitScrollBar(int records) {
@@ -112,12 +154,16 @@ void ChartPanel::fitScrollBar(int records) {
 }
 
 void ChartPanel::scroll() {
-  const core::Logbook entries = logbook();
+  drawView(logbook());
+}
+
+void ChartPanel::drawView(const core::Logbook& entries) {
   fitScrollBar(entries.count());
   const std::string countText = charts::usableCount(toLogic(ui_->txtGrafDb->text()));
   ui_->txtGrafDb->setText(toQt(countText));
   const charts::ScrollView view{ui_->HScroll1->value(), countText, ui_->chkGrafikon->isChecked()};
   display(charts::consumptionsFrom(entries, view), charts::chartTitle(charts::kConsumptions));
+  isScrolled_ = true;
 }
 
 void ChartPanel::setType(int index) {

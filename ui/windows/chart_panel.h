@@ -43,8 +43,17 @@ class ChartPanel : public QFrame {
   /// read or its sums leave their types; the panel then is as it was.
   void showChart(int choice);
 
+  /// Draws a shown chart anew, of the logbook as it is now: what was scrolled to stays where the logbook
+  /// still reaches there. A chart that cannot be drawn leaves no other vehicle's behind: it is empty, and the
+  /// panel says so.
+  void redraw();
+
  private:
-  core::Logbook logbook() const;
+  core::Logbook logbook();
+  void draw(int choice, const core::Logbook& entries);
+  void drawView(const core::Logbook& entries);
+  void sayWhose();
+  QString pictureName() const;
   void resetGrid();
   void display(std::vector<charts::ChartPoint> points, const std::string& title);
   void fitScrollBar(int records);
@@ -56,6 +65,9 @@ class ChartPanel : public QFrame {
   ChartSources sources_;
   std::unique_ptr<Ui::FrmGrafikon> ui_;
   std::vector<charts::ChartPoint> points_;
+  QString plate_;            // whose logbook is drawn
+  bool isDrawable_ = true;   // that logbook was there, and its chart could be computed
+  bool isScrolled_ = false;  // the view is the scroll bar's, not the latest entries
 };
 
 }  // namespace tarvik::ui
