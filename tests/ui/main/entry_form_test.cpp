@@ -1,0 +1,119 @@
+#include "ui/main/entry_form.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QSignalSpy>
+
+#include "tests/ui/screen_test.h"
+#include "tests/ui/support.h"
+
+namespace tarvik::ui {
+namespace {
+
+struct Form : test::Desk {
+  Form() { part.show(); }
+  QLineEdit& edit(const char* name) { return *test::part<QLineEdit>(part, name); }
+  QPushButton& button(const char* name) { return *test::part<QPushButton>(part, name); }
+
+  EntryForm part{context, nullptr};
+};
+
+core::EntryInput anInput() {
+  return {.kmOra = "10500",
+          .tankoltLiter = "35,25",
+          .tankoltKtg = "14100",
+          .ftPerLiter = "399,99",
+          .alkatresz = "Olajszűrő",
+          .alkatreszKtg = "2500",
+          .megjegyzes = "Tankolás + mosás",
+          .megjKtg = "800",
+          .datum = core::dayOf({2013, 7, 5}),
+          .teletank = false,
+          .olajcsere = true,
+          .szurocsere = true,
+          .gyertyacsere = true};
+}
+
+// All fields of an input in one line.
+QString lineOf(const core::EntryInput& input) {
+  QStringList texts;
+  for (const std::string& text :
+       {input.kmOra, input.tankoltLiter, input.tankoltKtg, input.ftPerLiter, input.alkatresz,
+        input.alkatreszKtg, input.megjegyzes, input.megjKtg, core::shortDate(input.datum)})
+    texts << QString::fromStdString(text);
+  for (const bool flag : {input.teletank, input.olajcsere, input.szurocsere, input.gyertyacsere})
+    texts << (flag ? "x" : "-");
+  return texts.join('|');
+}
+
+}  // namespace
+
+class EntryFormTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void beginsWithTodayAndANoteAndAFullTank() {
+    Form form;
+    form.part.load();
+    QCOMPARE(lineOf(form.part.input()), QString("||||||Tankolás||2013.07.05.|x|-|-|-"));
+  }
+
+  void whatIsShownIsWhatIsInTheFieldsThePriceToo() {
+    Form form;
+    form.part.load();
+    form.part.showInput(anInput());
+    QCOMPARE(lineOf(form.part.input()), QString("10500|35,25|14100|399,99|Olajszűrő|2500|Tankolás + "
+                                                "mosás|800|2013.07.05.|-|x|x|x"));
+  }
+
+  void anEntryBringsItsDayAndOneWithADamagedDayLeavesIt() {
+    Form form;
+    form.part.showEntry({anInput(), core::dayOf({1999, 12, 31})});
+    QCOMPARE(form.part.input().datum, core::dayOf({1999, 12, 31}));
+    form.part.showEntry({anInput(), {}});
+    QCOMPARE(form.part.input().datum, core::dayOf({1999, 12, 31}));
+  }
+
+  void theNextEntryBeginsWithTheNotesCostAndTheDayAndAFullTank() {
+    Form form;
+    form.part.showEntry({anInput(), core::dayOf({1999, 12, 31})});
+    form.part.beginNext();
+    QCOMPARE(lineOf(form.part.input()), QString("|||||||800|1999.12.31.|x|-|-|-"));
+    form.edit("txMegjKtg").clear();
+    form.part.beginNext();
+    QCOMPARE(form.edit("txMegjKtg").text(), QString("0"));
+  }
+
+  void eachButtonAsksForItsWorkAlone() {
+    Form form;
+    form.part.setChosen(true);
+    const std::pair<const char*, void (EntryForm::*)()> buttons[] = {
+        {"cmd_rogzit", &EntryForm::recordWanted},
+        {"cmd_modosit", &EntryForm::modifyWanted},
+        {"cmd_del", &EntryForm::deleteWanted},
+        {"cmd_lista", &EntryForm::listWanted},
+        {"cmd_figyel", &EntryForm::remindersWanted}};
+    for (const auto& [name, signal] : buttons) {
+      std::vector<std::unique_ptr<QSignalSpy>> spies;
+      for (const auto& [other, its] : buttons) spies.push_back(std::make_unique<QSignalSpy>(&form.part, its));
+      test::press(form.button(name));
+      for (std::size_t i = 0; i < spies.size(); ++i)
+        QCOMPARE(spies[i]->size(), buttons[i].first == name ? 1 : 0);
+    }
+  }
+
+  void onlyAChosenEntryCanBeModifiedOrDeleted() {
+    Form form;
+    for (const bool isChosen : {false, true, false}) {
+      form.part.setChosen(isChosen);
+      QCOMPARE(form.button("cmd_modosit").isEnabled(), isChosen);
+      QCOMPARE(form.button("cmd_del").isEnabled(), isChosen);
+      QVERIFY(form.button("cmd_rogzit").isEnabled());
+    }
+  }
+};
+
+}  // namespace tarvik::ui
+
+TARVIK_SCREEN_TEST(tarvik::ui::EntryFormTest)
+#include "entry_form_test.moc"

@@ -1,0 +1,77 @@
+#include "ui/main/reminder_switch.h"
+
+#include <QCheckBox>
+
+#include "tests/reminders/builders.h"
+#include "tests/ui/next_dialog.h"
+#include "tests/ui/screen_test.h"
+#include "tests/ui/support.h"
+#include "ui/windows/riaszt.h"
+
+namespace tarvik::ui {
+namespace {
+
+struct Switch : test::Desk {
+  QCheckBox& box() { return *test::part<QCheckBox>(part, "Check1"); }
+  QTimer& timer() { return *part.findChild<QTimer*>("Timer1"); }
+
+  ReminderSwitch part{context, nullptr};
+};
+
+}  // namespace
+
+class ReminderSwitchTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void isOnAndChecksAndReadsNothing() {
+    Switch reminders;
+    QVERIFY(reminders.box().isChecked());
+    QCOMPARE(reminders.box().text(), QString(" Bekapcsolva "));
+    QVERIFY(reminders.timer().isActive());
+    QVERIFY(reminders.current.names().empty());
+  }
+
+  void onePutAsItStandsIsNotSaved() {
+    Switch reminders;
+    reminders.part.setOn(true);
+    QVERIFY(!reminders.current.has("set.dat"));
+    reminders.part.setOn(false);
+    QVERIFY(reminders.current.has("set.dat"));
+    QVERIFY(!reminders.timer().isActive());
+  }
+
+  void theTimerRunsAndRestsWhateverTheSwitchSays() {
+    Switch reminders;
+    reminders.part.setChecking(false);
+    QVERIFY(!reminders.timer().isActive());
+    QVERIFY(reminders.box().isChecked());
+    reminders.part.setOn(false);
+    reminders.part.setChecking(true);
+    QVERIFY(reminders.timer().isActive());
+  }
+
+  void theVehicleThatWasSetLastIsChecked() {
+    Switch reminders;
+    for (const char* plate : {"ABC123", "XYZ789"}) reminders.program.makeFolder(plate);
+    reminders.program.write("ABC123/napiadat.dat", test::fileOf({test::entry(900, 41'456)}));
+    reminders.program.write("XYZ789/napiadat.dat", test::fileOf({test::entry(999, 41'456)}));
+    reminders.current.write("figyel.dat", test::fileOf({test::kmReminder(900, 50, "Olajcsere", "XYZ789")}));
+    QString alerted;
+    const auto tick = [&] { QMetaObject::invokeMethod(&reminders.timer(), "timeout"); };
+    reminders.part.setPlate("ABC123  ");
+    tick();
+    reminders.part.setPlate("XYZ789  ");
+    test::onNextDialog<riaszt>([&](riaszt& alert) {
+      alerted = test::part<QLineEdit>(alert, "tx_utolso_km")->text();
+      alert.close();
+    });
+    tick();
+    QCOMPARE(alerted, QString("999"));
+  }
+};
+
+}  // namespace tarvik::ui
+
+TARVIK_SCREEN_TEST(tarvik::ui::ReminderSwitchTest)
+#include "reminder_switch_test.moc"
