@@ -7,12 +7,18 @@
 
 namespace tarvik::ui {
 
+/// The window of a part of a screen, or of what belongs to a part.
+inline QWidget* windowOf(QObject* part) {
+  while (part != nullptr && !part->isWidgetType()) part = part->parent();
+  return part == nullptr ? nullptr : static_cast<QWidget*>(part)->window();
+}
+
 /// Lets a signal of a part of a screen, whatever it carries, run the screen's handler; a failure in it is
 /// told.
 template <typename Part, typename Signal, typename Screen>
 void onSignal(Part* part, Signal signal, Screen* screen, void (Screen::*handler)()) {
   QObject::connect(part, signal, screen,
-                   [part, screen, handler] { guarded(part->window(), [=] { (screen->*handler)(); }); });
+                   [part, screen, handler] { guarded(windowOf(part), [=] { (screen->*handler)(); }); });
 }
 
 /// Lets a press of the button run the screen's handler; a failure in it is told.

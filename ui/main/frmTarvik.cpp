@@ -104,7 +104,7 @@ void frmTarvik::place() {
 
 void frmTarvik::connectParts() {
   new PlateChooser(ui_->Combo1, [this] { guarded(this, [this] { toggleFilter(); }); });
-  connect(ui_->Combo1, &QComboBox::currentTextChanged, this, &frmTarvik::followPlate);
+  onSignal(ui_->Combo1, &QComboBox::currentTextChanged, this, &frmTarvik::followPlate);
   new EntryChanges(
       context_, *entry_, *logbook_, [this] { return plate(); },
       [this](const QString& consequence) { return refusesBlankPlate(consequence); });
@@ -113,7 +113,7 @@ void frmTarvik::connectParts() {
   onClick(this, &entry_->chartButton(), &frmTarvik::toggleChart);
   connect(logbook_, &LogbookPane::entryChosen, entry_, &EntryForm::showEntry);
   connect(logbook_, &LogbookPane::choiceChanged, entry_, &EntryForm::setChosen);
-  connect(logbook_, &LogbookPane::listedAnew, chart_, &ChartPanel::redraw);
+  onSignal(logbook_, &LogbookPane::listedAnew, chart_, &ChartPanel::redraw);
   onSignal(logbook_, &LogbookPane::importWanted, this, &frmTarvik::importLog);
 }
 
@@ -132,7 +132,7 @@ void frmTarvik::setUpKeyboard() {
   for (const QKeySequence& keys : {QKeySequence(Qt::Key_F6), QKeySequence(Qt::CTRL | Qt::Key_L)}) {
     auto* key = new QShortcut(keys, this);
     key->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(key, &QShortcut::activated, this, &frmTarvik::jump);
+    onSignal(key, &QShortcut::activated, this, &frmTarvik::jump);
   }
 }
 

@@ -68,7 +68,7 @@ void LogbookPane::setUpFilter() {
 void LogbookPane::onFilterKey(Qt::Key key, void (LogbookPane::*handler)()) {
   auto* shortcut = new QShortcut(key, ui_->FrameSzürö);
   shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-  connect(shortcut, &QShortcut::activated, this, handler);
+  onSignal(shortcut, &QShortcut::activated, this, handler);
 }
 
 void LogbookPane::load() {
