@@ -86,8 +86,8 @@ void ChartPanel::redraw() {
   if (isHidden() || choice == charts::kNoChart) return;
   const bool isDrawn = quietly([&] {
     const core::Logbook entries = logbook();
-    const bool reaches = ui_->HScroll1->value() < entries.count();
-    isScrolled_&& reaches ? drawView(entries) : draw(choice, entries);
+    const bool stays = isScrolled_ && ui_->HScroll1->value() < entries.count();
+    stays ? drawView(entries) : draw(choice, entries);
   });
   if (isDrawn) return;
   isDrawable_ = false;
