@@ -48,7 +48,7 @@ void NoteTypeAhead::selectWhole(Qt::FocusReason reason) {
 bool NoteTypeAhead::complete(const QString& key) {
   const qsizetype selected = edit_->hasSelectedText() ? edit_->selectedText().size() : 0;
   const qsizetype start = edit_->hasSelectedText() ? edit_->selectionStart() : edit_->cursorPosition();
-  if (start + selected != edit_->text().size()) return false;
+  if (!isBlank(edit_->text().mid(start + selected))) return false;
   const auto found = find_(edit_->text().left(start), key);
   if (!found) return false;
   const QString note = toQt(found->note);

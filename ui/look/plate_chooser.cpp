@@ -16,6 +16,12 @@ bool endsEditing(const QEvent& event) {
   return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
+bool isArrow(const QEvent& event) {
+  if (event.type() != QEvent::KeyPress) return false;
+  const int key = static_cast<const QKeyEvent&>(event).key();
+  return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp || key == Qt::Key_PageDown;
+}
+
 }  // namespace
 
 PlateChooser::PlateChooser(QComboBox* box, std::function<void()> chosen)
@@ -28,8 +34,17 @@ PlateChooser::PlateChooser(QComboBox* box, std::function<void()> chosen)
 }
 
 bool PlateChooser::eventFilter(QObject* watched, QEvent* event) {
-  if (watched != box_ || isTyped_) return false;
+  if (watched != box_ || isTyped_ || isStepping_) return false;
+  if (isArrow(*event)) return step(event);
   return endsEditing(*event) && handOn(event);
+}
+
+// The next arrow goes on from the plate that this one chose, whatever the choice brought up.
+bool PlateChooser::step(QEvent* event) {
+  const QScopedValueRollback<bool> own(isStepping_, true);
+  QCoreApplication::sendEvent(box_, event);
+  box_->setFocus();
+  return true;
 }
 
 bool PlateChooser::handOn(QEvent* event) {

@@ -7,25 +7,28 @@
 
 #include "tests/ui/by_hand.h"
 #include "tests/ui/screen_test.h"
+#include "ui/look/editable_box.h"
 
 namespace tarvik::ui {
 
 /// A chooser of three plates with a field behind it, and how often a plate was chosen.
 struct Form {
-  Form() {
+  explicit Form(const std::function<void(Form&)>& choose = [](Form&) {}) {
     auto* column = new QVBoxLayout(&window);
     column->addWidget(&box);
     column->addWidget(&other);
-    box.setEditable(true);
     box.setInsertPolicy(QComboBox::NoInsert);
     box.addItems({"ABCD-123", "DEF-456 ", "GHI-789 "});
     box.setCurrentIndex(-1);
-    new PlateChooser(&box, [this] { ++chosen; });
+    new PlateChooser(&box, [this, choose] {
+      ++chosen;
+      choose(*this);
+    });
     window.show();
     if (!QTest::qWaitForWindowActive(&window)) qFatal("the form did not come to the front");
   }
   QWidget window;
-  QComboBox box;
+  EditableBox box;
   QLineEdit other;
   int chosen = 0;
 };
@@ -56,6 +59,27 @@ class PlateChooserTest : public QObject {
     QTest::keyClick(&form.box, Qt::Key_Down);
     QCOMPARE(form.chosen, 1);
     QCOMPARE(form.box.currentText(), QString("ABCD-123"));
+  }
+
+  void anArrowGoesFromTheShownPlateToItsNeighbourAndStaysInTheChooser() {
+    Form form([](Form& opened) { opened.other.setFocus(); });
+    form.box.setEditText("DEF-456   ");
+    form.box.setFocus();
+    QTest::keyClick(&form.box, Qt::Key_Down);
+    QCOMPARE(form.box.currentText(), QString("GHI-789 "));
+    QVERIFY(form.box.hasFocus());
+    QTest::keyClick(&form.box, Qt::Key_Up);
+    QTest::keyClick(&form.box, Qt::Key_Up);
+    QCOMPARE(form.box.currentText(), QString("ABCD-123"));
+    QTest::keyClick(&form.box, Qt::Key_Up);
+    QCOMPARE(form.chosen, 3);
+    QVERIFY(form.box.hasFocus());
+  }
+
+  void aClickInTheListLeavesTheKeyboardWhereTheChoicePutsIt() {
+    Form form([](Form& opened) { opened.other.setFocus(); });
+    test::choose(form.box, 1);
+    QVERIFY(form.other.hasFocus());
   }
 
   void aTypedPlateOfTheListIsNoChoice_data() {
