@@ -13,6 +13,31 @@ void defaultToZero(std::string& text) {
   if (trimmed(text).empty()) text.assign(1, '0');
 }
 
+bool isNumeric(const TextAtCursor& text) {
+  const std::string whole = text.before + text.behind;
+  return whole.empty() || localeNumber(whole).has_value();
+}
+
+// What a number can have, a no-break space as its two bytes, and the point, which may stand for a comma: a
+// number without it would be another one.
+std::string withoutStrays(std::string_view text) {
+  constexpr std::string_view kOfNumbers = "0123456789,.+- ";
+  constexpr std::string_view kNoBreakSpace = "\xC2\xA0";
+  std::string kept;
+  while (!text.empty()) {
+    const std::size_t length = text.starts_with(kNoBreakSpace) ? 2 : 1;
+    if (length == 2 || kOfNumbers.find(text.front()) != std::string_view::npos)
+      kept += text.substr(0, length);
+    text.remove_prefix(length);
+  }
+  return kept;
+}
+
+void dropLast(std::string& text) {
+  while (text.size() > 1 && (static_cast<unsigned char>(text.back()) & 0xC0U) == 0x80U) text.pop_back();
+  text.pop_back();
+}
+
 }  // namespace
 
 EntryInput withDefaults(EntryInput input) {
@@ -40,6 +65,16 @@ NapiAdat toEntry(const EntryInput& input) {
   entry.MegjKtg = requiredWhole32(input.megjKtg, "txMegjKtg");
   entry.Megjegyzes = FixedText<50>(input.megjegyzes);
   return entry;
+}
+
+bool hasEntry(const Logbook& logbook, const EntryInput& input) {
+  NapiAdat entry = toEntry(withDefaults(input));
+  for (int number = 1; number <= logbook.count(); ++number) {
+    const NapiAdat known = logbook.record(number);
+    entry.Fogyasztas = known.Fogyasztas;
+    if (known == entry) return true;
+  }
+  return false;
 }
 
 ShownEntry toInput(const NapiAdat& entry) {
@@ -72,11 +107,10 @@ std::optional<std::string> pricePerLitre(std::string_view tankoltKtg, std::strin
   return formatted(Ratio(toWhole(*cost)) / *litres, "###.00");
 }
 
-std::string numericPart(std::string text) {
-  while (!text.empty() && !localeNumber(text)) {
-    while (text.size() > 1 && (static_cast<unsigned char>(text.back()) & 0xC0U) == 0x80U) text.pop_back();
-    text.pop_back();
-  }
+TextAtCursor numericPart(TextAtCursor text) {
+  if (isNumeric(text)) return text;
+  text = {withoutStrays(text.before), withoutStrays(text.behind)};
+  while (!isNumeric(text)) dropLast(text.before.empty() ? text.behind : text.before);
   return text;
 }
 

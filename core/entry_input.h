@@ -33,6 +33,10 @@ EntryInput withDefaults(EntryInput input);
 /// the name of the field's control. The blank fields must have their defaults.
 NapiAdat toEntry(const EntryInput& input);
 
+/// Whether a logbook has the entry that the input stands for already, its consumption aside. Throws as
+/// toEntry does; blank fields count as their defaults.
+bool hasEntry(const Logbook& logbook, const EntryInput& input);
+
 /// The input fields that show an entry: numbers in their plain text form, texts trimmed. A damaged date
 /// gives nothing, so that the date on the screen stays.
 struct ShownEntry {
@@ -49,7 +53,17 @@ Amount storedConsumption(std::string_view shown);
 /// no number or 0.
 std::optional<std::string> pricePerLitre(std::string_view tankoltKtg, std::string_view tankoltLiter);
 
-/// What a numeric field keeps of its text: characters go from the end until it is empty or a number.
-std::string numericPart(std::string text);
+/// The text of a field, in UTF-8, with the cursor between its two parts.
+struct TextAtCursor {
+  std::string before;
+  std::string behind;
+
+  friend bool operator==(const TextAtCursor&, const TextAtCursor&) = default;
+};
+
+/// What a numeric field keeps of its text, so that it is empty or a number: letters and signs that no number
+/// has go, wherever they stand; if that is not enough, such as of two commas, the characters before the
+/// cursor go, which were typed last, and then those at the end.
+TextAtCursor numericPart(TextAtCursor text);
 
 }  // namespace tarvik::core

@@ -270,32 +270,70 @@ TEST(PricePerLitre, StaysWhileAFieldIsEmptyZeroOrNoNumber) {
   EXPECT_EQ(pricePerLitre("1.5", "40"), std::nullopt);
 }
 
-// What a numeric field keeps.
+// What a numeric field keeps; the cursor is behind the first text.
+
+std::string keptOf(std::string typed) {
+  const TextAtCursor kept = numericPart({.before = std::move(typed), .behind = ""});
+  EXPECT_EQ(kept.behind, "");
+  return kept.before;
+}
 
 TEST(NumericPart, ALetterIsRemovedAtOnce) {
-  EXPECT_EQ(numericPart("12a"), "12");
-  EXPECT_EQ(numericPart("a"), "");
-  EXPECT_EQ(numericPart("12ő"), "12");
-  EXPECT_EQ(numericPart("40.5"), "40");
+  EXPECT_EQ(keptOf("12a"), "12");
+  EXPECT_EQ(keptOf("a"), "");
+  EXPECT_EQ(keptOf("12ő"), "12");
+  EXPECT_EQ(keptOf("40.5"), "40");
 }
 
 TEST(NumericPart, ANumberStaysAsItWasTyped) {
   for (const char* number : {"", "12", "40,", "40,5", "-3", ",5", "1 234",
                              "1\xC2\xA0"
                              "234"})
-    EXPECT_EQ(numericPart(number), number);
+    EXPECT_EQ(keptOf(number), number);
 }
 
-TEST(NumericPart, PastedTextKeepsWhatANumberBeginsWith) {
-  EXPECT_EQ(numericPart("12 abc"), "12 ");
-  EXPECT_EQ(numericPart("1a2b3"), "1");
-  EXPECT_EQ(numericPart("árvíztűrő"), "");
-  EXPECT_EQ(numericPart("1,2,3"), "1,2");
+TEST(NumericPart, AStrayLetterGoesAloneWhereverItStands) {
+  EXPECT_EQ(numericPart({"9x", "1234"}), (TextAtCursor{"9", "1234"}));
+  EXPECT_EQ(numericPart({"9ő", "1234,5"}), (TextAtCursor{"9", "1234,5"}));
+  EXPECT_EQ(numericPart({"x", "12"}), (TextAtCursor{"", "12"}));
+  EXPECT_EQ(numericPart({"12", "x"}), (TextAtCursor{"12", ""}));
+}
+
+TEST(NumericPart, ASecondCommaGoesWhereItWasTyped) {
+  EXPECT_EQ(numericPart({"1,", "2,5"}), (TextAtCursor{"1", "2,5"}));
+  EXPECT_EQ(numericPart({"12,5,", ""}), (TextAtCursor{"12,5", ""}));
+  EXPECT_EQ(numericPart({"12-", "5"}), (TextAtCursor{"12", "5"}));
+  EXPECT_EQ(numericPart({"", "1,2,3"}), (TextAtCursor{"", "1,2"}));
+}
+
+TEST(NumericPart, PastedTextLosesItsLettersAlone) {
+  EXPECT_EQ(keptOf("9x1234"), "91234");
+  EXPECT_EQ(keptOf("12 abc"), "12 ");
+  EXPECT_EQ(keptOf("1a2b3"), "123");
+  EXPECT_EQ(keptOf("árvíztűrő"), "");
+  EXPECT_EQ(keptOf("1,2,3"), "1,2");
 }
 
 TEST(NumericPart, MalformedTextGoesWithoutACrash) {
-  EXPECT_EQ(numericPart("12\xC5"), "12");
-  EXPECT_EQ(numericPart("\x80\x80\x80"), "");
+  EXPECT_EQ(keptOf("12\xC5"), "12");
+  EXPECT_EQ(keptOf("\x80\x80\x80"), "");
+}
+
+// Whether a logbook has what is typed.
+
+TEST(HasEntry, AnEntryThatIsShownAgainIsKnownWhateverItsConsumption) {
+  EntryInput typed;
+  typed.kmOra = "12600";
+  typed.tankoltLiter = "40,5";
+  typed.datum = Day{41'460};
+  NapiAdat entry = toEntry(withDefaults(typed));
+  entry.Fogyasztas = {72'500};
+  const Logbook logbook = Logbook::of(std::vector{NapiAdat{}, entry});
+  EntryInput shown = toInput(entry).input;
+  EXPECT_TRUE(hasEntry(logbook, shown));
+  shown.kmOra = "12601";
+  EXPECT_FALSE(hasEntry(logbook, shown));
+  EXPECT_FALSE(hasEntry({}, shown));
 }
 
 }  // namespace

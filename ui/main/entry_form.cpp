@@ -155,7 +155,7 @@ void EntryForm::quickAdd(QComboBox* field, const settings::LookupFile& list, con
     const QString prompt =
         QStringLiteral("Ez az %1 már szerepel az adatbázisban\n \n'' %2 ''  néven!\n \nMég is felveszed?");
     if (!ask(window(), QStringLiteral(" Meglévő megjegyzés!"), prompt.arg(what, toQt(text)),
-             DefaultAnswer::Yes))
+             DefaultAnswer::No))
       return;
   }
   carryOut(
@@ -187,12 +187,17 @@ std::optional<settings::CompletedNote> EntryForm::completedNote(const QString& t
   return found;
 }
 
+// The focus is the field's again, and the cursor where the stray letter was.
 void EntryForm::keepNumeric(QLineEdit* field) {
-  const QString kept = toQt(core::numericPart(toLogic(field->text())));
-  if (kept == field->text()) return;
-  field->setText(kept);
+  const QString text = field->text();
+  const int cursor = field->cursorPosition();
+  const core::TextAtCursor kept =
+      core::numericPart({.before = toLogic(text.left(cursor)), .behind = toLogic(text.mid(cursor))});
+  const QString before = toQt(kept.before);
+  if (before + toQt(kept.behind) == text) return;
+  field->setText(before + toQt(kept.behind));
   field->setFocus();
-  field->setCursorPosition(static_cast<int>(kept.size()));
+  field->setCursorPosition(static_cast<int>(before.size()));
 }
 
 void EntryForm::showPrice() {

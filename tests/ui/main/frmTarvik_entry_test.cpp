@@ -9,7 +9,7 @@ namespace {
 const SeenBox kRecordQuestion = questionBox(" Rögzítés az adatállományban !",
                                             "Biztos JÓK az adatok ?\nMehet a rögzítés ?", QMessageBox::Yes);
 const SeenBox kModifyQuestion = questionBox(" Módosítás az adatállományban !",
-                                            "Biztos JÓK az adatok ?\nMehet a módosítás ?", QMessageBox::Yes);
+                                            "Biztos JÓK az adatok ?\nMehet a módosítás ?", QMessageBox::No);
 const SeenBox kNoKm = errorBox(" H i b a !", "Nincs beírva kilométer óra állás!\nÍgy nem rögzíthető...");
 const SeenBox kNoPlate = errorBox(" H i b a !", "Nincs megadva rendszám!\nÍgy nem rögzíthető...");
 
@@ -398,7 +398,7 @@ class FrmTarvikEntryTest : public QObject {
       return questionBox(
           " Meglévő megjegyzés!",
           "Ez az alkatrész már szerepel az adatbázisban\n \n'' " + text + " ''  néven!\n \nMég is felveszed?",
-          QMessageBox::Yes);
+          QMessageBox::No);
     };
     BoxScript boxes({QMessageBox::Yes, QMessageBox::Yes, QMessageBox::Yes});
     main.press("cmdAlkatresz");
@@ -445,9 +445,58 @@ class FrmTarvikEntryTest : public QObject {
     }
     main.type("txKmOra", "");
     main.edit("txKmOra")->insert("1x2");
-    QCOMPARE(main.edit("txKmOra")->text(), QString("1"));
+    QCOMPARE(main.edit("txKmOra")->text(), QString("12"));
     main.edit("txKmOra")->insert("7őű");
-    QCOMPARE(main.edit("txKmOra")->text(), QString("17"));
+    QCOMPARE(main.edit("txKmOra")->text(), QString("127"));
+  }
+
+  void aStrayLetterInsideANumberGoesAloneAndTheCursorStays() {
+    MainScreen main;
+    main.open();
+    for (const char* name : {"txKmOra", "txTankoltLiter", "txTankoltKtg", "txAlkatreszKtg"}) {
+      QLineEdit* const field = main.edit(name);
+      main.type(name, "91234");
+      field->setCursorPosition(1);
+      QTest::keyClicks(field, "x");
+      QCOMPARE(field->text(), QString("91234"));
+      QCOMPARE(field->cursorPosition(), 1);
+      typeKeys(*field, "5é6");
+      QCOMPARE(field->text(), QString("9561234"));
+      QCOMPARE(field->cursorPosition(), 3);
+      QVERIFY(field->hasFocus());
+    }
+    main.type("txTankoltLiter", "40,5");
+    main.edit("txTankoltLiter")->setCursorPosition(1);
+    QTest::keyClicks(main.edit("txTankoltLiter"), ",");
+    QCOMPARE(main.edit("txTankoltLiter")->text(), QString("40,5"));
+    main.type("txTankoltKtg", "");
+    main.edit("txTankoltKtg")->insert("9x1234");
+    QCOMPARE(main.edit("txTankoltKtg")->text(), QString("91234"));
+    QCOMPARE(main.label("lbFtperLiter"), QString("2252,69"));
+  }
+
+  void whatIsTypedBehindAChosenPartOrNoteIsStored() {
+    MainScreen main;
+    main.folder.write("alkatr.dat", padded("OLAJ", 50) + padded("SZURO", 50));
+    main.folder.write("megjegyz.dat", padded("MOSAS", 50));
+    main.writeLogbook("ABC123", {});
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    main.type("txKmOra", "100");
+    for (const char* name : {"txAlkatresz", "txMegjegyzes"}) {
+      main.type(name, "");
+      QComboBox* const field = main.combo(name);
+      QTest::keyClick(field, Qt::Key_Down);
+      QCOMPARE(field->currentText().size(), 50);
+      QTest::keyClicks(field->lineEdit(), " 5L");
+      QCOMPARE(field->currentText().size(), 50);
+    }
+    BoxScript boxes({QMessageBox::Yes});
+    main.press("cmd_rogzit");
+    QCOMPARE(main.stored("ABC123", 1).Alkatresz.trimmed(), std::string("OLAJ 5L"));
+    QCOMPARE(main.stored("ABC123", 1).Megjegyzes.trimmed(), std::string("MOSAS 5L"));
+    QTest::keyClick(main.combo("txAlkatresz"), Qt::Key_Down);
+    QCOMPARE(main.combo("txAlkatresz")->currentText().trimmed(), QString("OLAJ"));
   }
 
   void typingANoteOffersTheLastOneThatGoesOnLikeThis() {
