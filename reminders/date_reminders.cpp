@@ -20,6 +20,13 @@ ReminderRow rowOf(const FigyDatumRec& reminder, int record) {
           .record = std::to_string(record)};
 }
 
+FigyDatumRec recordOf(const DateReminderEntry& entry, core::Day today) {
+  return {.Mikor = core::toStored(entry.when),
+          .Beirva = core::FixedText<10>(core::shortDate(today)),
+          .Szoveg = core::FixedText<40>(entry.text),
+          .Rendszam = core::FixedText<10>(entry.plate)};
+}
+
 }  // namespace
 
 DateReminders loadDateReminders(core::FileSystem& files, const core::DataFolders& folders) {
@@ -76,13 +83,19 @@ DateReminderDetails dateReminderDetails(const FigyDatumRec& reminder, core::Day 
           .daysLeft = daysLeftText(*when, today)};
 }
 
+bool addsReminder(const DateReminders& known, const DateReminderEntry& entry) {
+  FigyDatumRec wanted = recordOf(entry, {});
+  for (int number = 1; number <= known.count(); ++number) {
+    const FigyDatumRec stored = known.record(number);
+    wanted.Beirva = stored.Beirva;
+    if (stored == wanted) return false;
+  }
+  return true;
+}
+
 void recordDateReminder(core::FileSystem& files, const core::DataFolders& folders,
                         const DateReminderEntry& entry, core::Day today) {
-  const FigyDatumRec reminder{.Mikor = core::toStored(entry.when),
-                              .Beirva = core::FixedText<10>(core::shortDate(today)),
-                              .Szoveg = core::FixedText<40>(entry.text),
-                              .Rendszam = core::FixedText<10>(entry.plate)};
-  openFile(files, folders).append(core::encoded(reminder));
+  openFile(files, folders).append(core::encoded(recordOf(entry, today)));
 }
 
 void deleteDateReminder(core::FileSystem& files, const core::DataFolders& folders,

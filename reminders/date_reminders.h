@@ -60,6 +60,9 @@ std::string daysLeftText(core::Day when, core::Day today);
 /// What the alert screen shows of a reminder. Throws Failure(OutOfRange) when its stored day is none.
 DateReminderDetails dateReminderDetails(const FigyDatumRec& reminder, core::Day today);
 
+/// Whether a reminder is not there yet, the day of its recording aside.
+bool addsReminder(const DateReminders& known, const DateReminderEntry& entry);
+
 /// Appends a date reminder, whatever its text. Throws Failure when it cannot be saved.
 void recordDateReminder(core::FileSystem& files, const core::DataFolders& folders,
                         const DateReminderEntry& entry, core::Day today);

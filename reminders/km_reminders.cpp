@@ -60,6 +60,17 @@ FigyelRec filledFrom(FigyelRec before, const KmReminderEntry& entry, core::Day t
   return before;
 }
 
+bool addsReminder(const KmReminders& known, const KmReminderEntry& entry) {
+  if (core::trimmed(entry.text).empty()) return known.count() == 0;
+  FigyelRec wanted = filledFrom(known.record(known.count()), entry, {});
+  for (int number = 1; number <= known.count(); ++number) {
+    const FigyelRec stored = known.record(number);
+    wanted.RogzDatum = stored.RogzDatum;
+    if (stored == wanted) return false;
+  }
+  return true;
+}
+
 void recordKmReminder(core::FileSystem& files, const core::DataFolders& folders, const KmReminderEntry& entry,
                       core::Day today) {
   core::RecordFile file = openFile(files, folders);

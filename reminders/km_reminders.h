@@ -31,6 +31,10 @@ std::vector<ReminderRow> kmReminderRows(const KmReminders& reminders);
 /// 32 bits, leaves what that record has; fractions are rounded, halves to even.
 FigyelRec filledFrom(FigyelRec before, const KmReminderEntry& entry, core::Day today);
 
+/// Whether recording an entry adds a reminder that is not there yet: false where its text is blank and record
+/// 1 would be overwritten, and where a reminder is the same but for the day of its recording.
+bool addsReminder(const KmReminders& known, const KmReminderEntry& entry);
+
 /// Records a km reminder. It is appended behind the last one, whose figures stand in for those that do not
 /// convert; the places of deleted reminders are not used again. An entry with a blank text overwrites record
 /// 1 where there is one, and that reminder is gone. Throws Failure when it cannot be saved.

@@ -44,6 +44,15 @@ std::vector<std::string> numbersOf(const std::vector<ReminderRow>& rows) {
   return numbers;
 }
 
+TEST(AddsDateReminder, WhatIsThereAlreadyIsNotNew) {
+  const auto known = test::listOf({test::dateReminder(20, "Műszaki", "ABC-123")});
+  const core::Day due = core::addDays(kToday, 20);
+  EXPECT_FALSE(addsReminder(known, {due, "Műszaki", "ABC-123 "}));
+  EXPECT_TRUE(addsReminder(known, {core::addDays(due, 1), "Műszaki", "ABC-123"}));
+  EXPECT_TRUE(addsReminder(known, {due, "Műszaki", "DEF-456"}));
+  EXPECT_TRUE(addsReminder(known, {due, "", "ABC-123"}));
+}
+
 TEST_F(DateRemindersTest, AMissingFileIsCreatedEmptyInTheCurrentFolderAndListsThePlaceholder) {
   EXPECT_EQ(rows(), std::vector<ReminderRow>{placeholderRow()});
   EXPECT_EQ(stored(), "");

@@ -92,6 +92,17 @@ TEST_F(KmRemindersTest, RecordingWithAnEmptyTextOverwritesRecordOne) {
   EXPECT_EQ(stored(), fileOf({recordedToday(2000, 700, "", "ABC-123"), second}));
 }
 
+TEST(AddsReminder, NeitherWhatOverwritesTheFirstNorWhatIsThereAlreadyIsNew) {
+  const auto known = test::listOf({kmReminder(12'600, 500, "Olaj", "ABC-123"), deletedKmReminder("ABC-123")});
+  EXPECT_FALSE(addsReminder(known, {"", "1", "2", "ABC-123"}));
+  EXPECT_FALSE(addsReminder(known, {"  ", "1", "2", "ABC-123"}));
+  EXPECT_FALSE(addsReminder(known, {"Olaj", "12 600", "500", "ABC-123 "}));
+  EXPECT_TRUE(addsReminder(known, {"Olaj", "12 601", "500", "ABC-123"}));
+  EXPECT_TRUE(addsReminder(known, {"Olaj", "12 600", "500", "DEF-456"}));
+  EXPECT_TRUE(addsReminder(known, {"Fék", "12 600", "500", "ABC-123"}));
+  EXPECT_TRUE(addsReminder({}, {"", "1", "2", "ABC-123"}));
+}
+
 TEST_F(KmRemindersTest, ATextOfSpacesCountsAsEmpty) {
   store({kmReminder(1, 2, "Első", "DEF-456")});
   record({"   ", "2000", "700", "ABC-123"});

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QApplication>
+#include <QMessageBox>
+#include <QTest>
 #include <QTimer>
 #include <functional>
 
@@ -15,6 +17,20 @@ void onNextDialog(const std::function<void(Dialog&)>& act) {
     if (dialog == nullptr) return onNextDialog<Dialog>(act);
     act(*dialog);
   });
+}
+
+/// Presses Enter in a screen, and once more in the question that comes up then, if one does.
+inline void enterIntoWhatIsOpen(QWidget& screen) {
+  QTimer answering;
+  QObject::connect(&answering, &QTimer::timeout, qApp, [] {
+    QWidget* const box = QApplication::activeModalWidget();
+    if (qobject_cast<QMessageBox*>(box) == nullptr) return;
+    QWidget* const focus = box->focusWidget();
+    QTest::keyClick(focus == nullptr ? box : focus, Qt::Key_Return);
+  });
+  answering.start(0);
+  QWidget* const focus = screen.focusWidget();
+  QTest::keyClick(focus == nullptr ? &screen : focus, Qt::Key_Return);
 }
 
 }  // namespace tarvik::test

@@ -8,7 +8,8 @@ class QWidget;
 
 namespace tarvik::ui {
 
-/// The answer that Enter gives to a question. Deletions have No, everything else Yes; Escape is No.
+/// The answer that Enter gives to a question: No where Yes overwrites, empties, deletes or doubles something
+/// that exists, else Yes. Escape is No.
 enum class DefaultAnswer { Yes, No };
 
 /// Asks a question with Yes and No; true for Yes.

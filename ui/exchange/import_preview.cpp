@@ -19,6 +19,7 @@
 #include "ui/lists/list_view.h"
 #include "ui/lists/text_list_model.h"
 #include "ui/look/access.h"
+#include "ui/look/enter_key.h"
 #include "ui/look/placement.h"
 #include "ui_import_preview.h"
 
@@ -76,6 +77,7 @@ ImportPreview::ImportPreview(Context& context, ImportSource source, QWidget* par
   connect(ui_->cmdMegsem, &QPushButton::clicked, this, &QDialog::reject);
   connect(entries_, &ImportModel::ticksChanged, this, &ImportPreview::showState);
   showFile();
+  followEnterRule(*this);
   keepWithinReach(*this);
   openInTheMiddle(*this, wantedSize());
   focusQuestion();

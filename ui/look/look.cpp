@@ -17,6 +17,7 @@
 #include "ui/look/box_icon.h"
 #include "ui/look/late_icon.h"
 #include "ui/look/look_painting.h"
+#include "ui/look/main_button.h"
 #include "ui/look/wheel.h"
 
 // The icons lie in a static library, which has to be told to bring them. Outside of every namespace, as the
@@ -48,6 +49,10 @@ int fieldHeight() {
 bool isCard(const QWidget* widget) {
   return qobject_cast<const QGroupBox*>(widget) != nullptr || hasLook(widget, "card") ||
          hasLook(widget, "band");
+}
+
+bool isMain(const QWidget* widget) {
+  return widget != nullptr && isMainAction(*widget);
 }
 
 // A field that is made for one text is as wide as that text, whatever the toolkit guesses.
@@ -123,6 +128,7 @@ LookStyle::LookStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 void LookStyle::polish(QWidget* widget) {
   QProxyStyle::polish(widget);
   keepFromWheel(*widget);
+  keepOneMainAction(*widget);
   if (hasLook(widget, "overdue")) showOverdue(*widget, true);
   if (hasLook(widget, "heading")) widget->setFont(headline(QApplication::font()));
   if (qobject_cast<QPushButton*>(widget) != nullptr || qobject_cast<QComboBox*>(widget) != nullptr)
@@ -265,7 +271,7 @@ void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     case PE_PanelLineEdit:
       return paintField(*painter, *option, framed(option));
     case PE_PanelButtonCommand:
-      return paintButton(*painter, *option, hasLook(widget, "main"));
+      return paintButton(*painter, *option, isMain(widget));
     case PE_IndicatorCheckBox:
       return paintCheckBox(*painter, *option);
     case PE_IndicatorRadioButton:
@@ -291,7 +297,7 @@ void LookStyle::drawControl(ControlElement element, const QStyleOption* option, 
   if (element == CE_HeaderSection) return paintHeading(*painter, *option);
   if (element == CE_HeaderEmptyArea) return paintHeading(*painter, *option);
   const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
-  if (element == CE_PushButtonLabel && button != nullptr && hasLook(widget, "main") &&
+  if (element == CE_PushButtonLabel && button != nullptr && isMain(widget) &&
       (option->state & State_Enabled)) {
     QStyleOptionButton main(*button);
     main.palette.setColor(QPalette::ButtonText, main.palette.color(QPalette::HighlightedText));

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "core/entry_editing.h"
+#include "core/text.h"
 #include "tyres/tyre_register.h"
 #include "ui/base/change.h"
 #include "ui/base/handlers.h"
@@ -39,21 +40,31 @@ bool EntryChanges::change(const QString& done, const std::function<void()>& make
   return carryOut(form_.window(), {.done = done, .make = make, .list = [this] { pane_.relistInPlace(); }});
 }
 
+// What does not convert is told when it is recorded.
+bool EntryChanges::isRecorded(const core::EntryInput& input) const {
+  const ListedLogbook& listed = pane_.listed();
+  bool isKnown = false;
+  if (core::trimmed(plate()) == listed.plate)
+    quietly([&] { isKnown = core::hasEntry(listed.listing.logbook, input); });
+  return isKnown;
+}
+
 void EntryChanges::record() {
   if (form_.refusesBlankKm() || refusesBlankPlate_(kNotRecorded)) return;
-  if (!ask(form_.window(), QStringLiteral(" Rögzítés az adatállományban !"),
-           QStringLiteral("Biztos JÓK az adatok ?\nMehet a rögzítés ?"), DefaultAnswer::Yes))
-    return;
   const core::EntryInput input = form_.input();
+  if (!ask(form_.window(), QStringLiteral(" Rögzítés az adatállományban !"),
+           QStringLiteral("Biztos JÓK az adatok ?\nMehet a rögzítés ?"),
+           isRecorded(input) ? DefaultAnswer::No : DefaultAnswer::Yes))
+    return;
   form_.startTyping();
   Attempt tyres;
-  const bool isRecorded = change(QStringLiteral("A bejegyzés rögzítve van."), [&] {
+  const bool isDone = change(QStringLiteral("A bejegyzés rögzítve van."), [&] {
     const core::Ratio distance = core::recordEntry(context_.files, context_.folders, plate(), input);
     tyres = addDistanceToTyres(distance);
     form_.beginNext();
   });
-  if (isRecorded && !tyres.isDone()) tell(form_.window(), tyres.text);
-  if (isRecorded) pane_.markNewest();
+  if (isDone && !tyres.isDone()) tell(form_.window(), tyres.text);
+  if (isDone) pane_.markNewest();
 }
 
 // The entry is in the logbook by now, whatever becomes of the tyres.
@@ -74,7 +85,7 @@ void EntryChanges::modify() {
   if (refusesBlankPlate_(kNotRecorded)) return;
   const core::SeenRecord seen = pane_.seenEntry();
   if (!ask(form_.window(), QStringLiteral(" Módosítás az adatállományban !"),
-           QStringLiteral("Biztos JÓK az adatok ?\nMehet a módosítás ?"), DefaultAnswer::Yes))
+           QStringLiteral("Biztos JÓK az adatok ?\nMehet a módosítás ?"), DefaultAnswer::No))
     return;
   const core::EntryInput input = core::withDefaults(form_.input());
   change(QStringLiteral("A bejegyzés módosítva van."), [&] {

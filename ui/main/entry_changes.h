@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "core/ratio.h"
+#include "core/entry_input.h"
 #include "ui/base/context.h"
 #include "ui/base/guarded.h"
 
@@ -31,6 +32,7 @@ class EntryChanges : public QObject {
   void record();
   void modify();
   void remove();
+  bool isRecorded(const core::EntryInput& input) const;
   bool change(const QString& done, const std::function<void()>& make);
   Attempt addDistanceToTyres(const core::Ratio& distance);
   std::string plate() const;

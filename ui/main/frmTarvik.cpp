@@ -15,6 +15,7 @@
 #include "ui/base/text.h"
 #include "ui/exchange/csv_files.h"
 #include "ui/look/access.h"
+#include "ui/look/enter_key.h"
 #include "ui/look/fitting_area.h"
 #include "ui/look/look.h"
 #include "ui/look/placement.h"
@@ -127,6 +128,7 @@ void frmTarvik::connectMenu() {
 
 void frmTarvik::setUpKeyboard() {
   openWithF10(*menuBar());
+  followEnterRule(*this);
   entry_->chartButton().installEventFilter(this);
   menuBar()->installEventFilter(this);
   for (const QKeySequence& keys : {QKeySequence(Qt::Key_F6), QKeySequence(Qt::CTRL | Qt::Key_L)}) {

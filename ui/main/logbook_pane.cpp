@@ -1,7 +1,7 @@
 #include "ui/main/logbook_pane.h"
 
 #include <QEvent>
-#include <QShortcut>
+#include <QKeyEvent>
 #include <QTimer>
 #include <algorithm>
 
@@ -60,15 +60,7 @@ void LogbookPane::setUpFilter() {
     });
   chooseMode(core::kWholeList);
   onClick(this, ui_->cmdSzürés, &LogbookPane::applyFilter);
-  onFilterKey(Qt::Key_Return, &LogbookPane::listFiltered);
-  onFilterKey(Qt::Key_Enter, &LogbookPane::listFiltered);
-  onFilterKey(Qt::Key_Escape, &LogbookPane::closeFilter);
-}
-
-void LogbookPane::onFilterKey(Qt::Key key, void (LogbookPane::*handler)()) {
-  auto* shortcut = new QShortcut(key, ui_->FrameSzürö);
-  shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-  onSignal(shortcut, &QShortcut::activated, this, handler);
+  ui_->FrameSzürö->installEventFilter(this);
 }
 
 void LogbookPane::load() {
@@ -206,11 +198,6 @@ void LogbookPane::closeFilter() {
   if (filterOpener_) filterOpener_->setFocus(Qt::ShortcutFocusReason);
 }
 
-void LogbookPane::listFiltered() {
-  ui_->DTPSzürö->interpretText();
-  ui_->cmdSzürés->click();
-}
-
 void LogbookPane::chooseMode(int mode) {
   listMode_ = static_cast<std::int16_t>(mode);
   ui_->Label4->setVisible(mode != core::kWholeList);
@@ -258,8 +245,18 @@ void LogbookPane::showEvent(QShowEvent* event) {
   QTimer::singleShot(0, ui_->ListView1, &QTreeView::scrollToBottom);
 }
 
+// A key comes to the frame from its fields alone: one in an open drop-down or calendar stays there.
+bool LogbookPane::takesFilterKey(const QKeyEvent& key) {
+  const bool isEnter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+  if (isEnter) ui_->cmdSzürés->click();
+  if (key.key() == Qt::Key_Escape) closeFilter();
+  return isEnter || key.key() == Qt::Key_Escape;
+}
+
 // Nobody reaches a list that a panel covers, with the keyboard or an assistive tool either.
 bool LogbookPane::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == ui_->FrameSzürö && event->type() == QEvent::KeyPress)
+    return takesFilterKey(*static_cast<QKeyEvent*>(event));
   if (watched == over_ && (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent))
     ui_->ListView1->setVisible(event->type() == QEvent::HideToParent);
   return QWidget::eventFilter(watched, event);

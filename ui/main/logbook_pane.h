@@ -90,10 +90,9 @@ class LogbookPane : public QWidget {
   std::string trimmedPlate() const;
   void fillList();
   void setUpFilter();
-  void onFilterKey(Qt::Key key, void (LogbookPane::*handler)());
   void openFilter();
   void closeFilter();
-  void listFiltered();
+  bool takesFilterKey(const QKeyEvent& key);
   void applyFilter();
   void chooseMode(int mode);
   void choose(int record);

@@ -13,6 +13,7 @@
 #include "ui/lists/reminder_rows.h"
 #include "ui/look/access.h"
 #include "ui/look/dialog_parts.h"
+#include "ui/look/enter_key.h"
 #include "ui/look/placement.h"
 #include "ui/windows/reminder_parts.h"
 #include "ui_figy.h"
@@ -20,9 +21,11 @@
 namespace tarvik::ui {
 namespace {
 
-bool confirmsRecording(QWidget* screen, const QString& whose) {
+// Enter answers No where a reminder would be overwritten or doubled.
+bool confirmsRecording(QWidget* screen, const QString& whose, bool isNew) {
   return ask(screen, QStringLiteral(" Rögzítés az adatállományban !"),
-             QStringLiteral("Biztos JÓK az adatok ?\nMehet a rögzítés ") + whose, DefaultAnswer::Yes);
+             QStringLiteral("Biztos JÓK az adatok ?\nMehet a rögzítés ") + whose,
+             isNew ? DefaultAnswer::Yes : DefaultAnswer::No);
 }
 
 }  // namespace
@@ -36,6 +39,7 @@ figy::figy(Context& context, QString plate, QWidget* parent)
   prepareLists();
   addListMenus();
   connectButtons();
+  followEnterRule(*this);
   keepWithinReach(*this);
   ui_->tx_km_allas->setFocus();
   openInTheMiddle(*this);
@@ -79,11 +83,6 @@ void figy::connectButtons() {
   onClick(this, ui_->cmd_del, &figy::deleteKm);
   onClick(this, ui_->cmdRogzit2, &figy::recordDate);
   onClick(this, ui_->cmdDel2, &figy::deleteDate);
-  connect(ui_->SSTab1, &QTabWidget::currentChanged, this, &figy::makeTabsButtonDefault);
-}
-
-void figy::makeTabsButtonDefault(int tab) {
-  (tab == 0 ? ui_->cmd_rogzit : ui_->cmdRogzit2)->setDefault(true);
 }
 
 void figy::BeolvasFigyel() {
@@ -140,14 +139,13 @@ bool figy::changeDates(const QString& done, const std::function<void()>& make) {
 }
 
 void figy::recordKm() {
-  if (!confirmsRecording(this, QString())) return;
-  changeKm(QStringLiteral("A figyelmeztetés rögzítve van."), [this] {
-    reminders::recordKmReminder(context_.files, context_.folders,
-                                {.text = toLogic(ui_->tx_szoveg->text()),
-                                 .reading = toLogic(ui_->tx_km_allas->text()),
-                                 .after = toLogic(ui_->tx_km_mulva->text()),
-                                 .plate = toLogic(plate_)},
-                                context_.clock.today());
+  const reminders::KmReminderEntry entry{.text = toLogic(ui_->tx_szoveg->text()),
+                                         .reading = toLogic(ui_->tx_km_allas->text()),
+                                         .after = toLogic(ui_->tx_km_mulva->text()),
+                                         .plate = toLogic(plate_)};
+  if (!confirmsRecording(this, QString(), reminders::addsReminder(kmReminders_, entry))) return;
+  changeKm(QStringLiteral("A figyelmeztetés rögzítve van."), [&] {
+    reminders::recordKmReminder(context_.files, context_.folders, entry, context_.clock.today());
   });
 }
 
@@ -208,13 +206,13 @@ void figy::clearKmFields() {
 }
 
 void figy::recordDate() {
-  if (!confirmsRecording(this, plate_ + QStringLiteral(" gépkocsira?"))) return;
-  changeDates(QStringLiteral("A figyelmeztetés rögzítve van."), [this] {
-    reminders::recordDateReminder(context_.files, context_.folders,
-                                  {.when = toLogic(ui_->DTPMikor->date()),
-                                   .text = toLogic(ui_->txtMire->text()),
-                                   .plate = toLogic(plate_)},
-                                  context_.clock.today());
+  const reminders::DateReminderEntry entry{.when = toLogic(ui_->DTPMikor->date()),
+                                           .text = toLogic(ui_->txtMire->text()),
+                                           .plate = toLogic(plate_)};
+  const QString whose = plate_ + QStringLiteral(" gépkocsira?");
+  if (!confirmsRecording(this, whose, reminders::addsReminder(dateReminders_, entry))) return;
+  changeDates(QStringLiteral("A figyelmeztetés rögzítve van."), [&] {
+    reminders::recordDateReminder(context_.files, context_.folders, entry, context_.clock.today());
   });
 }
 

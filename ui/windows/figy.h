@@ -36,7 +36,6 @@ class figy : public QDialog {
   void prepareLists();
   void addListMenus();
   void connectButtons();
-  void makeTabsButtonDefault(int tab);
 
   void BeolvasFigyel();
   void BeolvasFigyDatum();

@@ -8,6 +8,7 @@
 #include "ui/base/text.h"
 #include "ui/lists/list_delegate.h"
 #include "ui/lists/reminder_rows.h"
+#include "ui/look/enter_key.h"
 #include "ui/look/look.h"
 #include "ui/look/placement.h"
 #include "ui/windows/reminder_parts.h"
@@ -24,6 +25,7 @@ frmDatumFigyelmeztetes::frmDatumFigyelmeztetes(Context& context, QWidget* parent
   ui_->ListView1->onRowChosen([this](int row) { return guarded(this, [&] { choose(row); }); });
   onClick(this, ui_->cmdDel, &frmDatumFigyelmeztetes::deleteChosen);
   connect(ui_->Command1, &QPushButton::clicked, this, &QDialog::close);
+  followEnterRule(*this);
   keepWithinReach(*this);
   guarded(this, [this] { load(); });
   openInTheMiddle(*this);

@@ -14,6 +14,7 @@
 #include "ui/lists/list_tables.h"
 #include "ui/look/access.h"
 #include "ui/look/dialog_parts.h"
+#include "ui/look/enter_key.h"
 #include "ui/look/look.h"
 #include "ui/look/placement.h"
 #include "ui/look/plate_chooser.h"
@@ -63,6 +64,7 @@ frmGumik::frmGumik(Context& context, const QString& plate, const QStringList& pl
   prepareList();
   addListMenu(context);
   connectButtons();
+  followEnterRule(*this);
   keepWithinReach(*this);
   openInTheMiddle(*this, kWishedSteps * gridStep());
   guarded(this, [this] { BeolvasGumi(); });
@@ -77,9 +79,6 @@ void frmGumik::prepareFields(const QString& plate, const QStringList& plates) {
   ui_->cmbRendszam->addItems(plates);
   ui_->cmbRendszam->setEditText(plate.trimmed());
   new PlateChooser(ui_->cmbRendszam, [this] { guarded(this, [this] { BeolvasGumi(); }); });
-  for (const QLineEdit* field :
-       {ui_->txtMtipus, ui_->txtMMeret, ui_->txtMMaxKm, ui_->txtMKmFelszKor, ui_->txtMAzotaFutott})
-    connect(field, &QLineEdit::returnPressed, ui_->cmdGumiModosit, &QPushButton::click);
 }
 
 void frmGumik::prepareList() {

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 
 #include "ui/look/access.h"
+#include "ui/look/enter_key.h"
 #include "ui/look/placement.h"
 #include "ui_frmMelyGrafikon.h"
 
@@ -30,6 +31,7 @@ frmMelyGrafikon::frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* 
   }
   connect(ui_->cmdMegjelenit, &QPushButton::clicked, this, &frmMelyGrafikon::takeChecked);
   connect(ui_->cmdMegsem, &QPushButton::clicked, this, &frmMelyGrafikon::reject);
+  followEnterRule(*this);
   keepWithinReach(*this);
   openAt(*this, mainTopLeft + QPoint(pixelsOfTwips(kRightTwips, *this), pixelsOfTwips(kDownTwips, *this)));
 }

@@ -12,6 +12,7 @@
 #include "ui/lists/list_hint.h"
 #include "ui/lists/row_choice.h"
 #include "ui/look/access.h"
+#include "ui/look/enter_key.h"
 #include "ui/look/look.h"
 #include "ui/look/placement.h"
 #include "ui/look/plate_chooser.h"
@@ -43,6 +44,7 @@ frmSetup::frmSetup(Context& context, QPoint mainTopLeft, QWidget* parent)
   makeAccessible(*this);
   connectButtons();
   connectLists();
+  followEnterRule(*this);
   keepWithinReach(*this);
   ui_->txRendszam->setFocus();
 }
@@ -52,8 +54,6 @@ frmSetup::~frmSetup() = default;
 void frmSetup::connectButtons() {
   connect(ui_->txRendszam, &QLineEdit::textChanged, this,
           [this](const QString& text) { ui_->cmdRendszamFelvesz->setEnabled(!text.isEmpty()); });
-  for (const QLineEdit* field : {ui_->txRendszam, ui_->txTank})
-    connect(field, &QLineEdit::returnPressed, ui_->cmdRendszamFelvesz, &QPushButton::click);
   onClick(this, ui_->cmdRendszamFelvesz, &frmSetup::addVehicle);
   onClick(this, ui_->cmdRendszamDel, &frmSetup::deleteVehicle);
   onClick(this, ui_->cmdAlkatrDel, &frmSetup::deletePartName);

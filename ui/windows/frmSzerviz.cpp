@@ -13,6 +13,7 @@
 #include "ui/lists/list_tables.h"
 #include "ui/look/access.h"
 #include "ui/look/dialog_parts.h"
+#include "ui/look/enter_key.h"
 #include "ui/look/look.h"
 #include "ui/look/placement.h"
 #include "ui/look/plate_chooser.h"
@@ -43,10 +44,9 @@ frmSzerviz::frmSzerviz(Context& context, const QString& plate, const QStringList
   prepareList();
   addListMenu(context);
   onClick(this, ui_->cmdSzervizSzures, &frmSzerviz::filter);
-  for (const QLineEdit* key : {ui_->txtSzervizMegnev, ui_->txtAlkatresz})
-    connect(key, &QLineEdit::returnPressed, ui_->cmdSzervizSzures, &QPushButton::click);
   onClick(this, ui_->cmdRogzitSzerviz, &frmSzerviz::recordRepair);
   onClick(this, ui_->cmdDelSzerviz, &frmSzerviz::deleteRepair);
+  followEnterRule(*this);
   keepWithinReach(*this);
   openInTheMiddle(*this, kWishedSteps * gridStep());
   guarded(this, [this] { BeolvasSzerviz(); });

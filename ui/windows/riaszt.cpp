@@ -12,6 +12,7 @@
 #include "ui/lists/row_choice.h"
 #include "ui/look/access.h"
 #include "ui/look/dialog_parts.h"
+#include "ui/look/enter_key.h"
 #include "ui/look/placement.h"
 #include "ui/windows/reminder_parts.h"
 #include "ui_riaszt.h"
@@ -48,6 +49,7 @@ riaszt::riaszt(Context& context, const QString& plate, QWidget* parent)
   prepareList();
   choice_ = new RowChoice(ui_->List1, [this](int row) { return guarded(this, [&] { chooseLine(row); }); });
   onClick(this, ui_->cmd_torles, &riaszt::deleteChosen);
+  followEnterRule(*this);
   keepWithinReach(*this);
   guarded(this, [this] { listLines(); });
   openInTheMiddle(*this);

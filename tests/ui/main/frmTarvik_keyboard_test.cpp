@@ -1,7 +1,10 @@
+#include <QCalendarWidget>
+
 #include "tests/ui/main_screen.h"
 #include "tests/ui/next_dialog.h"
 #include "tests/ui/screen_test.h"
 #include "tests/ui/support.h"
+#include "ui/look/main_button.h"
 #include "ui/windows/frmMelyGrafikon.h"
 
 using namespace tarvik;
@@ -94,6 +97,109 @@ class FrmTarvikKeyboardTest : public QObject {
     QCOMPARE(main.focus(), "txKmOra");
   }
 
+  void aPlateChosenWithEnterShowsTheFilterAndListsNothing() {
+    Household main;
+    main.folder.write("rendsz.dat", padded("ABC123", 8) + std::string("\x2D\0", 2) + padded("KLM456", 8) +
+                                        std::string("\x2D\0", 2));
+    main.open();
+    auto* const plates = main.combo("Combo1");
+    plates->setFocus();
+    QTest::keyClick(plates, Qt::Key_F4);
+    QVERIFY(plates->view()->isVisible());
+    QTest::keyClick(plates->view(), Qt::Key_Escape);
+    QVERIFY(!main.isFilterOpen());
+    QTest::keyClick(plates, Qt::Key_F4);
+    plates->view()->setCurrentIndex(plates->model()->index(1, 0));
+    QTest::keyClick(plates->view(), Qt::Key_Return);
+    QCOMPARE(plates->currentText(), "KLM456  ");
+    QVERIFY(main.isFilterOpen());
+    QCOMPARE(main.rows(), 2);
+    main.key(Qt::Key_Return);
+    QVERIFY(!main.isFilterOpen());
+    QCOMPARE(main.rows(), 0);
+  }
+
+  void arrowsInThePlateStayThereAndEnterGoesToTheOpenFilter() {
+    Household main;
+    main.folder.write("rendsz.dat", padded("KLM456", 8) + std::string("\x2D\0", 2) + padded("ABC123", 8) +
+                                        std::string("\x2D\0", 2) + padded("XYZ789", 8) +
+                                        std::string("\x2D\0", 2));
+    main.open();
+    auto* const plates = main.combo("Combo1");
+    plates->setFocus();
+    main.key(Qt::Key_Down);
+    QCOMPARE(plates->currentText(), "XYZ789  ");
+    QVERIFY(main.isFilterOpen());
+    QCOMPARE(main.focus(), "Combo1");
+    main.key(Qt::Key_Up);
+    main.key(Qt::Key_Up);
+    QCOMPARE(plates->currentText(), "KLM456  ");
+    QVERIFY(main.isFilterOpen());
+    QVERIFY(main.find<QRadioButton>("opSzürö_0")->isChecked());
+    main.key(Qt::Key_Return);
+    QCOMPARE(main.focus(), "opSzürö_0");
+    main.key(Qt::Key_Escape);
+    QVERIFY(!main.isFilterOpen());
+    plates->setFocus();
+    main.key(Qt::Key_Return);
+    QCOMPARE(main.focus(), "txKmOra");
+  }
+
+  void enterGoesThroughAFillUpAndThenAsks() {
+    Household main;
+    const std::size_t before = main.folder.read("ABC123/napiadat.dat").size();
+    main.edit("txKmOra")->setFocus();
+    QTest::keyClicks(main.screen->focusWidget(), "10800");
+    main.key(Qt::Key_Return);
+    QCOMPARE(main.focus(), "txTankoltLiter");
+    QTest::keyClicks(main.screen->focusWidget(), "35,5");
+    main.key(Qt::Key_Return);
+    QCOMPARE(main.focus(), "txTankoltKtg");
+    QTest::keyClicks(main.screen->focusWidget(), "14200");
+    QCOMPARE(main.folder.read("ABC123/napiadat.dat").size(), before);
+    enterIntoWhatIsOpen(*main.screen);  // the question, and its Yes
+    QCOMPARE(main.folder.read("ABC123/napiadat.dat").size(), before + 156);
+    QCOMPARE(main.stored("ABC123", 3).KmOra, 10'800);
+    QCOMPARE(main.focus(), "txKmOra");
+  }
+
+  void enterInPartsAndNotesGoesToTheirCostsAndThenAsks() {
+    Household main;
+    main.type("txKmOra", "10800");
+    BoxScript boxes({QMessageBox::No, QMessageBox::No});
+    for (const auto& [text, cost] :
+         {std::pair("txAlkatresz", "txAlkatreszKtg"), std::pair("txMegjegyzes", "txMegjKtg")}) {
+      main.combo(text)->setFocus();
+      main.key(Qt::Key_Return);
+      QCOMPARE(main.focus(), cost);
+      main.key(Qt::Key_Return);
+    }
+    QCOMPARE(boxes.seen.size(), 2);
+    QCOMPARE(boxes.seen.first().enter, QMessageBox::Yes);
+  }
+
+  void entersAloneNeitherDoubleNorOverwriteAnEntry() {
+    Household main;
+    const std::string before = main.folder.read("ABC123/napiadat.dat");
+    main.clickRow(1);
+    for (const char* button : {"cmd_rogzit", "cmd_modosit", "cmd_del"}) {
+      main.find<QPushButton>(button)->setFocus();
+      enterIntoWhatIsOpen(*main.screen);
+      QCOMPARE(main.folder.read("ABC123/napiadat.dat"), before);
+    }
+    main.list()->setFocus();
+    main.key(Qt::Key_Return);
+    QCOMPARE(main.folder.read("ABC123/napiadat.dat"), before);
+  }
+
+  void theOpenFilterHasTheMainAction() {
+    Household main;
+    QVERIFY(ui::isMainAction(*main.find<QPushButton>("cmd_rogzit")));
+    main.press("cmd_lista");
+    QVERIFY(!ui::isMainAction(*main.find<QPushButton>("cmd_rogzit")));
+    QVERIFY(ui::isMainAction(*main.find<QPushButton>("cmdSzürés")));
+  }
+
   void theKeysOfTheFilterAreItsOwn() {
     Household main;
     main.press("cmd_lista");
@@ -102,7 +208,24 @@ class FrmTarvikKeyboardTest : public QObject {
       main.key(key);
       QVERIFY(main.isFilterOpen());
     }
-    QCOMPARE(main.focus(), "txKmOra");
+    QCOMPARE(main.focus(), "txTankoltKtg");
+  }
+
+  void enterInAnOpenCalendarOrDropDownIsNotTheFilters() {
+    Household main;
+    main.press("cmd_lista");
+    main.press("opSzürö_1");
+    auto* const day = main.find<QDateEdit>("DTPSzürö");
+    QTest::mouseClick(day, Qt::LeftButton, {}, day->rect().adjusted(0, 0, -8, 0).topRight() + QPoint(0, 8));
+    auto* const calendar = day->findChild<QCalendarWidget*>();
+    QVERIFY(calendar != nullptr && calendar->isVisible());
+    for (const int key : {Qt::Key_Left, Qt::Key_Return}) {
+      QTest::keyClick(QApplication::focusWidget() == nullptr ? calendar->focusWidget()
+                                                             : QApplication::focusWidget(),
+                      static_cast<Qt::Key>(key));
+      QVERIFY(main.isFilterOpen());
+    }
+    QCOMPARE(main.rows(), 2);
   }
 
   void bothEntersListWhatTheFilterSays() {

@@ -155,6 +155,8 @@ class BoxesTest : public QObject {
     ui::figy screen(desk.context, QStringLiteral("ABC123  "), nullptr);
     screen.show();
     const auto press = [&](const char* name) { test::press(*part<QPushButton>(screen, name)); };
+    expect("overwrite-km-reminder", [&] { press("cmd_rogzit"); });
+    typeInto(*part<QLineEdit>(screen, "tx_szoveg"), "Fék");
     expect("record-km-reminder", [&] { press("cmd_rogzit"); });
     clickRow(*part<ui::ListView>(screen, "ListView1"), 0);
     expect("delete-km-reminder", [&] { press("cmd_del"); });

@@ -26,8 +26,8 @@
 //   hidden tab
 //
 // The screen's own line says where the keyboard starts. What a control does not have is left out; so is an
-// accessible name that is its caption or its label. Enter presses a button that says "enter" while the
-// keyboard is on it, and the one that says "default" from anywhere.
+// accessible name that is its caption or its label. A button says "default" that Enter presses from
+// anywhere, and "enter" where it becomes that with the focus: none does on a screen of the program.
 
 using namespace tarvik;
 using namespace tarvik::test;

@@ -10,6 +10,7 @@
 #include <QTabWidget>
 #include <filesystem>
 
+#include "tests/ui/next_dialog.h"
 #include "tests/ui/reminder_desk.h"
 #include "tests/ui/screen_test.h"
 
@@ -51,6 +52,12 @@ struct Figy {
   ui::ListView& dateList() const { return *part<ui::ListView>(screen, "ListView2"); }
   QDateEdit* picker() const { return part<QDateEdit>(screen, "DTPMikor"); }
 
+  /// Presses Enter where the keyboard is; where it is then.
+  QString enter() const {
+    QTest::keyClick(screen.focusWidget(), Qt::Key_Return);
+    return screen.focusWidget()->objectName();
+  }
+  void enterTwice() const { test::enterIntoWhatIsOpen(const_cast<ui::figy&>(screen)); }
   void openTab(int tab) const { test::openPage(*part<QTabWidget>(screen, "SSTab1"), tab); }
   void press(const char* name) const { test::press(*button(name)); }
   test::SeenBox pressAndAnswer(const char* name, QMessageBox::StandardButton answer) const {
@@ -131,15 +138,53 @@ class FigyTest : public QObject {
     QVERIFY(!other.screen.isVisible());
   }
 
-  void enterRecordsOnTheTabThatIsOpenAndNeverDeletes() {
+  void enterGoesThroughTheFieldsAndThenAsks() {
     test::ReminderDesk desk;
     const Figy figy(desk);
-    QVERIFY(figy.button("cmd_rogzit")->isDefault());
+    QCOMPARE(figy.enter(), "tx_km_mulva");
+    QCOMPARE(figy.enter(), "tx_szoveg");
+    test::typeInto(*figy.field("tx_szoveg"), "Olaj");
+    test::BoxScript boxes({QMessageBox::No, QMessageBox::No});
+    figy.enter();
+    QCOMPARE(boxes.seen.size(), 1);
     figy.openTab(1);
-    QVERIFY(figy.button("cmdRogzit2")->isDefault());
-    QVERIFY(!figy.button("cmd_rogzit")->isDefault());
-    QVERIFY(!figy.button("cmd_del")->autoDefault());
-    QVERIFY(!figy.button("cmdDel2")->autoDefault());
+    figy.picker()->setFocus();
+    QCOMPARE(figy.enter(), "txtMire");
+    figy.enter();
+    QCOMPARE(boxes.seen.size(), 2);
+    QCOMPARE(desk.storedKm(), std::string());
+    QCOMPARE(desk.storedDates(), std::string());
+  }
+
+  void entersAloneOverwriteNoReminder() {
+    test::ReminderDesk desk;
+    const auto first = kmReminder(1, 2, "Olaj", "ABC-123");
+    desk.storeKm({first});
+    const Figy figy(desk);
+    for (int times = 0; times < 6; ++times) figy.enterTwice();
+    QCOMPARE(desk.storedKm(), fileOf({first}));
+  }
+
+  void enterDoublesNoChosenReminder() {
+    test::ReminderDesk desk;
+    const auto first = kmReminder(12'600, 500, "Olaj", "ABC-123 ");
+    desk.storeKm({first});
+    const Figy figy(desk);
+    clickRow(figy.kmList(), 0);
+    for (int times = 0; times < 3; ++times) figy.enterTwice();
+    QCOMPARE(desk.storedKm(), fileOf({first}));
+    figy.field("tx_szoveg")->setFocus();
+    for (int times = 0; times < 3; ++times) figy.enterTwice();
+    QCOMPARE(desk.storedKm(), fileOf({first}));
+  }
+
+  void enterDoublesNoDateReminderThatWasJustRecorded() {
+    test::ReminderDesk desk;
+    const Figy figy(desk);
+    figy.openTab(1);
+    test::typeInto(*figy.field("txtMire"), "Olaj");
+    for (int times = 0; times < 6; ++times) figy.enterTwice();
+    QCOMPARE(desk.storedDates().size(), std::size_t{68});
   }
 
   void recordingKmAsksAndNoLeavesTheFile() {

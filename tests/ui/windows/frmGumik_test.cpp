@@ -15,6 +15,7 @@
 #include "tests/ui/screen_test.h"
 #include "tests/ui/support.h"
 #include "ui/lists/list_view.h"
+#include "ui/look/main_button.h"
 
 namespace tarvik::ui {
 
@@ -300,16 +301,42 @@ class frmGumikTest : public QObject {
     QCOMPARE(tyres.types(), QStringList{"Barum"});
   }
 
-  void enterInAFieldOfTheChangeWritesIt() {
+  void enterRecordsAndChangesNothing() {
+    Tyres tyres;
+    tyres.store({setOf("ABC-123", "a")});
+    tyres.open();
+    QVERIFY(QTest::qWaitForWindowActive(tyres.screen.get()));
+    tyres.clickRow(0);
+    const auto enter = [&](const char* from, int times) {
+      part<QWidget>(*tyres.screen, from)->setFocus();
+      for (int time = 0; time < times; ++time)
+        QTest::keyClick(tyres.screen->focusWidget(), Qt::Key_Return);
+      return tyres.screen->focusWidget()->objectName();
+    };
+    QCOMPARE(enter("txtGumiTipusa", 4), "txtGumiAzotaFutottKm");
+    QCOMPARE(enter("txtGumiAzotaFutottKm", 1), "opGumiEvszak_0");
+    QCOMPARE(enter("opGumiEvszak_0", 4), "cmdGumiRogzites");
+    for (const char* button : {"cmdGumiFel", "cmdGumiDel"}) enter(button, 1);
+    tyres.press("cmdGumiModositKeret");
+    tyres.type("txtMtipus", "b");
+    QCOMPARE(enter("txtMAzotaFutott", 2), "cmdGumiModosit");
+    enter("ListViewGumi", 1);
+    QCOMPARE(tyres.storedCount(), 1);
+    QVERIFY(tyres.stored(1) == setOf("ABC-123", "a"));
+    QVERIFY(tyres.screen->isVisible());
+  }
+
+  void oneButtonAtMostIsTheMainAction() {
     Tyres tyres;
     tyres.store({setOf("ABC-123", "a")});
     tyres.open();
     tyres.clickRow(0);
+    QVERIFY(isMainAction(*tyres.button("cmdGumiRogzites")));
     tyres.press("cmdGumiModositKeret");
-    tyres.type("txtMtipus", "b");
-    QTest::keyClick(part<QLineEdit>(*tyres.screen, "txtMMaxKm"), Qt::Key_Return);
-    QCOMPARE(tyres.types(), QStringList{"b"});
-    QVERIFY(tyres.screen->isVisible());
+    QVERIFY(isMainAction(*tyres.button("cmdGumiModosit")));
+    QVERIFY(!isMainAction(*tyres.button("cmdGumiRogzites")));
+    tyres.press("cmdGumiModositMegsem");
+    QVERIFY(isMainAction(*tyres.button("cmdGumiRogzites")));
   }
 
   void aChangeThatIsRefusedKeepsItsFrameOpen() {

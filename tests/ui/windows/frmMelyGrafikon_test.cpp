@@ -64,8 +64,10 @@ class ChooserTest : public QObject {
   void showsOnEnter() {
     frmMelyGrafikon chooser(context_, {}, nullptr);
     chooser.show();
+    QVERIFY(QTest::qWaitForWindowActive(&chooser));
+    option(chooser, 4)->setFocus();
     option(chooser, 4)->click();
-    QTest::keyClick(option(chooser, 4), Qt::Key_Return);
+    QTest::keyClick(chooser.focusWidget(), Qt::Key_Return);
     QCOMPARE(context_.state.chartChoice, std::int16_t{4});
   }
 

@@ -104,13 +104,19 @@ class SettingsStartTest : public QObject {
     QCOMPARE(setup.current.read("set.dat"), std::string("\x00\x00XYZ987    ", 12));
   }
 
-  void enterOnTheStartPageSavesThePlateAsTyped() {
+  void enterOnTheStartPageGoesToTheButtonWhichSavesThePlateAsTyped() {
     Setup setup;
     setup.current.write("rendsz.dat", kTwoVehicles);
     setup.show();
     setup.openPage(1);
     typeInto(*setup.startPlate(), "abc123  ");
     QTest::keyClick(setup.startPlate(), Qt::Key_Return);
+    QVERIFY(setup.reminders()->hasFocus());
+    QTest::keyClick(setup.reminders(), Qt::Key_Return);
+    QTest::keyClick(setup.screen.focusWidget(), Qt::Key_Return);
+    QVERIFY(setup.button("cmdSetup")->hasFocus());
+    QCOMPARE(setup.current.read("set.dat"), "");
+    QTest::keyClick(setup.button("cmdSetup"), Qt::Key_Space);
     QCOMPARE(setup.current.read("set.dat"), std::string("\x00\x00"
                                                         "abc123    ",
                                                         12));

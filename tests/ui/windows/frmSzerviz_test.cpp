@@ -153,9 +153,28 @@ class frmSzervizTest : public QObject {
     QCOMPARE(log.descriptions(), QStringList{"NAGY OLAJCSERE"});
     QCOMPARE(log.total(), "1");
     log.type("txtSzervizMegnev", "őSZI");
-    QTest::keyClick(part<QLineEdit>(*log.screen, "txtAlkatresz"), Qt::Key_Return);
+    log.press("cmdSzervizSzures");
     QCOMPARE(log.descriptions(), QStringList{"Őszi mosás"});
+  }
+
+  void enterGoesThroughTheFieldsAndNeitherFiltersNorRecords() {
+    Log log;
+    log.store({repairOf("ABC-123", "a", 1), repairOf("ABC-123", "b", 2)});
+    log.open();
+    QVERIFY(QTest::qWaitForWindowActive(log.screen.get()));
+    log.type("txtSzervizMegnev", "b");
+    QStringList visited;
+    for (int times = 0; times < 6; ++times) {
+      QTest::keyClick(log.screen->focusWidget(), Qt::Key_Return);
+      visited << log.screen->focusWidget()->objectName();
+    }
+    QCOMPARE(visited, (QStringList{"txtAlkatresz", "txtSzervizKoltseg", "txtKMora", "cmdRogzitSzerviz",
+                                   "cmdRogzitSzerviz", "cmdRogzitSzerviz"}));
+    QCOMPARE(log.descriptions(), (QStringList{"a", "b"}));
+    QCOMPARE(log.storedCount(), 2);
     QVERIFY(log.screen->isVisible());
+    QTest::keyClick(log.screen->focusWidget(), Qt::Key_Space);
+    QCOMPARE(log.storedCount(), 3);
   }
 
   void recordingClearsTheFieldsAndListsTheChosenCarAgain() {
