@@ -5,6 +5,7 @@ import unittest
 
 from accessible import wait_for
 import keyboard
+import mouse
 from program import Program
 
 DATE, KM, LITRES = 0, 1, 2
@@ -58,7 +59,7 @@ class Keys(unittest.TestCase):
         self.fill("Km óra állás", "280500")
         self.fill("Liter", "40,5")
         self.fill("Tankolt költség", "25000")
-        keyboard.press("alt+r")
+        keyboard.press("Return")
         self.answer(" Rögzítés ", "Return")
         wait_for(lambda: self.list.row_count() == entries + 1, "the new row")
         today = datetime.date.today().strftime("%Y.%m.%d.")
@@ -69,7 +70,7 @@ class Keys(unittest.TestCase):
         keyboard.press("ctrl+l")
         self.fill("Km óra állás", "280600")
         keyboard.press("alt+m")
-        self.answer(" Módosítás ", "Return")
+        self.answer(" Módosítás ", "alt+i")
         wait_for(lambda: self.list.cell(entries, KM).name == "280600", "the modified row")
 
         self.choose_newest()
@@ -86,7 +87,10 @@ class Keys(unittest.TestCase):
         self.assertEqual(self.list.row_count(), entries)
 
     def test_a_vehicle_is_chosen_and_listed(self):
-        keyboard.press("Down")
+        keyboard.press("Up")
+        self.main.part("radio button", "Teljes lista")
+        self.main.wait_focus("text", "Rendszám")
+        keyboard.press("Return")
         self.main.wait_focus("radio button", "Teljes lista")
         keyboard.press("Return")
         self.main.wait_focus("table", "Napló")
@@ -132,6 +136,25 @@ class Keys(unittest.TestCase):
             self.main.part("chart")
             keyboard.press("alt+g")
             wait_for(lambda: not self.main.has("chart"), "the chart to go")
+
+    def test_the_wheel_passes_over_what_is_typed(self):
+        self.fill("Megjegyzés", "fék")
+        self.tab_to("Km óra állás")
+        before = [self.main.part("text", name).text for name in ("Rendszám", "Megjegyzés")]
+        day = self.main.part("spin button", "Dátum").text
+        for role, name in (("text", "Rendszám"), ("text", "Megjegyzés"), ("spin button", "Dátum")):
+            mouse.turn_wheel(self.main.part(role, name))
+        self.main.wait_focus("text", "Km óra állás")
+        self.assertEqual([self.main.part("text", name).text for name in ("Rendszám", "Megjegyzés")], before)
+        self.assertEqual(self.main.part("spin button", "Dátum").text, day)
+
+    def test_a_right_click_leaves_what_is_half_typed(self):
+        self.fill("Km óra állás", "28")
+        mouse.click(self.list.cell(self.list.row_count() - 1, KM), button=3)
+        keyboard.press("Escape")
+        self.main.wait_focus("table", "Napló")
+        self.assertEqual(self.km(), "28")
+        self.assertIsNone(self.list.selected_row())
 
     def test_f10_opens_the_menu_and_reaches_the_tyres(self):
         keyboard.press("F10")
