@@ -12,8 +12,10 @@ struct CheckedChange {
   std::string file{};
   std::size_t recordLength = 1;
   std::function<void(core::FileSystem&)> run{};
-  /// What must hold besides of a disk on which the change is there or not.
-  std::function<bool(MemoryFileSystem&, bool isNew)> stays = [](MemoryFileSystem&, bool) { return true; };
+  /// What must hold besides of a disk on which the change is there or not, while it is made and when it is over.
+  std::function<bool(MemoryFileSystem&, bool isNew, bool isOver)> stays = [](MemoryFileSystem&, bool, bool) {
+    return true;
+  };
 };
 
 /// What the power cuts at every point of a change left behind.
@@ -49,7 +51,7 @@ inline CrashResult crashEverywhere(const MemoryFileSystem& before, const Checked
       const bool isThere = left.has(change.file) || !before.has(change.file);
       const bool isOld = isThere && (wholeRecords(now, length) == wholeRecords(old, length));
       const bool isGood = isNew || (isOld && done < steps.size());
-      if (!isGood || !change.stays(left, isNew)) ++result.bad;
+      if (!isGood || !change.stays(left, isNew, done == steps.size())) ++result.bad;
     });
   return result;
 }

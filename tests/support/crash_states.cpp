@@ -1,5 +1,6 @@
 #include "tests/support/crash_states.h"
 
+#include <algorithm>
 #include <set>
 
 namespace tarvik::test {
@@ -15,11 +16,8 @@ bool isOfFile(const DiskStep& step) {
   return step.kind == Kind::Write || step.kind == Kind::Length;
 }
 
-// Whether a sync covers a change that was made before it.
-bool covers(const DiskStep& sync, const DiskStep& change) {
-  if (sync.kind == Kind::SyncFile) return isOfFile(change) && change.node == sync.node;
-  if (sync.kind != Kind::SyncFolder || isOfFile(change)) return false;
-  return parentOf(change.path) == sync.path || (!change.from.empty() && parentOf(change.from) == sync.path);
+bool isSyncOfFolderOf(const DiskStep& sync, const std::string& path) {
+  return sync.kind == Kind::SyncFolder && (path.empty() || parentOf(path) == sync.path);
 }
 
 }  // namespace
@@ -27,10 +25,18 @@ bool covers(const DiskStep& sync, const DiskStep& change) {
 CrashStates::CrashStates(const MemoryFileSystem& before, const std::vector<DiskStep>& steps, unsigned seed)
     : before_(before), steps_(steps), random_(seed) {}
 
+// A name that went from one folder to another is sure when both are synced.
 bool CrashStates::isSettled(std::size_t step, std::size_t stepsDone) const {
-  for (std::size_t later = step + 1; later < stepsDone; ++later)
-    if (covers(steps_[later], steps_[step])) return true;
-  return false;
+  const DiskStep& change = steps_[step];
+  const auto isFollowedBy = [&](const auto& isWanted) {
+    return std::any_of(steps_.begin() + static_cast<std::ptrdiff_t>(step) + 1,
+                       steps_.begin() + static_cast<std::ptrdiff_t>(stepsDone), isWanted);
+  };
+  if (isOfFile(change))
+    return isFollowedBy(
+        [&](const DiskStep& sync) { return sync.kind == Kind::SyncFile && sync.node == change.node; });
+  return isFollowedBy([&](const DiskStep& sync) { return isSyncOfFolderOf(sync, change.path); }) &&
+         isFollowedBy([&](const DiskStep& sync) { return isSyncOfFolderOf(sync, change.from); });
 }
 
 bool CrashStates::keepsOrder(const Choice& kept, std::size_t stepsDone) const {

@@ -13,7 +13,8 @@ namespace tarvik::test {
 ///
 /// Whatever was not synced may be on the disk or not, each step by itself: every sector of every write,
 /// every length, every name that came or went. Only two things are sure: what a sync covered is there, and
-/// nothing that followed a write-out is there without the bytes that it put ahead. A rename is one step.
+/// nothing that followed a write-out is there without the bytes that it put ahead. A rename is one step, and
+/// covered once both of its folders are synced.
 class CrashStates {
  public:
   /// Up to this many unsynced steps, all their subsets are visited; of more, as many subsets drawn at random,
