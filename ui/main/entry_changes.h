@@ -3,8 +3,8 @@
 #include <QObject>
 #include <functional>
 
-#include "core/ratio.h"
 #include "core/entry_input.h"
+#include "core/ratio.h"
 #include "ui/base/context.h"
 #include "ui/base/guarded.h"
 

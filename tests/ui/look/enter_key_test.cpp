@@ -24,7 +24,7 @@ struct Form {
     auto* options = new QVBoxLayout(group);
     options->addWidget(&winter);
     options->addWidget(&summer);
-    const QList<QWidget*> parts{&text, &result, &box, &day,    group,   &last,
+    const QList<QWidget*> parts{&text, &result, &box,  &day,     group,     &last,
                                 &asks, &other,  &ends, &unasked, &harmless, &rows};
     for (QWidget* part : parts) column->addWidget(part);
     result.setReadOnly(true);

@@ -220,9 +220,9 @@ class FrmTarvikKeyboardTest : public QObject {
     auto* const calendar = day->findChild<QCalendarWidget*>();
     QVERIFY(calendar != nullptr && calendar->isVisible());
     for (const int key : {Qt::Key_Left, Qt::Key_Return}) {
-      QTest::keyClick(QApplication::focusWidget() == nullptr ? calendar->focusWidget()
-                                                             : QApplication::focusWidget(),
-                      static_cast<Qt::Key>(key));
+      QTest::keyClick(
+          QApplication::focusWidget() == nullptr ? calendar->focusWidget() : QApplication::focusWidget(),
+          static_cast<Qt::Key>(key));
       QVERIFY(main.isFilterOpen());
     }
     QCOMPARE(main.rows(), 2);

@@ -309,8 +309,7 @@ class frmGumikTest : public QObject {
     tyres.clickRow(0);
     const auto enter = [&](const char* from, int times) {
       part<QWidget>(*tyres.screen, from)->setFocus();
-      for (int time = 0; time < times; ++time)
-        QTest::keyClick(tyres.screen->focusWidget(), Qt::Key_Return);
+      for (int time = 0; time < times; ++time) QTest::keyClick(tyres.screen->focusWidget(), Qt::Key_Return);
       return tyres.screen->focusWidget()->objectName();
     };
     QCOMPARE(enter("txtGumiTipusa", 4), "txtGumiAzotaFutottKm");
