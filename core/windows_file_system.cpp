@@ -3,7 +3,6 @@
 #define NOMINMAX
 #include <windows.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <limits>
 #include <mutex>
@@ -11,6 +10,7 @@
 
 #include "core/machine_file_system.h"
 #include "core/windows_errors.h"
+#include "core/windows_paths.h"
 
 namespace tarvik::core {
 namespace {
@@ -29,47 +29,6 @@ int failed() {
 
 int resultOf(BOOL isDone) {
   return isDone ? 0 : failed();
-}
-
-std::wstring wide(const std::string& text) {
-  const int bytes = static_cast<int>(text.size());
-  std::wstring name(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, nullptr, 0)),
-                    L'\0');
-  MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, name.data(), static_cast<int>(name.size()));
-  return name;
-}
-
-std::string narrow(std::wstring_view name) {
-  const int units = static_cast<int>(name.size());
-  const int bytes = WideCharToMultiByte(CP_UTF8, 0, name.data(), units, nullptr, 0, nullptr, nullptr);
-  std::string text(static_cast<std::size_t>(bytes), '\0');
-  WideCharToMultiByte(CP_UTF8, 0, name.data(), units, text.data(), bytes, nullptr, nullptr);
-  return text;
-}
-
-bool hasTooLongName(std::wstring_view path) {
-  constexpr std::size_t kLongestName = 255;
-  while (path.size() > kLongestName) {
-    const std::size_t slash = path.find_first_of(L"/\\");
-    if (std::min(slash, path.size()) > kLongestName) return true;
-    path.remove_prefix(slash + 1);
-  }
-  return false;
-}
-
-// As the rest of the program writes paths: with slashes, and without the mark that the system puts in front
-// of the paths it resolves.
-std::string pathOf(std::wstring_view resolved) {
-  constexpr std::wstring_view kShareMark = L"\\\\?\\UNC\\";
-  constexpr std::wstring_view kMark = L"\\\\?\\";
-  std::string path;
-  if (resolved.starts_with(kShareMark))
-    path = "//" + narrow(resolved.substr(kShareMark.size()));
-  else
-    path = narrow(resolved.starts_with(kMark) ? resolved.substr(kMark.size()) : resolved);
-  for (char& letter : path)
-    if (letter == '\\') letter = '/';
-  return path;
 }
 
 // A handle that is closed on every path.
@@ -138,7 +97,7 @@ Descriptors& descriptors() {
 }
 
 HANDLE openNative(const std::string& path, DWORD access, DWORD share, DWORD creation, DWORD flags) {
-  return CreateFileW(wide(path).c_str(), access, share, nullptr, creation, flags, nullptr);
+  return CreateFileW(systemPath(path).c_str(), access, share, nullptr, creation, flags, nullptr);
 }
 
 HANDLE openShared(const std::string& path, DWORD access, DWORD creation, DWORD flags) {
@@ -151,7 +110,7 @@ HANDLE openToAsk(const std::string& path) {
 }
 
 bool isFolder(const std::string& path) {
-  const DWORD attributes = GetFileAttributesW(wide(path).c_str());
+  const DWORD attributes = GetFileAttributesW(systemPath(path).c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
@@ -160,7 +119,7 @@ bool isFolder(const std::string& path) {
 int failedToOpen(const std::string& path) {
   failed();
   if (errno == EACCES && isFolder(path)) errno = EISDIR;
-  if (errno == ENOENT && hasTooLongName(wide(path))) errno = ENAMETOOLONG;
+  if (errno == ENOENT && hasTooLongName(systemPath(path))) errno = ENAMETOOLONG;
   return -1;
 }
 
@@ -236,7 +195,7 @@ int statusOfHandle(HANDLE file, FileStatus& status) {
 
 // Replaces in one step, whoever has the old file open, as long as he shares its deletion.
 bool replacedAtOnce(HANDLE file, const std::string& to) {
-  const std::wstring name = wide(to);
+  const std::wstring name = systemPath(to);
   const std::size_t nameBytes = name.size() * sizeof(WCHAR);
   std::vector<std::uint64_t> room((sizeof(FILE_RENAME_INFO) + nameBytes) / sizeof(std::uint64_t) + 1);
   auto* const information = reinterpret_cast<FILE_RENAME_INFO*>(room.data());
@@ -276,7 +235,9 @@ int replaceByMove(const std::string& from, const std::string& to) {
   constexpr DWORD kWithNobody = 0;
   letGoOf(to);
   const DWORD how = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-  return MoveFileExW(wide(from).c_str(), wide(to).c_str(), how) ? 0 : failedToReplace(to, kWithNobody);
+  return MoveFileExW(systemPath(from).c_str(), systemPath(to).c_str(), how)
+             ? 0
+             : failedToReplace(to, kWithNobody);
 }
 
 // What a disk answers that keeps no promise about the names in its folders.
@@ -380,11 +341,11 @@ int MachineFileSystem::rename(const std::string& from, const std::string& to) {
 }
 
 int MachineFileSystem::remove(const std::string& path) {
-  return DeleteFileW(wide(path).c_str()) ? 0 : failedToOpen(path);
+  return DeleteFileW(systemPath(path).c_str()) ? 0 : failedToOpen(path);
 }
 
 int MachineFileSystem::makeFolder(const std::string& path) {
-  return resultOf(CreateDirectoryW(wide(path).c_str(), nullptr));
+  return resultOf(CreateDirectoryW(systemPath(path).c_str(), nullptr));
 }
 
 int MachineFileSystem::resolve(const std::string& path, std::string& resolved) {
@@ -410,7 +371,7 @@ void MachineFileSystem::pause(int milliseconds) {
 
 int MachineFileSystem::list(const std::string& path, std::vector<std::string>& names) {
   WIN32_FIND_DATAW found{};
-  const HANDLE search = FindFirstFileW(wide(path + "/*").c_str(), &found);
+  const HANDLE search = FindFirstFileW(systemPath(path + "/*").c_str(), &found);
   if (search == INVALID_HANDLE_VALUE) return failed();
   do {
     const std::string name = narrow(found.cFileName);
@@ -423,7 +384,7 @@ int MachineFileSystem::list(const std::string& path, std::vector<std::string>& n
 }
 
 int MachineFileSystem::removeFolder(const std::string& path) {
-  return resultOf(RemoveDirectoryW(wide(path).c_str()));
+  return resultOf(RemoveDirectoryW(systemPath(path).c_str()));
 }
 
 }  // namespace tarvik::core

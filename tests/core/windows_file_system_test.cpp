@@ -7,6 +7,7 @@
 #include "core/machine_file_system.h"
 #include "core/record_file.h"
 #include "core/windows_errors.h"
+#include "core/windows_paths.h"
 #include "tests/support/expect_failure.h"
 #include "tests/support/temporary_folder.h"
 
@@ -132,6 +133,35 @@ TEST_F(WindowsFileSystemTest, AFileThatIsToBeItselfIsNotWhatALinkLeadsTo) {
     EXPECT_TRUE(opened(path_, mode).isOpen());
   }
   EXPECT_TRUE(opened(folder_ / "link.dat", OpenMode::Read).isOpen());
+}
+
+TEST_F(WindowsFileSystemTest, APathIsMarkedWhereItIsLongerThanTheSystemTakes) {
+  const std::wstring letters(245, L'x');
+  const std::string plain(245, 'x');
+  EXPECT_EQ(systemPath("C:" + plain), L"C:" + letters);
+  EXPECT_EQ(systemPath("C:/" + plain), L"\\\\?\\C:\\" + letters);
+  EXPECT_EQ(systemPath("C:/" + plain + "/ő"), L"\\\\?\\C:\\" + letters + L"\\ő");
+  EXPECT_EQ(systemPath("//server/" + plain), L"\\\\?\\UNC\\server\\" + letters);
+  EXPECT_EQ(systemPath("//?/C:/" + plain), L"\\\\?\\C:\\" + letters);
+  EXPECT_EQ(systemPath(plain + "/x"), letters + L"\\x");
+}
+
+TEST_F(WindowsFileSystemTest, AFileInAPathOf400LettersIsRecordedAndReplaced) {
+  std::string folder = folder_.path();
+  while (folder.size() < 400) {
+    folder += "/egy nagyon hosszú nevű mappa a többiben";
+    ASSERT_EQ(files_.makeFolder(folder), 0) << errno;
+  }
+  path_ = folder + "/data";
+  std::string real;
+  RecordFile(files_, path_, kLength).append(bytes("1234"));
+  rewrite("5678");
+  EXPECT_EQ(files_.resolve(path_, real), 0);
+  EXPECT_TRUE(real.ends_with("/egy nagyon hosszú nevű mappa a többiben/data")) << real;
+  FileStatus status;
+  EXPECT_EQ(files_.statusOf(path_, status), 0);
+  EXPECT_EQ(status.size, 4);
+  EXPECT_EQ(files_.remove(path_), 0);
 }
 
 TEST_F(WindowsFileSystemTest, ReadsWritesAndCutsAtItsOffsets) {

@@ -20,7 +20,7 @@ declare -A arrows=(
 folders=(core settings tyres repairs reminders charts print exchange ui app)
 
 # The two halves of the one file that talks to the system, and what only they may include.
-system_file='core/(posix|windows)_(file_system|errors)\.cpp'
+system_file='core/(posix|windows)_(file_system|errors|paths)\.cpp'
 system_headers='unistd\.h|fcntl\.h|sys/[a-z/]+\.h|dirent\.h|windows\.h|stdio\.h|cstdio|stdlib\.h|filesystem|fstream|locale|clocale|locale\.h'
 
 sources_of() { find "$1" -name '*.cpp' -o -name '*.h' | sort; }
