@@ -19,6 +19,8 @@ enum class FailureKind {
   FolderMissing,     ///< a vehicle's folder is not there
   FolderGone,        ///< the folder that the program was started in is not there any more
   FolderUnreadable,  ///< the program's folder, or the one it was started in, cannot be reached by its name
+  PathUnusable,      ///< a path with a line break or another control character where none can be kept
+  RemoveFailed,      ///< a file could not be removed
   PlateUnusable,     ///< a plate that cannot name a folder
   NotANumber,        ///< a text that should be a number
   OutOfRange,        ///< a figure that does not fit its type or field

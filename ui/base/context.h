@@ -6,6 +6,7 @@
 #include "core/clock.h"
 #include "core/data_folders.h"
 #include "core/file_system.h"
+#include "settings/menu_entry.h"
 
 namespace tarvik::ui {
 
@@ -24,7 +25,8 @@ struct Context {
   core::FileSystem& files;
   core::DataFolders folders;
   const core::Clock& clock;
-  std::string version;  ///< major.minor.revision
+  std::string version;            ///< major.minor.revision
+  settings::MenuPlace menu = {};  ///< the person's own menu of programs; without a folder where there is none
   ProgramState state = {};
 };
 

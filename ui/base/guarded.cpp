@@ -39,6 +39,10 @@ QString headline(FailureKind kind) {
     case FailureKind::FolderUnreadable:
       return QStringLiteral(
           "Ez a mappa nem érhető el a neve alapján (talán olvashatatlan betű van benne):\n%1");
+    case FailureKind::PathUnusable:
+      return QStringLiteral("Sortörés vagy más vezérlőjel van ennek a mappának a nevében:\n%1");
+    case FailureKind::RemoveFailed:
+      return QStringLiteral("A fájl nem törölhető:\n%1");
     case FailureKind::PlateUnusable:
       return QStringLiteral("Ez a rendszám nem lehet mappa neve:\n%1");
     case FailureKind::NotANumber:

@@ -28,22 +28,40 @@ void keepTitleWhole(QMessageBox& box) {
                 grid->columnCount());
 }
 
+// What a box says comes from data too and is never read as HTML.
+QMessageBox::StandardButton answerTo(QMessageBox& box) {
+  box.setTextFormat(Qt::PlainText);
+  keepTitleWhole(box);
+  return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
 }  // namespace
 
 bool ask(QWidget* parent, const QString& title, const QString& prompt, DefaultAnswer byDefault) {
   QMessageBox box(QMessageBox::Question, title, prompt, QMessageBox::Yes | QMessageBox::No, parent);
-  box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(byDefault == DefaultAnswer::Yes ? QMessageBox::Yes : QMessageBox::No);
   box.setEscapeButton(QMessageBox::No);
-  keepTitleWhole(box);
-  return box.exec() == QMessageBox::Yes;
+  return answerTo(box) == QMessageBox::Yes;
+}
+
+Answer askOrCancel(const QString& title, const QString& prompt) {
+  QMessageBox box(QMessageBox::Question, title, prompt,
+                  QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+  box.setDefaultButton(QMessageBox::Yes);
+  box.setEscapeButton(QMessageBox::Cancel);
+  const QMessageBox::StandardButton answer = answerTo(box);
+  if (answer == QMessageBox::Yes) return Answer::Yes;
+  return answer == QMessageBox::No ? Answer::No : Answer::Cancel;
+}
+
+void tellDone(QWidget* parent, const QString& title, const QString& prompt) {
+  QMessageBox box(QMessageBox::Information, title, prompt, QMessageBox::Ok, parent);
+  answerTo(box);
 }
 
 void tellError(QWidget* parent, const QString& title, const QString& prompt) {
   QMessageBox box(QMessageBox::Critical, title, prompt, QMessageBox::Ok, parent);
-  box.setTextFormat(Qt::PlainText);
-  keepTitleWhole(box);
-  box.exec();
+  answerTo(box);
 }
 
 std::optional<QString> askText(QWidget* parent, const QString& title, const QString& prompt) {

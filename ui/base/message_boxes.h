@@ -15,6 +15,15 @@ enum class DefaultAnswer { Yes, No };
 /// Asks a question with Yes and No; true for Yes.
 bool ask(QWidget* parent, const QString& title, const QString& prompt, DefaultAnswer byDefault);
 
+/// What a person answers who may also give up what led to the question.
+enum class Answer { Yes, No, Cancel };
+
+/// Asks a question with Yes, No and Cancel; Enter is Yes, Escape is Cancel.
+Answer askOrCancel(const QString& title, const QString& prompt);
+
+/// Tells of something that was done, with an OK button and the information icon.
+void tellDone(QWidget* parent, const QString& title, const QString& prompt);
+
 /// Tells of an error with an OK button and the critical icon.
 void tellError(QWidget* parent, const QString& title, const QString& prompt);
 

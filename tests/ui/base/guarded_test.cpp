@@ -51,6 +51,7 @@ const QMap<QString, FailureKind> kKinds{
     {"NotOwnFile", FailureKind::NotOwnFile},
     {"FileBusy", FailureKind::FileBusy},           {"FolderMissing", FailureKind::FolderMissing},
     {"FolderGone", FailureKind::FolderGone},       {"FolderUnreadable", FailureKind::FolderUnreadable},
+    {"PathUnusable", FailureKind::PathUnusable},   {"RemoveFailed", FailureKind::RemoveFailed},
     {"PlateUnusable", FailureKind::PlateUnusable}, {"NotANumber", FailureKind::NotANumber},
     {"OutOfRange", FailureKind::OutOfRange},       {"DivisionByZero", FailureKind::DivisionByZero},
     {"FileFull", FailureKind::FileFull},           {"FileTooLong", FailureKind::FileTooLong},
