@@ -3,10 +3,13 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
+#include <optional>
 
+#include "app/menu_place.h"
 #include "app/system_clock.h"
 #include "core/machine_file_system.h"
 #include "ui/base/guarded.h"
+#include "ui/base/start_folders.h"
 #include "ui/look/look.h"
 #include "ui/main/frmTarvik.h"
 
@@ -24,27 +27,35 @@ void speakHungarian(QApplication& application, QTranslator& translator) {
     }
 }
 
+// The folders of the program and of its start, once they are known to be there and the person has settled
+// what is where. Nothing when there is no start.
+std::optional<tarvik::core::DataFolders> foldersToUse(tarvik::core::FileSystem& files) {
+  const tarvik::core::DataFolders folders{.program = QCoreApplication::applicationDirPath().toStdString(),
+                                          .current = QDir::currentPath().toStdString()};
+  if (!tarvik::ui::guarded(nullptr, [&] { tarvik::core::requireFolders(files, folders); },
+                           {.failed = QStringLiteral("A program így nem tud elindulni.")}))
+    return std::nullopt;
+  return tarvik::ui::settledFolders(files, folders);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Tarvik"));
   QApplication::setApplicationVersion(QStringLiteral(TARVIK_VERSION));
-  QApplication::setDesktopFileName(QStringLiteral("tarvik"));
+  const auto menu = tarvik::app::menuPlace(QCoreApplication::applicationFilePath().toStdString());
+  QApplication::setDesktopFileName(QString::fromStdString(tarvik::settings::menuEntryName(menu)));
   tarvik::ui::dress();
   QTranslator translator;
   speakHungarian(application, translator);
 
   tarvik::core::MachineFileSystem files;
+  const auto folders = foldersToUse(files);
+  if (!folders) return 1;
   const tarvik::app::SystemClock clock;
-  tarvik::ui::Context context{.files = files,
-                              .folders = {.program = QCoreApplication::applicationDirPath().toStdString(),
-                                          .current = QDir::currentPath().toStdString()},
-                              .clock = clock,
-                              .version = TARVIK_VERSION};
-  if (!tarvik::ui::guarded(nullptr, [&] { tarvik::core::requireFolders(files, context.folders); },
-                           {.failed = QStringLiteral("A program így nem tud elindulni.")}))
-    return 1;
+  tarvik::ui::Context context{
+      .files = files, .folders = *folders, .clock = clock, .version = TARVIK_VERSION, .menu = menu};
   tarvik::ui::frmTarvik window(context);
   window.load();
   window.show();

@@ -76,6 +76,14 @@ std::string DataFolders::logbookTemporary(std::string_view plate) const {
   return joined(vehicleFolder(plate), "napiadatx.dat");
 }
 
+bool isOneFolder(FileSystem& files, const DataFolders& folders) {
+  FileStatus program;
+  FileStatus current;
+  if (folders.program == folders.current) return true;
+  return files.statusOf(folders.program, program) == 0 && files.statusOf(folders.current, current) == 0 &&
+         program.inode != 0 && program.inode == current.inode && program.device == current.device;
+}
+
 void requireFolders(FileSystem& files, const DataFolders& folders) {
   requireFolder(files, folders.program);
   requireFolder(files, folders.current);

@@ -27,6 +27,9 @@ struct DataFolders {
   std::string logbookTemporary(std::string_view plate) const;
 };
 
+/// Whether both are one folder, by whatever paths: the program was started in its own folder.
+bool isOneFolder(FileSystem& files, const DataFolders& folders);
+
 /// Makes sure, before anything is read, that both folders are there under the paths given. A path may be
 /// empty (the program was started in a folder that is gone) or lead nowhere (a name that is no text). Throws
 /// Failure(FolderGone) or FolderUnreadable: data must not turn up in the root of the disk instead.

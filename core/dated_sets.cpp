@@ -50,16 +50,6 @@ bool isSharedFile(std::string_view name) {
   return std::ranges::find(kSharedFiles, name, &DataFileKind::name) != kSharedFiles.end();
 }
 
-// Two names of one folder are one folder.
-bool isOneFolder(FileSystem& files, const DataFolders& folders) {
-  FileStatus program;
-  FileStatus current;
-  if (files.statusOf(folders.program, program) != 0 || files.statusOf(folders.current, current) != 0)
-    return folders.program == folders.current;
-  return program.device == current.device && program.inode == current.inode &&
-         (program.inode != 0 || folders.program == folders.current);
-}
-
 // Where the program has a file of a set without a part of its own for the current folder: there, as it is
 // read.
 std::string placeOf(const DataFileKind& kind, const DataFolders& folders) {

@@ -79,6 +79,14 @@ TEST_F(RequiredFoldersTest, ThatAreThereAreFine) {
   requireFolders(disk_, {"/program", "/current"});
 }
 
+TEST_F(RequiredFoldersTest, AreOneByWhateverPathsTheyAreNamed) {
+  disk_.putLink("/link", "/program");
+  EXPECT_TRUE(isOneFolder(disk_, {"/program", "/program"}));
+  EXPECT_TRUE(isOneFolder(disk_, {"/program", "/link"}));
+  EXPECT_FALSE(isOneFolder(disk_, {"/program", "/current"}));
+  EXPECT_FALSE(isOneFolder(disk_, {"/program", "/gone"}));
+}
+
 TEST_F(RequiredFoldersTest, AreToldToBeGoneWhereTheSystemHasNoPathForThem) {
   expectFailure(FailureKind::FolderGone, [&] { requireFolders(disk_, {"/program", ""}); });
 }

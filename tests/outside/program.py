@@ -26,14 +26,15 @@ def demo_folder():
 class Program:
     """Runs while a `with` lasts.
 
-    `folder` is where it runs, a new demonstration folder unless one is given; `without_alerts` takes the
-    reminders away first; `wrapper` goes before the program's name: ["strace", ...]; `environment` is added to
-    the desktop's.
+    `folder` is where it lies, a new demonstration folder unless one is given, and runs, unless `current` is
+    another one; `without_alerts` takes the reminders away first; `wrapper` goes before the program's name:
+    ["strace", ...]; `environment` is added to the desktop's.
     """
 
-    def __init__(self, folder=None, without_alerts=False, wrapper=(), environment=None):
+    def __init__(self, folder=None, without_alerts=False, wrapper=(), environment=None, current=None):
         self.desktop = Desktop.get()
         self.folder = pathlib.Path(folder) if folder else demo_folder()
+        self._current = current or self.folder
         self._wrapper = list(wrapper)
         self._environment = {**os.environ, **(environment or {})}
         self.process = None
@@ -45,7 +46,7 @@ class Program:
         program = self.folder / PROGRAM.name
         if not program.exists():
             shutil.copy(PROGRAM, program)
-        self.process = self.desktop.spawn(self._wrapper + [str(program)], "program", cwd=self.folder,
+        self.process = self.desktop.spawn(self._wrapper + [str(program)], "program", cwd=self._current,
                                           env=self._environment)
         return self
 

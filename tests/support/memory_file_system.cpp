@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <iterator>
 #include <stdexcept>
 
 namespace tarvik::test {
 namespace {
 
+constexpr std::uint64_t kFirstFolderInode = std::uint64_t{1} << 32;
 constexpr std::uint32_t kOwnerWrites = 0200;
 constexpr std::uint32_t kPrivate = 0600;
 
@@ -390,7 +392,11 @@ bool MemoryFileSystem::isOnOtherDevice(const std::string& path) const {
 
 void MemoryFileSystem::fill(core::FileStatus& status, int node, const std::string& path) const {
   status = {.device = isOnOtherDevice(path) ? 2U : 1U, .kind = core::FileKind::Folder};
-  if (node < 0) return;
+  if (node < 0) {
+    const auto place = std::distance(folders_.begin(), folders_.find(path));
+    status.inode = kFirstFolderInode + static_cast<std::uint64_t>(place);
+    return;
+  }
   status.inode = static_cast<std::uint64_t>(node) + 1;
   status.size = nodes_[static_cast<std::size_t>(node)].length;
   status.mode = nodes_[static_cast<std::size_t>(node)].mode;
