@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "app/menu_place.h"
+#include "app/own_plugins.h"
 #include "app/system_clock.h"
 #include "core/machine_file_system.h"
 #include "ui/base/guarded.h"
@@ -41,6 +42,7 @@ std::optional<tarvik::core::DataFolders> foldersToUse(tarvik::core::FileSystem& 
 }  // namespace
 
 int main(int argc, char** argv) {
+  tarvik::app::preferOwnPlugins();
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Tarvik"));
   QApplication::setApplicationVersion(QStringLiteral(TARVIK_VERSION));
