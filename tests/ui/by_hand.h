@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDateEdit>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -76,6 +77,12 @@ inline void typeInto(QComboBox& field, const QString& text) {
   if (!isInReach(field)) return;
   if (!field.isEditable()) return failOver(field, QStringLiteral("takes no text"));
   typeInto(*field.lineEdit(), text);
+}
+
+/// Names the file in an open file dialog by its whole path, at one stroke: what is typed makes a list of
+/// proposals pop up.
+inline void nameFile(QFileDialog& dialog, const QString& path) {
+  dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
 }
 
 /// Types a day into a date field, year first. Fails the test when a person could not.

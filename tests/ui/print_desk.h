@@ -10,6 +10,7 @@
 #include <QPdfWriter>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QTest>
 #include <QTimer>
 #include <cerrno>
 #include <deque>
@@ -19,6 +20,7 @@
 #include "tests/support/fixed_clock.h"
 #include "tests/support/forwarding_file_system.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/ui/by_hand.h"
 #include "tests/ui/printed_entries.h"
 #include "ui/base/guarded.h"
 #include "ui/print/list_printer.h"
@@ -54,13 +56,15 @@ class Answers : public QObject {
       texts << box.windowTitle() << box.text();
       icon = box.icon();
       byDefault = box.standardButton(box.defaultButton());
-      box.button(button)->click();
+      auto* const answer = box.button(button);
+      if (answer == nullptr) QTest::qFail("the box has no such button", __FILE__, __LINE__);
+      answer == nullptr ? box.done(QDialog::Rejected) : answer->click();
     });
   }
   void fileName(const QString& path) {
     expect<QFileDialog>([this, path](QFileDialog& dialog) {
       texts << QFileInfo(dialog.selectedFiles().value(0)).fileName();
-      dialog.selectFile(path);
+      nameFile(dialog, path);
       static_cast<QDialog&>(dialog).accept();
     });
   }
@@ -161,8 +165,8 @@ class OneWayPrintSystem final : public ui::PrintSystem {
 class FailingDisk final : public ForwardingFileSystem {
  public:
   int open(const std::string& path, core::OpenMode mode) override {
-    return mode == core::OpenMode::CreateNew && refuses(openError) ? -1
-                                                                   : ForwardingFileSystem::open(path, mode);
+    const bool isNew = mode == core::OpenMode::CreateNew || mode == core::OpenMode::CreatePrivate;
+    return isNew && refuses(openError) ? -1 : ForwardingFileSystem::open(path, mode);
   }
   std::int64_t write(int descriptor, std::span<const std::byte> data, std::int64_t offset) override {
     if (offset == 0) onFirstWrite();

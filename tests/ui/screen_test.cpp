@@ -1,10 +1,14 @@
 #include "tests/ui/screen_test.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QFileInfo>
 #include <QTest>
+#include <QTimer>
 #include <cstdio>
 #include <map>
+
+#include "tests/ui/next_dialog.h"
 
 namespace tarvik::test {
 namespace {
@@ -13,6 +17,51 @@ std::map<QString, ScreenTest::Make>& knownTests() {
   static std::map<QString, ScreenTest::Make> tests;
   return tests;
 }
+
+// Fails a test that waits in a window which nobody closes, says which window, and closes it, so that the test
+// comes to its end. It waits for what does not happen: no machine is too slow for it.
+class Unattended : public QObject {
+ public:
+  Unattended() {
+    const QByteArray patience = qgetenv("TARVIK_TEST_PATIENCE_MS");
+    timer_.setInterval(patience.isEmpty() ? kPatienceMs : patience.toInt());
+    connect(&timer_, &QTimer::timeout, this, &Unattended::closeForgotten);
+    qApp->installEventFilter(this);
+    timer_.start();
+  }
+
+  // Whatever happens in a window is a sign that somebody deals with it.
+  bool eventFilter(QObject*, QEvent* event) override {
+    switch (event->type()) {
+      case QEvent::Show:
+      case QEvent::Hide:
+      case QEvent::KeyPress:
+      case QEvent::MouseButtonPress:
+        timer_.start();
+        break;
+      default:
+        break;
+    }
+    return false;
+  }
+
+ private:
+  static constexpr int kPatienceMs = 60'000;
+
+  static void closeForgotten() {
+    QWidget* const popup = QApplication::activePopupWidget();
+    QWidget* const window = popup != nullptr ? popup : QApplication::activeModalWidget();
+    if (window == nullptr) return;
+    const QString words = QStringLiteral("nobody closes the %1 \"%2\"");
+    QTest::qFail(
+        qPrintable(words.arg(QString::fromLatin1(window->metaObject()->className()), window->windowTitle())),
+        __FILE__, __LINE__);
+    QCoreApplication::processEvents();  // who waits for another window hears that the test has failed
+    closeUnanswered(*window);
+  }
+
+  QTimer timer_;
+};
 
 }  // namespace
 
@@ -33,7 +82,12 @@ int main(int argc, char** argv) {
   }
   QApplication app(argc, argv);
   QApplication::setAttribute(Qt::AA_Use96Dpi, true);
+  const tarvik::test::Unattended unattended;
   QStringList arguments = QApplication::arguments();
   arguments.removeAt(1);
-  return QTest::qExec(found->second().get(), arguments);
+  const int failed = QTest::qExec(found->second().get(), arguments);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  if (failed != 0 || tarvik::test::Awaited::waiting() == 0) return failed;
+  std::fputs("a dialog or menu that a test waited for did not come\n", stderr);
+  return 1;
 }

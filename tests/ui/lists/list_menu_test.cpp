@@ -67,8 +67,7 @@ class ListMenuTest : public QObject {
   // What a list's CSV item puts into a new file of that name.
   static std::string saved(const QWidget& list, const test::TemporaryFolder& folder, const char* name) {
     onNextDialog<QFileDialog>([&](QFileDialog& dialog) {
-      dialog.setDirectory(ui::toQt(folder.path()));
-      dialog.selectFile(QString::fromLatin1(name));
+      test::nameFile(dialog, ui::toQt(folder / name));
       static_cast<QDialog&>(dialog).accept();
     });
     choose(list, "mnuCsvMentes");
@@ -87,11 +86,9 @@ class ListMenuTest : public QObject {
     Screen screen;
     int opened = 0;
     const auto closeNext = [&] {
-      QTimer::singleShot(0, qApp, [&] {
-        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        if (menu == nullptr) return;
+      test::onNextPopup<QMenu>([&](QMenu& menu) {
         ++opened;
-        menu->close();
+        menu.close();
       });
     };
     closeNext();
@@ -233,8 +230,7 @@ class ListMenuTest : public QObject {
     onNextDialog<QFileDialog>([&](QFileDialog& dialog) {
       onNextDialog<ui::ImportPreview>(
           [](ui::ImportPreview& preview) { test::press(*preview.findChild<QPushButton*>("cmdAtvesz")); });
-      dialog.setDirectory(ui::toQt(screen.current.path()));
-      dialog.selectFile(QStringLiteral("log.csv"));
+      test::nameFile(dialog, ui::toQt(screen.current / "log.csv"));
       static_cast<QDialog&>(dialog).accept();
     });
     choose(*screen.list(), "mnuCsvBeolvasas");

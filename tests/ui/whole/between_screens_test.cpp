@@ -84,7 +84,7 @@ struct Household : MainScreen {
     const QString file = QString::fromStdString(folder / "lista.pdf");
     onNextDialog<QInputDialog>([&](QInputDialog& question) {
       onNextDialog<QFileDialog>([&](QFileDialog& dialog) {
-        dialog.selectFile(file);
+        test::nameFile(dialog, file);
         static_cast<QDialog&>(dialog).accept();
       });
       typeInto(*question.findChild<QLineEdit*>(), heading);

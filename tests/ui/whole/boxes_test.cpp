@@ -253,7 +253,7 @@ class BoxesTest : public QObject {
     chart.resize(400, 300);
     chart.show();
     QStringList items;
-    onNextPopup([&](QMenu& menu) {
+    onNextPopup<QMenu>([&](QMenu& menu) {
       for (const QAction* item : menu.actions()) items << item->text();
       expectFile("save-chart", true);
       menu.setActiveAction(menu.actions().last());
@@ -312,14 +312,6 @@ class BoxesTest : public QObject {
       QVERIFY(isOwn);
     });
   }
-  static void onNextPopup(const std::function<void(QMenu&)>& act) {
-    QTimer::singleShot(0, qApp, [act] {
-      auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-      if (menu == nullptr) return onNextPopup(act);
-      act(*menu);
-    });
-  }
-
   const QMap<QString, SeenBox> page_ = boxesOfThePage();
   const QMap<QString, QString> dialogs_ = dialogsOfThePage();
   QStringList came_;

@@ -100,8 +100,8 @@ class TwoSwitchesTest : public QObject {
     Household main(true);
     main.press("Check1");
     main.press("Check1");  // the state is 1 by now, which means on there and is switched to on here
-    QCOMPARE(main.visitSettings(2), (QStringList{shown(true, kFirst, true), shown(false, kOn, true),
-                                                 shown(true, kOff, false)}));
+    QCOMPARE(main.visitSettings(2),
+             (QStringList{shown(true, kFirst, true), shown(false, kOn, true), shown(true, kOff, false)}));
     QVERIFY(!main.isRunning());
     QVERIFY(main.box("Check1")->isChecked());
   }
