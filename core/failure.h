@@ -14,6 +14,7 @@ enum class FailureKind {
   SyncFailed,        ///< the system could not promise that the data reached the disk
   ReplaceFailed,     ///< the new contents could not take the old file's place
   NotAFile,          ///< a pipe, a socket or a device stands where a file should
+  DataFile,          ///< a document was to take the place of the program's data
   NotOwnFile,        ///< a link, or another user's file, stands where the program has a temporary file
   FileBusy,          ///< another program held the file for too long
   FolderMissing,     ///< a vehicle's folder is not there

@@ -2,6 +2,7 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QRegularExpression>
 #include <QStandardPaths>
 
@@ -10,28 +11,59 @@
 namespace tarvik::ui {
 namespace {
 
-QString chosenFile(QFileDialog& dialog) {
-  dialog.setOption(QFileDialog::DontUseNativeDialog);
-  dialog.setViewMode(QFileDialog::List);  // the other view has words that the translation lacks
-  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
-}
-
 // The first suffix that a filter names.
 QString suffixOf(const QString& filter) {
   static const QRegularExpression kFirst(QStringLiteral("\\*\\.(\\w+)"));
   return kFirst.match(filter).captured(1);
 }
 
-void followFilter(QFileDialog& dialog) {
-  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
-    dialog.setDefaultSuffix(suffixOf(filter));
-    const QString typed = dialog.selectedFiles().value(0);
-    dialog.selectFile(QFileInfo(typed).completeBaseName() + QLatin1Char('.') + suffixOf(filter));
-  });
-}
-
 QString documents() {
   return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}
+
+// Takes the ending of the chosen kind into the name.
+void followFilter(QFileDialog& dialog, const QString& filter) {
+  if (dialog.acceptMode() != QFileDialog::AcceptSave) return;
+  dialog.setDefaultSuffix(suffixOf(filter));
+  const QString typed = dialog.selectedFiles().value(0);
+  dialog.selectFile(QFileInfo(typed).completeBaseName() + QLatin1Char('.') + suffixOf(filter));
+}
+
+// The one dialog of the program. It is never deleted: that would write a file of the library's own into the
+// person's settings, and the program writes nothing outside its folder.
+QFileDialog& theDialog() {
+  static QFileDialog* const dialog = [] {
+    auto* made = new QFileDialog;
+    made->setOption(QFileDialog::DontUseNativeDialog);
+    made->setViewMode(QFileDialog::List);  // the other view has words that the translation lacks
+    QObject::connect(made, &QFileDialog::filterSelected, made,
+                     [made](const QString& filter) { followFilter(*made, filter); });
+    return made;
+  }();
+  return *dialog;
+}
+
+// Stands over a screen while it asks, and watches no folder of a person's longer than that.
+QString chosenFile(QFileDialog& dialog, QWidget* parent) {
+  dialog.setParent(parent, dialog.windowFlags());
+  auto* const name = dialog.findChild<QLineEdit*>();
+  name->setFocus();
+  name->selectAll();
+  const bool isChosen = dialog.exec() == QDialog::Accepted;
+  const QString path = isChosen ? dialog.selectedFiles().value(0) : QString();
+  dialog.setParent(nullptr, dialog.windowFlags());
+  dialog.setDirectory(documents());
+  return path;
+}
+
+QFileDialog& dialogFor(const FileKind& kind, const QString& suffix, const QString& name) {
+  QFileDialog& dialog = theDialog();
+  dialog.setWindowTitle(kind.title);
+  dialog.setDirectory(documents());
+  dialog.setNameFilter(kind.filter);
+  dialog.setDefaultSuffix(suffix);
+  dialog.selectFile(name);
+  return dialog;
 }
 
 }  // namespace
@@ -41,19 +73,15 @@ QString datedName(const QString& what, core::Day day) {
 }
 
 QString askFileToWrite(const FileKind& kind, const QString& proposedName, QWidget* parent) {
-  QFileDialog dialog(parent, kind.title, documents(), kind.filter);
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setDefaultSuffix(kind.suffix);
-  dialog.selectFile(proposedName);
-  followFilter(dialog);
-  return chosenFile(dialog);
+  theDialog().setFileMode(QFileDialog::AnyFile);
+  theDialog().setAcceptMode(QFileDialog::AcceptSave);
+  return chosenFile(dialogFor(kind, kind.suffix, proposedName), parent);
 }
 
 QString askFileToRead(const FileKind& kind, QWidget* parent) {
-  QFileDialog dialog(parent, kind.title, documents(), kind.filter);
-  dialog.setAcceptMode(QFileDialog::AcceptOpen);
-  dialog.setFileMode(QFileDialog::ExistingFile);
-  return chosenFile(dialog);
+  theDialog().setFileMode(QFileDialog::ExistingFile);
+  theDialog().setAcceptMode(QFileDialog::AcceptOpen);
+  return chosenFile(dialogFor(kind, {}, {}), parent);
 }
 
 }  // namespace tarvik::ui

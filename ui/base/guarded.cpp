@@ -28,6 +28,8 @@ QString headline(FailureKind kind) {
       return QStringLiteral("A fájl nem cserélhető le az új változatára:\n%1");
     case FailureKind::NotAFile:
       return QStringLiteral("Ezen a néven nem fájl van, hanem cső vagy eszköz:\n%1");
+    case FailureKind::DataFile:
+      return QStringLiteral("Ez a név a program adatfájljaié, más nem menthető a helyükre:\n%1");
     case FailureKind::NotOwnFile:
       return QStringLiteral("Ezen a néven hivatkozás vagy másvalaki fájlja van:\n%1");
     case FailureKind::FileBusy:

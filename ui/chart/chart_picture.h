@@ -1,19 +1,19 @@
 #pragma once
 
 #include <QPoint>
-#include <QString>
 
 namespace tarvik::ui {
 
 class ChartCanvas;
 class ChartView;
+class OutputFile;
 
 /// Copies the picture of a chart to the clipboard at twice the screen's resolution.
 void copyChartPicture(ChartCanvas& canvas);
 
-/// Saves the picture of a chart, as a PDF document when the path ends in ".pdf" and as PNG otherwise.
-/// Returns whether the file holds the whole picture; a failure leaves an earlier file as it was.
-bool saveChartPicture(ChartCanvas& canvas, const QString& path);
+/// Writes the picture of a chart into a file, as a PDF document when its path ends in ".pdf" and as PNG
+/// otherwise; false for a chart without any size.
+bool writeChartPicture(ChartCanvas& canvas, OutputFile& file);
 
 /// Shows the context menu of a chart at a position of the screen and does what is chosen.
 void runChartMenu(ChartView& chart, const QPoint& globalPosition);

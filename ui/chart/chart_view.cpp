@@ -134,8 +134,8 @@ void ChartView::copyPicture() const {
   copyChartPicture(sizedCanvas());
 }
 
-bool ChartView::savePicture(const QString& path) const {
-  return saveChartPicture(sizedCanvas(), path);
+bool ChartView::writePicture(OutputFile& file) const {
+  return writeChartPicture(sizedCanvas(), file);
 }
 
 QSize ChartView::sizeHint() const {

@@ -2,14 +2,13 @@
 
 #include <QStringList>
 #include <QWidget>
-#include <functional>
-#include <utility>
 
 #include "ui/chart/chart_content.h"
 
 namespace tarvik::ui {
 
 class ChartCanvas;
+class OutputFile;
 
 /// A chart of one series of labelled values, drawn as bars, a line or an area, flat or with depth.
 ///
@@ -72,21 +71,18 @@ class ChartView : public QWidget {
   /// The outlines of the texts on both axes, for whoever checks that none covers another.
   QList<QPolygonF> axisLabelOutlines() const;
 
-  /// Says which name is proposed for a saved picture, without its ending; asked for at each saving.
-  void setPictureName(std::function<QString()> name) { pictureName_ = std::move(name); }
-  /// The name that is proposed for a saved picture, without its ending.
-  QString pictureName() const { return pictureName_(); }
-
   /// Copies the picture to the clipboard at twice the screen's resolution.
   void copyPicture() const;
-  /// Saves the picture, as a PDF document when the path ends so and as PNG otherwise. Returns whether the
-  /// whole picture is in the file; a failure leaves an earlier file as it was.
-  bool savePicture(const QString& path) const;
+  /// Writes the picture into a file as its name wants it, a PDF document or PNG; false when there is nothing
+  /// to be seen of the chart.
+  bool writePicture(OutputFile& file) const;
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
  signals:
+  /// The person wants the picture saved.
+  void pictureWanted();
   /// A point was chosen by a click or a key; the series is always 1, rows count from 1.
   void pointSelected(int series, int row);
 
@@ -112,7 +108,6 @@ class ChartView : public QWidget {
   ChartContent content_;
   mutable ChartCanvas* canvas_ = nullptr;  // made when it is needed
   int pressedRow_ = 0;
-  std::function<QString()> pictureName_ = [] { return QStringLiteral("grafikon"); };
 };
 
 }  // namespace tarvik::ui

@@ -6,9 +6,9 @@
 #include "core/record_file.h"
 #include "exchange/log_reader.h"
 #include "settings/vehicles.h"
+#include "ui/base/document.h"
 #include "ui/base/file_chooser.h"
 #include "ui/base/message_boxes.h"
-#include "ui/base/output_file.h"
 #include "ui/base/text.h"
 #include "ui/exchange/import_preview.h"
 #include "ui/exchange/import_words.h"
@@ -40,11 +40,10 @@ bool refuses(const QString& words, QWidget* parent) {
 
 void saveCsvFile(Context& context, const QString& what, const std::string& bytes, QWidget* parent) {
   const QString name = datedName(what, context.clock.today()) + QStringLiteral(".csv");
-  const QString path = askFileToWrite(csvToWrite(), name, parent);
-  if (path.isEmpty()) return;
-  OutputFile file(context.files, toLogic(path));
-  file.write(bytes.data(), static_cast<qint64>(bytes.size()));
-  file.commit();
+  saveDocument(context, csvToWrite(), name, parent, [&](OutputFile& file) {
+    file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+    return true;
+  });
 }
 
 bool importCsvFile(Context& context, const std::string& plate, QWidget* parent,

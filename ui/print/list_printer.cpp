@@ -8,9 +8,8 @@
 
 #include "core/failure.h"
 #include "core/record_file.h"
-#include "ui/base/file_chooser.h"
+#include "ui/base/document.h"
 #include "ui/base/message_boxes.h"
-#include "ui/base/output_file.h"
 #include "ui/base/text.h"
 #include "ui/print/page_painter.h"
 
@@ -24,10 +23,8 @@ QString commandTitle() {
   return QStringLiteral("Listamező nyomtatása");
 }
 
-QString askPdfPath(const QString& name, QWidget* parent) {
-  return askFileToWrite(
-      {QStringLiteral("Mentés PDF-fájlba"), QStringLiteral("PDF-fájl (*.pdf)"), QStringLiteral("pdf")}, name,
-      parent);
+FileKind pdfFile() {
+  return {QStringLiteral("Mentés PDF-fájlba"), QStringLiteral("PDF-fájl (*.pdf)"), QStringLiteral("pdf")};
 }
 
 // Draws all pages; false when the person cancelled it. A page that is refused ends it early and is the
@@ -67,12 +64,9 @@ void saveAsPdf(Context& context, const PrintOut& printOut, QWidget* parent) {
   if (!ask(parent, commandTitle(), QStringLiteral("Nincs nyomtató ezen a gépen.\nElmented PDF-fájlba?"),
            DefaultAnswer::Yes))
     return;
-  const QString path =
-      askPdfPath(datedName(printOut.plate, context.clock.today()) + QStringLiteral(".pdf"), parent);
-  if (path.isEmpty()) return;
-  OutputFile file(context.files, toLogic(path));
-  if (!drawPdf(file, printOut.title, printOut.draw)) return;
-  file.commit();
+  const QString name = datedName(printOut.plate, context.clock.today()) + QStringLiteral(".pdf");
+  saveDocument(context, pdfFile(), name, parent,
+               [&](OutputFile& file) { return drawPdf(file, printOut.title, printOut.draw); });
 }
 
 void sendTo(const QString& printer, Context& context, const PrintOut& printOut, PrintSystem& system,

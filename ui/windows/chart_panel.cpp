@@ -9,7 +9,7 @@
 #include "charts/scroll_view.h"
 #include "charts/series.h"
 #include "core/entry_editing.h"
-#include "ui/base/file_chooser.h"
+#include "ui/base/document.h"
 #include "ui/base/guarded.h"
 #include "ui/base/text.h"
 #include "ui/look/access.h"
@@ -49,11 +49,19 @@ ChartPanel::ChartPanel(Context& context, ChartSources sources, QWidget* parent)
           [this](int index) { guarded(window(), [&] { setType(index); }); });
   connect(ui_->MSChart1, &ChartView::pointSelected, this,
           [this](int, int row) { guarded(window(), [&] { describePoint(row); }); });
-  ui_->MSChart1->setPictureName([this] { return pictureName(); });
+  connect(ui_->MSChart1, &ChartView::pictureWanted, this, &ChartPanel::savePicture);
   setType(ui_->Combo2->currentIndex());
 }
 
 ChartPanel::~ChartPanel() = default;
+
+void ChartPanel::savePicture() {
+  static const FileKind kPicture{QStringLiteral("Grafikon mentése képként"),
+                                 QStringLiteral("PNG kép (*.png);;PDF dokumentum (*.pdf)"),
+                                 QStringLiteral("png")};
+  saveDocument(context_, kPicture, pictureName() + QStringLiteral(".png"), this,
+               [this](OutputFile& file) { return ui_->MSChart1->writePicture(file); });
+}
 
 void ChartPanel::toggle(QPushButton& button, QPoint mainTopLeft) {
   ui_->HScroll1->setValue(kFirstRecord);

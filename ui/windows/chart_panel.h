@@ -59,6 +59,7 @@ class ChartPanel : public QFrame {
   void fitScrollBar(int records);
   void scroll();
   void setType(int index);
+  void savePicture();
   void describePoint(int row);
 
   Context& context_;

@@ -48,7 +48,7 @@ const QMap<QString, FailureKind> kKinds{
     {"OpenFailed", FailureKind::OpenFailed},       {"ReadFailed", FailureKind::ReadFailed},
     {"WriteFailed", FailureKind::WriteFailed},     {"SyncFailed", FailureKind::SyncFailed},
     {"ReplaceFailed", FailureKind::ReplaceFailed}, {"NotAFile", FailureKind::NotAFile},
-    {"NotOwnFile", FailureKind::NotOwnFile},
+    {"NotOwnFile", FailureKind::NotOwnFile},       {"DataFile", FailureKind::DataFile},
     {"FileBusy", FailureKind::FileBusy},           {"FolderMissing", FailureKind::FolderMissing},
     {"FolderGone", FailureKind::FolderGone},       {"FolderUnreadable", FailureKind::FolderUnreadable},
     {"PathUnusable", FailureKind::PathUnusable},   {"RemoveFailed", FailureKind::RemoveFailed},

@@ -1,8 +1,14 @@
 #include "ui/base/output_file.h"
 
+#include <sys/stat.h>
+
 #include <QTest>
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <utility>
 
 #include "core/machine_file_system.h"
 #include "tests/support/forwarding_file_system.h"
@@ -11,6 +17,8 @@
 
 namespace tarvik::ui {
 namespace {
+
+namespace fs = std::filesystem;
 
 // A disk that takes a few bytes at a time, is interrupted first and is full at some point.
 class SlowDisk final : public test::ForwardingFileSystem {
@@ -26,6 +34,29 @@ class SlowDisk final : public test::ForwardingFileSystem {
 
   int interruptions = 2;
   std::int64_t capacity = 1'000;
+};
+
+// A disk on which nothing goes any more once the program is dead; its locks went with it.
+class KillableDisk final : public test::ForwardingFileSystem {
+ public:
+  int remove(const std::string& path) override {
+    return std::exchange(isDead, false) ? 0 : ForwardingFileSystem::remove(path);
+  }
+  bool isDead = false;
+};
+
+// A disk on which another program takes a new file for a leftover as soon as it is there.
+class NameThief final : public test::ForwardingFileSystem {
+ public:
+  explicit NameThief(const test::TemporaryFolder& folder) : folder_(folder) {}
+  int tryLock(int descriptor) override {
+    fs::remove(folder_ / "tarvik.part");
+    folder_.write("tarvik.part", "of another program");
+    return ForwardingFileSystem::tryLock(descriptor);
+  }
+
+ private:
+  const test::TemporaryFolder& folder_;
 };
 
 }  // namespace
@@ -46,24 +77,104 @@ class OutputFileTest : public QObject {
     QCOMPARE(folder.names(), std::vector<std::string>{"list.pdf"});
   }
 
-  void whatAnotherProgramHasUnderTheUnfinishedNameStays_data() {
-    QTest::addColumn<bool>("completes");
-    QTest::newRow("complete") << true;
-    QTest::newRow("given up") << false;
-  }
-  void whatAnotherProgramHasUnderTheUnfinishedNameStays() {
-    QFETCH(bool, completes);
+  void whatAKilledProgramLeftGoesWithTheNextDocumentOfTheFolder() {
     test::TemporaryFolder folder;
+    folder.write("tarvik.part", "half a doc");
     folder.write("list.pdf.part", "a download");
-    folder.write("list.pdf.part2", "another");
-    {
+    write(folder / "other.csv", "new");
+    QCOMPARE(folder.names(), (std::vector<std::string>{"list.pdf.part", "other.csv"}));
+    QCOMPARE(folder.read("list.pdf.part"), std::string("a download"));
+  }
+
+  void aKilledProgramLeavesOneUnfinishedFile() {
+    test::TemporaryFolder folder;
+    KillableDisk disk;
+    for (const char* name : {"one.pdf", "two.pdf"}) {
+      OutputFile file(disk, folder / name);
+      file.write("half");
+      disk.isDead = true;  // what it still does reaches no disk
+      file.close();
+    }
+    QCOMPARE(folder.names(), std::vector<std::string>{"tarvik.part"});
+  }
+
+  void twoDocumentsInOneFolderAreNotMixed() {
+    test::TemporaryFolder folder;
+    OutputFile first(files_, folder / "one.pdf");
+    first.write("first");
+    QCOMPARE(failureOf([&] { write(folder / "two.pdf", "second"); }), core::FailureKind::FileBusy);
+    first.commit();
+    write(folder / "two.pdf", "second");
+    QCOMPARE(folder.read("one.pdf"), std::string("first"));
+    QCOMPARE(folder.read("two.pdf"), std::string("second"));
+  }
+
+  void whatTookTheUnfinishedFilesNameIsNotGivenToTheDocument() {
+    test::TemporaryFolder folder;
+    NameThief disk(folder);
+    QCOMPARE(failureOf([&] { OutputFile(disk, folder / "list.pdf"); }), core::FailureKind::FileBusy);
+    QCOMPARE(folder.read("tarvik.part"), std::string("of another program"));
+  }
+
+  void theFileBehindALinkIsReplacedAndTheLinkStays() {
+    test::TemporaryFolder folder;
+    folder.makeFolder("far");
+    folder.write("far/list.pdf", "old");
+    fs::create_symlink("far/list.pdf", folder / "link.pdf");
+    write(folder / "link.pdf", "new");
+    QCOMPARE(folder.read("far/list.pdf"), std::string("new"));
+    QVERIFY(fs::is_symlink(folder / "link.pdf"));
+    QCOMPARE(folder.names(), (std::vector<std::string>{"far", "far/list.pdf", "link.pdf"}));
+  }
+
+  void whatIsNoFileIsRefusedAndStays_data() {
+    QTest::addColumn<QString>("what");
+    QTest::addColumn<int>("kind");
+    QTest::newRow("a pipe") << "pipe" << int(core::FailureKind::NotAFile);
+    QTest::newRow("a link to a device") << "device" << int(core::FailureKind::NotAFile);
+    QTest::newRow("a link to nothing") << "nowhere" << int(core::FailureKind::NotOwnFile);
+    QTest::newRow("a folder") << "folder" << int(core::FailureKind::OpenFailed);
+    QTest::newRow("a file that nobody may write") << "readonly" << int(core::FailureKind::OpenFailed);
+    QTest::newRow("a path through a file") << "readonly/list.pdf" << int(core::FailureKind::OpenFailed);
+  }
+  void whatIsNoFileIsRefusedAndStays() {
+    QFETCH(QString, what);
+    QFETCH(int, kind);
+    test::TemporaryFolder folder;
+    QCOMPARE(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    fs::create_symlink("/dev/null", folder / "device");
+    fs::create_symlink("gone", folder / "nowhere");
+    folder.makeFolder("folder");
+    folder.write("readonly", "old");
+    fs::permissions(folder / "readonly", fs::perms{0444});
+    const auto before = folder.names();
+    const auto refused = failureOf([&] { write(folder / what.toStdString(), "new"); });
+    QVERIFY(refused.has_value());
+    QCOMPARE(int(*refused), kind);
+    QCOMPARE(folder.names(), before);
+    QCOMPARE(folder.read("readonly"), std::string("old"));
+  }
+
+  void theBitsOfWhatIsReplacedStayAndNobodyElseReadsItBefore() {
+    test::TemporaryFolder folder;
+    folder.write("list.pdf", "old");
+    for (const unsigned bits : {0640U, 0666U, 0600U}) {
+      fs::permissions(folder / "list.pdf", fs::perms{bits});
       OutputFile file(files_, folder / "list.pdf");
       file.write("new");
-      if (completes) file.commit();
+      QCOMPARE(unsigned(fs::status(folder / "tarvik.part").permissions()), 0600U);
+      file.commit();
+      QCOMPARE(unsigned(fs::status(folder / "list.pdf").permissions()), bits);
     }
-    QCOMPARE(folder.read("list.pdf.part"), std::string("a download"));
-    QCOMPARE(folder.read("list.pdf.part2"), std::string("another"));
-    QCOMPARE(folder.names().size(), completes ? std::size_t{3} : std::size_t{2});
+  }
+
+  void aNameOf255BytesIsWritten() {
+    test::TemporaryFolder folder;
+    const std::string name = QString(251, QLatin1Char('x')).append(".pdf").toStdString();
+    write(folder / name, "old");
+    write(folder / name, "new");
+    QCOMPARE(folder.read(name), std::string("new"));
+    QCOMPARE(folder.names(), std::vector<std::string>{name});
   }
 
   void whatIsWrittenInPiecesAndInterruptedIsWhole() {
@@ -105,17 +216,21 @@ class OutputFileTest : public QObject {
     QCOMPARE(file.openMode(), QIODevice::WriteOnly | QIODevice::Unbuffered);
   }
 
-  void aHundredNamesAreTriedAndNoMore() {
-    test::TemporaryFolder folder;
-    folder.write("list.pdf.part", "1");
-    for (int number = 2; number <= 99; ++number)
-      folder.write("list.pdf.part" + std::to_string(number), "taken");
-    { const OutputFile file(files_, folder / "list.pdf"); }
-    folder.write("list.pdf.part100", "taken");
-    QVERIFY_EXCEPTION_THROWN(OutputFile(files_, folder / "list.pdf"), core::Failure);
+ private:
+  void write(const std::string& path, const char* text) {
+    OutputFile file(files_, path);
+    file.write(text);
+    file.commit();
+  }
+  static std::optional<core::FailureKind> failureOf(const std::function<void()>& act) {
+    try {
+      act();
+      return std::nullopt;
+    } catch (const core::Failure& failure) {
+      return failure.kind();
+    }
   }
 
- private:
   core::MachineFileSystem files_;
 };
 

@@ -3,8 +3,11 @@
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFileDialog>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
@@ -131,6 +134,28 @@ class ChartPanelTest : public QObject {
     QVERIFY(!screen.panel.isVisible());
     QCOMPARE(screen.button.text(), kShowCaption);
     QCOMPARE(context_.state.chartChoice, std::int16_t{2});
+  }
+
+  void savesItsPictureFromTheMenuWhereThePersonSays() {
+    write(numbered(10));
+    Screen screen(context_);
+    screen.choose(2);
+    QString title;
+    for (const char* name : {"kép.png", "kép.pdf"}) {
+      test::onNextDialog<QFileDialog>([&](QFileDialog& dialog) {
+        title = dialog.windowTitle();
+        test::nameFile(dialog, toQt(*folder_ / name));
+        static_cast<QDialog&>(dialog).accept();
+      });
+      test::onNextPopup<QMenu>([](QMenu& menu) {
+        menu.setActiveAction(menu.actions().last());
+        QTest::keyClick(&menu, Qt::Key_Return);
+      });
+      QTest::keyClick(screen.chart(), Qt::Key_F10, Qt::ShiftModifier);
+    }
+    QCOMPARE(title, QStringLiteral("Grafikon mentése képként"));
+    QCOMPARE(QImage(toQt(*folder_ / "kép.png")).size(), screen.chart()->size() * 2);
+    QVERIFY(folder_->read("kép.pdf").starts_with("%PDF-"));
   }
 
   void showsEachChartUnderItsTitle_data() {
