@@ -12,7 +12,8 @@ struct CheckedChange {
   std::string file{};
   std::size_t recordLength = 1;
   std::function<void(core::FileSystem&)> run{};
-  /// What must hold besides of a disk on which the change is there or not, while it is made and when it is over.
+  /// What must hold besides of a disk on which the change is there or not, while it is made and when it is
+  /// over.
   std::function<bool(MemoryFileSystem&, bool isNew, bool isOver)> stays = [](MemoryFileSystem&, bool, bool) {
     return true;
   };

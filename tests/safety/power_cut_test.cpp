@@ -167,8 +167,9 @@ TEST_P(LeftoverTest, IsNeverLostAcrossFileSystems) {
 INSTANTIATE_TEST_SUITE_P(Records, LeftoverTest, testing::Values(-3, 0, 1, 3),
                          [](const auto& more) { return "Of" + std::to_string(more.param + 4); });
 
-// Appending again after an append that failed, or one that was killed. How many records are there before decides
-// where the new ones lie in their sectors of 512 bytes: behind three, the second append's cross into the next.
+// Appending again after an append that failed, or one that was killed. How many records are there before
+// decides where the new ones lie in their sectors of 512 bytes: behind three, the second append's cross into
+// the next.
 class AppendAfterAppendTest : public testing::TestWithParam<int> {
  protected:
   static constexpr std::size_t kLength = 156;

@@ -11,8 +11,8 @@ class QWidget;
 
 namespace tarvik::ui {
 
-/// Asks where a CSV file is to be saved and puts it there whole or not at all, which is told. Its name is proposed
-/// from what it holds, the vehicle first where it is one's alone, and the day.
+/// Asks where a CSV file is to be saved and puts it there whole or not at all, which is told. Its name is
+/// proposed from what it holds, the vehicle first where it is one's alone, and the day.
 void saveCsvFile(Context& context, const QString& what, const std::string& bytes, QWidget* parent);
 
 /// Asks for a CSV file of this program or another, shows what it would bring into a vehicle's logbook and

@@ -221,7 +221,7 @@ class ListMenuTest : public QObject {
       static_cast<QDialog&>(dialog).reject();
     });
     choose(*screen.list(), "mnuCsvMentes");
-    QCOMPARE(proposed, QString("ABC-123_2026-11-21.csv"));
+    QCOMPARE(proposed, QString("ABC-123_naplo_2026-11-21.csv"));
   }
 
   void aFileIsReadInAndListed() {

@@ -17,6 +17,7 @@
 #include "ui/exchange/csv_files.h"
 #include "ui/lists/list_view.h"
 #include "ui/print/list_printer.h"
+#include "ui/windows/chart_panel.h"
 #include "ui/windows/figy.h"
 #include "ui/windows/frmDatumFigyelmeztetes.h"
 #include "ui/windows/frmGumik.h"
@@ -249,9 +250,13 @@ class BoxesTest : public QObject {
   }
 
   void theChartsMenuAndItsFileDialog() {
-    ui::ChartView chart;
-    chart.resize(400, 300);
-    chart.show();
+    test::MainScreen desk;
+    desk.writeLogbook("ABC123", {});
+    desk.context.state.chartChoice = 2;
+    ui::ChartPanel panel(desk.context, {[] { return QStringLiteral("ABC123"); }, [] { return QString(); }},
+                         nullptr);
+    panel.showChart(2);
+    auto& chart = *panel.findChild<ui::ChartView*>();
     QStringList items;
     onNextPopup<QMenu>([&](QMenu& menu) {
       for (const QAction* item : menu.actions()) items << item->text();
