@@ -180,8 +180,12 @@ class FrmTarvikKeyboardTest : public QObject {
 
   void entersAloneNeitherDoubleNorOverwriteAnEntry() {
     Household main;
+    main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 10'000, 405'000, true, 16'200),
+                                 fuelling({2025, 1, 11}, 10'400, 300'000, true, 12'000),
+                                 fuelling({2025, 2, 1}, 10'500, 100'000, false, 4'000)});
+    main.open();
     const std::string before = main.folder.read("ABC123/napiadat.dat");
-    main.clickRow(1);
+    main.clickRow(2);
     for (const char* button : {"cmd_rogzit", "cmd_modosit", "cmd_del"}) {
       main.find<QPushButton>(button)->setFocus();
       enterIntoWhatIsOpen(*main.screen);
