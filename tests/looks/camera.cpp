@@ -3,10 +3,13 @@
 #include <QApplication>
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QImage>
+#include <QMenuBar>
 #include <QPixmap>
 #include <QScreen>
 #include <QTest>
+#include <QTextStream>
 #include <QTimer>
 #include <QWindow>
 
@@ -72,16 +75,39 @@ void onOpened(const std::function<void(QWidget&)>& act) {
 
 }  // namespace
 
-Camera::Camera(QString folder) : folder_(std::move(folder)) {}
+Camera::Camera(QString folder, QStringList wanted) : folder_(std::move(folder)), wanted_(std::move(wanted)) {}
 
 void Camera::shoot(QWidget& window, const QString& name) {
+  if (!isWanted(name)) return;
   window.activateWindow();
   if (!QTest::qWaitForWindowActive(&window, kLimitMilliseconds))
     fail(name + QStringLiteral(" does not come to the front"));
   keep(atRest(window), name);
+  noteParts(window, name);
+}
+
+void Camera::noteParts(const QWidget& window, const QString& name) {
+  QFile file(folder_ + QStringLiteral("/parts.txt"));
+  if (!file.open(QIODevice::Append | QIODevice::Text))
+    fail(file.fileName() + QStringLiteral(" is not written"));
+  QTextStream out(&file);
+  const auto note = [&](const QString& part, const QRect& place) {
+    const double scale = window.devicePixelRatio();
+    out << name << ' ' << part << ' ' << place.x() * scale << ' ' << place.y() * scale << ' '
+        << place.width() * scale << ' ' << place.height() * scale << '\n';
+  };
+  for (const auto* part : window.findChildren<QWidget*>()) {
+    if (!part->isVisible() || part->objectName().isEmpty()) continue;
+    note(part->objectName(), {part->mapTo(&window, QPoint()), part->size()});
+    const auto* menu = qobject_cast<const QMenuBar*>(part);
+    if (menu == nullptr) continue;
+    for (QAction* item : menu->actions())
+      note(item->objectName(), menu->actionGeometry(item).translated(menu->mapTo(&window, QPoint())));
+  }
 }
 
 void Camera::keep(const QImage& picture, const QString& name) {
+  if (!isWanted(name)) return;
   const QString path = folder_ + QLatin1Char('/') + name + QStringLiteral(".png");
   if (!picture.convertToFormat(QImage::Format_RGB32).save(path))
     fail(path + QStringLiteral(" is not written"));

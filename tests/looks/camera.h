@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <functional>
 
 class QImage;
@@ -11,7 +12,8 @@ namespace tarvik::looks {
 /// Photographs windows as they stand on the display, once they have come to rest, into PNG files of a folder.
 class Camera {
  public:
-  explicit Camera(QString folder);
+  /// The pictures of these names alone are kept; no names = all.
+  explicit Camera(QString folder, QStringList wanted = {});
 
   /// Photographs the inside of a window that is shown.
   void shoot(QWidget& window, const QString& name);
@@ -23,7 +25,12 @@ class Camera {
   void withOpened(const std::function<void()>& open, const std::function<void(QWidget& opened)>& act);
 
  private:
+  // Where each part of a photographed window stands, in the file parts.txt beside the pictures.
+  void noteParts(const QWidget& window, const QString& name);
+  bool isWanted(const QString& name) const { return wanted_.isEmpty() || wanted_.contains(name); }
+
   QString folder_;
+  QStringList wanted_;
 };
 
 }  // namespace tarvik::looks

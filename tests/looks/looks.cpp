@@ -1,6 +1,6 @@
-// tarvik_looks HOUSEHOLD EMPTY OUT KIND...: photographs every screen and state into OUT/KIND for each kind:
-// the size of the letters and the colours (9-light, 12-dark), or "manual", which is what the manual shows
-// beyond that. The scale is the one that the toolkit is started with.
+// tarvik_looks HOUSEHOLD EMPTY OUT KIND[:SCENE,...]...: photographs every screen and state, or the named
+// ones, into OUT/KIND for each kind: the size of the letters and the colours (9-light, 12-dark, 9-contrast),
+// or "manual", which is what the manual shows beyond that. The scale is the one that Qt is started with.
 
 #include <QApplication>
 #include <QCursor>
@@ -38,6 +38,26 @@ QPalette darkPalette() {
   return palette;
 }
 
+// The colours of a usual high-contrast desktop.
+QPalette contrastPalette() {
+  QPalette palette(Qt::black, Qt::black);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::BrightText})
+    palette.setColor(role, Qt::white);
+  palette.setColor(QPalette::Base, Qt::black);
+  palette.setColor(QPalette::AlternateBase, Qt::black);
+  palette.setColor(QPalette::Highlight, QColor(0x1a, 0xeb, 0xff));
+  palette.setColor(QPalette::HighlightedText, Qt::black);
+  palette.setColor(QPalette::ToolTipBase, Qt::yellow);
+  palette.setColor(QPalette::ToolTipText, Qt::black);
+  return palette;
+}
+
+QPalette paletteOf(const QString& kind) {
+  static const QPalette light = QApplication::style()->standardPalette();
+  if (kind.endsWith(QStringLiteral("dark"))) return darkPalette();
+  return kind.endsWith(QStringLiteral("contrast")) ? contrastPalette() : light;
+}
+
 QString madeFolder(const QString& path) {
   if (!QDir().mkpath(path)) qFatal("%s cannot be made", qPrintable(path));
   return path;
@@ -45,10 +65,9 @@ QString madeFolder(const QString& path) {
 
 // "12-dark" and the like; the manual's pictures are of the usual size and light.
 void dressAs(const QString& kind) {
-  static const QPalette light = QApplication::style()->standardPalette();
   const int points = kind.section(QLatin1Char('-'), 0, 0).toInt();
   QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), points > 0 ? points : 9));
-  QPalette palette = kind.endsWith(QStringLiteral("dark")) ? darkPalette() : light;
+  QPalette palette = paletteOf(kind);
   QApplication::style()->polish(palette);  // as the desktop's own palette is
   QApplication::setPalette(palette);
 }
@@ -65,9 +84,12 @@ int main(int argc, char** argv) {
   if (folders.size() < 4) qFatal("usage: tarvik_looks HOUSEHOLD EMPTY OUT KIND...");
   QCursor::setPos(QApplication::primaryScreen()->geometry().bottomRight());
 
-  for (const QString& kind : folders.mid(3)) {
+  for (const QString& wish : folders.mid(3)) {
+    const QString kind = wish.section(QLatin1Char(':'), 0, 0);
+    const QString scenes = wish.section(QLatin1Char(':'), 1);
     dressAs(kind);
-    Camera camera(madeFolder(folders[2] + QLatin1Char('/') + kind));
+    Camera camera(madeFolder(folders[2] + QLatin1Char('/') + kind),
+                  scenes.split(QLatin1Char(','), Qt::SkipEmptyParts));
     if (kind == QStringLiteral("manual"))
       tarvik::looks::photographForManual(camera, folders[0].toStdString());
     else

@@ -14,8 +14,18 @@ from desktop import Desktop  # noqa: E402
 
 SCREEN = (1920, 1080)
 DAY = "2026.03.25."
-# At twice the scale two kinds are enough to see what goes wrong there.
-KINDS = {1: ("9-light", "9-dark", "12-light", "12-dark", "manual"), 2: ("9-light", "12-dark")}
+# All scenes once; of the other letters, colours and scale as many that each style element is seen there.
+KINDS = {
+    1: (
+        "9-light",
+        "manual",
+        "9-dark:main-row,chart-2d-bars,chart-3d-area,box-delete",
+        "12-light:main-filter,settings-start,tyres-change,alert-km",
+        "12-dark:main-row,chart-3d-line,reminders-km,alert-date,tyres,settings-cars,box-error",
+        "9-contrast:main-row,main-filter,chart-2d-line,tyres,alert-date,box-record",
+    ),
+    2: ("9-light:main-row,chart-3d-bars,settings-lists,box-change", "12-dark:main,tyres,repairs,chart-2d-area"),
+}
 
 
 def photograph(build, out, scale):
