@@ -38,7 +38,7 @@ class SettingsTest : public QObject {
     QVERIFY(!setup.screen.isVisible());
   }
 
-  void aFirstStartShowsEmptyListsAndNothingSwitched() {
+  void aFirstStartShowsEmptyListsAndRemindersOff() {
     Setup setup;
     const QSignalSpy switched(&setup.screen, &ui::frmSetup::reminderTimerWanted);
     setup.show();
@@ -47,9 +47,10 @@ class SettingsTest : public QObject {
       QVERIFY(!setup.button(button)->isEnabled());
     QCOMPARE(setup.startPlate()->currentText(), "");
     QVERIFY(!setup.reminders()->isChecked());
-    QCOMPARE(setup.reminders()->text(), " Bekapcsolva ");
-    QCOMPARE(setup.context.state.reminderState, 0);
-    QCOMPARE(switched.count(), 0);
+    QCOMPARE(setup.reminders()->text(), kOff);
+    QCOMPARE(setup.context.state.reminderState, 1);
+    QCOMPARE(switched.count(), 1);
+    QCOMPARE(switched.first().first().toBool(), false);
     QCOMPARE(setup.screen.focusWidget()->objectName(), "txRendszam");
   }
 
