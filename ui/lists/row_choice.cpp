@@ -84,9 +84,20 @@ bool RowChoice::eventFilter(QObject* watched, QEvent* event) {
       return watched != view_ && !isReleasing_ && releaseMouse(watched, event);
     case QEvent::KeyPress:
       return watched == view_ && pressKey(static_cast<QKeyEvent*>(event)->key());
+    case QEvent::FocusIn:
+      return watched == view_ && !isTakingFocus_ && takeFocus(event);
     default:
       return false;
   }
+}
+
+// Qt puts the keyboard on the first row, which then looks chosen, and the first Down goes past it.
+bool RowChoice::takeFocus(QEvent* event) {
+  const QScopedValueRollback<bool> own(isTakingFocus_, true);
+  const bool stoodSomewhere = view_->currentIndex().isValid();
+  QCoreApplication::sendEvent(view_, event);
+  if (!stoodSomewhere) view_->selectionModel()->clearCurrentIndex();
+  return true;
 }
 
 // The view has the event first, so that a box that a choice brings up finds the button up.
@@ -101,13 +112,15 @@ bool RowChoice::releaseMouse(QObject* viewport, QEvent* event) {
   return true;
 }
 
-// Where nothing is highlighted, a key that cannot move the keyboard any further takes the row it stands on.
+// Where nothing is highlighted, a key that cannot move the keyboard any further takes the row it stands on,
+// and the space bar the first one where it stands on none.
 bool RowChoice::pressKey(int key) {
   isPressed_ = false;
   const int current = view_->currentIndex().row();
   const bool isAgain = key == Qt::Key_Space && row() >= 0 && current == row();
-  const bool isFirst = row() < 0 && current >= 0 && staysOn(current, key);
-  if (isAgain || isFirst) choose(current);
+  const bool isThere = row() < 0 && view_->model()->rowCount() > 0;
+  const bool isFirst = isThere && (current < 0 ? key == Qt::Key_Space : staysOn(current, key));
+  if (isAgain || isFirst) choose(qMax(current, 0));
   return isAgain || isFirst;
 }
 

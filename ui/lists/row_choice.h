@@ -14,6 +14,8 @@ namespace tarvik::ui {
 /// Whatever moves the highlight (left mouse button, keyboard, assistive tool) chooses the row; a click or the
 /// space bar on the highlighted row chooses it again; a choice that cannot be made gives the highlight back
 /// to the row that had it. Nothing but the program takes the highlight away.
+/// A list that gets the keyboard before a row was chosen has it on no row; the first arrow takes the first
+/// row.
 class RowChoice : public QObject {
  public:
   /// Does what choosing a row does; false when it could not be done, which the person was told.
@@ -38,6 +40,7 @@ class RowChoice : public QObject {
   void choose(int row);
   bool releaseMouse(QObject* viewport, QEvent* event);
   bool pressKey(int key);
+  bool takeFocus(QEvent* event);
   bool staysOn(int row, int key) const;
   void standOn(int row);
   int rowOfRecord(const QString& record, int otherwise) const;
@@ -48,6 +51,7 @@ class RowChoice : public QObject {
   bool isHighlighting_ = false;  // the program moves the highlight
   bool isPressed_ = false;       // a mouse button is down on the list
   bool isReleasing_ = false;     // the view does what it does when a button goes up
+  bool isTakingFocus_ = false;   // the view does what it does when it gets the keyboard
   bool wasChosen_ = false;       // a row was chosen since the button went down
 };
 

@@ -55,6 +55,15 @@ bool isMain(const QWidget* widget) {
   return widget != nullptr && isMainAction(*widget);
 }
 
+// The row of a list with the keyboard, which Qt fills with a tint of the highlight. A list of columns paints
+// it without naming itself.
+bool isRowNotChosen(const QStyleOption& option, const QWidget* widget) {
+  const auto* row = qstyleoption_cast<const QStyleOptionFocusRect*>(&option);
+  if (row == nullptr || (widget != nullptr && qobject_cast<const QAbstractItemView*>(widget) == nullptr))
+    return false;
+  return row->backgroundColor != row->palette.color(QPalette::Highlight);
+}
+
 // A field that is made for one text is as wide as that text, whatever the toolkit guesses.
 int widthOfLongest(const QWidget& field) {
   const QString longest = field.property(kLongest).toString();
@@ -278,6 +287,7 @@ void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
       return paintRadioButton(*painter, *option);
     case PE_FrameFocusRect:
       if (qobject_cast<const QAbstractButton*>(widget) != nullptr) return;  // its own line shows it
+      if (isRowNotChosen(*option, widget)) return paintKeyboardsPlace(*painter, *option);
       break;
     case PE_Frame:
       if (qobject_cast<const QAbstractItemView*>(widget) != nullptr) return paintOutline(*painter, *option);

@@ -151,6 +151,14 @@ void paintCard(QPainter& painter, const QStyleOption& option) {
   box(painter, option.rect, fill, QPen(outline(palette, kCardLine), 1));
 }
 
+void paintKeyboardsPlace(QPainter& painter, const QStyleOption& option) {
+  painter.save();
+  painter.setPen(QPen(quietText(option.palette), 1, Qt::DotLine));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+  painter.restore();
+}
+
 void paintOutline(QPainter& painter, const QStyleOption& option) {
   painter.save();
   painter.setPen(is(option, QStyle::State_HasFocus) ? option.palette.color(QPalette::Highlight)

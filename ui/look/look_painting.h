@@ -35,6 +35,8 @@ void paintField(QPainter& painter, const QStyleOption& option, bool hasFrame);
 void paintButton(QPainter& painter, const QStyleOption& option, bool isMain);
 void paintCard(QPainter& painter, const QStyleOption& option);
 void paintOutline(QPainter& painter, const QStyleOption& option);
+/// A dotted line around the row on which a list's keyboard stands, which is not the chosen one.
+void paintKeyboardsPlace(QPainter& painter, const QStyleOption& option);
 /// The edge of a scroll bar's handle, which is as black as its groove on a desktop of high contrast.
 void paintHandle(QPainter& painter, const QStyleOption& option, const QRect& place);
 void paintHeading(QPainter& painter, const QStyleOption& option);

@@ -21,6 +21,12 @@
 namespace tarvik::ui {
 namespace {
 
+// The row that says that there is none selects nothing, and does not look as if it did.
+bool leavePlaceholder(ListView* list) {
+  list->selectionModel()->clearCurrentIndex();
+  return false;
+}
+
 // Enter answers No where a reminder would be overwritten or doubled.
 bool confirmsRecording(QWidget* screen, const QString& whose, bool isNew) {
   return ask(screen, QStringLiteral(" Rögzítés az adatállományban !"),
@@ -64,7 +70,7 @@ void figy::prepareLists() {
   ui_->ListView1->sortByHeaderClicks();
   ui_->ListView2->sortByHeaderClicks();
   ui_->ListView1->onRowChosen([this](int row) { return chooseKm(row); });
-  ui_->ListView2->onRowChosen([this](int row) { return guarded(this, [&] { chooseDate(row); }); });
+  ui_->ListView2->onRowChosen([this](int row) { return chooseDate(row); });
 }
 
 void figy::addListMenus() {
@@ -159,7 +165,8 @@ bool figy::chooseKm(int row) {
     ui_->Label3->hide();
     select(number, ui_->cmd_del);
   });
-  if (!isChosen || context_.state.selectedReminder == 0) return isChosen;
+  if (!isChosen) return false;
+  if (context_.state.selectedReminder == 0) return leavePlaceholder(ui_->ListView1);
   showReminder(reminder);
   guarded(this, [&] {
     showEstimate(reminders::estimateFor(context_.files, context_.folders, toLogic(plate_), reminder,
@@ -216,8 +223,10 @@ void figy::recordDate() {
   });
 }
 
-void figy::chooseDate(int row) {
-  select(reminders::recordNumber(toLogic(dateRows_->record(row))), ui_->cmdDel2);
+bool figy::chooseDate(int row) {
+  const bool isChosen =
+      guarded(this, [&] { select(reminders::recordNumber(toLogic(dateRows_->record(row))), ui_->cmdDel2); });
+  return isChosen && (context_.state.selectedReminder != 0 || leavePlaceholder(ui_->ListView2));
 }
 
 void figy::deleteDate() {

@@ -49,7 +49,7 @@ class figy : public QDialog {
   void clearKmFields();
 
   void recordDate();
-  void chooseDate(int row);
+  bool chooseDate(int row);
   void deleteDate();
 
   bool confirmsDeletion();

@@ -6,6 +6,7 @@
 #include <QTest>
 
 #include "tests/ui/box_script.h"
+#include "tests/ui/dressed.h"
 #include "tests/ui/screen_test.h"
 #include "ui/base/message_boxes.h"
 #include "ui/lists/list_view.h"
@@ -61,6 +62,29 @@ class RowChoiceTest : public QObject {
   Q_OBJECT
 
  private slots:
+  void aListThatGetsTheKeyboardHasItOnNoRow() {
+    Rows rows(3);
+    QVERIFY(rows.view.hasFocus());
+    QVERIFY(!rows.view.currentIndex().isValid());
+    rows.key(Qt::Key_Down);
+    QCOMPARE(rows.chosen, QList{0});
+    rows.view.clearFocus();
+    rows.view.setFocus();
+    QCOMPARE(rows.view.currentIndex().row(), 0);
+  }
+
+  // Where a choice was refused the keyboard stays on the row, which has none of the highlight's colour.
+  void theRowThatCouldNotBeChosenIsNotTinted() {
+    test::dressOnce();
+    Rows rows(3);
+    rows.accepts = false;
+    rows.click(1);
+    QCOMPARE(rows.view.currentIndex().row(), 1);
+    const QImage shown = rows.view.viewport()->grab(rows.view.visualRect(rows.model.index(1, 0))).toImage();
+    for (int y = 0; y < shown.height(); ++y)
+      for (int x = 0; x < shown.width(); ++x) QVERIFY(qAbs(shown.pixelColor(x, y).saturation()) < 10);
+  }
+
   void aKeyThatCannotMoveChoosesAHighlightedRowNoSecondTime() {
     for (const auto& [row, key] : {std::pair(0, Qt::Key_Up), std::pair(2, Qt::Key_Down)}) {
       Rows rows(3);

@@ -301,6 +301,19 @@ class FigyTest : public QObject {
     QCOMPARE(figy.estimate(), (QStringList{"0", "2013.09.03.", "Kedd", ""}));
   }
 
+  void aClickOnThePlaceholderLeavesItLookingUntouched() {
+    test::ReminderDesk desk;
+    const Figy figy(desk);
+    for (const int tab : {0, 1}) {
+      figy.openTab(tab);
+      const ui::ListView& list = tab == 0 ? figy.kmList() : figy.dateList();
+      const QImage before = list.viewport()->grab().toImage();
+      clickRow(list, 0);
+      QCOMPARE(list.highlightedRecord(), QString());
+      QCOMPARE(list.viewport()->grab().toImage(), before);
+    }
+  }
+
   void aClickOnThePlaceholderSelectsAndEnablesNothing() {
     test::ReminderDesk desk;
     desk.context.state.selectedReminder = 7;

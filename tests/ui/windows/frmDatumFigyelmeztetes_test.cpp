@@ -77,6 +77,24 @@ class FrmDatumFigyelmeztetesTest : public QObject {
              QStringLiteral("Ekkor lett felvéve a figyelmeztetés"));
   }
 
+  void nothingLooksChosenWhenItOpens() {
+    DueDesk desk;
+    const Alert alert(desk);
+    QVERIFY(alert.list().hasFocus());
+    QVERIFY(!alert.list().currentIndex().isValid());
+    const QImage withKeyboard = alert.list().viewport()->grab().toImage();
+    part<QPushButton>(alert.screen, "cmdDel")->setFocus();
+    QCOMPARE(alert.list().viewport()->grab().toImage(), withKeyboard);
+  }
+
+  void theFirstArrowChoosesTheFirstRow() {
+    DueDesk desk;
+    const Alert alert(desk);
+    QTest::keyClick(&alert.list(), Qt::Key_Down);
+    QCOMPARE(alert.list().highlightedRecord(), "2");
+    QCOMPARE(alert.caption("lbSzoveg"), shownText("Műszaki"));
+  }
+
   void aClickOnAHeaderSortsNothing() {
     DueDesk desk;
     const Alert alert(desk);
