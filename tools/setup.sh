@@ -16,7 +16,7 @@ SCREENSHOT_PACKAGES=(xvfb imagemagick)
 WAYLAND_PACKAGES=(qt6-wayland)
 TEST_PACKAGES=(libgtest-dev libgmock-dev poppler-utils xvfb binutils strace)
 # A desktop for the tests from outside: window manager, keys, pictures, session bus, accessibility service.
-TEST_PACKAGES+=(openbox xdotool x11-xkb-utils imagemagick dbus-daemon at-spi2-core python3 python3-pyatspi)
+TEST_PACKAGES+=(openbox xdotool x11-utils x11-xkb-utils imagemagick dbus-daemon at-spi2-core python3 python3-pyatspi)
 # A print server with a printer that writes PDF files.
 PRINTING_PACKAGES=(cups cups-client printer-driver-cups-pdf)
 BENCH_PACKAGES=(libbenchmark-dev libsqlite3-dev xvfb)

@@ -1,13 +1,17 @@
 #include "ui/look/placement.h"
 
 #include <QDialog>
+#include <QEvent>
 #include <QGuiApplication>
 #include <QLayout>
 #include <QMainWindow>
 #include <QScreen>
 #include <QStyle>
 #include <QVBoxLayout>
+#include <QWindow>
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 #include "ui/look/fitting_area.h"
 
@@ -39,6 +43,73 @@ void giveSize(QWidget& window, const QRect& room, QSize wanted) {
   window.resize(window.sizeHint().expandedTo(wanted).boundedTo(most));
 }
 
+// The corner of a place that was moved into the room, its lower right part first.
+QPoint movedInside(const QRect& room, const QRect& place) {
+  return {std::max(room.left(), std::min(place.left(), room.right() + 1 - place.width())),
+          std::max(room.top(), std::min(place.top(), room.bottom() + 1 - place.height()))};
+}
+
+// The frame of a window that is shown; none before.
+QSize frameOf(const QWidget& window) {
+  return window.frameGeometry().size() - window.geometry().size();
+}
+
+enum class Stage { Coming, Up };
+
+// In the middle with the frame that is known: its own, or that of the window behind it. Until it is up, it
+// keeps what a frame may take where there is little room.
+QPoint inTheMiddle(const QWidget& window, Stage stage) {
+  const QRect room = window.screen()->availableGeometry();
+  const QWidget* behind = window.parentWidget() == nullptr ? &window : window.parentWidget()->window();
+  QRect place(QPoint(), window.size() + (stage == Stage::Up ? frameOf(window) : frameOf(*behind)));
+  place.moveCenter(room.center());
+  if (stage == Stage::Coming) place.setSize(place.size().expandedTo(window.size() + aroundContents(window)));
+  return movedInside(room, place);
+}
+
+// Puts a window on its place: when it is made; once its layout is done, just before it comes up; and once it
+// is up with its frame.
+class Opening : public QObject {
+ public:
+  using Place = std::function<QPoint(const QWidget&, Stage)>;
+
+  Opening(QWidget& window, Place place) : QObject(&window), window_(window), place_(std::move(place)) {
+    window.installEventFilter(this);
+    put(Stage::Coming);
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched == &window_ && event->type() == QEvent::Show) comeUp();
+    if (watched != &window_ && event->type() == QEvent::Expose) beUp();
+    return false;
+  }
+
+ private:
+  void put(Stage stage) const {
+    const QPoint topLeft = place_(window_, stage);
+    if (window_.pos() != topLeft) window_.move(topLeft);
+  }
+  // The outermost layout still remembers what its parts asked for before they had their looks.
+  void comeUp() {
+    window_.removeEventFilter(this);
+    settle(window_);
+    if (QLayout* layout = window_.layout()) {
+      layout->invalidate();
+      layout->activate();
+    }
+    put(Stage::Coming);
+    window_.windowHandle()->installEventFilter(this);
+  }
+  void beUp() {
+    window_.windowHandle()->removeEventFilter(this);
+    put(Stage::Up);
+    deleteLater();
+  }
+
+  QWidget& window_;
+  Place place_;
+};
+
 }  // namespace
 
 void keepWithinReach(QDialog& dialog) {
@@ -62,23 +133,17 @@ int pixelsOfTwips(int twips, const QWidget& window) {
 }
 
 void openInTheMiddle(QWidget& window, QSize wanted) {
-  const QRect room = window.screen()->availableGeometry();
-  giveSize(window, room, wanted);
-  QRect place(QPoint(), window.size());
-  place.moveCenter(room.center());
-  window.move(place.topLeft());
+  giveSize(window, window.screen()->availableGeometry(), wanted);
+  new Opening(window, inTheMiddle);
 }
 
 void openAt(QWidget& window, QPoint topLeft, QSize wanted) {
   const QScreen* screen = QGuiApplication::screenAt(topLeft);
   if (screen == nullptr) screen = window.screen();
-  const QRect room = screen->availableGeometry();
-  giveSize(window, room, wanted);
-  const QSize around = aroundContents(window);
-  const int right = room.right() + 1 - window.width() - around.width();
-  const int bottom = room.bottom() + 1 - window.height() - around.height();
-  window.move(std::max(room.left(), std::min(topLeft.x(), right)),
-              std::max(room.top(), std::min(topLeft.y(), bottom)));
+  giveSize(window, screen->availableGeometry(), wanted);
+  new Opening(window, [topLeft, room = screen->availableGeometry()](const QWidget& opened, Stage) {
+    return movedInside(room, {topLeft, opened.size() + aroundContents(opened)});
+  });
 }
 
 }  // namespace tarvik::ui

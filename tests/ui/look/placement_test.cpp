@@ -55,6 +55,37 @@ class PlacementTest : public QObject {
     QCOMPARE(QRect(window.pos(), window.size()).center(), room().center());
   }
 
+  void aWindowThatGrowsBeforeItIsShownIsInTheMiddleAllTheSame() {
+    QDialog dialog;
+    auto* column = new QVBoxLayout(&dialog);
+    column->addWidget(fixed(200, 60));
+    openInTheMiddle(dialog);
+    column->addWidget(fixed(400, 60));
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    const QPoint off = dialog.frameGeometry().center() - room().center();
+    QVERIFY2(off.manhattanLength() <= 2, qPrintable(QString::number(off.x())));
+  }
+
+  void aWindowThatFillsTheDisplayLeavesItsFrameInside() {
+    QDialog dialog;
+    openInTheMiddle(dialog, {100'000, 100'000});
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    QVERIFY(dialog.frameGeometry() != dialog.geometry());
+    QVERIFY(room().contains(dialog.frameGeometry()));
+  }
+
+  void aWindowThatGrowsNearTheEdgeIsWhole() {
+    QDialog dialog;
+    auto* column = new QVBoxLayout(&dialog);
+    openAt(dialog, room().bottomRight() - QPoint(150, 150));
+    column->addWidget(fixed(400, 260));
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    QVERIFY(room().contains(dialog.frameGeometry()));
+  }
+
   void aWindowIsNeverLargerThanTheDisplayLeavesIt() {
     Window window({100'000, 100'000});
     openInTheMiddle(window);
