@@ -24,6 +24,8 @@ constexpr int kRowHeight = 4;
 constexpr int kTextToRule = 3;
 constexpr int kLeftRuleX = 9;
 constexpr int kRightRuleX = 280;
+// As far as most printers reach.
+constexpr int kPaperEnd = 292;
 constexpr int kTotalsX = 50;
 
 constexpr std::size_t kLitresWidth = 9;
@@ -58,10 +60,22 @@ const std::array<Column, 8> kColumns{{
     {"Megjegyzés", 190, 189, [](const Entry& e) { return e.Megjegyzes.asStored(); }},
 }};
 
+constexpr std::size_t kNoteColumn = kColumns.size() - 1;
+
+// How far a cell's text may go: the last column has the rest of the paper.
+int endOf(std::size_t column) {
+  return column < kNoteColumn ? kColumns[column + 1].ruleX : kPaperEnd;
+}
+
 Text cell(std::size_t column, int y, std::string text) {
-  const int next = column + 1 < kColumns.size() ? kColumns[column + 1].ruleX : kRightRuleX;
   const int x = kColumns[column].textX;
-  return {x, y, kTableSizePt, std::move(text), next - x};
+  return {x, y, kTableSizePt, std::move(text), endOf(column) - x};
+}
+
+// A part has the paper of the note too where there is none.
+void addRow(std::vector<Text>& texts, const Entry& entry, int y) {
+  for (std::size_t i = 0; i < kColumns.size(); ++i) texts.push_back(cell(i, y, kColumns[i].content(entry)));
+  if (entry.Megjegyzes.isBlank()) texts[texts.size() - 2].widthMm += kPaperEnd - kColumns[kNoteColumn].ruleX;
 }
 
 Rule acrossAt(int y) {
@@ -74,7 +88,7 @@ int rowY(int rowOnPage) {
 
 void addHead(Page& page, const std::string& heading) {
   if (!heading.empty())
-    page.texts.push_back({kHeadingX, kHeadingY, kHeadingSizePt, heading, kRightRuleX - kHeadingX});
+    page.texts.push_back({kHeadingX, kHeadingY, kHeadingSizePt, heading, kPaperEnd - kHeadingX});
   for (std::size_t i = 0; i < kColumns.size(); ++i) page.texts.push_back(cell(i, kTitleY, kColumns[i].title));
   page.rules.push_back(acrossAt(kTopRuleY));
   page.rules.push_back(acrossAt(kTitleY + kTextToRule));
@@ -123,8 +137,7 @@ void ListDocument::addRows(Page& page, int first, int end) const {
   for (int row = first; row < end; ++row) {
     const Entry entry = logbook_.record(rows_.records[static_cast<std::size_t>(row)]);
     const int y = rowY(row - first);
-    for (std::size_t i = 0; i < kColumns.size(); ++i)
-      page.texts.push_back(cell(i, y, kColumns[i].content(entry)));
+    addRow(page.texts, entry, y);
     page.rules.push_back(acrossAt(y + kTextToRule));
   }
 }

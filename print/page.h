@@ -14,7 +14,7 @@ struct Text {
   int yMm = 0;       ///< top of the text
   int sizePt = 0;    ///< size of the letters, points
   std::string text;  ///< UTF-8; leading spaces count, they align figures
-  int widthMm = 0;   ///< the room up to the next vertical rule; a longer text is cut there
+  int widthMm = 0;   ///< the room up to what stands beside it; a longer text gets narrower letters
 
   friend bool operator==(const Text&, const Text&) = default;
 };

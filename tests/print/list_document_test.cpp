@@ -112,14 +112,14 @@ TEST(ListDocument, SetsOneRowToTheMillimetreAndCharacter) {
 
   const Page page = ListDocument(logbook, allRowsOf(logbook), "Őszi lista").page(1);
 
-  EXPECT_THAT(page.texts, ElementsAre(Text{10, 15, 12, "Őszi lista", 270}, Text{10, 26, 8, "Dátum", 19},  //
+  EXPECT_THAT(page.texts, ElementsAre(Text{10, 15, 12, "Őszi lista", 282}, Text{10, 26, 8, "Dátum", 19},  //
                                       Text{30, 26, 8, "Km. óra", 19},                                     //
                                       Text{50, 26, 8, "Tankolás", 19},                                    //
                                       Text{70, 26, 8, "Olajcsere", 14},                                   //
                                       Text{85, 26, 8, "L. szűrő", 14},                                    //
                                       Text{100, 26, 8, "Gyertya", 14},                                    //
                                       Text{115, 26, 8, "Alkatrész", 74},                                  //
-                                      Text{190, 26, 8, "Megjegyzés", 90},                                 //
+                                      Text{190, 26, 8, "Megjegyzés", 102},                                //
                                       Text{10, 30, 8, "2013.07.05.", 19},                                 //
                                       Text{30, 30, 8, "123456", 19},                                      //
                                       Text{50, 30, 8, "    40,50", 19},                                   //
@@ -127,7 +127,7 @@ TEST(ListDocument, SetsOneRowToTheMillimetreAndCharacter) {
                                       Text{85, 30, 8, " ", 14},                                           //
                                       Text{100, 30, 8, "   csere", 14},                                   //
                                       Text{115, 30, 8, "Ékszíj", 74},                                     //
-                                      Text{190, 30, 8, "Hűtőfolyadék" + std::string(38, ' '), 90},
+                                      Text{190, 30, 8, "Hűtőfolyadék" + std::string(38, ' '), 102},
                                       Text{50, 34, 8, "Kilométer összesen:  km.", 230},
                                       Text{50, 38, 8, "Tankolás összesen:  40,50 liter", 230}));
   EXPECT_THAT(page.rules,
@@ -168,7 +168,7 @@ TEST(ListDocument, EachFlagHasItsColumnAndOnlyTheStoredMinusOneIsSet) {
   EXPECT_THAT((std::vector<std::string>{row[3], row[4], row[5]}), ElementsAre(" ", "   csere", " "));
 }
 
-TEST(ListDocument, LongTextsCarryTheirColumnsWidth) {
+TEST(ListDocument, APartHasRoomUpToTheNoteAndANoteUpToTheEndOfThePaper) {
   NapiAdat entry;
   const std::string fifty(50, 'W');
   entry.Alkatresz = core::FixedText<50>(fifty);
@@ -176,7 +176,16 @@ TEST(ListDocument, LongTextsCarryTheirColumnsWidth) {
   const Logbook logbook = Logbook::of(std::vector{entry});
   const auto texts = textsAt(ListDocument(logbook, allRowsOf(logbook), "").page(1), 30);
   EXPECT_EQ(texts[6], (Text{115, 30, 8, fifty, 74}));
-  EXPECT_EQ(texts[7], (Text{190, 30, 8, fifty, 90}));
+  EXPECT_EQ(texts[7], (Text{190, 30, 8, fifty, 102}));
+}
+
+TEST(ListDocument, APartWithoutANoteBesideItHasTheRestOfThePaper) {
+  NapiAdat entry;
+  entry.Alkatresz = core::FixedText<50>("Fék");
+  entry.Megjegyzes = core::FixedText<50>("");
+  const Logbook logbook = Logbook::of(std::vector{entry});
+  const auto texts = textsAt(ListDocument(logbook, allRowsOf(logbook), "").page(1), 30);
+  EXPECT_EQ(texts[6], (Text{115, 30, 8, "Fék", 177}));
 }
 
 TEST(ListDocument, ThirtyNineRowsLeaveRoomForOneMore) {

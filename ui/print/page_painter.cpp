@@ -3,6 +3,7 @@
 #include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QPainter>
+#include <algorithm>
 
 #include "ui/base/text.h"
 
@@ -11,6 +12,8 @@ namespace {
 
 constexpr double kMillimetresPerInch = 25.4;
 constexpr double kRuleWidthMm = 0.15;
+// The narrowest that letters get to keep a text whole: fifty of the widest still fit the part's column.
+constexpr double kNarrowest = 0.5;
 
 // Device units of a painter, in millimetres.
 class Scale {
@@ -56,10 +59,23 @@ class TextPainter {
     if (ink.isEmpty()) return;
     setSize(text.sizePt);
     const QPointF baseline = scale_.point(text.xMm, text.yMm) + QPointF(0, metrics_.ascent());
-    painter_.drawText(baseline, metrics_.elidedText(ink, Qt::ElideRight, scale_.x(text.widthMm)));
+    const double share = scale_.x(text.widthMm) / metrics_.horizontalAdvance(ink);
+    if (share >= 1) return painter_.drawText(baseline, ink);
+    paintNarrower(baseline, ink, share);
   }
 
  private:
+  // A text that is too long even with the narrowest letters is cut.
+  void paintNarrower(const QPointF& baseline, const QString& ink, double share) {
+    const double narrowing = std::max(share, kNarrowest);
+    const double room = metrics_.horizontalAdvance(ink) * share / narrowing;
+    painter_.save();
+    painter_.translate(baseline);
+    painter_.scale(narrowing, 1);
+    painter_.drawText(QPointF(), share < kNarrowest ? metrics_.elidedText(ink, Qt::ElideRight, room) : ink);
+    painter_.restore();
+  }
+
   void setSize(int sizePt) {
     if (sizePt == sizePt_) return;
     sizePt_ = sizePt;

@@ -118,6 +118,23 @@ class ListPrinterTest : public QObject {
     QVERIFY(outputOf("pdffonts", {pdf}).contains(QString(ui::pageFontFamily()).remove(' ')));
   }
 
+  void aLongPartAndNoteAreReadBackWholeFromWhereTheyStand() {
+    if (!hasPoppler()) QSKIP("pdftotext is missing");
+    Bench bench(1);
+    core::NapiAdat entry = entryOf(1);
+    const QString part = QString(49, 'W') + 'P';
+    const QString note = QString(49, 'M') + 'N';
+    entry.Alkatresz = core::FixedText<50>(part.toStdString());
+    entry.Megjegyzes = core::FixedText<50>(note.toStdString());
+    bench.folder.write("ABC123/napiadat.dat", toText(core::encoded(entry)));
+    bench.answers.heading("");
+    QVERIFY(bench.print());
+    const auto [partLeft, partRight] = extentOf(part, bench.path("sent.pdf"));
+    const auto [noteLeft, noteRight] = extentOf(note, bench.path("sent.pdf"));
+    QVERIFY2(qAbs(partLeft - 115) < 0.3 && partRight < 189.3, qPrintable(QString::number(partRight)));
+    QVERIFY2(qAbs(noteLeft - 190) < 0.3 && noteRight < 292.3, qPrintable(QString::number(noteRight)));
+  }
+
   void anEmptyHeadingPrintsWithoutOne() {
     if (!hasPoppler()) QSKIP("pdftotext is missing");
     Bench bench(1);

@@ -85,7 +85,7 @@ class PagePainterTest : public QObject {
     QVERIFY(!hasInk(picture, 70.5, 30.2, 13, 2.6));  // a flag that is not set
   }
 
-  void longTextsEndBeforeTheNextRule() {
+  void longTextsAreWholeWithNarrowerLettersUpToWhatStandsBesideThem() {
     core::NapiAdat entry;
     entry.Alkatresz = core::FixedText<50>(std::string(50, 'W'));
     entry.Megjegyzes = core::FixedText<50>(std::string(50, 'W'));
@@ -93,11 +93,29 @@ class PagePainterTest : public QObject {
     const core::Logbook logbook = core::Logbook::of(std::vector{entry});
     const print::ListDocument document(logbook, {{1}, "0", "0"}, std::string(300, 'W'));
     const QImage picture = pictureOf(document.page(1));
-    QVERIFY(hasInk(picture, 183, 30, 5, 2.5));
-    QVERIFY(!hasInk(picture, 188.2, 30, 0.7, 2.9));
-    QVERIFY(hasInk(picture, 274, 30, 5, 2.5));
-    QVERIFY(!hasInk(picture, 280.2, 0, 16.8, 210));
+    // A cut text ends in dots, which leave the upper half of the line empty.
+    QVERIFY(hasInk(picture, 187.5, 30.6, 1.3, 0.8));
+    QVERIFY(!hasInk(picture, 189.2, 30.2, 0.7, 2.6));
+    QVERIFY(hasInk(picture, 290.5, 30.6, 1.3, 0.8));
+    QVERIFY(!hasInk(picture, 292.2, 0, 4.8, 210));
     QVERIFY(!hasInk(picture, 69.2, 30.2, 10, 2.6));
+  }
+
+  void aHeadingThatIsTooLongForThatIsCut() {
+    const core::Logbook logbook = logbookOf(1);
+    const print::ListDocument document(logbook, allRows(1), std::string(300, 'W'));
+    const QImage picture = pictureOf(document.page(1));
+    QVERIFY(hasInk(picture, 280, 15, 11, 5));
+    QVERIFY(!hasInk(picture, 292.2, 0, 4.8, 25));
+  }
+
+  void aPartWithoutANoteRunsOnOverTheNotesColumn() {
+    core::NapiAdat entry;
+    entry.Alkatresz = core::FixedText<50>(std::string(50, 'W'));
+    entry.Megjegyzes = core::FixedText<50>("");
+    const core::Logbook logbook = core::Logbook::of(std::vector{entry});
+    const QImage picture = pictureOf(print::ListDocument(logbook, {{1}, "0", "0"}, {}).page(1));
+    QVERIFY(hasInk(picture, 230, 30, 10, 2.5));
   }
 
   void theFontIsTheSystemsOwnOrItsEqual() {
