@@ -15,6 +15,7 @@ fresh_tree() {
   printf '#include "ui/chart/chart_view.h"\n' > "$scratch/tree/ui/windows/chart_panel.cpp"
   printf '      return EIO;\n' > "$scratch/tree/core/windows_errors.cpp"
   printf '      {EIO, "baj"},\n' > "$scratch/tree/ui/base/guarded.cpp"
+  printf 'text.arg(name, rows(1)) + other.arg(name);\n' > "$scratch/tree/ui/main/texts.cpp"
   printf '#include "ui/chart/chart_canvas.h"\n#include "ui/base/text.h"\n#include <qcustomplot.h>\n' > "$scratch/tree/ui/chart/chart_view.cpp"
 }
 
@@ -52,7 +53,7 @@ expect_call_caught() {  # RULE SOURCE_TEXT
 }
 
 fresh_tree
-for rule in arrows rooms system-headers guards errors; do expect_passes "$rule"; done
+for rule in arrows rooms system-headers guards errors placeholders; do expect_passes "$rule"; done
 expect_caught arrows core/wrong.cpp '#include "ui/frmX.h"'
 expect_caught arrows core/wrong.cpp '#  include "tyres/rules.h"'
 expect_caught arrows tyres/wrong.cpp '#include "repairs/log.h"'
@@ -72,6 +73,8 @@ expect_caught rooms ui/loose.h '#include <QString>'
 expect_caught system-headers core/wrong.cpp '#include <unistd.h>'
 expect_caught system-headers tyres/wrong.h '#include <fstream>'
 expect_caught system-headers ui/main/wrong.cpp '#include <sys/stat.h>'
+expect_caught placeholders ui/main/wrong.cpp 'text.arg(name(1)).arg(rows);'
+expect_caught placeholders ui/main/wrong.cpp $'text\n  .arg(name)\n  .arg(rows);'
 expect_caught guards core/wrong.h '#include <string>'
 
 fresh_tree

@@ -123,12 +123,23 @@ wrong_errors() {
   done
 }
 
+# A text that fills one placeholder may bring the next one with it: a plate ABC%1, a file 50%2.csv.
+wrong_placeholders() {
+  local file
+  [ -d ui ] || return 0
+  sources_of ui | while read -r file; do
+    ! tr '\n' ' ' < "$file" | grep -qP '\.arg(\((?:[^()]++|(?1))*\))\s*\.arg\(' ||
+      echo "$file: fills placeholders one after the other"
+  done
+}
+
 case "$rule" in
   arrows) found=$(wrong_arrows) ;;
   system-headers) found=$(wrong_system_headers) ;;
   rooms) found=$(wrong_rooms) ;;
   guards) found=$(wrong_guards) ;;
   errors) found=$(wrong_errors) ;;
+  placeholders) found=$(wrong_placeholders) ;;
   *) echo "no such rule: $rule" >&2; exit 2 ;;
 esac
 [ -z "$found" ] || { printf 'Against the rule "%s":\n%s\n' "$rule" "$found"; exit 1; }

@@ -57,7 +57,8 @@ TextListModel* listOn(ListView* view, const QStringList& headers, const QStringL
 
 TextRow sectionRow(const exchange::SkippedSection& section) {
   return {.cells = {toQt(std::to_string(section.firstLine)),
-                    QStringLiteral("más rész: „%1” (%2 sor)").arg(toQt(section.name)).arg(section.rows)},
+                    QStringLiteral("más rész: „%1” (%2 sor)")
+                        .arg(toQt(section.name), toQt(std::to_string(section.rows)))},
           .record = {}};
 }
 
@@ -221,10 +222,9 @@ void ImportPreview::showState() {
   ui_->cmdAtvesz->setEnabled(state.isEmpty() && taken > 0);
   if (state.isEmpty()) state = QStringLiteral("Kijelölve: %1 bejegyzés").arg(taken);
   ui_->lbState->setText(state);
-  ui_->lbFile->setText(QStringLiteral("%1 naplójához: %2 bejegyzés (%3)")
-                           .arg(toQt(source_.plate).trimmed())
-                           .arg(all.size())
-                           .arg(source_.name));
+  ui_->lbFile->setText(
+      QStringLiteral("%1 naplójához: %2 bejegyzés (%3)")
+          .arg(toQt(source_.plate).trimmed(), toQt(std::to_string(all.size())), source_.name));
   ui_->SSTab1->setTabText(0, QStringLiteral("Bejegyzések (%1)").arg(all.size()));
 }
 

@@ -52,8 +52,7 @@ QString wordsOf(const TextFile& file, const QString& name) {
   switch (file.fault) {
     case TextFile::Fault::TooLarge:
       return QStringLiteral("Ez a fájl túl nagy ahhoz, hogy egy napló legyen:\n%1 (%2 MB)")
-          .arg(name)
-          .arg(file.size / (1024 * 1024));
+          .arg(name, toQt(std::to_string(file.size / (1024 * 1024))));
     case TextFile::Fault::NotText:
       return QStringLiteral(
                  "Ez nem szövegfájl:\n%1\n\nHa táblázat, mentsd el CSV-fájlként, és azt olvasd be.")
@@ -69,8 +68,7 @@ QString wordsOf(const LogFile& log, const QString& name) {
       return QStringLiteral(
                  "Ez a fájl nem olvasható naplóként:\n%1\n\nA(z) %2. sorban kezdődő rész túl hosszú. "
                  "Talán nincs lezárva egy idézőjel.")
-          .arg(name)
-          .arg(log.faultLine);
+          .arg(name, toQt(std::to_string(log.faultLine)));
     case LogFault::TooManyRows:
       return QStringLiteral(
                  "Túl sok sor van ebben a fájlban:\n%1\n\nEgy naplóba legfeljebb %2 bejegyzés fér.")

@@ -143,6 +143,8 @@ void LookStyle::polish(QWidget* widget) {
   if (qobject_cast<QPushButton*>(widget) != nullptr || qobject_cast<QComboBox*>(widget) != nullptr)
     widget->setAttribute(Qt::WA_Hover);
   if (auto* label = qobject_cast<QLabel*>(widget)) {
+    // Qt takes a text with tags in it for HTML: a tooltip's or a box' too, which are labels and come by here.
+    label->setTextFormat(Qt::PlainText);
     if (label->contentsMargins().isNull()) label->setContentsMargins(0, kAccent, 0, kAccent);
     if (const int width = widthOfLongest(*label)) label->setMinimumWidth(width + label->indent() + 1);
   }

@@ -103,6 +103,21 @@ class ImportPreviewTest : public QObject {
   }
 
  private slots:
+  void plateAndFileAreNoPlaceholders() {
+    test::Desk desk;
+    desk.program.makeFolder("ABC%2");
+    desk.current.write("50%3&x.csv", "Dátum;Km óra;Liter;Költség (Ft)\n2024.01.05.;1000;40,5;24300\n");
+    QString shown;
+    onNextDialog<ui::ImportPreview>([&](ui::ImportPreview& preview) {
+      shown = test::part<QLabel>(preview, "lbFile")->text();
+      preview.close();
+    });
+    ui::guarded(nullptr, [&] {
+      ui::importCsvFileAt(desk.context, "ABC%2", ui::toQt(desk.current / "50%3&x.csv"), nullptr, [] {});
+    });
+    QCOMPARE(shown, "ABC%2 naplójához: 1 bejegyzés (50%3&x.csv)");
+  }
+
   void thePreviewOpensThreeQuartersOfTheDisplayHigh() {
     Import import;
     import.writeLogbook({});

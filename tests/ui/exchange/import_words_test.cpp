@@ -110,6 +110,15 @@ class ImportWordsTest : public QObject {
     QCOMPARE(page.size(), 3);
   }
 
+  void theNameOfAFileIsNoPlaceholder() {
+    const TextFile large{.fault = TextFile::Fault::TooLarge, .size = 100 * 1024 * 1024, .text = {}};
+    QVERIFY(wordsOf(large, "50%2.csv").endsWith("\n50%2.csv (100 MB)"));
+    exchange::LogFile log;
+    log.fault = exchange::LogFault::RowTooLong;
+    log.faultLine = 7;
+    QVERIFY(wordsOf(log, "50%2%1.csv").contains("\n50%2%1.csv\n\nA(z) 7. sorban"));
+  }
+
   void aFileThatHoldsALogIsNotRefused() {
     exchange::LogFile log;
     log.rows.push_back({.line = 2});

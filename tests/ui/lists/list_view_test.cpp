@@ -145,6 +145,22 @@ class ListViewTest : public QObject {
     QTRY_VERIFY(!QToolTip::isVisible());
   }
 
+  // A tooltip is a label of Qt's own, which takes a text with tags for HTML.
+  void theTextUnderThePointerIsShownAsItIs() {
+    const QString text = "<h1>Fék</h1><img src=\"/etc/hostname\">" + QString(300, 'W');
+    Shown list({"", "99"});
+    list.model.setRows({{{text, "10"}, "4"}});
+    list.pointAt(0, 0);
+    QCOMPARE(QToolTip::text(), text);
+    int tips = 0;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (!window->inherits("QTipLabel")) continue;
+      ++tips;
+      QCOMPARE(static_cast<QLabel*>(window)->textFormat(), Qt::PlainText);
+    }
+    QCOMPARE(tips, 1);
+  }
+
   void theNewRowIsTintedForAMomentAndNoOther() {
     Shown other({"", "99"});
     other.delegate->mark("4", other.view);
