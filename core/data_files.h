@@ -14,7 +14,7 @@ namespace tarvik::core {
 
 /// What a data file is for.
 enum class Register {
-  Logbook,  ///< of one vehicle
+  Entries,  ///< the logbook of one vehicle
   Vehicles,
   PartNames,
   Notes,
@@ -35,7 +35,7 @@ struct DataFileKind {
 };
 
 /// The logbook, one in each vehicle's folder.
-inline constexpr DataFileKind kLogbookFile{Register::Logbook, "napiadat.dat", 156, 4, true};
+inline constexpr DataFileKind kLogbookFile{Register::Entries, "napiadat.dat", 156, 4, true};
 
 /// The files that the whole household has one of, in the order in which a person reads them.
 inline constexpr std::array<DataFileKind, 8> kSharedFiles{

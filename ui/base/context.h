@@ -6,7 +6,9 @@
 #include "core/clock.h"
 #include "core/data_folders.h"
 #include "core/file_system.h"
+#include "core/safety_net.h"
 #include "settings/menu_entry.h"
+#include "ui/base/change_news.h"
 
 namespace tarvik::ui {
 
@@ -19,8 +21,8 @@ struct ProgramState {
   std::int16_t chartChoice = 0;       ///< 1 to 7 = the chart chosen last, 0 = none or cancelled
 };
 
-/// The world outside the screens, handed to each of them: disk, folders, clock, version and the state
-/// that they share. Lives longer than any screen.
+/// The world outside the screens, handed to each of them: disk, folders, clock, version, the state that they
+/// share, and what keeps their changes from being for good. Lives longer than any screen.
 struct Context {
   core::FileSystem& files;
   core::DataFolders folders;
@@ -28,6 +30,8 @@ struct Context {
   std::string version;            ///< major.minor.revision
   settings::MenuPlace menu = {};  ///< the person's own menu of programs; without a folder where there is none
   ProgramState state = {};
+  core::SafetyNet safety{files, folders, clock};
+  ChangeNews news{};
 };
 
 }  // namespace tarvik::ui

@@ -21,6 +21,7 @@
 #include "ui/look/access.h"
 #include "ui/look/enter_key.h"
 #include "ui/look/placement.h"
+#include "ui/look/undo_line.h"
 #include "ui_import_preview.h"
 
 namespace tarvik::ui {
@@ -229,6 +230,8 @@ void ImportPreview::showState() {
 }
 
 void ImportPreview::takeOver() {
+  const Step step(this, QStringLiteral("beolvasás, %1").arg(source_.name),
+                  QStringLiteral("Beolvasva: %1").arg(source_.name));
   const auto make = [this] {
     exchange::importEntries(context_.files, context_.folders.logbook(source_.plate), source_.logbook,
                             entries_->plan().taken());

@@ -5,6 +5,8 @@
 
 #include "ui/lists/list_accessible.h"
 
+#include "ui/lists/list_delegate.h"
+
 namespace tarvik::ui {
 
 ListView::ListView(QWidget* parent) : QTreeView(parent) {
@@ -51,6 +53,16 @@ void ListView::highlightRecord(int record) {
   int row = model()->rowCount() - 1;
   while (row >= 0 && recordOfRow(*this, row) != wanted) --row;
   choice_->highlight(row);
+}
+
+bool ListView::markRecord(int record) {
+  const QString wanted = QString::number(record);
+  int row = model()->rowCount() - 1;
+  while (row >= 0 && recordOfRow(*this, row) != wanted) --row;
+  if (row < 0) return false;
+  scrollTo(model()->index(row, 0));
+  if (auto* delegate = qobject_cast<ListDelegate*>(itemDelegate())) delegate->mark(wanted, *this);
+  return true;
 }
 
 int ListView::shownColumns() const {

@@ -24,6 +24,8 @@ class ListView : public QTreeView {
   QString highlightedRecord() const;
   /// Highlights the row of that record without choosing it; no row when the list has none of it.
   void highlightRecord(int record);
+  /// Brings the row of that record in view and tints it for a moment; false when the list has none of it.
+  bool markRecord(int record);
   /// Fills the list anew and leaves it where it was, see RowChoice.
   void keepPlace(const std::function<void()>& refill) { choice_->keepPlace(refill); }
   /// How many columns are shown: all but the record number.

@@ -3,12 +3,14 @@
 #include <utility>
 
 #include "core/entry_editing.h"
+#include "core/number_text.h"
 #include "core/text.h"
 #include "tyres/tyre_register.h"
 #include "ui/base/change.h"
 #include "ui/base/handlers.h"
 #include "ui/base/message_boxes.h"
 #include "ui/base/text.h"
+#include "ui/look/undo_line.h"
 #include "ui/main/entry_form.h"
 #include "ui/main/logbook_pane.h"
 
@@ -16,6 +18,29 @@ namespace tarvik::ui {
 namespace {
 
 const QString kNotRecorded = QStringLiteral("Így nem rögzíthető...");
+
+// What an entry is about, in a word: "tankolás", the part that was changed, or the note.
+QString kindOf(bool hasFuel, const QString& part, const QString& note) {
+  if (hasFuel) return QStringLiteral("tankolás");
+  if (!isBlank(part)) return part.trimmed();
+  return isBlank(note) ? QStringLiteral("bejegyzés") : note.trimmed();
+}
+
+QString dayAndKind(const core::EntryInput& input) {
+  return toQt(core::shortDate(input.datum)) + QLatin1Char(' ') +
+         kindOf(!core::plainNumber(input.tankoltLiter).isZero(), toQt(input.alkatresz),
+                toQt(input.megjegyzes));
+}
+
+QString dayAndKind(const core::NapiAdat& entry) {
+  return toQt(core::shortDateOfStored(entry.Datum)) + QLatin1Char(' ') +
+         kindOf(!entry.TankoltLiter.isZero(), toQt(entry.Alkatresz.trimmed()),
+                toQt(entry.Megjegyzes.trimmed()));
+}
+
+QString nameOf(const QString& action, const QString& day) {
+  return action + QStringLiteral(", ") + day;
+}
 
 }  // namespace
 
@@ -57,6 +82,8 @@ void EntryChanges::record() {
            isRecorded(input) ? DefaultAnswer::No : DefaultAnswer::Yes))
     return;
   form_.startTyping();
+  const Step step(&form_, nameOf(QStringLiteral("rögzítés"), toQt(core::shortDate(input.datum))),
+                  QStringLiteral("Rögzítve: ") + dayAndKind(input));
   Attempt tyres;
   const bool isDone = change(QStringLiteral("A bejegyzés rögzítve van."), [&] {
     const core::Ratio distance = core::recordEntry(context_.files, context_.folders, plate(), input);
@@ -88,6 +115,8 @@ void EntryChanges::modify() {
            QStringLiteral("Biztos JÓK az adatok ?\nMehet a módosítás ?"), DefaultAnswer::No))
     return;
   const core::EntryInput input = core::withDefaults(form_.input());
+  const Step step(&form_, nameOf(QStringLiteral("módosítás"), toQt(core::shortDate(input.datum))),
+                  QStringLiteral("Módosítva: ") + dayAndKind(input));
   change(QStringLiteral("A bejegyzés módosítva van."), [&] {
     core::modifyEntry(context_.files, context_.folders, plate(), seen, input,
                       toLogic(pane_.consumptionText()));
@@ -105,6 +134,8 @@ void EntryChanges::remove() {
   const QString prompt = QStringLiteral("Biztos T Ö R Ö L H E T Ő\na %1 tétel? ")
                              .arg(toQt(core::shortDateOfStored(entry.Datum)));
   if (!ask(form_.window(), QStringLiteral(" TÖRLÉS az adatállományból !"), prompt, DefaultAnswer::No)) return;
+  const Step step(&form_, nameOf(QStringLiteral("törlés"), toQt(core::shortDateOfStored(entry.Datum))),
+                  QStringLiteral("Törölve: ") + dayAndKind(entry));
   change(QStringLiteral("A bejegyzés törölve van."),
          [&] { core::deleteEntry(context_.files, context_.folders, plate(), seen); });
   pane_.takeKeyboard();

@@ -9,6 +9,7 @@
 #include "ui/base/text.h"
 #include "ui/look/access.h"
 #include "ui/look/note_type_ahead.h"
+#include "ui/look/undo_line.h"
 #include "ui_entry_form.h"
 
 namespace tarvik::ui {
@@ -158,6 +159,8 @@ void EntryForm::quickAdd(QComboBox* field, const settings::LookupFile& list, con
              DefaultAnswer::No))
       return;
   }
+  const Step step(this, QStringLiteral("felvétel, %1").arg(typed.trimmed()),
+                  QStringLiteral("Felvéve: %1").arg(typed.trimmed()));
   carryOut(
       window(),
       {.done = QStringLiteral("A szöveg fel van véve."),
@@ -165,6 +168,12 @@ void EntryForm::quickAdd(QComboBox* field, const settings::LookupFile& list, con
        .list = [&] { fillTexts(field, list); },
        .incomplete = QStringLiteral("A lenyíló lista nem teljes.")});
   field->setFocus();
+}
+
+void EntryForm::follow(const core::Travelled& travelled) {
+  for (const auto& [field, list] :
+       {std::pair{ui_->txAlkatresz, &settings::kPartNames}, {ui_->txMegjegyzes, &settings::kNotes}})
+    if (concerns(travelled, context_.folders.inCurrent(list->name))) fillTexts(field, *list);
 }
 
 // What is typed stays, whatever becomes of the list under it.

@@ -32,6 +32,9 @@ class EntryForm : public QWidget {
   /// "Tankolás".
   void load();
 
+  /// Fills the drop-downs anew whose file was changed elsewhere.
+  void follow(const core::Travelled& travelled);
+
   /// What is in the fields.
   core::EntryInput input() const;
   /// Fills the fields, the day aside; the price is the input's own and does not follow the other two.

@@ -6,6 +6,7 @@
 #include <QStyle>
 #include <algorithm>
 
+#include "core/file_steps.h"
 #include "settings/start_settings.h"
 #include "settings/vehicles.h"
 #include "ui/base/change.h"
@@ -20,6 +21,7 @@
 #include "ui/look/look.h"
 #include "ui/look/placement.h"
 #include "ui/look/plate_chooser.h"
+#include "ui/look/undo_line.h"
 #include "ui/main/entry_changes.h"
 #include "ui/main/entry_form.h"
 #include "ui/main/logbook_pane.h"
@@ -62,6 +64,8 @@ frmTarvik::frmTarvik(Context& context) : ui_(std::make_unique<Ui::frmTarvik>()),
   makeAccessible(*this);
   compose();
   connectParts();
+  undo_ = new UndoLine(context_, *this, *ui_->mainLayout,
+                       [this](const core::Travelled& travelled) { follow(travelled); });
   connectMenu();
   setUpKeyboard();
   place();
@@ -124,6 +128,9 @@ void frmTarvik::connectMenu() {
   onMenu(this, ui_->mnuGumik, &frmTarvik::openGumik);
   onMenu(this, ui_->mnuSzerviz, &frmTarvik::openSzerviz);
   onMenu(this, ui_->mnuPrint, &frmTarvik::print);
+  QMenu* tools = menuBar()->addMenu(QStringLiteral("&Eszközök"));
+  tools->setObjectName(QStringLiteral("mnuEszkozok"));
+  tools->addActions({undo_->undoItem(), undo_->redoItem()});
 }
 
 void frmTarvik::setUpKeyboard() {
@@ -186,6 +193,28 @@ bool frmTarvik::refusesBlankPlate(const QString& consequence) {
   tellError(this, QStringLiteral(" H i b a !"), QStringLiteral("Nincs megadva rendszám!\n") + consequence);
   ui_->Combo1->setFocus();
   return true;
+}
+
+// What came back is listed with its vehicle, whichever was chosen meanwhile.
+void frmTarvik::followLogbook(const core::TravelledFile& file, int cameBack) {
+  const std::string folder = core::steps::folderOf(file.path);
+  const QString plateOfFile = toQt(folder.substr(folder.rfind('/') + 1));
+  if (plateOfFile != plate().trimmed()) ui_->Combo1->setEditText(plateOfFile);
+  logbook_->showAgain(cameBack);
+  if (chart_->isVisible()) chart_->showChart(context_.state.chartChoice);
+}
+
+void frmTarvik::follow(const core::Travelled& travelled) {
+  if (concerns(travelled, context_.folders.inCurrent("rendsz.dat"))) setPlates(storedPlates(context_));
+  if (concerns(travelled, context_.folders.inCurrent("set.dat"))) followSwitch();
+  entry_->follow(travelled);
+  for (const core::TravelledFile& file : travelled.files)
+    if (file.path.ends_with("/napiadat.dat")) followLogbook(file, recordThatCameBack(travelled, file.path));
+}
+
+void frmTarvik::followSwitch() {
+  const auto stored = settings::loadStartSettings(context_.files, context_.folders);
+  reminders_->follow(stored.remindersOn == core::kFlagSet);
 }
 
 void frmTarvik::toggleFilter() {

@@ -16,6 +16,7 @@ class ChartPanel;
 class EntryForm;
 class LogbookPane;
 class ReminderSwitch;
+class UndoLine;
 
 /// The main screen: the vehicle selector and the menu that opens the other screens, and what it is composed
 /// of: the reminder switch, the entry's form, the logbook and the charts over it.
@@ -51,6 +52,9 @@ class frmTarvik : public QMainWindow {
   void setPlates(const QStringList& plates);
   void loadStartSettings();
   void followPlate();
+  void follow(const core::Travelled& travelled);
+  void followLogbook(const core::TravelledFile& file, int cameBack);
+  void followSwitch();
   bool refusesBlankPlate(const QString& consequence);
 
   void toggleFilter();
@@ -68,6 +72,7 @@ class frmTarvik : public QMainWindow {
   EntryForm* entry_ = nullptr;
   LogbookPane* logbook_ = nullptr;
   ChartPanel* chart_ = nullptr;
+  UndoLine* undo_ = nullptr;
   QPointer<QWidget> lastField_;
 };
 

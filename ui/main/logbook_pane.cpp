@@ -177,6 +177,14 @@ void LogbookPane::markNewest() {
   delegate_->mark(recordOfRow(*ui_->ListView1, last), *ui_->ListView1);
 }
 
+void LogbookPane::showAgain(int record) {
+  relistInPlace();
+  if (record == 0 || ui_->ListView1->markRecord(record)) return;
+  ui_->opSzürö_0->setChecked(true);  // a filter keeps it from the list
+  beolvas();
+  ui_->ListView1->markRecord(record);
+}
+
 void LogbookPane::saveLog() {
   saveCsvFile(context_, toQt(listed_.plate) + QStringLiteral("_naplo"), exchange::csvOf(listed_.listing),
               window());

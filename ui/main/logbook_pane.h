@@ -60,6 +60,10 @@ class LogbookPane : public QWidget {
   /// it from the list.
   void markNewest();
 
+  /// After a change elsewhere: reads the list anew with an entry that came back in view and tinted, without
+  /// its filter where that would hide it; 0 for none.
+  void showAgain(int record);
+
   /// Lays a panel over the list; nobody reaches the list while it is shown.
   void layOver(QWidget& panel);
   /// Whether the keyboard is in the list or what lies over it.

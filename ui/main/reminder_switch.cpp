@@ -8,6 +8,7 @@
 #include "settings/start_settings.h"
 #include "ui/base/text.h"
 #include "ui/look/access.h"
+#include "ui/look/undo_line.h"
 #include "ui/windows/figy.h"
 #include "ui/windows/frmDatumFigyelmeztetes.h"
 #include "ui/windows/frmGumik.h"
@@ -57,8 +58,23 @@ void ReminderSwitch::setChecking(bool on) {
   on ? timer_->start() : timer_->stop();
 }
 
+void ReminderSwitch::follow(bool on) {
+  const QSignalBlocker stored(ui_->Check1);
+  ui_->Check1->setChecked(on);
+  showSwitched(on);
+}
+
+void ReminderSwitch::showSwitched(bool on) {
+  context_.state.reminderState = on ? 1 : 0;
+  ui_->Check1->setText(on ? QStringLiteral("  Bekapcsolva  ") : QStringLiteral("  Kikapcsolva  "));
+  setChecking(on);
+}
+
 // The mark, the caption, the timer and the shared state agree: what cannot be saved is not switched.
 void ReminderSwitch::switchReminders(bool on) {
+  const Step step(
+      this, QStringLiteral("figyelmeztetések kapcsolása"),
+      on ? QStringLiteral("Figyelmeztetések bekapcsolva") : QStringLiteral("Figyelmeztetések kikapcsolva"));
   const bool isSaved = guarded(
       window(), [&] { settings::saveReminderFlag(context_.files, context_.folders, core::toFlag(on)); },
       {.unsure = QStringLiteral("A kapcsoló úgy maradt, ahogy volt.")});
@@ -67,9 +83,7 @@ void ReminderSwitch::switchReminders(bool on) {
     ui_->Check1->setChecked(!on);
     return;
   }
-  context_.state.reminderState = on ? 1 : 0;
-  ui_->Check1->setText(on ? QStringLiteral("  Bekapcsolva  ") : QStringLiteral("  Kikapcsolva  "));
-  setChecking(on);
+  showSwitched(on);
 }
 
 void ReminderSwitch::checkDates() {

@@ -28,6 +28,8 @@ class ReminderSwitch : public QWidget {
   void setPlate(const QString& plate) { plate_ = plate; }
   /// Puts the switch as it was stored. One that stands so already does nothing, not even save itself.
   void setOn(bool on);
+  /// Puts the switch as it is stored by now; everything that belongs to it follows, and nothing is saved.
+  void follow(bool on);
   /// Lets the timer run, beginning a full interval, or rest, whatever the switch says.
   void setChecking(bool on);
 
@@ -41,6 +43,7 @@ class ReminderSwitch : public QWidget {
 
  private:
   void switchReminders(bool on);
+  void showSwitched(bool on);
   void checkKm();
 
   std::unique_ptr<Ui::ReminderSwitch> ui_;

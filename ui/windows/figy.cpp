@@ -15,6 +15,7 @@
 #include "ui/look/dialog_parts.h"
 #include "ui/look/enter_key.h"
 #include "ui/look/placement.h"
+#include "ui/look/undo_line.h"
 #include "ui/windows/reminder_parts.h"
 #include "ui_figy.h"
 
@@ -46,6 +47,8 @@ figy::figy(Context& context, QString plate, QWidget* parent)
   addListMenus();
   connectButtons();
   followEnterRule(*this);
+  new UndoLine(context_, *this, *ui_->mainLayout,
+               [this](const core::Travelled& travelled) { followChange(travelled); });
   keepWithinReach(*this);
   ui_->tx_km_allas->setFocus();
   openInTheMiddle(*this);
@@ -144,12 +147,27 @@ bool figy::changeDates(const QString& done, const std::function<void()>& make) {
                          .list = [this] { ui_->ListView2->keepPlace([this] { BeolvasFigyDatum(); }); }});
 }
 
+void figy::followChange(const core::Travelled& travelled) {
+  const std::string km = context_.folders.inCurrent("figyel.dat");
+  const std::string dates = context_.folders.inCurrent("figyDatum.dat");
+  if (!concerns(travelled, km) && !concerns(travelled, dates)) return;
+  forgetChosen();
+  ui_->SSTab1->setCurrentIndex(concerns(travelled, km) ? 0 : 1);
+  ui_->ListView1->keepPlace([this] { BeolvasFigyel(); });
+  ui_->ListView2->keepPlace([this] { BeolvasFigyDatum(); });
+  ui_->ListView1->markRecord(recordThatCameBack(travelled, km));
+  ui_->ListView2->markRecord(recordThatCameBack(travelled, dates));
+}
+
 void figy::recordKm() {
   const reminders::KmReminderEntry entry{.text = toLogic(ui_->tx_szoveg->text()),
                                          .reading = toLogic(ui_->tx_km_allas->text()),
                                          .after = toLogic(ui_->tx_km_mulva->text()),
                                          .plate = toLogic(plate_)};
   if (!confirmsRecording(this, QString(), reminders::addsReminder(kmReminders_, entry))) return;
+  const QString what = ui_->tx_szoveg->text().trimmed();
+  const Step step(this, QStringLiteral("figyelmeztetés rögzítése, %1").arg(what),
+                  QStringLiteral("Rögzítve: %1").arg(what));
   changeKm(QStringLiteral("A figyelmeztetés rögzítve van."), [&] {
     reminders::recordKmReminder(context_.files, context_.folders, entry, context_.clock.today());
   });
@@ -195,6 +213,9 @@ void figy::showExpectedDate(const QString& caption) {
 
 void figy::deleteKm() {
   if (!confirmsDeletion()) return;
+  const core::SeenRecord seen = kmReminders_.seen(context_.state.selectedReminder);
+  const Step step(this, QStringLiteral("figyelmeztetés törlése"),
+                  QStringLiteral("Törölve: %1").arg(reminderText<reminders::FigyelRec>(seen)));
   changeKm(QStringLiteral("A figyelmeztetés törölve van."), [this] {
     reminders::blankKmReminder(context_.files, context_.folders,
                                kmReminders_.seen(context_.state.selectedReminder));
@@ -218,6 +239,9 @@ void figy::recordDate() {
                                            .plate = toLogic(plate_)};
   const QString whose = plate_ + QStringLiteral(" gépkocsira?");
   if (!confirmsRecording(this, whose, reminders::addsReminder(dateReminders_, entry))) return;
+  const QString what = ui_->txMire->text().trimmed();
+  const Step step(this, QStringLiteral("figyelmeztetés rögzítése, %1").arg(what),
+                  QStringLiteral("Rögzítve: %1").arg(what));
   changeDates(QStringLiteral("A figyelmeztetés rögzítve van."), [&] {
     reminders::recordDateReminder(context_.files, context_.folders, entry, context_.clock.today());
   });
@@ -231,6 +255,9 @@ bool figy::chooseDate(int row) {
 
 void figy::deleteDate() {
   if (!confirmsDeletion()) return;
+  const core::SeenRecord seen = dateReminders_.seen(context_.state.selectedReminder);
+  const Step step(this, QStringLiteral("figyelmeztetés törlése"),
+                  QStringLiteral("Törölve: %1").arg(reminderText<reminders::FigyDatumRec>(seen)));
   changeDates(QStringLiteral("A figyelmeztetés törölve van."), [this] {
     reminders::deleteDateReminder(context_.files, context_.folders,
                                   dateReminders_.seen(context_.state.selectedReminder));

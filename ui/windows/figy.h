@@ -54,6 +54,7 @@ class figy : public QDialog {
 
   bool confirmsDeletion();
   void forgetChosen();
+  void followChange(const core::Travelled& travelled);
   void select(std::int16_t number, QAbstractButton* deletion);
   void showChosen();
   void showChosen(ListView* list, const QAbstractButton* deletion);

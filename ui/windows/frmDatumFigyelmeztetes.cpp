@@ -11,6 +11,7 @@
 #include "ui/look/enter_key.h"
 #include "ui/look/look.h"
 #include "ui/look/placement.h"
+#include "ui/look/undo_line.h"
 #include "ui/windows/reminder_parts.h"
 #include "ui_frmDatumFigyelmeztetes.h"
 
@@ -26,6 +27,8 @@ frmDatumFigyelmeztetes::frmDatumFigyelmeztetes(Context& context, QWidget* parent
   onClick(this, ui_->cmdDel, &frmDatumFigyelmeztetes::deleteChosen);
   connect(ui_->Command1, &QPushButton::clicked, this, &QDialog::close);
   followEnterRule(*this);
+  new UndoLine(context_, *this, *ui_->mainLayout,
+               [this](const core::Travelled& travelled) { followChange(travelled); });
   keepWithinReach(*this);
   guarded(this, [this] { load(); });
   openInTheMiddle(*this);
@@ -62,11 +65,22 @@ void frmDatumFigyelmeztetes::forgetChosen() {
   showCaption(ui_->lbNapok, QString());
 }
 
+void frmDatumFigyelmeztetes::followChange(const core::Travelled& travelled) {
+  const std::string path = context_.folders.inCurrent("figyDatum.dat");
+  if (!concerns(travelled, path)) return;
+  forgetChosen();
+  ui_->ListView1->keepPlace([this] { load(); });
+  ui_->ListView1->markRecord(recordThatCameBack(travelled, path));
+}
+
 // Without a chosen row nothing is deleted and the screen closes all the same.
 void frmDatumFigyelmeztetes::deleteChosen() {
   if (!ask(this, QStringLiteral(" Törlés az adatállományból !"),
            QStringLiteral("Biztos TÖRÖLHETŐ\na figyelmeztetés ?"), DefaultAnswer::No))
     return;
+  const Step step(
+      this, QStringLiteral("figyelmeztetés törlése"),
+      QStringLiteral("Törölve: %1").arg(reminderText<reminders::FigyDatumRec>(listed_.seen(selected_))));
   bool isDeleted = false;
   carryOut(this, {.make =
                       [&] {

@@ -27,6 +27,7 @@ class frmDatumFigyelmeztetes : public QDialog {
   void load();
   void choose(int row);
   void forgetChosen();
+  void followChange(const core::Travelled& travelled);
   void deleteChosen();
 
   Context& context_;

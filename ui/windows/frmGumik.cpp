@@ -18,6 +18,7 @@
 #include "ui/look/look.h"
 #include "ui/look/placement.h"
 #include "ui/look/plate_chooser.h"
+#include "ui/look/undo_line.h"
 #include "ui_frmGumik.h"
 
 namespace tarvik::ui {
@@ -65,6 +66,10 @@ frmGumik::frmGumik(Context& context, const QString& plate, const QStringList& pl
   addListMenu(context);
   connectButtons();
   followEnterRule(*this);
+  new UndoLine(context, *this, *ui_->mainLayout,
+               [this, path = context.folders.inProgram("Gumik.dat")](const core::Travelled& travelled) {
+                 if (concerns(travelled, path)) followChange(recordThatCameBack(travelled, path));
+               });
   keepWithinReach(*this);
   openInTheMiddle(*this, kWishedSteps * gridStep());
   guarded(this, [this] { BeolvasGumi(); });
@@ -130,6 +135,16 @@ void frmGumik::list(const std::function<std::vector<tyres::TyreRow>()>& read) {
 
 void frmGumik::relistInPlace() {
   ui_->ListViewGumi->keepPlace([this] { BeolvasGumi(); });
+}
+
+// A set of another vehicle that came back is listed with that vehicle's.
+void frmGumik::followChange(int cameBack) {
+  forgetChosen();
+  relistInPlace();
+  if (cameBack == 0 || ui_->ListViewGumi->markRecord(cameBack)) return;
+  ui_->cmbRendszam->setEditText(toQt(tyres_.read(cameBack).plate.trimmed()));
+  BeolvasGumi();
+  ui_->ListViewGumi->markRecord(cameBack);
 }
 
 // Nobody is asked before a deletion, so none is offered of a set that is out of the list.
@@ -206,6 +221,9 @@ tyres::TyreFields frmGumik::changeFields() const {
 
 // Neither the list nor the fields change: the set is seen at the next listing.
 void frmGumik::recordSet() {
+  const QString what = ui_->txtGumiTipusa->text().trimmed();
+  const Step step(this, QStringLiteral("gumi rögzítése, %1").arg(what),
+                  QStringLiteral("Rögzítve: %1").arg(what));
   bool isRecorded = false;
   carryOut(this, {.make =
                       [&] {
@@ -221,17 +239,31 @@ void frmGumik::recordSet() {
                       }});
 }
 
+QString frmGumik::chosenType(int number) const {
+  const core::SeenRecord seen = tyres_.seen(number);
+  return seen.bytes.empty() ? QString() : toQt(core::decoded<tyres::TyreSet>(seen.bytes).type.trimmed());
+}
+
 void frmGumik::fitSet() {
+  const QString what = chosenType(chosen_);
+  const Step step(this, QStringLiteral("felszerelés, %1").arg(what),
+                  QStringLiteral("Felszerelve: %1").arg(what));
   change(QStringLiteral("A gumi fel van szerelve."),
          [this] { tyres_.setFitted(tyres_.seen(chosen_), true); });
 }
 
 void frmGumik::takeSetOff() {
+  const QString what = chosenType(chosen_);
+  const Step step(this, QStringLiteral("leszerelés, %1").arg(what),
+                  QStringLiteral("Leszerelve: %1").arg(what));
   change(QStringLiteral("A gumi le van szerelve."),
          [this] { tyres_.setFitted(tyres_.seen(chosen_), false); });
 }
 
 void frmGumik::changeSet() {
+  const QString what = chosenType(chosen_);
+  const Step step(this, QStringLiteral("gumi módosítása, %1").arg(what),
+                  QStringLiteral("Módosítva: %1").arg(what));
   change(QStringLiteral("A gumi adatai módosítva vannak."), [this] {
     tyres_.change(tyres_.seen(chosen_), changeFields());
     ui_->cmdGumiModositKeret->setEnabled(false);
@@ -242,6 +274,9 @@ void frmGumik::changeSet() {
 // No question is asked, so the set that goes is the highlighted one and no other. The number stays: it then
 // names the set behind the deleted one, which is highlighted for the buttons that stay.
 void frmGumik::deleteSet() {
+  const QString what = chosenType(ui_->ListViewGumi->highlightedRecord().toInt());
+  const Step step(this, QStringLiteral("gumi törlése, %1").arg(what),
+                  QStringLiteral("Törölve: %1").arg(what));
   change(QStringLiteral("A gumi törölve van."), [this] {
     tyres_.remove(tyres_.seen(ui_->ListViewGumi->highlightedRecord().toInt()));
     offersDeletion_ = false;

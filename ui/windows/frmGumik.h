@@ -39,6 +39,8 @@ class frmGumik : public QDialog {
   void BeolvasOsszesGumi();
   void list(const std::function<std::vector<tyres::TyreRow>()>& read);
   void relistInPlace();
+  void followChange(int cameBack);
+  QString chosenType(int number) const;
   void showChosen();
 
   void choose(int row);

@@ -5,6 +5,7 @@
 #include "ui/look/access.h"
 #include "ui/look/enter_key.h"
 #include "ui/look/placement.h"
+#include "ui/look/undo_line.h"
 #include "ui_frmMelyGrafikon.h"
 
 namespace tarvik::ui {
@@ -32,6 +33,7 @@ frmMelyGrafikon::frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* 
   connect(ui_->cmdMegjelenit, &QPushButton::clicked, this, &frmMelyGrafikon::takeChecked);
   connect(ui_->cmdMegsem, &QPushButton::clicked, this, &frmMelyGrafikon::reject);
   followEnterRule(*this);
+  new UndoLine(context_, *this, *ui_->mainLayout, [](const core::Travelled&) {});
   keepWithinReach(*this);
   openAt(*this, mainTopLeft + QPoint(pixelsOfTwips(kRightTwips, *this), pixelsOfTwips(kDownTwips, *this)));
 }

@@ -16,6 +16,7 @@
 #include "ui/look/look.h"
 #include "ui/look/placement.h"
 #include "ui/look/plate_chooser.h"
+#include "ui/look/undo_line.h"
 #include "ui_frmSetup.h"
 
 namespace tarvik::ui {
@@ -45,6 +46,8 @@ frmSetup::frmSetup(Context& context, QPoint mainTopLeft, QWidget* parent)
   connectButtons();
   connectLists();
   followEnterRule(*this);
+  new UndoLine(context_, *this, *ui_->screenLayout,
+               [this](const core::Travelled& travelled) { followChange(travelled); });
   keepWithinReach(*this);
   ui_->txRendszam->setFocus();
 }
@@ -124,8 +127,32 @@ void frmSetup::loadNotes() {
   fillLookupList(ui_->listMegj, settings::kNotes, notes_);
 }
 
+// What came back into a list is chosen there.
+void frmSetup::followList(RowChoice& chosen, const std::string& file, const core::Travelled& travelled,
+                          const std::function<void()>& refill) {
+  const std::string path = context_.folders.inCurrent(file);
+  if (!concerns(travelled, path)) return;
+  chosen.keepPlace(refill);
+  const int cameBack = recordThatCameBack(travelled, path);
+  if (cameBack > 0) chosen.view().setCurrentIndex(chosen.view().model()->index(cameBack - 1, 0));
+}
+
+// The switch keeps its state: it is no part of what is stored.
+void frmSetup::followChange(const core::Travelled& travelled) {
+  followList(*chosenVehicle_, "rendsz.dat", travelled, [this] { fillVehicles(); });
+  followList(*chosenPartName_, settings::kPartNames.name, travelled, [this] { loadPartNames(); });
+  followList(*chosenNote_, settings::kNotes.name, travelled, [this] { loadNotes(); });
+  if (!concerns(travelled, context_.folders.inCurrent("set.dat"))) return;
+  const settings::SetRecord stored = settings::loadStartSettings(context_.files, context_.folders);
+  showStartPlate(stored.plate.isBlank() ? QString() : toQt(stored.plate.asStored()));
+  const QSignalBlocker unswitched(ui_->chkRiaszt);
+  ui_->chkRiaszt->setChecked(stored.remindersOn == core::kFlagSet);
+}
+
 void frmSetup::addVehicle() {
   if (!acceptsNewVehicle()) return;
+  const QString what = ui_->txRendszam->text().trimmed();
+  const Step step(this, QStringLiteral("új gépkocsi, %1").arg(what), QStringLiteral("Felvéve: %1").arg(what));
   changeVehicles(QStringLiteral("A rendszám fel van véve."), [this] {
     settings::addVehicle(context_.files, context_.folders, toLogic(ui_->txRendszam->text()),
                          toLogic(ui_->txTank->text()));
@@ -153,6 +180,9 @@ bool frmSetup::acceptsNewVehicle() {
 
 // After a deletion the list shows bare plates, without the tanks.
 void frmSetup::deleteVehicle() {
+  const QString what = toQt(vehicles_.record(chosenVehicle_->row() + 1).plate.trimmed());
+  const Step step(this, QStringLiteral("gépkocsi törlése, %1").arg(what),
+                  QStringLiteral("Törölve: %1").arg(what));
   changeVehicles(QStringLiteral("A rendszám törölve van."), [this] {
     settings::removeVehicle(context_.files, context_.folders, vehicles_.seen(chosenVehicle_->row() + 1));
     vehicleText_ = &plateAlone;
@@ -200,6 +230,8 @@ bool frmSetup::confirmsDeletion() {
 
 void frmSetup::deleteLookupText(RowChoice& chosen, const settings::LookupFile& file,
                                 const settings::LookupTexts& listed, Handler refill) {
+  const QString what = toQt(listed.record(chosen.row() + 1).text.trimmed());
+  const Step step(this, QStringLiteral("törlés, %1").arg(what), QStringLiteral("Törölve: %1").arg(what));
   carryOut(this, {.done = QStringLiteral("A tétel törölve van."),
                   .make =
                       [&] {
@@ -222,6 +254,8 @@ void frmSetup::saveStartSettings() {
   const bool remindersOn = ui_->chkRiaszt->checkState() != Qt::Unchecked;
   const settings::SetRecord chosen{.remindersOn = core::toFlag(remindersOn),
                                    .plate = core::FixedText<10>(toLogic(ui_->cmbRendszam->currentText()))};
+  const Step step(this, QStringLiteral("indulási beállítások"),
+                  QStringLiteral("Elmentve: indulási beállítások"));
   guarded(this, [&] { settings::saveStartSettings(context_.files, context_.folders, chosen); },
           {.unsure = QStringLiteral("Lehet, hogy a beállítások nincsenek elmentve. Mentsd el őket újra!")});
 }

@@ -63,6 +63,9 @@ class frmSetup : public QDialog {
   void saveStartSettings();
   void switchReminders();
 
+  void followChange(const core::Travelled& travelled);
+  void followList(RowChoice& chosen, const std::string& file, const core::Travelled& travelled,
+                  const std::function<void()>& refill);
   bool acceptsNewVehicle();
   QStringList fillVehicles();
   void showStartPlate(const QString& plate);

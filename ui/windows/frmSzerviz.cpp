@@ -17,6 +17,7 @@
 #include "ui/look/look.h"
 #include "ui/look/placement.h"
 #include "ui/look/plate_chooser.h"
+#include "ui/look/undo_line.h"
 #include "ui_frmSzerviz.h"
 
 namespace tarvik::ui {
@@ -47,6 +48,10 @@ frmSzerviz::frmSzerviz(Context& context, const QString& plate, const QStringList
   onClick(this, ui_->cmdRogzitSzerviz, &frmSzerviz::recordRepair);
   onClick(this, ui_->cmdDelSzerviz, &frmSzerviz::deleteRepair);
   followEnterRule(*this);
+  new UndoLine(context, *this, *ui_->mainLayout,
+               [this, path = context.folders.inProgram("Szerviz.dat")](const core::Travelled& travelled) {
+                 if (concerns(travelled, path)) followChange(recordThatCameBack(travelled, path));
+               });
   keepWithinReach(*this);
   openInTheMiddle(*this, kWishedSteps * gridStep());
   guarded(this, [this] { BeolvasSzerviz(); });
@@ -134,8 +139,21 @@ bool frmSzerviz::change(const QString& done, const std::function<void()>& make) 
                          .list = [this] { ui_->ListViewSzerviz->keepPlace([this] { BeolvasSzerviz(); }); }});
 }
 
+// A repair of another vehicle that came back is listed with that vehicle's.
+void frmSzerviz::followChange(int cameBack) {
+  chosen_ = 0;
+  ui_->ListViewSzerviz->keepPlace([this] { BeolvasSzerviz(); });
+  if (cameBack == 0 || ui_->ListViewSzerviz->markRecord(cameBack)) return;
+  ui_->cmbRendszam2->setEditText(toQt(log_.read(cameBack).plate.trimmed()));
+  BeolvasSzerviz();
+  ui_->ListViewSzerviz->markRecord(cameBack);
+}
+
 // The entry chosen before stays the chosen one.
 void frmSzerviz::recordRepair() {
+  const QString what = ui_->txtSzervizMegnev->text().trimmed();
+  const Step step(this, QStringLiteral("javítás rögzítése, %1").arg(what),
+                  QStringLiteral("Rögzítve: %1").arg(what));
   change(QStringLiteral("A javítás rögzítve van."), [this] {
     log_.record({.plate = toLogic(ui_->cmbRendszam2->currentText()),
                  .date = toLogic(ui_->DTPSzerviz->date()),
@@ -150,6 +168,11 @@ void frmSzerviz::recordRepair() {
 
 // No question is asked, so the entry that goes is the highlighted one and no other.
 void frmSzerviz::deleteRepair() {
+  const core::SeenRecord seen = log_.seen(ui_->ListViewSzerviz->highlightedRecord().toInt());
+  const auto repair = seen.bytes.empty() ? repairs::Repair{} : core::decoded<repairs::Repair>(seen.bytes);
+  const QString day = toQt(core::shortDateOfStored(repair.date));
+  const Step step(this, QStringLiteral("javítás törlése, %1").arg(day),
+                  QStringLiteral("Törölve: %1 %2").arg(day, toQt(repair.description.trimmed())));
   change(QStringLiteral("A javítás törölve van."), [this] {
     log_.remove(log_.seen(ui_->ListViewSzerviz->highlightedRecord().toInt()));
     chosen_ = 0;

@@ -33,6 +33,7 @@ class frmSzerviz : public QDialog {
   void BeolvasSzerviz();
   void list(const std::function<std::vector<repairs::RepairRow>()>& read);
   void showChosen();
+  void followChange(int cameBack);
 
   void choose(int row);
   bool change(const QString& done, const std::function<void()>& make);

@@ -6,6 +6,9 @@
 
 #include "reminders/km_alert.h"
 
+#include "core/record_list.h"
+#include "ui/base/text.h"
+
 class QLabel;
 class QWidget;
 
@@ -20,6 +23,12 @@ TextListModel* prepareReminderList(ListView* view, const QStringList& headers);
 
 /// Shows a text on a label that stands for a figure or a stored text, to assistive tools too.
 void showCaption(QLabel* label, const QString& text);
+
+/// The text of a reminder that was seen, as a step names it; empty where there was none.
+template <typename Reminder>
+QString reminderText(const core::SeenRecord& seen) {
+  return seen.bytes.empty() ? QString() : toQt(core::decoded<Reminder>(seen.bytes).Szoveg.trimmed());
+}
 
 /// Tells that no row was chosen to be deleted.
 void tellNothingSelected(QWidget* screen);

@@ -14,6 +14,7 @@
 #include "ui/look/dialog_parts.h"
 #include "ui/look/enter_key.h"
 #include "ui/look/placement.h"
+#include "ui/look/undo_line.h"
 #include "ui/windows/reminder_parts.h"
 #include "ui_riaszt.h"
 
@@ -50,6 +51,8 @@ riaszt::riaszt(Context& context, const QString& plate, QWidget* parent)
   choice_ = new RowChoice(ui_->List1, [this](int row) { return guarded(this, [&] { chooseLine(row); }); });
   onClick(this, ui_->cmd_torles, &riaszt::deleteChosen);
   followEnterRule(*this);
+  new UndoLine(context_, *this, *ui_->mainLayout,
+               [this](const core::Travelled& travelled) { followChange(travelled); });
   keepWithinReach(*this);
   guarded(this, [this] { listLines(); });
   openInTheMiddle(*this);
@@ -95,9 +98,23 @@ void riaszt::chooseLine(int row) {
   fillField(ui_->tx_utolso_km, figures.reading);
 }
 
+// What came back is chosen, as the first line is when the screen comes up.
+void riaszt::followChange(const core::Travelled& travelled) {
+  const std::string path = context_.folders.inCurrent("figyel.dat");
+  if (!concerns(travelled, path)) return;
+  choice_->keepPlace([this] { listLines(); });
+  const int cameBack = recordThatCameBack(travelled, path);
+  for (int row = 0; row < ui_->List1->count(); ++row)
+    if (reminders::recordOfAlertLine(toLogic(ui_->List1->item(row)->text())) == cameBack)
+      ui_->List1->setCurrentRow(row);
+}
+
 // Nobody is asked, the selection and the fields stay, and the list then has every vehicle's reminders.
 void riaszt::deleteChosen() {
   if (context_.state.alertSelection == 0) return tellNothingSelected(this);
+  const core::SeenRecord seen = listed_.seen(context_.state.alertSelection);
+  const Step step(this, QStringLiteral("figyelmeztetés törlése"),
+                  QStringLiteral("Törölve: %1").arg(reminderText<reminders::FigyelRec>(seen)));
   carryOut(this, {.done = QStringLiteral("A figyelmeztetés törölve van."),
                   .make =
                       [this] {

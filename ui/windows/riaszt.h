@@ -34,6 +34,7 @@ class riaszt : public QDialog {
   void listLines();
   void chooseLine(int row);
   void deleteChosen();
+  void followChange(const core::Travelled& travelled);
 
   Context& context_;
   reminders::KmReminders listed_;

@@ -1,0 +1,180 @@
+#include "ui/look/undo_line.h"
+
+#include <QAbstractSpinBox>
+#include <QAccessible>
+#include <QAction>
+#include <QApplication>
+#include <QBoxLayout>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QTimer>
+#include <utility>
+
+#include "ui/base/guarded.h"
+#include "ui/base/text.h"
+
+namespace tarvik::ui {
+namespace {
+
+const QString kUndo = QStringLiteral("&Visszavonás");
+const QString kRedo = QStringLiteral("Ú&jra");
+
+QString named(const QString& item, const std::string& step) {
+  return step.empty() ? item : item + QStringLiteral(": ") + toQt(step);
+}
+
+bool isUndoKey(const QKeyEvent& key) {
+  return key.keyCombination() == (Qt::CTRL | Qt::Key_Z);
+}
+
+bool isRedoKey(const QKeyEvent& key) {
+  return key.keyCombination() == (Qt::CTRL | Qt::Key_Y) ||
+         key.keyCombination() == (Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
+}
+
+// A day's and a drop-down's text is a field inside of it.
+QLineEdit* fieldOf(QObject* part) {
+  if (auto* field = qobject_cast<QLineEdit*>(part)) return field;
+  const bool hasField = qobject_cast<QAbstractSpinBox*>(part) != nullptr || qobject_cast<QComboBox*>(part) != nullptr;
+  return hasField ? part->findChild<QLineEdit*>() : nullptr;
+}
+
+// The change itself went through, so it is told behind it.
+void tellMissingCopy(Context& context) {
+  const std::optional<core::Failure> failure = context.safety.copies().takeFailure();
+  if (!failure) return;
+  const QString text = failureText(
+      *failure, {.failed = QStringLiteral("A mai mentés nem készült el, a módosítás viszont megtörtént."),
+                 .unsure = QStringLiteral("A mai mentés lehet, hogy nem készült el, a módosítás viszont megtörtént.")});
+  QTimer::singleShot(0, qApp, [text] { tell(QApplication::activeWindow(), text); });
+}
+
+QString filesOf(const std::vector<std::string>& paths) {
+  QStringList names;
+  for (const std::string& path : paths) names.append(toQt(path));
+  return names.join(QLatin1Char('\n'));
+}
+
+}  // namespace
+
+UndoLine::UndoLine(Context& context, QWidget& screen, QBoxLayout& layout, Follow follow)
+    : QObject(&screen), context_(context), screen_(screen), follow_(std::move(follow)), line_(new QLabel(&screen)) {
+  line_->setObjectName(QStringLiteral("lbTortent"));
+  line_->setTextFormat(Qt::PlainText);
+  line_->setWordWrap(true);
+  line_->hide();
+  layout.addWidget(line_);
+  addItem(undo_, QStringLiteral("mnuVisszavonas"), {Qt::CTRL | Qt::Key_Z}, Direction::Back);
+  addItem(redo_, QStringLiteral("mnuUjra"), {Qt::CTRL | Qt::Key_Y, Qt::CTRL | Qt::SHIFT | Qt::Key_Z},
+          Direction::Forth);
+  connect(&context_.news, &ChangeNews::stepsChanged, this, &UndoLine::showSteps);
+  connect(&context_.news, &ChangeNews::travelled, this, [this](const core::Travelled& travelled) {
+    guarded(&screen_, [&] { follow_(travelled); }, {.failed = QStringLiteral("A lista nem teljes.")});
+  });
+  qApp->installEventFilter(this);
+  showSteps();
+}
+
+void UndoLine::addItem(QAction*& item, const QString& name, const QList<QKeySequence>& keys,
+                       Direction direction) {
+  item = new QAction(this);
+  item->setObjectName(name);
+  item->setShortcuts(keys);
+  screen_.addAction(item);
+  connect(item, &QAction::triggered, this, [this, direction] {
+    guarded(&screen_, [&] { travel(direction); });
+  });
+}
+
+UndoLine* UndoLine::of(QWidget* part) {
+  for (QWidget* screen = part != nullptr ? part->window() : nullptr; screen != nullptr;
+       screen = screen->parentWidget() != nullptr ? screen->parentWidget()->window() : nullptr)
+    if (auto* line = screen->findChild<UndoLine*>(QString(), Qt::FindDirectChildrenOnly)) return line;
+  return nullptr;
+}
+
+void UndoLine::travel(Direction direction) {
+  core::History& history = context_.safety.history();
+  const bool isBack = direction == Direction::Back;
+  if (!(isBack ? history.canUndo() : history.canRedo())) return;
+  const core::Travelled travelled = isBack ? history.undo(context_.files) : history.redo(context_.files);
+  emit context_.news.travelled(travelled);
+  say(isBack ? QStringLiteral("Visszavonva: %1 – újra: Ctrl+Y").arg(toQt(travelled.name))
+             : QStringLiteral("Újra megtéve: %1 – visszavonás: Ctrl+Z").arg(toQt(travelled.name)));
+  emit context_.news.stepsChanged();
+  tellHalf(travelled, direction);
+  tellMissingCopy(context_);
+}
+
+void UndoLine::tellHalf(const core::Travelled& travelled, Direction direction) {
+  if (!travelled.failure) return;
+  std::vector<std::string> done;
+  for (const core::TravelledFile& file : travelled.files) done.push_back(file.path);
+  const QString what = direction == Direction::Back ? QStringLiteral("Visszavonva:\n%1")
+                                                    : QStringLiteral("Újra megtéve:\n%1");
+  QString words = what.arg(filesOf(done));
+  if (!travelled.left.empty()) words += QStringLiteral("\n\nElmaradt:\n") + filesOf(travelled.left);
+  tell(&screen_, failureText(*travelled.failure, {.failed = words, .unsure = words + QStringLiteral("\n\n") + kLookAtTheList}));
+}
+
+void UndoLine::showSteps() {
+  const core::History& history = context_.safety.history();
+  undo_->setText(named(kUndo, history.undoName()));
+  undo_->setEnabled(history.canUndo());
+  redo_->setText(named(kRedo, history.redoName()));
+  redo_->setEnabled(history.canRedo());
+}
+
+// A screen that closes after its change leaves the words on the one below it.
+void UndoLine::say(const QString& what) {
+  showOnLine(what);
+  if (screen_.parentWidget() == nullptr) return;
+  if (UndoLine* below = of(screen_.parentWidget())) below->say(what);
+}
+
+void UndoLine::showOnLine(const QString& what) {
+  line_->setText(what);
+  line_->show();
+  QAccessibleEvent heard(line_, QAccessible::Alert);
+  QAccessible::updateAccessibility(&heard);
+}
+
+void UndoLine::forgetTyping() {
+  for (QLineEdit* field : screen_.findChildren<QLineEdit*>()) {
+    if (!field->isUndoAvailable() && !field->isRedoAvailable()) continue;
+    const int cursor = field->cursorPosition();
+    field->setText(field->text());
+    field->setCursorPosition(cursor);
+  }
+}
+
+// A field would take the keys whether it has anything to undo or not.
+bool UndoLine::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::ShortcutOverride || !watched->isWidgetType()) return false;
+  if (static_cast<QWidget*>(watched)->window() != &screen_) return false;
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  const bool isUndo = isUndoKey(key);
+  if (!isUndo && !isRedoKey(key)) return false;
+  const QLineEdit* field = fieldOf(watched);
+  if (field == nullptr || (isUndo ? field->isUndoAvailable() : field->isRedoAvailable())) return false;
+  event->ignore();
+  return true;
+}
+
+Step::Step(QWidget* part, const QString& name, QString done) : line_(UndoLine::of(part)), done_(std::move(done)) {
+  if (line_ != nullptr) action_.emplace(line_->context().safety.history(), toLogic(name));
+}
+
+Step::~Step() {
+  if (line_ == nullptr) return;
+  const bool hasChanged = action_->hasChanged();
+  action_.reset();
+  if (!hasChanged) return;
+  emit line_->context().news.stepsChanged();
+  line_->forgetTyping();
+  line_->say(done_ + QStringLiteral(" – visszavonás: Ctrl+Z"));
+  tellMissingCopy(line_->context());
+}
+
+}  // namespace tarvik::ui
