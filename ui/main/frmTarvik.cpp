@@ -31,6 +31,7 @@
 #include "ui/windows/frmGumik.h"
 #include "ui/windows/frmSetup.h"
 #include "ui/windows/frmSzerviz.h"
+#include "ui/windows/restore_pane.h"
 #include "ui_frmTarvik.h"
 
 namespace tarvik::ui {
@@ -131,6 +132,10 @@ void frmTarvik::connectMenu() {
   QMenu* tools = menuBar()->addMenu(QStringLiteral("&Eszközök"));
   tools->setObjectName(QStringLiteral("mnuEszkozok"));
   tools->addActions({undo_->undoItem(), undo_->redoItem()});
+  tools->addSeparator();
+  auto* restore = tools->addAction(QStringLiteral("Visszaállítás &mentésből…"));
+  restore->setObjectName(QStringLiteral("mnuVisszaallitas"));
+  onMenu(this, restore, &frmTarvik::openRestore);
 }
 
 void frmTarvik::setUpKeyboard() {
@@ -255,6 +260,10 @@ void frmTarvik::openGumik() {
 
 void frmTarvik::openSzerviz() {
   frmSzerviz(context_, plate(), trimmedPlates(context_), this).exec();
+}
+
+void frmTarvik::openRestore() {
+  openRestoreScreen(context_, this);
 }
 
 void frmTarvik::print() {

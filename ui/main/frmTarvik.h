@@ -64,6 +64,7 @@ class frmTarvik : public QMainWindow {
   void openSetup();
   void openGumik();
   void openSzerviz();
+  void openRestore();
   void print();
 
   std::unique_ptr<Ui::frmTarvik> ui_;

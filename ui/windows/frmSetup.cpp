@@ -17,6 +17,7 @@
 #include "ui/look/placement.h"
 #include "ui/look/plate_chooser.h"
 #include "ui/look/undo_line.h"
+#include "ui/windows/restore_pane.h"
 #include "ui_frmSetup.h"
 
 namespace tarvik::ui {
@@ -42,6 +43,7 @@ frmSetup::frmSetup(Context& context, QPoint mainTopLeft, QWidget* parent)
     : QDialog(parent), context_(context), mainTopLeft_(mainTopLeft), ui_(std::make_unique<Ui::frmSetup>()) {
   ui_->setupUi(this);
   new PlateChooser(ui_->cmbRendszam);
+  ui_->SSTab1->addTab(new RestorePane(context_, ui_->SSTab1), QStringLiteral("Mentések"));
   makeAccessible(*this);
   connectButtons();
   connectLists();

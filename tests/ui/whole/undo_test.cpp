@@ -1,0 +1,273 @@
+#include <QListWidget>
+#include <QMenu>
+#include <QSignalSpy>
+#include <QTabWidget>
+#include <filesystem>
+
+#include "tests/ui/main_screen.h"
+#include "tests/ui/next_dialog.h"
+#include "tests/ui/screen_test.h"
+#include "tests/ui/support.h"
+#include "tyres/tyre_set.h"
+#include "ui/lists/list_delegate.h"
+#include "ui/lists/list_view.h"
+#include "ui/windows/frmGumik.h"
+#include "ui/windows/frmSetup.h"
+#include "ui/windows/frmSzerviz.h"
+
+using namespace tarvik;
+using namespace tarvik::test;
+
+namespace {
+
+// Two cars, three fuellings of the first and one of the second, a fitted set of tyres of the first.
+struct Household : MainScreen {
+  Household() {
+    folder.write("rendsz.dat", "ABC123  \x2D" + std::string(1, '\0') + "XYZ789  \x3C" + std::string(1, '\0'));
+    writeLogbook("ABC123", {fuelling({2026, 3, 1}, 10'000, 405'000, true, 16'200),
+                            fuelling({2026, 3, 21}, 10'400, 300'000, true, 12'000),
+                            fuelling({2026, 4, 2}, 10'800, 310'000, true, 12'500)});
+    writeLogbook("XYZ789", {fuelling({2026, 5, 1}, 500, 200'000, true, 8'000)});
+    const tyres::TyreSet set{.plate = core::FixedText<10>("ABC123"),
+                             .type = core::FixedText<30>("Téli abroncs"),
+                             .maxKm = 40'000,
+                             .onCar = tyres::kFitted,
+                             .kmRun = 100};
+    folder.write("Gumik.dat", toText(core::encoded(set)));
+    choosePlateAtStart("ABC123", false);
+    open();
+  }
+
+  std::string logbook(const char* plate) const { return folder.read(std::string(plate) + "/napiadat.dat"); }
+  void undo(QWidget* on = nullptr) { key(on, Qt::Key_Z, Qt::ControlModifier); }
+  void redo(QWidget* on = nullptr) { key(on, Qt::Key_Y, Qt::ControlModifier); }
+  void key(QWidget* on, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QWidget* const focused = QApplication::focusWidget();
+    QTest::keyClick(on != nullptr ? on : focused != nullptr ? focused : screen.get(), key, modifiers);
+  }
+  void deleteRow(int row) {
+    clickRow(row);
+    BoxScript boxes({QMessageBox::Yes});
+    press("cmd_del");
+  }
+  QString line() { return find<QLabel>("lbTortent")->text(); }
+  QString undoItem() { return find<QAction>("mnuVisszavonas")->text(); }
+  QString marked() { return qobject_cast<ui::ListDelegate*>(list()->itemDelegate())->marked(); }
+};
+
+}  // namespace
+
+class UndoTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void aDeletedEntryComesBackInViewMarkedAndWithItsTotals() {
+    Household main;
+    const std::string before = main.logbook("ABC123");
+    const QString total = main.find<QLineEdit>("tx_teljes_ktg")->text();
+    QVERIFY(!main.find<QLabel>("lbTortent")->isVisible());
+    QVERIFY(!main.find<QAction>("mnuVisszavonas")->isEnabled());
+
+    main.deleteRow(1);
+    QCOMPARE(main.rows(), 2);
+    QVERIFY(main.find<QLabel>("lbTortent")->isVisible());
+    QCOMPARE(main.line(), QString("Törölve: 2026.03.21. tankolás – visszavonás: Ctrl+Z"));
+    QCOMPARE(main.undoItem(), QString("&Visszavonás: törlés, 2026.03.21."));
+
+    main.undo();
+    QVERIFY(main.logbook("ABC123") == before);
+    QCOMPARE(main.rows(), 3);
+    QCOMPARE(main.cell(1, 1), QString("10400"));
+    QCOMPARE(main.marked(), QString("2"));
+    QCOMPARE(main.find<QLineEdit>("tx_teljes_ktg")->text(), total);
+    QCOMPARE(main.line(), QString("Visszavonva: törlés, 2026.03.21. – újra: Ctrl+Y"));
+    QCOMPARE(main.find<QAction>("mnuUjra")->text(), QString("Ú&jra: törlés, 2026.03.21."));
+    QVERIFY(!main.find<QAction>("mnuVisszavonas")->isEnabled());
+
+    main.redo();
+    QCOMPARE(main.rows(), 2);
+    main.undo();
+    QVERIFY(main.logbook("ABC123") == before);
+    main.key(nullptr, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(main.rows(), 2);
+  }
+
+  void aRecordingGoesBackWithTheDistanceOfItsTyresInOneStep() {
+    Household main;
+    const std::string before = main.logbook("ABC123");
+    const std::string tyresBefore = main.folder.read("Gumik.dat");
+    main.type("txKmOra", "11200");
+    main.type("txTankoltLiter", "30");
+    {
+      BoxScript boxes({QMessageBox::Yes});
+      main.press("cmd_rogzit");
+    }
+    QVERIFY(main.folder.read("Gumik.dat") != tyresBefore);
+    QCOMPARE(main.line(), QString("Rögzítve: 2026.11.21. tankolás – visszavonás: Ctrl+Z"));
+    main.undo();  // the keyboard stands in the odometer's field, which was cleared by the recording
+    QVERIFY(main.logbook("ABC123") == before);
+    QVERIFY(main.folder.read("Gumik.dat") == tyresBefore);
+    QCOMPARE(main.rows(), 3);
+  }
+
+  void inAFieldWithTypingOfItsOwnTheKeysAreTheFields() {
+    Household main;
+    main.deleteRow(1);
+    auto* field = main.edit("txKmOra");
+    main.type("txKmOra", "123");
+    main.undo(field);
+    QVERIFY(field->text() != "123");
+    QCOMPARE(main.rows(), 2);
+    while (field->isUndoAvailable()) main.undo(field);
+    main.undo(field);
+    QCOMPARE(main.rows(), 3);
+  }
+
+  void whatAnotherProgramChangedSinceIsRefusedInWords() {
+    Household main;
+    main.deleteRow(1);
+    main.folder.write("ABC123/napiadat.dat", std::string(156, 'x'));
+    BoxScript boxes({QMessageBox::Ok});
+    main.undo();
+    QCOMPARE(boxes.seen.size(), 1);
+    QVERIFY(boxes.seen[0].text.startsWith("A fájl közben megváltozott, egy másik program írhatott bele:"));
+    QVERIFY(boxes.seen[0].text.endsWith("Semmi sem változott."));
+    QVERIFY(main.logbook("ABC123") == std::string(156, 'x'));
+  }
+
+  void anEntryOfAnotherCarComesBackWithThatCarsLog() {
+    Household main;
+    main.deleteRow(1);
+    main.combo("Combo1")->setCurrentIndex(1);
+    main.press("cmdSzürés");
+    QCOMPARE(main.rows(), 1);
+    main.undo();
+    QCOMPARE(main.combo("Combo1")->currentText(), QString("ABC123"));
+    QCOMPARE(main.rows(), 3);
+    QCOMPARE(main.marked(), QString("2"));
+  }
+
+  void aTyreSetDeletedWithoutAQuestionComesBackInItsScreen() {
+    Household main;
+    const std::string before = main.folder.read("Gumik.dat");
+    onNextDialog<ui::frmGumik>([&](ui::frmGumik& screen) {
+      auto* list = part<ui::ListView>(screen, "ListViewGumi");
+      QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(list->model()->index(0, 0)).center());
+      press(*part<QPushButton>(screen, "cmdGumiDel"));
+      QCOMPARE(list->model()->rowCount(), 0);
+      QCOMPARE(part<QLabel>(screen, "lbTortent")->text(), QString("Törölve: Téli abroncs – visszavonás: Ctrl+Z"));
+      QTest::keyClick(list, Qt::Key_Z, Qt::ControlModifier);
+      QCOMPARE(list->model()->rowCount(), 1);
+      screen.close();
+    });
+    main.pick("mnuGumik");
+    QVERIFY(main.folder.read("Gumik.dat") == before);
+    QCOMPARE(main.line(), QString("Visszavonva: gumi törlése, Téli abroncs – újra: Ctrl+Y"));
+  }
+
+  void aCarDeletedInTheSettingsIsBackInTheSelector() {
+    Household main;
+    onNextDialog<ui::frmSetup>([&](ui::frmSetup& screen) {
+      auto* list = part<QListWidget>(screen, "List1");
+      QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(1)).center());
+      press(*part<QPushButton>(screen, "cmdRendszamDel"));
+      QCOMPARE(list->count(), 1);
+      screen.close();
+    });
+    main.pick("mnuSetup");
+    QCOMPARE(main.combo("Combo1")->count(), 1);
+    main.undo();
+    QCOMPARE(main.combo("Combo1")->count(), 2);
+  }
+
+  void theReminderSwitchGoesBackWithAllThatBelongsToIt() {
+    Household main;
+    main.press("Check1");
+    QCOMPARE(main.context.state.reminderState, std::int16_t{1});
+    main.undo();
+    QVERIFY(!main.box("Check1")->isChecked());
+    QCOMPARE(main.box("Check1")->text(), QString("  Kikapcsolva  "));
+    QCOMPARE(main.context.state.reminderState, std::int16_t{0});
+    QVERIFY(!main.find<QTimer>("Timer1")->isActive());
+  }
+
+  void theFirstChangeOfADayLeavesACopyOfAllFiles() {
+    Household main;
+    const std::string before = main.logbook("ABC123");
+    QVERIFY(!main.folder.has("Mentések"));
+    main.deleteRow(1);
+    QVERIFY(main.folder.read("Mentések/2026-11-21/ABC123/napiadat.dat") == before);
+    QVERIFY(main.folder.has("Mentések/2026-11-21/XYZ789/napiadat.dat"));
+  }
+
+  void aCopyThatCannotBeMadeIsToldOnceAndTheChangeGoesOn() {
+    Household main;
+    main.folder.write("Mentések", "a letter");
+    main.clickRow(1);
+    BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok, QMessageBox::Yes});
+    main.press("cmd_del");
+    QTRY_COMPARE(boxes.seen.size(), 2);
+    QVERIFY(boxes.seen[1].text.endsWith("A mai mentés nem készült el, a módosítás viszont megtörtént."));
+    QCOMPARE(main.rows(), 2);
+    main.clickRow(0);
+    main.press("cmd_del");
+    QCoreApplication::processEvents();
+    QCOMPARE(boxes.seen.size(), 3);
+    QCOMPARE(main.rows(), 1);
+  }
+
+  void aCopyIsTakenBackFromTheMenuAndThatIsUndoneToo() {
+    Household main;
+    const std::string before = main.logbook("ABC123");
+    main.deleteRow(1);
+    main.deleteRow(0);
+    const std::string after = main.logbook("ABC123");
+    onNextDialog<QDialog>([&](QDialog& screen) {
+      QCOMPARE(screen.windowTitle(), QString("Visszaállítás mentésből"));
+      auto* sets = part<QListWidget>(screen, "listMentesek");
+      QCOMPARE(sets->count(), 1);
+      QCOMPARE(sets->item(0)->text(), QString("2026.11.21."));
+      auto* lines = part<QListWidget>(screen, "listKulonbsegek");
+      QCOMPARE(lines->item(0)->text(),
+               QString("ABC123 naplója: 2 bejegyzéssel több, utolsó nap: 2026.04.02."));
+      QCOMPARE(lines->item(0)->checkState(), Qt::Checked);
+      QCOMPARE(lines->item(1)->text(), QString("XYZ789 naplója: ugyanaz"));
+      QCOMPARE(lines->item(1)->checkState(), Qt::Unchecked);
+      lines->setCurrentRow(0);
+      onNextDialog<QDialog>([&](QDialog& log) {
+        QCOMPARE(part<ui::ListView>(log, "ListViewMentes")->model()->rowCount(), 3);
+        log.close();
+      });
+      press(*part<QPushButton>(screen, "cmdMentesNezet"));
+      BoxScript boxes({QMessageBox::Yes});
+      press(*part<QPushButton>(screen, "cmdVisszaallit"));
+      QCOMPARE(lines->item(0)->text(), QString("ABC123 naplója: ugyanaz"));
+      screen.close();
+    });
+    main.pick("mnuVisszaallitas");
+    QVERIFY(main.logbook("ABC123") == before);
+    QCOMPARE(main.rows(), 3);
+    QVERIFY(main.folder.read("Mentések/2026-11-21 visszaállítás előtt/ABC123/napiadat.dat") == after);
+    QCOMPARE(main.undoItem(), QString("&Visszavonás: visszaállítás, 2026.11.21."));
+    main.undo();
+    QVERIFY(main.logbook("ABC123") == after);
+    QCOMPARE(main.rows(), 1);
+  }
+
+  void theSettingsHaveTheCopiesOnTheirFourthPage() {
+    Household main;
+    main.deleteRow(1);
+    onNextDialog<ui::frmSetup>([&](ui::frmSetup& screen) {
+      auto* tabs = part<QTabWidget>(screen, "SSTab1");
+      QCOMPARE(tabs->count(), 4);
+      QCOMPARE(tabs->tabText(3), QString("Mentések"));
+      openPage(*tabs, 3);
+      QCOMPARE(part<QListWidget>(screen, "listMentesek")->count(), 1);
+      screen.close();
+    });
+    main.pick("mnuSetup");
+  }
+};
+
+TARVIK_SCREEN_TEST(UndoTest)
+#include "undo_test.moc"

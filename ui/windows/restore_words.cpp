@@ -1,0 +1,67 @@
+#include "ui/windows/restore_words.h"
+
+#include "ui/base/text.h"
+
+namespace tarvik::ui {
+namespace {
+
+constexpr qsizetype kDayCharacters = 10;
+
+QString registerName(core::Register which) {
+  switch (which) {
+    case core::Register::Entries:
+      return QStringLiteral("napló");
+    case core::Register::Vehicles:
+      return QStringLiteral("Gépkocsik");
+    case core::Register::PartNames:
+      return QStringLiteral("Alkatrészek");
+    case core::Register::Notes:
+      return QStringLiteral("Megjegyzések");
+    case core::Register::StartSettings:
+      return QStringLiteral("Indulási beállítások");
+    case core::Register::KmReminders:
+      return QStringLiteral("Km-figyelmeztetések");
+    case core::Register::DateReminders:
+      return QStringLiteral("Dátumos figyelmeztetések");
+    case core::Register::Tyres:
+      return QStringLiteral("Gumik");
+    case core::Register::Repairs:
+      return QStringLiteral("Javítások, szervizek");
+  }
+  return {};
+}
+
+QString countsOf(const core::SetComparison& line) {
+  if (!line.entriesNow)
+    return QStringLiteral("%1 bejegyzés, a mostani nem olvasható").arg(line.entries);
+  const int more = line.entries - *line.entriesNow;
+  if (more > 0) return QStringLiteral("%1 bejegyzéssel több").arg(more);
+  if (more < 0) return QStringLiteral("%1 bejegyzéssel kevesebb").arg(-more);
+  return QStringLiteral("ugyanannyi bejegyzés, más tartalommal");
+}
+
+}  // namespace
+
+QString titleOf(const core::DatedSet& set) {
+  const QString name = toQt(set.name);
+  return set.day ? toQt(core::shortDate(*set.day)) + name.mid(kDayCharacters) : name;
+}
+
+QString titleOf(const core::SetFile& file, const core::DataFolders& folders) {
+  if (!file.plate.empty()) return QStringLiteral("%1 naplója").arg(toQt(file.plate));
+  const QString name = registerName(file.kind.reg);
+  const bool isElsewhere = !file.kind.isOfProgramFolder && folders.program != folders.current &&
+                           file.place == folders.inProgram(file.kind.name);
+  return isElsewhere ? name + QStringLiteral(" (a program mappájában)") : name;
+}
+
+QString differenceOf(const core::SetComparison& line) {
+  if (line.state == core::SetFileState::Unreadable) return QStringLiteral("sérült: nem olvasható");
+  if (line.isSame) return QStringLiteral("ugyanaz");
+  QString words = countsOf(line);
+  if (line.lastDay) words += QStringLiteral(", utolsó nap: ") + toQt(core::shortDate(*line.lastDay));
+  const bool isDamaged = line.state == core::SetFileState::Damaged;
+  return isDamaged ? QStringLiteral("sérült: csonka tétel van a végén; ") + words : words;
+}
+
+}  // namespace tarvik::ui
