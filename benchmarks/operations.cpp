@@ -11,8 +11,11 @@
 #include "benchmarks/logbook.h"
 #include "benchmarks/rows.h"
 #include "benchmarks/sqlite_peer.h"
+#include "core/clock.h"
+#include "core/dated_copies.h"
 #include "core/entry_editing.h"
 #include "core/failure.h"
+#include "core/history.h"
 #include "core/machine_file_system.h"
 #include "core/record_file.h"
 #include "core/statistics.h"
@@ -119,6 +122,49 @@ class Operations {
   int km_ = 2'000'000;
 };
 
+/// A clock on which every look is another day.
+class DayAfterDay final : public core::Clock {
+ public:
+  core::Day today() const override { return day_ = core::addDays(day_, 1); }
+
+ private:
+  mutable core::Day day_ = core::dayOf({2029, 1, 1});
+};
+
+/// A household with three full logbooks, and what keeps its changes from being for good.
+class Household {
+ public:
+  explicit Household(const std::string& folder) : folders_{folder, folder} {
+    makeFolder(folder, kFullLogbook, kReminders);
+    for (const char* plate : {"CAR-2", "CAR-3"}) {
+      settings::addVehicle(files_, folders_, plate, "45");
+      writeFile(folders_.logbook(plate), logbookBytes(kFullLogbook));
+    }
+    files_.watch(&history_);
+    core::RecordFile(files_, folders_.logbook("CAR-3"), core::NapiAdat::kLength)
+        .exchange(logbookBytes(kFullLogbook), {});
+  }
+
+  void copy() { copies_.beforeChange(); }
+  void undoOrRedo() { history_.canUndo() ? history_.undo(files_) : history_.redo(files_); }
+  /// Makes a thousand changes of a full logbook; returns what they take, bytes.
+  std::size_t changeAThousandTimes() {
+    const std::size_t before = history_.bytes();
+    for (int number = 1; number <= 1'000; ++number) {
+      core::RecordFile file(files_, folders_.logbook("CAR-2"), core::NapiAdat::kLength);
+      file.rewrite(file.seen(number), core::encoded(entryOf(number + 1)));
+    }
+    return history_.bytes() - before;
+  }
+
+ private:
+  core::MachineFileSystem files_;
+  core::DataFolders folders_;
+  DayAfterDay clock_;
+  core::DatedCopies copies_{files_, folders_, clock_};
+  core::History history_;
+};
+
 /// The measurements in one place: each takes its times and writes its rows.
 class Measurements {
  public:
@@ -175,6 +221,29 @@ class Measurements {
     const Beside floor{"raw copy + sync + rename + folder sync", times.at("replace floor").wall};
     writeAgainstFloor("durable modify", times.at("modify").wall, floor, 1.25);
     writeAgainstFloor("durable delete", times.at("delete").wall, floor, 1.25);
+  }
+
+  void takingBack() {
+    Household household(folder_ + "/household");
+    Operations bare(folder_ + "/floor", kFullLogbook);
+    const auto replace = [&] { replaceBarely(bare.logbookFolder(), "napiadat.dat"); };
+    const auto replaceThree = [&] {
+      for (int logbook = 0; logbook < 3; ++logbook) replace();
+    };
+    const Times times = takeTimes({{.name = "copy", .act = [&] { household.copy(); }, .acts = 1},
+                                   {.name = "three", .act = replaceThree, .acts = 1},
+                                   {.name = "undo", .act = [&] { household.undoOrRedo(); }, .acts = 2},
+                                   {.name = "one", .act = replace, .acts = 2}},
+                                  rounds_);
+    writeAgainstFloor("the copies before a day's first change, three logbooks", times.at("copy").wall,
+                      {"three raw copies, synced and renamed", times.at("three").wall}, 1.5);
+    writeAgainstFloor("undoing a change of all entries", times.at("undo").wall,
+                      {"one raw copy, synced and renamed", times.at("one").wall}, 2);
+    const double megabytes = static_cast<double>(household.changeAThousandTimes()) / 1e6;
+    writeRow({.figure = "memory of 1,000 changes to be undone",
+              .measured = numberText(megabytes, "MB"),
+              .goal = "≤ 1.00 MB",
+              .met = megabytes <= 1});
   }
 
   void printing() {
@@ -247,6 +316,7 @@ int main(int argc, char** argv) {
     tarvik::bench::Measurements measurements(argv[1], std::atoi(argv[2]));
     measurements.reading();
     measurements.writing();
+    measurements.takingBack();
     measurements.printing();
     measurements.growth();
   } catch (const tarvik::core::Failure& failure) {

@@ -30,6 +30,14 @@ bool isThere(FileSystem& files, const std::string& path) {
   return files.statusOf(path, status) == 0;
 }
 
+// Files without a byte are as good as missing.
+bool haveContents(FileSystem& files, std::span<const SetFile> wanted) {
+  return std::ranges::any_of(wanted, [&](const SetFile& file) {
+    FileStatus status;
+    return files.statusOf(file.place, status) == 0 && status.size > 0;
+  });
+}
+
 void syncNamesIn(FileSystem& files, const std::string& folder) {
   steps::syncFolderOf(files, joined(folder, ""));
 }
@@ -76,8 +84,9 @@ void DatedCopies::beforeChange() noexcept {
     tried_ = today;
     failure_.reset();
     const std::string name = setName(today);
-    if (!isSet(files_, joined(setsFolder(folders_), name)))
-      make(makeFolderOfSets(), name, householdFiles(files_, folders_));
+    const std::vector<SetFile> wanted = householdFiles(files_, folders_);
+    if (!isSet(files_, joined(setsFolder(folders_), name)) && haveContents(files_, wanted))
+      make(makeFolderOfSets(), name, wanted);
   } catch (const Failure& failure) {
     failure_ = failure;
   } catch (const std::bad_alloc&) {  // then there is no memory for the change either, which says so

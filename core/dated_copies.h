@@ -16,7 +16,7 @@ namespace tarvik::core {
 ///
 /// A set grows under another name and gets its own in one step when all of it is on the disk, so that what
 /// has a day's name is whole. Two programs take turns at a lock beside the sets. Files that are missing,
-/// cannot be read or are no data files are not copied; where there is nothing to copy, no set is made.
+/// cannot be read or are no data files are not copied; where no file holds anything yet, no set is made.
 class DatedCopies {
  public:
   DatedCopies(FileSystem& files, const DataFolders& folders, const Clock& clock)

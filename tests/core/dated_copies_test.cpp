@@ -176,6 +176,16 @@ TEST_F(DatedCopiesTest, TakeAwayWhatARunThatWasCutShortLeft) {
   EXPECT_EQ(disk_.contents(kToday + "/Gumik.dat"), "tyres");
 }
 
+TEST_F(DatedCopiesTest, AreNotMadeOfAHouseholdThatHasNothingYet) {
+  MemoryFileSystem disk;
+  disk.putFolder("/p");
+  disk.put("/p/rendsz.dat", "");
+  SafetyNet net(disk, folders_, clock_);
+  change(disk);
+  EXPECT_FALSE(disk.hasFolder(kSets));
+  EXPECT_EQ(net.copies().takeFailure(), std::nullopt);
+}
+
 // The first change goes on whatever call of the copy fails, and no half set has a day's name.
 TEST_F(DatedCopiesTest, KeepNobodyFromTheChangeWhenACallFails) {
   disk_.put("/p/alkatr.dat", "old");

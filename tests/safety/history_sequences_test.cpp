@@ -76,16 +76,19 @@ class Sequence {
   core::History history_;
 };
 
-int sequences() {
-  const char* const wanted = std::getenv("TARVIK_SEQUENCES");
-  return wanted == nullptr ? 1'000 : std::atoi(wanted);
+constexpr unsigned kSequences = 1'000;
+
+// A soak begins elsewhere each time.
+unsigned firstSequence() {
+  const char* const wanted = std::getenv("TARVIK_FIRST_SEQUENCE");
+  return wanted == nullptr ? 0 : static_cast<unsigned>(std::atol(wanted));
 }
 
 TEST(HistorySequencesTest, UndoneToTheStartHaveTheFirstBytesAndRedoneTheLast) {
   std::size_t steps = 0;
-  for (int seed = 0; seed < sequences(); ++seed) {
+  for (unsigned seed = firstSequence(); seed < firstSequence() + kSequences; ++seed) {
     SCOPED_TRACE(seed);
-    Sequence sequence(static_cast<unsigned>(seed));
+    Sequence sequence(seed);
     const Files first = filesOf(sequence.disk());
     for (int i = 0; i < kChangesASequence; ++i) sequence.act();
     const Files last = filesOf(sequence.disk());
@@ -95,14 +98,14 @@ TEST(HistorySequencesTest, UndoneToTheStartHaveTheFirstBytesAndRedoneTheLast) {
     while (sequence.history().canRedo()) sequence.history().redo(sequence.disk());
     ASSERT_EQ(filesOf(sequence.disk()), last);
   }
-  EXPECT_GT(steps, static_cast<std::size_t>(sequences()) * kChangesASequence / 2);
+  EXPECT_GT(steps, std::size_t{kSequences} * kChangesASequence / 2);
 }
 
 // Undone and redone at any moment, the files are those that they were at that place of the history.
 TEST(HistorySequencesTest, UndoneAndRedoneInBetweenHaveTheBytesOfTheirPlace) {
-  for (int seed = 0; seed < sequences(); ++seed) {
+  for (unsigned seed = firstSequence(); seed < firstSequence() + kSequences; ++seed) {
     SCOPED_TRACE(seed);
-    Sequence sequence(static_cast<unsigned>(seed) + 500'000);
+    Sequence sequence(seed + 500'000);
     std::vector<Files> places{filesOf(sequence.disk())};
     for (int i = 0; i < 3 * kChangesASequence; ++i) {
       core::History& history = sequence.history();
@@ -149,9 +152,9 @@ void expectOnly(const core::Travelled& travelled, const Change& from, const Chan
 TEST(HistorySequencesTest, NeverOverwriteAChangeOfAnotherProgram) {
   std::size_t refused = 0;
   std::size_t went = 0;
-  for (int seed = 0; seed < sequences(); ++seed) {
+  for (unsigned seed = firstSequence(); seed < firstSequence() + kSequences; ++seed) {
     SCOPED_TRACE(seed);
-    Sequence sequence(static_cast<unsigned>(seed) + 1'000'000);
+    Sequence sequence(seed + 1'000'000);
     core::History& history = sequence.history();
     std::vector<Change> steps;
     for (int i = 0; i < 3 * kChangesASequence; ++i) {

@@ -7,10 +7,12 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <random>
 #include <set>
 
 #include "core/failure.h"
+#include "core/history.h"
 #include "core/record_file.h"
 #include "core/record_list.h"
 #include "tests/support/forwarding_file_system.h"
@@ -53,12 +55,14 @@ class ImpatientFileSystem final : public ForwardingFileSystem {
   void pause(int) override { ForwardingFileSystem::pause(1); }
 };
 
-// One program: it adds, rewrites and removes, and notes in a file of its own what it did to which record.
+// One program: it adds, rewrites and removes, takes some of it back again, and notes in a file of its own
+// what it did to which record.
 class Program {
  public:
   Program(const std::string& folder, char name)
       : folder_(folder), name_(name), random_(static_cast<unsigned>(name)) {
     notes_ = std::fopen((folder + "/notes-" + name).c_str(), "w");
+    files_.watch(&history_);
   }
   ~Program() { std::fclose(notes_); }
   Program(const Program&) = delete;
@@ -68,6 +72,7 @@ class Program {
     for (int change = 0; change < kChangesAProgram;) {
       try {
         if (makeOne(kKinds[random_() % std::size(kKinds)], name_ + std::to_string(change))) ++change;
+        if (random_() % 4 == 0) takeBack();
       } catch (const core::Failure& failure) {
         if (failure.kind() != core::FailureKind::FileBusy) throw;
         std::fputs("busy\n", notes_);
@@ -101,6 +106,21 @@ class Program {
     return core::RecordFile(files_, folder_ + "/" + kind.file, kind.length);
   }
 
+  // The last change that is not taken back yet, unless the other program has changed its file since.
+  void takeBack() {
+    if (!history_.canUndo()) return;
+    try {
+      history_.undo(files_);
+    } catch (const core::Failure& failure) {
+      if (failure.kind() != core::FailureKind::FileChanged) throw;
+      std::fputs("refused\n", notes_);
+      return;
+    }
+    std::fputs("undone\n", notes_);
+    for (const Noted& noted : done_[history_.steps()]) write(noted.what == '+' ? '-' : '+', noted.record);
+    done_.resize(history_.steps());
+  }
+
   bool add(const Kind& kind, const std::string& identity) {
     opened(kind).append(std::as_bytes(std::span<const char>(recordOf(kind, identity))));
     note('+', kind, identity);
@@ -120,14 +140,26 @@ class Program {
     return true;
   }
 
+  struct Noted {
+    char what;
+    std::string record;
+  };
+
+  // What belongs to the step that was made last.
   void note(char what, const Kind& kind, const std::string& identity) {
-    std::fprintf(notes_, "%c%zu:%s\n", what, kind.length, identity.c_str());
+    const std::string record = std::to_string(kind.length) + ":" + identity;
+    done_.resize(history_.steps());
+    done_.back().push_back({what, record});
+    write(what, record);
   }
+  void write(char what, const std::string& record) { std::fprintf(notes_, "%c%s\n", what, record.c_str()); }
 
   std::string folder_;
   char name_;
   std::mt19937 random_;
   ImpatientFileSystem files_;
+  core::History history_;
+  std::vector<std::vector<Noted>> done_;
   std::FILE* notes_;
 };
 
@@ -165,18 +197,24 @@ TEST(TwoProgramsTest, LoseNothingAndDoubleNothing) {
     ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
   }
 
-  std::set<std::string> expected;
-  std::vector<std::string> gone;
+  std::map<std::string, int> times;  // that a record came, less those that it went
   long busy = 0;
   long changed = 0;
+  long undone = 0;
+  long refused = 0;
   for (const std::string& line : linesOf(contentsOf(folder + "/notes-a") + contentsOf(folder + "/notes-b"))) {
     if (line == "busy") ++busy;
     if (line == "changed") ++changed;
-    if (line.front() == '-') gone.push_back(line.substr(1));
-    if (line.front() != '+') continue;
-    EXPECT_TRUE(expected.insert(line.substr(1)).second) << line;
+    if (line == "undone") ++undone;
+    if (line == "refused") ++refused;
+    if (line.front() == '-') --times[line.substr(1)];
+    if (line.front() == '+') ++times[line.substr(1)];
   }
-  for (const std::string& record : gone) EXPECT_EQ(expected.erase(record), 1U) << record << " went twice";
+  std::set<std::string> expected;
+  for (const auto& [record, count] : times) {
+    EXPECT_TRUE(count == 0 || count == 1) << record << " " << count;
+    if (count == 1) expected.insert(record);
+  }
 
   std::set<std::string> found;
   for (const Kind& kind : kKinds) {
@@ -192,11 +230,13 @@ TEST(TwoProgramsTest, LoseNothingAndDoubleNothing) {
     EXPECT_FALSE(std::filesystem::exists(folder + "/" + kind.file + ".tmp"));
   }
   EXPECT_EQ(found, expected);
+  EXPECT_GT(undone, 0);
+  EXPECT_GT(refused, 0);
   EXPECT_GT(changed, 0) << "no record was another one by the time that its turn came";
   std::printf(
       "%zu records at the end, %ld times the other program was busy for too long, %ld times the "
-      "record that was listed was another one\n",
-      found.size(), busy, changed);
+      "record that was listed was another one, %ld changes taken back, %ld such refused\n",
+      found.size(), busy, changed, undone, refused);
 }
 
 }  // namespace

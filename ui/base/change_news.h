@@ -11,8 +11,8 @@ class ChangeNews : public QObject {
   Q_OBJECT
 
  signals:
-  /// Files were changed by undoing, redoing or taking a copy back: what shows them is to be read anew, and what
-  /// came back to be brought in view.
+  /// Files were changed by undoing, redoing or taking a copy back: what shows them is to be read anew, and
+  /// what came back to be brought in view.
   void travelled(const core::Travelled& travelled);
   /// There is another step to undo or redo than before.
   void stepsChanged();

@@ -36,7 +36,8 @@ bool isRedoKey(const QKeyEvent& key) {
 // A day's and a drop-down's text is a field inside of it.
 QLineEdit* fieldOf(QObject* part) {
   if (auto* field = qobject_cast<QLineEdit*>(part)) return field;
-  const bool hasField = qobject_cast<QAbstractSpinBox*>(part) != nullptr || qobject_cast<QComboBox*>(part) != nullptr;
+  const bool hasField =
+      qobject_cast<QAbstractSpinBox*>(part) != nullptr || qobject_cast<QComboBox*>(part) != nullptr;
   return hasField ? part->findChild<QLineEdit*>() : nullptr;
 }
 
@@ -45,8 +46,9 @@ void tellMissingCopy(Context& context) {
   const std::optional<core::Failure> failure = context.safety.copies().takeFailure();
   if (!failure) return;
   const QString text = failureText(
-      *failure, {.failed = QStringLiteral("A mai mentés nem készült el, a módosítás viszont megtörtént."),
-                 .unsure = QStringLiteral("A mai mentés lehet, hogy nem készült el, a módosítás viszont megtörtént.")});
+      *failure,
+      {.failed = QStringLiteral("A mai mentés nem készült el, a módosítás viszont megtörtént."),
+       .unsure = QStringLiteral("A mai mentés lehet, hogy nem készült el, a módosítás viszont megtörtént.")});
   QTimer::singleShot(0, qApp, [text] { tell(QApplication::activeWindow(), text); });
 }
 
@@ -59,7 +61,11 @@ QString filesOf(const std::vector<std::string>& paths) {
 }  // namespace
 
 UndoLine::UndoLine(Context& context, QWidget& screen, QBoxLayout& layout, Follow follow)
-    : QObject(&screen), context_(context), screen_(screen), follow_(std::move(follow)), line_(new QLabel(&screen)) {
+    : QObject(&screen),
+      context_(context),
+      screen_(screen),
+      follow_(std::move(follow)),
+      line_(new QLabel(&screen)) {
   line_->setObjectName(QStringLiteral("lbTortent"));
   line_->setTextFormat(Qt::PlainText);
   line_->setWordWrap(true);
@@ -82,9 +88,8 @@ void UndoLine::addItem(QAction*& item, const QString& name, const QList<QKeySequ
   item->setObjectName(name);
   item->setShortcuts(keys);
   screen_.addAction(item);
-  connect(item, &QAction::triggered, this, [this, direction] {
-    guarded(&screen_, [&] { travel(direction); });
-  });
+  connect(item, &QAction::triggered, this,
+          [this, direction] { guarded(&screen_, [&] { travel(direction); }); });
 }
 
 UndoLine* UndoLine::of(QWidget* part) {
@@ -111,11 +116,12 @@ void UndoLine::tellHalf(const core::Travelled& travelled, Direction direction) {
   if (!travelled.failure) return;
   std::vector<std::string> done;
   for (const core::TravelledFile& file : travelled.files) done.push_back(file.path);
-  const QString what = direction == Direction::Back ? QStringLiteral("Visszavonva:\n%1")
-                                                    : QStringLiteral("Újra megtéve:\n%1");
+  const QString what =
+      direction == Direction::Back ? QStringLiteral("Visszavonva:\n%1") : QStringLiteral("Újra megtéve:\n%1");
   QString words = what.arg(filesOf(done));
   if (!travelled.left.empty()) words += QStringLiteral("\n\nElmaradt:\n") + filesOf(travelled.left);
-  tell(&screen_, failureText(*travelled.failure, {.failed = words, .unsure = words + QStringLiteral("\n\n") + kLookAtTheList}));
+  tell(&screen_, failureText(*travelled.failure,
+                             {.failed = words, .unsure = words + QStringLiteral("\n\n") + kLookAtTheList}));
 }
 
 void UndoLine::showSteps() {
@@ -162,7 +168,8 @@ bool UndoLine::eventFilter(QObject* watched, QEvent* event) {
   return true;
 }
 
-Step::Step(QWidget* part, const QString& name, QString done) : line_(UndoLine::of(part)), done_(std::move(done)) {
+Step::Step(QWidget* part, const QString& name, QString done)
+    : line_(UndoLine::of(part)), done_(std::move(done)) {
   if (line_ != nullptr) action_.emplace(line_->context().safety.history(), toLogic(name));
 }
 

@@ -13,9 +13,9 @@ class QBoxLayout;
 
 namespace tarvik::ui {
 
-/// Lets the changes of a screen be taken back with Ctrl+Z and made again with Ctrl+Y or Ctrl+Shift+Z, and says
-/// on a quiet line at its bottom what was done. In a text field that has typing of its own to undo, the keys are
-/// the field's.
+/// Lets the changes of a screen be taken back with Ctrl+Z and made again with Ctrl+Y or Ctrl+Shift+Z, and
+/// says on a quiet line at its bottom what was done. In a text field that has typing of its own to undo, the
+/// keys are the field's.
 class UndoLine : public QObject {
   Q_OBJECT
 
@@ -31,7 +31,8 @@ class UndoLine : public QObject {
   QAction* redoItem() const { return redo_; }
   Context& context() const { return context_; }
 
-  /// The line of the screen that a part belongs to, or of the nearest screen below it; null when none has one.
+  /// The line of the screen that a part belongs to, or of the nearest screen below it; null when none has
+  /// one.
   static UndoLine* of(QWidget* part);
 
   /// Says what was done, on the lines of the screens below too.

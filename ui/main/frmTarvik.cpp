@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QShortcut>
 #include <QStyle>
 #include <algorithm>
@@ -187,7 +188,11 @@ void frmTarvik::followPlate() {
   reminders_->setPlate(plate());
 }
 
+// A switch that is not stored yet is stored by this: nobody's change, to be neither copied for nor taken
+// back.
 void frmTarvik::loadStartSettings() {
+  context_.files.watch(nullptr);
+  const auto watched = qScopeGuard([this] { context_.files.watch(&context_.safety); });
   const settings::SetRecord stored = settings::loadStartSettings(context_.files, context_.folders);
   ui_->Combo1->setEditText(stored.plate.isBlank() ? QString() : toQt(stored.plate.asStored()));
   reminders_->setOn(stored.remindersOn == core::kFlagSet);

@@ -43,7 +43,7 @@ frmSetup::frmSetup(Context& context, QPoint mainTopLeft, QWidget* parent)
     : QDialog(parent), context_(context), mainTopLeft_(mainTopLeft), ui_(std::make_unique<Ui::frmSetup>()) {
   ui_->setupUi(this);
   new PlateChooser(ui_->cmbRendszam);
-  ui_->SSTab1->addTab(new RestorePane(context_, ui_->SSTab1), QStringLiteral("Mentések"));
+  addCopies();
   makeAccessible(*this);
   connectButtons();
   connectLists();
@@ -55,6 +55,19 @@ frmSetup::frmSetup(Context& context, QPoint mainTopLeft, QWidget* parent)
 }
 
 frmSetup::~frmSetup() = default;
+
+// Behind the other pages, for the Tab key too.
+void frmSetup::addCopies() {
+  auto* copies = new RestorePane(context_, ui_->SSTab1);
+  ui_->SSTab1->addTab(copies, QStringLiteral("Mentések"));
+  QWidget* before = ui_->cmdMegjDel;
+  for (QWidget* part : copies->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+    if ((part->focusPolicy() & Qt::TabFocus) == 0) continue;
+    setTabOrder(before, part);
+    before = part;
+  }
+  setTabOrder(before, ui_->cmdVissza);
+}
 
 void frmSetup::connectButtons() {
   connect(ui_->txRendszam, &QLineEdit::textChanged, this,

@@ -45,6 +45,7 @@ class frmSetup : public QDialog {
   using Handler = void (frmSetup::*)();
   using VehicleText = std::string (*)(const settings::Vehicle&);
 
+  void addCopies();
   void connectButtons();
   void connectLists();
   RowChoice* enableWhileChosen(QListWidget* list, QAbstractButton* button);

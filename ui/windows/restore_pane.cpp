@@ -112,7 +112,8 @@ void RestorePane::build() {
     lists->addLayout(column, share);
   };
   add(sets_, QStringLiteral("lbMentesek"), QStringLiteral("Mentések:"), 1);
-  add(lines_, QStringLiteral("lbKulonbsegek"), QStringLiteral("A mostanihoz képest; a pipásak állnak vissza:"), 3);
+  add(lines_, QStringLiteral("lbKulonbsegek"),
+      QStringLiteral("A mostanihoz képest; a pipásak állnak vissza:"), 3);
   layout->addLayout(lists, 1);
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
@@ -127,12 +128,14 @@ void RestorePane::showEvent(QShowEvent* event) {
 }
 
 void RestorePane::listSets() {
-  const int row = sets_->currentRow();
+  const std::string chosen = chosenSet() != nullptr ? chosenSet()->name : std::string();
   found_.clear();
   sets_->clear();
   found_ = core::datedSets(context_.files, context_.folders);
   for (const core::DatedSet& set : found_) sets_->addItem(titleOf(set));
-  sets_->setCurrentRow(std::min(std::max(row, 0), sets_->count() - 1));
+  const auto same = std::ranges::find(found_, chosen, &core::DatedSet::name);
+  if (found_.empty()) return compare();
+  sets_->setCurrentRow(same == found_.end() ? 0 : static_cast<int>(same - found_.begin()));
 }
 
 const core::DatedSet* RestorePane::chosenSet() const {
@@ -150,9 +153,11 @@ void RestorePane::compare() {
 
 // What differs and is whole is ticked at first; what cannot be read cannot be.
 void RestorePane::addLine(const core::SetComparison& line) {
-  auto* item = new QListWidgetItem(titleOf(line.file, context_.folders) + QStringLiteral(": ") + differenceOf(line));
+  auto* item =
+      new QListWidgetItem(titleOf(line.file, context_.folders) + QStringLiteral(": ") + differenceOf(line));
   const bool isWanted = line.state == core::SetFileState::Whole && !line.isSame;
-  if (line.state != core::SetFileState::Unreadable) item->setCheckState(isWanted ? Qt::Checked : Qt::Unchecked);
+  if (line.state != core::SetFileState::Unreadable)
+    item->setCheckState(isWanted ? Qt::Checked : Qt::Unchecked);
   lines_->addItem(item);
 }
 

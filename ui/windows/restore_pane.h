@@ -11,8 +11,8 @@ class QPushButton;
 
 namespace tarvik::ui {
 
-/// The dated copies of all data: which there are, what of each differs from now, and the way back. A part of the
-/// settings, and of a screen of its own.
+/// The dated copies of all data: which there are, what of each differs from now, and the way back. A part of
+/// the settings, and of a screen of its own.
 class RestorePane : public QWidget {
   Q_OBJECT
 

@@ -32,8 +32,7 @@ QString registerName(core::Register which) {
 }
 
 QString countsOf(const core::SetComparison& line) {
-  if (!line.entriesNow)
-    return QStringLiteral("%1 bejegyzés, a mostani nem olvasható").arg(line.entries);
+  if (!line.entriesNow) return QStringLiteral("%1 bejegyzés, a mostani nem olvasható").arg(line.entries);
   const int more = line.entries - *line.entriesNow;
   if (more > 0) return QStringLiteral("%1 bejegyzéssel több").arg(more);
   if (more < 0) return QStringLiteral("%1 bejegyzéssel kevesebb").arg(-more);

@@ -1,5 +1,6 @@
 #include <QListWidget>
 #include <QMenu>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <filesystem>
@@ -28,11 +29,12 @@ struct Household : MainScreen {
                             fuelling({2026, 3, 21}, 10'400, 300'000, true, 12'000),
                             fuelling({2026, 4, 2}, 10'800, 310'000, true, 12'500)});
     writeLogbook("XYZ789", {fuelling({2026, 5, 1}, 500, 200'000, true, 8'000)});
-    const tyres::TyreSet set{.plate = core::FixedText<10>("ABC123"),
-                             .type = core::FixedText<30>("Téli abroncs"),
-                             .maxKm = 40'000,
-                             .onCar = tyres::kFitted,
-                             .kmRun = 100};
+    tyres::TyreSet set;
+    set.plate = core::FixedText<10>("ABC123");
+    set.type = core::FixedText<30>("Téli abroncs");
+    set.maxKm = 40'000;
+    set.onCar = tyres::kFitted;
+    set.kmRun = 100;
     folder.write("Gumik.dat", toText(core::encoded(set)));
     choosePlateAtStart("ABC123", false);
     open();
@@ -42,6 +44,8 @@ struct Household : MainScreen {
   void undo(QWidget* on = nullptr) { key(on, Qt::Key_Z, Qt::ControlModifier); }
   void redo(QWidget* on = nullptr) { key(on, Qt::Key_Y, Qt::ControlModifier); }
   void key(QWidget* on, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    screen->activateWindow();  // a box or a screen may just have closed
+    QVERIFY(QTest::qWaitForWindowActive(screen.get()));
     QWidget* const focused = QApplication::focusWidget();
     QTest::keyClick(on != nullptr ? on : focused != nullptr ? focused : screen.get(), key, modifiers);
   }
@@ -139,6 +143,7 @@ class UndoTest : public QObject {
     Household main;
     main.deleteRow(1);
     main.combo("Combo1")->setCurrentIndex(1);
+    main.press("cmd_lista");
     main.press("cmdSzürés");
     QCOMPARE(main.rows(), 1);
     main.undo();
@@ -151,14 +156,17 @@ class UndoTest : public QObject {
     Household main;
     const std::string before = main.folder.read("Gumik.dat");
     onNextDialog<ui::frmGumik>([&](ui::frmGumik& screen) {
+      const auto closed = qScopeGuard([&] { screen.close(); });
       auto* list = part<ui::ListView>(screen, "ListViewGumi");
-      QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(list->model()->index(0, 0)).center());
+      QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                        list->visualRect(list->model()->index(0, 0)).center());
       press(*part<QPushButton>(screen, "cmdGumiDel"));
       QCOMPARE(list->model()->rowCount(), 0);
-      QCOMPARE(part<QLabel>(screen, "lbTortent")->text(), QString("Törölve: Téli abroncs – visszavonás: Ctrl+Z"));
+      QCOMPARE(part<QLabel>(screen, "lbTortent")->text(),
+               QString("Törölve: Téli abroncs – visszavonás: Ctrl+Z"));
+      QApplication::setActiveWindow(&screen);
       QTest::keyClick(list, Qt::Key_Z, Qt::ControlModifier);
       QCOMPARE(list->model()->rowCount(), 1);
-      screen.close();
     });
     main.pick("mnuGumik");
     QVERIFY(main.folder.read("Gumik.dat") == before);
@@ -168,11 +176,11 @@ class UndoTest : public QObject {
   void aCarDeletedInTheSettingsIsBackInTheSelector() {
     Household main;
     onNextDialog<ui::frmSetup>([&](ui::frmSetup& screen) {
+      const auto closed = qScopeGuard([&] { screen.close(); });
       auto* list = part<QListWidget>(screen, "List1");
       QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(1)).center());
       press(*part<QPushButton>(screen, "cmdRendszamDel"));
       QCOMPARE(list->count(), 1);
-      screen.close();
     });
     main.pick("mnuSetup");
     QCOMPARE(main.combo("Combo1")->count(), 1);
@@ -223,6 +231,7 @@ class UndoTest : public QObject {
     main.deleteRow(0);
     const std::string after = main.logbook("ABC123");
     onNextDialog<QDialog>([&](QDialog& screen) {
+      const auto closed = qScopeGuard([&] { screen.close(); });
       QCOMPARE(screen.windowTitle(), QString("Visszaállítás mentésből"));
       auto* sets = part<QListWidget>(screen, "listMentesek");
       QCOMPARE(sets->count(), 1);
@@ -235,16 +244,15 @@ class UndoTest : public QObject {
       QCOMPARE(lines->item(1)->checkState(), Qt::Unchecked);
       lines->setCurrentRow(0);
       onNextDialog<QDialog>([&](QDialog& log) {
+        const auto closedToo = qScopeGuard([&] { log.close(); });
         QCOMPARE(part<ui::ListView>(log, "ListViewMentes")->model()->rowCount(), 3);
-        log.close();
       });
       press(*part<QPushButton>(screen, "cmdMentesNezet"));
       BoxScript boxes({QMessageBox::Yes});
       press(*part<QPushButton>(screen, "cmdVisszaallit"));
       QCOMPARE(lines->item(0)->text(), QString("ABC123 naplója: ugyanaz"));
-      screen.close();
     });
-    main.pick("mnuVisszaallitas");
+    main.chooseItem("mnuVisszaallitas");
     QVERIFY(main.logbook("ABC123") == before);
     QCOMPARE(main.rows(), 3);
     QVERIFY(main.folder.read("Mentések/2026-11-21 visszaállítás előtt/ABC123/napiadat.dat") == after);
@@ -258,12 +266,12 @@ class UndoTest : public QObject {
     Household main;
     main.deleteRow(1);
     onNextDialog<ui::frmSetup>([&](ui::frmSetup& screen) {
+      const auto closed = qScopeGuard([&] { screen.close(); });
       auto* tabs = part<QTabWidget>(screen, "SSTab1");
       QCOMPARE(tabs->count(), 4);
       QCOMPARE(tabs->tabText(3), QString("Mentések"));
       openPage(*tabs, 3);
       QCOMPARE(part<QListWidget>(screen, "listMentesek")->count(), 1);
-      screen.close();
     });
     main.pick("mnuSetup");
   }
