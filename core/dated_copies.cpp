@@ -30,11 +30,12 @@ bool isThere(FileSystem& files, const std::string& path) {
   return files.statusOf(path, status) == 0;
 }
 
-// Files without a byte are as good as missing.
+// Files without a byte are as good as missing; one that cannot be asked is not.
 bool haveContents(FileSystem& files, std::span<const SetFile> wanted) {
   return std::ranges::any_of(wanted, [&](const SetFile& file) {
     FileStatus status;
-    return files.statusOf(file.place, status) == 0 && status.size > 0;
+    if (files.statusOf(file.place, status) == 0) return status.size > 0;
+    return errno != ENOENT && errno != ENOTDIR;
   });
 }
 

@@ -211,7 +211,6 @@ void frmTarvik::followLogbook(const core::TravelledFile& file, int cameBack) {
   const QString plateOfFile = toQt(folder.substr(folder.rfind('/') + 1));
   if (plateOfFile != plate().trimmed()) ui_->Combo1->setEditText(plateOfFile);
   logbook_->showAgain(cameBack);
-  if (chart_->isVisible()) chart_->showChart(context_.state.chartChoice);
 }
 
 void frmTarvik::follow(const core::Travelled& travelled) {
