@@ -23,6 +23,8 @@ class FullFillTrail {
  public:
   /// Goes on past the next entry.
   void pass(const NapiAdat& entry);
+  /// Forgets the full fill passed last: what was taken since then is not known whole.
+  void breakOff() { reference_.reset(); }
   /// What a new entry behind those passed finds: the litres of the entries between count together with its
   /// own. Throws Failure(DivisionByZero) when the distance is 0.
   FullFillSearch reach(const Ratio& litres, const Ratio& kmOra) const;

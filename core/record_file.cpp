@@ -129,11 +129,10 @@ void RecordFile::append(std::span<const std::byte> record) {
   replace(whole, extended(whole.span(), record));
 }
 
-void RecordFile::appendAll(std::span<const std::byte> records) {
-  const std::int64_t after = count() + static_cast<std::int64_t>(records.size() / recordLength_);
+void RecordFile::replaceAll(std::span<const std::byte> records) {
+  const auto after = static_cast<std::int64_t>(records.size() / recordLength_);
   if (after > kHighestRecordNumber) throw Failure(FailureKind::FileFull).file(path_).record(after);
-  const ByteBlock whole = readWhole();
-  replace(whole, extended(whole.span(), records));
+  replace(readWhole(), joined({records}));
 }
 
 ByteBlock RecordFile::extended(std::span<const std::byte> whole, std::span<const std::byte> records) const {

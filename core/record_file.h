@@ -66,9 +66,9 @@ class RecordFile {
   /// SyncFailed, ReplaceFailed; the file then is as it was.
   void append(std::span<const std::byte> record);
 
-  /// Adds records behind the last whole one, all in one step: as a new file that replaces the old one. Throws
-  /// Failure(FileFull) where they would pass the highest record number, and as append does.
-  void appendAll(std::span<const std::byte> records);
+  /// Puts these records in the place of all, in one step: as a new file that replaces the old one. Throws
+  /// Failure(FileFull) where they are more than numbers reach, and as append does.
+  void replaceAll(std::span<const std::byte> records);
 
   /// Writes a record in the place of a seen one, as a new file that replaces the old one. Throws
   /// Failure(RecordChanged) when that number has another record by now, or none any more, and RecordMissing

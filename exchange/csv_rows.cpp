@@ -23,7 +23,7 @@ class CsvFeed {
 
   // False once the rows are no longer wanted or the row is past the limits.
   bool feed(std::string_view line, int number) {
-    if (!isOpen_ && isBlank(line)) return true;
+    if (!isOpen_ && isBlank(line)) return take_({.line = number, .cells = {std::string()}});
     if (!isOpen_) begin(number);
     length_ += line.size();
     if (line.size() > kLongestLine || length_ > kLongestRow) return !(isTooLong_ = true);

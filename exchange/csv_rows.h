@@ -44,9 +44,9 @@ struct CsvEnd {
   int line = 0;  ///< where the row with the fault begins
 };
 
-/// Hands over the rows of a UTF-8 text one by one; blank lines are none. Lines end as any system ends them.
-/// Spaces around an unquoted cell do not count; a cell that breaks the rules of quoting is read as well as
-/// it can be. It stops where take returns false and at the first row past the limits.
+/// Hands over the rows of a UTF-8 text one by one; a blank line is one of an empty cell. Lines end as any
+/// system ends them. Spaces around an unquoted cell do not count; a cell that breaks the rules of quoting is
+/// read as well as it can be. It stops where take returns false and at the first row past the limits.
 CsvEnd readCsv(std::string_view text, CsvShape shape, const std::function<bool(CsvRow&&)>& take);
 
 }  // namespace tarvik::exchange

@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <vector>
+#include <string>
 
 #include "core/failure.h"
 #include "core/text.h"
+#include "exchange/words.h"
 
 namespace tarvik::exchange {
 namespace {
@@ -14,13 +15,45 @@ constexpr bool isDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-// The three numbers of a day as they stand, and how many digits the first has.
+constexpr bool isLetter(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || static_cast<unsigned char>(c) >= 0x80;
+}
+
+struct MonthName {
+  std::string_view name;
+  int month;
+};
+
+// Hungarian, English, German, French, Spanish, Italian, Portuguese; a name may be cut after three letters.
+constexpr auto kMonths = std::to_array<MonthName>(
+    {{"JANUARY", 1},    {"JANUAR", 1},    {"JANVIER", 1},    {"ENERO", 1},     {"GENNAIO", 1},
+     {"JANEIRO", 1},    {"JAENNER", 1},   {"JANNER", 1},     {"FEBRUARY", 2},  {"FEBRUAR", 2},
+     {"FEVRIER", 2},    {"FEBRERO", 2},   {"FEBBRAIO", 2},   {"FEVEREIRO", 2}, {"MARCH", 3},
+     {"MARCIUS", 3},    {"MARZ", 3},      {"MAERZ", 3},      {"MARS", 3},      {"MARZO", 3},
+     {"MARCO", 3},      {"MRZ", 3},       {"APRIL", 4},      {"APRILIS", 4},   {"AVRIL", 4},
+     {"ABRIL", 4},      {"APRILE", 4},    {"MAY", 5},        {"MAJUS", 5},     {"MAI", 5},
+     {"MAYO", 5},       {"MAGGIO", 5},    {"MAIO", 5},       {"JUNE", 6},      {"JUNIUS", 6},
+     {"JUNI", 6},       {"JUIN", 6},      {"JUNIO", 6},      {"GIUGNO", 6},    {"JUNHO", 6},
+     {"JULY", 7},       {"JULIUS", 7},    {"JULI", 7},       {"JUILLET", 7},   {"JULIO", 7},
+     {"LUGLIO", 7},     {"JULHO", 7},     {"AUGUST", 8},     {"AUGUSZTUS", 8}, {"AOUT", 8},
+     {"AGOSTO", 8},     {"SEPTEMBER", 9}, {"SZEPTEMBER", 9}, {"SEPTEMBRE", 9}, {"SEPTIEMBRE", 9},
+     {"SETTEMBRE", 9},  {"SETEMBRO", 9},  {"OCTOBER", 10},   {"OKTOBER", 10},  {"OCTOBRE", 10},
+     {"OCTUBRE", 10},   {"OTTOBRE", 10},  {"OUTUBRO", 10},   {"NOVEMBER", 11}, {"NOVEMBRE", 11},
+     {"NOVIEMBRE", 11}, {"NOVEMBRO", 11}, {"DECEMBER", 12},  {"DEZEMBER", 12}, {"DECEMBRE", 12},
+     {"DICIEMBRE", 12}, {"DICEMBRE", 12}, {"DEZEMBRO", 12}});
+
+std::optional<int> monthOfName(std::string_view letters) {
+  const std::string word = folded(letters);
+  if (word.size() < 3) return std::nullopt;
+  const auto found =
+      std::ranges::find_if(kMonths, [&](const MonthName& month) { return month.name.starts_with(word); });
+  return found == kMonths.end() ? std::nullopt : std::optional(found->month);
+}
+
+// The parts of a day as they stand.
 struct DayParts {
   std::array<int, 3> numbers{};
-  std::size_t firstDigits = 0;
-  char separator = ' ';
-
-  bool beginsWithYear() const { return firstDigits == 4; }
+  std::array<std::size_t, 3> digits{};  // 0 for a month's name
 };
 
 std::size_t takeNumber(std::string_view& text, int& number) {
@@ -31,100 +64,246 @@ std::size_t takeNumber(std::string_view& text, int& number) {
   return digits;
 }
 
-std::optional<DayParts> eightDigits(std::string_view text) {
-  if (text.size() != 8 || !std::ranges::all_of(text, isDigit)) return std::nullopt;
-  DayParts parts{.numbers = {}, .firstDigits = 4, .separator = ' '};
-  takeNumber(text, parts.numbers[0]);
-  parts.numbers[1] = (text[0] - '0') * 10 + (text[1] - '0');
-  parts.numbers[2] = (text[2] - '0') * 10 + (text[3] - '0');
-  return parts;
+std::string_view takeLetters(std::string_view& text) {
+  const auto end = std::ranges::find_if_not(text, isLetter);
+  const std::string_view letters = text.substr(0, static_cast<std::size_t>(end - text.begin()));
+  text.remove_prefix(letters.size());
+  return letters;
+}
+
+void skip(std::string_view& text, std::string_view characters) {
+  text.remove_prefix(std::min(text.find_first_not_of(characters), text.size()));
+}
+
+// The next part: a number, or the name of a month.
+bool takePart(std::string_view& text, DayParts& parts, std::size_t i) {
+  parts.digits[i] = takeNumber(text, parts.numbers[i]);
+  if (parts.digits[i] > 0) return true;
+  const auto month = monthOfName(takeLetters(text));
+  parts.numbers[i] = month.value_or(0);
+  return month.has_value();
+}
+
+// What stands between two parts: a sign, with a month's name also a space or nothing.
+bool takeSeparator(std::string_view& text, bool isBesideName) {
+  const std::size_t before = text.size();
+  if (isBesideName) {
+    for (const std::string_view ending : {"st", "nd", "rd", "th"})
+      if (text.starts_with(ending) && text.size() > 2 && !isLetter(text[2])) text.remove_prefix(2);
+    skip(text, " ./-,'");
+    return true;
+  }
+  if (text.empty() || std::string_view("./-").find(text.front()) == std::string_view::npos) return false;
+  text.remove_prefix(1);
+  skip(text, " ");
+  return text.size() < before;
 }
 
 // What may stand behind a day: nothing, or a time of day set apart from it.
 bool isTimeOrNothing(std::string_view rest) {
   if (rest.starts_with('.')) rest.remove_prefix(1);
-  if (rest.empty()) return true;
+  if (core::trimmed(rest).empty()) return true;
   const bool isApart = rest.starts_with(' ') || rest.starts_with('T') || rest.starts_with(',');
   return isApart && rest.find_first_of("0123456789") != std::string_view::npos &&
          rest.find(':') != std::string_view::npos;
 }
 
+// A day of the week or a time of day may stand before a day ("Mon, 5 Jan 2024", "8:30 05.01.2024").
+void skipWeekday(std::string_view& text) {
+  std::string_view rest = text;
+  const std::string_view word = takeLetters(rest);
+  if (word.empty() || monthOfName(word)) return;
+  skip(rest, " .,");
+  text = rest;
+}
+
+void skipTime(std::string_view& text) {
+  const std::size_t colon = text.find(':');
+  const std::size_t space = text.find(' ');
+  if (colon < 3 && space != std::string_view::npos && space < 9) text = core::trimmed(text.substr(space));
+}
+
+bool isBesideName(const DayParts& parts, std::size_t i, std::string_view rest) {
+  if (parts.digits[0] == 0 || parts.digits[i] == 0) return true;
+  skip(rest, " ./-,'");
+  if (rest.starts_with("st") || rest.starts_with("nd") || rest.starts_with("rd") || rest.starts_with("th"))
+    return true;
+  return !rest.empty() && isLetter(rest.front());
+}
+
 std::optional<DayParts> partsOf(std::string_view text) {
-  text = core::trimmed(text);
-  if (const auto parts = eightDigits(text)) return parts;
+  skipWeekday(text);
+  skipTime(text);
   DayParts parts;
   for (std::size_t i = 0; i < 3; ++i) {
-    const std::size_t digits = takeNumber(text, parts.numbers[i]);
-    if (digits == 0) return std::nullopt;
-    if (i == 0) parts.firstDigits = digits;
+    if (!takePart(text, parts, i)) return std::nullopt;
     if (i == 2) break;
-    if (text.empty() || std::string_view("./-").find(text.front()) == std::string_view::npos)
-      return std::nullopt;
-    parts.separator = text.front();
-    text.remove_prefix(1);
-    while (text.starts_with(' ')) text.remove_prefix(1);
+    if (!takeSeparator(text, isBesideName(parts, i, text))) return std::nullopt;
   }
-  return isTimeOrNothing(text) ? std::optional(parts) : std::nullopt;
+  const auto names = std::ranges::count(parts.digits, std::size_t{0});
+  return names < 2 && isTimeOrNothing(text) ? std::optional(parts) : std::nullopt;
+}
+
+int wholeYear(int year) {
+  return year >= 100 ? year : year >= 80 ? 1900 + year : 2000 + year;
+}
+
+core::CalendarDate dateWithName(const DayParts& parts, DayOrder order) {
+  const auto [a, b, c] = parts.numbers;
+  if (parts.digits[0] == 0) return {wholeYear(c), a, b};
+  if (parts.digits[2] == 0) return {wholeYear(a), c, b};
+  const bool isYearFirst = parts.digits[0] == 4 || (parts.digits[2] < 4 && order == DayOrder::YearFirst);
+  return isYearFirst ? core::CalendarDate{wholeYear(a), b, c} : core::CalendarDate{wholeYear(c), b, a};
 }
 
 core::CalendarDate dateOf(const DayParts& parts, DayOrder order) {
   const auto [a, b, c] = parts.numbers;
-  if (parts.beginsWithYear()) return {a, b, c};
-  const int year = c >= 100 ? c : c >= 80 ? 1900 + c : 2000 + c;
-  if (order == DayOrder::DayFirst) return {year, b, a};
-  return {year, a, b};
+  if (std::ranges::count(parts.digits, std::size_t{0}) > 0) return dateWithName(parts, order);
+  if (parts.digits[0] == 4) return {a, b, c};
+  if (parts.digits[0] > 2 || (order == DayOrder::YearFirst && parts.digits[2] > 2)) return {};
+  if (order == DayOrder::YearFirst) return {wholeYear(a), b, c};
+  if (order == DayOrder::DayFirst) return {wholeYear(c), b, a};
+  return {wholeYear(c), a, b};
 }
 
-std::optional<core::Day> dayOfParts(const DayParts& parts, DayOrder order) {
+std::optional<core::Day> existingDay(const core::CalendarDate& date) {
+  if (date == core::CalendarDate{}) return std::nullopt;
   try {
-    return core::dayOf(dateOf(parts, order));
+    return core::dayOf(date);
   } catch (const core::Failure&) {
     return std::nullopt;
   }
 }
 
-// How often the days run against the direction that most of them take.
-int turns(const std::vector<DayParts>& days, DayOrder order) {
-  int up = 0;
-  int down = 0;
-  std::optional<core::Day> before;
-  for (const DayParts& parts : days) {
-    const auto day = dayOfParts(parts, order);
-    if (day && before && *day != *before) ++(*day > *before ? up : down);
-    if (day) before = day;
-  }
+// Digits alone: year, month and day, with a time of day in six more or not; seconds or thousandths since
+// 1970; the days that a spreadsheet counts.
+std::optional<core::Day> dayOfDigits(std::string_view text) {
+  constexpr std::int64_t kSecondsOfADay = 86'400;
+  constexpr std::int32_t kFirstOf1970 = 25'569;
+  constexpr std::int32_t kFirstOf1980 = 29'221;
+  constexpr std::int32_t kFirstOf2080 = 65'746;
+  std::int64_t number = 0;
+  for (const char c : text.substr(0, 14)) number = number * 10 + (c - '0');
+  if (text.size() == 14) number /= 1'000'000;
+  if (text.size() == 8 || text.size() == 14)
+    return existingDay({static_cast<int>(number / 10'000), static_cast<int>(number / 100 % 100),
+                        static_cast<int>(number % 100)});
+  if (text.size() == 13) number /= 1'000;
+  if (text.size() == 10 || text.size() == 13)
+    return core::Day{kFirstOf1970 + static_cast<std::int32_t>(number / kSecondsOfADay)};
+  const bool isCount = text.size() == 5 && number >= kFirstOf1980 && number < kFirstOf2080;
+  return isCount ? std::optional(core::Day{static_cast<std::int32_t>(number)}) : std::nullopt;
+}
+
+std::optional<core::Day> dayOfText(std::string_view text, DayOrder order) {
+  constexpr std::size_t kLongest = 60;
+  text = core::trimmed(text);
+  if (text.empty() || text.size() > kLongest) return std::nullopt;
+  if (std::ranges::all_of(text, isDigit)) return dayOfDigits(text);
+  if (text.size() == 15 && text[8] == 'T' && std::ranges::all_of(text.substr(0, 8), isDigit))
+    return dayOfDigits(text.substr(0, 8));
+  const auto parts = partsOf(text);
+  return parts ? existingDay(dateOf(*parts, order)) : std::nullopt;
+}
+
+constexpr std::array kOrders = {DayOrder::DayFirst, DayOrder::MonthFirst, DayOrder::YearFirst};
+
+// How the days of a column come out in an order.
+struct Trial {
+  DayOrder order;
+  std::vector<std::optional<core::Day>> days;
+  std::size_t read = 0;
+  std::size_t against = 0;  // steps that run the other way than the readings, or than most of the days
+};
+
+// Steps from row to row in which the days turn back.
+std::size_t turns(const std::vector<core::Day>& days) {
+  std::size_t up = 0;
+  std::size_t down = 0;
+  for (std::size_t i = 1; i < days.size(); ++i)
+    if (days[i] != days[i - 1]) ++(days[i] > days[i - 1] ? up : down);
   return std::min(up, down);
+}
+
+std::size_t stepsAgainstReadings(std::span<const DatedReading> rows, const Trial& trial) {
+  std::vector<std::pair<double, core::Day>> steps;
+  for (std::size_t i = 0; i < rows.size(); ++i)
+    if (trial.days[i] && rows[i].reading) steps.emplace_back(*rows[i].reading, *trial.days[i]);
+  std::ranges::stable_sort(steps, {}, &std::pair<double, core::Day>::first);
+  std::vector<core::Day> days;
+  for (const auto& step : steps) days.push_back(step.second);
+  std::size_t down = 0;
+  for (std::size_t i = 1; i < days.size(); ++i)
+    if (days[i] < days[i - 1]) ++down;
+  return down;
+}
+
+Trial trialOf(std::span<const DatedReading> rows, DayOrder order) {
+  Trial trial{.order = order, .days = {}};
+  std::vector<core::Day> found;
+  for (const DatedReading& row : rows) {
+    trial.days.push_back(readDay(row.day, order));
+    if (trial.days.back()) found.push_back(*trial.days.back());
+  }
+  trial.read = found.size();
+  const bool hasReadings =
+      std::ranges::any_of(rows, [](const DatedReading& row) { return row.reading.has_value(); });
+  trial.against = hasReadings ? stepsAgainstReadings(rows, trial) : turns(found);
+  return trial;
+}
+
+// Whether an order is so much worse than another that nobody would write that way.
+bool isWorse(const Trial& trial, const Trial& best) {
+  constexpr std::size_t kFewest = 2;  // one slip is no proof
+  return trial.against >= best.against + kFewest && trial.against > 3 * best.against;
+}
+
+// Whether an order reads days that the best one cannot: then the file has both, and a person has to look.
+bool readsOthers(const Trial& trial, const Trial& best) {
+  constexpr std::size_t kFewest = 2;  // one slip is no proof
+  std::size_t others = 0;
+  for (std::size_t i = 0; i < trial.days.size(); ++i)
+    if (trial.days[i] && !best.days[i]) ++others;
+  return others >= kFewest;
+}
+
+ShownDayOrder shownOf(const std::vector<Trial>& trials) {
+  const Trial& best = trials.front();
+  ShownDayOrder shown{.possible = {best.order}};
+  for (const Trial& trial : std::span(trials).subspan(1)) {
+    const bool isAsGood = trial.read == best.read && trial.days != best.days && !isWorse(trial, best);
+    if (isAsGood || readsOthers(trial, best)) shown.possible.push_back(trial.order);
+  }
+  return shown;
 }
 
 }  // namespace
 
-ShownDayOrder shownDayOrder(std::span<const std::string_view> days, DayOrder whenUnknown) {
-  std::vector<DayParts> open;
-  int dayFirst = 0;
-  int monthFirst = 0;
-  bool hasPoints = false;
-  for (const std::string_view text : days) {
-    const auto parts = partsOf(text);
-    if (!parts || parts->beginsWithYear()) continue;
-    open.push_back(*parts);
-    if (parts->numbers[0] > 12) ++dayFirst;
-    if (parts->numbers[1] > 12) ++monthFirst;
-    hasPoints = hasPoints || parts->separator == '.';
-  }
-  if (open.empty()) return {};
-  if (dayFirst != monthFirst)
-    return {dayFirst > monthFirst ? DayOrder::DayFirst : DayOrder::MonthFirst, true};
-  if (hasPoints) return {DayOrder::DayFirst, true};
-  const int asDayFirst = turns(open, DayOrder::DayFirst);
-  const int asMonthFirst = turns(open, DayOrder::MonthFirst);
-  if (asDayFirst != asMonthFirst)
-    return {asDayFirst < asMonthFirst ? DayOrder::DayFirst : DayOrder::MonthFirst, false};
-  return {whenUnknown, false};
+std::optional<core::Day> readDay(std::string_view text, DayOrder order) {
+  return dayOfText(text, order);
 }
 
-std::optional<core::Day> readDay(std::string_view text, DayOrder order) {
-  const auto parts = partsOf(text);
-  return parts ? dayOfParts(*parts, order) : std::nullopt;
+bool looksLikeDay(std::string_view text) {
+  return std::ranges::any_of(kOrders, [&](DayOrder order) { return readDay(text, order).has_value(); });
+}
+
+std::optional<int> readMonth(std::string_view text) {
+  text = core::trimmed(text);
+  while (text.ends_with('.')) text.remove_suffix(1);
+  int number = 0;
+  std::string_view rest = text;
+  const std::size_t digits = takeNumber(rest, number);
+  if (digits > 0) return rest.empty() && number >= 1 && number <= 12 ? std::optional(number) : std::nullopt;
+  return monthOfName(text);
+}
+
+ShownDayOrder shownDayOrder(std::span<const DatedReading> days) {
+  std::vector<Trial> trials;
+  for (const DayOrder order : kOrders) trials.push_back(trialOf(days, order));
+  std::ranges::stable_sort(trials, [](const Trial& a, const Trial& b) {
+    return a.read != b.read ? a.read > b.read : a.against < b.against;
+  });
+  return shownOf(trials);
 }
 
 }  // namespace tarvik::exchange

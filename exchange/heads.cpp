@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <span>
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "core/text.h"
@@ -10,237 +12,216 @@
 namespace tarvik::exchange {
 namespace {
 
-using Words = std::vector<std::string_view>;
+using Words = std::vector<std::string>;
+using WordList = std::span<const std::string_view>;
 
-struct Accent {
-  std::string_view letter;
-  std::string_view plain;
-};
-
-constexpr auto kAccents = std::to_array<Accent>({{"Á", "A"},
-                                                 {"É", "E"},
-                                                 {"Í", "I"},
-                                                 {"Ó", "O"},
-                                                 {"Ö", "O"},
-                                                 {"Ő", "O"},
-                                                 {"Ú", "U"},
-                                                 {"Ü", "U"},
-                                                 {"Ű", "U"},
-                                                 {"Ä", "A"},
-                                                 {"ß", "SS"}});
-
-constexpr bool isPlain(char c) {
-  return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
-}
-
-// Appends the first character of a text in capitals, folded; returns how many bytes it takes.
-std::size_t appendFolded(std::string& result, std::string_view text) {
-  for (const auto& [letter, plain] : kAccents)
-    if (text.starts_with(letter)) {
-      result += plain;
-      return letter.size();
-    }
-  if (isPlain(text.front()))
-    result += text.front();
-  else if (!result.empty() && result.back() != ' ')
-    result += ' ';
-  return 1;
-}
-
-Words wordsOf(std::string_view foldedText) {
-  Words words;
-  while (!foldedText.empty()) {
-    const std::size_t end = std::min(foldedText.find(' '), foldedText.size());
-    if (end > 0) words.push_back(foldedText.substr(0, end));
-    foldedText.remove_prefix(std::min(end + 1, foldedText.size()));
-  }
-  return words;
-}
-
-bool isOneOf(std::string_view text, std::span<const std::string_view> list) {
+bool isOneOf(std::string_view text, WordList list) {
   return std::ranges::find(list, text) != list.end();
 }
 
-bool hasOneOf(const Words& words, std::span<const std::string_view> list) {
-  return std::ranges::any_of(words, [&](std::string_view word) { return isOneOf(word, list); });
+bool hasOneOf(const Words& words, WordList list) {
+  return std::ranges::any_of(words, [&](const std::string& word) { return isOneOf(word, list); });
+}
+
+struct HeadWords {
+  HeadWord word;
+  std::string_view phrases;  // commas between
+};
+
+constexpr auto kVocabulary = std::to_array<HeadWords>({
+#include "exchange/vocabulary.inc"
+});
+
+using Vocabulary = std::unordered_map<std::string, HeadWord>;
+
+void addPhrases(const HeadWords& words, Vocabulary& vocabulary) {
+  for (std::string_view rest = words.phrases; !rest.empty();) {
+    const std::size_t end = std::min(rest.find(','), rest.size());
+    if (std::string phrase = squeezed(rest.substr(0, end)); !phrase.empty())
+      vocabulary.emplace(std::move(phrase), words.word);
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+  }
+}
+
+const Vocabulary& vocabulary() {
+  static const Vocabulary kMap = [] {
+    Vocabulary map;
+    for (const HeadWords& words : kVocabulary) addPhrases(words, map);
+    return map;
+  }();
+  return kMap;
+}
+
+HeadWord lookedUp(std::string_view foldedPhrase) {
+  const auto found = vocabulary().find(squeezed(foldedPhrase));
+  return found == vocabulary().end() ? HeadWord::Unknown : found->second;
 }
 
 constexpr auto kKilometreWords = std::to_array<std::string_view>(
-    {"KM", "KMS", "KILOMETER", "KILOMETERS", "KILOMETRE", "KILOMETRES", "KMH", "KILOMETERBEN", "KILOMETERN"});
+    {"KM", "KMS", "KILOMETER", "KILOMETERS", "KILOMETRE", "KILOMETRES", "KMH", "KILOMETERBEN", "KILOMETERN",
+     "100KM", "KMPL", "CHILOMETRI", "KILOMETROS", "QUILOMETROS", "KILOMETRY", "KML"});
 constexpr auto kMileWords =
-    std::to_array<std::string_view>({"MI", "MILE", "MILES", "MEILE", "MEILEN", "MERFOLD", "MPG"});
-constexpr auto kLitreWords =
-    std::to_array<std::string_view>({"L", "LITER", "LITERS", "LITRE", "LITRES", "LITERBEN", "LITERN"});
+    std::to_array<std::string_view>({"MI", "MILE", "MILES", "MEILE", "MEILEN", "MERFOLD"});
+constexpr auto kLitreWords = std::to_array<std::string_view>(
+    {"L",      "LT",    "LTR",    "LTRS",  "LIT",   "LITER", "LITERS", "LITRE",  "LITRES", "LITERBEN",
+     "LITERN", "LITRI", "LITROS", "LITRO", "LITRY", "LITR",  "LITRU",  "LITROV", "KML",    "KMPL"});
 constexpr auto kGallonWords = std::to_array<std::string_view>(
-    {"GAL", "GALS", "GALLON", "GALLONS", "GALLONE", "GALLONEN", "GALLONBAN", "MPG"});
+    {"G", "GAL", "GALS", "GALLON", "GALLONS", "GALLONE", "GALLONEN", "GALLONBAN", "GALONES", "GALONY"});
 constexpr auto kUsWords = std::to_array<std::string_view>({"US", "USA", "AMERIKAI", "AMERIKANISCHE"});
 constexpr auto kUkWords =
     std::to_array<std::string_view>({"UK", "IMP", "IMPERIAL", "GB", "ANGOL", "BRIT", "ENGLISCHE"});
 
-// Words that say the unit or the currency of a column, or nothing at all.
-constexpr auto kSideWords = std::to_array<std::string_view>(
-    {"FT", "HUF", "EUR", "USD", "GBP", "CHF", "CZK", "PLN", "RON", "OPTIONAL", "IN", "OPCIONALIS"});
+struct CurrencyWord {
+  std::string_view word;
+  std::string_view currency;
+};
 
-bool isSideWord(std::string_view word) {
-  return isOneOf(word, kSideWords) || isOneOf(word, kKilometreWords) || isOneOf(word, kMileWords) ||
-         isOneOf(word, kLitreWords) || isOneOf(word, kGallonWords) || isOneOf(word, kUsWords) ||
-         isOneOf(word, kUkWords);
+// Words of folded texts.
+constexpr auto kCurrencyWords = std::to_array<CurrencyWord>({{"FT", "HUF"},
+                                                             {"FORINT", "HUF"},
+                                                             {"EURO", "EUR"},
+                                                             {"EUROS", "EUR"},
+                                                             {"KC", "CZK"},
+                                                             {"ZL", "PLN"},
+                                                             {"ZLOTY", "PLN"},
+                                                             {"LEI", "RON"},
+                                                             {"LEU", "RON"},
+                                                             {"RS", "INR"},
+                                                             {"RUPEES", "INR"},
+                                                             {"DOLLAR", "USD"},
+                                                             {"DOLLARS", "USD"},
+                                                             {"POUNDS", "GBP"},
+                                                             {"PENCE", "GBP"},
+                                                             {"RUB", "RUB"},
+                                                             {"KORUNA", "CZK"},
+                                                             {"RBL", "RUB"}});
+
+constexpr auto kCurrencyCodes = std::to_array<std::string_view>(
+    {"HUF", "EUR", "USD", "GBP", "CHF", "CZK", "PLN", "RON", "RSD", "HRK", "BAM", "SEK", "NOK", "DKK",
+     "CAD", "AUD", "UAH", "TRY", "INR", "BRL", "BGN", "NZD", "ZAR", "MXN", "JPY", "ISK", "ILS", "RUB"});
+
+std::string_view currencyOfWord(std::string_view word) {
+  if (isOneOf(word, kCurrencyCodes)) return word;
+  const auto found = std::ranges::find(kCurrencyWords, word, &CurrencyWord::word);
+  return found == kCurrencyWords.end() ? std::string_view() : found->currency;
 }
 
-std::string withoutSideWords(std::string_view foldedText) {
+constexpr auto kEmptyWords =
+    std::to_array<std::string_view>({"OPTIONAL", "IN", "OPCIONALIS", "THE", "BEN", "HUF"});
+
+bool isUnitWord(std::string_view word) {
+  return isOneOf(word, kKilometreWords) || isOneOf(word, kMileWords) || isOneOf(word, kLitreWords) ||
+         isOneOf(word, kGallonWords) || isOneOf(word, kUsWords) || isOneOf(word, kUkWords) ||
+         !currencyOfWord(word).empty();
+}
+
+std::string withoutSideWords(const Words& words) {
   std::string result;
-  for (const std::string_view word : wordsOf(foldedText)) {
-    if (isSideWord(word)) continue;
-    if (!result.empty()) result += ' ';
-    result += word;
-  }
+  for (const std::string& word : words)
+    if (!isUnitWord(word) && !isOneOf(word, kEmptyWords)) result += word + ' ';
   return result;
 }
 
-struct Vocabulary {
-  Meaning meaning;
-  std::vector<std::string_view> heads;
+// Something for each unit of volume or distance, as it stands: "Ft/l", "$ per gallon", "l/100 km", "km/l".
+struct Quotient {
+  bool isOfMoneyByVolume = false;
+  bool isConsumption = false;
 };
 
-// Looked up as they stand first and then without the words for units.
-const std::vector<Vocabulary>& vocabulary() {
-  static const std::vector<Vocabulary> kVocabulary = {
-      {Meaning::Day,
-       {"DATE", "DATA", "DATUM", "DAY", "DATE TIME", "DATETIME", "FUELUP DATE", "FILL DATE", "FILL UP DATE",
-        "REFUEL DATE", "TANKDATUM", "DATUM UHRZEIT", "DATUM UND UHRZEIT", "NAP", "IDOPONT", "DATUM IDO",
-        "TANKOLAS DATUMA", "TANKOLAS NAPJA"}},
-      {Meaning::Odometer,
-       {"ODOMETER",
-        "ODO",
-        "ODOMETER READING",
-        "ODOMETER VALUE",
-        "MILEAGE",
-        "KILOMETERSTAND",
-        "KM STAND",
-        "TACHOSTAND",
-        "TACHO",
-        "KILOMETERZAHLER",
-        "ZAHLERSTAND",
-        "KM ORA",
-        "KM ORA ALLAS",
-        "KM ORA ALLASA",
-        "KMORA",
-        "KILOMETERORA",
-        "KILOMETERORA ALLAS",
-        "KILOMETERORA ALLASA",
-        "KILOMETER ORA ALLAS",
-        "ORAALLAS",
-        "KM ALLAS",
-        "KM ORAALLAS",
-        "OSSZES KM",
-        "KILOMETER ALLAS"}},
-      {Meaning::UnitPrice,
-       {"PRICE PER UNIT",
-        "UNIT PRICE",
-        "VOLUMEPRICE",
-        "VOLUME PRICE",
-        "PRICE L",
-        "PRICE LITER",
-        "PRICE LITRE",
-        "PRICE GAL",
-        "PRICE GALLON",
-        "PRICE PER LITER",
-        "PRICE PER LITRE",
-        "PRICE PER GALLON",
-        "COST PER LITER",
-        "COST PER LITRE",
-        "COST PER GALLON",
-        "COST GALLON",
-        "COST LITER",
-        "COST LITRE",
-        "COST PER UNIT",
-        "FUEL PRICE",
-        "PREIS L",
-        "PREIS LITER",
-        "PREIS PRO LITER",
-        "PREIS JE LITER",
-        "LITERPREIS",
-        "EINZELPREIS",
-        "EGYSEGAR",
-        "LITERENKENTI AR",
-        "LITERAR",
-        "FT LITER",
-        "FT L",
-        "UZEMANYAG AR",
-        "UZEMANYAG ARA",
-        "AR LITER",
-        "AR L",
-        "BENZINAR"}},
-      {Meaning::Volume,
-       {"FUEL",
-        "VOLUME",
-        "FUEL VOLUME",
-        "LITER",
-        "LITERS",
-        "LITRE",
-        "LITRES",
-        "GALLON",
-        "GALLONS",
-        "GAL",
-        "QUANTITY",
-        "QTY",
-        "FUEL AMOUNT",
-        "FILL AMOUNT",
-        "FUEL QUANTITY",
-        "FUELCONSUMED",
-        "FUEL CONSUMED",
-        "FUEL ADDED",
-        "MENGE",
-        "TANKMENGE",
-        "GETANKTE MENGE",
-        "KRAFTSTOFFMENGE",
-        "MENNYISEG",
-        "TANKOLT",
-        "TANKOLT MENNYISEG",
-        "UZEMANYAG MENNYISEG",
-        "UZEMANYAG",
-        "TANKOLAS"}},
-      {Meaning::TotalCost, {"COST",      "TOTAL COST",   "TOTALCOST",       "TOTAL PRICE",
-                            "TOTAL",     "TOTAL AMOUNT", "AMOUNT PAID",     "FUEL COST",
-                            "KOSTEN",    "GESAMTKOSTEN", "GESAMTPREIS",     "BETRAG",
-                            "KOLTSEG",   "OSSZKOLTSEG",  "TANKOLT KOLTSEG", "TANKOLAS KOLTSEGE",
-                            "OSSZEG",    "FIZETETT",     "FIZETETT OSSZEG", "TELJES AR",
-                            "VEGOSSZEG", "OSSZ AR"}},
-      {Meaning::Price, {"PRICE", "PREIS", "AR", "ARA"}},
-      {Meaning::Full, {"FULL",          "FULL TANK",     "FULL FILLUP",     "FULL FILL UP", "FILLED UP",
-                       "ISFILLTOFULL",  "FILL TO FULL",  "COMPLETELY FILL", "TANK FULL",    "VOLL",
-                       "VOLLGETANKT",   "VOLLBETANKUNG", "VOLLTANKUNG",     "TANKART",      "TELE",
-                       "TELE TANKOLVA", "TELETANK",      "TELE TANKOLAS",   "TELE TANK",    "TELI TANK"}},
-      {Meaning::Partial,
-       {"PARTIAL", "PARTIAL FUELUP", "PARTIALFUELUP", "PARTIAL FILL", "PARTIAL FILL UP", "PARTIAL FILLUP",
-        "PARTIAL TANK", "TEILBETANKUNG", "TEILTANKUNG", "RESZLEGES", "RESZLEGES TANKOLAS", "NEM TELE"}},
-      {Meaning::Missed,
-       {"MISSED", "MISSED FUELUP", "MISSEDFUELUP", "MISSED FILL UP", "MISSED FILLUP", "MISSED FILL UPS",
-        "PREVIOUSLY MISSED FILL UPS", "PREVIOUS MISSED FILL UPS", "VERGESSEN", "TANKUNG VERGESSEN",
-        "KIMARADT", "KIHAGYOTT", "KIMARADT TANKOLAS", "KIHAGYOTT TANKOLAS"}},
-      {Meaning::Note,
-       {"NOTE", "NOTES", "COMMENT", "COMMENTS", "REMARK", "REMARKS", "BEMERKUNG", "BEMERKUNGEN", "NOTIZ",
-        "NOTIZEN", "KOMMENTAR", "MEGJEGYZES", "JEGYZET"}},
-      {Meaning::Description,
-       {"DESCRIPTION", "SERVICE", "SERVICES", "SERVICE TYPE", "SUB TYPES", "TITLE", "BESCHREIBUNG",
-        "BEZEICHNUNG", "LEIRAS", "MEGNEVEZES"}},
-      {Meaning::Kind,
-       {"TYPE", "KIND", "RECORD TYPE", "ENTRY TYPE", "ART", "EINTRAGSART", "TIPUS", "FAJTA",
-        "BEJEGYZES TIPUSA"}},
-      {Meaning::DistanceUnit, {"DISTANCE UNIT", "ODOMETER UNIT", "STRECKENEINHEIT", "TAVOLSAG EGYSEGE"}},
-      {Meaning::VolumeUnit, {"VOLUME UNIT", "FILL UNITS", "FUEL UNIT", "MENGENEINHEIT", "MENNYISEG EGYSEGE"}},
-      {Meaning::Currency, {"CURRENCY", "CURRENCY CODE", "WAHRUNG", "PENZNEM", "DEVIZA"}},
-      {Meaning::Vehicle,
-       {"VEHICLE", "VEHICLE NAME", "CAR", "CAR NAME", "FAHRZEUG", "AUTO", "JARMU", "RENDSZAM"}},
-  };
-  return kVocabulary;
+bool isPer(const Words& words, std::size_t at) {
+  constexpr auto kPer =
+      std::to_array<std::string_view>({"PER", "PRO", "JE", "AL", "ZA", "PE", "POR", "AU", "PAR"});
+  return at > 0 && isOneOf(words[at - 1], kPer);
 }
 
-Meaning lookedUp(std::string_view foldedHead) {
-  for (const auto& [meaning, heads] : vocabulary())
-    if (isOneOf(foldedHead, heads)) return meaning;
-  return Meaning::Ignored;
+Quotient quotientIn(std::string_view head, const Words& words) {
+  Quotient quotient;
+  const bool hasStroke = head.find('/') != std::string_view::npos;
+  const bool hasDistance = hasOneOf(words, kKilometreWords) || hasOneOf(words, kMileWords);
+  const bool hasVolume = hasOneOf(words, kLitreWords) || hasOneOf(words, kGallonWords);
+  const bool hasHundred = std::ranges::find(words, "100") != words.end();
+  quotient.isConsumption = (hasDistance && hasVolume && (hasStroke || hasHundred)) ||
+                           (hasDistance && hasHundred) ||
+                           (hasDistance && hasStroke && !hasVolume && !currencyOf(head).empty());
+  bool isPerVolume = hasStroke && hasVolume;
+  for (std::size_t i = 1; i < words.size(); ++i)
+    if (isPer(words, i) && (isOneOf(words[i], kLitreWords) || isOneOf(words[i], kGallonWords)))
+      isPerVolume = true;
+  quotient.isOfMoneyByVolume = isPerVolume && !hasDistance;
+  return quotient;
 }
+
+// The longest phrase of the vocabulary that stands in the words of a head.
+HeadReading phraseIn(const Words& words) {
+  constexpr std::size_t kShortest = 4;
+  constexpr std::size_t kMostWords = 24;
+  HeadReading best;
+  std::size_t length = kShortest - 1;
+  const std::size_t count = std::min(words.size(), kMostWords);
+  for (std::size_t from = 0; from < count; ++from) {
+    std::string phrase;
+    for (std::size_t to = from; to < count; ++to) {
+      phrase += words[to];
+      const auto found = vocabulary().find(phrase);
+      if (found == vocabulary().end() || phrase.size() <= length) continue;
+      best = {found->second, 2};
+      length = phrase.size();
+    }
+  }
+  return best;
+}
+
+// The longest phrase that a word of the head begins or ends with: compounds ("Kraftstoffpreis").
+HeadReading compoundIn(const Words& words) {
+  constexpr std::size_t kShortest = 5;
+  constexpr std::size_t kLongest = 40;
+  HeadReading best;
+  std::size_t length = kShortest - 1;
+  const auto consider = [&](std::string_view part) {
+    const auto found = vocabulary().find(std::string(part));
+    if (found == vocabulary().end() || part.size() <= length) return;
+    best = {found->second, 1};
+    length = part.size();
+  };
+  for (const std::string& word : words)
+    for (std::size_t size = kShortest; size < std::min(word.size(), kLongest); ++size) {
+      consider(std::string_view(word).substr(word.size() - size));
+      consider(std::string_view(word).substr(0, size));
+    }
+  return best;
+}
+
+// A head of units alone: "Ft" is money, "Km" a distance, "l" a volume.
+HeadReading readUnits(const Words& words, bool hasCurrency) {
+  if (hasCurrency) return {HeadWord::TotalCost, 3};
+  if (hasOneOf(words, kLitreWords) || hasOneOf(words, kGallonWords)) return {HeadWord::Volume, 3};
+  if (hasOneOf(words, kKilometreWords) || hasOneOf(words, kMileWords)) return {HeadWord::Distance, 3};
+  return {};
+}
+
+HeadReading readWords(std::string_view head, const Words& words) {
+  std::string whole;
+  for (const std::string& word : words) whole += word;
+  if (const HeadWord word = lookedUp(whole); word != HeadWord::Unknown) return {word, 4};
+  const std::string essence = withoutSideWords(words);
+  if (essence.empty()) return readUnits(words, !currencyOf(head).empty());
+  if (const HeadWord word = lookedUp(essence); word != HeadWord::Unknown) return {word, 3};
+  const HeadReading phrase = phraseIn(words);
+  return phrase.word != HeadWord::Unknown ? phrase : compoundIn(words);
+}
+
+bool isMoney(HeadWord word) {
+  return word == HeadWord::Price || word == HeadWord::TotalCost || word == HeadWord::UnitPrice;
+}
+
+// The unit behind a head settles what its words leave open.
+HeadWord settledByUnit(HeadWord word, std::string_view head) {
+  if (word != HeadWord::Fuel && word != HeadWord::Amount) return word;
+  if (unitHintOf(head).volume) return HeadWord::Volume;
+  return currencyOf(head).empty() ? word : HeadWord::TotalCost;
+}
+
+constexpr std::size_t kLongestHead = 200;
 
 }  // namespace
 
@@ -259,25 +240,23 @@ core::Ratio litresOf(VolumeUnit unit) {
   }
 }
 
-std::string folded(std::string_view text) {
-  const std::string capitals = core::upperCased(text);
-  std::string result;
-  for (std::string_view rest = capitals; !rest.empty();) rest.remove_prefix(appendFolded(result, rest));
-  if (result.ends_with(' ')) result.pop_back();
-  return result;
-}
-
-Meaning meaningOf(std::string_view head) {
-  const std::string whole = folded(head);
-  const Meaning meaning = lookedUp(whole);
-  if (meaning != Meaning::Ignored) return meaning;
-  const std::string essence = withoutSideWords(whole);
-  return lookedUp(essence.empty() ? std::string_view(whole).substr(0, whole.find(' ')) : essence);
+HeadReading readHead(std::string_view head) {
+  head = core::trimmed(head);
+  if (head.size() > kLongestHead) return {};
+  const Words words = wordsOf(folded(head));
+  const Quotient quotient = quotientIn(head, words);
+  if (quotient.isConsumption) return {HeadWord::Known, 4};
+  HeadReading reading = words.empty() ? readUnits(words, !currencyOf(head).empty()) : readWords(head, words);
+  const bool mayBeMoney = reading.word == HeadWord::Unknown || reading.word == HeadWord::Volume ||
+                          reading.word == HeadWord::Fuel || isMoney(reading.word);
+  if (quotient.isOfMoneyByVolume && mayBeMoney && (isMoney(reading.word) || !currencyOf(head).empty()))
+    return {HeadWord::UnitPrice, 4};
+  reading.word = settledByUnit(reading.word, head);
+  return reading;
 }
 
 UnitHint unitHintOf(std::string_view text) {
-  const std::string plain = folded(text);
-  const Words words = wordsOf(plain);
+  const Words words = wordsOf(folded(text));
   UnitHint hint;
   if (hasOneOf(words, kKilometreWords)) hint.distance = DistanceUnit::Kilometre;
   if (hasOneOf(words, kMileWords)) hint.distance = DistanceUnit::Mile;
@@ -289,50 +268,44 @@ UnitHint unitHintOf(std::string_view text) {
 }
 
 std::string currencyOf(std::string_view text) {
-  struct Sign {
-    std::string_view sign;
-    std::string_view currency;
-  };
-  constexpr auto kSigns =
-      std::to_array<Sign>({{"€", "EUR"}, {"$", "USD"}, {"£", "GBP"}, {"Kč", "CZK"}, {"zł", "PLN"}});
+  constexpr auto kSigns = std::to_array<CurrencyWord>({{"€", "EUR"},
+                                                       {"$", "USD"},
+                                                       {"£", "GBP"},
+                                                       {"Kč", "CZK"},
+                                                       {"zł", "PLN"},
+                                                       {"₹", "INR"},
+                                                       {"₽", "RUB"},
+                                                       {"₴", "UAH"}});
   for (const auto& [sign, currency] : kSigns)
     if (text.find(sign) != std::string_view::npos) return std::string(currency);
-  constexpr auto kCodes =
-      std::to_array<std::string_view>({"HUF", "EUR", "USD", "GBP", "CHF", "CZK", "PLN", "RON", "RSD", "HRK",
-                                       "BAM", "SEK", "NOK", "DKK", "CAD", "AUD", "UAH", "TRY"});
-  const std::string plain = folded(text);
-  for (const std::string_view word : wordsOf(plain)) {
-    if (isOneOf(word, kCodes)) return std::string(word);
-    if (word == "FT" || word == "FORINT") return "HUF";
-    if (word == "EURO") return "EUR";
-  }
+  for (const std::string& word : wordsOf(folded(text)))
+    if (const std::string_view currency = currencyOfWord(word); !currency.empty())
+      return std::string(currency);
   return {};
 }
 
-bool saysYes(std::string_view cell) {
-  constexpr auto kYes = std::to_array<std::string_view>({"YES", "Y", "TRUE", "1", "X", "FULL", "JA", "J",
-                                                         "WAHR", "VOLL", "VOLLBETANKUNG", "VOLLTANKUNG",
-                                                         "IGEN", "I", "IGAZ", "TELE", "TELI", "1 0"});
-  return isOneOf(folded(cell), kYes);
+bool isUnitText(std::string_view text) {
+  const Words words = wordsOf(folded(text));
+  return !words.empty() ? std::ranges::all_of(words, isUnitWord) : !currencyOf(text).empty();
 }
 
-bool namesTotal(std::string_view cell) {
-  constexpr auto kTotals =
-      std::to_array<std::string_view>({"TOTAL", "TOTALS", "SUM", "SUMME", "GESAMT", "GESAMTSUMME", "AVERAGE",
-                                       "AVG", "MEAN", "MITTELWERT", "DURCHSCHNITT", "OSSZESEN", "OSSZEG",
-                                       "VEGOSSZEG", "ATLAG", "ATLAGOSAN", "MINDOSSZESEN", "GRAND TOTAL"});
-  return isOneOf(folded(cell), kTotals);
+bool isEnglishHead(std::string_view head) {
+  constexpr auto kEnglish = std::to_array<std::string_view>(
+      {"ODOMETER",  "ODO",         "MILEAGE",  "MILAGE",   "DISTANCE", "TRIP",     "READING",
+       "SPEEDO",    "SPEEDOMETER", "CLOCK",    "DRIVEN",   "METER",    "TRAVELED", "TOTAL",
+       "VOLUME",    "FUEL",        "GAS",      "QUANTITY", "QTY",      "AMOUNT",   "FILL",
+       "TRAVELLED", "PETROL",      "GASOLINE", "FILLED",   "REFILL"});
+  return hasOneOf(wordsOf(folded(head)), kEnglish);
 }
 
-bool namesFuelling(std::string_view kind) {
-  constexpr auto kFuelWords = std::to_array<std::string_view>(
-      {"GAS",       "FUEL",          "FUELUP",        "FILLUP",   "FILL",    "REFUEL",
-       "REFUELING", "REFUELLING",    "PETROL",        "DIESEL",   "TANKUNG", "BETANKUNG",
-       "TANKEN",    "VOLLBETANKUNG", "TEILBETANKUNG", "TANKOLAS", "BENZIN",  "GASOLINE",
-       "UZEMANYAG", "FULL",          "PARTIAL",       "GAZOLAJ"});
-  const std::string plain = folded(kind);
-  const Words words = wordsOf(plain);
-  return words.empty() || hasOneOf(words, kFuelWords);
+bool isHungarianHead(std::string_view head) {
+  constexpr auto kHungarian = std::to_array<std::string_view>(
+      {"ORA",      "ALLAS",     "ALLASA",  "KMORA",      "KILOMETERORA", "OSSZEG",
+       "FIZETETT", "FIZETVE",   "KOLTSEG", "MEGJEGYZES", "TELE",         "TELETANK",
+       "GAZOLAJ",  "FT",        "FORINT",  "AR",         "EGYSEGAR",     "TANKOLT",
+       "TANKOLAS", "RENDSZAM",  "JARMU",   "OSSZESEN",   "MENNYISEG",    "NAP",
+       "MEGTETT",  "UZEMANYAG", "HONAP",   "ORAALLAS",   "TELETANKOLAS", "MEGJEGYZESEK"});
+  return hasOneOf(wordsOf(folded(head)), kHungarian) || head.find("Dátum") != std::string_view::npos;
 }
 
 }  // namespace tarvik::exchange

@@ -5,22 +5,33 @@
 #include <string_view>
 
 #include "core/ratio.h"
+#include "exchange/words.h"
 
 namespace tarvik::exchange {
 
-/// What a column of a file is read as.
-enum class Meaning {
-  Ignored,
+/// What the words of a head say of its column. Several leave a choice that the figures have to make.
+enum class HeadWord {
+  Unknown,
+  Known,  ///< understood, and nothing that a logbook keeps
   Day,
+  Year,
+  Month,
+  DayOfMonth,
   Odometer,
+  Distance,  ///< a reading or a distance
+  Trip,      ///< since the last fill
   Volume,
+  Fuel,    ///< how much or of which kind
+  Amount,  ///< of fuel or of money
   TotalCost,
   UnitPrice,
-  Price,  ///< of a unit or of all: the figures have to tell
+  Price,  ///< of a unit or of all
   Full,
   Partial,
   Missed,
   Note,
+  NoteCost,
+  Part,
   Description,
   Kind,
   DistanceUnit,
@@ -44,12 +55,14 @@ struct UnitHint {
   bool isGallonOpen = false;  ///< gallons, but not whose
 };
 
-/// A head or cell in capitals, without accents, signs and double spaces: "Megjegyzés költsége (Ft)" becomes
-/// "MEGJEGYZES KOLTSEGE FT".
-std::string folded(std::string_view text);
+/// A head as its words are understood.
+struct HeadReading {
+  HeadWord word = HeadWord::Unknown;
+  int strength = 0;  ///< 4: the whole head, 3: but for units, 2: a part of it, 1: a part of a word
+};
 
-/// What a column with that head means, in English, German or Hungarian, whatever its signs and units.
-Meaning meaningOf(std::string_view head);
+/// What a head says, in any of the languages of the vocabulary.
+HeadReading readHead(std::string_view head);
 
 /// The units that a head or a cell names.
 UnitHint unitHintOf(std::string_view text);
@@ -57,10 +70,20 @@ UnitHint unitHintOf(std::string_view text);
 /// The currency that a head, a cell or a figure names, as its three letters; empty for none.
 std::string currencyOf(std::string_view text);
 
-/// Whether a cell says yes: yes, true, 1, full, and their like in the three languages.
-bool saysYes(std::string_view cell);
+/// Whether a text is a word for a unit or a currency, or several: "(km)", "Ft/l".
+bool isUnitText(std::string_view text);
 
-/// Whether a cell names a total or an average: such a row at the end of a table is no entry.
+/// Whether a head is in English, whose readers drive miles as well as kilometres.
+bool isEnglishHead(std::string_view head);
+
+/// Whether a head is in Hungarian, whose readers pay in forints.
+bool isHungarianHead(std::string_view head);
+
+/// What a cell answers to a question of yes or no: yes, true, 1, full and their like in many languages;
+/// nothing for a word that is not known.
+std::optional<bool> yesOrNo(std::string_view cell);
+
+/// Whether a cell names a total or an average: such a row is no entry.
 bool namesTotal(std::string_view cell);
 
 /// Whether the kind of a row is a fill-up: a word for fuel or refuelling, or nothing.

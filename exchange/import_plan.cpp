@@ -1,11 +1,11 @@
 #include "exchange/import_plan.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <map>
 #include <optional>
-#include <tuple>
 #include <utility>
 
-#include "core/entry_editing.h"
 #include "core/entry_input.h"
 #include "core/failure.h"
 #include "core/record_file.h"
@@ -17,6 +17,7 @@ namespace {
 using core::NapiAdat;
 
 constexpr std::size_t kTextLength = 50;
+constexpr core::Day kFirstCarDay{18'264};  // 1 January 1950
 
 // A row on its way into the plan: its reading is in kilometres, its own or that of the row before it.
 struct Candidate {
@@ -25,63 +26,78 @@ struct Candidate {
   bool runsBackwards = false;
 };
 
-bool isWanted(const LogRow& row, const Answers& answers) {
-  return answers.vehicle.empty() || row.own || row.vehicle == answers.vehicle;
-}
-
-// The wanted rows from the earliest on: many programs write their latest row first.
-std::vector<const LogRow*> forwards(const LogFile& file, const Answers& answers) {
-  std::vector<const LogRow*> rows;
-  for (const LogRow& row : file.rows)
-    if (isWanted(row, answers)) rows.push_back(&row);
+bool isLatestFirst(const std::vector<LogRow>& rows) {
   int up = 0;
   int down = 0;
   for (std::size_t i = 1; i < rows.size(); ++i) {
-    if (rows[i]->day > rows[i - 1]->day) ++up;
-    if (rows[i]->day < rows[i - 1]->day) ++down;
+    if (rows[i].day > rows[i - 1].day) ++up;
+    if (rows[i].day < rows[i - 1].day) ++down;
   }
-  if (down > up) std::ranges::reverse(rows);
-  return rows;
+  return down > up;
 }
 
-std::optional<core::Ratio> kilometresOfRow(const LogRow& row, const Answers& answers) {
-  if (row.own) return core::Ratio(row.own->KmOra);
-  if (!row.odometer) return std::nullopt;
-  return *row.odometer * kilometresOf(answers.distance);
+// The rows from the earliest on: many programs write their latest row first.
+std::vector<const LogRow*> forwards(const std::vector<LogRow>& rows) {
+  std::vector<const LogRow*> found;
+  for (const LogRow& row : rows) found.push_back(&row);
+  if (isLatestFirst(rows)) std::ranges::reverse(found);
+  return found;
 }
 
-std::vector<Candidate> inOrder(const LogFile& file, const Answers& answers, core::Ratio kilometres) {
+// Where a log of distances begins.
+core::Ratio startOf(const std::vector<LogRow>& rows, const Reading& reading) {
+  if (!reading.tripStart) return 0;
+  if (reading.tripStart->isAtStart) return reading.tripStart->reading;
+  core::Ratio driven = 0;
+  for (const LogRow& row : rows) driven = driven + row.trip.value_or(0);
+  return reading.tripStart->reading - driven;
+}
+
+// Distances add up in the order of their days.
+void addUp(std::vector<Candidate>& candidates, core::Ratio kilometres) {
+  for (Candidate& candidate : candidates) {
+    kilometres = kilometres + candidate.row->trip.value_or(0);
+    candidate.kilometres = kilometres;
+  }
+}
+
+std::vector<Candidate> inOrder(const std::vector<LogRow>& rows, const Reading& reading,
+                               core::Ratio kilometres) {
   std::vector<Candidate> candidates;
   core::Day latest = core::kFirstDay;
-  for (const LogRow* row : forwards(file, answers)) {
-    kilometres = kilometresOfRow(*row, answers).value_or(kilometres);
+  for (const LogRow* row : forwards(rows)) {
+    kilometres = row->kilometres.value_or(kilometres);
     candidates.push_back({row, kilometres, row->day < latest});
     latest = std::max(latest, row->day);
   }
+  const bool hasTrips = !reading.has(Meaning::Odometer) && reading.has(Meaning::Trip);
   std::ranges::stable_sort(candidates, [&](const Candidate& a, const Candidate& b) {
-    if (a.row->day != b.row->day || file.isOwn) return a.row->day < b.row->day;
+    if (a.row->day != b.row->day || reading.isOwn || hasTrips) return a.row->day < b.row->day;
     return a.kilometres < b.kilometres;
   });
+  if (hasTrips) addUp(candidates, startOf(rows, reading));
   return candidates;
 }
 
-std::string costText(const LogRow& row, const Answers& answers) {
-  return std::to_string(core::toWhole32(row.totalCost * answers.forintsPerUnit));
+std::string wholeText(const core::Ratio& value) {
+  return std::to_string(core::toWhole32(value));
 }
 
 // The fields as they would be typed in.
-core::EntryInput typedIn(const Candidate& candidate, const Answers& answers) {
+core::EntryInput typedIn(const Candidate& candidate) {
   const LogRow& row = *candidate.row;
   core::EntryInput input;
   input.datum = row.day;
-  input.kmOra = std::to_string(core::toWhole32(candidate.kilometres));
+  input.kmOra = wholeText(candidate.kilometres);
   input.megjegyzes = row.note;
-  if (row.volume.isZero()) {
-    input.megjKtg = costText(row, answers);
+  input.alkatresz = row.part;
+  if (row.litres.isZero()) {
+    input.megjKtg = wholeText(row.forints + row.noteForints);
     return core::withDefaults(std::move(input));
   }
-  input.tankoltLiter = core::plainText(core::toAmount(row.volume * litresOf(answers.volume)));
-  input.tankoltKtg = costText(row, answers);
+  input.tankoltLiter = core::plainText(core::toAmount(row.litres));
+  input.tankoltKtg = wholeText(row.forints);
+  input.megjKtg = wholeText(row.noteForints);
   input.ftPerLiter = core::pricePerLitre(input.tankoltKtg, input.tankoltLiter).value_or(std::string());
   input.teletank = row.isFull;
   return core::withDefaults(std::move(input));
@@ -94,72 +110,93 @@ void noticeLoss(const std::string& text, Doubt cut, Doubt lettersLost, std::set<
   if (core::fromCodePage(stored) != text) doubts.insert(lettersLost);
 }
 
-PlannedEntry planned(const Candidate& candidate, const Answers& answers) {
+void noticeDay(core::Day day, core::Day today, std::set<Doubt>& doubts) {
+  if (day > today) doubts.insert(Doubt::DayInFuture);
+  if (day < kFirstCarDay) doubts.insert(Doubt::DayTooEarly);
+}
+
+void noticePrice(const NapiAdat& entry, std::set<Doubt>& doubts) {
+  const core::Ratio litres = entry.TankoltLiter.ratio();
+  if (litres <= 0 || entry.TankoltKtg == 0) return;
+  const core::Ratio cost(entry.TankoltKtg);
+  if (cost < litres * kCheapestLitre || cost > litres * kDearestLitre) doubts.insert(Doubt::PriceOdd);
+}
+
+PlannedEntry planned(const Candidate& candidate, const Reading& reading, const PlanContext& context) {
   const LogRow& row = *candidate.row;
   PlannedEntry entry{.line = row.line};
-  if (row.own) {
-    entry.entry = *row.own;
-  } else {
-    entry.entry = core::toEntry(typedIn(candidate, answers));
-    if (!row.odometer) entry.doubts.insert(Doubt::OdometerTaken);
-  }
+  entry.entry = row.own ? *row.own : core::toEntry(typedIn(candidate));
+  if (!row.own && !row.kilometres && !row.trip) entry.doubts.insert(Doubt::OdometerTaken);
   noticeLoss(row.note, Doubt::NoteCut, Doubt::LettersLost, entry.doubts);
   noticeLoss(row.part, Doubt::PartCut, Doubt::PartLettersLost, entry.doubts);
+  noticeDay(row.day, context.today, entry.doubts);
+  const bool isPriceKnown = !reading.isOpen(Question::Currency) && !reading.isOpen(Question::Rate);
+  if (!row.own && isPriceKnown) noticePrice(entry.entry, entry.doubts);
   if (row.isAfterMissed) entry.doubts.insert(Doubt::MissedBefore);
+  if (row.isDamaged) entry.doubts.insert(Doubt::LettersDamaged);
   if (candidate.runsBackwards) entry.doubts.insert(Doubt::DayRunsBackwards);
+  if (context.tankLitres > 0 && entry.entry.TankoltLiter.ratio() > context.tankLitres)
+    entry.doubts.insert(Doubt::MoreThanTank);
   return entry;
 }
 
-// What makes two entries the same fill-up.
-using Identity = std::tuple<double, std::int32_t, std::int64_t>;
-
-Identity identityOf(const NapiAdat& entry) {
-  return {entry.Datum, entry.KmOra, entry.TankoltLiter.tenThousandths};
+bool isNear(std::int64_t a, std::int64_t b, std::int64_t most) {
+  return std::abs(a - b) <= most;
 }
 
-// What the logbook says of the entries that are to come behind it.
-class Behind {
- public:
-  Behind(const core::Logbook& logbook, std::int16_t tankLitres) : tank_(tankLitres) {
-    for (int number = 1; number <= logbook.count(); ++number)
-      known_.insert(identityOf(logbook.record(number)));
-    if (logbook.count() > 0) lastDatum_ = logbook.record(logbook.count()).Datum;
-  }
+// Whether two entries are the same: another program may have rounded the reading to a mile and the litres to
+// a tenth.
+bool areSame(const NapiAdat& a, const NapiAdat& b) {
+  constexpr std::int64_t kTenth = 1'000;
+  constexpr std::int64_t kSameKilometre = 1;
+  if (a.Datum != b.Datum || !isNear(a.KmOra, b.KmOra, kSameKilometre)) return false;
+  if (a.TankoltLiter.isZero() != b.TankoltLiter.isZero()) return false;
+  if (a.TankoltLiter.isZero())
+    return a.Megjegyzes.asStored() == b.Megjegyzes.asStored() && a.MegjKtg == b.MegjKtg &&
+           a.Alkatresz.asStored() == b.Alkatresz.asStored() && a.AlkatreszKtg == b.AlkatreszKtg;
+  return isNear(a.TankoltLiter.tenThousandths, b.TankoltLiter.tenThousandths, kTenth - 1);
+}
 
-  void compare(PlannedEntry& planned) const {
-    const NapiAdat& entry = planned.entry;
-    if (lastDatum_ && entry.Datum < *lastDatum_) planned.doubts.insert(Doubt::DayRunsBackwards);
-    if (tank_ > 0 && entry.TankoltLiter.ratio() > tank_) planned.doubts.insert(Doubt::MoreThanTank);
-    if (!known_.contains(identityOf(entry))) return;
-    planned.doubts.insert(Doubt::AlreadyThere);
-    planned.isTaken = false;
+// Entries by their days, to be asked whether one is among them.
+class KnownEntries {
+ public:
+  void add(const NapiAdat& entry) { byDay_.emplace(entry.Datum, entry); }
+  bool has(const NapiAdat& entry) const {
+    const auto [from, to] = byDay_.equal_range(entry.Datum);
+    return std::any_of(from, to, [&](const auto& known) { return areSame(known.second, entry); });
   }
 
  private:
-  std::set<Identity> known_;
-  std::optional<double> lastDatum_;
-  std::int16_t tank_;
+  std::multimap<double, NapiAdat> byDay_;
 };
 
-void compareReadings(std::optional<std::int32_t> before, PlannedEntry& planned) {
-  planned.doubts.erase(Doubt::OdometerFalls);
-  planned.doubts.erase(Doubt::OdometerJumps);
-  if (!before) return;
-  const std::int64_t step = std::int64_t{planned.entry.KmOra} - *before;
-  if (step < 0) planned.doubts.insert(Doubt::OdometerFalls);
-  if (step > kGreatestStep) planned.doubts.insert(Doubt::OdometerJumps);
+void findDuplicates(const core::Logbook& logbook, ImportPlan& plan) {
+  KnownEntries there;
+  KnownEntries inFile;
+  for (int number = 1; number <= logbook.count(); ++number) there.add(logbook.record(number));
+  for (PlannedEntry& planned : plan.entries) {
+    const bool isThere = there.has(planned.entry);
+    if (isThere) planned.doubts.insert(Doubt::AlreadyThere);
+    if (!isThere && inFile.has(planned.entry)) planned.doubts.insert(Doubt::TwiceInFile);
+    planned.isTaken =
+        !planned.doubts.contains(Doubt::AlreadyThere) && !planned.doubts.contains(Doubt::TwiceInFile);
+    inFile.add(planned.entry);
+  }
 }
 
-// The consumption as a typed entry gets it. One that would be refused because it has no distance comes in
-// without.
-void workOut(const core::FullFillTrail& trail, PlannedEntry& planned) {
-  planned.doubts.erase(Doubt::NoConsumption);
-  try {
-    const auto found = trail.reach(planned.entry.TankoltLiter.ratio(), planned.entry.KmOra);
-    planned.entry.Fogyasztas = core::storedConsumption(found.consumption);
-  } catch (const core::Failure&) {
-    planned.entry.Fogyasztas = {};
-    planned.doubts.insert(Doubt::NoConsumption);
+// The entry behind a row that is left out: the next one down the file, or up where the latest stands first.
+void noticeLeftOut(const std::vector<LogRow>& rows, ImportPlan& plan) {
+  const bool isUpwards = isLatestFirst(rows);
+  for (const UnreadRow& row : plan.unread) {
+    if (!row.mayBeFillUp()) continue;
+    PlannedEntry* behind = nullptr;
+    for (PlannedEntry& planned : plan.entries) {
+      if (isUpwards ? planned.line > row.line : planned.line < row.line) continue;
+      const bool isNearer =
+          behind == nullptr || (isUpwards ? planned.line > behind->line : planned.line < behind->line);
+      if (isNearer) behind = &planned;
+    }
+    if (behind != nullptr) behind->doubts.insert(Doubt::LeftOutBefore);
   }
 }
 
@@ -172,43 +209,31 @@ std::vector<NapiAdat> ImportPlan::taken() const {
   return taken;
 }
 
-ImportPlan planImport(const LogFile& file, const Answers& answers, const core::Logbook& logbook,
-                      std::int16_t tankLitres) {
-  ImportPlan plan{.isOwn = file.isOwn, .entries = {}, .unread = file.unread};
-  const Behind behind(logbook, tankLitres);
-  for (const Candidate& candidate : inOrder(file, answers, logbook.record(logbook.count()).KmOra)) {
+ImportPlan planImport(const LogRows& rows, const Reading& reading, const PlanContext& context) {
+  const bool keeps = reading.isOwn && reading.has(Meaning::Consumption);
+  ImportPlan plan{.isOwn = keeps, .entries = {}, .unread = rows.unread, .whole = {}};
+  const core::Logbook& logbook = context.logbook;
+  for (const Candidate& candidate : inOrder(rows.rows, reading, logbook.record(logbook.count()).KmOra)) {
     try {
-      plan.entries.push_back(planned(candidate, answers));
-      behind.compare(plan.entries.back());
+      plan.entries.push_back(planned(candidate, reading, context));
     } catch (const core::Failure&) {
-      plan.unread.push_back({candidate.row->line, UnreadRow::Why::FigureTooLarge, {}, {}});
+      plan.unread.push_back({.line = candidate.row->line, .why = UnreadRow::Why::FigureTooLarge});
     }
   }
-  settle(plan, logbook);
+  std::ranges::stable_sort(plan.unread, {}, &UnreadRow::line);
+  findDuplicates(logbook, plan);
+  noticeLeftOut(rows.rows, plan);
+  settle(plan, context);
   return plan;
 }
 
-void settle(ImportPlan& plan, const core::Logbook& logbook) {
-  core::FullFillTrail trail;
-  for (int number = 1; number <= logbook.count(); ++number) trail.pass(logbook.record(number));
-  std::optional<std::int32_t> before;
-  if (logbook.count() > 0) before = logbook.record(logbook.count()).KmOra;
-  for (PlannedEntry& planned : plan.entries) {
-    compareReadings(before, planned);
-    if (!plan.isOwn) workOut(trail, planned);
-    if (!planned.isTaken) continue;
-    before = planned.entry.KmOra;
-    trail.pass(planned.entry);
-  }
-}
-
 void importEntries(core::FileSystem& files, const std::string& path, const core::Logbook& seen,
-                   const std::vector<NapiAdat>& entries) {
+                   const std::vector<NapiAdat>& whole) {
   core::RecordFile file(files, path, NapiAdat::kLength);
   const core::Logbook now(file.read(1, file.count()));
   if (!std::ranges::equal(now.bytes(), seen.bytes()))
     throw core::Failure(core::FailureKind::FileChanged).file(path);
-  file.appendAll(core::Logbook::of(entries).bytes());
+  file.replaceAll(core::Logbook::of(whole).bytes());
 }
 
 }  // namespace tarvik::exchange

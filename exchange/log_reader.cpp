@@ -1,164 +1,313 @@
-#include "exchange/log_reader.h"
-
 #include <algorithm>
+#include <array>
+#include <set>
 #include <utility>
 #include <variant>
 
 #include "core/failure.h"
-#include "core/record_file.h"
+#include "core/text.h"
+#include "exchange/columns.h"
+#include "exchange/log_reader.h"
 #include "exchange/own_format.h"
-#include "exchange/row_reader.h"
+#include "exchange/vehicles.h"
 
 namespace tarvik::exchange {
 namespace {
 
-constexpr std::size_t kMostRows = 2 * std::size_t{core::kHighestRecordNumber};
-constexpr std::size_t kMostCellsInAll = 2'000'000;
+using Why = UnreadRow::Why;
 
-// How well a file reads with a separator: its best row of heads.
-struct Fit {
-  int heads = 0;
-  std::vector<std::string> cells;
+bool hasDigit(std::string_view text) {
+  return text.find_first_of("0123456789") != std::string_view::npos;
+}
+
+// Notes of other programs may have several lines, a list has one.
+std::string onOneLine(std::string_view text) {
+  std::string line(core::trimmed(text));
+  std::ranges::replace_if(
+      line, [](char c) { return static_cast<unsigned char>(c) < 0x20; }, ' ');
+  return std::string(core::trimmed(line));
+}
+
+void join(std::string& text, const std::string& more) {
+  if (!text.empty() && !more.empty()) text += ", ";
+  text += more;
+}
+
+std::string wholeText(const CsvRow& row) {
+  constexpr std::size_t kLongest = 300;
+  std::string text;
+  for (const std::string& cell : row.cells)
+    if (!core::trimmed(cell).empty() && text.size() < kLongest)
+      text += (text.empty() ? "" : " | ") + onOneLine(cell);
+  return text;
+}
+
+// A sum, an average: a cell names it alone, or the first one begins with it ("Összesen 400 l").
+bool isTotal(const CsvRow& row) {
+  if (std::ranges::any_of(row.cells, namesTotal)) return true;
+  const auto first =
+      std::ranges::find_if(row.cells, [](const std::string& cell) { return !core::trimmed(cell).empty(); });
+  if (first == row.cells.end()) return false;
+  const std::vector<std::string> words = wordsOf(folded(*first));
+  return !words.empty() && namesTotal(words.front());
+}
+
+// A word for a service or an expense, beside fill-ups in one table.
+bool namesService(std::string_view kind) {
+  constexpr auto kServices = std::to_array<std::string_view>(
+      {"SERVICE", "EXPENSE",   "EXPENSES", "MAINTENANCE",  "REPAIR",  "INSURANCE",  "TAX",     "PARKING",
+       "TOLL",    "WASH",      "SZERVIZ",  "KIADAS",       "JAVITAS", "BIZTOSITAS", "WARTUNG", "REPARATUR",
+       "AUSGABE", "ENTRETIEN", "DEPENSE",  "MANUTENZIONE", "SPESA",   "DESPESA",    "GASTO",   "OTHER",
+       "EGYEB",   "SONSTIGES", "NOTE",     "COST",         "UPGRADE"});
+  const std::vector<std::string> words = wordsOf(folded(kind));
+  return std::ranges::any_of(
+      words, [&](const std::string& word) { return std::ranges::find(kServices, word) != kServices.end(); });
+}
+
+// The figures of a row in the file's own units.
+struct RowFigures {
+  std::optional<core::Ratio> odometer;
+  std::optional<core::Ratio> trip;
+  std::optional<core::Ratio> volume;
+  std::optional<core::Ratio> cost;
+  std::optional<core::Ratio> price;
+  std::optional<core::Ratio> noteCost;
 };
 
-Fit fitOf(std::string_view text, CsvShape shape) {
-  Fit best;
-  std::size_t rows = 0;
-  readCsv(text, shape, [&](CsvRow&& row) {
-    const int heads = recognisedHeads(row);
-    if (heads > best.heads) best = {heads, std::move(row.cells)};
-    return ++rows <= kMostRows;
-  });
-  return best;
-}
+struct FigureColumn {
+  Meaning meaning;
+  std::optional<core::Ratio> RowFigures::*place;
+};
 
-bool isApostrophed(const std::string& cell) {
-  return cell.size() >= 2 && cell.starts_with('\'') && cell.ends_with('\'');
-}
+constexpr auto kFigureColumns = std::to_array<FigureColumn>({{Meaning::Odometer, &RowFigures::odometer},
+                                                             {Meaning::Trip, &RowFigures::trip},
+                                                             {Meaning::Volume, &RowFigures::volume},
+                                                             {Meaning::TotalCost, &RowFigures::cost},
+                                                             {Meaning::UnitPrice, &RowFigures::price},
+                                                             {Meaning::NoteCost, &RowFigures::noteCost}});
 
-// Reads all rows; the fault that ends them goes into the file.
-std::vector<CsvRow> rowsOf(std::string_view text, LogFile& file) {
-  std::vector<CsvRow> rows;
-  std::size_t cells = 0;
-  const auto isTooMuch = [&] { return rows.size() > kMostRows || cells > kMostCellsInAll; };
-  const CsvEnd end = readCsv(text, file.shape, [&](CsvRow&& row) {
-    cells += row.cells.size();
-    rows.push_back(std::move(row));
-    return !isTooMuch();
-  });
-  if (isTooMuch()) file.fault = LogFault::TooManyRows;
-  if (end.fault == CsvEnd::Fault::RowTooLong) file.fault = LogFault::RowTooLong;
-  file.isCutInQuotes = end.fault == CsvEnd::Fault::OpenQuote;
-  file.faultLine = end.line;
-  return rows;
-}
+class RowReader {
+ public:
+  RowReader(const LogTable& table, const Reading& reading) : table_(table), reading_(reading) {}
 
-std::vector<std::string> headsOf(const LogTable& table) {
-  std::vector<std::string> heads;
-  for (const ColumnReading& column : table.columns) heads.push_back(column.head);
-  return heads;
-}
-
-UnreadRow::Why whyUnread(const CsvRow& row, std::size_t column) {
-  if (column != 0) return UnreadRow::Why::FigureNotUnderstood;
-  return row.cell(column).empty() ? UnreadRow::Why::NoDay : UnreadRow::Why::DayNotUnderstood;
-}
-
-void readOwnRows(const LogTable& table, LogFile& file) {
-  file.isOwn = true;
-  file.currency = "HUF";
-  file.saysWhichAreFull = true;
-  for (const CsvRow& row : table.rows) {
-    std::size_t column = 0;
-    const auto entry = ownEntry(row, column);
-    if (entry) {
-      OwnTexts texts = ownTexts(row);
-      file.rows.push_back({.line = row.line,
-                           .day = *core::dayFromStored(entry->Datum),
-                           .note = std::move(texts.note),
-                           .part = std::move(texts.part),
-                           .own = entry});
-    } else {
-      file.unread.push_back(
-          {row.line, whyUnread(row, column), table.columns[column].head, std::string(row.cell(column))});
+  std::variant<LogRow, UnreadRow> read(const TableRow& row, std::size_t place) const {
+    if (const auto why = whyNoData(row)) return unread(row, *why, row.section, {});
+    const CsvRow& cells = row.row;
+    const auto day = dayOfRow(cells, reading_);
+    if (!day && isTotal(cells)) return unread(row, Why::Total, {}, {});
+    if (!day) return unreadDay(row);
+    if (!isWanted(row, place)) return unread(row, Why::OtherVehicle, vehicleOf(row, table_, reading_), {});
+    if (reading_.isOwn) return readOwn(row, *day);
+    if (hasStrayFigure(cells)) return unread(row, Why::TooManyCells, {}, cells.cells.back());
+    try {
+      return readFigures(row, *day);
+    } catch (const core::Failure&) {
+      return unreadCell(row, Why::FigureTooLarge, reading_.columnOf(Meaning::Volume));
     }
   }
-}
 
-void noteVehicle(LogFile& file, const std::string& vehicle) {
-  if (vehicle.empty() || std::ranges::find(file.vehicles, vehicle) != file.vehicles.end()) return;
-  file.vehicles.push_back(vehicle);
-}
-
-void readForeignRows(const LogTable& table, LogFile& file) {
-  const RowReader reader(table, file);
-  for (const CsvRow& row : table.rows) {
-    auto read = reader.read(row);
-    if (const auto* unread = std::get_if<UnreadRow>(&read)) {
-      file.unread.push_back(*unread);
-      continue;
+ private:
+  static std::optional<Why> whyNoData(const TableRow& row) {
+    switch (row.kind) {
+      case RowKind::Data:
+        return std::nullopt;
+      case RowKind::Empty:
+        return Why::Empty;
+      case RowKind::Heads:
+        return Why::Heads;
+      case RowKind::Title:
+        return Why::Title;
+      case RowKind::Comment:
+        return Why::Comment;
+      case RowKind::BeforeTable:
+        return Why::BeforeTable;
+      case RowKind::OtherSection:
+        return Why::OtherSection;
     }
-    file.rows.push_back(std::get<LogRow>(std::move(read)));
-    noteVehicle(file, file.rows.back().vehicle);
+    return std::nullopt;
   }
-}
 
-// Figures too large to compare are no prices.
-bool isCheap(const LogRow& row, const core::Ratio& litres) {
-  try {
-    return row.totalCost < row.volume * litres * kCheapestForints;
-  } catch (const core::Failure&) {
+  std::string_view cell(const CsvRow& row, Meaning meaning) const {
+    return core::trimmed(row.cell(reading_.columnOf(meaning)));
+  }
+
+  UnreadRow unread(const TableRow& row, Why why, std::string head, std::string cellText) const {
+    UnreadRow unread{.line = row.row.line, .why = why, .head = std::move(head), .cell = std::move(cellText)};
+    unread.text = wholeText(row.row);
+    if (row.kind != RowKind::Data) return unread;
+    unread.day = onOneLine(cell(row.row, Meaning::Day));
+    unread.odometer =
+        onOneLine(cell(row.row, reading_.has(Meaning::Odometer) ? Meaning::Odometer : Meaning::Trip));
+    unread.volume = onOneLine(cell(row.row, Meaning::Volume));
+    unread.cost = onOneLine(cell(row.row, Meaning::TotalCost));
+    return unread;
+  }
+
+  UnreadRow unreadCell(const TableRow& row, Why why, std::size_t column) const {
+    const bool isThere = column < reading_.columns.size();
+    return unread(row, why, isThere ? reading_.columns[column].head : std::string(),
+                  std::string(core::trimmed(row.row.cell(column))));
+  }
+
+  UnreadRow unreadDay(const TableRow& row) const {
+    const Meaning meaning = reading_.has(Meaning::Day) ? Meaning::Day : Meaning::DayOfMonth;
+    return unreadCell(row, cell(row.row, meaning).empty() ? Why::NoDay : Why::DayNotUnderstood,
+                      reading_.columnOf(meaning));
+  }
+
+  bool isWanted(const TableRow& row, std::size_t place) const {
+    if (!reading_.vehicle || *reading_.vehicle >= reading_.vehicles.size()) return true;
+    if (!reading_.vehicleOfRow.empty()) return reading_.vehicleOfRow[place] == *reading_.vehicle;
+    return vehicleOf(row, table_, reading_) == reading_.vehicles[*reading_.vehicle].name;
+  }
+
+  // A figure behind the last head comes of a decimal comma that was taken for a separator.
+  bool hasStrayFigure(const CsvRow& row) const {
+    if (table_.shape.separator != ',' || row.cells.size() <= table_.heads.size()) return false;
+    return std::any_of(row.cells.begin() + static_cast<std::ptrdiff_t>(table_.heads.size()), row.cells.end(),
+                       [](const std::string& extra) { return isFigureCell(extra); });
+  }
+
+  // Nothing for an empty cell; one without a digit ("-", "n/a") is as good as empty.
+  std::optional<std::optional<core::Ratio>> figure(const CsvRow& row, Meaning meaning) const {
+    const std::string_view text = cell(row, meaning);
+    if (!hasDigit(text)) return std::nullopt;
+    auto value = isFigureCell(text) ? readFigure(text, reading_.columns[reading_.columnOf(meaning)].sign)
+                                    : std::nullopt;
+    if (value && *value < 0) value.reset();
+    return value;
+  }
+
+  std::variant<LogRow, UnreadRow> readFigures(const TableRow& row, core::Day day) const {
+    RowFigures figures;
+    for (const auto& [meaning, place] : kFigureColumns) {
+      const auto found = figure(row.row, meaning);
+      if (found && !*found) return unreadCell(row, Why::FigureNotUnderstood, reading_.columnOf(meaning));
+      if (found) figures.*place = *found;
+    }
+    LogRow read{.line = row.row.line, .day = day};
+    if (namesService(cell(row.row, Meaning::Kind))) figures.volume.reset();
+    convert(row.row, figures, read);
+    if (!read.litres.isZero() && !read.kilometres && !read.trip)
+      return unreadCell(row, Why::NoOdometer,
+                        std::min(reading_.columnOf(Meaning::Odometer), reading_.columnOf(Meaning::Trip)));
+    readWords(row.row, read);
+    if (read.litres.isZero() && read.forints.isZero() && read.noteForints.isZero() && read.note.empty())
+      return unreadCell(row, Why::NothingInIt, reading_.columnOf(Meaning::Volume));
+    return read;
+  }
+
+  void convert(const CsvRow& row, const RowFigures& figures, LogRow& read) const {
+    const core::Ratio kilometres = kilometresOf(distanceUnitOf(row));
+    if (figures.odometer) read.kilometres = *figures.odometer * kilometres;
+    if (figures.trip && !reading_.has(Meaning::Odometer)) read.trip = *figures.trip * kilometres;
+    core::Ratio volume = figures.volume.value_or(0);
+    const core::Ratio price = figures.price.value_or(0) / reading_.priceShare;
+    core::Ratio cost = figures.cost.value_or(0);
+    const bool isService = namesService(cell(row, Meaning::Kind));
+    if (volume.isZero() && !cost.isZero() && !price.isZero() && !reading_.has(Meaning::Volume) && !isService)
+      volume = cost / price;
+    if (cost.isZero()) cost = price * volume;
+    const core::Ratio rate = rateOf(row);
+    read.litres = volume * litresOf(volumeUnitOf(row));
+    read.forints = cost * rate;
+    read.noteForints = figures.noteCost.value_or(0) * rate;
+  }
+
+  DistanceUnit distanceUnitOf(const CsvRow& row) const {
+    for (const Meaning meaning : {Meaning::DistanceUnit, Meaning::Odometer, Meaning::Trip})
+      if (const auto unit = unitHintOf(cell(row, meaning)).distance) return *unit;
+    return reading_.distance;
+  }
+
+  VolumeUnit volumeUnitOf(const CsvRow& row) const {
+    for (const Meaning meaning : {Meaning::VolumeUnit, Meaning::Volume}) {
+      const UnitHint hint = unitHintOf(cell(row, meaning));
+      if (!hint.volume) continue;
+      return hint.isGallonOpen && reading_.volume != VolumeUnit::Litre ? reading_.volume : *hint.volume;
+    }
+    return reading_.volume;
+  }
+
+  core::Ratio rateOf(const CsvRow& row) const {
+    std::string currency;
+    for (const Meaning meaning : {Meaning::Currency, Meaning::TotalCost, Meaning::UnitPrice})
+      if (currency.empty()) currency = currencyOf(cell(row, meaning));
+    if (currency.empty()) currency = reading_.currency;
+    const auto found = reading_.rates.find(currency);
+    return found == reading_.rates.end() ? core::Ratio(1) : found->second;
+  }
+
+  bool isFull(const CsvRow& row) const {
+    if (!reading_.saysWhichAreFull) return true;
+    const std::string_view text = cell(row, reading_.has(Meaning::Full) ? Meaning::Full : Meaning::Partial);
+    const std::string key = folded(text);
+    for (const FullWord& word : reading_.fullWords)
+      if (word.word == text || (!key.empty() && folded(word.word) == key)) return word.isFull.value_or(false);
     return false;
   }
-}
+
+  static bool saysMissed(std::string_view text) {
+    return yesOrNo(text).value_or(hasDigit(text) &&
+                                  text.find_first_of("123456789") != std::string_view::npos);
+  }
+
+  void readWords(const CsvRow& row, LogRow& read) const {
+    const bool isFuelling = !read.litres.isZero();
+    read.isFull = isFuelling && isFull(row);
+    read.isAfterMissed = isFuelling && saysMissed(cell(row, Meaning::Missed));
+    read.isDamaged = std::ranges::any_of(
+        row.cells, [](const std::string& text) { return text.find("\xEF\xBF\xBD") != std::string::npos; });
+    read.part = onOneLine(cell(row, Meaning::Part));
+    read.note = onOneLine(cell(row, Meaning::Description));
+    for (std::size_t i = 0; i < reading_.columns.size(); ++i)
+      if (reading_.columns[i].meaning == Meaning::Note) join(read.note, onOneLine(row.cell(i)));
+    if (read.note.empty() && !isFuelling && !namesFuelling(cell(row, Meaning::Kind)))
+      read.note = onOneLine(cell(row, Meaning::Kind));
+  }
+
+  std::variant<LogRow, UnreadRow> readOwn(const TableRow& row, core::Day day) const {
+    std::size_t column = 0;
+    const CsvRow own = ownRow(row.row, reading_, day);
+    const auto entry = ownEntry(own, column);
+    if (!entry) return unreadCell(row, Why::FigureNotUnderstood, ownColumn(reading_, column));
+    OwnTexts texts = ownTexts(own);
+    return LogRow{.line = row.row.line,
+                  .day = day,
+                  .kilometres = core::Ratio(entry->KmOra),
+                  .litres = entry->TankoltLiter.ratio(),
+                  .note = std::move(texts.note),
+                  .part = std::move(texts.part),
+                  .own = entry,
+                  .hasOwnConsumption = reading_.has(Meaning::Consumption)};
+  }
+
+  const LogTable& table_;
+  const Reading& reading_;
+};
 
 }  // namespace
 
-CsvShape findShape(std::string_view text) {
-  CsvShape best;
-  Fit bestFit;
-  for (const char separator : {';', ',', '\t', '|'}) {
-    Fit fit = fitOf(text, {.separator = separator, .quote = '"'});
-    if (fit.heads <= bestFit.heads) continue;
-    best.separator = separator;
-    bestFit = std::move(fit);
-  }
-  const auto apostrophed = std::ranges::count_if(bestFit.cells, isApostrophed);
-  if (2 * static_cast<std::size_t>(apostrophed) > bestFit.cells.size()) best.quote = '\'';
-  return best;
+bool UnreadRow::mayBeFillUp() const {
+  constexpr auto kNone =
+      std::to_array<Why>({Why::NothingInIt, Why::Total, Why::OtherVehicle, Why::OtherSection, Why::Heads,
+                          Why::Title, Why::Comment, Why::BeforeTable, Why::Empty});
+  return std::ranges::find(kNone, why) == kNone.end() && (hasDigit(volume) || why == Why::TooManyCells);
 }
 
-bool costsAreForeign(const LogFile& file) {
-  if (!file.hasCosts || !file.currency.empty()) return file.hasCosts && file.currency != "HUF";
-  int cheap = 0;
-  int priced = 0;
-  for (const LogRow& row : file.rows) {
-    if (row.volume.isZero() || row.totalCost.isZero()) continue;
-    ++priced;
-    if (isCheap(row, litresOf(file.volume))) ++cheap;
+LogRows readRows(const LogTable& table, const Reading& reading) {
+  const RowReader reader(table, reading);
+  LogRows rows;
+  std::size_t place = 0;
+  for (const TableRow& row : table.rows) {
+    auto read = reader.read(row, place);
+    if (row.kind == RowKind::Data) ++place;
+    if (auto* unread = std::get_if<UnreadRow>(&read))
+      rows.unread.push_back(std::move(*unread));
+    else
+      rows.rows.push_back(std::get<LogRow>(std::move(read)));
   }
-  return 2 * cheap > priced;
-}
-
-LogFile readLog(std::string_view text, std::optional<DayOrder> dayOrder) {
-  LogFile file;
-  file.shape = findShape(text);
-  std::vector<CsvRow> rows = rowsOf(text, file);
-  if (file.fault != LogFault::None) return file;
-  LogTable table = findLogTable(std::move(rows));
-  if (table.columns.empty()) {
-    file.fault = LogFault::NoTable;
-    return file;
-  }
-  file.skipped = table.skipped;
-  if (areOwnHeads(headsOf(table))) {
-    readOwnRows(table, file);
-  } else {
-    findOutHow(table, dayOrder, file);
-    readForeignRows(table, file);
-  }
-  file.columns = std::move(table.columns);
-  return file;
+  return rows;
 }
 
 }  // namespace tarvik::exchange

@@ -1,22 +1,33 @@
 #include "exchange/log_table.h"
 
 #include <algorithm>
+#include <map>
+#include <set>
 #include <utility>
 
+#include "core/record_file.h"
 #include "core/text.h"
 #include "exchange/days.h"
+#include "exchange/heads.h"
 #include "exchange/numbers.h"
 
 namespace tarvik::exchange {
 namespace {
 
+constexpr std::size_t kMostRows = 2 * std::size_t{core::kHighestRecordNumber};
+constexpr std::size_t kMostCellsInAll = 2'000'000;
+
+bool isFilled(const std::string& cell) {
+  return !core::trimmed(cell).empty();
+}
+
 std::size_t filledCells(const CsvRow& row) {
-  return static_cast<std::size_t>(
-      std::ranges::count_if(row.cells, [](const std::string& cell) { return !core::trimmed(cell).empty(); }));
+  return static_cast<std::size_t>(std::ranges::count_if(row.cells, isFilled));
 }
 
 bool isValue(std::string_view cell) {
-  return readDay(cell, DayOrder::DayFirst) || readDay(cell, DayOrder::MonthFirst) || isBareFigure(cell);
+  return isBareFigure(cell) ||
+         (cell.find_first_of("0123456789") != std::string_view::npos && looksLikeDay(cell));
 }
 
 // Whether a row could be the heads of any table: two cells and more, no values among them.
@@ -25,17 +36,14 @@ bool couldBeHeads(const CsvRow& row) {
 }
 
 std::string_view firstFilled(const CsvRow& row) {
-  const auto found =
-      std::ranges::find_if(row.cells, [](const std::string& cell) { return !core::trimmed(cell).empty(); });
-  return found == row.cells.end() ? std::string_view() : std::string_view(*found);
+  const auto found = std::ranges::find_if(row.cells, isFilled);
+  return found == row.cells.end() ? std::string_view() : core::trimmed(*found);
 }
 
-// A title stands alone in its row: marked by #, or followed by heads.
-bool isTitle(const CsvRow& row, const CsvRow* next) {
-  if (filledCells(row) != 1) return false;
+// Marked as a comment or a title; "#1" is a number.
+bool isMarked(const CsvRow& row) {
   const std::string_view text = firstFilled(row);
-  if (text.starts_with('#')) return true;
-  return !isValue(text) && next != nullptr && couldBeHeads(*next);
+  return text.starts_with('#') && (text.size() < 2 || text[1] < '0' || text[1] > '9');
 }
 
 std::string titleText(const CsvRow& row) {
@@ -44,136 +52,274 @@ std::string titleText(const CsvRow& row) {
   return std::string(text);
 }
 
-bool isLogHeads(const std::vector<ColumnReading>& heads) {
-  const auto has = [&](Meaning meaning) {
-    return std::ranges::any_of(heads, [&](const ColumnReading& head) { return head.meaning == meaning; });
+// How well the cells of a row serve as the heads of fill-ups: nothing without two of a day, how far the car
+// had come and how much was taken.
+int headScore(const CsvRow& row) {
+  std::set<HeadWord> words;
+  int known = 0;
+  for (const std::string& cell : row.cells) {
+    const HeadWord word = isFilled(cell) ? readHead(cell).word : HeadWord::Unknown;
+    if (word == HeadWord::Unknown) continue;
+    ++known;
+    words.insert(word);
+  }
+  const auto hasOneOf = [&](std::initializer_list<HeadWord> list) {
+    return std::ranges::any_of(list, [&](HeadWord word) { return words.contains(word); }) ? 1 : 0;
   };
-  return has(Meaning::Day) && has(Meaning::Odometer) && has(Meaning::Volume);
+  const int needed = hasOneOf({HeadWord::Day, HeadWord::Year}) +
+                     hasOneOf({HeadWord::Odometer, HeadWord::Distance, HeadWord::Trip}) +
+                     hasOneOf({HeadWord::Volume, HeadWord::Fuel, HeadWord::Amount});
+  return needed < 2 ? 0 : 100 * needed + known;
 }
 
-bool isLogHeadRow(const CsvRow& row) {
-  return couldBeHeads(row) && isLogHeads(readHeads(row));
-}
-
-// A row without values that names a day is the heads of a table even where no title announces it.
 bool namesDay(const CsvRow& row) {
   return std::ranges::any_of(row.cells,
-                             [](const std::string& cell) { return meaningOf(cell) == Meaning::Day; });
+                             [](const std::string& cell) { return readHead(cell).word == HeadWord::Day; });
 }
 
-// A table of the file: its title, its heads and its rows.
-struct Table {
+// A part of the file: its title, its heads and how many rows it has.
+struct Section {
   std::string title;
   CsvRow heads;
-  std::vector<CsvRow> rows;
+  int score = 0;
+  std::size_t rows = 0;
 
-  bool isLog() const { return isLogHeads(readHeads(heads)); }
+  std::string name() const { return title.empty() ? std::string(firstFilled(heads)) : title; }
+  std::string key() const {
+    std::string key;
+    for (const std::string& cell : heads.cells) key += folded(cell) + '|';
+    return key;
+  }
 };
 
-// Cuts a file into its tables. What stands before the first one's heads is a title or nothing.
-class TableCutter {
+// Cuts a file into its sections, row by row.
+class Cutter {
  public:
-  std::vector<Table> cut(std::vector<CsvRow> rows) {
-    for (std::size_t i = 0; i < rows.size(); ++i)
-      take(std::move(rows[i]), i + 1 < rows.size() ? &rows[i + 1] : nullptr);
-    return std::move(tables_);
+  explicit Cutter(std::vector<CsvRow> rows) : rows_(std::move(rows)) {}
+
+  void cut() {
+    for (at_ = 0; at_ < rows_.size(); ++at_) place(rows_[at_]);
   }
+
+  std::vector<Section> sections;
+  std::vector<RowKind> kinds;
+  std::vector<int> places;  ///< the section of each row, -1 for none
+
+  std::vector<CsvRow> takeRows() { return std::move(rows_); }
 
  private:
-  void take(CsvRow row, const CsvRow* next) {
-    if (isTitle(row, next)) return open(titleText(row));
-    if (filledCells(row) == 0) return;
-    if (isLogHeadRow(row)) return takeLogHeads(std::move(row));
-    if (couldBeHeads(row) && (needsHeads_ || namesDay(row))) return takeHeads(std::move(row));
-    if (!needsHeads_ && !tables_.empty()) tables_.back().rows.push_back(std::move(row));
+  const CsvRow* following() const {
+    for (std::size_t i = at_ + 1; i < rows_.size(); ++i)
+      if (filledCells(rows_[i]) > 0) return &rows_[i];
+    return nullptr;
   }
 
-  void open(std::string title) {
-    title_ = std::move(title);
-    needsHeads_ = true;
+  void put(RowKind kind) {
+    kinds.push_back(kind);
+    places.push_back(static_cast<int>(sections.size()) - 1);
+  }
+
+  // A title stands alone in its row, and heads follow it.
+  bool isTitle(const CsvRow& row) const {
+    const CsvRow* next = following();
+    if (filledCells(row) != 1 || next == nullptr || isValue(firstFilled(row))) return false;
+    return isMarked(row) ? couldBeHeads(*next) || firstFilled(row).starts_with("##")
+                         : couldBeHeads(*next) &&
+                               (sections.empty() || namesDay(*next) || headScore(*next) > 0 || isApart());
+  }
+
+  bool isApart() const { return at_ > 0 && filledCells(rows_[at_ - 1]) == 0; }
+
+  void place(const CsvRow& row) {
+    if (filledCells(row) == 0) return put(RowKind::Empty);
+    if (isTitle(row)) return open(row);
+    if (!sections.empty() && isUnitRow(row)) return addUnits(row);
+    const int score = couldBeHeads(row) ? headScore(row) : 0;
+    if (isMarked(row) && score == 0) return put(RowKind::Comment);
+    if (score > 0 && isAgain(row)) return put(RowKind::Heads);
+    if (score > 0 || (couldBeHeads(row) && (isOpen_ || namesDay(row)))) return begin(row, score);
+    if (!sections.empty()) ++sections.back().rows;
+    put(sections.empty() || isOpen_ ? RowKind::BeforeTable : RowKind::Data);
+  }
+
+  void open(const CsvRow& row) {
+    title_ = titleText(row);
+    isOpen_ = true;
+    kinds.push_back(RowKind::Title);
+    places.push_back(-1);
+  }
+
+  void begin(const CsvRow& row, int score) {
+    sections.push_back({.title = std::exchange(title_, {}), .heads = row, .score = score, .rows = 0});
+    isOpen_ = false;
+    put(RowKind::Heads);
   }
 
   // Heads that come again, on a further page, begin no other table.
-  void takeLogHeads(CsvRow row) {
-    if (!needsHeads_ && !tables_.empty() && tables_.back().heads.cells == row.cells) return;
-    takeHeads(std::move(row));
+  bool isAgain(const CsvRow& row) const {
+    return !isOpen_ && !sections.empty() && sections.back().heads.cells == row.cells;
   }
 
-  void takeHeads(CsvRow row) {
-    tables_.push_back({.title = std::exchange(title_, {}), .heads = std::move(row), .rows = {}});
-    needsHeads_ = false;
+  // Units may stand in a row of their own below the heads.
+  bool isUnitRow(const CsvRow& row) const {
+    if (sections.back().rows > 0 || sections.back().score == 0) return false;
+    return std::ranges::all_of(row.cells,
+                               [](const std::string& cell) { return !isFilled(cell) || isUnitText(cell); });
   }
 
-  std::vector<Table> tables_;
+  void addUnits(const CsvRow& row) {
+    std::vector<std::string>& heads = sections.back().heads.cells;
+    for (std::size_t i = 0; i < std::min(heads.size(), row.cells.size()); ++i)
+      if (isFilled(row.cells[i])) heads[i] += " (" + std::string(core::trimmed(row.cells[i])) + ")";
+    put(RowKind::Heads);
+  }
+
+  std::vector<CsvRow> rows_;
+  std::size_t at_ = 0;
   std::string title_;
-  bool needsHeads_ = true;
+  bool isOpen_ = false;
 };
 
-bool isFigureMeaning(Meaning meaning) {
-  return meaning == Meaning::Odometer || meaning == Meaning::Volume || meaning == Meaning::TotalCost ||
-         meaning == Meaning::UnitPrice || meaning == Meaning::Price;
+// A separator and how well a file reads with it.
+struct Fit {
+  int heads = 0;
+  std::size_t steadyRows = 0;  // that have as many cells as most of them have, times those cells
+
+  friend auto operator<=>(const Fit&, const Fit&) = default;
+};
+
+Fit fitOf(std::string_view text, CsvShape shape, bool& isApostrophed) {
+  constexpr std::size_t kEnough = 400;
+  Fit fit;
+  std::size_t rows = 0;
+  std::map<std::size_t, std::size_t> lengths;
+  readCsv(text, shape, [&](CsvRow&& row) {
+    const int heads = couldBeHeads(row) ? headScore(row) : 0;
+    if (heads > fit.heads) {
+      fit.heads = heads;
+      isApostrophed = 2 * static_cast<std::size_t>(std::ranges::count_if(row.cells,
+                                                                         [](const std::string& cell) {
+                                                                           return cell.size() >= 2 &&
+                                                                                  cell.starts_with('\'') &&
+                                                                                  cell.ends_with('\'');
+                                                                         })) >
+                      row.cells.size();
+    }
+    if (row.cells.size() > 1) ++lengths[row.cells.size()];
+    return ++rows <= kEnough;
+  });
+  for (const auto& [cells, count] : lengths)
+    fit.steadyRows = std::max(fit.steadyRows, count * std::min<std::size_t>(cells, 8));
+  return fit;
 }
 
-// Whether most of the cells that are filled in the column are figures; a column without any is none.
-bool holdsFigures(const std::vector<CsvRow>& rows, std::size_t column) {
-  int figures = 0;
-  int others = 0;
-  for (const CsvRow& row : rows)
-    if (!core::trimmed(row.cell(column)).empty()) ++(looksLikeFigure(row.cell(column)) ? figures : others);
-  return figures > others;
-}
-
-// Leaves each meaning to one column: the first whose cells fit it.
-void keepFirstOfEach(LogTable& table) {
-  std::vector<Meaning> taken;
-  for (std::size_t column = 0; column < table.columns.size(); ++column) {
-    Meaning& meaning = table.columns[column].meaning;
-    if (meaning == Meaning::Ignored) continue;
-    const bool fits = !isFigureMeaning(meaning) || table.rows.empty() || holdsFigures(table.rows, column);
-    if (!fits || std::ranges::find(taken, meaning) != taken.end())
-      meaning = Meaning::Ignored;
-    else
-      taken.push_back(meaning);
+CsvShape findShape(std::string_view text, std::optional<char> given) {
+  CsvShape best;
+  Fit bestFit;
+  bool isApostrophed = false;
+  for (const char separator : {';', ',', '\t', '|'}) {
+    if (given && *given != separator) continue;
+    bool isApostrophedHere = false;
+    const Fit fit = fitOf(text, {.separator = separator, .quote = '"'}, isApostrophedHere);
+    if (!given && fit <= bestFit) continue;
+    best.separator = separator;
+    bestFit = fit;
+    isApostrophed = isApostrophedHere;
   }
+  if (isApostrophed) best.quote = '\'';
+  return best;
 }
 
-SkippedSection skippedOf(const Table& table) {
-  const std::string name = table.title.empty() ? std::string(firstFilled(table.heads)) : table.title;
-  return {name, table.heads.line, static_cast<int>(table.rows.size())};
+// Reads all rows; the fault that ends them goes into the table.
+std::vector<CsvRow> rowsOf(std::string_view text, LogTable& table) {
+  std::vector<CsvRow> rows;
+  std::size_t cells = 0;
+  const auto isTooMuch = [&] { return rows.size() > kMostRows || cells > kMostCellsInAll; };
+  const CsvEnd end = readCsv(text, table.shape, [&](CsvRow&& row) {
+    cells += row.cells.size();
+    rows.push_back(std::move(row));
+    return !isTooMuch();
+  });
+  if (isTooMuch()) table.fault = LogTable::Fault::TooManyRows;
+  if (end.fault == CsvEnd::Fault::RowTooLong) table.fault = LogTable::Fault::RowTooLong;
+  table.isCutInQuotes = end.fault == CsvEnd::Fault::OpenQuote;
+  table.faultLine = end.line;
+  return rows;
+}
+
+int bestSection(const std::vector<Section>& sections) {
+  int best = -1;
+  for (int i = 0; i < static_cast<int>(sections.size()); ++i) {
+    const Section& section = sections[static_cast<std::size_t>(i)];
+    const auto worth = [](const Section& found) { return std::pair(found.score, found.rows); };
+    if (best < 0 || worth(section) > worth(sections[static_cast<std::size_t>(best)])) best = i;
+  }
+  return best;
+}
+
+// The sections that belong to the table of fill-ups: the best one and those with the same heads.
+void settleSections(Cutter& cutter, LogTable& table) {
+  const int best = bestSection(cutter.sections);
+  const std::string key = cutter.sections[static_cast<std::size_t>(best)].key();
+  table.heads = cutter.sections[static_cast<std::size_t>(best)].heads.cells;
+  table.hasHeads = true;
+  std::set<std::string> titles;
+  std::vector<CsvRow> rows = cutter.takeRows();
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    TableRow row{std::move(rows[i]), cutter.kinds[i], {}};
+    if (cutter.places[i] >= 0) {
+      const Section& section = cutter.sections[static_cast<std::size_t>(cutter.places[i])];
+      const bool isLog = section.key() == key;
+      row.section = section.name();
+      if (isLog && row.kind == RowKind::Data) titles.insert(section.title);
+      if (!isLog && row.kind == RowKind::Data) row.kind = RowKind::OtherSection;
+    }
+    table.rows.push_back(std::move(row));
+  }
+  table.hasSections = titles.size() > 1;
+}
+
+// A file without heads: the rows that have as many cells as most.
+void takeUnheaded(std::vector<CsvRow> rows, LogTable& table) {
+  std::map<std::size_t, std::size_t> lengths;
+  for (const CsvRow& row : rows)
+    if (filledCells(row) > 1) ++lengths[row.cells.size()];
+  const auto most = std::ranges::max_element(lengths, {}, [](const auto& length) { return length.second; });
+  if (most == lengths.end()) {
+    table.fault = LogTable::Fault::NoTable;
+    return;
+  }
+  const auto first =
+      std::ranges::find_if(rows, [&](const CsvRow& row) { return row.cells.size() == most->first; });
+  const std::size_t headsAt = static_cast<std::size_t>(first - rows.begin());
+  table.hasHeads = couldBeHeads(*first);
+  for (std::size_t i = 1; i <= most->first; ++i)
+    table.heads.push_back(table.hasHeads ? first->cells[i - 1] : std::to_string(i) + ". oszlop");
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    const RowKind kind = filledCells(rows[i]) == 0        ? RowKind::Empty
+                         : isMarked(rows[i])              ? RowKind::Comment
+                         : i < headsAt                    ? RowKind::BeforeTable
+                         : i == headsAt && table.hasHeads ? RowKind::Heads
+                                                          : RowKind::Data;
+    table.rows.push_back({std::move(rows[i]), kind, {}});
+  }
 }
 
 }  // namespace
 
-std::size_t LogTable::columnOf(Meaning meaning) const {
-  const auto found = std::ranges::find(columns, meaning, &ColumnReading::meaning);
-  return static_cast<std::size_t>(found - columns.begin());
-}
-
-std::vector<ColumnReading> readHeads(const CsvRow& row) {
-  std::vector<ColumnReading> columns;
-  for (const std::string& cell : row.cells)
-    columns.push_back({std::string(core::trimmed(cell)), meaningOf(cell)});
-  return columns;
-}
-
-int recognisedHeads(const CsvRow& row) {
-  if (!isLogHeadRow(row)) return 0;
-  return static_cast<int>(std::ranges::count_if(
-      readHeads(row), [](const ColumnReading& head) { return head.meaning != Meaning::Ignored; }));
-}
-
-LogTable findLogTable(std::vector<CsvRow> rows) {
-  LogTable found;
-  for (Table& table : TableCutter().cut(std::move(rows))) {
-    if (found.columns.empty() && table.isLog()) {
-      found.columns = readHeads(table.heads);
-      found.rows = std::move(table.rows);
-    } else if (!table.rows.empty()) {
-      found.skipped.push_back(skippedOf(table));
-    }
-  }
-  keepFirstOfEach(found);
-  return found;
+LogTable readTable(std::string_view text, std::optional<char> separator) {
+  LogTable table;
+  table.shape = findShape(text, separator);
+  std::vector<CsvRow> rows = rowsOf(text, table);
+  if (table.fault != LogTable::Fault::None) return table;
+  Cutter cutter(std::move(rows));
+  cutter.cut();
+  if (cutter.sections.empty())
+    takeUnheaded(cutter.takeRows(), table);
+  else
+    settleSections(cutter, table);
+  for (std::string& head : table.heads) head = std::string(core::trimmed(head));
+  return table;
 }
 
 }  // namespace tarvik::exchange

@@ -1,52 +1,53 @@
 #pragma once
 
-#include <cstddef>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "exchange/csv_rows.h"
-#include "exchange/heads.h"
 
 namespace tarvik::exchange {
 
-/// A column as it was read.
-struct ColumnReading {
-  std::string head;
-  Meaning meaning = Meaning::Ignored;
-
-  friend bool operator==(const ColumnReading&, const ColumnReading&) = default;
+/// What a row of a file is.
+enum class RowKind {
+  Data,          ///< of the table of fill-ups
+  Empty,         ///< nothing but separators
+  Heads,         ///< the heads of the table, also where they come again on a further page
+  Title,         ///< of a part of the file
+  Comment,       ///< begins with #
+  BeforeTable,   ///< what stands over the first heads
+  OtherSection,  ///< of a part that holds something else than fill-ups
 };
 
-/// A part of the file that holds something else than fill-ups.
-struct SkippedSection {
-  std::string name;  ///< its title in the file, or its first heads
-  int firstLine = 0;
-  int rows = 0;  ///< heads and titles aside
-
-  friend bool operator==(const SkippedSection&, const SkippedSection&) = default;
+/// A row of a file and where it belongs.
+struct TableRow {
+  CsvRow row;
+  RowKind kind = RowKind::Data;
+  std::string section{};  ///< the title of its part of the file, or that part's first head
 };
 
-/// The table of fill-ups that was found in a file.
+/// A whole file as rows, and the table of fill-ups among them.
 struct LogTable {
-  std::vector<ColumnReading> columns;  ///< empty: there is no such table
-  std::vector<CsvRow> rows;
-  std::vector<SkippedSection> skipped;
-
-  /// Where the first column of that meaning is; columns.size() for none.
-  std::size_t columnOf(Meaning meaning) const;
-  bool has(Meaning meaning) const { return columnOf(meaning) < columns.size(); }
+  enum class Fault {
+    None,
+    RowTooLong,   ///< an endless line, a quote that is never closed
+    TooManyRows,  ///< more rows than a logbook takes
+    NoTable,      ///< no two rows with several cells
+  };
+  Fault fault = Fault::None;
+  int faultLine = 0;
+  CsvShape shape;
+  bool isCutInQuotes = false;  ///< the file ends inside a quoted cell, from faultLine on
+  bool hasHeads = false;       ///< otherwise the columns are only numbered
+  bool hasSections = false;  ///< several titled tables with the same heads: their titles tell vehicles apart
+  std::vector<std::string> heads;
+  std::vector<TableRow> rows;  ///< all of them, in the order of the file
 };
 
-/// Finds the table of fill-ups among the rows of a file: heads that name a day, a reading and a volume. A
-/// file may have titles over its heads and tables of other kinds before and behind; those are skipped and
-/// told. A column whose cells are no figures is not read as one, and of two columns of one meaning the first
-/// is.
-LogTable findLogTable(std::vector<CsvRow> rows);
-
-/// The heads that a row would be, each with its meaning by its words alone.
-std::vector<ColumnReading> readHeads(const CsvRow& row);
-
-/// How many columns of a row are heads of a table of fill-ups; 0 for a row that is not the heads of one.
-int recognisedHeads(const CsvRow& row);
+/// Finds the rows of a file, from the whole of its text (UTF-8, without a mark), and among them the table
+/// that holds fill-ups: the one with most heads of such, else the one with most rows. The separator and the
+/// quote are found out where they are not given. Never throws but for memory.
+LogTable readTable(std::string_view text, std::optional<char> separator = std::nullopt);
 
 }  // namespace tarvik::exchange

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 #include "core/number_text.h"
 
@@ -49,20 +50,30 @@ std::size_t leadingDigits(std::string_view text) {
   return std::min(text.find_first_not_of(kDigits), text.size());
 }
 
-// Reads whole digits, whose groups but the first have three of them; empties the text on success.
+// Whether whole digits are grouped as people group them: by three, or in India by two before the last three.
+bool areGroups(std::span<const std::size_t> lengths) {
+  if (lengths.size() == 1) return lengths[0] > 0;
+  const auto middle = lengths.subspan(1, lengths.size() - 2);
+  if (lengths.back() != 3 || lengths[0] == 0) return false;
+  const auto areAll = [&](std::size_t length) {
+    return std::ranges::all_of(middle, [&](std::size_t found) { return found == length; });
+  };
+  return (lengths[0] <= 3 && areAll(3)) || (lengths[0] <= 2 && areAll(2));
+}
+
+// Reads whole digits, in groups or not, and takes them off the text.
 bool takeWhole(std::string_view& text, char group, std::string& digits) {
-  std::size_t taken = leadingDigits(text);
-  digits = text.substr(0, taken);
-  text.remove_prefix(taken);
-  for (; taken > 0; text.remove_prefix(3)) {
+  std::vector<std::size_t> lengths;
+  for (;;) {
+    const std::size_t taken = leadingDigits(text);
+    digits += text.substr(0, taken);
+    lengths.push_back(taken);
+    text.remove_prefix(taken);
     const std::size_t grouping = text.starts_with(group) ? 1 : groupingLength(text);
-    if (grouping == 0) return true;
+    if (grouping == 0) break;
     text.remove_prefix(grouping);
-    if (taken > 3 || leadingDigits(text) != 3) return false;
-    digits += text.substr(0, 3);
-    taken = 3;
   }
-  return true;
+  return areGroups(lengths) || (lengths.size() == 1 && digits.empty());
 }
 
 bool isNegative(std::string_view before) {

@@ -7,8 +7,10 @@
 #include "core/failure.h"
 #include "core/field_number.h"
 #include "core/number_text.h"
+#include "core/text.h"
 #include "exchange/days.h"
 #include "exchange/numbers.h"
+#include "exchange/words.h"
 
 namespace tarvik::exchange {
 namespace {
@@ -34,6 +36,11 @@ constexpr std::array<std::string_view, 14> kHeads = {"Dátum",
 
 constexpr std::size_t kPartColumn = 9;
 constexpr std::size_t kNoteColumn = 11;
+
+constexpr auto kMeaningsOfHeads = std::to_array<Meaning>(
+    {Meaning::Day, Meaning::Odometer, Meaning::Volume, Meaning::TotalCost, Meaning::UnitPrice, Meaning::Full,
+     Meaning::OilChange, Meaning::FilterChange, Meaning::PlugChange, Meaning::Part, Meaning::PartCost,
+     Meaning::Note, Meaning::NoteCost, Meaning::Consumption});
 
 constexpr std::string_view kYes = "igen";
 constexpr std::string_view kNo = "nem";
@@ -112,6 +119,26 @@ std::vector<std::string> cellsOf(const NapiAdat& entry) {
           textOf(entry.Megjegyzes),
           std::to_string(entry.MegjKtg),
           core::plainText(entry.Fogyasztas)};
+}
+
+bool isFlagPlace(std::size_t place) {
+  constexpr std::size_t kFirst = 5;
+  constexpr std::size_t kLast = 8;
+  return place >= kFirst && place <= kLast;
+}
+
+// A cell as it was written: a spreadsheet may have put a point for the decimal comma, a space between the
+// groups or nothing at all.
+std::string ownCell(std::string cell, std::size_t place, bool isThere) {
+  if (place == kPartColumn || place == kNoteColumn) return cell;
+  cell = std::string(core::trimmed(cell));
+  if (cell.empty()) return isFlagPlace(place) ? std::string(kNo) : isThere || place != 1 ? "0" : "";
+  if (isFlagPlace(place) && (folded(cell) == "IGEN" || folded(cell) == "TRUE" || folded(cell) == "IGAZ"))
+    return std::string(kYes);
+  if (isFlagPlace(place) && (folded(cell) == "NEM" || folded(cell) == "FALSE" || folded(cell) == "HAMIS"))
+    return std::string(kNo);
+  if (cell.find(',') == std::string::npos) std::ranges::replace(cell, '.', ',');
+  return cell;
 }
 
 // Reads the cells of a row one after the other; throws Failure at one that is not as it was written.
@@ -207,7 +234,31 @@ std::string csvOf(const core::Listing& listing) {
 }
 
 bool areOwnHeads(const std::vector<std::string>& heads) {
-  return std::ranges::equal(heads, kHeads);
+  constexpr std::ptrdiff_t kEnough = 10;
+  const auto isThere = [&](std::string_view own) { return std::ranges::find(heads, own) != heads.end(); };
+  return std::ranges::count_if(kHeads, isThere) >= kEnough;
+}
+
+std::vector<Meaning> ownMeanings(const std::vector<std::string>& heads) {
+  std::vector<Meaning> meanings(heads.size(), Meaning::NotNeeded);
+  for (std::size_t i = 0; i < kHeads.size(); ++i) {
+    const auto found = std::ranges::find(heads, kHeads[i]);
+    if (found != heads.end()) meanings[static_cast<std::size_t>(found - heads.begin())] = kMeaningsOfHeads[i];
+  }
+  return meanings;
+}
+
+std::size_t ownColumn(const Reading& reading, std::size_t place) {
+  return place < kMeaningsOfHeads.size() ? reading.columnOf(kMeaningsOfHeads[place]) : reading.columns.size();
+}
+
+CsvRow ownRow(const CsvRow& row, const Reading& reading, core::Day day) {
+  CsvRow own{.line = row.line, .cells = {isoDay(core::toStored(day))}};
+  for (std::size_t place = 1; place < kHeads.size(); ++place) {
+    const std::size_t column = ownColumn(reading, place);
+    own.cells.push_back(ownCell(std::string(row.cell(column)), place, column < reading.columns.size()));
+  }
+  return own;
 }
 
 OwnTexts ownTexts(const CsvRow& row) {

@@ -4,9 +4,11 @@
 #include <string>
 #include <vector>
 
+#include "core/day.h"
 #include "core/listing.h"
 #include "core/napi_adat.h"
 #include "exchange/csv_rows.h"
+#include "exchange/reading.h"
 
 namespace tarvik::exchange {
 
@@ -35,11 +37,22 @@ std::string isoDay(double stored);
 std::string harmless(std::string text);
 std::string restored(std::string text);
 
-/// Whether these are the heads of a file that csvOf wrote of a listing.
+/// Whether these are the heads of a file that csvOf wrote of a listing, as a spreadsheet may have left them:
+/// most of them, in any order, and others between.
 bool areOwnHeads(const std::vector<std::string>& heads);
 
-/// The entry of a row of such a file, field for field, the consumption too; nothing where a cell is not as
-/// csvOf writes it, and column tells which then.
+/// What the columns under such heads are; those that csvOf does not write are not needed.
+std::vector<Meaning> ownMeanings(const std::vector<std::string>& heads);
+
+/// A row under such heads as csvOf writes it: its columns in their order, what is missing with nothing in it,
+/// days and figures in csvOf's form.
+CsvRow ownRow(const CsvRow& row, const Reading& reading, core::Day day);
+
+/// Where a file has the column that csvOf writes at that place; columns.size() for nowhere.
+std::size_t ownColumn(const Reading& reading, std::size_t place);
+
+/// The entry of a row as csvOf writes it, field for field, the consumption too; nothing where a cell is not
+/// so, and column tells which then.
 std::optional<core::NapiAdat> ownEntry(const CsvRow& row, std::size_t& column);
 
 /// The texts of such a row whole, as somebody may have changed them: the entry keeps what fits its fields.

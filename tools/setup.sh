@@ -10,7 +10,7 @@ shopt -s inherit_errexit
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 
 # The Debian 12 packages, in this one place, by what they are for.
-BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev libqcustomplot-dev libgl1-mesa-dev libcsv-dev)
+BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev libqcustomplot-dev libgl1-mesa-dev libcsv-dev libuchardet-dev)
 RUNTIME_PACKAGES=(qt6-translations-l10n fonts-dejavu-core fonts-liberation)
 SCREENSHOT_PACKAGES=(xvfb imagemagick)
 WAYLAND_PACKAGES=(qt6-wayland)

@@ -260,7 +260,7 @@ TEST_F(HistoryTest, ForgetsTheOldestStepsPastItsBoundAndNeverTheNewest) {
   for (int i = 0; i < 100; ++i) add("a", "aaaa");
   EXPECT_LT(small.steps(), 20U);
   EXPECT_LE(small.bytes(), 2'000U);
-  opened("a").appendAll(bytes(std::string(8'000, 'b')));
+  opened("a").replaceAll(bytes(at("a") + std::string(8'000, 'b')));
   EXPECT_EQ(small.steps(), 1U);
   small.undo(disk_);
   EXPECT_EQ(at("a"), std::string(400, 'a'));

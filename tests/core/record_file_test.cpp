@@ -382,22 +382,22 @@ TEST_F(RecordFileTest, NewNameIsSyncedWithTheFile) {
   EXPECT_EQ(stored(), std::string("CCCCAAA\0BBBB", 12));
 }
 
-TEST_F(RecordFileTest, ManyRecordsAreAddedBehindTheLastWholeOneInOneStep) {
+TEST_F(RecordFileTest, AllRecordsAreReplacedInOneStep) {
   write("AAAAbb");
-  opened().appendAll(bytes("CCCCDDDD"));
-  EXPECT_EQ(stored(), "AAAACCCCDDDD");
-  opened().appendAll({});
-  EXPECT_EQ(stored(), "AAAACCCCDDDD");
+  opened().replaceAll(bytes("CCCCDDDD"));
+  EXPECT_EQ(stored(), "CCCCDDDD");
+  opened().replaceAll({});
+  EXPECT_EQ(stored(), "");
   EXPECT_EQ(folder_.names(), Names{"data.dat"});
 }
 
-TEST_F(RecordFileTest, ManyRecordsPastTheHighestNumberAreRefused) {
-  const std::string full((kHighestRecordNumber - 1) * kLength, 'A');
-  write(full);
-  expectFailure(FailureKind::FileFull, [&] { opened().appendAll(bytes("BBBBCCCC")); });
+TEST_F(RecordFileTest, MoreRecordsThanNumbersReachAreRefused) {
+  write("AAAA");
+  const std::string full(kHighestRecordNumber * kLength, 'B');
+  expectFailure(FailureKind::FileFull, [&] { opened().replaceAll(bytes((full + "BBBB").c_str())); });
+  EXPECT_EQ(stored(), "AAAA");
+  opened().replaceAll(bytes(full.c_str()));
   EXPECT_EQ(stored(), full);
-  opened().appendAll(bytes("BBBB"));
-  EXPECT_EQ(stored(), full + "BBBB");
 }
 
 // A system that does everything by halves.

@@ -26,10 +26,10 @@ TEST(TheRowsOfAText, ComeWithTheirLinesWhateverEndsThem) {
     EXPECT_THAT(rowsOf(text), ElementsAre(first, second)) << text;
 }
 
-TEST(TheRowsOfAText, CountBlankLinesAndHaveNoneOfThem) {
-  EXPECT_THAT(rowsOf("\n\na\n \t\r\n\nb\n\n"), ElementsAre(CsvRow{3, {"a"}}, CsvRow{6, {"b"}}));
+TEST(TheRowsOfAText, AreOneOfAnEmptyCellForABlankLine) {
+  EXPECT_THAT(rowsOf("\na\n \t\r\nb\n"),
+              ElementsAre(CsvRow{1, {""}}, CsvRow{2, {"a"}}, CsvRow{3, {""}}, CsvRow{4, {"b"}}));
   EXPECT_THAT(rowsOf(""), IsEmpty());
-  EXPECT_THAT(rowsOf("\r\n\r\n"), IsEmpty());
 }
 
 TEST(TheRowsOfAText, KeepLineBreaksSeparatorsAndQuotesInsideQuotes) {

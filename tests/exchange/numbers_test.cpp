@@ -122,5 +122,12 @@ TEST(AFigure, IsBareWithoutLetters) {
   EXPECT_FALSE(looksLikeFigure("litres"));
 }
 
+TEST(AFigure, MayBeGroupedAsInIndia) {
+  EXPECT_EQ(readFigure("1,23,456.50", DecimalSign::Point), Ratio(1'234'565, 10));
+  EXPECT_EQ(readFigure("12,34,567", DecimalSign::Point), Ratio(1'234'567));
+  EXPECT_EQ(readFigure("1,23,45", DecimalSign::Point), std::nullopt);
+  EXPECT_EQ(readFigure("123,45,678", DecimalSign::Point), std::nullopt);
+}
+
 }  // namespace
 }  // namespace tarvik::exchange

@@ -22,12 +22,36 @@ inline std::string sample(const std::string& name) {
   return {std::istreambuf_iterator<char>(in), {}};
 }
 
-/// The plan of a file's entries for an empty logbook, in the units that the file was found to have.
-inline exchange::ImportPlan planOf(const exchange::LogFile& file, const core::Logbook& logbook = {},
-                                   core::Ratio factor = 1, std::int16_t tankLitres = 0) {
+/// A file as it is understood with what a person says of it.
+struct ReadLog {
+  exchange::LogTable table;
+  exchange::Reading reading;
+  exchange::LogRows rows;
+
+  bool asks(exchange::Question question) const {
+    return std::ranges::find(reading.open, question) != reading.open.end();
+  }
+  /// The meaning of the column under a head.
+  exchange::Meaning meaningOf(const std::string& head) const {
+    const auto found = std::ranges::find(reading.columns, head, &exchange::ColumnReading::head);
+    return found == reading.columns.end() ? exchange::Meaning::NotUnderstood : found->meaning;
+  }
+};
+
+inline ReadLog readLog(const std::string& text, const exchange::Choices& choices = {}) {
+  ReadLog log{exchange::readTable(text), {}, {}};
+  log.reading = exchange::understand(log.table, choices);
+  log.rows = exchange::readRows(log.table, log.reading);
+  return log;
+}
+
+/// The plan of a file's entries.
+inline exchange::ImportPlan planOf(const ReadLog& log, const core::Logbook& logbook = {},
+                                   exchange::Place place = exchange::Place::InOrder,
+                                   std::int16_t tankLitres = 0) {
   return exchange::planImport(
-      file, {.distance = file.distance, .volume = file.volume, .forintsPerUnit = factor, .vehicle = {}},
-      logbook, tankLitres);
+      log.rows, log.reading,
+      {.logbook = logbook, .tankLitres = tankLitres, .today = core::dayOf({2026, 6, 1}), .place = place});
 }
 
 /// A logbook of the entries that a plan takes.
@@ -47,11 +71,12 @@ inline std::string shownConsumption(const core::Logbook& logbook) {
   return totals.fogyaszt.value_or("");
 }
 
-/// The lines of the rows that could not be read.
-inline std::vector<int> unreadLines(const exchange::LogFile& file) {
-  std::vector<int> lines;
-  for (const exchange::UnreadRow& row : file.unread) lines.push_back(row.line);
-  return lines;
+/// Why rows are left out, by their lines; the heads are not told.
+inline std::vector<std::pair<int, exchange::UnreadRow::Why>> leftOut(const ReadLog& log) {
+  std::vector<std::pair<int, exchange::UnreadRow::Why>> rows;
+  for (const exchange::UnreadRow& row : log.rows.unread)
+    if (row.why != exchange::UnreadRow::Why::Heads) rows.emplace_back(row.line, row.why);
+  return rows;
 }
 
 /// A stored day as year, month and day.

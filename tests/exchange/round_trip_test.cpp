@@ -97,11 +97,11 @@ TEST(ALogbook, ComesBackRecordForRecordWhateverItHolds) {
   for (unsigned seed = 1; seed <= 200; ++seed) {
     Generator generator(seed);
     const std::vector<NapiAdat> entries = generator.logbook(false);
-    const exchange::LogFile file = exchange::readLog(textOf(fileOf(entries)));
-    ASSERT_TRUE(file.isOwn) << seed;
-    ASSERT_TRUE(file.unread.empty()) << seed << ": line " << file.unread[0].line;
-    ASSERT_EQ(file.rows.size(), entries.size()) << seed;
-    for (std::size_t i = 0; i < entries.size(); ++i) ASSERT_EQ(*file.rows[i].own, entries[i]) << seed;
+    const ReadLog file = readLog(textOf(fileOf(entries)));
+    ASSERT_TRUE(file.reading.isOwn) << seed;
+    ASSERT_TRUE(leftOut(file).empty()) << seed << ": line " << leftOut(file)[0].first;
+    ASSERT_EQ(file.rows.rows.size(), entries.size()) << seed;
+    for (std::size_t i = 0; i < entries.size(); ++i) ASSERT_EQ(*file.rows.rows[i].own, entries[i]) << seed;
   }
 }
 
@@ -111,8 +111,8 @@ TEST(ALogbook, InTheOrderOfItsDaysComesBackByteForByteIntoAnEmptyOne) {
     const std::vector<NapiAdat> entries = generator.logbook(true);
     MemoryFileSystem disk;
     disk.putFolder("/program");
-    const exchange::ImportPlan plan = planOf(exchange::readLog(textOf(fileOf(entries))));
-    exchange::importEntries(disk, "/program/napiadat.dat", {}, plan.taken());
+    const exchange::ImportPlan plan = planOf(readLog(textOf(fileOf(entries))));
+    exchange::importEntries(disk, "/program/napiadat.dat", {}, plan.whole);
     const core::Logbook logbook = core::Logbook::of(entries);
     const auto bytes = logbook.bytes();
     ASSERT_EQ(disk.contents("/program/napiadat.dat"),
@@ -150,12 +150,10 @@ TEST(ALogbook, WithADamagedDayOrFlagGoesOutAsFarAsItCan) {
   NapiAdat odd;
   odd.Datum = 41'000;
   odd.Teletank = 7;
-  const exchange::LogFile file = exchange::readLog(textOf(fileOf({damaged, odd})));
-  ASSERT_EQ(file.rows.size(), 1U);
-  EXPECT_EQ(file.rows[0].own->Teletank, 7);
-  ASSERT_EQ(file.unread.size(), 1U);
-  EXPECT_EQ(file.unread[0].line, 2);
-  EXPECT_EQ(file.unread[0].why, exchange::UnreadRow::Why::NoDay);
+  const ReadLog file = readLog(textOf(fileOf({damaged, odd})));
+  ASSERT_EQ(file.rows.rows.size(), 1U);
+  EXPECT_EQ(file.rows.rows[0].own->Teletank, 7);
+  EXPECT_EQ(leftOut(file), (std::vector{std::pair(2, exchange::UnreadRow::Why::NoDay)}));
 }
 
 TEST(ALogbook, ThatWasChangedTellsWhichCellsItCannotRead) {
@@ -167,27 +165,26 @@ TEST(ALogbook, ThatWasChangedTellsWhichCellsItCannotRead) {
   const std::string written = textOf(fileOf({entry}));
   const auto readWith = [&](const std::string& stood, const std::string& put) {
     std::string text = written;
-    return exchange::readLog(text.replace(text.find(stood), stood.size(), put));
+    return readLog(text.replace(text.find(stood), stood.size(), put));
   };
-  const exchange::LogFile whole = exchange::readLog(written);
-  ASSERT_EQ(whole.rows.size(), 1U);
-  EXPECT_EQ(whole.rows[0].line, 2);
-  EXPECT_EQ(whole.rows[0].day, core::dayOf({2013, 7, 5}));
-  EXPECT_EQ(whole.rows[0].part, "=part");
-  EXPECT_EQ(whole.rows[0].note, "-note");
-  EXPECT_EQ(whole.currency, "HUF");
-  EXPECT_TRUE(whole.saysWhichAreFull);
-  EXPECT_FALSE(exchange::costsAreForeign(whole));
-  const exchange::UnreadRow day = readWith("2013-07-05", "2013-13-05").unread.at(0);
+  const ReadLog whole = readLog(written);
+  ASSERT_EQ(whole.rows.rows.size(), 1U);
+  EXPECT_EQ(whole.rows.rows[0].line, 2);
+  EXPECT_EQ(whole.rows.rows[0].day, core::dayOf({2013, 7, 5}));
+  EXPECT_EQ(whole.rows.rows[0].part, "=part");
+  EXPECT_EQ(whole.rows.rows[0].note, "-note");
+  EXPECT_EQ(whole.reading.currency, "HUF");
+  EXPECT_TRUE(whole.reading.saysWhichAreFull);
+  const exchange::UnreadRow day = readWith("2013-07-05", "2013-13-05").rows.unread.at(1);
   EXPECT_EQ(day.why, exchange::UnreadRow::Why::DayNotUnderstood);
   EXPECT_EQ(day.head, "Dátum");
   EXPECT_EQ(day.cell, "2013-13-05");
-  EXPECT_EQ(readWith("2013-07-05", "").unread.at(0).why, exchange::UnreadRow::Why::NoDay);
-  const exchange::UnreadRow reading = readWith("12345", "sok").unread.at(0);
+  EXPECT_EQ(readWith("2013-07-05", "").rows.unread.at(1).why, exchange::UnreadRow::Why::NoDay);
+  const exchange::UnreadRow reading = readWith("12345", "sok").rows.unread.at(1);
   EXPECT_EQ(reading.why, exchange::UnreadRow::Why::FigureNotUnderstood);
   EXPECT_EQ(reading.head, "Km óra állás");
   EXPECT_EQ(reading.cell, "sok");
-  EXPECT_EQ(readWith("nem", "talán").unread.at(0).head, "Tele tankolva");
+  EXPECT_EQ(readWith("nem", "talán").rows.unread.at(1).head, "Tele tankolva");
 }
 
 TEST(ADay, IsWrittenWithFourTwoAndTwoDigits) {

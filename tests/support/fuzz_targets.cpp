@@ -13,6 +13,7 @@
 #include "core/text.h"
 #include "exchange/import_plan.h"
 #include "exchange/log_reader.h"
+#include "exchange/log_summary.h"
 #include "exchange/own_format.h"
 #include "reminders/estimate.h"
 #include "reminders/reminder_row.h"
@@ -80,25 +81,35 @@ void feedNumbers(std::string_view input) {
   });
 }
 
-// The entries that a text offers, in the units that it was found to have.
-std::vector<core::NapiAdat> entriesOf(std::string_view text, exchange::DayOrder order) {
-  const exchange::LogFile file = exchange::readLog(text, order);
-  exchange::costsAreForeign(file);
-  return exchange::planImport(
-             file, {.distance = file.distance, .volume = file.volume, .forintsPerUnit = 390, .vehicle = {}},
-             {}, 50)
-      .taken();
+// The logbook that a text comes to, read with some answers; every row of it is an entry or left out.
+std::vector<core::NapiAdat> logbookOf(std::string_view text, const exchange::Choices& choices) {
+  const exchange::LogTable table = exchange::readTable(text);
+  const exchange::Reading reading = exchange::understand(table, choices);
+  const exchange::LogRows rows = exchange::readRows(table, reading);
+  require(rows.rows.size() + rows.unread.size() == table.rows.size());
+  const core::Logbook none;
+  const auto plan = exchange::planImport(rows, reading, {.logbook = none, .tankLitres = 50});
+  require(plan.entries.size() + plan.unread.size() == table.rows.size());
+  exchange::summaryOf(plan.whole);
+  return plan.whole;
 }
 
 // Whatever entries a text gives, they go out and come in again as they are.
 void feedExchange(std::string_view input) {
-  entriesOf(input, exchange::DayOrder::MonthFirst);
-  const auto entries = entriesOf(input, exchange::DayOrder::DayFirst);
+  exchange::Choices said{.dayOrder = exchange::DayOrder::MonthFirst, .sign = exchange::DecimalSign::Comma};
+  for (std::size_t column = 0; column < 6; ++column)
+    said.columns[column] = static_cast<exchange::Meaning>((input.size() + 5 * column) % exchange::kMeanings);
+  said.tripStart = exchange::TripStart{.isAtStart = false, .reading = 100'000};
+  logbookOf(input, said);
+  const auto entries = logbookOf(input, {});
   core::Listing listing{core::Logbook::of(entries), {}};
   listing.numbers = core::listedEntries(listing.logbook, {});
   const std::string file = exchange::csvOf(listing);
   require(isUtf8(file));
-  require(entriesOf(std::string_view(file).substr(3), exchange::DayOrder::DayFirst) == entries);
+  const exchange::LogTable table = exchange::readTable(std::string_view(file).substr(3));
+  const exchange::LogRows again = exchange::readRows(table, exchange::understand(table));
+  require(again.rows.size() == entries.size() || entries.empty());
+  for (std::size_t i = 0; i < entries.size(); ++i) require(again.rows[i].own == entries[i]);
   const std::string text(input);
   require(exchange::restored(exchange::harmless(text)) == text);
 }

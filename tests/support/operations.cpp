@@ -123,8 +123,10 @@ Operation onLogbook() {
 std::vector<Operation> importOperations() {
   return {with(onLogbook(), "importEntries", [](FileSystem& files, const DataFolders& folders) {
     const core::Logbook seen = core::loadLogbook(files, folders, kOperationPlate);
-    exchange::importEntries(files, folders.logbook(kOperationPlate), seen,
-                            {entryRecord(901), entryRecord(902), entryRecord(903)});
+    std::vector<core::NapiAdat> whole{entryRecord(901)};
+    for (int number = 1; number <= seen.count(); ++number) whole.push_back(seen.record(number));
+    whole.push_back(entryRecord(902));
+    exchange::importEntries(files, folders.logbook(kOperationPlate), seen, whole);
   })};
 }
 

@@ -3,8 +3,9 @@
 #include <QFileInfo>
 #include <utility>
 
+#include "core/entry_editing.h"
 #include "core/record_file.h"
-#include "exchange/log_reader.h"
+#include "exchange/log_table.h"
 #include "settings/vehicles.h"
 #include "ui/base/document.h"
 #include "ui/base/file_chooser.h"
@@ -36,6 +37,14 @@ bool refuses(const QString& words, QWidget* parent) {
   return true;
 }
 
+void tellOutcome(const ImportPreview& preview, QWidget* parent) {
+  QString words = QStringLiteral("%1 bejegyzés került a naplóba.").arg(preview.takenEntries());
+  if (preview.changedEntries() > 0)
+    words += QStringLiteral("\n\nA napló %1 bejegyzésének más lett a fogyasztása, mert elé került valami.")
+                 .arg(preview.changedEntries());
+  tellDone(parent, QStringLiteral("Beolvasás CSV-fájlból"), words);
+}
+
 }  // namespace
 
 void saveCsvFile(Context& context, const QString& what, const std::string& bytes, QWidget* parent) {
@@ -58,19 +67,19 @@ bool importCsvFileAt(Context& context, const std::string& plate, const QString& 
   core::Logbook logbook = core::loadRecords<core::NapiAdat>(context.files, context.folders.logbook(plate));
   TextFile file = readTextFile(context.files, toLogic(path));
   if (refuses(wordsOf(file, name), parent)) return false;
-  exchange::LogFile log = exchange::readLog(file.text);
-  if (refuses(wordsOf(log, name), parent)) return false;
+  if (refuses(wordsOf(exchange::readTable(decodedText(file.bytes)), name), parent)) return false;
   const auto vehicles = settings::loadVehiclesOfProgramFolder(context.files, context.folders);
   ImportPreview preview(context,
                         {.name = name,
-                         .text = std::move(file.text),
-                         .log = std::move(log),
+                         .bytes = std::move(file.bytes),
                          .plate = plate,
                          .logbook = std::move(logbook),
                          .tankLitres = settings::tankSizeOf(vehicles, plate),
                          .list = list},
                         parent);
-  return preview.exec() == QDialog::Accepted;
+  if (preview.exec() != QDialog::Accepted) return false;
+  tellOutcome(preview, parent);
+  return true;
 }
 
 }  // namespace tarvik::ui

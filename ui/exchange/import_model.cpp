@@ -2,51 +2,51 @@
 
 #include <QFont>
 #include <algorithm>
-#include <numeric>
 #include <set>
 #include <utility>
-#include <vector>
 
 #include "core/number_format.h"
 #include "ui/base/text.h"
 #include "ui/exchange/import_words.h"
+#include "ui/lists/text_list_model.h"
 
 namespace tarvik::ui {
 namespace {
 
-enum Column { kTele = core::kRecColumn, kKoltseg, kEszrevetel, kSor, kColumns };
+using exchange::PlannedEntry;
+using exchange::UnreadRow;
+
+enum Column {
+  kDatum,
+  kKmOra,
+  kLiter,
+  kKm,
+  kTele,
+  kFogyasztas,
+  kKoltseg,
+  kMegjegyzes,
+  kEszrevetel,
+  kSor,
+  kColumns
+};
 
 struct Look {
   const char* header;
   const char* longest;
 };
 
-constexpr Look kLooks[kColumns] = {{"Dátum", "MM9999.99.99."},
-                                   {"Km óra", "9999999"},
-                                   {"liter", "999,99"},
-                                   {"Km", "-99999"},
-                                   {"Olaj", "X"},
-                                   {"Szürő", "X"},
-                                   {"Gyertya", "X"},
-                                   {"Alkatrész", "MMMMMMMMMM"},
-                                   {"Megjegyzés", ""},
-                                   {"Tele", "X"},
-                                   {"Költség", "999 999 999"},
-                                   {"Észrevétel", ""},
+constexpr Look kLooks[kColumns] = {{"Dátum", "MM9999.99.99."}, {"Km óra", "9999999"}, {"liter", "999,99"},
+                                   {"Km", "-99999"},           {"Tele", "X"},         {"l/100", "99,99"},
+                                   {"Költség", "999 999 999"}, {"Megjegyzés", ""},    {"Észrevétel", ""},
                                    {"Sor", "999999"}};
 
 bool isFigure(int column) {
-  return column == core::kKmOraColumn || column == core::kLiterColumn || column == core::kKmColumn ||
-         column == kKoltseg;
-}
-
-bool isMark(int column) {
-  return column == kTele || (column >= core::kOlajColumn && column <= core::kGyertyaColumn);
+  return column == kKmOra || column == kLiter || column == kKm || column == kFogyasztas || column == kKoltseg;
 }
 
 Qt::Alignment alignmentOf(int column) {
   if (isFigure(column)) return Qt::AlignRight | Qt::AlignVCenter;
-  return (isMark(column) ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignVCenter;
+  return (column == kTele ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignVCenter;
 }
 
 QString costText(const core::NapiAdat& entry) {
@@ -55,94 +55,169 @@ QString costText(const core::NapiAdat& entry) {
   return toQt(core::formatted(cost, "### ### ##0"));
 }
 
-core::Listing listingOf(const exchange::ImportPlan& plan) {
-  std::vector<core::NapiAdat> entries;
-  for (const exchange::PlannedEntry& planned : plan.entries) entries.push_back(planned.entry);
-  core::Listing listing{core::Logbook::of(entries), std::vector<std::uint16_t>(entries.size())};
-  std::iota(listing.numbers.begin(), listing.numbers.end(), std::uint16_t{1});
-  return listing;
+QString figureText(core::Amount amount) {
+  return amount.isZero() ? QString() : toQt(core::formatted(amount.ratio(), "##0.00"));
 }
 
-bool isPart(int column) {
-  return column >= core::kOlajColumn && column <= core::kAlkatreszColumn;
+// What an entry says beside its figures: what was changed, its part, its note.
+QString noteText(const core::NapiAdat& entry) {
+  QStringList words;
+  if (entry.Olajcsere == core::kFlagSet) words.append(QStringLiteral("olajcsere"));
+  if (entry.Szurocsere == core::kFlagSet) words.append(QStringLiteral("szűrőcsere"));
+  if (entry.Gyertyacsere == core::kFlagSet) words.append(QStringLiteral("gyertyacsere"));
+  for (const core::FixedText<50>& text : {entry.Alkatresz, entry.Megjegyzes})
+    if (!text.trimmed().empty()) words.append(toQt(std::string(text.trimmed())));
+  return words.join(QStringLiteral(", "));
 }
 
 }  // namespace
 
-ImportModel::ImportModel(bool hasParts, QObject* parent) : QAbstractTableModel(parent) {
-  for (int column = 0; column < kColumns; ++column)
-    if (hasParts || !isPart(column)) columns_.push_back(column);
-}
+ImportModel::ImportModel(QObject* parent) : QAbstractTableModel(parent) {}
 
-QStringList ImportModel::longestTexts() const {
+QStringList ImportModel::longestTexts() {
   QStringList texts;
-  for (const int column : columns_)
-    if (column != kSor) texts.append(QString::fromUtf8(kLooks[column].longest));
+  for (int column = 0; column < kSor; ++column) texts.append(QString::fromUtf8(kLooks[column].longest));
   return texts;
 }
 
-void ImportModel::setPlan(exchange::ImportPlan plan, const core::Logbook& logbook) {
+void ImportModel::setPlan(exchange::ImportPlan plan, const exchange::PlanContext& context) {
   beginResetModel();
   plan_ = std::move(plan);
-  logbook_ = &logbook;
+  logbook_ = &context.logbook;
+  today_ = context.today;
+  place_ = context.place;
   keepTicks();
-  listing_ = listingOf(plan_);
+  rows_.clear();
+  for (int i = 0; i < static_cast<int>(plan_.entries.size()); ++i)
+    rows_.push_back({.line = plan_.entries[static_cast<std::size_t>(i)].line, .entry = i});
+  for (int i = 0; i < static_cast<int>(plan_.unread.size()); ++i)
+    rows_.push_back({.line = plan_.unread[static_cast<std::size_t>(i)].line, .unread = i});
+  std::ranges::stable_sort(rows_, {}, &Row::line);
   endResetModel();
   emit ticksChanged();
 }
 
-void ImportModel::setPlanAnew(exchange::ImportPlan plan, const core::Logbook& logbook) {
+void ImportModel::setPlanAnew(exchange::ImportPlan plan, const exchange::PlanContext& context) {
   std::set<int> known;
-  for (const exchange::PlannedEntry& planned : plan_.entries)
+  for (const PlannedEntry& planned : plan_.entries)
     if (planned.doubts.contains(exchange::Doubt::AlreadyThere)) known.insert(planned.line);
-  for (const exchange::PlannedEntry& planned : plan.entries)
+  for (const PlannedEntry& planned : plan.entries)
     if (planned.doubts.contains(exchange::Doubt::AlreadyThere) && !known.contains(planned.line))
       ticks_.erase(planned.line);
-  setPlan(std::move(plan), logbook);
+  setPlan(std::move(plan), context);
+}
+
+void ImportModel::settle() {
+  exchange::settle(plan_, {.logbook = *logbook_, .today = today_, .place = place_});
 }
 
 void ImportModel::keepTicks() {
   if (ticks_.empty()) return;
-  for (exchange::PlannedEntry& planned : plan_.entries)
+  for (PlannedEntry& planned : plan_.entries)
     if (const auto own = ticks_.find(planned.line); own != ticks_.end()) planned.isTaken = own->second;
-  exchange::settle(plan_, *logbook_);
+  settle();
+}
+
+void ImportModel::tickAll(bool isTaken) {
+  for (PlannedEntry& planned : plan_.entries) {
+    planned.isTaken = isTaken;
+    ticks_[planned.line] = isTaken;
+  }
+  if (plan_.entries.empty()) return;
+  settle();
+  emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+  emit ticksChanged();
 }
 
 int ImportModel::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(plan_.entries.size());
+  return parent.isValid() ? 0 : static_cast<int>(rows_.size());
 }
 
 int ImportModel::columnCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(columns_.size());
+  return parent.isValid() ? 0 : static_cast<int>(kColumns);
 }
 
-QString ImportModel::text(const exchange::PlannedEntry& planned, int row, int column) const {
+const PlannedEntry* ImportModel::entryOf(const QModelIndex& index) const {
+  const Row& row = rows_[static_cast<std::size_t>(index.row())];
+  return row.entry < 0 ? nullptr : &plan_.entries[static_cast<std::size_t>(row.entry)];
+}
+
+QString ImportModel::text(const PlannedEntry& planned, int column) const {
+  const core::NapiAdat& entry = planned.entry;
   switch (column) {
+    case kDatum:
+      return toQt(core::shortDateOfStored(entry.Datum));
+    case kKmOra:
+      return toQt(std::to_string(entry.KmOra));
+    case kLiter:
+      return toQt(core::formatted(entry.TankoltLiter.ratio(), "##0.00"));
+    case kKm:
+      return toQt(std::to_string(planned.distance));
     case kTele:
-      return planned.entry.Teletank == core::kFlagSet ? QStringLiteral("X") : QString();
+      return entry.Teletank == core::kFlagSet ? QStringLiteral("X") : QString();
+    case kFogyasztas:
+      return figureText(entry.Fogyasztas);
     case kKoltseg:
-      return costText(planned.entry);
+      return costText(entry);
+    case kMegjegyzes:
+      return noteText(entry);
     case kEszrevetel:
       return wordsOf(planned.doubts);
-    case kSor:
-      return toQt(std::to_string(planned.line));
     default:
-      return toQt(listing_.cell(row, column));
+      return toQt(std::to_string(planned.line));
   }
+}
+
+QString ImportModel::text(const UnreadRow& unread, int column) const {
+  switch (column) {
+    case kDatum:
+      return toQt(unread.day);
+    case kKmOra:
+      return toQt(unread.odometer);
+    case kLiter:
+      return toQt(unread.volume);
+    case kKoltseg:
+      return toQt(unread.cost);
+    case kMegjegyzes:
+      return toQt(unread.text);
+    case kEszrevetel:
+      return QStringLiteral("kimarad: ") + wordsOf(unread);
+    case kSor:
+      return toQt(std::to_string(unread.line));
+    default:
+      return {};
+  }
+}
+
+// What is left out stands in slanted letters, a figure to be looked at in the colour of what is overdue.
+QVariant ImportModel::look(const QModelIndex& index, int role) const {
+  const PlannedEntry* planned = entryOf(index);
+  if (role == kOverdueRole)
+    return planned != nullptr && index.column() != kDatum && isOdd(planned->doubts) ? QVariant(true)
+                                                                                    : QVariant();
+  if (planned != nullptr) return {};
+  QFont font;
+  font.setItalic(true);
+  return font;
 }
 
 QVariant ImportModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
-  const auto& planned = plan_.entries[static_cast<std::size_t>(index.row())];
-  const int column = columns_[static_cast<std::size_t>(index.column())];
+  const PlannedEntry* planned = entryOf(index);
   switch (role) {
-    case Qt::DisplayRole:
-      return text(planned, index.row(), column);
+    case Qt::DisplayRole: {
+      const Row& row = rows_[static_cast<std::size_t>(index.row())];
+      return planned != nullptr ? text(*planned, index.column())
+                                : text(plan_.unread[static_cast<std::size_t>(row.unread)], index.column());
+    }
     case Qt::TextAlignmentRole:
-      return QVariant::fromValue(alignmentOf(column));
+      return QVariant::fromValue(alignmentOf(index.column()));
     case Qt::CheckStateRole:
-      if (column != core::kDatumColumn) return {};
-      return planned.isTaken ? Qt::Checked : Qt::Unchecked;
+      if (index.column() != kDatum || planned == nullptr) return {};
+      return planned->isTaken ? Qt::Checked : Qt::Unchecked;
+    case Qt::FontRole:
+    case kOverdueRole:
+      return look(index, role);
     default:
       return {};
   }
@@ -150,23 +225,25 @@ QVariant ImportModel::data(const QModelIndex& index, int role) const {
 
 QVariant ImportModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
-  const int column = columns_[static_cast<std::size_t>(section)];
-  if (role == Qt::DisplayRole) return QString::fromUtf8(kLooks[column].header);
-  if (role == Qt::TextAlignmentRole) return QVariant::fromValue(alignmentOf(column));
+  if (role == Qt::DisplayRole) return QString::fromUtf8(kLooks[section].header);
+  if (role == Qt::TextAlignmentRole) return QVariant::fromValue(alignmentOf(section));
   return {};
 }
 
 Qt::ItemFlags ImportModel::flags(const QModelIndex& index) const {
   const Qt::ItemFlags usual = QAbstractTableModel::flags(index);
-  return index.column() == core::kDatumColumn ? usual | Qt::ItemIsUserCheckable : usual;
+  if (!index.isValid() || index.column() != kDatum || entryOf(index) == nullptr) return usual;
+  return usual | Qt::ItemIsUserCheckable;
 }
 
 bool ImportModel::setData(const QModelIndex& index, const QVariant& value, int role) {
   if (role != Qt::CheckStateRole || !checkIndex(index, CheckIndexOption::IndexIsValid)) return false;
-  exchange::PlannedEntry& planned = plan_.entries[static_cast<std::size_t>(index.row())];
+  const Row& row = rows_[static_cast<std::size_t>(index.row())];
+  if (row.entry < 0) return false;
+  PlannedEntry& planned = plan_.entries[static_cast<std::size_t>(row.entry)];
   planned.isTaken = value.toInt() == Qt::Checked;
   ticks_[planned.line] = planned.isTaken;
-  exchange::settle(plan_, *logbook_);
+  settle();
   emit dataChanged(this->index(0, 0), this->index(rowCount() - 1, columnCount() - 1));
   emit ticksChanged();
   return true;

@@ -5,28 +5,31 @@
 #include <map>
 #include <vector>
 
-#include "core/listing.h"
 #include "exchange/import_plan.h"
 
 namespace tarvik::ui {
 
-/// The entries of an import as the logbook list would show them, with a tick each, whether the tank was full,
-/// the cost, and what was noticed. The last column is the line of the file.
+/// The rows of a file in its order: the entries as the logbook list would show them, with a tick each,
+/// whether the tank was full, the consumption, the cost, and what was noticed; and in their places those that
+/// are left out, with their own values and why. The last column is the line of the file.
 class ImportModel : public QAbstractTableModel {
   Q_OBJECT
 
  public:
-  /// An entry of a program's own file may hold part changes; the columns for them are left out otherwise.
-  explicit ImportModel(bool hasParts, QObject* parent = nullptr);
+  explicit ImportModel(QObject* parent = nullptr);
 
-  /// Replaces what is shown; what the person ticked or not stays so. logbook is the one that the entries are
-  /// to come behind; it outlives the model.
-  void setPlan(exchange::ImportPlan plan, const core::Logbook& logbook);
+  /// Replaces what is shown; what the person ticked or not stays so. The logbook of the context outlives the
+  /// model.
+  void setPlan(exchange::ImportPlan plan, const exchange::PlanContext& context);
   /// As setPlan, after the logbook was read anew: what has come into it since is not ticked any more.
-  void setPlanAnew(exchange::ImportPlan plan, const core::Logbook& logbook);
+  void setPlanAnew(exchange::ImportPlan plan, const exchange::PlanContext& context);
+  /// Forgets what the person ticked: the rows are others.
+  void forgetTicks() { ticks_.clear(); }
+  /// Ticks every entry, or none.
+  void tickAll(bool isTaken);
   const exchange::ImportPlan& plan() const { return plan_; }
   /// The longest text that each column is laid out for; empty for those that share what remains.
-  QStringList longestTexts() const;
+  static QStringList longestTexts();
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -41,14 +44,26 @@ class ImportModel : public QAbstractTableModel {
   void ticksChanged();
 
  private:
-  QString text(const exchange::PlannedEntry& planned, int row, int column) const;
-  void keepTicks();
+  // A row of the file: an entry, or one that is none.
+  struct Row {
+    int line = 0;
+    int entry = -1;
+    int unread = -1;
+  };
 
-  std::vector<int> columns_;
+  const exchange::PlannedEntry* entryOf(const QModelIndex& index) const;
+  QString text(const exchange::PlannedEntry& planned, int column) const;
+  QString text(const exchange::UnreadRow& unread, int column) const;
+  QVariant look(const QModelIndex& index, int role) const;
+  void keepTicks();
+  void settle();
+
   exchange::ImportPlan plan_;
+  std::vector<Row> rows_;
   std::map<int, bool> ticks_;  // the person's own, by the line of the file
-  core::Listing listing_;
   const core::Logbook* logbook_ = nullptr;
+  core::Day today_{};
+  exchange::Place place_ = exchange::Place::InOrder;
 };
 
 }  // namespace tarvik::ui

@@ -3,13 +3,12 @@
 #include <QDialog>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 
 #include "core/napi_adat.h"
 #include "exchange/import_plan.h"
-#include "exchange/log_reader.h"
 #include "ui/base/context.h"
+#include "ui/exchange/import_choices.h"
 #include "ui/exchange/import_model.h"
 
 namespace Ui {
@@ -18,24 +17,21 @@ class ImportPreview;
 
 namespace tarvik::ui {
 
-class ListView;
-class TextListModel;
-
-/// What an import is about: the file and the logbook that it is to come behind.
+/// What an import is about: the file and the logbook that it is to come into.
 struct ImportSource {
   QString name;      ///< of the file
-  std::string text;  ///< of the file
-  exchange::LogFile log;
+  QByteArray bytes;  ///< of the file
   std::string plate;
   core::Logbook logbook;  ///< as it is now; it is compared before anything is written
   std::int16_t tankLitres = 0;
   std::function<void()> list = {};  ///< lists that logbook anew behind the preview
 };
 
-/// Shows what a file would bring into a logbook before anything enters it: the entries as they would be
-/// listed, what was noticed of each, how the columns were read, which rows are left out and why. Asks for
-/// what the file cannot say. Its one button takes over all that is ticked, in one step; where that fails, the
-/// preview stays, and it and the list behind show the logbook as it is by then before the failure is told.
+/// Shows what a file would bring into a logbook before anything enters it: what each column is read as, how
+/// the file counts, what all comes to beside the logbook, and every row, whether it is an entry or why it is
+/// none. Every reading can be changed and is applied at once; what the file leaves open is asked before its
+/// one button takes over all that is ticked, in one step. Where that fails, the preview stays, and it and the
+/// list behind show the logbook as it is by then before the failure is told.
 class ImportPreview : public QDialog {
   Q_OBJECT
 
@@ -43,30 +39,37 @@ class ImportPreview : public QDialog {
   ImportPreview(Context& context, ImportSource source, QWidget* parent);
   ~ImportPreview() override;
 
+  /// How many entries were taken over, and how many others got another consumption by that.
+  int takenEntries() const { return takenEntries_; }
+  int changedEntries() const { return changedEntries_; }
+
  private:
-  void setUpQuestions();
-  void setUpLists();
+  void setUpList();
+  void listen();
   QSize wantedSize() const;
-  void showFile();
-  void readAgain();
+  void readFile();
+  void understand();
   void planAgain();
   void listAgain();
-  void showColumns();
-  void showLeftOut();
-  void showState();
-  void focusQuestion();
-  QString missingAnswer() const;
-  std::optional<core::Ratio> factor() const;
-  exchange::Answers answers() const;
+  exchange::PlanContext planContext() const;
   exchange::ImportPlan plan() const;
+  void chooseMeaning(int column, int meaning);
+  void showState();
+  void showSums();
+  void focusQuestion();
+  QString missing() const;
   void takeOver();
 
   std::unique_ptr<Ui::ImportPreview> ui_;
   Context& context_;
   ImportSource source_;
-  ImportModel* entries_;
-  TextListModel* columns_ = nullptr;
-  TextListModel* leftOut_ = nullptr;
+  FileShape shape_;
+  exchange::LogTable table_;
+  exchange::Choices choices_;  // the columns that the person chose
+  exchange::Reading reading_;
+  ImportModel* rows_;
+  int takenEntries_ = 0;
+  int changedEntries_ = 0;
 };
 
 }  // namespace tarvik::ui

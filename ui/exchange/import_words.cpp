@@ -1,5 +1,8 @@
 #include "ui/exchange/import_words.h"
 
+#include <algorithm>
+
+#include "core/number_format.h"
 #include "core/record_file.h"
 #include "ui/base/text.h"
 
@@ -7,29 +10,79 @@ namespace tarvik::ui {
 namespace {
 
 using exchange::Doubt;
-using exchange::LogFault;
-using exchange::LogFile;
+using exchange::LogSummary;
+using exchange::LogTable;
 using exchange::Meaning;
+using exchange::Question;
+using exchange::Reading;
 using exchange::UnreadRow;
+
+QString rowCount() {
+  return toQt(std::to_string(core::kHighestRecordNumber));
+}
+
+QString grouped(std::int64_t number) {
+  return toQt(core::formatted(number, "### ### ##0"));
+}
+
+// A mark before a figure that is to be looked at.
+QString marked(const QString& figure, bool isOdd) {
+  return isOdd ? QStringLiteral("(!) ") + figure : figure;
+}
+
+QString daysOf(const LogSummary& summary) {
+  if (!summary.from) return QStringLiteral("–");
+  return toQt(core::shortDate(*summary.from)) + QStringLiteral("–") + toQt(core::shortDate(*summary.to));
+}
+
+QString figureOf(const std::optional<core::Ratio>& value, const char* pattern, const QString& unit) {
+  return (value ? toQt(core::formatted(*value, pattern)) : QStringLiteral("–")) + unit;
+}
+
+bool hasDamagedLetters(const LogTable& table) {
+  return std::ranges::any_of(table.rows, [](const exchange::TableRow& row) {
+    return std::ranges::any_of(row.row.cells, [](const std::string& cell) {
+      return cell.find("\xEF\xBF\xBD") != std::string::npos;
+    });
+  });
+}
+
+}  // namespace
 
 QString wordsOf(Doubt doubt) {
   switch (doubt) {
     case Doubt::AlreadyThere:
       return QStringLiteral("már megvan a naplóban");
+    case Doubt::TwiceInFile:
+      return QStringLiteral("kétszer van a fájlban");
     case Doubt::DayRunsBackwards:
       return QStringLiteral("a dátum visszafelé halad");
+    case Doubt::DayInFuture:
+      return QStringLiteral("a dátum a jövőben van");
+    case Doubt::DayTooEarly:
+      return QStringLiteral("a dátum 1950 előtti");
     case Doubt::OdometerFalls:
       return QStringLiteral("a km óra kevesebbet mutat, mint előtte");
     case Doubt::OdometerJumps:
-      return QStringLiteral("több mint 5000 km-t ugrik a km óra");
+      return QStringLiteral("több mint 3000 km-t ugrik a km óra");
     case Doubt::MoreThanTank:
       return QStringLiteral("több liter, mint amennyi a tankba fér");
+    case Doubt::ConsumptionOdd:
+      return QStringLiteral("hihetetlen fogyasztás");
+    case Doubt::PriceOdd:
+      return QStringLiteral("hihetetlen literenkénti ár");
     case Doubt::MissedBefore:
-      return QStringLiteral("előtte kimaradt egy tankolás");
+      return QStringLiteral("előtte kimaradt egy tankolás: nincs fogyasztása");
+    case Doubt::LeftOutBefore:
+      return QStringLiteral("előtte egy sor kimarad: nincs fogyasztása");
+    case Doubt::UntickedBefore:
+      return QStringLiteral("az előtte álló nincs kijelölve: nincs fogyasztása");
     case Doubt::NoConsumption:
       return QStringLiteral("nem számolható fogyasztás: nincs megtett út");
     case Doubt::OdometerTaken:
       return QStringLiteral("nincs km óra állása: az előző bejegyzését kapja");
+    case Doubt::LettersDamaged:
+      return QStringLiteral("sérült betű van benne");
     case Doubt::NoteCut:
       return QStringLiteral("a megjegyzés vége elmarad: 50 betű fér el");
     case Doubt::LettersLost:
@@ -42,17 +95,16 @@ QString wordsOf(Doubt doubt) {
   return {};
 }
 
-QString rowCount() {
-  return toQt(std::to_string(core::kHighestRecordNumber));
-}
-
-}  // namespace
-
 QString wordsOf(const TextFile& file, const QString& name) {
   switch (file.fault) {
     case TextFile::Fault::TooLarge:
       return QStringLiteral("Ez a fájl túl nagy ahhoz, hogy egy napló legyen:\n%1 (%2 MB)")
           .arg(name, toQt(std::to_string(file.size / (1024 * 1024))));
+    case TextFile::Fault::Zip:
+      return QStringLiteral(
+                 "Ez tömörített (ZIP) fájl:\n%1\n\nCsomagold ki: a benne lévő CSV-fájl a napló. Ha táblázat "
+                 "(XLSX, ODS), mentsd el CSV-fájlként, és azt olvasd be.")
+          .arg(name);
     case TextFile::Fault::NotText:
       return QStringLiteral(
                  "Ez nem szövegfájl:\n%1\n\nHa táblázat, mentsd el CSV-fájlként, és azt olvasd be.")
@@ -62,33 +114,43 @@ QString wordsOf(const TextFile& file, const QString& name) {
   }
 }
 
-QString wordsOf(const LogFile& log, const QString& name) {
-  switch (log.fault) {
-    case LogFault::RowTooLong:
+QString wordsOf(const LogTable& table, const QString& name) {
+  switch (table.fault) {
+    case LogTable::Fault::RowTooLong:
       return QStringLiteral(
                  "Ez a fájl nem olvasható naplóként:\n%1\n\nA(z) %2. sorban kezdődő rész túl hosszú. "
                  "Talán nincs lezárva egy idézőjel.")
-          .arg(name, toQt(std::to_string(log.faultLine)));
-    case LogFault::TooManyRows:
+          .arg(name, toQt(std::to_string(table.faultLine)));
+    case LogTable::Fault::TooManyRows:
       return QStringLiteral(
                  "Túl sok sor van ebben a fájlban:\n%1\n\nEgy naplóba legfeljebb %2 bejegyzés fér.")
           .arg(name, rowCount());
-    case LogFault::NoTable:
+    case LogTable::Fault::NoTable:
       return QStringLiteral(
-                 "Ebben a fájlban nincs tankolási táblázat:\n%1\n\nKell benne egy fejléc, amely "
-                 "megnevezi a dátumot, a km óra állását és a tankolt mennyiséget.")
+                 "Ebben a fájlban nincs táblázat:\n%1\n\nEgy naplónak soronként több adata van: dátum, km "
+                 "óra "
+                 "állása, tankolt mennyiség.")
           .arg(name);
-    case LogFault::None:
+    case LogTable::Fault::None:
       break;
   }
-  if (!log.rows.empty() || !log.unread.empty()) return {};
-  return QStringLiteral("Ebben a fájlban csak fejléc van, bejegyzés nincs:\n%1").arg(name);
+  const bool hasRows = std::ranges::any_of(
+      table.rows, [](const exchange::TableRow& row) { return row.kind == exchange::RowKind::Data; });
+  return hasRows ? QString()
+                 : QStringLiteral("Ebben a fájlban csak fejléc van, bejegyzés nincs:\n%1").arg(name);
 }
 
 QString wordsOf(const std::set<Doubt>& doubts) {
   QStringList words;
   for (const Doubt doubt : doubts) words.append(wordsOf(doubt));
   return words.join(QStringLiteral("; "));
+}
+
+bool isOdd(const std::set<Doubt>& doubts) {
+  return std::ranges::any_of(doubts, [](Doubt doubt) {
+    return doubt == Doubt::DayInFuture || doubt == Doubt::DayTooEarly || doubt == Doubt::OdometerFalls ||
+           doubt == Doubt::OdometerJumps || doubt == Doubt::ConsumptionOdd || doubt == Doubt::PriceOdd;
+  });
 }
 
 QString wordsOf(const UnreadRow& row) {
@@ -107,58 +169,126 @@ QString wordsOf(const UnreadRow& row) {
       return QStringLiteral("nincs benne se tankolás, se költség, se megjegyzés");
     case UnreadRow::Why::Total:
       return QStringLiteral("összesítő sor");
+    case UnreadRow::Why::TooManyCells:
+      return QStringLiteral("több adat van benne, mint oszlop: a vessző tizedesjel is lehet");
+    case UnreadRow::Why::OtherVehicle:
+      return row.head.empty() ? QStringLiteral("más járműé")
+                              : QStringLiteral("más járműé: „%1”").arg(toQt(row.head));
+    case UnreadRow::Why::OtherSection:
+      return QStringLiteral("más rész: „%1”").arg(toQt(row.head));
+    case UnreadRow::Why::Heads:
+      return QStringLiteral("fejléc");
+    case UnreadRow::Why::Title:
+      return QStringLiteral("cím");
+    case UnreadRow::Why::Comment:
+      return QStringLiteral("megjegyzés a fájlban");
+    case UnreadRow::Why::BeforeTable:
+      return QStringLiteral("a táblázat előtt áll");
+    case UnreadRow::Why::Empty:
+      return QStringLiteral("üres sor");
   }
   return {};
 }
 
 QString wordsOf(Meaning meaning) {
-  switch (meaning) {
-    case Meaning::Ignored:
-      return QStringLiteral("– (nem kell)");
-    case Meaning::Day:
-      return QStringLiteral("dátum");
-    case Meaning::Odometer:
-      return QStringLiteral("km óra állás");
-    case Meaning::Volume:
-      return QStringLiteral("tankolt mennyiség");
-    case Meaning::TotalCost:
-      return QStringLiteral("költség");
-    case Meaning::UnitPrice:
-    case Meaning::Price:
-      return QStringLiteral("egységár");
-    case Meaning::Full:
-      return QStringLiteral("tele tankolva");
-    case Meaning::Partial:
-      return QStringLiteral("nem tele tankolva");
-    case Meaning::Missed:
-      return QStringLiteral("kimaradt előtte egy tankolás");
-    case Meaning::Note:
-      return QStringLiteral("megjegyzés");
-    case Meaning::Description:
-      return QStringLiteral("megnevezés, a megjegyzés elé");
-    case Meaning::Kind:
-      return QStringLiteral("a bejegyzés fajtája");
-    case Meaning::DistanceUnit:
-      return QStringLiteral("a távolság mértékegysége");
-    case Meaning::VolumeUnit:
-      return QStringLiteral("a mennyiség mértékegysége");
-    case Meaning::Currency:
-      return QStringLiteral("pénznem");
-    case Meaning::Vehicle:
-      return QStringLiteral("jármű");
+  static constexpr const char* kWords[exchange::kMeanings] = {"nem értem",
+                                                              "nem kell",
+                                                              "dátum",
+                                                              "év",
+                                                              "hónap",
+                                                              "nap",
+                                                              "km óra állás",
+                                                              "megtett út az előző tankolás óta",
+                                                              "tankolt mennyiség",
+                                                              "költség",
+                                                              "egységár",
+                                                              "tele tankolva",
+                                                              "nem tele tankolva",
+                                                              "kimaradt előtte egy tankolás",
+                                                              "megjegyzés",
+                                                              "a megjegyzés költsége",
+                                                              "megnevezés, a megjegyzés elé",
+                                                              "alkatrész",
+                                                              "az alkatrész költsége",
+                                                              "olajcsere",
+                                                              "szűrőbetét csere",
+                                                              "gyertya csere",
+                                                              "fogyasztás",
+                                                              "a bejegyzés fajtája",
+                                                              "a távolság mértékegysége",
+                                                              "a mennyiség mértékegysége",
+                                                              "pénznem",
+                                                              "jármű"};
+  return QString::fromUtf8(kWords[static_cast<int>(meaning)]);
+}
+
+QString wordsOf(Question question) {
+  switch (question) {
+    case Question::DayColumn:
+      return QStringLiteral("Válaszd ki, melyik oszlop a dátum!");
+    case Question::OdometerColumn:
+      return QStringLiteral("Válaszd ki, melyik oszlop a km óra állása vagy a megtett út!");
+    case Question::VolumeColumn:
+      return QStringLiteral("Válaszd ki, melyik oszlop a tankolt mennyiség!");
+    case Question::DayOrder:
+      return QStringLiteral("Válaszd ki a dátumok sorrendjét!");
+    case Question::DecimalSign:
+      return QStringLiteral("Válaszd ki, vessző vagy pont a tizedesjel!");
+    case Question::DistanceUnit:
+      return QStringLiteral("Válaszd ki, kilométer vagy mérföld!");
+    case Question::VolumeUnit:
+      return QStringLiteral("Válaszd ki, liter vagy gallon!");
+    case Question::Gallon:
+      return QStringLiteral("Válaszd ki, milyen gallon van a fájlban!");
+    case Question::Price:
+      return QStringLiteral("Válaszd ki az ár oszlopa fölött, hogy az egész költség vagy egységár!");
+    case Question::FullWord:
+      return QStringLiteral("Válaszd ki, melyik szó jelenti, hogy tele lett a tank!");
+    case Question::Vehicle:
+      return QStringLiteral("Válaszd ki, melyik jármű tankolásai kellenek!");
+    case Question::TripStart:
+      return QStringLiteral("Írd be a km óra állását!");
+    case Question::Currency:
+      return QStringLiteral("Válaszd ki, milyen pénzben vannak a költségek!");
+    case Question::Rate:
+      return QStringLiteral("Írd be, hány forint a fájl pénzneme!");
   }
   return {};
 }
 
-QStringList noticesOf(const LogFile& log) {
+QString wordsOf(const exchange::VehicleRows& vehicle) {
+  const QString rows = QStringLiteral(" (%1 sor)").arg(vehicle.rows);
+  if (!vehicle.name.empty()) return toQt(vehicle.name) + rows;
+  if (vehicle.highest <= 0) return QStringLiteral("jármű nélküli sorok") + rows;
+  return QStringLiteral("%1–%2").arg(grouped(static_cast<std::int64_t>(vehicle.lowest)),
+                                     grouped(static_cast<std::int64_t>(vehicle.highest))) +
+         rows;
+}
+
+QString wordsOf(const LogSummary& summary) {
+  const QStringList figures = {
+      QStringLiteral("%1 bejegyzés").arg(summary.entries),
+      daysOf(summary),
+      grouped(summary.kilometres) + QStringLiteral(" km"),
+      figureOf(summary.litres, "### ### ##0.00", QStringLiteral(" l")),
+      marked(figureOf(summary.consumption, "##0.00", QStringLiteral(" l/100 km")),
+             summary.isConsumptionOdd()),
+      marked(figureOf(summary.forintsPerLitre, "### ##0", QStringLiteral(" Ft/l")), summary.isPriceOdd()),
+      grouped(summary.forints) + QStringLiteral(" Ft")};
+  return figures.join(QStringLiteral("  ·  "));
+}
+
+QStringList noticesOf(const LogTable& table, const Reading& reading) {
   QStringList notices;
-  if (!log.saysWhichAreFull)
+  if (!reading.saysWhichAreFull)
     notices.append(
         QStringLiteral("A fájl nem mondja meg, melyik tankolás volt tele: mindegyik annak számít."));
-  if (log.isCutInQuotes)
+  if (table.isCutInQuotes)
     notices.append(
         QStringLiteral("A(z) %1. sorban kezdődő idézőjel nincs lezárva: ami utána áll, hiányozhat.")
-            .arg(log.faultLine));
+            .arg(table.faultLine));
+  if (hasDamagedLetters(table))
+    notices.append(QStringLiteral("Sérült betűk vannak a fájlban; ha sok van, válassz más kódolást."));
   notices.append(QStringLiteral("A gumik futott kilométere nem változik; ha kell, a Gumik ablakban írd át."));
   return notices;
 }

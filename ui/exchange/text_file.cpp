@@ -11,6 +11,7 @@
 #include "core/failure.h"
 #include "core/file_steps.h"
 #include "core/text.h"
+#include "ui/exchange/charset_guess.h"
 
 namespace tarvik::ui {
 namespace {
@@ -24,21 +25,52 @@ QByteArray readWhole(core::FileSystem& files, const core::OpenFile& file, std::i
 }
 
 // UTF-16 without a mark: Latin letters, digits and separators have a zero in every other byte.
-std::optional<QStringConverter::Encoding> unmarkedUtf16(const QByteArray& bytes) {
+std::optional<Encoding> unmarkedUtf16(const QByteArray& bytes) {
   std::array<qsizetype, 2> zeros{};
   for (qsizetype i = 0; i < bytes.size(); ++i)
     if (bytes[i] == '\0') ++zeros[static_cast<std::size_t>(i % 2)];
   const qsizetype most = bytes.size() / 4;
-  if (zeros[1] > most && zeros[0] <= zeros[1] / 16) return QStringConverter::Utf16LE;
-  if (zeros[0] > most && zeros[1] <= zeros[0] / 16) return QStringConverter::Utf16BE;
+  if (zeros[1] > most && zeros[0] <= zeros[1] / 16) return Encoding::Utf16Le;
+  if (zeros[0] > most && zeros[1] <= zeros[0] / 16) return Encoding::Utf16Be;
   return std::nullopt;
 }
 
-std::string decodedAs(QStringConverter::Encoding encoding, const QByteArray& bytes, bool& isSound) {
-  QStringDecoder decoder(encoding, QStringConverter::Flag::Stateless);  // half a letter at the end is a fault
-  const QString text = decoder(bytes);
-  isSound = !decoder.hasError();
-  return text.toStdString();
+std::optional<Encoding> markedEncoding(const QByteArray& bytes) {
+  if (bytes.startsWith("\xEF\xBB\xBF")) return Encoding::Utf8;
+  if (bytes.startsWith("\xFF\xFE")) return Encoding::Utf16Le;
+  if (bytes.startsWith("\xFE\xFF")) return Encoding::Utf16Be;
+  return std::nullopt;
+}
+
+// How many bytes follow the first one of a letter in UTF-8; nothing for one that begins none.
+std::optional<int> followingBytes(unsigned char first) {
+  if (first < 0x80) return 0;
+  if (first >= 0xC2 && first < 0xE0) return 1;
+  if (first >= 0xE0 && first < 0xF0) return 2;
+  if (first >= 0xF0 && first < 0xF5) return 3;
+  return std::nullopt;
+}
+
+bool isWholeLetter(const QByteArray& bytes, qsizetype at, int following) {
+  if (at + following >= bytes.size()) return false;
+  for (qsizetype i = at + 1; i <= at + following; ++i)
+    if ((static_cast<unsigned char>(bytes[i]) & 0xC0U) != 0x80) return false;
+  return true;
+}
+
+// A few damaged letters do not make a file one of another encoding: in those hardly any pair of bytes is a
+// letter.
+bool isUtf8(const QByteArray& bytes) {
+  qsizetype sound = 0;
+  qsizetype damaged = 0;
+  for (qsizetype i = 0; i < bytes.size(); ++i) {
+    const auto following = followingBytes(static_cast<unsigned char>(bytes[i]));
+    if (following == 0) continue;
+    const bool isSound = following && isWholeLetter(bytes, i, *following);
+    if (isSound) i += *following;
+    ++(isSound ? sound : damaged);
+  }
+  return damaged == 0 || damaged <= sound;
 }
 
 bool hasOneOf(const QByteArray& bytes, std::string_view set) {
@@ -50,31 +82,78 @@ bool hasOneOf(const QByteArray& bytes, std::string_view set) {
 constexpr std::string_view kCentral = "\xF5\xFB\xD5\xDB\xB3\xB9\x9C\x9D\x8D\xBF\xBE\x8F";
 constexpr std::string_view kWestern = "\xA3\xC0\xCA\xD1\xE0\xE3\xE5\xE6\xEA\xF1\xF2\xC5\xC6";
 
-// Windows-1252 is Latin-1 but for the bytes 80 to 9F, eight a row.
-constexpr std::array<char16_t, 32> kWestern80 = {
-    0x20AC, 0xFFFD, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,  // 80
-    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0xFFFD, 0x017D, 0xFFFD,  // 88
-    0xFFFD, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,  // 90
-    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0xFFFD, 0x017E, 0x0178,  // 98
+// The guess of the library counts for other alphabets; between the Latin ones, which share most letters,
+// those that differ tell more than the few words of a log.
+Encoding guessedEncoding(const QByteArray& bytes) {
+  const std::string guess = guessedCharset(bytes);
+  if (guess == "WINDOWS-1251") return Encoding::Windows1251;
+  if (guess == "KOI8-R") return Encoding::Koi8;
+  if (guess == "IBM852") return Encoding::Dos852;
+  if (guess == "ISO-8859-2" && hasOneOf(bytes, "\xA9\xAB\xAE\xB1\xB5\xB6\xBB\xBE")) return Encoding::Latin2;
+  return hasOneOf(bytes, kWestern) && !hasOneOf(bytes, kCentral) ? Encoding::Windows1252
+                                                                 : Encoding::Windows1250;
+}
+
+struct CodePage {
+  Encoding encoding;
+  std::array<char16_t, 128> upperHalf;
 };
 
-std::string decodedAsWestern(const QByteArray& bytes) {
+constexpr CodePage kCodePages[] = {
+#include "ui/exchange/code_pages.inc"
+};
+
+std::string decodedBy(const CodePage& page, const QByteArray& bytes) {
   QString text = QString::fromLatin1(bytes);
   for (QChar& character : text)
-    if (character.unicode() >= 0x80 && character.unicode() < 0xA0)
-      character = QChar(kWestern80[character.unicode() - 0x80]);
+    if (character.unicode() >= 0x80) character = QChar(page.upperHalf[character.unicode() - 0x80]);
+  return text.toStdString();
+}
+
+std::string decodedByQt(QStringConverter::Encoding encoding, const QByteArray& bytes) {
+  QStringDecoder decoder(encoding, QStringConverter::Flag::Stateless);
+  const QString text = decoder(bytes);
   return text.toStdString();
 }
 
 }  // namespace
 
-std::string decodedText(const QByteArray& bytes) {
-  bool isSound = false;
-  auto encoding = QStringConverter::encodingForData(bytes);
-  if (!encoding) encoding = unmarkedUtf16(bytes);
-  std::string text = decodedAs(encoding.value_or(QStringConverter::Utf8), bytes, isSound);
-  if (isSound || encoding) return text;
-  if (hasOneOf(bytes, kWestern) && !hasOneOf(bytes, kCentral)) return decodedAsWestern(bytes);
+QString nameOf(Encoding encoding) {
+  switch (encoding) {
+    case Encoding::Utf8:
+      return QStringLiteral("UTF-8");
+    case Encoding::Windows1250:
+      return QStringLiteral("közép-európai (Windows-1250)");
+    case Encoding::Windows1252:
+      return QStringLiteral("nyugat-európai (Windows-1252)");
+    case Encoding::Latin2:
+      return QStringLiteral("közép-európai (ISO 8859-2)");
+    case Encoding::Dos852:
+      return QStringLiteral("közép-európai (DOS 852)");
+    case Encoding::Windows1251:
+      return QStringLiteral("cirill (Windows-1251)");
+    case Encoding::Koi8:
+      return QStringLiteral("cirill (KOI8-R)");
+    case Encoding::Utf16Le:
+      return QStringLiteral("UTF-16 (LE)");
+    case Encoding::Utf16Be:
+      return QStringLiteral("UTF-16 (BE)");
+  }
+  return {};
+}
+
+Encoding encodingOf(const QByteArray& bytes) {
+  if (const auto marked = markedEncoding(bytes)) return *marked;
+  if (const auto wide = unmarkedUtf16(bytes)) return *wide;
+  return isUtf8(bytes) ? Encoding::Utf8 : guessedEncoding(bytes);
+}
+
+std::string decodedText(const QByteArray& bytes, Encoding encoding) {
+  if (encoding == Encoding::Utf8) return decodedByQt(QStringConverter::Utf8, bytes);
+  if (encoding == Encoding::Utf16Le) return decodedByQt(QStringConverter::Utf16LE, bytes);
+  if (encoding == Encoding::Utf16Be) return decodedByQt(QStringConverter::Utf16BE, bytes);
+  const auto* page = std::ranges::find(kCodePages, encoding, &CodePage::encoding);
+  if (page != std::end(kCodePages)) return decodedBy(*page, bytes);
   return core::fromCodePage({bytes.data(), static_cast<std::size_t>(bytes.size())});
 }
 
@@ -82,9 +161,12 @@ TextFile readTextFile(core::FileSystem& files, const std::string& path) {
   const core::OpenFile file = core::steps::openIfThere(files, path);
   if (!file.isOpen()) throw core::Failure(core::FailureKind::OpenFailed).file(path).systemError(ENOENT);
   const core::FileStatus status = core::steps::statusOf(files, file, path);
-  if (status.size > kLargestTextFile) return {TextFile::Fault::TooLarge, status.size, {}};
-  TextFile read{TextFile::Fault::None, status.size, decodedText(readWhole(files, file, status.size, path))};
-  if (read.text.find('\0') != std::string::npos) read.fault = TextFile::Fault::NotText;
+  if (status.size > kLargestTextFile) return {TextFile::Fault::TooLarge, status.size};
+  TextFile read{TextFile::Fault::None, status.size, readWhole(files, file, status.size, path)};
+  if (read.bytes.startsWith("PK\3\4"))
+    read.fault = TextFile::Fault::Zip;
+  else if (decodedText(read.bytes).find('\0') != std::string::npos)
+    read.fault = TextFile::Fault::NotText;
   return read;
 }
 

@@ -13,6 +13,7 @@ namespace {
 
 using exchange::Doubt;
 using exchange::Meaning;
+using exchange::Question;
 using Why = exchange::UnreadRow::Why;
 using Words = QMap<QString, QString>;
 
@@ -28,15 +29,25 @@ Words wordsOfThePage(const QString& kind) {
 }
 
 const QMap<QString, Doubt> kDoubts{{"AlreadyThere", Doubt::AlreadyThere},
+                                   {"TwiceInFile", Doubt::TwiceInFile},
                                    {"DayRunsBackwards", Doubt::DayRunsBackwards},
+                                   {"DayInFuture", Doubt::DayInFuture},
+                                   {"DayTooEarly", Doubt::DayTooEarly},
                                    {"OdometerFalls", Doubt::OdometerFalls},
                                    {"OdometerJumps", Doubt::OdometerJumps},
                                    {"MoreThanTank", Doubt::MoreThanTank},
+                                   {"ConsumptionOdd", Doubt::ConsumptionOdd},
+                                   {"PriceOdd", Doubt::PriceOdd},
                                    {"MissedBefore", Doubt::MissedBefore},
+                                   {"LeftOutBefore", Doubt::LeftOutBefore},
+                                   {"UntickedBefore", Doubt::UntickedBefore},
                                    {"NoConsumption", Doubt::NoConsumption},
                                    {"OdometerTaken", Doubt::OdometerTaken},
+                                   {"LettersDamaged", Doubt::LettersDamaged},
                                    {"NoteCut", Doubt::NoteCut},
-                                   {"LettersLost", Doubt::LettersLost}};
+                                   {"LettersLost", Doubt::LettersLost},
+                                   {"PartCut", Doubt::PartCut},
+                                   {"PartLettersLost", Doubt::PartLettersLost}};
 
 const QMap<QString, Why> kRows{{"NoDay", Why::NoDay},
                                {"DayNotUnderstood", Why::DayNotUnderstood},
@@ -44,25 +55,59 @@ const QMap<QString, Why> kRows{{"NoDay", Why::NoDay},
                                {"FigureNotUnderstood", Why::FigureNotUnderstood},
                                {"FigureTooLarge", Why::FigureTooLarge},
                                {"NothingInIt", Why::NothingInIt},
-                               {"Total", Why::Total}};
+                               {"Total", Why::Total},
+                               {"TooManyCells", Why::TooManyCells},
+                               {"OtherVehicle", Why::OtherVehicle},
+                               {"OtherSection", Why::OtherSection},
+                               {"Heads", Why::Heads},
+                               {"Title", Why::Title},
+                               {"Comment", Why::Comment},
+                               {"BeforeTable", Why::BeforeTable},
+                               {"Empty", Why::Empty}};
 
-const QMap<QString, Meaning> kColumns{{"Ignored", Meaning::Ignored},
+const QMap<QString, Meaning> kColumns{{"NotUnderstood", Meaning::NotUnderstood},
+                                      {"NotNeeded", Meaning::NotNeeded},
                                       {"Day", Meaning::Day},
+                                      {"Year", Meaning::Year},
+                                      {"Month", Meaning::Month},
+                                      {"DayOfMonth", Meaning::DayOfMonth},
                                       {"Odometer", Meaning::Odometer},
+                                      {"Trip", Meaning::Trip},
                                       {"Volume", Meaning::Volume},
                                       {"TotalCost", Meaning::TotalCost},
                                       {"UnitPrice", Meaning::UnitPrice},
-                                      {"Price", Meaning::Price},
                                       {"Full", Meaning::Full},
                                       {"Partial", Meaning::Partial},
                                       {"Missed", Meaning::Missed},
                                       {"Note", Meaning::Note},
+                                      {"NoteCost", Meaning::NoteCost},
                                       {"Description", Meaning::Description},
+                                      {"Part", Meaning::Part},
+                                      {"PartCost", Meaning::PartCost},
+                                      {"OilChange", Meaning::OilChange},
+                                      {"FilterChange", Meaning::FilterChange},
+                                      {"PlugChange", Meaning::PlugChange},
+                                      {"Consumption", Meaning::Consumption},
                                       {"Kind", Meaning::Kind},
                                       {"DistanceUnit", Meaning::DistanceUnit},
                                       {"VolumeUnit", Meaning::VolumeUnit},
                                       {"Currency", Meaning::Currency},
                                       {"Vehicle", Meaning::Vehicle}};
+
+const QMap<QString, Question> kQuestions{{"DayColumn", Question::DayColumn},
+                                         {"OdometerColumn", Question::OdometerColumn},
+                                         {"VolumeColumn", Question::VolumeColumn},
+                                         {"Price", Question::Price},
+                                         {"Vehicle", Question::Vehicle},
+                                         {"DayOrder", Question::DayOrder},
+                                         {"DistanceUnit", Question::DistanceUnit},
+                                         {"VolumeUnit", Question::VolumeUnit},
+                                         {"Gallon", Question::Gallon},
+                                         {"TripStart", Question::TripStart},
+                                         {"FullWord", Question::FullWord},
+                                         {"Currency", Question::Currency},
+                                         {"Rate", Question::Rate},
+                                         {"DecimalSign", Question::DecimalSign}};
 
 // What the program says of each of these.
 template <typename Value>
@@ -98,16 +143,24 @@ class ImportWordsTest : public QObject {
              wordsOfThePage("column"));
   }
 
+  void everyQuestionIsAskedAsThePageSays() {
+    QCOMPARE(said<Question>(kQuestions, [](Question question) { return wordsOf(question); }),
+             wordsOfThePage("question"));
+  }
+
   void everyNoticeIsSaidAsThePageSays() {
     const Words page = wordsOfThePage("notice");
-    exchange::LogFile log;
-    log.saysWhichAreFull = true;
-    QCOMPARE(noticesOf(log), QStringList(page["Tyres"]));
-    log.saysWhichAreFull = false;
-    log.isCutInQuotes = true;
-    log.faultLine = 7;
-    QCOMPARE(noticesOf(log), QStringList({page["NotSaidWhichAreFull"], page["CutInQuotes"], page["Tyres"]}));
-    QCOMPARE(page.size(), 3);
+    exchange::LogTable table;
+    exchange::Reading reading;
+    reading.saysWhichAreFull = true;
+    QCOMPARE(noticesOf(table, reading), QStringList(page["Tyres"]));
+    reading.saysWhichAreFull = false;
+    table.isCutInQuotes = true;
+    table.faultLine = 7;
+    table.rows.push_back({.row = {.line = 1, .cells = {"K\xEF\xBF\xBDm"}}});
+    QCOMPARE(noticesOf(table, reading), QStringList({page["NotSaidWhichAreFull"], page["CutInQuotes"],
+                                                     page["DamagedLetters"], page["Tyres"]}));
+    QCOMPARE(page.size(), 4);
   }
 
   void theNameOfAFileIsNoPlaceholder() {
@@ -120,12 +173,9 @@ class ImportWordsTest : public QObject {
   }
 
   void aFileThatHoldsALogIsNotRefused() {
-    exchange::LogFile log;
-    log.rows.push_back({.line = 2});
-    QCOMPARE(wordsOf(log, "log.csv"), QString());
-    log.rows.clear();
-    log.unread.emplace_back();
-    QCOMPARE(wordsOf(log, "log.csv"), QString());
+    exchange::LogTable table;
+    table.rows.push_back({.row = {.line = 2, .cells = {"x"}}});
+    QCOMPARE(wordsOf(table, "log.csv"), QString());
     QCOMPARE(wordsOf(TextFile{}, "log.csv"), QString());
   }
 };

@@ -34,6 +34,29 @@ class TextFileTest : public QObject {
     QCOMPARE(decoded("Vid\xE9"), "Vidé");  // half a letter: Windows-1250
   }
 
+  void oneDamagedLetterDoesNotMakeItAnotherEncoding() {
+    QCOMPARE(decoded("K\xC3\xA9k \xC5\x91r \xE9 j\xC3\xB3"), QString::fromUtf8("Kék őr \uFFFD jó"));
+    QCOMPARE(encodingOf("K\xE9k \xF5r j\xF3"), Encoding::Windows1250);
+  }
+
+  void cyrillicLettersAreGuessedByHowTheyFollowEachOther() {
+    const QByteArray bytes(
+        "\xC4\xE0\xF2\xE0;\xCF\xF0\xEE\xE1\xE5\xE3;\xCB\xE8\xF2\xF0\xFB;\xD1\xF2\xEE\xE8\xEC\xEE\xF1\xF2\xFC;"
+        "\xCF\xEE\xEB\xED\xFB\xE9 \xE1\xE0\xEA;\xCA\xEE\xEC\xEC\xE5\xED\xF2\xE0\xF0\xE8\xE9");
+    QCOMPARE(encodingOf(bytes), Encoding::Windows1251);
+    QCOMPARE(decoded(bytes), QString::fromUtf8("Дата;Пробег;Литры;Стоимость;Полный бак;Комментарий"));
+  }
+
+  void everyEncodingCanBeChosen() {
+    const auto as = [](Encoding encoding, const char* bytes) {
+      return QString::fromStdString(decodedText(bytes, encoding));
+    };
+    QCOMPARE(as(Encoding::Latin2, "\xF5\xFB"), QString::fromUtf8("őű"));
+    QCOMPARE(as(Encoding::Dos852, "\x8B\xFB"), QString::fromUtf8("őű"));
+    QCOMPARE(as(Encoding::Koi8, "\xC1"), QString::fromUtf8("а"));
+    QCOMPARE(as(Encoding::Windows1252, "\x80"), QString::fromUtf8("€"));
+  }
+
   void zeroBytesInEveryOtherPlaceAreUtf16() {
     QCOMPARE(decoded(QByteArray("a\0b\0;\0\x51\x01", 8)), "ab;ő");
     QCOMPARE(decoded(QByteArray("\0a\0b\0;\x01\x51", 8)), "ab;ő");
@@ -97,7 +120,7 @@ class TextFileTest : public QObject {
     const TextFile read = readTextFile(files, folder / "log.csv");
     QCOMPARE(read.fault, TextFile::Fault::None);
     QCOMPARE(read.size, 5);
-    QCOMPARE(read.text, std::string("őr;1\n"));
+    QCOMPARE(decodedText(read.bytes), std::string("őr;1\n"));
     folder.write("empty.csv", "");
     QCOMPARE(readTextFile(files, folder / "empty.csv").fault, TextFile::Fault::None);
   }
@@ -117,12 +140,12 @@ class TextFileTest : public QObject {
     const TextFile read = readTextFile(files, folder / "log.csv");
     QCOMPARE(read.fault, TextFile::Fault::None);
     QCOMPARE(read.size, kMost);
-    QCOMPARE(static_cast<std::int64_t>(read.text.size()), kMost);
+    QCOMPARE(static_cast<std::int64_t>(read.bytes.size()), kMost);
     std::filesystem::resize_file(folder / "log.csv", kMost + 1);
     const TextFile refused = readTextFile(files, folder / "log.csv");
     QCOMPARE(refused.fault, TextFile::Fault::TooLarge);
     QCOMPARE(refused.size, kMost + 1);
-    QVERIFY(refused.text.empty());
+    QVERIFY(refused.bytes.isEmpty());
   }
 
   void aFileThatIsGoneIsToldAsOne() {

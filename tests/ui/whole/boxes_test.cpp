@@ -238,8 +238,9 @@ class BoxesTest : public QObject {
       expect(name, read);
     };
     const std::string heads = "Date,Odometer,Litres\n";
-    expectOf("csv-no-text", std::string("PK\3\4\0\0\0\0", 8));
-    expectOf("csv-no-table", "alma;körte\n1;2\n");
+    expectOf("csv-zip", std::string("PK\3\4\0\0\0\0", 8));
+    expectOf("csv-no-text", std::string("a\0\0\0b\0\0\0c", 9));
+    expectOf("csv-no-table", "alma\nkörte\n");
     expectOf("csv-only-heads", heads);
     expectOf("csv-row-too-long", heads + "2024-01-05,1000,\"" + std::string(10'000'000, '\n'));
     std::string rows = heads;

@@ -342,8 +342,7 @@ class ContractTest : public QObject {
 
  private:
   static ui::ImportSource importOf(const std::string& text) {
-    return {
-        .name = "log.csv", .text = text, .log = exchange::readLog(text), .plate = "ABC123", .logbook = {}};
+    return {.name = "log.csv", .bytes = QByteArray::fromStdString(text), .plate = "ABC123", .logbook = {}};
   }
 
   template <typename Screen, typename... Arguments>

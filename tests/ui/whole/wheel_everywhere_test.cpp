@@ -132,14 +132,12 @@ class WheelEverywhereTest : public QObject {
   void theImportPreview() {
     const std::string text =
         "Vehicle,Date,Odometer,Gallons,Total ($)\nA,1/2/2024,1000,4,40\nB,2/2/2024,500,3,30\n";
-    turnOver(ui::ImportPreview(main_.context,
-                               {.name = "log.csv",
-                                .text = text,
-                                .log = exchange::readLog(text),
-                                .plate = "ABC123",
-                                .logbook = {}},
-                               nullptr),
-             "cmdMegsem");
+    turnOver(
+        ui::ImportPreview(
+            main_.context,
+            {.name = "log.csv", .bytes = QByteArray::fromStdString(text), .plate = "ABC123", .logbook = {}},
+            nullptr),
+        "cmdMegsem");
   }
 
  private:

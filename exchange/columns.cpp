@@ -1,0 +1,359 @@
+#include "exchange/columns.h"
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <set>
+
+#include "exchange/column_values.h"
+
+// What the columns of a table mean, from their heads and their values together.
+
+namespace tarvik::exchange {
+namespace {
+
+constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
+class Proposal {
+ public:
+  Proposal(const std::vector<ColumnFacts>& facts, const std::map<std::size_t, Meaning>& said)
+      : facts_(facts),
+        said_(said),
+        meanings_(facts.size(), Meaning::NotUnderstood),
+        isSettled_(facts.size(), false) {
+    for (const auto& [column, meaning] : said)
+      if (column < facts.size()) settle(column, meaning);
+  }
+
+  std::vector<Meaning> make() {
+    settleDays();
+    settleDistances();
+    settleVolumes();
+    settleMoney();
+    settleWords();
+    return std::move(meanings_);
+  }
+
+  bool isPriceOpen() const { return isPriceOpen_; }
+
+ private:
+  using Fits = std::function<bool(const ColumnFacts&)>;
+
+  void settle(std::size_t column, Meaning meaning) {
+    meanings_[column] = meaning;
+    isSettled_[column] = true;
+  }
+
+  bool isTaken(Meaning meaning) const { return std::ranges::find(meanings_, meaning) != meanings_.end(); }
+
+  std::size_t columnOf(Meaning meaning) const {
+    const auto found = std::ranges::find(meanings_, meaning);
+    return found == meanings_.end() ? kNone : static_cast<std::size_t>(found - meanings_.begin());
+  }
+
+  // The column still open whose head says that word most plainly and whose values fit.
+  std::size_t best(HeadWord word, const Fits& fits) const {
+    std::size_t found = kNone;
+    for (std::size_t i = 0; i < facts_.size(); ++i) {
+      if (isSettled_[i] || facts_[i].head.word != word || !fits(facts_[i])) continue;
+      if (found == kNone || facts_[i].head.strength > facts_[found].head.strength) found = i;
+    }
+    return found;
+  }
+
+  bool take(std::size_t column, Meaning meaning) {
+    if (column == kNone || isTaken(meaning)) return false;
+    settle(column, meaning);
+    return true;
+  }
+
+  bool takeBest(HeadWord word, Meaning meaning, const Fits& fits) {
+    return !isTaken(meaning) && take(best(word, fits), meaning);
+  }
+
+  // What is left of a kind of heads is understood and not needed.
+  void dismiss(std::initializer_list<HeadWord> words) {
+    for (std::size_t i = 0; i < facts_.size(); ++i)
+      if (!isSettled_[i] && std::ranges::find(words, facts_[i].head.word) != words.end())
+        settle(i, Meaning::NotNeeded);
+  }
+
+  std::size_t firstUnknown(const Fits& fits) const {
+    for (std::size_t i = 0; i < facts_.size(); ++i)
+      if (!isSettled_[i] && facts_[i].head.word == HeadWord::Unknown && fits(facts_[i])) return i;
+    return kNone;
+  }
+
+  void settleDays() {
+    const auto areDays = [](const ColumnFacts& facts) { return facts.areDays() || facts.filled == 0; };
+    if (!isTaken(Meaning::Day) && !isTaken(Meaning::Year) &&
+        !takeBest(HeadWord::Day, Meaning::Day, areDays) && !takeApart()) {
+      const std::size_t other = firstUnknown([](const ColumnFacts& facts) { return facts.areDays(); });
+      if (!take(other, Meaning::Day))
+        takeBest(HeadWord::Known, Meaning::Day,
+                 [](const ColumnFacts& facts) { return facts.areDays() && facts.numbers < facts.days; });
+    }
+    dismiss({HeadWord::Day, HeadWord::Year, HeadWord::Month, HeadWord::DayOfMonth});
+  }
+
+  // Year, month and day in three columns.
+  bool takeApart() {
+    const auto any = [](const ColumnFacts&) { return true; };
+    const std::size_t year = best(HeadWord::Year, any);
+    const std::size_t month = best(HeadWord::Month, any);
+    const std::size_t day = std::min(best(HeadWord::DayOfMonth, any), best(HeadWord::Day, any));
+    if (year == kNone || month == kNone || day == kNone) return false;
+    settle(year, Meaning::Year);
+    settle(month, Meaning::Month);
+    settle(day, Meaning::DayOfMonth);
+    return true;
+  }
+
+  void settleDistances() {
+    const auto isOf = [](std::initializer_list<DistanceKind> kinds) {
+      const std::vector<DistanceKind> list(kinds);
+      return [list](const ColumnFacts& facts) {
+        return std::ranges::find(list, distanceKind(facts)) != list.end();
+      };
+    };
+    const auto reading = isOf({DistanceKind::Reading});
+    const auto likeReading = isOf({DistanceKind::Reading, DistanceKind::Either});
+    const auto likeTrip = isOf({DistanceKind::Trip, DistanceKind::Either});
+    const auto trip = isOf({DistanceKind::Trip});
+    if (!isTaken(Meaning::Odometer) && !isTaken(Meaning::Trip)) {
+      takeBest(HeadWord::Odometer, Meaning::Odometer, likeReading) ||
+          takeBest(HeadWord::Distance, Meaning::Odometer, reading) ||
+          takeBest(HeadWord::Trip, Meaning::Odometer, reading) ||
+          takeBest(HeadWord::Trip, Meaning::Trip, likeTrip) ||
+          takeBest(HeadWord::Distance, Meaning::Trip, trip) ||
+          takeBest(HeadWord::Odometer, Meaning::Trip, trip) ||
+          take(firstUnknown([](const ColumnFacts& facts) {
+                 constexpr double kLowest = 1'000;
+                 return distanceKind(facts) == DistanceKind::Reading && facts.median > kLowest &&
+                        facts.distinct >= 4 && steadiness(facts) > 0.95;
+               }),
+               Meaning::Odometer);
+    }
+    if (isTaken(Meaning::Odometer) || isTaken(Meaning::Trip))
+      dismiss({HeadWord::Odometer, HeadWord::Distance, HeadWord::Trip});
+  }
+
+  void settleVolumes() {
+    const auto areVolumes = [](const ColumnFacts& facts) {
+      return facts.filled == 0 || (facts.areFigures() && !areOctanes(facts));
+    };
+    const auto areFigures = [](const ColumnFacts& facts) { return facts.filled == 0 || facts.areFigures(); };
+    const auto areFilled = [&](const ColumnFacts& facts) { return facts.filled > 0 && areVolumes(facts); };
+    if (!isTaken(Meaning::Volume))
+      takeBest(HeadWord::Volume, Meaning::Volume, areFilled) ||
+          takeBest(HeadWord::Fuel, Meaning::Volume, areFilled) || takeAmount() ||
+          takeBest(HeadWord::Volume, Meaning::Volume, areFigures) ||
+          takeBest(HeadWord::Fuel, Meaning::Volume, areVolumes) || takeProduct();
+  }
+
+  // "Amount" is of fuel where no other column is and another one is of money.
+  bool takeAmount() {
+    const bool hasMoney = std::ranges::any_of(facts_, [](const ColumnFacts& facts) {
+      return facts.head.word == HeadWord::TotalCost || facts.head.word == HeadWord::Price;
+    });
+    return hasMoney && takeBest(HeadWord::Amount, Meaning::Volume, [](const ColumnFacts& facts) {
+             return facts.areFigures() && !areOctanes(facts);
+           });
+  }
+
+  // Whether the first two columns multiplied come to the third, in nine of ten rows.
+  bool isProduct(std::size_t a, std::size_t b, std::size_t product) const {
+    std::size_t compared = 0;
+    std::size_t equal = 0;
+    for (std::size_t i = 0; i < facts_[a].figures.size(); ++i) {
+      const auto& x = facts_[a].figures[i];
+      const auto& y = facts_[b].figures[i];
+      const auto& z = facts_[product].figures[i];
+      if (!x || !y || !z || *x <= 0 || *y <= 0 || *z <= 0) continue;
+      ++compared;
+      if (std::abs(*x * *y - *z) <= 0.02 * *z) ++equal;
+    }
+    return compared >= 3 && 10 * equal >= 9 * compared;
+  }
+
+  // Three columns of figures of which one is the product of the others: volume, price and cost, whatever
+  // their heads.
+  bool takeProduct() {
+    std::vector<std::size_t> open;
+    for (std::size_t i = 0; i < facts_.size(); ++i)
+      if (!isSettled_[i] && facts_[i].areFigures() && facts_[i].head.word != HeadWord::Known)
+        open.push_back(i);
+    constexpr std::size_t kMost = 12;
+    if (open.size() > kMost) return false;
+    for (const std::size_t product : open)
+      for (const std::size_t a : open)
+        for (const std::size_t b : open)
+          if (a < b && a != product && b != product && facts_[product].distinct > 2 &&
+              isProduct(a, b, product))
+            return takeProductOf(a, b, product);
+    return false;
+  }
+
+  bool takeProductOf(std::size_t a, std::size_t b, std::size_t product) {
+    const auto isMoney = [&](std::size_t column) {
+      const HeadWord word = facts_[column].head.word;
+      return word == HeadWord::Price || word == HeadWord::UnitPrice;
+    };
+    const auto spreadOf = [&](std::size_t column) {
+      return spread(paidOf(facts_[column], facts_[column]).money);
+    };
+    const bool isFirstVolume = isMoney(b) || (!isMoney(a) && spreadOf(a) > spreadOf(b));
+    settle(isFirstVolume ? a : b, Meaning::Volume);
+    if (!isTaken(Meaning::UnitPrice)) settle(isFirstVolume ? b : a, Meaning::UnitPrice);
+    if (!isTaken(Meaning::TotalCost)) settle(product, Meaning::TotalCost);
+    return true;
+  }
+
+  bool isMoneyHead(std::size_t column) const {
+    const HeadWord word = facts_[column].head.word;
+    return !isSettled_[column] && facts_[column].areFigures() &&
+           (word == HeadWord::TotalCost || word == HeadWord::UnitPrice || word == HeadWord::Price ||
+            word == HeadWord::Amount);
+  }
+
+  std::vector<std::size_t> moneyColumns() const {
+    std::vector<std::size_t> columns;
+    for (std::size_t i = 0; i < facts_.size(); ++i)
+      if (isMoneyHead(i)) columns.push_back(i);
+    return columns;
+  }
+
+  void settleMoney() {
+    const bool isFree = !isTaken(Meaning::TotalCost) && !isTaken(Meaning::UnitPrice);
+    if (isFree && isTaken(Meaning::Volume) && takeMoneyProduct()) return dismissMoney();
+    const auto any = [](const ColumnFacts& facts) { return facts.areFigures() || facts.filled == 0; };
+    settleLone();
+    takeBest(HeadWord::TotalCost, Meaning::TotalCost, any);
+    takeBest(HeadWord::UnitPrice, Meaning::UnitPrice, any);
+    if (isTaken(Meaning::TotalCost))
+      takeBest(HeadWord::Price, Meaning::UnitPrice,
+               [&](const ColumnFacts& facts) { return any(facts) && isOfUnit(facts); });
+    else
+      takeBest(HeadWord::Price, Meaning::TotalCost, any);
+    takeBest(HeadWord::Amount, Meaning::TotalCost, any);
+    dismissMoney();
+  }
+
+  void dismissMoney() {
+    dismiss({HeadWord::TotalCost, HeadWord::UnitPrice, HeadWord::Price, HeadWord::Amount, HeadWord::Volume});
+  }
+
+  // Of several columns of money one may be the product of another and the volume.
+  bool takeMoneyProduct() {
+    const std::size_t volume = columnOf(Meaning::Volume);
+    const std::vector<std::size_t> money = moneyColumns();
+    for (const std::size_t total : money)
+      for (const std::size_t unit : money)
+        if (total != unit && isProduct(volume, unit, total)) {
+          settle(total, Meaning::TotalCost);
+          settle(unit, Meaning::UnitPrice);
+          return true;
+        }
+    return false;
+  }
+
+  bool isOfUnit(const ColumnFacts& facts) const {
+    const std::size_t volume = columnOf(Meaning::Volume);
+    if (volume == kNone) return true;
+    const Paid paid = paidOf(facts, facts_[volume]);
+    return spread(paid.money) <= spread(paid.perVolume);
+  }
+
+  // The only column of money: what it holds is told by its values where its head does not say.
+  void settleLone() {
+    const std::vector<std::size_t> money = moneyColumns();
+    const std::size_t volume = columnOf(Meaning::Volume);
+    if (money.size() != 1 || volume == kNone || isTaken(Meaning::TotalCost) || isTaken(Meaning::UnitPrice))
+      return;
+    const std::size_t column = money.front();
+    const HeadWord word = facts_[column].head.word;
+    if (word == HeadWord::TotalCost) return settle(column, Meaning::TotalCost);
+    settle(column, loneMeaning(column, paidOf(facts_[column], facts_[volume])));
+  }
+
+  Meaning loneMeaning(std::size_t column, const Paid& paid) {
+    constexpr double kDearest = 3'000;  // no litre costs that, in any money
+    constexpr double kCheapest = 10;    // no fill costs less, in any money
+    const bool isStated = facts_[column].head.word == HeadWord::UnitPrice;
+    if (facts_[column].median > kDearest) return Meaning::TotalCost;
+    if (paid.money.empty()) return isStated ? Meaning::UnitPrice : Meaning::TotalCost;
+    const double inMoney = spread(paid.money);
+    const double inQuotients = spread(paid.perVolume);
+    if (isStated)
+      return inMoney > 2 * inQuotients && paid.money.size() > 3 && inQuotients > 0
+                 ? open(column, Meaning::TotalCost)
+                 : Meaning::UnitPrice;
+    if (paid.money.size() > 3 && inMoney > 1.3 * inQuotients) return Meaning::TotalCost;
+    if (facts_[column].median < kCheapest && paid.perVolume.front() < 0.5) return Meaning::UnitPrice;
+    return open(column,
+                inMoney <= inQuotients && paid.money.size() > 1 ? Meaning::UnitPrice : Meaning::TotalCost);
+  }
+
+  Meaning open(std::size_t column, Meaning guess) {
+    if (!said_.contains(column)) isPriceOpen_ = true;
+    return guess;
+  }
+
+  // Columns of words, and all that is left.
+  void settleWords() {
+    const auto any = [](const ColumnFacts&) { return true; };
+    constexpr std::pair<HeadWord, Meaning> kWords[] = {{HeadWord::Full, Meaning::Full},
+                                                       {HeadWord::Partial, Meaning::Partial},
+                                                       {HeadWord::Missed, Meaning::Missed},
+                                                       {HeadWord::NoteCost, Meaning::NoteCost},
+                                                       {HeadWord::Part, Meaning::Part},
+                                                       {HeadWord::Description, Meaning::Description},
+                                                       {HeadWord::DistanceUnit, Meaning::DistanceUnit},
+                                                       {HeadWord::VolumeUnit, Meaning::VolumeUnit},
+                                                       {HeadWord::Currency, Meaning::Currency}};
+    for (const auto& [word, meaning] : kWords) {
+      if (meaning == Meaning::Partial && isTaken(Meaning::Full)) continue;
+      takeBest(word, meaning, any);
+    }
+    settleKinds();
+    for (std::size_t i = 0; i < facts_.size(); ++i) {
+      if (isSettled_[i]) continue;
+      if (facts_[i].head.word == HeadWord::Note) settle(i, Meaning::Note);
+      if (facts_[i].head.word == HeadWord::Vehicle) settle(i, Meaning::Vehicle);
+      if (facts_[i].head.word != HeadWord::Unknown && !isSettled_[i]) settle(i, Meaning::NotNeeded);
+      if (!isSettled_[i] && facts_[i].filled == 0) settle(i, Meaning::NotNeeded);
+    }
+  }
+
+  // A column of kinds may say which fills were full.
+  void settleKinds() {
+    const auto saysFull = [](const ColumnFacts& facts) {
+      std::set<std::string> words;
+      for (const std::string_view cell : facts.cells)
+        if (!cell.empty() && words.size() < 5) words.insert(folded(cell));
+      return words.size() == 2 &&
+             std::ranges::all_of(words, [](const std::string& word) { return yesOrNo(word).has_value(); });
+    };
+    if (!isTaken(Meaning::Full) && !isTaken(Meaning::Partial))
+      takeBest(HeadWord::Kind, Meaning::Full, saysFull) || takeBest(HeadWord::Fuel, Meaning::Full, saysFull);
+    takeBest(HeadWord::Kind, Meaning::Kind, [](const ColumnFacts&) { return true; });
+  }
+
+  const std::vector<ColumnFacts>& facts_;
+  const std::map<std::size_t, Meaning>& said_;
+  std::vector<Meaning> meanings_;
+  std::vector<bool> isSettled_;
+  bool isPriceOpen_ = false;
+};
+
+}  // namespace
+
+std::vector<Meaning> proposeMeanings(const std::vector<ColumnFacts>& facts,
+                                     const std::map<std::size_t, Meaning>& said, bool& isPriceOpen) {
+  Proposal proposal(facts, said);
+  std::vector<Meaning> meanings = proposal.make();
+  isPriceOpen = proposal.isPriceOpen();
+  return meanings;
+}
+
+}  // namespace tarvik::exchange

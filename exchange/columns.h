@@ -1,0 +1,46 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "exchange/log_table.h"
+#include "exchange/reading.h"
+
+namespace tarvik::exchange {
+
+/// The cells of a column that stand in rows of data, and what they look like.
+struct ColumnFacts {
+  HeadReading head;
+  std::vector<std::string_view> cells;  ///< trimmed, of each row of data; empty where the row is shorter
+  std::vector<std::optional<double>> figures;  ///< what they come to with the sign below
+  DecimalSign sign = DecimalSign::Point;
+  bool isSignOpen = false;  ///< each of its figures could be read with either
+  std::size_t filled = 0;
+  std::size_t days = 0;      ///< cells that look like days
+  std::size_t numbers = 0;   ///< cells that are figures
+  std::size_t distinct = 0;  ///< figures that differ
+  double median = 0;
+
+  bool areFigures() const { return numbers > 0 && 2 * numbers > filled; }
+  bool areDays() const { return days > 0 && 2 * days > filled; }
+};
+
+/// Whether a cell is a figure, alone or with a unit or a currency: "40,5 l" is one, "E10" and "Super 95" are
+/// not.
+bool isFigureCell(std::string_view cell);
+
+/// The rows of data of a table.
+std::vector<const CsvRow*> dataRows(const LogTable& table);
+
+/// Looks at all columns. The sign of one whose figures could be read either way is what the others show, else
+/// the one given, else what goes with the separator.
+std::vector<ColumnFacts> lookAt(const LogTable& table, std::optional<DecimalSign> sign);
+
+/// What the columns are read as: what heads and values say together, and the person before both. isPriceOpen
+/// becomes true where a column could hold the price of a litre or of all.
+std::vector<Meaning> proposeMeanings(const std::vector<ColumnFacts>& facts,
+                                     const std::map<std::size_t, Meaning>& said, bool& isPriceOpen);
+
+}  // namespace tarvik::exchange

@@ -1,0 +1,315 @@
+#include "exchange/reading.h"
+
+#include <gmock/gmock.h>
+
+#include "tests/exchange/reading.h"
+
+namespace tarvik::test {
+namespace {
+
+using core::Ratio;
+using exchange::Choices;
+using exchange::DayOrder;
+using exchange::DistanceUnit;
+using exchange::Meaning;
+using exchange::Question;
+using exchange::VolumeUnit;
+using Why = exchange::UnreadRow::Why;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+
+// The plain table that people keep: it asks nothing.
+TEST(AHungarianTable, IsUnderstoodWithoutAQuestion) {
+  const ReadLog log = readLog(
+      "Dátum;Km;Liter;Ft\n2024.01.05.;48210;41,27;25575\n2024.01.19.;48866;44,03;27681\n2024.02.02.;49391;20;"
+      "12519\n");
+  EXPECT_THAT(log.reading.open, IsEmpty());
+  EXPECT_THAT(log.reading.asked, IsEmpty());
+  ASSERT_EQ(log.rows.rows.size(), 3U);
+  EXPECT_EQ(log.rows.rows[0].kilometres, Ratio(48'210));
+  EXPECT_EQ(log.rows.rows[0].litres, Ratio(4'127, 100));
+  EXPECT_EQ(log.rows.rows[0].forints, Ratio(25'575));
+  EXPECT_TRUE(log.rows.rows[2].isFull);
+}
+
+TEST(AColumn, OfOctanesIsNoVolume) {
+  for (const char* kind : {"E10", "95", "Super 95", "Benzin 95"}) {
+    std::string text = "Dátum;Km óra;Benzin;Liter;Ft\n";
+    for (int i = 1; i < 5; ++i)
+      text += "2024.01.0" + std::to_string(i) + ".;" + std::to_string(1'000 + 500 * i) + ";" + kind +
+              ";40,5;24000\n";
+    const ReadLog log = readLog(text);
+    EXPECT_EQ(log.meaningOf("Benzin"), Meaning::NotNeeded) << kind;
+    EXPECT_EQ(log.meaningOf("Liter"), Meaning::Volume) << kind;
+  }
+}
+
+TEST(AColumn, OfPricesOfTenThousandIsACost) {
+  const ReadLog log = readLog(
+      "Dátum;Km;Liter;Ár\n2024.01.05.;48210;41,27;15000\n2024.01.19.;48866;44,03;15000\n2024.02.02.;49391;20;"
+      "15000\n");
+  EXPECT_EQ(log.meaningOf("Ár"), Meaning::TotalCost);
+  EXPECT_THAT(log.reading.open, IsEmpty());
+}
+
+TEST(AColumn, ThatCouldBePricesOfALitreOrOfAllIsAsked) {
+  const std::string text =
+      "Datum;Tachometr;Litry;Cena\n2024-01-05;48210;41,27;50\n2024-01-19;48866;44,03;50\n2024-02-02;49391;40;"
+      "50\n";
+  EXPECT_TRUE(readLog(text).asks(Question::Price));
+  const ReadLog said = readLog(text, {.columns = {{3, Meaning::TotalCost}}});
+  EXPECT_FALSE(said.asks(Question::Price));
+  EXPECT_EQ(said.rows.rows[0].forints, Ratio(50));
+}
+
+TEST(AColumn, IsWhatThePersonSaysItIs) {
+  const ReadLog log = readLog("Dátum;Km;Liter;Ft\n2024.01.05.;48210;41,27;25575\n",
+                              {.columns = {{3, Meaning::NotNeeded}, {1, Meaning::NotUnderstood}}});
+  EXPECT_TRUE(log.asks(Question::OdometerColumn));
+  EXPECT_EQ(log.meaningOf("Ft"), Meaning::NotNeeded);
+}
+
+// What a read past the end of the heads once came from: a volume without figures beside a column of prices.
+TEST(AColumn, OfVolumesWithoutFiguresBesidePricesIsAskedFor) {
+  const ReadLog log =
+      readLog("Date,Odometer,Litres,Price\n2024-01-05,1000,sok,60\n2024-01-09,1500,kevés,62\n");
+  EXPECT_TRUE(log.asks(Question::VolumeColumn));
+  EXPECT_EQ(log.rows.rows.size() + log.rows.unread.size(), 3U);
+}
+
+TEST(TheWordsForFull, AreAskedWhereTheyAreNotKnown) {
+  const std::string text =
+      "Dátum;Km;Liter;Ft;Teletankolás\n2024.01.05.;48210;41,27;25575;csurig\n2024.01.19.;48866;44,03;27681;"
+      "feles\n";
+  const ReadLog log = readLog(text);
+  EXPECT_TRUE(log.asks(Question::FullWord));
+  const ReadLog said = readLog(text, {.fullWord = "csurig"});
+  EXPECT_FALSE(said.asks(Question::FullWord));
+  EXPECT_TRUE(said.rows.rows[0].isFull);
+  EXPECT_FALSE(said.rows.rows[1].isFull);
+}
+
+TEST(TheWordsForFull, AreTurnedRoundInAColumnOfPartFills) {
+  const auto isFull = [](const std::string& word) {
+    return readLog("Dátum;Km;Liter;Ft;Partial\n2024.01.05.;48210;41;25575;" + word + "\n")
+        .rows.rows.at(0)
+        .isFull;
+  };
+  for (const char* word : {"1", "yes", "Partial", "full", "TRUE"}) EXPECT_FALSE(isFull(word)) << word;
+  EXPECT_TRUE(isFull("no"));
+  const ReadLog both = readLog(
+      "Dátum;Km;Liter;Ft;Partial\n2024.01.05.;48210;41;25575;full\n2024.01.19.;48866;44;27681;partial\n");
+  EXPECT_TRUE(both.asks(Question::FullWord));
+}
+
+TEST(Units, AreAskedWhereAnEnglishFileDoesNotStateThem) {
+  const std::string rows = "2024-01-05,30000,10.5\n2024-01-19,30400,11.2\n2024-02-02,30810,10.9\n";
+  const ReadLog log = readLog("date,mileage,volume\n" + rows);
+  EXPECT_THAT(log.reading.open, ElementsAre(Question::DistanceUnit, Question::VolumeUnit));
+  const ReadLog gallons = readLog("date,odometer,gallons\n" + rows);
+  EXPECT_THAT(gallons.reading.open, ElementsAre(Question::DistanceUnit, Question::Gallon));
+  const ReadLog miles = readLog("date,Odometer (mi),Fuel (US gal)\n" + rows);
+  EXPECT_THAT(miles.reading.open, IsEmpty());
+  EXPECT_EQ(miles.rows.rows[0].kilometres, Ratio(30'000) * kilometresOf(DistanceUnit::Mile));
+  EXPECT_EQ(miles.rows.rows[0].litres, Ratio(105, 10) * litresOf(VolumeUnit::UsGallon));
+  const ReadLog said = readLog("date,mileage,volume\n" + rows,
+                               {.distance = DistanceUnit::Kilometre, .volume = VolumeUnit::UkGallon});
+  EXPECT_THAT(said.reading.open, IsEmpty());
+  EXPECT_EQ(said.rows.rows[0].litres, Ratio(105, 10) * litresOf(VolumeUnit::UkGallon));
+}
+
+TEST(Units, ThatChangeInTheFileAreTakenRowByRow) {
+  const ReadLog log = readLog(
+      "Date,Odometer (km),Volume,Unit,Cost,Currency\n2024-01-05,30000,40,L,60,EUR\n2024-01-19,30400,10,US "
+      "gal,15000,HUF\n",
+      {.rates = {{"EUR", Ratio(400)}}});
+  EXPECT_THAT(log.reading.open, IsEmpty());
+  EXPECT_EQ(log.rows.rows[0].litres, Ratio(40));
+  EXPECT_EQ(log.rows.rows[0].forints, Ratio(24'000));
+  EXPECT_EQ(log.rows.rows[1].litres, Ratio(10) * litresOf(VolumeUnit::UsGallon));
+  EXPECT_EQ(log.rows.rows[1].forints, Ratio(15'000));
+}
+
+TEST(Money, HasARateOrIsAskedFor) {
+  const std::string row = "\n2024-01-05;48210;41;60\n";
+  EXPECT_THAT(readLog("Datum;Kilometerstand;Liter;Betrag (€)" + row).reading.open,
+              ElementsAre(Question::Rate));
+  EXPECT_THAT(readLog("Datum;Kilometerstand;Liter;Betrag" + row).reading.open,
+              ElementsAre(Question::Currency));
+  const ReadLog log =
+      readLog("Datum;Kilometerstand;Liter;Betrag" + row, {.currency = "EUR", .rates = {{"EUR", Ratio(400)}}});
+  EXPECT_THAT(log.reading.open, IsEmpty());
+  EXPECT_EQ(log.rows.rows[0].forints, Ratio(24'000));
+}
+
+TEST(Money, OfALitreInPenceIsTurnedIntoPounds) {
+  const ReadLog log = readLog("Date,Odometer (miles),Litres,Pence per litre\n2024-01-05,48210,40,150\n",
+                              {.rates = {{"GBP", Ratio(450)}}});
+  EXPECT_THAT(log.reading.open, IsEmpty());
+  EXPECT_EQ(log.rows.rows[0].forints, Ratio(27'000));  // 60 pounds
+}
+
+TEST(DaysOfALog, MayStandInThreeColumns) {
+  const ReadLog log =
+      readLog("Év;Hónap;Nap;Km;Liter;Ft\n2024;január;5;48210;41;25575\n2024;2;30;48800;41;25575\n");
+  EXPECT_THAT(log.reading.open, IsEmpty());
+  ASSERT_EQ(log.rows.rows.size(), 1U);
+  EXPECT_EQ(log.rows.rows[0].day, core::dayOf({2024, 1, 5}));
+  EXPECT_THAT(leftOut(log), ElementsAre(Pair(3, Why::DayNotUnderstood)));
+}
+
+TEST(DaysOfALog, AreAskedWhereTwoOrdersFit) {
+  const std::string text = "Date;Odometer (km);Litres\n01/02/2024;1000;40\n03/04/2024;1600;41\n";
+  EXPECT_TRUE(readLog(text).asks(Question::DayOrder));
+  const ReadLog log = readLog(text, {.dayOrder = DayOrder::MonthFirst});
+  EXPECT_FALSE(log.asks(Question::DayOrder));
+  EXPECT_EQ(log.rows.rows[0].day, core::dayOf({2024, 1, 2}));
+}
+
+TEST(ADecimalSign, ThatNothingShowsIsAsked) {
+  const std::string text =
+      "Datum\tTachometr\tLitry\tCena celkem\n2024-01-05\t48210\t41\t1.234\n2024-01-19\t48866\t44\t1.300\n";
+  EXPECT_TRUE(readLog(text).asks(Question::DecimalSign));
+  const ReadLog log = readLog(text, {.sign = exchange::DecimalSign::Comma, .rates = {{"CZK", Ratio(16)}}});
+  EXPECT_FALSE(log.asks(Question::DecimalSign));
+  EXPECT_EQ(log.rows.rows[0].forints, Ratio(1'234));
+}
+
+TEST(ALogOfDistances, IsAskedForItsReading) {
+  const std::string text =
+      "Dátum;Megtett "
+      "km;Liter;Ft\n2024.01.19.;510;31;18600\n2024.01.05.;640;41;25575\n2024.02.02.;480;30,5;18000\n";
+  EXPECT_THAT(readLog(text).reading.open, ElementsAre(Question::TripStart));
+  const auto readings = [&](bool isAtStart, int reading) {
+    std::vector<int> found;
+    const ReadLog log = readLog(text, {.tripStart = exchange::TripStart{isAtStart, Ratio(reading)}});
+    for (const auto& planned : planOf(log).entries) found.push_back(planned.entry.KmOra);
+    return found;
+  };
+  EXPECT_THAT(readings(true, 1'000), ElementsAre(1'640, 2'150, 2'630));
+  EXPECT_THAT(readings(false, 10'000), ElementsAre(9'010, 9'520, 10'000));
+}
+
+TEST(SeveralVehicles, AreToldByAColumn) {
+  const std::string text =
+      "Rendszám;Dátum;Km;Liter;Ft\nA;2024.01.05.;48210;41;25575\nB;2024.01.06.;9000;30;18000\n;2024.01.07.;"
+      "500;5;3000\n"
+      "A;2024.01.19.;48866;44;27681\n";
+  const ReadLog log = readLog(text);
+  EXPECT_THAT(log.reading.open, ElementsAre(Question::Vehicle));
+  ASSERT_EQ(log.reading.vehicles.size(), 3U);
+  EXPECT_EQ(log.reading.vehicles[0].name, "A");
+  EXPECT_EQ(log.reading.vehicles[0].rows, 2U);
+  EXPECT_EQ(log.reading.vehicles[2].name, "");
+  const ReadLog a = readLog(text, {.vehicle = 0});
+  EXPECT_EQ(a.rows.rows.size(), 2U);
+  EXPECT_THAT(leftOut(a), ElementsAre(Pair(3, Why::OtherVehicle), Pair(4, Why::OtherVehicle)));
+  EXPECT_EQ(readLog(text, {.vehicle = 2}).rows.rows.size(), 1U);
+  EXPECT_EQ(readLog(text, {.vehicle = 3}).rows.rows.size(), 4U);
+}
+
+TEST(SeveralVehicles, AreToldBySections) {
+  const std::string text =
+      "Opel\nDátum;Km;Liter;Ft\n2024.01.05.;48210;41;25575\n\nFiat\nDátum;Km;Liter;Ft\n2024.01.06.;9000;30;"
+      "18000\n";
+  const ReadLog log = readLog(text);
+  ASSERT_EQ(log.reading.vehicles.size(), 2U);
+  EXPECT_EQ(log.reading.vehicles[1].name, "Fiat");
+  const ReadLog fiat = readLog(text, {.vehicle = 1});
+  ASSERT_EQ(fiat.rows.rows.size(), 1U);
+  EXPECT_EQ(fiat.rows.rows[0].kilometres, Ratio(9'000));
+}
+
+TEST(SeveralVehicles, AreToldByTwoRunsOfReadings) {
+  std::string text = "Dátum;Km;Liter;Ft\n";
+  for (int i = 1; i < 8; ++i) {
+    const std::string day = "2024.01.0" + std::to_string(i) + ".;";
+    text += day + std::to_string(48'000 + 500 * i) + ";35;21000\n" + day + std::to_string(150'000 + 600 * i) +
+            ";40;24000\n";
+  }
+  const ReadLog log = readLog(text);
+  ASSERT_EQ(log.reading.vehicles.size(), 2U);
+  EXPECT_EQ(log.reading.vehicles[0].rows, 7U);
+  EXPECT_TRUE(log.asks(Question::Vehicle));
+  EXPECT_EQ(readLog(text, {.vehicle = 1}).rows.rows.size(), 7U);
+  EXPECT_EQ(readLog(text, {.vehicle = 1}).rows.rows[0].kilometres, Ratio(150'600));
+}
+
+TEST(ARow, IsLeftOutForWhatItIs) {
+  const ReadLog log = readLog(
+      "Autónk\n\nDátum;Km;Liter;Ft\n2024.01.05.;48210;41;25575\n# szerviz "
+      "volt\n;;;\n2024.02.31.;48500;40;24000\n"
+      ";48600;40;24000\n2024.02.05.;;40;24000\n2024.02.06.;48700;4x0;24000\n2024.02.07.;48800;;\n"
+      "Dátum;Km;Liter;Ft\nÖsszesen;;41;25575\n");
+  EXPECT_THAT(
+      leftOut(log),
+      ElementsAre(Pair(1, Why::Title), Pair(2, Why::Empty), Pair(5, Why::Comment), Pair(6, Why::Empty),
+                  Pair(7, Why::DayNotUnderstood), Pair(8, Why::NoDay), Pair(9, Why::NoOdometer),
+                  Pair(10, Why::FigureNotUnderstood), Pair(11, Why::NothingInIt), Pair(13, Why::Total)));
+  EXPECT_EQ(log.rows.rows.size(), 1U);
+  EXPECT_EQ(log.rows.rows.size() + log.rows.unread.size(), 13U);
+}
+
+TEST(ARow, WithAFigureBehindTheLastHeadIsLeftOut) {
+  const ReadLog log =
+      readLog("Date,Odometer (km),Litres,Cost (EUR)\n2024-01-05,1000,40,5,60\n2024-01-09,1500,41,60\n");
+  EXPECT_THAT(leftOut(log), ElementsAre(Pair(2, Why::TooManyCells)));
+}
+
+TEST(ARow, OfAServiceIsAnEntryWithANote) {
+  const ReadLog log = readLog(
+      "Date,Odometer (km),Litres,Cost "
+      "(Ft),Type,Notes\n2024-01-05,1000,40,24000,Fuel,\n2024-01-06,1100,1,5000,Service,oil\n"
+      "2024-01-07,1200,,5000,Service,\n");
+  ASSERT_EQ(log.rows.rows.size(), 3U);
+  EXPECT_TRUE(log.rows.rows[1].litres.isZero());
+  EXPECT_EQ(log.rows.rows[1].note, "oil");
+  EXPECT_EQ(log.rows.rows[2].note, "Service");
+}
+
+TEST(ALog, WithoutHeadsIsUnderstoodByItsValues) {
+  const ReadLog log = readLog(
+      "2024.01.05.;48210;40,00;600;24000\n2024.01.19.;48866;44,00;610;26840\n2024.02.02.;49391;20,00;620;"
+      "12400\n"
+      "2024.02.12.;49991;41,00;600;24600\n");
+  EXPECT_EQ(log.meaningOf("1. oszlop"), Meaning::Day);
+  EXPECT_EQ(log.meaningOf("2. oszlop"), Meaning::Odometer);
+  EXPECT_EQ(log.meaningOf("3. oszlop"), Meaning::Volume);
+  EXPECT_EQ(log.meaningOf("5. oszlop"), Meaning::TotalCost);
+}
+
+TEST(ALog, WithoutATableIsNone) {
+  for (const char* text : {"", "\n\n", "hello"})
+    EXPECT_EQ(readLog(text).table.fault, exchange::LogTable::Fault::NoTable) << text;
+  EXPECT_THAT(readLog("alma;körte\n1;2\n").reading.open,
+              ElementsAre(Question::DayColumn, Question::OdometerColumn, Question::VolumeColumn));
+}
+
+TEST(ALog, HasItsSeparatorFoundFromAllItsHeads) {
+  EXPECT_EQ(readLog("Date;Odometer;Litres\n2024-01-05;1000;40,5\n").table.shape.separator, ';');
+  EXPECT_EQ(readLog("Date,Odometer,Litres\n2024-01-05,1000,40.5\n").table.shape.separator, ',');
+  EXPECT_EQ(readLog("Date\tOdometer\tLitres\n2024-01-05\t1000\t40.5\n").table.shape.separator, '\t');
+  EXPECT_EQ(readLog("Date|Odometer|Litres\n2024-01-05|1000|40.5\n").table.shape.separator, '|');
+  EXPECT_EQ(readLog("'Date','Odometer','Litres'\n'2024-01-05','1000','40.5'\n").table.shape.quote, '\'');
+  const ReadLog log = readLog("Date;Odometer;Litres;Notes\n2024-01-05;1000;40,5;a,b,c,d,e,f\n");
+  EXPECT_EQ(log.table.shape.separator, ';');
+  EXPECT_EQ(log.rows.rows[0].note, "a,b,c,d,e,f");
+}
+
+TEST(ALog, HasItsUnitsBelowItsHeads) {
+  const ReadLog log = readLog("Datum;Stand;Menge;Betrag\n;mi;l;€\n2024-01-05;1000;40,5;60\n");
+  EXPECT_EQ(log.reading.distance, DistanceUnit::Mile);
+  EXPECT_THAT(log.reading.open, ElementsAre(Question::Rate));
+}
+
+TEST(ALog, OfEndlessRowsOrTooManyIsRefused) {
+  EXPECT_EQ(readLog("Date,Odometer\n2024-01-05,\"" + std::string(10'000'000, '\n')).table.fault,
+            exchange::LogTable::Fault::RowTooLong);
+  std::string rows = "Date,Odometer,Litres\n";
+  for (int row = 0; row < 70'000; ++row) rows += "2024-01-05,1000,1\n";
+  EXPECT_EQ(readLog(rows).table.fault, exchange::LogTable::Fault::TooManyRows);
+}
+
+}  // namespace
+}  // namespace tarvik::test
