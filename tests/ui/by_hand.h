@@ -85,12 +85,12 @@ inline void nameFile(QFileDialog& dialog, const QString& path) {
   dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
 }
 
-/// Types a day into a date field, year first. Fails the test when a person could not.
+/// Clicks into a day field, wherever that happens to be, and types a day as it is shown. Fails the test when a
+/// person could not.
 inline void typeInto(QDateEdit& field, QDate day) {
   if (!isInReach(field)) return;
-  field.setFocus(Qt::TabFocusReason);
-  field.setSelectedSection(QDateTimeEdit::YearSection);
-  typeKeys(field, day.toString(QStringLiteral("yyyyMMdd")));
+  QTest::mouseClick(field.findChild<QLineEdit*>(), Qt::LeftButton);
+  typeKeys(field, day.toString(QStringLiteral("yyyy.MM.dd.")));
   if (field.date() != day) failOver(field, "does not take " + day.toString(Qt::ISODate));
 }
 

@@ -26,7 +26,6 @@ EntryForm::EntryForm(Context& context, QWidget* parent)
 EntryForm::~EntryForm() = default;
 
 void EntryForm::setUpFields() {
-  ui_->DTPicker1->setDateRange(toQt(core::kFirstDay), toQt(core::kLastDay));
   for (QLineEdit* field : {ui_->txKmOra, ui_->txTankoltLiter, ui_->txTankoltKtg, ui_->txAlkatreszKtg})
     connect(field, &QLineEdit::textChanged, this,
             [this, field] { guarded(window(), [&] { keepNumeric(field); }); });

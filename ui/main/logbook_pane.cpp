@@ -49,7 +49,6 @@ LogbookPane::~LogbookPane() = default;
 
 // The filter may be opened later: the window has its width from the start.
 void LogbookPane::setUpFilter() {
-  ui_->DTPSzürö->setDateRange(toQt(core::kFirstDay), toQt(core::kLastDay));
   ui_->FrameSzürö->ensurePolished();
   ui_->ListView1->setMinimumWidth(
       std::max(ui_->ListView1->minimumWidth(), ui_->FrameSzürö->minimumSizeHint().width()));

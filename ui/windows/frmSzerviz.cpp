@@ -63,7 +63,6 @@ void frmSzerviz::prepareFields(const QString& plate, const QStringList& plates, 
   new PlateChooser(ui_->cmbRendszam2);
   ui_->cmbRendszam2->addItems(plates);
   ui_->cmbRendszam2->setEditText(plate.trimmed());
-  ui_->DTPSzerviz->setDateRange(toQt(core::kFirstDay), toQt(core::kLastDay));
   ui_->DTPSzerviz->setDate(toQt(today));
 }
 

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "tests/ui/box_script.h"
+#include "ui/look/day_field.h"
 
 namespace tarvik::test {
 
@@ -17,14 +18,13 @@ struct Bench {
       layout->addWidget(part);
     }
     chooser.addItems({"egy", "kettő", "három"});
-    date.setDisplayFormat("yyyy.MM.dd.");
     window.show();
   }
 
   QWidget window;
   QLineEdit field{"régi"};
   QComboBox chooser;
-  QDateEdit date{QDate(2024, 2, 29)};
+  ui::DayField date;
   QPushButton button;
 };
 

@@ -1,0 +1,549 @@
+#include "ui/look/day_field.h"
+
+#include "tests/ui/screen_test.h"
+
+#include <QAccessible>
+#include <QCalendarWidget>
+#include <QClipboard>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTimer>
+#include <random>
+
+#include "tests/ui/day_ways.h"
+#include "tests/ui/dressed.h"
+
+namespace tarvik::test {
+namespace {
+
+using core::DayPart;
+using ui::DayField;
+
+const QDate kOld(2013, 7, 5);
+
+/// A day field between two fields, with a caption's letter and a button that reads it.
+struct Bench {
+  explicit Bench(QDate day = kOld) {
+    dressOnce();
+    auto* const layout = new QHBoxLayout(&window);
+    caption.setBuddy(&field);
+    for (QWidget* part : std::initializer_list<QWidget*>{&before, &caption, &field, &behind, &button})
+      layout->addWidget(part);
+    QObject::connect(&button, &QPushButton::clicked, &window, [this] { read << field.date(); });
+    field.setDate(day);
+    window.show();
+    if (!QTest::qWaitForWindowActive(&window)) qFatal("the window did not come to the front");
+    before.setFocus();
+  }
+
+  /// Begins anew with another day.
+  void restart(QDate day = kOld) {
+    before.setFocus();
+    field.setDate(day);
+  }
+  QString text() const { return field.text(); }
+  QString chosen() const { return field.findChild<QLineEdit*>()->selectedText(); }
+
+  QWidget window;
+  QLineEdit before;
+  QLabel caption{QStringLiteral("&Nap")};
+  DayField field;
+  QLineEdit behind;
+  QPushButton button{QStringLiteral("&Rögzít")};
+  QList<QDate> read;
+};
+
+QString shown(QDate day) {
+  return day.toString(QStringLiteral("yyyy.MM.dd."));
+}
+
+// What a person does when the day is typed.
+enum class End { Enter, Tab, Mnemonic, Click };
+constexpr End kEnds[] = {End::Enter, End::Tab, End::Mnemonic, End::Click};
+
+void finish(Bench& bench, End end) {
+  switch (end) {
+    case End::Enter:
+      return pressKey(Qt::Key_Return);
+    case End::Tab:
+      while (bench.field.hasFocus()) pressKey(Qt::Key_Tab);
+      return;
+    case End::Mnemonic:
+      pressKey(Qt::Key_R, Qt::AltModifier);
+      return;
+    case End::Click:
+      return press(bench.button);
+  }
+}
+
+}  // namespace
+
+class DayFieldTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void aTypedDayIsThatDayHoweverOneCameIn() {
+    Bench bench;
+    for (const QDate old : {kOld, QDate(2024, 2, 29), QDate(2013, 12, 31), QDate(100, 1, 1), QDate(9999, 12, 31)})
+      for (const Way way : kWays)
+        for (const QString& keys : kTyped21June2013)
+          for (const End end : {End::Enter, End::Tab}) {
+            bench.restart(old);
+            enter(bench.field, way);
+            typeWithMoves(keys);
+            const QByteArray what = QStringLiteral("%1 by way %2").arg(keys).arg(int(way)).toUtf8();
+            QVERIFY2(bench.field.date() == QDate(2013, 6, 21), what);
+            finish(bench, end);
+            QVERIFY2(bench.text() == "2013.06.21." && bench.field.date() == QDate(2013, 6, 21), what);
+          }
+  }
+
+  void everyDayOfSomeYearsIsTypedOverEveryOther() {
+    std::mt19937 chance(22);
+    Bench bench;
+    for (int round = 0; round < 1'500; ++round) {
+      const QDate day = QDate(1999, 1, 1).addDays(chance() % 12'000);
+      const Way way = kWays[chance() % std::size(kWays)];
+      bench.before.setFocus();
+      enter(bench.field, way);
+      const QString form = QStringList{"yyyy.MM.dd.", "yyyyMMdd", "yyyy M d", "yyyy-MM-dd"}.at(chance() % 4);
+      typeWithMoves(day.toString(form));
+      pressKey(Qt::Key_Return);
+      QCOMPARE(bench.field.date(), day);
+      QCOMPARE(bench.text(), shown(day));
+    }
+  }
+
+  void aPartAloneChangesThatPart() {
+    const auto typed = [](Way way, const QString& keys) {
+      Bench bench;
+      enter(bench.field, way);
+      typeWithMoves(keys);
+      finish(bench, End::Tab);
+      return bench.text();
+    };
+    for (const Way way : {Way::Tab, Way::ClickYear, Way::Letter}) {
+      QCOMPARE(typed(way, "2014"), "2014.07.05.");
+      QCOMPARE(typed(way, "2014."), "2014.07.05.");
+      QCOMPARE(typed(way, "2014>6"), "2014.06.05.");
+      QCOMPARE(typed(way, ">6>21"), "2013.06.21.");
+      QCOMPARE(typed(way, "2014>>21"), "2014.07.21.");
+      QCOMPARE(typed(way, ">>21"), "2013.07.21.");
+    }
+    QCOMPARE(typed(Way::Tab, ")6)21"), "2013.06.21.");
+    QCOMPARE(typed(Way::ClickMonth, "6>21"), "2013.06.21.");
+    QCOMPARE(typed(Way::ClickMonth, "6.21"), "2013.06.21.");
+    QCOMPARE(typed(Way::ClickMonth, "0621"), "2013.06.21.");
+    for (const Way way : {Way::Backtab, Way::ClickDay, Way::ClickBehind}) QCOMPARE(typed(way, "21"), "2013.07.21.");
+  }
+
+  void whatIsNoDayGivesBackTheOldOne() {
+    const QStringList noDays{"2013.06.31",  "2013.13.01", "2013.02.29",  "2013.06.00", "2013.06.215", "201306215",
+                             "2013062",     "06/21/2013", "2013..06.21", "2o13.06.21", "2013,06,21",  "13.06.21",
+                             "0612.06.21",  "15.06.21",   "2013.06.2l",  "x",          "2013.06.21x", "2014>>x",  "2014>>99"};
+    Bench bench;
+    for (const Way way : kWays)
+      for (const QString& keys : noDays)
+        for (const End end : kEnds) {
+          bench.restart();
+          enter(bench.field, way);
+          typeWithMoves(keys);
+          const QByteArray what =
+              QStringLiteral("%1 by way %2: %3").arg(keys).arg(int(way)).arg(bench.text()).toUtf8();
+          QVERIFY2(bench.field.date() == kOld, what);
+          finish(bench, end);
+          QVERIFY2(bench.text() == "2013.07.05.", what);
+        }
+  }
+
+  void aShortYearIsNone() {
+    for (const char* year : {"15", "0612", "612", "1", "0", "0000", "201"})
+      for (const End end : kEnds) {
+        Bench bench;
+        enter(bench.field, Way::Tab);
+        typeWithMoves(year);
+        QCOMPARE(bench.field.date(), kOld);
+        finish(bench, end);
+        QCOMPARE(bench.text(), "2013.07.05.");
+      }
+    Bench bench;
+    enter(bench.field, Way::Tab);
+    typeWithMoves("15>06>21>");
+    QCOMPARE(bench.text(), "2013.07.05.");
+  }
+
+  void aButtonsLetterFindsTheDayWhileItIsTyped() {
+    Bench bench;
+    enter(bench.field, Way::Tab);
+    typeWithMoves("2013.06.21");
+    pressKey(Qt::Key_R, Qt::AltModifier);
+    QTRY_COMPARE(bench.read, QList{QDate(2013, 6, 21)});
+    enter(bench.field, Way::Tab);
+    typeWithMoves("2014.06.3x");
+    QVERIFY(bench.text() != "2013.06.21.");
+    pressKey(Qt::Key_R, Qt::AltModifier);
+    QCOMPARE(bench.text(), "2013.06.21.");
+    QTRY_COMPARE(bench.read.size(), 2);
+    QCOMPARE(bench.read.last(), QDate(2013, 6, 21));
+  }
+
+  void anyKeysGiveADayThatWasTypedOrTheOldOne() {
+    std::mt19937 chance(615);
+    Bench bench;
+    const QString signs = QStringLiteral("00112234567890123. -/>)x,");
+    for (int round = 0; round < 3'000; ++round) {
+      bench.restart();
+      enter(bench.field, kWays[chance() % std::size(kWays)]);
+      QString keys;
+      const auto length = 1 + chance() % 11;
+      for (unsigned at = 0; at < length && bench.field.hasFocus(); ++at) {
+        const QChar key = signs.at(static_cast<int>(chance() % static_cast<unsigned>(signs.size())));
+        keys += key;
+        typeWithMoves(key);
+      }
+      if (bench.field.hasFocus()) finish(bench, End::Enter);
+      const QDate day = bench.field.date();
+      QCOMPARE(bench.text(), shown(day));
+      const QString digits = QString(keys).remove(')');
+      const auto isTyped = [&](int part, const QString& form) {
+        return digits.contains(QString::number(part)) || digits.contains(day.toString(form));
+      };
+      const QByteArray what = (keys + " gave " + bench.text()).toUtf8();
+      QVERIFY2(day.year() == kOld.year() || isTyped(day.year(), "yyyy"), what);
+      QVERIFY2(day.month() == kOld.month() || isTyped(day.month(), "MM"), what);
+      QVERIFY2(day.day() == kOld.day() || isTyped(day.day(), "dd"), what);
+      if (keys.contains('x') || keys.contains(',')) QVERIFY2(day == kOld, what);
+    }
+  }
+
+  void aPastedDayIsThatDayWhereverOneIs() {
+    Bench bench;
+    for (const Way way : kWays)
+      for (const char* day : {"2013.06.21", "2013.06.21.", "20130621", "2013-06-21", " 2013. 6. 21.\n", "2013. június 21."})
+        for (const bool byMenu : {false, true}) {
+          bench.restart();
+          QApplication::clipboard()->setText(QString::fromUtf8(day));
+          enter(bench.field, way);
+          byMenu ? pasteByMenu(bench.field) : pressKey(Qt::Key_V, Qt::ControlModifier);
+          const QByteArray what = QStringLiteral("%1 by way %2, menu %3").arg(day).arg(int(way)).arg(byMenu).toUtf8();
+          QVERIFY2(bench.text() == "2013.06.21.", what);
+          finish(bench, End::Enter);
+          QCOMPARE(bench.field.date(), QDate(2013, 6, 21));
+        }
+  }
+
+  void aPastedDayReplacesAHalfTypedOne() {
+    Bench bench;
+    QApplication::clipboard()->setText("2013.06.21.");
+    enter(bench.field, Way::Tab);
+    typeWithMoves("20");
+    pressKey(Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(bench.text(), "2013.06.21.");
+    QCOMPARE(bench.field.date(), QDate(2013, 6, 21));
+  }
+
+  void pastedRubbishGivesBackTheOldOne() {
+    for (const char* rubbish : {"olaj", "2013.06.31.", "12.50", "99999999", "2013.06.21. 2013.06.22."}) {
+      Bench bench;
+      QApplication::clipboard()->setText(QString::fromUtf8(rubbish));
+      enter(bench.field, Way::Tab);
+      pressKey(Qt::Key_V, Qt::ControlModifier);
+      QCOMPARE(bench.field.date(), kOld);
+      finish(bench, End::Enter);
+      QCOMPARE(bench.text(), "2013.07.05.");
+    }
+  }
+
+  void tabGoesThroughThePartsAndOn() {
+    Bench bench;
+    pressKey(Qt::Key_Tab);
+    for (const char* part : {"2013", "07", "05"}) {
+      QVERIFY(bench.field.hasFocus());
+      QCOMPARE(bench.chosen(), part);
+      pressKey(Qt::Key_Tab);
+    }
+    QVERIFY(bench.behind.hasFocus());
+    pressKey(Qt::Key_Backtab);
+    for (const char* part : {"05", "07", "2013"}) {
+      QVERIFY(bench.field.hasFocus());
+      QCOMPARE(bench.chosen(), part);
+      pressKey(Qt::Key_Backtab);
+    }
+    QVERIFY(bench.before.hasFocus());
+    pressKey(Qt::Key_N, Qt::AltModifier);
+    QCOMPARE(bench.chosen(), "2013");
+    QCOMPARE(bench.field.date(), kOld);
+  }
+
+  void arrowsToTheSidesGoThroughChosenParts() {
+    Bench bench;
+    enter(bench.field, Way::Tab);
+    pressKey(Qt::Key_Right);
+    QCOMPARE(bench.chosen(), "07");
+    pressKey(Qt::Key_Left);
+    QCOMPARE(bench.chosen(), "2013");
+    typeWithMoves("2014");
+    pressKey(Qt::Key_Left);
+    QCOMPARE(bench.text(), "2014.07.05.");
+    pressKey(Qt::Key_Delete);
+    typeWithMoves("5");
+    finish(bench, End::Enter);
+    QCOMPARE(bench.text(), "2015.07.05.");
+  }
+
+  void arrowsUpAndDownStepThePartUnderTheCursor() {
+    const auto stepped = [](Way way, Qt::Key key) {
+      Bench bench;
+      enter(bench.field, way);
+      pressKey(key);
+      return bench.text();
+    };
+    for (const Way way : {Way::Tab, Way::ClickYear, Way::Letter}) {
+      QCOMPARE(stepped(way, Qt::Key_Up), "2014.07.05.");
+      QCOMPARE(stepped(way, Qt::Key_Down), "2012.07.05.");
+    }
+    QCOMPARE(stepped(Way::ClickMonth, Qt::Key_Up), "2013.08.05.");
+    for (const Way way : {Way::Backtab, Way::ClickDay, Way::ClickBehind}) {
+      QCOMPARE(stepped(way, Qt::Key_Up), "2013.07.06.");
+      QCOMPARE(stepped(way, Qt::Key_PageDown), "2013.06.25.");
+    }
+    Bench bench(QDate(2024, 2, 29));
+    enter(bench.field, Way::Tab);
+    typeWithMoves("2013>");
+    pressKey(Qt::Key_Up);
+    QCOMPARE(bench.text(), "2024.03.29.");
+    QCOMPARE(bench.chosen(), "03");
+    typeWithMoves("6");
+    pressKey(Qt::Key_Down);
+    QCOMPARE(bench.text(), "2024.05.29.");
+  }
+
+  void aTypedPartIsTakenBackLetterByLetter() {
+    Bench bench;
+    enter(bench.field, Way::Tab);
+    typeWithMoves("2014.06.22");
+    for (int letter = 0; letter < 8; ++letter) pressKey(Qt::Key_Backspace);
+    QCOMPARE(bench.text(), "20.07.05.");
+    typeWithMoves("13.06.21");
+    QCOMPARE(bench.text(), "2013.06.21.");
+  }
+
+  void aPartIsClearedAndTypedAnew() {
+    for (const Qt::Key key : {Qt::Key_Backspace, Qt::Key_Delete}) {
+      Bench bench;
+      enter(bench.field, Way::Tab);
+      pressKey(Qt::Key_Tab);
+      pressKey(key);
+      QCOMPARE(bench.text(), "2013..05.");
+      QCOMPARE(bench.field.date(), kOld);
+      typeWithMoves("06.21");
+      QCOMPARE(bench.field.date(), QDate(2013, 6, 21));
+      pressKey(Qt::Key_A, Qt::ControlModifier);
+      pressKey(key);
+      QCOMPARE(bench.text(), QString());
+      typeWithMoves("2014 1 2");
+      QCOMPARE(bench.field.date(), QDate(2014, 1, 2));
+    }
+    Bench bench;
+    clickLetter(bench.field, 4);
+    for (int letter = 0; letter < 4; ++letter) pressKey(Qt::Key_Backspace);
+    typeWithMoves("2014.06.21");
+    QCOMPARE(bench.field.date(), QDate(2014, 6, 21));
+    pressKey(Qt::Key_A, Qt::ControlModifier);
+    pressKey(Qt::Key_X, Qt::ControlModifier);
+    finish(bench, End::Enter);
+    QCOMPARE(bench.text(), "2013.07.05.");
+  }
+
+  void aClickTakesWhatIsTypedAndGoesOnThere() {
+    Bench bench;
+    enter(bench.field, Way::ClickMonth);
+    typeWithMoves("6");
+    clickLetter(bench.field, 9);
+    QCOMPARE(bench.text(), "2013.06.05.");
+    typeWithMoves("21");
+    QCOMPARE(bench.field.date(), QDate(2013, 6, 21));
+    enter(bench.field, Way::ClickYear);
+    typeWithMoves("15");
+    clickLetter(bench.field, 9);
+    QCOMPARE(bench.text(), "2013.06.21.");
+  }
+
+  void aDaySetFromOutsideReplacesWhatIsTyped() {
+    for (const QDate set : {QDate(2020, 2, 3), kOld}) {
+      Bench bench;
+      enter(bench.field, Way::Tab);
+      typeWithMoves("20");
+      bench.field.setDate(set);
+      QCOMPARE(bench.text(), shown(set));
+      typeWithMoves("2013.06.21");
+      QCOMPARE(bench.field.date(), QDate(2013, 6, 21));
+    }
+  }
+
+  void theCalendarStaysAndTakesWhatIsTyped() {
+    Bench bench;
+    QVERIFY(bench.field.calendarPopup());
+    enter(bench.field, Way::Tab);
+    typeWithMoves("2013.06.21");
+    QTest::mouseClick(&bench.field, Qt::LeftButton, {}, {bench.field.width() - 6, bench.field.height() / 2});
+    QWidget* const popup = QApplication::activePopupWidget();
+    QVERIFY(popup != nullptr);
+    auto* const calendar = popup->findChild<QCalendarWidget*>();
+    QCOMPARE(calendar->selectedDate(), QDate(2013, 6, 21));
+    auto* const days = calendar->findChild<QWidget*>("qt_calendar_calendarview");
+    QTest::keyClick(days, Qt::Key_Right);
+    QTest::keyClick(days, Qt::Key_Return);
+    QCOMPARE(bench.text(), "2013.06.22.");
+    QCOMPARE(bench.field.date(), QDate(2013, 6, 22));
+  }
+
+  void everyDayOfAFileIsShownAndKept() {
+    for (const QDate day : {QDate(100, 1, 1), QDate(612, 6, 3), QDate(1752, 9, 13), QDate(9999, 12, 31)}) {
+      Bench bench(day);
+      QCOMPARE(bench.text(), shown(day));
+      for (const Way way : kWays) {
+        enter(bench.field, way);
+        finish(bench, End::Enter);
+        finish(bench, End::Tab);
+        QCOMPARE(bench.field.date(), day);
+        QCOMPARE(bench.text(), shown(day));
+      }
+    }
+    Bench bench(QDate(612, 6, 3));
+    enter(bench.field, Way::ClickMonth);
+    typeWithMoves("7");
+    finish(bench, End::Enter);
+    QCOMPARE(bench.text(), "0612.07.03.");
+  }
+
+  void theDayIsToldOnceForEachThatTheKeysMean() {
+    Bench bench;
+    QSignalSpy told(&bench.field, &QDateEdit::dateChanged);
+    enter(bench.field, Way::Tab);
+    finish(bench, End::Tab);
+    QCOMPARE(told.size(), 0);
+    enter(bench.field, Way::Backtab);
+    typeWithMoves("21");
+    QCOMPARE(told.last().at(0).toDate(), QDate(2013, 7, 21));
+    typeWithMoves("x");
+    QCOMPARE(told.last().at(0).toDate(), kOld);
+    const qsizetype count = told.size();
+    finish(bench, End::Enter);
+    QCOMPARE(told.size(), count);
+  }
+
+  void assistiveToolsReadTypeAndStep() {
+    Bench bench;
+    QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&bench.field);
+    QCOMPARE(spoken->role(), QAccessible::SpinBox);
+    QCOMPARE(spoken->text(QAccessible::Name), "Nap");
+    QCOMPARE(spoken->text(QAccessible::Value), "2013.07.05.");
+    QCOMPARE(spoken->childCount(), 0);
+    QAccessibleActionInterface* actions = spoken->actionInterface();
+    QVERIFY(actions->actionNames().contains(QAccessibleActionInterface::increaseAction()));
+    actions->doAction(QAccessibleActionInterface::increaseAction());
+    QCOMPARE(bench.text(), "2013.07.06.");
+    actions->doAction(QAccessibleActionInterface::decreaseAction());
+    actions->doAction(QAccessibleActionInterface::decreaseAction());
+    QCOMPARE(bench.text(), "2013.07.04.");
+    actions->doAction(QAccessibleActionInterface::setFocusAction());
+    QVERIFY(bench.field.hasFocus());
+    QCOMPARE(spoken->textInterface()->text(0, 11), "2013.07.04.");
+    spoken->editableTextInterface()->replaceText(0, 11, "2013. 6. 21.");
+    QCOMPARE(bench.field.date(), QDate(2013, 6, 21));
+    bench.field.setEnabled(false);
+    QCOMPARE(actions->actionNames(), QStringList());
+  }
+
+  void aTextFromAnInputMethodIsTyped() {
+    Bench bench;
+    enter(bench.field, Way::ClickDay);
+    for (const char* text : {"2013", ".", "06.", "21"}) {
+      QInputMethodEvent event;
+      event.setCommitString(QString::fromUtf8(text));
+      QApplication::sendEvent(&bench.field, &event);
+    }
+    QCOMPARE(bench.field.date(), QDate(2013, 6, 21));
+  }
+
+  void whatDoesNotCountIsNotShown() {
+    Bench bench;
+    bench.field.showUpTo(DayPart::Year);
+    QCOMPARE(bench.text(), "2013");
+    bench.field.showUpTo(DayPart::Month);
+    QCOMPARE(bench.text(), "2013. július");
+    QCOMPARE(bench.field.date(), kOld);
+    bench.field.showUpTo(DayPart::Day);
+    QCOMPARE(bench.text(), "2013.07.05.");
+  }
+
+  void aMonthIsTypedWithAndWithoutItsDay() {
+    for (const Way way : {Way::Tab, Way::Letter, Way::ClickYear, Way::TripleClick})
+      for (const char* keys : {"2014.06", "2014. 6.", "201406", "2014>6", "2014)06", "2014 június", "2014. jún.",
+                               "2014.06.21", "20140621", "2014-06-21"}) {
+        Bench bench;
+        bench.field.showUpTo(DayPart::Month);
+        enter(bench.field, way);
+        typeWithMoves(QString::fromUtf8(keys));
+        finish(bench, End::Enter);
+        QVERIFY2(bench.text() == "2014. június", keys);
+        QCOMPARE(bench.field.date().year() * 100 + bench.field.date().month(), 201406);
+      }
+    Bench bench(QDate(2013, 7, 31));
+    bench.field.showUpTo(DayPart::Month);
+    enter(bench.field, Way::Backtab);
+    QCOMPARE(bench.chosen(), QString("július"));
+    typeWithMoves("2");
+    finish(bench, End::Enter);
+    QCOMPARE(bench.text(), "2013. február");
+    pressKey(Qt::Key_Up);
+    QCOMPARE(bench.text(), QString("2013. március"));
+    typeWithMoves(QString("szept"));
+    finish(bench, End::Tab);
+    QCOMPARE(bench.text(), "2013. szeptember");
+  }
+
+  void aYearIsTypedAloneToo() {
+    for (const char* keys : {"2014", "2014.", "2014.06", "20140621", "2014. 6. 21."}) {
+      Bench bench(QDate(2012, 2, 29));
+      bench.field.showUpTo(DayPart::Year);
+      enter(bench.field, Way::Tab);
+      typeWithMoves(keys);
+      finish(bench, End::Enter);
+      QCOMPARE(bench.text(), "2014");
+    }
+    for (const char* keys : {"14", "0612", "20145", "2o14"}) {
+      Bench bench(QDate(2012, 2, 29));
+      bench.field.showUpTo(DayPart::Year);
+      enter(bench.field, Way::Tab);
+      typeWithMoves(keys);
+      finish(bench, End::Enter);
+      QCOMPARE(bench.text(), "2012");
+      QCOMPARE(bench.field.date(), QDate(2012, 2, 29));
+    }
+  }
+
+ private:
+  static void pasteByMenu(QDateEdit& field) {
+    QTimer::singleShot(0, &field, [] {
+      auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+      QVERIFY(menu != nullptr);
+      for (QAction* action : menu->actions())
+        if (action->text().contains("Ctrl+V")) action->trigger();
+      menu->close();
+    });
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {5, 5}, field.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&field, &event);
+    field.window()->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(field.window()));
+  }
+};
+
+}  // namespace tarvik::test
+
+TARVIK_SCREEN_TEST(tarvik::test::DayFieldTest)
+#include "day_field_test.moc"

@@ -1,0 +1,28 @@
+#include "ui/look/day_text.h"
+
+#include "ui/base/text.h"
+
+namespace tarvik::ui {
+
+using core::DayPart;
+
+std::array<QString, 3> shownParts(core::Day day, DayPart last) {
+  const QString date = toQt(core::shortDate(day));
+  std::array<QString, 3> parts{date.mid(0, 4), date.mid(5, 2), date.mid(8, 2)};
+  if (last == DayPart::Month) parts[1] = toQt(std::string(core::monthName(core::calendarDate(day).month)));
+  return parts;
+}
+
+DayText joined(const std::array<QString, 3>& parts, DayPart last) {
+  DayText shown;
+  const auto count = static_cast<std::size_t>(last) + 1;
+  for (std::size_t part = 0; part < count; ++part) {
+    shown.spans[part] = {static_cast<int>(shown.text.size()), static_cast<int>(parts[part].size())};
+    shown.text += parts[part];
+    if (part + 1 < count) shown.text += last == DayPart::Month ? QStringLiteral(". ") : QStringLiteral(".");
+  }
+  if (last == DayPart::Day) shown.text += QLatin1Char('.');
+  return shown;
+}
+
+}  // namespace tarvik::ui

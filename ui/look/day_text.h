@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+#include <array>
+
+#include "core/typed_day.h"
+
+namespace tarvik::ui {
+
+/// A day as a field shows it, and where its parts stand.
+struct DayText {
+  struct Span {
+    int start = 0;
+    int length = 0;
+  };
+
+  QString text;
+  std::array<Span, 3> spans;  ///< by part
+
+  Span span(core::DayPart part) const { return spans[static_cast<std::size_t>(part)]; }
+};
+
+/// The parts of a day as they are shown up to the last one; the month is a name where it is the last.
+std::array<QString, 3> shownParts(core::Day day, core::DayPart last);
+
+/// The parts as one text: "2013", "2013. június" or "2013.06.21.".
+DayText joined(const std::array<QString, 3>& parts, core::DayPart last);
+
+}  // namespace tarvik::ui
