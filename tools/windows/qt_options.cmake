@@ -1,5 +1,7 @@
 # How the toolkit is built for the Windows program: static, small, and only what the program uses.
 set(CMAKE_BUILD_TYPE Release CACHE STRING "")
+# The toolkit remembers this folder. It is none, so that the bytes do not tell where they were made.
+set(CMAKE_INSTALL_PREFIX /toolkit CACHE PATH "")
 set(BUILD_SHARED_LIBS OFF CACHE BOOL "")
 set(QT_BUILD_EXAMPLES OFF CACHE BOOL "")
 set(QT_BUILD_TESTS OFF CACHE BOOL "")
