@@ -7,6 +7,9 @@ target_compile_options(tarvik_options INTERFACE
 # g++ 12 warns of impossible overlaps inside std::string when it optimises for speed.
 target_compile_options(tarvik_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 
+# The bytes do not tell in which folder they were made.
+target_compile_options(tarvik_options INTERFACE $<$<CONFIG:Release>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>)
+
 # Windows' C library lacks this one error number; the value is its network library's.
 target_compile_definitions(tarvik_options INTERFACE $<$<PLATFORM_ID:Windows>:EDQUOT=10069>)
 
