@@ -25,7 +25,8 @@ CLANG_PACKAGES=(clang-14 libclang-rt-14-dev clang-tidy-14 clang-format-14)
 COVERAGE_PACKAGES=(gcovr)
 # For the packages to unpack: the manual made into one page, libraries found beside the program.
 PACKAGE_PACKAGES=(pandoc patchelf)
-PACKAGE_TEST_PACKAGES=(desktop-file-utils appstream mmdebstrap dosfstools)
+SIGNING_PACKAGES=(minisign)
+PACKAGE_TEST_PACKAGES=(appstream mmdebstrap dosfstools)
 # For the Windows program: cross compiler, means to unpack sources, icon; and what runs it here.
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix dpkg-dev librsvg2-bin icoutils zip)
 WINDOWS_TEST_PACKAGES=(googletest wine wine64)
