@@ -239,7 +239,7 @@ void figy::recordDate() {
                                            .plate = toLogic(plate_)};
   const QString whose = plate_ + QStringLiteral(" gépkocsira?");
   if (!confirmsRecording(this, whose, reminders::addsReminder(dateReminders_, entry))) return;
-  const QString what = ui_->txMire->text().trimmed();
+  const QString what = ui_->txtMire->text().trimmed();
   const Step step(this, QStringLiteral("figyelmeztetés rögzítése, %1").arg(what),
                   QStringLiteral("Rögzítve: %1").arg(what));
   changeDates(QStringLiteral("A figyelmeztetés rögzítve van."), [&] {
