@@ -85,7 +85,6 @@ void TyreRegister::rewrite(const core::SeenRecord& seen, Edit edit) {
   TyreSet edited = buffer_;
   edit(edited);
   core::RecordFile(files_, folders_.inProgram(kFile), TyreSet::kLength).rewrite(seen, core::encoded(edited));
-  buffer_ = edited;
 }
 
 void TyreRegister::setFitted(const core::SeenRecord& seen, bool isFitted) {
