@@ -35,6 +35,38 @@ class FrmTarvikRulesTest : public QObject {
   Q_OBJECT
 
  private slots:
+  // The list is ABC123's all the while: the entry of that number in the other logbook is meant.
+  void aModificationGoesToTheLogbookOfTheChosenPlate() {
+    Car main;
+    main.writeLogbook("XYZ789",
+                      {fuelling({2024, 5, 1}, 70000, 0, false), fuelling({2024, 5, 2}, 71000, 0, false)});
+    const std::string own = main.folder.read("ABC123/napiadat.dat");
+    main.clickRow(0);
+    main.type("txKmOra", "70500");
+    main.type("Combo1", "XYZ789");
+    BoxScript boxes({QMessageBox::Yes});
+    main.press("cmd_modosit");
+    QCOMPARE(boxes.seen.size(), 1);
+    QCOMPARE(main.stored("XYZ789", 1).KmOra, 70500);
+    QCOMPARE(main.stored("XYZ789", 2).KmOra, 71000);
+    QVERIFY(main.folder.read("ABC123/napiadat.dat") == own);
+  }
+
+  void anEntryWithoutLitresKeepsThePriceThatWasShown() {
+    Car main;
+    main.type("txKmOra", "20000");
+    main.type("txTankoltLiter", "40");
+    main.type("txTankoltKtg", "16000");
+    QCOMPARE(main.label("lbFtperLiter"), QString("400,00"));
+    main.edit("txTankoltLiter")->clear();
+    main.edit("txTankoltKtg")->clear();
+    BoxScript boxes({QMessageBox::Yes});
+    main.press("cmd_rogzit");
+    const core::NapiAdat entry = main.stored("ABC123", 4);
+    QCOMPARE(entry.TankoltLiter.tenThousandths, 0);
+    QCOMPARE(entry.FtPerLiter.tenThousandths, 4'000'000);
+  }
+
   void leavingTheCostUneditedWorksThePriceOut() {
     std::vector<core::NapiAdat> entries = threeEntries();
     entries[0].FtPerLiter = {1'234'567};
