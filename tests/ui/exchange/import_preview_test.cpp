@@ -185,7 +185,7 @@ class ImportPreviewTest : public QObject {
 
   void takingOverIsNeverWhatEnterDoes() {
   Import import;
-  QVERIFY(import.take("Dátum;Km;Liter;Költség (€)\n2012.01.05.;1000;40;60\n", [](ui::ImportPreview& preview) {
+  QVERIFY(import.take("Dátum;Km óra;Liter;Költség (€)\n2012.01.05.;1000;40;60\n", [](ui::ImportPreview& preview) {
     auto* rate = test::part<QLineEdit>(preview, "txValto");
     test::typeInto(*rate, "400");
     QTest::keyClick(rate, Qt::Key_Return);
@@ -336,7 +336,7 @@ void aLogOfDistancesIsAskedForItsReading() {
 void unknownWordsForAFullTankAreAskedFor() {
   Import import;
   QVERIFY(import.take(
-      "Dátum;Km;Liter;Ft;Tele\n2012.01.05.;1000;41;25575;csurig\n2012.01.19.;1500;31;18600;feles\n",
+      "Dátum;Km óra;Liter;Ft;Tele\n2012.01.05.;1000;41;25575;csurig\n2012.01.19.;1500;31;18600;feles\n",
       [](ui::ImportPreview& preview) {
         QCOMPARE(state(preview), QStringLiteral("Válaszd ki, melyik szó jelenti, hogy tele lett a tank!"));
         QCOMPARE(test::part<QComboBox>(preview, "cmbTele")->itemText(0), QStringLiteral("„csurig” (1 sor)"));
@@ -370,7 +370,7 @@ void everyColumnHasItsMeaningOverIt() {
 
 void encodingAndSeparatorCanBeChanged() {
   Import import;
-    import.read("Dátum;Km;Liter;Ft\n2012.01.05.;1000;40,5;24300\n", [](ui::ImportPreview& preview) {
+    import.read("Dátum;Km óra;Liter;Ft\n2012.01.05.;1000;40,5;24300\n", [](ui::ImportPreview& preview) {
       QCOMPARE(test::part<QComboBox>(preview, "cmbKodolas")->currentText(), QStringLiteral("UTF-8"));
     QCOMPARE(test::part<QComboBox>(preview, "cmbElvalaszto")->currentText(), QStringLiteral("pontosvessző"));
     choose(preview, "cmbElvalaszto", 1);
