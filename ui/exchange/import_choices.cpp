@@ -84,7 +84,7 @@ ImportChoices::ImportChoices(QWidget* parent) : QWidget(parent), form_(new QForm
   place_ = addBox("cmbHely", QStringLiteral("&Helye a naplóban:"),
                   {QStringLiteral("nap szerint a helyére"), QStringLiteral("a napló végére")});
   place_->setCurrentIndex(0);
-  sign_ = addBox("cmbTizedes", QStringLiteral("Tizedes&jel:"),
+  sign_ = addBox("cmbTizedes", QStringLiteral("Ti&zedesjel:"),
                  {QStringLiteral("vessző (40,5)"), QStringLiteral("pont (40.5)")});
   separator_ = addBox("cmbElvalaszto", QStringLiteral("Elvála&sztó:"),
                       {QStringLiteral("pontosvessző"), QStringLiteral("vessző"), QStringLiteral("tabulátor"),
@@ -232,7 +232,7 @@ void ImportChoices::showWords(const Reading& reading) {
     if (word.isFull.value_or(false) && full < 0) full = static_cast<int>(names.size());
     const QString text =
         word.word.empty() ? QStringLiteral("(üres)") : QStringLiteral("„%1”").arg(toQt(word.word));
-    names.append(QStringLiteral("%1 (%2 sor)").arg(text).arg(word.rows));
+    names.append(QStringLiteral("%1 (%2 sor)").arg(text, toQt(std::to_string(word.rows))));
   }
   setItems(*fullWord_, names);
   for (int i = 0; i < fullWord_->count(); ++i)

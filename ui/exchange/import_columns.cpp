@@ -17,8 +17,9 @@ namespace {
 constexpr int kSamples = 3;
 constexpr int kLongestText = 24;
 
-QLabel* labelOf(const std::string& text, QWidget* parent) {
+QLabel* labelOf(const std::string& text, const QString& name, QWidget* parent) {
   auto* label = new QLabel(parent);
+  label->setObjectName(name);
   label->setTextFormat(Qt::PlainText);
   const QString whole = toQt(text).simplified();
   label->setText(whole.size() <= kLongestText ? whole : whole.left(kLongestText - 1) + QStringLiteral("…"));
@@ -70,7 +71,7 @@ void ImportColumns::addColumn(const exchange::LogTable& table, std::size_t colum
   });
   boxes_.push_back(box);
   grid->addWidget(box, 0, place);
-  QLabel* head = labelOf(table.heads[column], widget());
+  QLabel* head = labelOf(table.heads[column], QStringLiteral("lbOszlop_%1").arg(place), widget());
   QFont bold = head->font();
   bold.setBold(true);
   head->setFont(bold);
@@ -78,7 +79,11 @@ void ImportColumns::addColumn(const exchange::LogTable& table, std::size_t colum
   const auto samples = samplesOf(table, column);
   for (int i = 0; i < kSamples; ++i) {
     const auto at = static_cast<std::size_t>(i);
-    grid->addWidget(labelOf(at < samples.size() ? samples[at] : std::string(), widget()), 2 + i, place);
+    const std::string value = at < samples.size() ? samples[at] : std::string();
+    grid->addWidget(
+        labelOf(value, QStringLiteral("lbErtek_%1_%2").arg(QString::number(place), QString::number(i)),
+                widget()),
+        2 + i, place);
   }
 }
 

@@ -126,7 +126,7 @@ class ImportPreviewTest : public QObject {
     ui::guarded(nullptr, [&] {
       ui::importCsvFileAt(desk.context, "ABC%2", ui::toQt(desk.current / "50%3&x.csv"), nullptr, [] {});
     });
-    QCOMPARE(shown, "ABC%2 naplójához: 50%3&x.csv – 1 sor: 1 bejegyzés, ebből 1 kijelölve, 0 sor kimarad");
+    QCOMPARE(shown, "ABC%2 naplójához: 50%3&x.csv – 2 sor: 1 bejegyzés, ebből 1 kijelölve, 1 sor kimarad");
   }
 
   void thePreviewOpensNineTenthsOfTheDisplayHigh() {

@@ -164,12 +164,12 @@ class ImportWordsTest : public QObject {
   }
 
   void theNameOfAFileIsNoPlaceholder() {
-    const TextFile large{.fault = TextFile::Fault::TooLarge, .size = 100 * 1024 * 1024, .text = {}};
+    const TextFile large{.fault = TextFile::Fault::TooLarge, .size = 100 * 1024 * 1024};
     QVERIFY(wordsOf(large, "50%2.csv").endsWith("\n50%2.csv (100 MB)"));
-    exchange::LogFile log;
-    log.fault = exchange::LogFault::RowTooLong;
-    log.faultLine = 7;
-    QVERIFY(wordsOf(log, "50%2%1.csv").contains("\n50%2%1.csv\n\nA(z) 7. sorban"));
+    exchange::LogTable table;
+    table.fault = exchange::LogTable::Fault::RowTooLong;
+    table.faultLine = 7;
+    QVERIFY(wordsOf(table, "50%2%1.csv").contains("\n50%2%1.csv\n\nA(z) 7. sorban"));
   }
 
   void aFileThatHoldsALogIsNotRefused() {
