@@ -138,7 +138,8 @@ void findUnits(const LogTable& table, const std::vector<ColumnFacts>& facts, con
   if (stated.isGallonOpen) ask(reading, Question::Gallon, choices.volume.has_value());
   if (isVolumeOpen) ask(reading, Question::VolumeUnit, choices.volume.has_value());
   if (isDistanceOpen) ask(reading, Question::DistanceUnit, choices.distance.has_value());
-  if (!stated.volume && !isVolumeOpen && !isDistanceOpen && !isPlausible(middleConsumption(facts, reading)))
+  const bool isDistanceKnown = !isDistanceOpen || choices.distance;
+  if (!stated.volume && !isVolumeOpen && isDistanceKnown && !isPlausible(middleConsumption(facts, reading)))
     ask(reading, Question::VolumeUnit, choices.volume.has_value());
 }
 

@@ -119,6 +119,15 @@ TEST(Units, AreAskedWhereAnEnglishFileDoesNotStateThem) {
   EXPECT_EQ(said.rows.rows[0].litres, Ratio(105, 10) * litresOf(VolumeUnit::UkGallon));
 }
 
+// 11 of a volume over 400 miles: litres would be 1.7 for 100 km.
+TEST(Units, ThatAreNotStatedAreAskedWhereAnAnswerMakesThemIncredible) {
+  const std::string text =
+      "date,odometer,volume,total "
+      "(Ft)\n2024-01-05,30000,10.5,16000\n2024-01-19,30400,11.2,17000\n2024-02-02,30810,10.9,16500\n";
+  EXPECT_THAT(readLog(text, {.distance = DistanceUnit::Mile}).reading.open,
+              ElementsAre(Question::VolumeUnit));
+}
+
 TEST(Units, ThatChangeInTheFileAreTakenRowByRow) {
   const ReadLog log = readLog(
       "Date,Odometer (km),Volume,Unit,Cost,Currency\n2024-01-05,30000,40,L,60,EUR\n2024-01-19,30400,10,US "
