@@ -17,10 +17,7 @@ constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 class Proposal {
  public:
   Proposal(const std::vector<ColumnFacts>& facts, const std::map<std::size_t, Meaning>& said)
-      : facts_(facts),
-        said_(said),
-        meanings_(facts.size(), Meaning::NotUnderstood),
-        isSettled_(facts.size(), false) {
+      : facts_(facts), meanings_(facts.size(), Meaning::NotUnderstood), isSettled_(facts.size(), false) {
     for (const auto& [column, meaning] : said)
       if (column < facts.size()) settle(column, meaning);
   }
@@ -285,18 +282,17 @@ class Proposal {
     const double inMoney = spread(paid.money);
     const double inQuotients = spread(paid.perVolume);
     if (isStated)
-      return inMoney > 2 * inQuotients && paid.money.size() > 3 && inQuotients > 0
-                 ? open(column, Meaning::TotalCost)
-                 : Meaning::UnitPrice;
+      return inMoney > 2 * inQuotients && paid.money.size() > 3 && inQuotients > 0 ? open()
+                                                                                   : Meaning::UnitPrice;
     if (paid.money.size() > 3 && inMoney > 1.3 * inQuotients) return Meaning::TotalCost;
     if (facts_[column].median < kCheapest && paid.perVolume.front() < 0.5) return Meaning::UnitPrice;
-    return open(column,
-                inMoney <= inQuotients && paid.money.size() > 1 ? Meaning::UnitPrice : Meaning::TotalCost);
+    return open();
   }
 
-  Meaning open(std::size_t column, Meaning guess) {
-    if (!said_.contains(column)) isPriceOpen_ = true;
-    return guess;
+  // Nothing is chosen over the column, so that a person can choose either.
+  Meaning open() {
+    isPriceOpen_ = true;
+    return Meaning::NotUnderstood;
   }
 
   // Columns of words, and all that is left.
@@ -340,7 +336,6 @@ class Proposal {
   }
 
   const std::vector<ColumnFacts>& facts_;
-  const std::map<std::size_t, Meaning>& said_;
   std::vector<Meaning> meanings_;
   std::vector<bool> isSettled_;
   bool isPriceOpen_ = false;
