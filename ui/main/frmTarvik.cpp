@@ -13,6 +13,7 @@
 #include "ui/base/change.h"
 #include "ui/base/guarded.h"
 #include "ui/base/handlers.h"
+#include "ui/base/menu_entry_action.h"
 #include "ui/base/message_boxes.h"
 #include "ui/base/text.h"
 #include "ui/exchange/csv_files.h"
@@ -137,6 +138,7 @@ void frmTarvik::connectMenu() {
   auto* restore = tools->addAction(QStringLiteral("Visszaállítás &mentésből…"));
   restore->setObjectName(QStringLiteral("mnuVisszaallitas"));
   onMenu(this, restore, &frmTarvik::openRestore);
+  addMenuEntryAction(*tools, context_);
 }
 
 void frmTarvik::setUpKeyboard() {
