@@ -6,6 +6,7 @@ other call is refused. The households lie in the folder TARVIK_FOLDERS, on a fil
 
 import contextlib
 import os
+import pathlib
 import random
 import shutil
 import tempfile
@@ -46,6 +47,8 @@ class RefusedCalls(unittest.TestCase):
 
     def household(self):
         made = demo_folder()
+        # The day's copies are there already, so that the calls that are refused are the change's own.
+        pathlib.Path(made, "Mentések", time.strftime("%Y-%m-%d")).mkdir(parents=True)
         if PLACE is None:
             return made
         place = self.enterContext(tempfile.TemporaryDirectory(dir=PLACE))

@@ -380,7 +380,7 @@ class frmGumikTest : public QObject {
     tyres.press("cmdGumiDel");
     QCOMPARE(tyres.types(), (QStringList{"a", "c"}));
     QVERIFY(!tyres.isEnabled("cmdGumiDel"));
-    QCOMPARE(tyres.program.names(), std::vector<std::string>{"Gumik.dat"});
+    QCOMPARE(tyres.program.names(), (std::vector<std::string>{"Gumik.dat", "Mentések"}));
     QVERIFY(tyres.current.names().empty());
   }
 
