@@ -9,9 +9,9 @@
 namespace tarvik::core {
 namespace {
 
-constexpr std::array<std::string_view, 12> kMonths{
-    "január", "február", "március",   "április", "május",   "június",
-    "július", "augusztus", "szeptember", "október", "november", "december"};
+constexpr std::array<std::string_view, 12> kMonths{"január",     "február", "március",  "április",
+                                                   "május",      "június",  "július",   "augusztus",
+                                                   "szeptember", "október", "november", "december"};
 constexpr std::string_view kNoBreakSpace = "\u00A0";
 constexpr std::size_t kLeastOfAName = 3;
 constexpr int kFirstYear = 100;
@@ -53,9 +53,9 @@ int monthNumber(std::string_view text) {
 
 int lastDayOf(int year, int month) {
   using namespace std::chrono;
-  return static_cast<int>(static_cast<unsigned>(
-      year_month_day_last{std::chrono::year{year}, month_day_last{std::chrono::month(static_cast<unsigned>(month))}}
-          .day()));
+  return static_cast<int>(static_cast<unsigned>(year_month_day_last{
+      std::chrono::year{year}, month_day_last{std::chrono::month(static_cast<unsigned>(
+                                   month))}}.day()));
 }
 
 std::size_t longest(DayPart part) {
@@ -197,8 +197,7 @@ std::optional<Day> dayOfText(std::string_view text, Day shown, DayPart last) {
 }
 
 Day stepped(Day day, DayPart part, int steps) {
-  if (part == DayPart::Day)
-    return {std::clamp(day.number + steps, kFirstDay.number, kLastDay.number)};
+  if (part == DayPart::Day) return {std::clamp(day.number + steps, kFirstDay.number, kLastDay.number)};
   CalendarDate date = calendarDate(day);
   const int months = date.year * 12 + date.month - 1 + (part == DayPart::Year ? 12 * steps : steps);
   if (months < kFirstYear * 12) return kFirstDay;

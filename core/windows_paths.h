@@ -5,8 +5,8 @@
 
 namespace tarvik::core {
 
-/// A path as Windows takes it, from one in UTF-8 with slashes. A full one that is longer than the system takes by
-/// its plain name gets the mark in front behind which it takes any length, and backslashes.
+/// A path as Windows takes it, from one in UTF-8 with slashes. A full one that is longer than the system
+/// takes by its plain name gets the mark in front behind which it takes any length, and backslashes.
 std::wstring systemPath(const std::string& path);
 
 /// A name that the system gives, in UTF-8.

@@ -53,8 +53,8 @@ std::string argument(std::string_view text) {
   return value('"' + marked(marked(text, "\\\"`$", "\\"), "%", "%") + '"');
 }
 
-// The desktop looks for the first word of a command without reading its doubled percent signs, and an equals sign
-// in it would mean something else; so the path is not the first word.
+// The desktop looks for the first word of a command without reading its doubled percent signs, and an equals
+// sign in it would mean something else; so the path is not the first word.
 std::string commandLine(const std::string& program) {
   return "/bin/sh -c " + argument("exec \"$0\"") + ' ' + argument(program);
 }
@@ -103,12 +103,24 @@ std::string menuEntryText(const MenuPlace& place) {
          "Name=Tarvik\n"
          "GenericName=Car running-cost logbook\n"
          "GenericName[hu]=Gépkocsi költségnapló\n"
-         "Comment=" + value("Fill-ups, consumption and repairs: " + folder) + "\n"
-         "Comment[hu]=" + value("Tankolások, fogyasztás, javítások: " + folder) + "\n"
-         "Exec=" + commandLine(place.program) + "\n"
-         "TryExec=" + value(place.program) + "\n"
-         "Path=" + value(folder) + "\n"
-         "Icon=" + value(folder + "/program/tarvik.svg") + "\n"
+         "Comment=" +
+         value("Fill-ups, consumption and repairs: " + folder) +
+         "\n"
+         "Comment[hu]=" +
+         value("Tankolások, fogyasztás, javítások: " + folder) +
+         "\n"
+         "Exec=" +
+         commandLine(place.program) +
+         "\n"
+         "TryExec=" +
+         value(place.program) +
+         "\n"
+         "Path=" +
+         value(folder) +
+         "\n"
+         "Icon=" +
+         value(folder + "/program/tarvik.svg") +
+         "\n"
          "Terminal=false\n"
          "StartupWMClass=Tarvik\n"
          "Categories=Office;\n"

@@ -25,10 +25,10 @@ std::string menuEntryText(const MenuPlace& place);
 /// Whether this copy is in the menu.
 bool isInMenu(core::FileSystem& files, const MenuPlace& place);
 
-/// Puts this copy into the menu, or renews its entry; folders that are missing on the way are made. The entry is
-/// written beside its place and takes it in one step: what stood there, a link too, is replaced and never written
-/// through. Throws as menuEntryText does, and Failure(OpenFailed), WriteFailed, SyncFailed or ReplaceFailed; the
-/// entry is then as it was.
+/// Puts this copy into the menu, or renews its entry; folders that are missing on the way are made. The entry
+/// is written beside its place and takes it in one step: what stood there, a link too, is replaced and never
+/// written through. Throws as menuEntryText does, and Failure(OpenFailed), WriteFailed, SyncFailed or
+/// ReplaceFailed; the entry is then as it was.
 void putIntoMenu(core::FileSystem& files, const MenuPlace& place);
 
 /// Takes this copy out of the menu, and no other; nothing happens when it is not there. Throws

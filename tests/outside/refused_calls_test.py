@@ -48,7 +48,9 @@ class RefusedCalls(unittest.TestCase):
     def household(self):
         made = demo_folder()
         # The day's copies are there already, so that the calls that are refused are the change's own.
-        pathlib.Path(made, "Mentések", time.strftime("%Y-%m-%d")).mkdir(parents=True)
+        copies = pathlib.Path(made, "Mentések", time.strftime("%Y-%m-%d"))
+        copies.mkdir(parents=True)
+        shutil.copy(pathlib.Path(made, "rendsz.dat"), copies)
         if PLACE is None:
             return made
         place = self.enterContext(tempfile.TemporaryDirectory(dir=PLACE))

@@ -12,7 +12,8 @@ namespace {
 using core::FailureKind;
 using test::expectFailure;
 
-const MenuPlace kPlace{.folder = "/home/elek/.local/share/applications", .program = "/home/elek/Tarvik/Tarvik"};
+const MenuPlace kPlace{.folder = "/home/elek/.local/share/applications",
+                       .program = "/home/elek/Tarvik/Tarvik"};
 const MenuPlace kStick{.folder = kPlace.folder, .program = "/media/stick/Tarvik/Tarvik-pendrive.com"};
 const std::string kEntry = kPlace.folder + "/tarvik-4c187743.desktop";
 const std::string kStickEntry = kPlace.folder + "/tarvik-e04ae571.desktop";
@@ -63,7 +64,8 @@ TEST(MenuEntryText, KeepsEveryLetterThatACommandLineWouldTakeForItsOwn) {
 
 TEST(MenuEntryText, RefusesAPathWithALineBreakOrAnotherControlCharacter) {
   for (const std::string letter : {"\n", "\r", "\t", "\x01", "\x7F"})
-    expectFailure(FailureKind::PathUnusable, [&] { menuEntryText(placeOf("/home/a" + letter + "b/Tarvik")); });
+    expectFailure(FailureKind::PathUnusable,
+                  [&] { menuEntryText(placeOf("/home/a" + letter + "b/Tarvik")); });
 }
 
 TEST(MenuEntryName, IsOneForEachFolderWhateverTheProgramIsCalled) {

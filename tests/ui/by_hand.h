@@ -85,8 +85,8 @@ inline void nameFile(QFileDialog& dialog, const QString& path) {
   dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
 }
 
-/// Clicks into a day field, wherever that happens to be, and types a day as it is shown. Fails the test when a
-/// person could not.
+/// Clicks into a day field, wherever that happens to be, and types a day as it is shown. Fails the test when
+/// a person could not.
 inline void typeInto(QDateEdit& field, QDate day) {
   if (!isInReach(field)) return;
   QTest::mouseClick(field.findChild<QLineEdit*>(), Qt::LeftButton);

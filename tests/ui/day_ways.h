@@ -9,10 +9,21 @@
 namespace tarvik::test {
 
 /// How a person comes into a day field.
-enum class Way { ClickYear, ClickMonth, ClickDay, ClickBehind, DoubleClick, TripleClick, Tab, Backtab, Letter };
+enum class Way {
+  ClickYear,
+  ClickMonth,
+  ClickDay,
+  ClickBehind,
+  DoubleClick,
+  TripleClick,
+  Tab,
+  Backtab,
+  Letter
+};
 
-inline constexpr Way kWays[] = {Way::ClickYear,   Way::ClickMonth,  Way::ClickDay, Way::ClickBehind, Way::DoubleClick,
-                                Way::TripleClick, Way::Tab,         Way::Backtab,  Way::Letter};
+inline constexpr Way kWays[] = {Way::ClickYear,   Way::ClickMonth,  Way::ClickDay,
+                                Way::ClickBehind, Way::DoubleClick, Way::TripleClick,
+                                Way::Tab,         Way::Backtab,     Way::Letter};
 
 /// Presses a key where the focus is.
 inline void pressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
@@ -22,8 +33,9 @@ inline void pressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
 /// Clicks into the text of a day field, before its letter of that number.
 inline void clickLetter(const QDateEdit& field, int letter) {
   auto* const text = field.findChild<QLineEdit*>();
-  QTest::mouseClick(text, Qt::LeftButton, {},
-                    {2 + text->fontMetrics().horizontalAdvance(text->text().left(letter)), text->height() / 2});
+  QTest::mouseClick(
+      text, Qt::LeftButton, {},
+      {2 + text->fontMetrics().horizontalAdvance(text->text().left(letter)), text->height() / 2});
 }
 
 /// Comes into a day field; a letter goes the way of a caption's mnemonic.
@@ -67,9 +79,9 @@ inline void typeWithMoves(const QString& keys) {
 }
 
 /// The ways to type 21 June 2013.
-inline const QStringList kTyped21June2013{"2013.06.21", "2013.06.21.", "20130621",   "2013 06 21",    "2013-06-21",
-                                          "2013.6.21",  "2013. 6. 21.", "2013/06/21", "2013. 06. 21.", "2013>06>21",
-                                          "2013>6>21",  "2013)06)21",  "2013)6)21",  "2013.06>21",    "20130621.",
-                                          "2013 6 21",  "2013-6-21"};
+inline const QStringList kTyped21June2013{
+    "2013.06.21",   "2013.06.21.", "20130621",      "2013 06 21", "2013-06-21", "2013.6.21",
+    "2013. 6. 21.", "2013/06/21",  "2013. 06. 21.", "2013>06>21", "2013>6>21",  "2013)06)21",
+    "2013)6)21",    "2013.06>21",  "20130621.",     "2013 6 21",  "2013-6-21"};
 
 }  // namespace tarvik::test

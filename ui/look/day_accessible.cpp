@@ -51,8 +51,8 @@ QAccessibleInterface* dayInterface(const QString&, QObject* object) {
 
 }  // namespace
 
-// The toolkit makes nothing readable of the part inside while it has the name by which it is left out of the parts
-// that are told, and asks for it once.
+// The toolkit makes nothing readable of the part inside while it has the name by which it is left out of the
+// parts that are told, and asks for it once.
 void letAssistiveToolsIn(DayField& field) {
   static const bool installed = (QAccessible::installFactory(dayInterface), true);
   static_cast<void>(installed);

@@ -29,7 +29,8 @@ bool mayRunCommand(const QKeyEvent& event) {
 }
 
 bool endsPart(const QString& keys) {
-  return std::all_of(keys.begin(), keys.end(), [](QChar key) { return QStringLiteral(" .-/").contains(key); });
+  return std::all_of(keys.begin(), keys.end(),
+                     [](QChar key) { return QStringLiteral(" .-/").contains(key); });
 }
 
 QString widestText(DayPart last) {
@@ -38,8 +39,8 @@ QString widestText(DayPart last) {
 
 }  // namespace
 
-// The toolkit knows a day by its sections and takes each key for one of them alone: it is left out of what happens to
-// the text.
+// The toolkit knows a day by its sections and takes each key for one of them alone: it is left out of what
+// happens to the text.
 DayField::DayField(QWidget* parent) : QDateEdit(parent) {
   letAssistiveToolsIn(*this);
   setDisplayFormat(QStringLiteral("yyyy.MM.dd."));
@@ -77,7 +78,8 @@ QSize DayField::sizeHint() const {
   QStyleOptionSpinBox option;
   initStyleOption(&option);
   const int width = fontMetrics().horizontalAdvance(widestText(last_) + QLatin1Char(' ')) + kRoomForCursor;
-  return style()->sizeFromContents(QStyle::CT_SpinBox, &option, {width, lineEdit()->sizeHint().height()}, this);
+  return style()->sizeFromContents(QStyle::CT_SpinBox, &option, {width, lineEdit()->sizeHint().height()},
+                                   this);
 }
 
 // A click comes into the field anew, unless it goes to a letter of what is being mended.
@@ -111,7 +113,8 @@ void DayField::keyPressEvent(QKeyEvent* event) {
 void DayField::focusInEvent(QFocusEvent* event) {
   QAbstractSpinBox::focusInEvent(event);
   const Qt::FocusReason reason = event->reason();
-  if (reason == Qt::MouseFocusReason || reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason)
+  if (reason == Qt::MouseFocusReason || reason == Qt::PopupFocusReason ||
+      reason == Qt::ActiveWindowFocusReason)
     return;
   select(reason == Qt::BacktabFocusReason ? last_ : DayPart::Year);
 }
@@ -133,15 +136,16 @@ bool DayField::focusNextPrevChild(bool next) {
   return goOn(next ? 1 : -1) || QAbstractSpinBox::focusNextPrevChild(next);
 }
 
-// Every key may stand in the field, so that nothing that was typed is swallowed in silence. A pasted day takes the
-// place of the whole text, wherever it was pasted.
+// Every key may stand in the field, so that nothing that was typed is swallowed in silence. A pasted day
+// takes the place of the whole text, wherever it was pasted.
 QValidator::State DayField::validate(QString& input, int& cursor) const {
   const auto pasted = core::dayOfText(toLogic(input.mid(mark_, cursor - mark_)), shownDay(), DayPart::Day);
   if (!isOwn_ && pasted) {
     input = joined(shownParts(*pasted, last_), last_).text;
     cursor = static_cast<int>(input.size());
   }
-  return core::dayOfText(toLogic(input), shownDay(), last_) ? QValidator::Acceptable : QValidator::Intermediate;
+  return core::dayOfText(toLogic(input), shownDay(), last_) ? QValidator::Acceptable
+                                                            : QValidator::Intermediate;
 }
 
 QDateTime DayField::dateTimeFromText(const QString& text) const {

@@ -7,10 +7,11 @@
 
 namespace tarvik::ui {
 
-/// A field for a day, with a calendar. A day is typed as a whole from any of its parts, or part by part with Tab,
-/// arrows, points or spaces between, or pasted; `core/typed_day.h` says what is one. While it is typed the value is
-/// the day that the keys mean, or the one that stood there before; that one stands there again when the field is left,
-/// Enter or a mnemonic is pressed and the keys mean none. Arrows up and down step the part under the cursor. Assistive tools raise and lower the last shown part.
+/// A field for a day, with a calendar. A day is typed as a whole from any of its parts, or part by part with
+/// Tab, arrows, points or spaces between, or pasted; `core/typed_day.h` says what is one. While it is typed
+/// the value is the day that the keys mean, or the one that stood there before; that one stands there again
+/// when the field is left, Enter or a mnemonic is pressed and the keys mean none. Arrows up and down step the
+/// part under the cursor. Assistive tools raise and lower the last shown part.
 class DayField : public QDateEdit {
   Q_OBJECT
 
@@ -79,8 +80,8 @@ class DayField : public QDateEdit {
   std::optional<core::Day> base_;    // while the text is not that of the value: the day that was shown last
   std::optional<Typing> typing_;     // none = the text is edited in another way
   QString shown_;
-  int mark_ = 0;          // where the selection or the cursor was before an edit
-  bool isOwn_ = false;    // the text is being set here
+  int mark_ = 0;            // where the selection or the cursor was before an edit
+  bool isOwn_ = false;      // the text is being set here
   bool keepsText_ = false;  // whatever the value is, the text stays as it was typed
 };
 

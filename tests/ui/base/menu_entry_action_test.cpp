@@ -43,9 +43,10 @@ class MenuEntryActionTest : public QObject {
     QCOMPARE(boxes.seen.size(), 1);
     QCOMPARE(boxes.seen[0].title, "Tarvik");
     QCOMPARE(boxes.seen[0].icon, QMessageBox::Information);
-    QCOMPARE(boxes.seen[0].text,
-             "A Tarvik bekerült a programok menüjébe, és onnan is a saját mappájában indul:\n/home/elek/Tarvik\n\n"
-             "Ha a mappát áthelyezed, indítsd el ott, és vedd fel újra.");
+    QCOMPARE(
+        boxes.seen[0].text,
+        "A Tarvik bekerült a programok menüjébe, és onnan is a saját mappájában indul:\n/home/elek/Tarvik\n\n"
+        "Ha a mappát áthelyezed, indítsd el ott, és vedd fel újra.");
     QCOMPARE(desk.entry(), settings::menuEntryText(desk.context.menu));
   }
 
@@ -65,8 +66,9 @@ class MenuEntryActionTest : public QObject {
     test::BoxScript boxes({QMessageBox::Ok});
     desk.item()->trigger();
     QCOMPARE(boxes.seen[0].title, " H i b a !");
-    QCOMPARE(boxes.seen[0].text,
-             "Sortörés vagy más vezérlőjel van ennek a mappának a nevében:\n/home/a\nb\n\nSemmi sem változott.");
+    QCOMPARE(
+        boxes.seen[0].text,
+        "Sortörés vagy más vezérlőjel van ennek a mappának a nevében:\n/home/a\nb\n\nSemmi sem változott.");
     QVERIFY(desk.current.names().empty());
   }
 

@@ -29,12 +29,13 @@ class StartFoldersTest : public QObject {
     QCOMPARE(boxes.seen[0],
              (test::SeenBox{
                  .title = "Tarvik",
-                 .text = QStringLiteral("A Tarvik nem a saját mappájából indult. A közös fájljait (autók, "
-                                        "beállítások, figyelmeztetések)\naz aktuális mappában keresné, és üresen "
-                                        "hozná létre ott, ha nincsenek meg.\n\nA program mappája:\n%1\n\nAz aktuális "
-                                        "mappa:\n%2\n\nFolytatod a program saját mappájában?\n\nIgen: minden adat a "
-                                        "program mappájában van.\nNem: a közös fájlok az aktuális mappában "
-                                        "vannak.\nMégse: a program nem indul el, és nem készül fájl.")
+                 .text = QStringLiteral(
+                             "A Tarvik nem a saját mappájából indult. A közös fájljait (autók, "
+                             "beállítások, figyelmeztetések)\naz aktuális mappában keresné, és üresen "
+                             "hozná létre ott, ha nincsenek meg.\n\nA program mappája:\n%1\n\nAz aktuális "
+                             "mappa:\n%2\n\nFolytatod a program saját mappájában?\n\nIgen: minden adat a "
+                             "program mappájában van.\nNem: a közös fájlok az aktuális mappában "
+                             "vannak.\nMégse: a program nem indul el, és nem készül fájl.")
                              .arg(QString::fromStdString(desk.program.path()),
                                   QString::fromStdString(desk.current.path())),
                  .icon = QMessageBox::Question,

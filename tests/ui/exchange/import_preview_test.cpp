@@ -185,15 +185,16 @@ class ImportPreviewTest : public QObject {
 
   void takingOverIsNeverWhatEnterDoes() {
   Import import;
-  QVERIFY(import.take("Dátum;Km óra;Liter;Költség (€)\n2012.01.05.;1000;40;60\n", [](ui::ImportPreview& preview) {
-    auto* rate = test::part<QLineEdit>(preview, "txValto");
-    test::typeInto(*rate, "400");
-    QTest::keyClick(rate, Qt::Key_Return);
-    QVERIFY(preview.isVisible());
-    QVERIFY(!button(preview)->isDefault() && !button(preview)->autoDefault());
-    QVERIFY(button(preview)->isEnabled());
-    test::press(*button(preview));
-  }));
+  QVERIFY(
+      import.take("Dátum;Km óra;Liter;Költség (€)\n2012.01.05.;1000;40;60\n", [](ui::ImportPreview& preview) {
+        auto* rate = test::part<QLineEdit>(preview, "txValto");
+        test::typeInto(*rate, "400");
+        QTest::keyClick(rate, Qt::Key_Return);
+        QVERIFY(preview.isVisible());
+        QVERIFY(!button(preview)->isDefault() && !button(preview)->autoDefault());
+        QVERIFY(button(preview)->isEnabled());
+        test::press(*button(preview));
+      }));
   QCOMPARE(import.stored().at(0).TankoltKtg, 24'000);
 }
 

@@ -3,10 +3,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "exchange/import_plan.h"
 #include "tests/ui/main_screen.h"
 #include "tests/ui/screen_test.h"
-#include "ui/exchange/import_model.h"
 #include "ui/lists/listing_model.h"
 #include "ui/lists/text_list_model.h"
 
@@ -64,15 +62,6 @@ core::NapiAdat service() {
   entry.Olajcsere = core::kFlagSet;
   entry.Alkatresz = core::FixedText<50>("szűrő");
   return entry;
-}
-
-exchange::ImportPlan plan() {
-  exchange::ImportPlan plan;
-  plan.entries.push_back({.line = 2, .entry = test::fuelling({2024, 1, 5}, 1000, 405'000, true, 24'300)});
-  plan.entries.push_back({.line = 3, .entry = service()});
-  plan.entries[1].doubts = {exchange::Doubt::MissedBefore};
-  plan.entries[1].isTaken = false;
-  return plan;
 }
 
 }  // namespace
@@ -160,61 +149,6 @@ class ModelsTest : public QObject {
     QCOMPARE(pointed.column(), 1);
     model.setRows({{{"b", "1"}, "1"}, {{"a", "2"}, "2"}});
     QCOMPARE(model.record(0), QString("2"));
-  }
-
-  void theImportListShowsWhatWouldBeListedAndMore() {
-    const core::Logbook logbook;
-    ImportModel model(true);
-    const QAbstractItemModelTester tester(&model, Mode::QtTest);
-    model.setPlan(plan(), logbook);
-    QCOMPARE(headsOf(model),
-             QStringList({"Dátum", "Km óra", "liter", "Km", "Olaj", "Szürő", "Gyertya", "Alkatrész",
-                          "Megjegyzés", "Tele", "Költség", "Észrevétel", "Sor"}));
-    QCOMPARE(alignmentsOf(model, -1), QString("lrrrccclll"
-                                              "rll")
-                                          .replace(9, 1, "c"));
-    QCOMPARE(alignmentsOf(model, 1), alignmentsOf(model, -1));
-    QCOMPARE(rowOf(model, 0), QStringList({"2024.01.05.", "1000", "40,50", "0", "", "", "", "", "Tankolás",
-                                           "X", "24 300", "", "2"}));
-    QCOMPARE(rowOf(model, 1), QStringList({"2024.01.19.", "1500", "30,00", "500", "X", "", "", "szűrő",
-                                           "Tankolás", "", "19 234", "előtte kimaradt egy tankolás", "3"}));
-    expectNothingElse(model);
-    QVERIFY(!model.headerData(-1, Qt::Horizontal).isValid());
-    QVERIFY(!model.headerData(13, Qt::Horizontal).isValid());
-    QCOMPARE(model.longestTexts(), QStringList({"MM9999.99.99.", "9999999", "999,99", "-99999", "X", "X", "X",
-                                                "MMMMMMMMMM", "", "X", "999 999 999", ""}));
-  }
-
-  void theLogOfAnotherProgramHasNoParts() {
-    const core::Logbook logbook;
-    ImportModel model(false);
-    model.setPlan(plan(), logbook);
-    QCOMPARE(headsOf(model), QStringList({"Dátum", "Km óra", "liter", "Km", "Megjegyzés", "Tele", "Költség",
-                                          "Észrevétel", "Sor"}));
-    QCOMPARE(model.longestTexts().size(), 8);
-  }
-
-  void aTickIsSetOnTheDayAlone() {
-    const core::Logbook logbook;
-    ImportModel model(true);
-    model.setPlan(plan(), logbook);
-    QCOMPARE(model.index(0, 0).data(Qt::CheckStateRole).toInt(), static_cast<int>(Qt::Checked));
-    QCOMPARE(model.index(1, 0).data(Qt::CheckStateRole).toInt(), static_cast<int>(Qt::Unchecked));
-    QVERIFY(!model.index(0, 1).data(Qt::CheckStateRole).isValid());
-    QVERIFY(model.flags(model.index(0, 0)).testFlag(Qt::ItemIsUserCheckable));
-    QVERIFY(!model.flags(model.index(0, 1)).testFlag(Qt::ItemIsUserCheckable));
-    QSignalSpy ticks(&model, &ImportModel::ticksChanged);
-    QSignalSpy changes(&model, &ImportModel::dataChanged);
-    QVERIFY(!model.setData(model.index(1, 0), "x", Qt::EditRole));
-    QVERIFY(!model.setData(QModelIndex(), Qt::Checked, Qt::CheckStateRole));
-    QCOMPARE(ticks.count(), 0);
-    QVERIFY(model.setData(model.index(1, 0), Qt::Checked, Qt::CheckStateRole));
-    QVERIFY(model.plan().entries[1].isTaken);
-    QVERIFY(model.setData(model.index(0, 0), Qt::Unchecked, Qt::CheckStateRole));
-    QVERIFY(!model.plan().entries[0].isTaken);
-    QCOMPARE(ticks.count(), 2);
-    QCOMPARE(changes.first()[0].toModelIndex(), model.index(0, 0));
-    QCOMPARE(changes.first()[1].toModelIndex(), model.index(1, 12));
   }
 };
 

@@ -46,7 +46,9 @@ class BoxIconTest : public QObject {
       for (const auto other : icons) QCOMPARE(drawn(one, 48) == drawn(other, 48), one == other);
   }
 
-  void itIsAsLargeAsItIsAskedFor() { QCOMPARE(drawn(QStyle::SP_MessageBoxWarning, 96).size(), QSize(96, 96)); }
+  void itIsAsLargeAsItIsAskedFor() {
+    QCOMPARE(drawn(QStyle::SP_MessageBoxWarning, 96).size(), QSize(96, 96));
+  }
 
   void otherIconsAreLeftAlone() { QVERIFY(ui::boxIcon(QStyle::SP_TitleBarCloseButton).isNull()); }
 

@@ -87,7 +87,8 @@ class DayFieldTest : public QObject {
  private slots:
   void aTypedDayIsThatDayHoweverOneCameIn() {
     Bench bench;
-    for (const QDate old : {kOld, QDate(2024, 2, 29), QDate(2013, 12, 31), QDate(100, 1, 1), QDate(9999, 12, 31)})
+    for (const QDate old :
+         {kOld, QDate(2024, 2, 29), QDate(2013, 12, 31), QDate(100, 1, 1), QDate(9999, 12, 31)})
       for (const Way way : kWays)
         for (const QString& keys : kTyped21June2013)
           for (const End end : {End::Enter, End::Tab}) {
@@ -137,13 +138,15 @@ class DayFieldTest : public QObject {
     QCOMPARE(typed(Way::ClickMonth, "6>21"), "2013.06.21.");
     QCOMPARE(typed(Way::ClickMonth, "6.21"), "2013.06.21.");
     QCOMPARE(typed(Way::ClickMonth, "0621"), "2013.06.21.");
-    for (const Way way : {Way::Backtab, Way::ClickDay, Way::ClickBehind}) QCOMPARE(typed(way, "21"), "2013.07.21.");
+    for (const Way way : {Way::Backtab, Way::ClickDay, Way::ClickBehind})
+      QCOMPARE(typed(way, "21"), "2013.07.21.");
   }
 
   void whatIsNoDayGivesBackTheOldOne() {
-    const QStringList noDays{"2013.06.31",  "2013.13.01", "2013.02.29",  "2013.06.00", "2013.06.215", "201306215",
-                             "2013062",     "06/21/2013", "2013..06.21", "2o13.06.21", "2013,06,21",  "13.06.21",
-                             "0612.06.21",  "15.06.21",   "2013.06.2l",  "x",          "2013.06.21x", "2014>>x",  "2014>>99"};
+    const QStringList noDays{"2013.06.31", "2013.13.01",  "2013.02.29", "2013.06.00",  "2013.06.215",
+                             "201306215",  "2013062",     "06/21/2013", "2013..06.21", "2o13.06.21",
+                             "2013,06,21", "13.06.21",    "0612.06.21", "15.06.21",    "2013.06.2l",
+                             "x",          "2013.06.21x", "2014>>x",    "2014>>99"};
     Bench bench;
     for (const Way way : kWays)
       for (const QString& keys : noDays)
@@ -222,13 +225,15 @@ class DayFieldTest : public QObject {
   void aPastedDayIsThatDayWhereverOneIs() {
     Bench bench;
     for (const Way way : kWays)
-      for (const char* day : {"2013.06.21", "2013.06.21.", "20130621", "2013-06-21", " 2013. 6. 21.\n", "2013. június 21."})
+      for (const char* day :
+           {"2013.06.21", "2013.06.21.", "20130621", "2013-06-21", " 2013. 6. 21.\n", "2013. június 21."})
         for (const bool byMenu : {false, true}) {
           bench.restart();
           QApplication::clipboard()->setText(QString::fromUtf8(day));
           enter(bench.field, way);
           byMenu ? pasteByMenu(bench.field) : pressKey(Qt::Key_V, Qt::ControlModifier);
-          const QByteArray what = QStringLiteral("%1 by way %2, menu %3").arg(day).arg(int(way)).arg(byMenu).toUtf8();
+          const QByteArray what =
+              QStringLiteral("%1 by way %2, menu %3").arg(day).arg(int(way)).arg(byMenu).toUtf8();
           QVERIFY2(bench.text() == "2013.06.21.", what);
           finish(bench, End::Enter);
           QCOMPARE(bench.field.date(), QDate(2013, 6, 21));
@@ -483,8 +488,8 @@ class DayFieldTest : public QObject {
 
   void aMonthIsTypedWithAndWithoutItsDay() {
     for (const Way way : {Way::Tab, Way::Letter, Way::ClickYear, Way::TripleClick})
-      for (const char* keys : {"2014.06", "2014. 6.", "201406", "2014>6", "2014)06", "2014 június", "2014. jún.",
-                               "2014.06.21", "20140621", "2014-06-21"}) {
+      for (const char* keys : {"2014.06", "2014. 6.", "201406", "2014>6", "2014)06", "2014 június",
+                               "2014. jún.", "2014.06.21", "20140621", "2014-06-21"}) {
         Bench bench;
         bench.field.showUpTo(DayPart::Month);
         enter(bench.field, way);

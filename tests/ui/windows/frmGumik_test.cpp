@@ -380,7 +380,9 @@ class frmGumikTest : public QObject {
     tyres.press("cmdGumiDel");
     QCOMPARE(tyres.types(), (QStringList{"a", "c"}));
     QVERIFY(!tyres.isEnabled("cmdGumiDel"));
-    QCOMPARE(tyres.program.names(), (std::vector<std::string>{"Gumik.dat", "Mentések"}));
+    QCOMPARE(tyres.program.names(),
+             (std::vector<std::string>{"Gumik.dat", "Mentések", "Mentések/2013-07-05",
+                                       "Mentések/2013-07-05/Gumik.dat", "Mentések/zár"}));
     QVERIFY(tyres.current.names().empty());
   }
 

@@ -243,7 +243,9 @@ class frmSzervizTest : public QObject {
     QCOMPARE(log.total(), "3");
     QVERIFY(!log.button("cmdDelSzerviz")->isEnabled());
     QCOMPARE(log.list()->highlightedRecord(), QString());
-    QCOMPARE(log.program.names(), (std::vector<std::string>{"Mentések", "Szerviz.dat"}));
+    QCOMPARE(log.program.names(),
+             (std::vector<std::string>{"Mentések", "Mentések/2013-07-05", "Mentések/2013-07-05/Szerviz.dat",
+                                       "Mentések/zár", "Szerviz.dat"}));
     QVERIFY(log.current.names().empty());
   }
 
