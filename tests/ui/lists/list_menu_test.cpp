@@ -233,7 +233,9 @@ class ListMenuTest : public QObject {
       test::nameFile(dialog, ui::toQt(screen.current / "log.csv"));
       static_cast<QDialog&>(dialog).accept();
     });
+    test::BoxScript boxes({QMessageBox::Ok});
     choose(*screen.list(), "mnuCsvBeolvasas");
+    QCOMPARE(boxes.seen.first().text, "1 bejegyzés került a naplóba.");
     QCOMPARE(screen.rows(), 3);
     QCOMPARE(screen.cell(2, 1), QStringLiteral("2000"));
     const auto* rows = qobject_cast<ui::ListDelegate*>(screen.list()->itemDelegate());
