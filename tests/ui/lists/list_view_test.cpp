@@ -173,7 +173,7 @@ class ListViewTest : public QObject {
     list.delegate->mark("7", list.view);
     QCOMPARE(list.paperOf(0), paper);
     QVERIFY(list.paperOf(1) != striped);
-    QTRY_COMPARE_WITH_TIMEOUT(list.delegate->marked(), QString(), 4'000);
+    QTRY_COMPARE_WITH_TIMEOUT(list.delegate->marked(), QString(), 60'000);
     QTRY_COMPARE(other.delegate->marked(), QString());
     QCOMPARE(list.paperOf(1), striped);
   }

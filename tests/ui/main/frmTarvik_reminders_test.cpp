@@ -417,7 +417,7 @@ class FrmTarvikRemindersTest : public QObject {
     main.folder.write("figyel.dat", kmReminder("ABC123", 10'000, 5'000));
     ScreenWatch screens;
     main.open();
-    QTRY_COMPARE_WITH_TIMEOUT(screens.opened, (QStringList{"riaszt"}), 7'000);
+    QTRY_COMPARE_WITH_TIMEOUT(screens.opened, (QStringList{"riaszt"}), 60'000);
   }
 };
 
