@@ -16,7 +16,7 @@
 
 namespace {
 
-// The texts that the toolkit brings itself (Yes and No, the calendar) in Hungarian, whatever the machine
+// The texts that Qt brings itself (Yes and No, the calendar) in Hungarian, whatever the machine
 // speaks. A program of one file has them inside.
 void speakHungarian(QApplication& application, QTranslator& translator) {
   QLocale::setDefault(QLocale(QLocale::Hungarian, QLocale::Hungary));

@@ -1,4 +1,4 @@
-# What the one file of the Windows program carries: icon, version, manifest, and the toolkit's Hungarian texts.
+# What the one file of the Windows program carries: icon, version, manifest, and Qt's Hungarian texts.
 
 enable_language(RC)
 set_target_properties(Tarvik PROPERTIES WIN32_EXECUTABLE ON)

@@ -1,4 +1,4 @@
-// The least that a program of this kind does: the toolkit, a window, a list with the logbook's columns.
+// The least that a program of this kind does: Qt, a window, a list with the logbook's columns.
 
 #include <QApplication>
 #include <QMainWindow>

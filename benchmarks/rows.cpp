@@ -12,7 +12,7 @@ std::string joined(const std::vector<double>& nanoseconds) {
   return text;
 }
 
-// How many times dearer an entry is than in the smallest logbook, at the worst of the sizes.
+// How many times slower an entry is than in the smallest logbook, at the worst of the sizes.
 double growthOf(const std::vector<int>& entries, const std::vector<double>& nanoseconds) {
   double worst = 0;
   for (std::size_t i = 1; i < entries.size(); ++i)

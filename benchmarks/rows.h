@@ -44,8 +44,8 @@ void writeAgainstPeer(const std::string& figure, const std::vector<double>& nano
 void writeTime(const std::string& figure, const Series& times, double mostNanoseconds);
 
 /// What a figure costs as the logbook grows, against its floor at the same sizes. The ratio says how many
-/// times dearer an entry is than in the smallest logbook, at the worst of the sizes; linear is 1. What the
-/// processor's caches hold no more makes an entry dearer in every program: as much as the floor's may.
+/// times slower an entry is than in the smallest logbook, at the worst of the sizes; linear is 1. What the
+/// processor's caches hold no more makes an entry slower in every program: as much as the floor's may.
 void writeGrowth(const std::string& figure, const std::vector<int>& entries,
                  const std::vector<double>& nanoseconds, const std::vector<double>& floorNanoseconds);
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # toolkit.sh COMPILER LOGIC_FLAGS [SCREEN_FLAGS]: a source with the flags of a logic folder cannot include
-# the toolkit. The same source compiles without that include, and with it where the flags are a screen's,
+# Qt. The same source compiles without that include, and with it where the flags are a screen's,
 # so that it is the include that fails and nothing else. The flags come in files.
 set -euo pipefail
 compiler="$1" logic_flags="$2" screen_flags="${3:-}"

@@ -1,4 +1,4 @@
-"""The Linux package on machines that lack the toolkit, and from a stick as a desktop mounts it. Needs root."""
+"""The Linux package on machines that lack Qt, and from a stick as a desktop mounts it. Needs root."""
 
 import os
 import pathlib

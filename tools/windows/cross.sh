@@ -1,6 +1,6 @@
 # What the cross builds have in common; sourced after setup.sh, never run.
 #
-#   cross_build PRESET TARGET...   builds with the toolkit of the cache folder, from nothing when that is another one
+#   cross_build PRESET TARGET...   builds with Qt of the cache folder, from nothing when that is another one
 
 # What the environment asks of this machine's own compiler is not for the cross compiler.
 unset LDFLAGS CFLAGS CXXFLAGS CPPFLAGS

@@ -18,7 +18,7 @@ struct FileKind {
 /// The name that is proposed for a file of a day: what it holds, the vehicle first, and the day.
 QString datedName(const QString& what, core::Day day);
 
-/// The file to write, empty when the person gave up. The dialog is the toolkit's own: it asks itself before a
+/// The file to write, empty when the person gave up. The dialog is Qt's own: it asks itself before a
 /// file is replaced, in the program's language. The name's end follows the chosen filter.
 QString askFileToWrite(const FileKind& kind, const QString& proposedName, QWidget* parent);
 

@@ -19,7 +19,7 @@ int widthOfTitle(const QDialog& dialog) {
   return QFontMetrics(font).horizontalAdvance(dialog.windowTitle()) + kBesideTitle * height;
 }
 
-// The toolkit makes a box as wide as its text, whatever its size was before. A row of nothing, as wide as the
+// Qt makes a box as wide as its text, whatever its size was before. A row of nothing, as wide as the
 // title bar needs, keeps the title whole.
 void keepTitleWhole(QMessageBox& box) {
   const int width = widthOfTitle(box);

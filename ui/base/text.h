@@ -9,7 +9,7 @@
 
 namespace tarvik::ui {
 
-/// Texts and dates across the border between the toolkit and the logic.
+/// Texts and dates across the border between Qt and the logic.
 inline QString toQt(const std::string& text) {
   return QString::fromStdString(text);
 }

@@ -30,7 +30,7 @@ class ListView : public QTreeView {
   void keepPlace(const std::function<void()>& refill) { choice_->keepPlace(refill); }
   /// How many columns are shown: all but the record number.
   int shownColumns() const;
-  /// The place among the list's accessible parts that a number means: the toolkit counts the hidden column
+  /// The place among the list's accessible parts that a number means: Qt counts the hidden column
   /// too while it tells of a row.
   int accessiblePlace(int number) const;
 

@@ -35,7 +35,7 @@ int stepOf(int key) {
   return key == Qt::Key_Down || key == Qt::Key_Right ? 1 : 0;
 }
 
-// The toolkit's arrows follow the places of the options and check only from one that is checked.
+// Qt's arrows follow the places of the options and check only from one that is checked.
 class ArrowsCheck : public QObject {
  public:
   explicit ArrowsCheck(QRadioButton* option) : QObject(option), option_(option) {
@@ -58,7 +58,7 @@ class ArrowsCheck : public QObject {
   QRadioButton* option_;
 };
 
-// Gives the focus back that the menu took, when a screen that the menu opened closes: the toolkit does so
+// Gives the focus back that the menu took, when a screen that the menu opened closes: Qt does so
 // only where the window of the menu stayed the active one.
 class MenuGivesBack : public QObject {
  public:
@@ -91,7 +91,7 @@ void makeAccessible(QWidget& screen) {
   for (QRadioButton* option : screen.findChildren<QRadioButton*>()) new ArrowsCheck(option);
 }
 
-// The toolkit goes to its menu when Alt goes down and up again with nothing between, and has no other way.
+// Qt goes to its menu when Alt goes down and up again with nothing between, and has no other way.
 void openWithF10(QMenuBar& menu) {
   new MenuGivesBack(&menu);
   auto* key = new QShortcut(Qt::Key_F10, menu.window());

@@ -8,7 +8,7 @@
 namespace tarvik::ui {
 namespace {
 
-// The toolkit's own offers no steps.
+// Qt's own offers no steps.
 class DayAccessible : public QAccessibleWidget {
  public:
   explicit DayAccessible(DayField* field) : QAccessibleWidget(field, QAccessible::SpinBox) {}
@@ -51,7 +51,7 @@ QAccessibleInterface* dayInterface(const QString&, QObject* object) {
 
 }  // namespace
 
-// The toolkit makes nothing readable of the part inside while it has the name by which it is left out of the
+// Qt makes nothing readable of the part inside while it has the name by which it is left out of the
 // parts that are told, and asks for it once.
 void letAssistiveToolsIn(DayField& field) {
   static const bool installed = (QAccessible::installFactory(dayInterface), true);

@@ -39,7 +39,7 @@ QString widestText(DayPart last) {
 
 }  // namespace
 
-// The toolkit knows a day by its sections and takes each key for one of them alone: it is left out of what
+// Qt knows a day by its sections and takes each key for one of them alone: it is left out of what
 // happens to the text.
 DayField::DayField(QWidget* parent) : QDateEdit(parent) {
   letAssistiveToolsIn(*this);

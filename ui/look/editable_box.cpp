@@ -24,7 +24,7 @@ qsizetype spacesAtEnd(const QString& text) {
 
 }  // namespace
 
-// A field without a completer would get one over all texts of the box, which is dearer than the box itself.
+// A field without a completer would get one over all texts of the box, which is slower than the box itself.
 EditableBox::EditableBox(QWidget* parent) : QComboBox(parent) {
   auto* field = new QLineEdit(this);
   field->setCompleter(new QCompleter(field));

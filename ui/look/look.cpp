@@ -20,8 +20,8 @@
 #include "ui/look/main_button.h"
 #include "ui/look/wheel.h"
 
-// The icons lie in a static library, which has to be told to bring them. Outside of every namespace, as the
-// toolkit wants it.
+// The icons lie in a static library, which has to be told to bring them. Outside of every namespace, as Qt
+// wants it.
 static void bringIcons() {
   Q_INIT_RESOURCE(tarvik);
 }
@@ -64,7 +64,7 @@ bool isRowNotChosen(const QStyleOption& option, const QWidget* widget) {
   return row->backgroundColor != row->palette.color(QPalette::Highlight);
 }
 
-// A field that is made for one text is as wide as that text, whatever the toolkit guesses.
+// A field that is made for one text is as wide as that text, whatever Qt guesses.
 int widthOfLongest(const QWidget& field) {
   const QString longest = field.property(kLongest).toString();
   return longest.isEmpty() ? 0 : field.fontMetrics().horizontalAdvance(longest) + 1;
@@ -80,7 +80,7 @@ QFont headline(const QFont& like) {
   return font;
 }
 
-// The toolkit would load each of its picture formats to find out that a picture is none of them.
+// Qt would load each of its picture formats to find out that a picture is none of them.
 QPixmap ownPicture(const QString& path) {
   QImageReader reader(path, "png");
   reader.setAutoDetectImageFormat(false);

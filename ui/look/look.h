@@ -26,7 +26,7 @@ void showOverdue(QWidget& part, bool isOverdue);
 /// Shows a part in the colour of a hint, because what it says is an earlier state's, or in its own again.
 void showDimmed(QWidget& part, bool isDimmed);
 
-/// The toolkit's plain style with the program's measures and flat parts. All colours come from the palette,
+/// Qt's plain style with the program's measures and flat parts. All colours come from the palette,
 /// so a dark or high-contrast desktop keeps its own. A form tells its parts' roles in two properties:
 /// - `longest`: the longest text that a field is made for; the field is as wide as that in its own font;
 /// - `look`: "main" (the button of the main action, see main_button.h), "card" (a frame like a group's,

@@ -6,7 +6,7 @@
 namespace tarvik::ui {
 namespace {
 
-// The toolkit calls a label without a text by the caption beside it, which would be taken for the figure.
+// Qt calls a label without a text by the caption beside it, which would be taken for the figure.
 class ResultAccessible : public QAccessibleWidget {
  public:
   explicit ResultAccessible(ResultLabel* label) : QAccessibleWidget(label, QAccessible::StaticText) {}

@@ -8,7 +8,7 @@ namespace tarvik::ui {
 namespace {
 
 // The printing system's client library, found at run time: a machine without printing runs the program
-// all the same. The toolkit's own printer would send the document too, but it drops the answer.
+// all the same. Qt's own printer would send the document too, but it drops the answer.
 class CupsLibrary {
  public:
   bool isUsable() const { return printFile_ && addOption_ && freeOptions_ && lastErrorString_; }

@@ -11,7 +11,7 @@ namespace tarvik::ui {
 
 /// What a document is drawn on.
 struct Sheets {
-  QPagedPaintDevice& device;        ///< the document makes its sheets A4, lying, without margins
+  QPagedPaintDevice& device;        ///< the document makes its sheets A4, landscape, without margins
   std::function<bool()> isRefused;  ///< whether the device takes no more: drawing then ends early
   bool canBeTakenBack = true;       ///< whether what was drawn stays unprinted when the person cancels
 };

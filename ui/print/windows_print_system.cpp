@@ -9,7 +9,7 @@
 namespace tarvik::ui {
 namespace {
 
-// The toolkit's printer tells what the system refused in its log alone, the system's words in brackets at the
+// Qt's printer tells what the system refused in its log alone, the system's words in brackets at the
 // end. This hears the first of them while it lives.
 class LoggedRefusal {
  public:
@@ -43,7 +43,7 @@ class LoggedRefusal {
   static inline QtMessageHandler before_ = nullptr;
 };
 
-// Printing where the system takes drawing, sheet by sheet. The toolkit cannot take a sheet back here.
+// Printing where the system takes drawing, sheet by sheet. Qt cannot take a sheet back here.
 class WindowsPrintSystem final : public PrintSystem {
  public:
   QString printer() override {

@@ -12,7 +12,7 @@
 #include "tests/ui/screen_test.h"
 #include "ui/look/look.h"
 
-// The measures of the look, in steps of its grid, beside those of the toolkit's plain style.
+// The measures of the look, in steps of its grid, beside those of Qt's plain style.
 
 namespace tarvik::ui {
 

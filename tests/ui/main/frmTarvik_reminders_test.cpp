@@ -408,7 +408,7 @@ class FrmTarvikRemindersTest : public QObject {
       QCoreApplication::processEvents();
       QVERIFY2(mallinfo2().uordblks < memory + 300'000,
                qPrintable(QString::number(mallinfo2().uordblks - memory)));
-      QVERIFY(openFiles() <= files);  // the toolkit may have let go of its own meanwhile
+      QVERIFY(openFiles() <= files);  // Qt may have let go of its own meanwhile
     }
   }
 

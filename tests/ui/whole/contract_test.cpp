@@ -127,7 +127,7 @@ QStringList habitsOf(const QWidget& part) {
   return words;
 }
 
-// The toolkit speaks a drop-down's value on Linux and its name elsewhere; its name is what counts.
+// Qt speaks a drop-down's value on Linux and its name elsewhere; its name is what counts.
 QString spokenNameOf(const QWidget& part) {
   if (!part.accessibleName().isEmpty()) return part.accessibleName();
   QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(&part));
@@ -166,7 +166,7 @@ class Actual {
     return (part.focusPolicy() & Qt::TabFocus) != 0 || qobject_cast<const QTabWidget*>(&part) != nullptr;
   }
 
-  // What lies on a part of these kinds is read too; the toolkit's own parts are not, but for what they hold.
+  // What lies on a part of these kinds is read too; Qt's own parts are not, but for what they hold.
   static bool holdsOthers(const QString& kind) {
     return kind.isEmpty() || kind == "frame" || kind == "tabs" || kind == "panel" || kind == "area";
   }

@@ -46,7 +46,7 @@ bool isSeen(const QWidget& widget) {
   return widget.isVisible() && !widget.size().isEmpty();
 }
 
-// What the toolkit builds inside of its own controls is the toolkit's.
+// What Qt builds inside of its own controls is Qt's.
 bool isInner(const QWidget& widget) {
   for (const QWidget* outer = widget.parentWidget(); outer != nullptr; outer = outer->parentWidget())
     if (qobject_cast<const QAbstractItemView*>(outer) != nullptr ||
