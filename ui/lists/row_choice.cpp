@@ -112,16 +112,18 @@ bool RowChoice::releaseMouse(QObject* viewport, QEvent* event) {
   return true;
 }
 
-// Where nothing is highlighted, a key that cannot move the keyboard any further takes the row it stands on,
-// and the space bar the first one where it stands on none.
+// Where nothing is highlighted, a key that cannot move the keyboard any further takes the row it stands on.
+// Where it stands on none, the space bar takes the first row and End the last: Qt would begin at the top.
 bool RowChoice::pressKey(int key) {
   isPressed_ = false;
   const int current = view_->currentIndex().row();
   const bool isAgain = key == Qt::Key_Space && row() >= 0 && current == row();
   const bool isThere = row() < 0 && view_->model()->rowCount() > 0;
+  const bool isLast = isThere && current < 0 && key == Qt::Key_End;
   const bool isFirst = isThere && (current < 0 ? key == Qt::Key_Space : staysOn(current, key));
+  if (isLast) choose(view_->model()->rowCount() - 1);
   if (isAgain || isFirst) choose(qMax(current, 0));
-  return isAgain || isFirst;
+  return isAgain || isFirst || isLast;
 }
 
 bool RowChoice::staysOn(int row, int key) const {

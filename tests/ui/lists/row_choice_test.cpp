@@ -208,6 +208,14 @@ class RowChoiceTest : public QObject {
     QCOMPARE(rows.chosen, (QList<int>{0, 1, 2, 2}));
   }
 
+  void endGoesToTheLastRowOfAListThatTheKeyboardHasJustReached() {
+    Rows rows(60);
+    rows.key(Qt::Key_End);
+    QCOMPARE(rows.chosen, QList<int>{59});
+    QCOMPARE(rows.view.highlightedRecord(), "60");
+    QVERIFY(rows.view.viewport()->rect().contains(rows.view.visualRect(rows.model.index(59, 0)).center()));
+  }
+
   void aKeyThatCannotMoveTakesTheRowItStandsOn_data() {
     QTest::addColumn<int>("row");
     QTest::addColumn<Qt::Key>("key");
