@@ -36,14 +36,14 @@ class FailingDialogs : public QObject {
   void nobodyClosesADialog() {
     QMessageBox(QMessageBox::Question, "Forgotten", "", QMessageBox::Yes | QMessageBox::No).exec();
   }
-  void anotherDialogComesThanTheOneThatIsWaitedFor() {
-    onNextDialog<QInputDialog>([](QInputDialog& dialog) { dialog.accept(); });
-    QMessageBox(QMessageBox::Question, "Another", "", QMessageBox::Yes | QMessageBox::No).exec();
-  }
   void noDialogComes() {
     onNextDialog<QInputDialog>([](QInputDialog& dialog) { dialog.accept(); });
   }
   void theTestAfterIt() { QTRY_VERIFY(QTest::currentTestFailed()); }
+  void anotherDialogComesThanTheOneThatIsWaitedFor() {
+    onNextDialog<QInputDialog>([](QInputDialog& dialog) { dialog.accept(); });
+    QMessageBox(QMessageBox::Question, "Another", "", QMessageBox::Yes | QMessageBox::No).exec();
+  }
 };
 
 static const tarvik::test::ScreenTest failingTests("failing_dialogs.cpp", [] {
