@@ -52,10 +52,9 @@ int monthNumber(std::string_view text) {
 }
 
 int lastDayOf(int year, int month) {
-  using namespace std::chrono;
-  return static_cast<int>(static_cast<unsigned>(year_month_day_last{
-      std::chrono::year{year}, month_day_last{std::chrono::month(static_cast<unsigned>(
-                                   month))}}.day()));
+  const auto last =
+      std::chrono::year{year} / std::chrono::month(static_cast<unsigned>(month)) / std::chrono::last;
+  return static_cast<int>(static_cast<unsigned>(last.day()));
 }
 
 std::size_t longest(DayPart part) {

@@ -33,10 +33,6 @@ bool endsPart(const QString& keys) {
                      [](QChar key) { return QStringLiteral(" .-/").contains(key); });
 }
 
-QString widestText(DayPart last) {
-  return last == DayPart::Day ? QStringLiteral("9999.99.99.") : QStringLiteral("9999. szeptember");
-}
-
 }  // namespace
 
 // Qt knows a day by its sections and takes each key for one of them alone: it is left out of what
@@ -98,8 +94,9 @@ bool DayField::event(QEvent* event) {
   return isDone;
 }
 
+// The same day may have been set again from outside, which takes away what was typed and says nothing.
 void DayField::keyPressEvent(QKeyEvent* event) {
-  forgetReplaced();
+  if (typing_ && lineEdit()->text() != shown_) forget();
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
     settle();
     event->ignore();
@@ -275,9 +272,7 @@ void DayField::remember() {
 void DayField::showTyping() {
   const auto parts = typedParts();
   if (parts) {
-    std::array<QString, 3> texts = shownParts(shownDay(), last_);
-    for (std::size_t part = 0; part < texts.size(); ++part)
-      if (!parts->texts[part].empty()) texts[part] = toQt(parts->texts[part]);
+    std::array<QString, 3> texts = partsWith(*parts, shownDay(), last_);
     const auto at = static_cast<std::size_t>(parts->at);
     if (typing_->keys.isEmpty()) texts[at].clear();
     const DayText shown = joined(texts, last_);
@@ -321,11 +316,6 @@ void DayField::onEdited() {
 void DayField::onMoved() {
   mark_ = lineEdit()->hasSelectedText() ? lineEdit()->selectionStart() : lineEdit()->cursorPosition();
   if (!isOwn_) typing_.reset();
-}
-
-// The same day may have been set again from outside, which takes away what was typed and says nothing.
-void DayField::forgetReplaced() {
-  if (typing_ && lineEdit()->text() != shown_) forget();
 }
 
 core::Day DayField::shownDay() const {

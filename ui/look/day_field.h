@@ -69,7 +69,6 @@ class DayField : public QDateEdit {
   void take(std::optional<core::Day> day);
   void onEdited();
   void onMoved();
-  void forgetReplaced();
   core::Day shownDay() const;
   core::DayPart currentPart() const;
   std::optional<core::TypedParts> typedParts() const;

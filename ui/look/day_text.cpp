@@ -13,6 +13,17 @@ std::array<QString, 3> shownParts(core::Day day, DayPart last) {
   return parts;
 }
 
+std::array<QString, 3> partsWith(const core::TypedParts& typed, core::Day shown, DayPart last) {
+  std::array<QString, 3> parts = shownParts(shown, last);
+  for (std::size_t part = 0; part < parts.size(); ++part)
+    if (!typed.texts[part].empty()) parts[part] = toQt(typed.texts[part]);
+  return parts;
+}
+
+QString widestText(DayPart last) {
+  return last == DayPart::Day ? QStringLiteral("9999.99.99.") : QStringLiteral("9999. szeptember");
+}
+
 DayText joined(const std::array<QString, 3>& parts, DayPart last) {
   DayText shown;
   const auto count = static_cast<std::size_t>(last) + 1;

@@ -23,6 +23,13 @@ struct DayText {
 /// The parts of a day as they are shown up to the last one; the month is a name where it is the last.
 std::array<QString, 3> shownParts(core::Day day, core::DayPart last);
 
+/// The same with what has been typed into them so far.
+std::array<QString, 3> partsWith(const core::TypedParts& typed, core::Day shown, core::DayPart last);
+
+/// The longest text of days that are shown up to this part; a year alone is given a month's room, so that the
+/// parts beside it stay where they are.
+QString widestText(core::DayPart last);
+
 /// The parts as one text: "2013", "2013. június" or "2013.06.21.".
 DayText joined(const std::array<QString, 3>& parts, core::DayPart last);
 

@@ -250,6 +250,20 @@ class DayFieldTest : public QObject {
     QCOMPARE(bench.field.date(), QDate(2013, 6, 21));
   }
 
+  void theMenuLeavesWhatIsTyped() {
+    Bench bench;
+    enter(bench.field, Way::Tab);
+    typeWithMoves("2013.06.");
+    QFocusEvent menu(QEvent::FocusOut, Qt::PopupFocusReason);
+    QApplication::sendEvent(&bench.field, &menu);
+    typeWithMoves("x");
+    QCOMPARE(bench.text(), "2013.06.x");
+    QApplication::sendEvent(&bench.field, &menu);
+    QCOMPARE(bench.text(), "2013.06.x");
+    finish(bench, End::Enter);
+    QCOMPARE(bench.text(), "2013.07.05.");
+  }
+
   void pastedRubbishGivesBackTheOldOne() {
     for (const char* rubbish : {"olaj", "2013.06.31.", "12.50", "99999999", "2013.06.21. 2013.06.22."}) {
       Bench bench;
