@@ -105,6 +105,22 @@ class Assistive(unittest.TestCase):
             self.main.part("text", "Tankolt költség").enter("30000")
             heard.wait(lambda kind, part, data: part.name == "600,00", "the price per litre")
 
+    def test_a_day_is_raised_and_lowered_and_one_that_is_not_today_is_told(self):
+        day = self.main.part("spin button", "Dátum")
+        today = datetime.date.today()
+        shown = lambda days: (today + datetime.timedelta(days)).strftime("%Y.%m.%d.")
+        with Heard("object:state-changed:showing") as heard:
+            day.press("Increase")
+            wait_for(lambda: day.text == shown(1), "tomorrow")
+            heard.wait(lambda kind, part, data: part.name == "Nem a mai nap!" and part.is_showing, "the cue")
+        day.press("Decrease")
+        day.press("Decrease")
+        wait_for(lambda: day.text == shown(-1), "yesterday")
+        self.button("Vissza a mai napra")
+        wait_for(lambda: day.text == shown(0), "today")
+        day.enter("2013. 6. 21.")
+        wait_for(lambda: self.main.has("push button", "Vissza a mai napra"), "the way back")
+
     def test_a_reminder_that_is_past_is_told(self):
         self.button("Figyelmeztetés")
         screen = self.program.window("Figyelmeztetés Felvitele")

@@ -8,6 +8,7 @@
 
 #include "ui/base/text.h"
 #include "ui/look/day_accessible.h"
+#include "ui/look/day_keys.h"
 #include "ui/look/day_text.h"
 
 namespace tarvik::ui {
@@ -17,35 +18,20 @@ using core::DayPart;
 
 constexpr int kRoomForCursor = 2;
 
-bool isTyped(const QKeyEvent& event) {
-  constexpr auto kCommands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
-  return !event.text().isEmpty() && event.text().front().isPrint() && !(event.modifiers() & kCommands);
-}
-
-// Whether a key that was not for the field may run a command, which is to find the day that the field shows.
-bool mayRunCommand(const QKeyEvent& event) {
-  const bool isEnter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-  return !event.isAccepted() && (isEnter || (event.modifiers() & Qt::AltModifier));
-}
-
-bool endsPart(const QString& keys) {
-  return std::all_of(keys.begin(), keys.end(),
-                     [](QChar key) { return QStringLiteral(" .-/").contains(key); });
-}
-
 }  // namespace
 
 // Qt knows a day by its sections and takes each key for one of them alone: it is left out of what
-// happens to the text.
+// happens to the text, and told of the cursor in a text that is finished.
 DayField::DayField(QWidget* parent) : QDateEdit(parent) {
   letAssistiveToolsIn(*this);
-  setDisplayFormat(QStringLiteral("yyyy.MM.dd."));
+  setLocale({QLocale::Hungarian, QLocale::Hungary});
+  setDisplayFormat(formatOf(last_));
   setCalendarPopup(true);
   setDateRange(toQt(core::kFirstDay), toQt(core::kLastDay));
   lineEdit()->disconnect(this);
   lineEdit()->installEventFilter(this);
   connect(lineEdit(), &QLineEdit::textChanged, this, &DayField::onEdited);
-  connect(lineEdit(), &QLineEdit::cursorPositionChanged, this, &DayField::onMoved);
+  connect(lineEdit(), &QLineEdit::cursorPositionChanged, this, &DayField::onCursorMoved);
   connect(lineEdit(), &QLineEdit::selectionChanged, this, &DayField::onMoved);
   connect(this, &QDateEdit::dateChanged, this, [this] {
     if (!keepsText_) forget();
@@ -55,6 +41,7 @@ DayField::DayField(QWidget* parent) : QDateEdit(parent) {
 void DayField::showUpTo(DayPart last) {
   settle();
   last_ = last;
+  setDisplayFormat(formatOf(last));
   select(DayPart::Year);
   updateGeometry();
 }
@@ -65,6 +52,7 @@ void DayField::stepBy(int steps) {
 
 void DayField::step(DayPart part, int steps) {
   settle();
+  emit touched();
   setDate(toQt(core::stepped(toLogic(date()), part, steps)));
   select(part);
 }
@@ -126,6 +114,7 @@ void DayField::focusOutEvent(QFocusEvent* event) {
 
 void DayField::mousePressEvent(QMouseEvent* event) {
   settle();
+  emit touched();
   QDateEdit::mousePressEvent(event);
 }
 
@@ -265,6 +254,7 @@ void DayField::begin(const Typing& typing) {
 }
 
 void DayField::remember() {
+  emit touched();
   if (!base_) base_ = toLogic(date());
   if (!before_) before_ = base_;
 }
@@ -296,7 +286,7 @@ void DayField::put(const QString& text, int start, int length) {
 void DayField::select(DayPart part) {
   const DayText shown = joined(shownParts(toLogic(date()), last_), last_);
   const auto [start, length] = shown.span(part);
-  put(shown.text, start, length);
+  put(shown.text, start, hasFocus() ? length : 0);
 }
 
 // No day is the one that stood there before.
@@ -315,7 +305,16 @@ void DayField::onEdited() {
 
 void DayField::onMoved() {
   mark_ = lineEdit()->hasSelectedText() ? lineEdit()->selectionStart() : lineEdit()->cursorPosition();
-  if (!isOwn_) typing_.reset();
+  if (isOwn_) return;
+  if (typing_ && lineEdit()->text() == textFromDateTime(dateTime())) base_.reset();
+  typing_.reset();
+}
+
+void DayField::onCursorMoved(int from, int to) {
+  onMoved();
+  if (base_) return;
+  const QScopedValueRollback own(isOwn_, true);
+  QMetaObject::invokeMethod(this, "_q_editorCursorPositionChanged", Q_ARG(int, from), Q_ARG(int, to));
 }
 
 core::Day DayField::shownDay() const {

@@ -31,6 +31,10 @@ class DayField : public QDateEdit {
   QSize minimumSizeHint() const override { return sizeHint(); }
   bool eventFilter(QObject* watched, QEvent* event) override;
 
+ signals:
+  /// A person types or pastes, steps, opens the calendar, whether another day comes of it or not.
+  void touched();
+
  protected:
   bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -69,6 +73,7 @@ class DayField : public QDateEdit {
   void take(std::optional<core::Day> day);
   void onEdited();
   void onMoved();
+  void onCursorMoved(int from, int to);
   core::Day shownDay() const;
   core::DayPart currentPart() const;
   std::optional<core::TypedParts> typedParts() const;

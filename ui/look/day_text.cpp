@@ -20,6 +20,12 @@ std::array<QString, 3> partsWith(const core::TypedParts& typed, core::Day shown,
   return parts;
 }
 
+QString formatOf(DayPart last) {
+  return last == DayPart::Year    ? QStringLiteral("yyyy")
+         : last == DayPart::Month ? QStringLiteral("yyyy. MMMM")
+                                  : QStringLiteral("yyyy.MM.dd.");
+}
+
 QString widestText(DayPart last) {
   return last == DayPart::Day ? QStringLiteral("9999.99.99.") : QStringLiteral("9999. szeptember");
 }

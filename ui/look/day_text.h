@@ -26,6 +26,9 @@ std::array<QString, 3> shownParts(core::Day day, core::DayPart last);
 /// The same with what has been typed into them so far.
 std::array<QString, 3> partsWith(const core::TypedParts& typed, core::Day shown, core::DayPart last);
 
+/// The same in Qt's words.
+QString formatOf(core::DayPart last);
+
 /// The longest text of days that are shown up to this part; a year alone is given a month's room, so that the
 /// parts beside it stay where they are.
 QString widestText(core::DayPart last);

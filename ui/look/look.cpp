@@ -220,6 +220,7 @@ QSize LookStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
   QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
   switch (type) {
     case CT_PushButton:
+      if (hasLook(widget, "short")) return {size.width() + 2 * gridStep(), fieldHeight()};
       return {std::max(size.width() + 3 * gridStep(), 9 * gridStep()), fieldHeight()};
     case CT_LineEdit:
       if (const int width = widget == nullptr ? 0 : widthOfLongest(*widget)) {

@@ -29,8 +29,9 @@ void showDimmed(QWidget& part, bool isDimmed);
 /// Qt's plain style with the program's measures and flat parts. All colours come from the palette,
 /// so a dark or high-contrast desktop keeps its own. A form tells its parts' roles in two properties:
 /// - `longest`: the longest text that a field is made for; the field is as wide as that in its own font;
-/// - `look`: "main" (the button of the main action, see main_button.h), "card" (a frame like a group's,
-/// without a title),
+/// - `look`: "main" (the button of the main action, see main_button.h), "short" (a button beside its field,
+/// as
+///   wide as its caption), "card" (a frame like a group's, without a title),
 ///   "band" (no frame, with a card's margins, so that its fields stand in line with a card's), "heading" (a
 ///   label that is a screen's or a record's headline), "overdue" (a label or field in the colour above).
 class LookStyle : public QProxyStyle {

@@ -10,6 +10,7 @@
 #include "ui/look/access.h"
 #include "ui/look/note_type_ahead.h"
 #include "ui/look/undo_line.h"
+#include "ui/main/entry_day.h"
 #include "ui_entry_form.h"
 
 namespace tarvik::ui {
@@ -26,6 +27,7 @@ EntryForm::EntryForm(Context& context, QWidget* parent)
 EntryForm::~EntryForm() = default;
 
 void EntryForm::setUpFields() {
+  day_ = new EntryDay(context_.clock, *ui_->DTPicker1, *ui_->lbNemMai, *ui_->cmdMa);
   for (QLineEdit* field : {ui_->txKmOra, ui_->txTankoltLiter, ui_->txTankoltKtg, ui_->txAlkatreszKtg})
     connect(field, &QLineEdit::textChanged, this,
             [this, field] { guarded(window(), [&] { keepNumeric(field); }); });
@@ -37,7 +39,10 @@ void EntryForm::setUpFields() {
 }
 
 void EntryForm::connectButtons() {
-  connect(ui_->cmd_rogzit, &QPushButton::clicked, this, &EntryForm::recordWanted);
+  connect(ui_->cmd_rogzit, &QPushButton::clicked, this, [this] {
+    day_->follow();
+    emit recordWanted();
+  });
   connect(ui_->cmd_modosit, &QPushButton::clicked, this, &EntryForm::modifyWanted);
   connect(ui_->cmd_del, &QPushButton::clicked, this, &EntryForm::deleteWanted);
   connect(ui_->cmd_lista, &QPushButton::clicked, this, &EntryForm::listWanted);
@@ -63,7 +68,7 @@ void EntryForm::load() {
   ui_->txAlkatresz->setEditText({});
   guarded(window(), [&] { fill(ui_->txMegjegyzes, settings::kNotes); });
   ui_->txMegjegyzes->setEditText(QStringLiteral("Tankolás"));
-  ui_->DTPicker1->setDate(toQt(context_.clock.today()));
+  day_->showToday();
 }
 
 core::EntryInput EntryForm::input() const {
@@ -102,7 +107,7 @@ void EntryForm::showInput(const core::EntryInput& input) {
 
 void EntryForm::showEntry(const core::ShownEntry& entry) {
   showInput(entry.input);
-  if (entry.datum) ui_->DTPicker1->setDate(toQt(*entry.datum));
+  if (entry.datum) day_->show(*entry.datum);
 }
 
 void EntryForm::MezoDel() {

@@ -18,6 +18,8 @@ class EntryForm;
 
 namespace tarvik::ui {
 
+class EntryDay;
+
 /// The fields of a logbook entry on the main screen and the row of buttons below them. It knows what is typed
 /// and the texts under its drop-downs; what the buttons do is the screen's.
 class EntryForm : public QWidget {
@@ -79,6 +81,7 @@ class EntryForm : public QWidget {
 
   std::unique_ptr<Ui::EntryForm> ui_;
   Context& context_;
+  EntryDay* day_ = nullptr;
   ToldOnce noteSearch_;
 };
 

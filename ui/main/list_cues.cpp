@@ -40,17 +40,21 @@ QString warningLine(const QString& plate, const QString& chosenPlate) {
 
 }  // namespace
 
+void standOut(QLabel& line, bool stands) {
+  line.setAutoFillBackground(stands);
+  line.setBackgroundRole(stands ? QPalette::ToolTipBase : QPalette::Window);
+  line.setForegroundRole(stands ? QPalette::ToolTipText : QPalette::WindowText);
+  QFont font;
+  if (stands) font.setBold(true);
+  line.setFont(font);
+}
+
 void showListLine(QLabel& line, const ListedLogbook& listed, const QString& chosenPlate) {
   const QString plate = toQt(listed.plate);
   const bool isOther = chosenPlate != plate;
   line.setText(isOther ? warningLine(plate, chosenPlate) : quietLine(listed));
   line.setToolTip(line.text());
-  line.setAutoFillBackground(isOther);
-  line.setBackgroundRole(isOther ? QPalette::ToolTipBase : QPalette::Window);
-  line.setForegroundRole(isOther ? QPalette::ToolTipText : QPalette::WindowText);
-  QFont font;
-  if (isOther) font.setBold(true);
-  line.setFont(font);
+  standOut(line, isOther);
 }
 
 QString emptyListText(const ListedLogbook& listed, bool hasVehicles) {

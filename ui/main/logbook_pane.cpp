@@ -26,6 +26,17 @@
 
 namespace tarvik::ui {
 
+namespace {
+
+// What of the picked day the list goes by.
+core::DayPart countedPart(int mode) {
+  return mode == core::kYearList    ? core::DayPart::Year
+         : mode == core::kMonthList ? core::DayPart::Month
+                                    : core::DayPart::Day;
+}
+
+}  // namespace
+
 LogbookPane::LogbookPane(Context& context, QWidget* parent)
     : QWidget(parent),
       ui_(std::make_unique<Ui::LogbookPane>()),
@@ -50,6 +61,7 @@ LogbookPane::~LogbookPane() = default;
 // The filter may be opened later: the window has its width from the start.
 void LogbookPane::setUpFilter() {
   ui_->FrameSzürö->ensurePolished();
+  chooseMode(core::kMonthList);
   ui_->ListView1->setMinimumWidth(
       std::max(ui_->ListView1->minimumWidth(), ui_->FrameSzürö->minimumSizeHint().width()));
   const QList<QRadioButton*> modes{ui_->opSzürö_0, ui_->opSzürö_1, ui_->opSzürö_2};
@@ -209,6 +221,7 @@ void LogbookPane::chooseMode(int mode) {
   listMode_ = static_cast<std::int16_t>(mode);
   ui_->Label4->setVisible(mode != core::kWholeList);
   ui_->DTPSzürö->setVisible(mode != core::kWholeList);
+  ui_->DTPSzürö->showUpTo(countedPart(mode));
 }
 
 void LogbookPane::applyFilter() {

@@ -340,6 +340,29 @@ class DayFieldTest : public QObject {
     QCOMPARE(bench.text(), "2024.05.29.");
   }
 
+  void aProgramCanChooseAPartToo() {
+    Bench bench;
+    const std::pair<QDateTimeEdit::Section, const char*> parts[] = {{QDateTimeEdit::YearSection, "2014"},
+                                                                    {QDateTimeEdit::MonthSection, "12"},
+                                                                    {QDateTimeEdit::DaySection, "31"}};
+    for (const QDate old : {kOld, QDate(2012, 1, 28)})
+      for (const Way way : kWays) {
+        bench.restart(old);
+        enter(bench.field, way);
+        for (const auto& [section, digits] : parts) {
+          bench.field.setSelectedSection(section);
+          QCOMPARE(bench.field.currentSection(), section);
+          typeWithMoves(digits);
+        }
+        QCOMPARE(bench.text(), "2014.12.31.");
+        QCOMPARE(bench.field.date(), QDate(2014, 12, 31));
+      }
+    bench.field.showUpTo(DayPart::Month);
+    QCOMPARE(bench.field.displayedSections(), QDateTimeEdit::YearSection | QDateTimeEdit::MonthSection);
+    bench.field.setSelectedSection(QDateTimeEdit::MonthSection);
+    QCOMPARE(bench.chosen(), "december");
+  }
+
   void aTypedPartIsTakenBackLetterByLetter() {
     Bench bench;
     enter(bench.field, Way::Tab);
@@ -495,6 +518,7 @@ class DayFieldTest : public QObject {
     QCOMPARE(bench.text(), "2013");
     bench.field.showUpTo(DayPart::Month);
     QCOMPARE(bench.text(), "2013. július");
+    QCOMPARE(bench.chosen(), QString());
     QCOMPARE(bench.field.date(), kOld);
     bench.field.showUpTo(DayPart::Day);
     QCOMPARE(bench.text(), "2013.07.05.");

@@ -1,7 +1,9 @@
 #include "ui/main/logbook_pane.h"
 
 #include <QAccessible>
+#include <QDateEdit>
 #include <QLabel>
+#include <QRadioButton>
 #include <QSignalSpy>
 #include <filesystem>
 
@@ -76,6 +78,46 @@ class LogbookPaneTest : public QObject {
     pane.part.relistInPlace();
     QCOMPARE(pane.part.listed().selected, std::int16_t{0});
     QCOMPARE(choices, (QList<QVariantList>{{true}, {false}}));
+  }
+
+  void theFilterShowsWhatCountsOfThePickedDay() {
+    Pane pane;
+    auto& field = *test::part<QDateEdit>(pane.part, "DTPSzürö");
+    const auto choose = [&](const char* mode) { test::part<QRadioButton>(pane.part, mode)->click(); };
+    pane.list("ABC123");
+    pane.part.toggleFilter();
+    choose("opSzürö_1");
+    QCOMPARE(field.text(), QString("2013"));
+    choose("opSzürö_2");
+    QCOMPARE(field.text(), QString("2013. július"));
+    QCOMPARE(field.date(), QDate(2013, 7, 5));
+    choose("opSzürö_0");
+    QVERIFY(field.isHidden());
+  }
+
+  void aTypedYearOrMonthIsListed() {
+    const auto rows = [](const char* mode, const char* typed) {
+      Pane pane;
+      pane.write("ABC123", {test::fuelling({2012, 2, 29}, 9'000, 405'000, true),
+                            test::fuelling({2012, 6, 1}, 9'500, 405'000, true),
+                            test::fuelling({2013, 6, 30}, 10'000, 405'000, true)});
+      pane.list("ABC123");
+      pane.part.toggleFilter();
+      test::part<QRadioButton>(pane.part, mode)->click();
+      auto& field = *test::part<QDateEdit>(pane.part, "DTPSzürö");
+      field.setFocus(Qt::TabFocusReason);
+      test::typeKeys(field, QString::fromUtf8(typed));
+      test::press(*test::part<QPushButton>(pane.part, "cmdSzürés"));
+      return pane.view().model()->rowCount();
+    };
+    QCOMPARE(rows("opSzürö_1", "2012"), 2);
+    QCOMPARE(rows("opSzürö_1", "2012.06"), 2);
+    QCOMPARE(rows("opSzürö_1", "12"), 1);
+    QCOMPARE(rows("opSzürö_2", "2012.06"), 1);
+    QCOMPARE(rows("opSzürö_2", "2012 június"), 1);
+    QCOMPARE(rows("opSzürö_2", "2012. 2."), 1);
+    QCOMPARE(rows("opSzürö_2", "2012.06.15."), 1);
+    QCOMPARE(rows("opSzürö_2", "2013"), 0);
   }
 
   void theSeenEntryIsTheListedOneHoweverItsPlateIsPadded() {
