@@ -80,6 +80,7 @@ int main(int argc, char** argv) {
     for (const auto& [name, make] : tests) std::fprintf(stderr, "  %s\n", qPrintable(name));
     return 2;
   }
+  qputenv("TZ", "CET-1CEST,M3.5.0,M10.5.0/3");  // where midnight is still the day before in UTC
   QApplication app(argc, argv);
   QApplication::setAttribute(Qt::AA_Use96Dpi, true);
   const tarvik::test::Unattended unattended;

@@ -134,8 +134,11 @@ QValidator::State DayField::validate(QString& input, int& cursor) const {
                                                             : QValidator::Intermediate;
 }
 
+// Midnight of the person's own zone would be the day before in Qt's, which counts days in UTC.
 QDateTime DayField::dateTimeFromText(const QString& text) const {
-  return toQt(core::dayOfText(toLogic(text), shownDay(), last_).value_or(shownDay())).startOfDay();
+  QDateTime value = dateTime();
+  value.setDate(toQt(core::dayOfText(toLogic(text), shownDay(), last_).value_or(shownDay())));
+  return value;
 }
 
 QString DayField::textFromDateTime(const QDateTime& value) const {
