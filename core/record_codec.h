@@ -111,8 +111,8 @@ struct Field {
 template <typename Record, typename Value>
 Field(const char*, Value Record::*) -> Field<Record, Value>;
 
-/// A record type: kFields is a tuple of its Field in the order of the file, without gaps between them, and
-/// kLength the sum of their widths.
+/// A record type: kFields is a tuple of its Field in the order of the file, which is that of its members,
+/// without gaps between them, and kLength the sum of their widths.
 template <typename R>
 concept Record = requires {
   R::kFields;
@@ -131,15 +131,17 @@ constexpr void eachField(Visit visit) {
   std::apply([&](const auto&... field) { (next(field), ...); }, R::kFields);
 }
 
-/// Reads a record from its kLength bytes; any bytes are a record.
+/// Reads a record from its kLength bytes; any bytes are a record. Its members are initialised with what is
+/// read, and never with what they hold in a new record.
 template <Record R>
 R decoded(std::span<const std::byte> bytes) {
-  R record;
-  eachField<R>([&](const auto& field, std::size_t offset) {
-    auto& value = record.*field.member;
-    value = readField<std::remove_reference_t<decltype(value)>>(bytes, offset);
-  });
-  return record;
+  std::size_t offset = 0;
+  const auto next = [&]<typename Value>(Value R::*) {
+    const Value value = readField<Value>(bytes, offset);
+    offset += sizeof(Value);
+    return value;
+  };
+  return std::apply([&](const auto&... field) { return R{next(field.member)...}; }, R::kFields);
 }
 
 /// Writes a record into its kLength bytes.
