@@ -20,6 +20,11 @@ class FittingArea : public QScrollArea {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void fit();
+  QSize neededAt(int width) const;
 };
 
 }  // namespace tarvik::ui

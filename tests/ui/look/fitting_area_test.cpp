@@ -1,8 +1,11 @@
 #include "ui/look/fitting_area.h"
 
+#include <QLabel>
+#include <QListWidget>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTest>
+#include <QVBoxLayout>
 
 #include "tests/ui/dressed.h"
 #include "tests/ui/screen_test.h"
@@ -36,6 +39,33 @@ class FittingAreaTest : public QObject {
     QCOMPARE(leastAround({300, 50'000}), QSize(300 + across, most.height()));
     QCOMPARE(leastAround({50'000, 200}), QSize(most.width(), 200 + down));
     QCOMPARE(leastAround(most), most);
+  }
+
+  void aWrappedLineTakesItsRoomFromWhatCanGiveIt() {
+    test::dressOnce();
+    auto* const part = new QWidget;
+    auto* const layout = new QVBoxLayout(part);
+    auto* const list = new QListWidget;
+    list->setMinimumHeight(50);
+    layout->addWidget(list);
+    auto* const line = new QLabel(QStringLiteral("Rögzítve: 2013.07.05. tankolás"));
+    line->setWordWrap(true);
+    line->hide();
+    layout->addWidget(line);
+    FittingArea area(part);
+    area.resize(300, 120);
+    area.show();
+    QCOMPARE(list->height() + 2 * list->y(), 120);
+    line->show();
+    QTRY_VERIFY(list->height() < 110);
+    QCOMPARE(area.verticalScrollBar()->maximum(), 0);
+    QCOMPARE(part->height(), 120);
+    QVERIFY(line->geometry().bottom() < 120);
+    list->setMinimumHeight(500);
+    QTRY_VERIFY(area.verticalScrollBar()->maximum() > 0);
+    QCOMPARE(part->width() + area.verticalScrollBar()->width(), 300);
+    list->setMinimumHeight(50);
+    QTRY_COMPARE(part->size(), QSize(300, 120));
   }
 };
 
