@@ -23,8 +23,10 @@ BENCH_PACKAGES=(libbenchmark-dev libsqlite3-dev xvfb)
 SOAK_PACKAGES=(btrfs-progs xfsprogs)
 CLANG_PACKAGES=(clang-14 libclang-rt-14-dev clang-tidy-14 clang-format-14)
 COVERAGE_PACKAGES=(gcovr)
-# For the packages to unpack: the manual made into one page, libraries found beside the program.
-PACKAGE_PACKAGES=(pandoc patchelf)
+# The manual made into one page, for whoever opens it from the program.
+MANUAL_PACKAGES=(pandoc)
+# For the Linux package: libraries found beside the program.
+PACKAGE_PACKAGES=(patchelf)
 SIGNING_PACKAGES=(minisign)
 PACKAGE_TEST_PACKAGES=(appstream mmdebstrap dosfstools)
 # For the Windows program: cross compiler, means to unpack sources, icon; and what runs it here.

@@ -132,6 +132,13 @@ class LinuxPackage(unittest.TestCase):
         for address in ("http:", "https:", 'src="//', "url(//"):
             self.assertNotIn(address, manual)
 
+    def test_the_chapters_of_the_manual_are_anchors_and_every_link_has_its_own(self):
+        manual = (self.folder / "kezikonyv.html").read_text(encoding="utf-8")
+        anchors = re.findall('<h[1-6] id="([^"]*)"', manual)
+        self.assertEqual(len(set(anchors)), len(anchors))
+        self.assertLessEqual({"a-főablak", "gumik", "javítások--szervizek", "egér-nélkül"}, set(anchors))
+        self.assertLessEqual(set(re.findall('href="#([^"]*)"', manual)), set(anchors))
+
     def test_it_asks_for_no_newer_c_library_than_2_35(self):
         programs = [path for path in self.folder.rglob("*") if path.suffix in (".so", ".com") or ".so." in path.name]
         symbols = subprocess.run(["objdump", "-T", *programs], stdout=subprocess.PIPE, check=True).stdout.decode()

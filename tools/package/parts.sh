@@ -15,17 +15,8 @@ export SOURCE_DATE_EPOCH
 
 version() { sed -n 's/^project(Tarvik VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt; }
 
-# One file with its pictures inside; whoever opens it is not sent to the network.
-put_manual() {
-  local manual="$1/kezikonyv.html"
-  pandoc --from gfm --to html5 --self-contained --resource-path docs --template tools/package/manual.html \
-    --metadata title=Tarvik --output "$manual" docs/kezikonyv.md
-  ! grep --quiet --ignore-case --extended-regexp '(src|href)="?[a-z]*:?//|url\(.?[a-z]*:?//|https?://' "$manual" ||
-    fail "there is a network address in $manual"
-}
-
 put_papers() {
-  put_manual "$1"
+  tools/manual "$1"
   cp packaging/OLVASSEL.txt "$1/"
   cp LICENSE "$1/LICENSE.txt"
 }
