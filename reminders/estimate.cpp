@@ -5,6 +5,7 @@
 #include "core/entry_editing.h"
 #include "core/failure.h"
 #include "core/ratio.h"
+#include "core/reading.h"
 
 namespace tarvik::reminders {
 namespace {
@@ -31,11 +32,9 @@ void fill(Estimate& estimate, const core::Logbook& logbook, const FigyelRec& rem
 }  // namespace
 
 std::optional<core::NapiAdat> lastWithReading(const core::Logbook& logbook) {
-  for (int i = logbook.count(); i >= 1; --i) {
-    const core::NapiAdat entry = logbook.record(i);
-    if (entry.KmOra != 0) return entry;
-  }
-  return std::nullopt;
+  const int number = core::lastWithReading(logbook, logbook.count() + 1);
+  if (number == 0) return std::nullopt;
+  return logbook.record(number);
 }
 
 Estimate estimated(const core::Logbook& logbook, const FigyelRec& reminder, core::Day today) {

@@ -11,6 +11,7 @@
 #include "ui/look/note_type_ahead.h"
 #include "ui/look/undo_line.h"
 #include "ui/main/entry_day.h"
+#include "ui/main/reading_cue.h"
 #include "ui_entry_form.h"
 
 namespace tarvik::ui {
@@ -31,6 +32,7 @@ void EntryForm::setUpFields() {
   for (QLineEdit* field : {ui_->txKmOra, ui_->txTankoltLiter, ui_->txTankoltKtg, ui_->txAlkatreszKtg})
     connect(field, &QLineEdit::textChanged, this,
             [this, field] { guarded(window(), [&] { keepNumeric(field); }); });
+  reading_ = new ReadingCue(*ui_->txKmOra, *ui_->FrameTank);
   for (QLineEdit* field : {ui_->txTankoltLiter, ui_->txTankoltKtg})
     connect(field, &QLineEdit::textChanged, this, [this] { guarded(window(), [this] { showPrice(); }); });
   ui_->txTankoltKtg->installEventFilter(this);
@@ -103,6 +105,7 @@ void EntryForm::showInput(const core::EntryInput& input) {
   ui_->ChkOlajcsere->setChecked(input.olajcsere);
   ui_->ChkSzurocsere->setChecked(input.szurocsere);
   ui_->ChkTeletank->setChecked(input.teletank);
+  reading_->rest();
 }
 
 void EntryForm::showEntry(const core::ShownEntry& entry) {
@@ -135,6 +138,10 @@ bool EntryForm::refusesBlankKm() {
 
 void EntryForm::startTyping(Qt::FocusReason reason) {
   ui_->txKmOra->setFocus(reason);
+}
+
+void EntryForm::setEarlier(const core::EarlierReadings& earlier) {
+  reading_->setEarlier(earlier);
 }
 
 void EntryForm::setChosen(bool isChosen) {

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "core/entry_input.h"
+#include "core/reading.h"
 #include "settings/lookup_list.h"
 #include "ui/base/context.h"
 #include "ui/base/guarded.h"
@@ -19,6 +20,7 @@ class EntryForm;
 namespace tarvik::ui {
 
 class EntryDay;
+class ReadingCue;
 
 /// The fields of a logbook entry on the main screen and the row of buttons below them. It knows what is typed
 /// and the texts under its drop-downs; what the buttons do is the screen's.
@@ -52,6 +54,8 @@ class EntryForm : public QWidget {
   bool refusesBlankKm();
   /// Puts the keyboard into the odometer's field.
   void startTyping(Qt::FocusReason reason = Qt::OtherFocusReason);
+  /// The odometer readings that the entry's may follow; the last one is the empty field's hint.
+  void setEarlier(const core::EarlierReadings& earlier);
   /// Modifying and deleting can be pressed while an entry is chosen.
   void setChosen(bool isChosen);
 
@@ -82,6 +86,7 @@ class EntryForm : public QWidget {
   std::unique_ptr<Ui::EntryForm> ui_;
   Context& context_;
   EntryDay* day_ = nullptr;
+  ReadingCue* reading_ = nullptr;
   ToldOnce noteSearch_;
 };
 

@@ -121,6 +121,8 @@ void frmTarvik::connectParts() {
   onClick(this, &entry_->chartButton(), &frmTarvik::toggleChart);
   connect(logbook_, &LogbookPane::entryChosen, entry_, &EntryForm::showEntry);
   connect(logbook_, &LogbookPane::choiceChanged, entry_, &EntryForm::setChosen);
+  onSignal(logbook_, &LogbookPane::choiceChanged, this, &frmTarvik::showEarlier);
+  onSignal(logbook_, &LogbookPane::listedAnew, this, &frmTarvik::showEarlier);
   onSignal(logbook_, &LogbookPane::listedAnew, chart_, &ChartPanel::redraw);
   onSignal(logbook_, &LogbookPane::importWanted, this, &frmTarvik::importLog);
 }
@@ -188,6 +190,11 @@ void frmTarvik::setPlates(const QStringList& plates) {
 void frmTarvik::followPlate() {
   logbook_->setPlate(plate(), ui_->Combo1->count() > 0);
   reminders_->setPlate(plate());
+  showEarlier();
+}
+
+void frmTarvik::showEarlier() {
+  entry_->setEarlier(logbook_->earlierReadings());
 }
 
 // A switch that is not stored yet is stored by this: nobody's change, to be neither copied for nor taken

@@ -52,6 +52,7 @@ class frmTarvik : public QMainWindow {
   void setPlates(const QStringList& plates);
   void loadStartSettings();
   void followPlate();
+  void showEarlier();
   void follow(const core::Travelled& travelled);
   void followLogbook(const core::TravelledFile& file, int cameBack);
   void followSwitch();

@@ -128,6 +128,17 @@ core::SeenRecord LogbookPane::seenEntry() const {
   return core::loadLogbook(context_.files, context_.folders, toLogic(plate_)).seen(listed_.selected);
 }
 
+core::EarlierReadings LogbookPane::earlierReadings() const {
+  if (trimmedPlate() == listed_.plate)
+    return core::earlierReadings(listed_.listing.logbook, listed_.selected);
+  core::EarlierReadings found;
+  quietly([&] {
+    const auto logbook = core::foundLogbook(context_.files, context_.folders, toLogic(plate_));
+    if (logbook) found = core::earlierReadings(*logbook, listed_.selected);
+  });
+  return found;
+}
+
 print::ListedRows LogbookPane::printedRows() const {
   const core::Listing& listing = listed_.listing;
   print::ListedRows rows{
@@ -231,6 +242,7 @@ void LogbookPane::applyFilter() {
   ui_->FrameSzürö->hide();
   guarded(window(), [this] { beolvas(); }, {.failed = kListIncomplete});
   ui_->ListView1->setFocus();
+  ui_->ListView1->scrollToBottom();
 }
 
 void LogbookPane::layOver(QWidget& panel) {

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "core/entry_input.h"
+#include "core/reading.h"
 #include "print/list_document.h"
 #include "ui/base/context.h"
 #include "ui/main/listed_logbook.h"
@@ -47,6 +48,9 @@ class LogbookPane : public QWidget {
   /// The chosen entry as it was seen: as it is listed; where another vehicle has been set since, what its
   /// logbook has under that number. Throws core::Failure when that one cannot be read.
   core::SeenRecord seenEntry() const;
+  /// The odometer readings that an entry of the vehicle may follow, see core::earlierReadings; none where its
+  /// logbook cannot be read.
+  core::EarlierReadings earlierReadings() const;
   /// The rows to print.
   print::ListedRows printedRows() const;
   /// The overall average consumption as it is shown, with its unit.

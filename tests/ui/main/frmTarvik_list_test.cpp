@@ -217,6 +217,17 @@ class FrmTarvikListTest : public QObject {
     QCOMPARE(main.screen->focusWidget(), main.list());
   }
 
+  void aListingBringsTheNewestRowInView() {
+    MainScreen main;
+    main.writeLogbook("ABC123", std::vector(100, fuelling({2013, 7, 1}, 10'000, 405'000, true)));
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    main.list()->scrollToTop();
+    main.press("cmd_lista");
+    main.press("cmdSzürés");
+    QTRY_VERIFY(main.list()->viewport()->rect().contains(main.middleOf(99)));
+  }
+
   void listingWithoutPlateSaysSo() {
     MainScreen main;
     main.open();
