@@ -44,7 +44,7 @@ core::EntryInput typedEntry(int km) {
           .teletank = true};
 }
 
-/// The operations on one vehicle's folder, as the screens call them.
+/// The operations on one vehicle's folder, as the screens call them, with the history of a run behind them.
 class Operations {
  public:
   Operations(std::string folder, int entries)
@@ -53,6 +53,7 @@ class Operations {
         bytes_(logbookBytes(entries)),
         folders_{folder_, folder_} {
     makeFolder(folder_, entries, kReminders);
+    files_.watch(&history_);
   }
 
   std::string logbookFolder() const { return folder_ + "/" + kPlate; }
@@ -63,6 +64,11 @@ class Operations {
     std::vector<std::byte> shorter = bytes_;
     shorter.resize(bytes_.size() - static_cast<std::size_t>(room) * core::NapiAdat::kLength);
     writeFile(logbookPath(), shorter);
+    settle();
+  }
+  /// Puts it back as the person does.
+  void takeBack() {
+    while (history_.canUndo()) history_.undo(files_);
     settle();
   }
 
@@ -118,6 +124,7 @@ class Operations {
   int entries_;
   std::vector<std::byte> bytes_;
   core::MachineFileSystem files_;
+  core::History history_;
   core::DataFolders folders_;
   int km_ = 2'000'000;
 };
@@ -197,7 +204,8 @@ class Measurements {
     SqlitePeer peer(folder_ + "/peer.sqlite", kFullLogbook);
     Operations bare(folder_ + "/floor", kFullLogbook);
     const std::vector<std::byte> record = core::encoded(entryOf(1));
-    const auto restore = [&] { full_.restore(kDurableActs); };
+    full_.restore(kDurableActs);
+    const auto restore = [&] { full_.takeBack(); };
     const auto restoreBare = [&] { bare.restore(kDurableActs); };
     const Times times = takeTimes(
         {durable(
@@ -213,6 +221,7 @@ class Measurements {
          durable(
              "delete", [&] { full_.remove(); }, restore)},
         rounds_);
+    full_.takeBack();
     full_.restore(0);
     writeAgainstFloor("durable append", times.at("append").wall,
                       {"raw write + sync", times.at("append floor").wall}, 1.5);
@@ -274,7 +283,8 @@ class Measurements {
 
   Times timesAt(int size) {
     Operations sized(folder_ + "/sized", size);
-    const auto restore = [&] { sized.restore(kDurableActs); };
+    sized.restore(kDurableActs);
+    const auto restore = [&] { sized.takeBack(); };
     const std::string logbook = sized.logbookPath();
     Operations bare(folder_ + "/floor", size);
     const auto restoreBare = [&] { bare.restore(kDurableActs); };

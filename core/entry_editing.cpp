@@ -1,5 +1,7 @@
 #include "core/entry_editing.h"
 
+#include <algorithm>
+
 #include "core/failure.h"
 #include "core/number_format.h"
 #include "core/number_text.h"
@@ -15,6 +17,18 @@ bool isReference(const NapiAdat& entry) {
 std::string consumptionText(const Ratio& litres, const Ratio& distance) {
   if (distance.isZero()) throw Failure(FailureKind::DivisionByZero).field("txKmOra");
   return formatted(litres / (distance / 100), "##.00");
+}
+
+// The last full fill is rarely far: a few dozen entries are read from behind, and more only where it is not
+// among them.
+FullFillTrail trailOf(const RecordFile& file) {
+  for (std::int64_t wanted = 64;; wanted *= 8) {
+    const std::int64_t skipped = std::max<std::int64_t>(file.count() - wanted, 0);
+    const Logbook entries(file.read(skipped + 1, file.count() - skipped));
+    FullFillTrail trail(skipped);
+    for (int number = 1; number <= entries.count(); ++number) trail.pass(entries.record(number));
+    if (skipped == 0 || trail.hasPassedFullFill()) return trail;
+  }
 }
 
 }  // namespace
@@ -56,11 +70,8 @@ Ratio recordEntry(FileSystem& files, const DataFolders& folders, const std::stri
   RecordFile file(files, folders.logbook(plate), NapiAdat::kLength);
   if (file.count() >= kHighestRecordNumber)
     throw Failure(FailureKind::FileFull).file(folders.logbook(plate)).record(file.count() + 1);
-  FullFillTrail trail;
-  const Logbook earlier(file.read(1, file.count()));
-  for (int number = 1; number <= earlier.count(); ++number) trail.pass(earlier.record(number));
-  const FullFillSearch found = trail.reach(requiredNumber(input.tankoltLiter, "txTankoltLiter"),
-                                           requiredNumber(input.kmOra, "txKmOra"));
+  const FullFillSearch found = trailOf(file).reach(requiredNumber(input.tankoltLiter, "txTankoltLiter"),
+                                                   requiredNumber(input.kmOra, "txKmOra"));
   entry.Fogyasztas = storedConsumption(found.consumption);
   file.append(encoded(entry));
   return found.distance;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -21,16 +22,22 @@ struct FullFillSearch {
 /// first on.
 class FullFillTrail {
  public:
+  /// Begins behind that many entries, which it is not taken past: it then sees what came after a full fill
+  /// that it passes itself.
+  explicit FullFillTrail(std::int64_t passed = 0) : passed_(passed) {}
+
   /// Goes on past the next entry.
   void pass(const NapiAdat& entry);
   /// Forgets the full fill passed last: what was taken since then is not known whole.
   void breakOff() { reference_.reset(); }
+  /// Whether it passed a full fill.
+  bool hasPassedFullFill() const { return reference_.has_value(); }
   /// What a new entry behind those passed finds: the litres of the entries between count together with its
   /// own. Throws Failure(DivisionByZero) when the distance is 0.
   FullFillSearch reach(const Ratio& litres, const Ratio& kmOra) const;
 
  private:
-  int passed_ = 0;
+  std::int64_t passed_;
   std::optional<std::int32_t> reference_;  // the reading of the last full fill
   Ratio since_ = 0;                        // litres since then
 };

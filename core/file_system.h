@@ -22,8 +22,9 @@ struct FileStatus {
   std::int64_t size = 0;     ///< bytes
   std::uint64_t device = 0;  ///< with inode: which file it is
   std::uint64_t inode = 0;
-  std::uint32_t mode = 0;   ///< permission bits (rwx, three times three)
-  std::uint32_t owner = 0;  ///< whose it is, as the system numbers them; 0 for everything where it does not
+  std::uint32_t mode = 0;    ///< permission bits (rwx, three times three)
+  std::uint32_t owner = 0;   ///< whose it is, as the system numbers them; 0 for everything where it does not
+  std::int64_t changed = 0;  ///< when it was changed last, in the system's own count; 0 where it has none
   FileKind kind = FileKind::Regular;
 };
 

@@ -1,8 +1,10 @@
 #include "core/history.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <iterator>
 #include <memory>
+#include <new>
 #include <numeric>
 #include <utility>
 
@@ -11,41 +13,42 @@
 namespace tarvik::core {
 namespace {
 
-std::vector<std::byte> copied(std::span<const std::byte> bytes) {
-  return {bytes.begin(), bytes.end()};
+// Room for what comes next, so that a file that grows by its records is not copied for each.
+constexpr std::size_t kRoom = std::size_t{64} << 10;
+
+void makeRoom(std::vector<std::byte>& bytes, std::size_t added) {
+  const std::size_t needed = bytes.size() + added;
+  if (bytes.capacity() < needed) bytes.reserve(needed + kRoom);
+}
+
+// What was caught; memory that runs out is no failure of its own kind.
+Failure currentFailure() {
+  try {
+    throw;
+  } catch (Failure& failure) {
+    return std::move(failure);
+  } catch (const std::bad_alloc&) {
+    return std::move(Failure(FailureKind::WriteFailed).systemError(ENOMEM));
+  }
+}
+
+bool isUntouched(const FileStatus& then, const FileStatus& now) {
+  return then.changed != 0 && then.changed == now.changed && then.inode == now.inode &&
+         then.device == now.device && then.size == now.size;
 }
 
 }  // namespace
 
-std::vector<std::byte> Patch::applied(std::span<const std::byte> before) const {
-  std::vector<std::byte> after;
-  after.reserve(before.size() - removed.size() + added.size());
-  const auto behind = before.subspan(at + removed.size());
-  after.insert(after.end(), before.begin(), before.begin() + static_cast<std::ptrdiff_t>(at));
-  after.insert(after.end(), added.begin(), added.end());
-  after.insert(after.end(), behind.begin(), behind.end());
-  return after;
-}
-
-Patch difference(std::span<const std::byte> before, std::span<const std::byte> after) {
-  const auto front = std::ranges::mismatch(before, after);
-  const auto at = static_cast<std::size_t>(front.in1 - before.begin());
-  const auto restBefore = before.subspan(at);
-  const auto restAfter = after.subspan(at);
-  const auto back =
-      std::mismatch(restBefore.rbegin(), restBefore.rend(), restAfter.rbegin(), restAfter.rend());
-  const auto same = static_cast<std::size_t>(back.first - restBefore.rbegin());
-  return {at, copied(restBefore.first(restBefore.size() - same)),
-          copied(restAfter.first(restAfter.size() - same))};
-}
-
 // What undoing or redoing a step does to one file.
 struct History::Plan {
   std::string path;
-  std::size_t recordLength = 1;
-  Bytes expected;
-  Bytes contents;
-  Bytes known;  // of the file afterwards
+  std::vector<const FileChange*> changes;  // in the order in which they are undone or redone
+  Known& known;
+  Bytes withGap{};  // what is expected where something else had changed the file
+  std::span<const std::byte> expected{};
+  Bytes contents{};
+  TravelledFile travelled{};
+  const Patch* gapBehind = nullptr;  // what is not known of the file afterwards
   bool isDone = false;
 };
 
@@ -74,15 +77,32 @@ History::Action::~Action() {
   if (isOuter_) history_.isInAction_ = false;
 }
 
+bool History::knows(const std::string& path, const FileStatus& status) const {
+  const auto known = known_.find(path);
+  return known != known_.end() && isUntouched(known->second.status, status);
+}
+
+// What is known of the file, read for the first time where it is unknown.
+History::Known& History::knownOf(const AnnouncedChange& change) {
+  const auto [known, isNew] = known_.try_emplace(change.path);
+  Bytes& contents = known->second.contents;
+  if (isNew) {
+    makeRoom(contents, change.before->size() + change.piece.added.size());
+    contents.assign(change.before->begin(), change.before->end());
+  }
+  return known->second;
+}
+
 // All memory is taken here, before the file is touched: what was made is kept without asking for more.
 void History::announce(const AnnouncedChange& change) {
-  if (isTravelling_ || std::ranges::equal(change.before, change.after)) return;
-  const auto known = known_.try_emplace(change.path, copied(change.before)).first;
+  if (isTravelling_ || change.piece.isEmpty()) return;
+  Bytes& known = knownOf(change).contents;
   announced_.files.push_back({.path = change.path,
                               .recordLength = change.recordLength,
-                              .gap = difference(known->second, change.before),
-                              .change = difference(change.before, change.after)});
-  announcedKnown_.push_back({&known->second, copied(change.after)});
+                              .gap = change.before ? Patch(differingPiece(known, *change.before)) : Patch(),
+                              .change = Patch(change.piece)});
+  const FileChange& file = announced_.files.back();
+  makeRoom(known, file.gap.added.size() + file.change.added.size());
   announced_.name = isInAction_ ? actionName_ : std::string();
   done_.reserve(done_.size() + 1);
   if (!done_.empty()) done_.back().files.reserve(done_.back().files.size() + announced_.files.size());
@@ -99,14 +119,19 @@ bool History::continuesStep() const {
   return std::ranges::none_of(announced_.files, parts);
 }
 
-void History::made() noexcept {
+void History::made(const std::string& path, const FileStatus& status) noexcept {
   if (announced_.files.empty()) return;
+  for (const FileChange& file : announced_.files) {
+    Known& known = known_.find(file.path)->second;
+    applyInPlace(file.gap.forth(), known.contents);
+    applyInPlace(file.change.forth(), known.contents);
+    known.status = file.path == path ? status : FileStatus();
+  }
   if (continuesStep())
     std::ranges::move(announced_.files, std::back_inserter(done_.back().files));
   else
     done_.push_back(std::move(announced_));
   actionHasStep_ = isInAction_;
-  for (Known& known : announcedKnown_) known.contents->swap(known.after);
   undone_.clear();
   abandoned();
   forgetOldest();
@@ -114,7 +139,6 @@ void History::made() noexcept {
 
 void History::abandoned() noexcept {
   announced_ = {};
-  announcedKnown_.clear();
 }
 
 void History::forgetOldest() noexcept {
@@ -157,66 +181,75 @@ Travelled History::travel(FileSystem& files, std::vector<Step>& from, std::vecto
 }
 
 // One for each file, in the order in which they are to be changed.
-std::vector<History::Plan> History::plansOf(const Step& step, Direction direction) const {
+std::vector<History::Plan> History::plansOf(const Step& step, Direction direction) {
   std::vector<Plan> plans;
   plans.reserve(step.files.size());
   const auto add = [&](const FileChange& file) {
-    const bool isBack = direction == Direction::Back;
-    Plan& plan = planFor(plans, file, direction);
-    plan.contents = (isBack ? file.change.inverse() : file.change).applied(plan.contents);
-    plan.known = isBack ? file.gap.inverse().applied(plan.contents) : plan.contents;
+    const auto found = std::ranges::find(plans, file.path, &Plan::path);
+    if (found != plans.end()) return found->changes.push_back(&file);
+    plans.push_back({.path = file.path, .changes = {&file}, .known = known_.at(file.path)});
   };
   if (direction == Direction::Back)
     std::for_each(step.files.rbegin(), step.files.rend(), add);
   else
     std::ranges::for_each(step.files, add);
+  for (Plan& plan : plans) fill(plan, direction);
   return plans;
 }
 
-History::Plan& History::planFor(std::vector<Plan>& plans, const FileChange& file, Direction direction) const {
-  const auto found = std::ranges::find(plans, file.path, &Plan::path);
-  if (found != plans.end()) return *found;
-  const Bytes& known = known_.at(file.path);
-  Bytes expected = direction == Direction::Back ? known : file.gap.applied(known);
-  Plan plan{.path = file.path,
-            .recordLength = file.recordLength,
-            .expected = expected,
-            .contents = {},
-            .known = {}};
-  plan.contents = std::move(expected);
-  return plans.emplace_back(std::move(plan));
+// Of the changes of one file in a step only the first made can have a gap before it.
+void History::fill(Plan& plan, Direction direction) {
+  const bool isBack = direction == Direction::Back;
+  const Patch& gap = (isBack ? plan.changes.back() : plan.changes.front())->gap;
+  plan.expected = plan.known.contents;
+  if (!isBack && gap.bytes() != 0) {
+    plan.withGap = applied(gap.forth(), plan.known.contents);
+    plan.expected = plan.withGap;
+  }
+  std::span<const std::byte> contents = plan.expected;
+  for (const FileChange* const file : plan.changes) {
+    plan.contents = applied(isBack ? file->change.back() : file->change.forth(), contents, kRoom);
+    contents = plan.contents;
+  }
+  const Piece piece = differingPiece(plan.expected, plan.contents);
+  plan.travelled = {plan.path, plan.changes.front()->recordLength, piece.at, piece.added.size()};
+  if (!isBack || gap.bytes() == 0) return;
+  plan.gapBehind = &gap;
+  makeRoom(plan.contents, gap.removed.size());
 }
 
 // The locks are taken in the order of the names, so that two programs do not wait for each other.
 void History::carryOut(FileSystem& files, std::vector<Plan>& plans, Travelled& result) {
   std::map<std::string, std::size_t> lengths;
-  for (const Plan& plan : plans) lengths[plan.path] = plan.recordLength;
+  for (const Plan& plan : plans) lengths[plan.path] = plan.travelled.recordLength;
   std::map<std::string, RecordFile> opened;
   for (const auto& [path, length] : lengths) opened.try_emplace(path, files, path, length);
   for (const Plan& plan : plans)
     if (!opened.at(plan.path).holds(plan.expected)) throw Failure(FailureKind::FileChanged).file(plan.path);
   result.files.reserve(plans.size());
-  result.left.reserve(plans.size());
+  for (const Plan& plan : plans) result.left.push_back(plan.path);
   for (Plan& plan : plans) {
-    const bool isNext = !result.failure && exchanged(opened.at(plan.path), plan, result);
-    if (!isNext && !plan.isDone) result.left.push_back(plan.path);
+    if (result.failure) return;
+    exchange(opened.at(plan.path), plan, result);
+    if (plan.isDone) std::erase(result.left, plan.path);
   }
 }
 
-// A file whose new contents have its name is changed, even where the system then did not confirm it.
-bool History::exchanged(RecordFile& file, Plan& plan, Travelled& result) {
-  const Patch piece = difference(plan.expected, plan.contents);
+// A file whose new contents have its name is changed, even where the system then did not confirm it. From the
+// first such file on nothing is thrown: what is done and what is left must be known.
+void History::exchange(RecordFile& file, Plan& plan, Travelled& result) {
   try {
-    file.exchange(plan.expected, plan.contents);
-  } catch (const Failure& failure) {
+    file.give(plan.expected, plan.contents);
+  } catch (...) {
     if (!file.isReplaced() && result.files.empty()) throw;
-    result.failure = failure;
+    result.failure = currentFailure();
   }
-  if (result.failure && !file.isReplaced()) return false;
+  if (result.failure && !file.isReplaced()) return;
   plan.isDone = true;
-  known_.at(plan.path).swap(plan.known);
-  result.files.push_back({plan.path, plan.recordLength, piece.at, piece.added.size()});
-  return true;
+  plan.known.contents.swap(plan.contents);
+  plan.known.status = plan.gapBehind == nullptr ? file.status() : FileStatus();
+  if (plan.gapBehind != nullptr) applyInPlace(plan.gapBehind->back(), plan.known.contents);
+  result.files.push_back(std::move(plan.travelled));
 }
 
 }  // namespace tarvik::core

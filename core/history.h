@@ -3,33 +3,17 @@
 #include <cstddef>
 #include <map>
 #include <optional>
-#include <span>
 #include <string>
 #include <vector>
 
 #include "core/change_watcher.h"
 #include "core/failure.h"
 #include "core/file_system.h"
+#include "core/piece.h"
 
 namespace tarvik::core {
 
 class RecordFile;
-
-/// What one text of bytes has in the place of another's: equal in front of `at` and behind the two pieces.
-struct Patch {
-  std::size_t at = 0;
-  std::vector<std::byte> removed{};
-  std::vector<std::byte> added{};
-
-  /// The bytes after, of the bytes before.
-  std::vector<std::byte> applied(std::span<const std::byte> before) const;
-  /// The patch that leads back.
-  Patch inverse() const { return {at, added, removed}; }
-  std::size_t bytes() const { return removed.size() + added.size(); }
-};
-
-/// The smallest single piece in which two contents differ.
-Patch difference(std::span<const std::byte> before, std::span<const std::byte> after);
 
 /// What undoing or redoing put into a file.
 struct TravelledFile {
@@ -51,9 +35,10 @@ struct Travelled {
 ///
 /// It watches the record files: for each change it keeps in which piece the bytes after differ from those
 /// before, and of each file the bytes after its last change, so that a thousand changes of a long file take
-/// little. A step is what one action of the person did; changes outside an action are steps of their own. A
-/// change made after an undoing drops what could be redone. A file that was missing and an empty one are the
-/// same. It lives in memory alone and ends with the run.
+/// little. A file that the system says nobody has changed since needs no reading for that; whether it is true
+/// is seen byte for byte when a change is taken back. A step is what one action of the person did; changes
+/// outside an action are steps of their own. A change made after an undoing drops what could be redone. A
+/// file that was missing and an empty one are the same. It lives in memory alone and ends with the run.
 class History final : public ChangeWatcher {
  public:
   /// What all steps together may take, bytes; the oldest go first, the newest stays whatever its size. Beside
@@ -99,8 +84,9 @@ class History final : public ChangeWatcher {
   /// Makes the step taken back last again, its files in their order; as undo otherwise.
   Travelled redo(FileSystem& files);
 
+  bool knows(const std::string& path, const FileStatus& status) const override;
   void announce(const AnnouncedChange& change) override;
-  void made() noexcept override;
+  void made(const std::string& path, const FileStatus& status) noexcept override;
   void abandoned() noexcept override;
 
  private:
@@ -119,25 +105,25 @@ class History final : public ChangeWatcher {
     std::size_t bytes() const;
   };
   struct Known {
-    Bytes* contents;  ///< what is known of a file
-    Bytes after;      ///< what is to be known of it once the change is made
+    Bytes contents{};     ///< of the file after the last change of this run that is done
+    FileStatus status{};  ///< when it had them, where it is known
   };
   struct Plan;
 
   bool continuesStep() const;
   void forgetOldest() noexcept;
   Travelled travel(FileSystem& files, std::vector<Step>& from, std::vector<Step>& to, Direction direction);
-  std::vector<Plan> plansOf(const Step& step, Direction direction) const;
-  Plan& planFor(std::vector<Plan>& plans, const FileChange& file, Direction direction) const;
+  Known& knownOf(const AnnouncedChange& change);
+  std::vector<Plan> plansOf(const Step& step, Direction direction);
+  void fill(Plan& plan, Direction direction);
   void carryOut(FileSystem& files, std::vector<Plan>& plans, Travelled& result);
-  bool exchanged(RecordFile& file, Plan& plan, Travelled& result);
+  static void exchange(RecordFile& file, Plan& plan, Travelled& result);
 
   std::size_t mostBytes_;
   std::vector<Step> done_;
   std::vector<Step> undone_;
-  std::map<std::string, Bytes> known_;  // contents after the last change of this run that is done
+  std::map<std::string, Known> known_;
   Step announced_;
-  std::vector<Known> announcedKnown_;
   std::string actionName_;
   bool isInAction_ = false;
   bool actionHasStep_ = false;

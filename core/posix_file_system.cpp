@@ -21,6 +21,7 @@ constexpr mode_t kNewFileMode = 0666;
 constexpr mode_t kPrivateFileMode = 0600;
 constexpr mode_t kNewFolderMode = 0777;
 constexpr std::uint32_t kPermissionBits = 0777;
+constexpr std::int64_t kNanosecondsASecond = 1'000'000'000;
 
 // Nothing that stands in a file's place may hold the program up, nor become its terminal.
 constexpr int kAlways = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
@@ -55,6 +56,7 @@ FileStatus toStatus(const struct stat& native) {
           .inode = native.st_ino,
           .mode = native.st_mode & kPermissionBits,
           .owner = native.st_uid,
+          .changed = native.st_ctim.tv_sec * kNanosecondsASecond + native.st_ctim.tv_nsec,
           .kind = kindOf(native.st_mode)};
 }
 

@@ -64,11 +64,14 @@ class Announcement {
   }
 
   bool isHeard() const { return watcher_ != nullptr; }
+  bool isKnown(const std::string& path, const FileStatus& status) const {
+    return watcher_->knows(path, status);
+  }
   void add(const AnnouncedChange& change) {
     if (watcher_ != nullptr) watcher_->announce(change);
   }
-  void made() noexcept {
-    if (watcher_ != nullptr) std::exchange(watcher_, nullptr)->made();
+  void made(const std::string& path, const FileStatus& status) noexcept {
+    if (watcher_ != nullptr) std::exchange(watcher_, nullptr)->made(path, status);
   }
 
  private:
@@ -126,24 +129,25 @@ void RecordFile::append(std::span<const std::byte> record) {
   if (before >= kHighestRecordNumber) throw Failure(FailureKind::FileFull).file(path_).record(before + 1);
   if (record.back() == std::byte{0}) return appendInPlace(record);
   const ByteBlock whole = readWhole();
-  replace(whole, extended(whole.span(), record));
+  const ByteBlock after = joined({whole.span().first(offsetOf(before + 1)), record});
+  give(whole.span(), after.span());
 }
 
 void RecordFile::replaceAll(std::span<const std::byte> records) {
   const auto after = static_cast<std::int64_t>(records.size() / recordLength_);
   if (after > kHighestRecordNumber) throw Failure(FailureKind::FileFull).file(path_).record(after);
-  replace(readWhole(), joined({records}));
+  give(readWhole().span(), records);
 }
 
-ByteBlock RecordFile::extended(std::span<const std::byte> whole, std::span<const std::byte> records) const {
-  return joined({whole.first(offsetOf(count() + 1)), records});
-}
-
-// Only who is to take it back needs the file whole.
-void RecordFile::announceAppended(Announcement& announcement, std::span<const std::byte> record) const {
+// The file is read whole only where it is not known already.
+void RecordFile::announceAppended(Announcement& announcement, const Piece& piece) const {
   if (!announcement.isHeard()) return;
-  const ByteBlock whole = readWhole();
-  announcement.add(changeOf(whole, extended(whole.span(), record)));
+  if (announcement.isKnown(path_, status_)) return announcement.add({path_, recordLength_, piece, {}});
+  announce(announcement, readWhole(), piece);
+}
+
+void RecordFile::announce(Announcement& announcement, const ByteBlock& whole, const Piece& piece) const {
+  announcement.add({path_, recordLength_, piece, whole.span()});
 }
 
 // All but the record's last byte is outside the count. Once that has left for the disk, the file's length
@@ -153,10 +157,10 @@ void RecordFile::appendInPlace(std::span<const std::byte> record) {
   const std::int64_t before = count();
   const auto offset = static_cast<std::int64_t>(offsetOf(before + 1));
   const auto after = static_cast<std::int64_t>(offsetOf(before + 2));
-  Announcement announcement(files_);
-  announceAppended(announcement, record);
   ByteBlock tail = ByteBlock::ofSize(static_cast<std::size_t>(status_.size - offset));
   tail.size = steps::readUpTo(files_, file_, tail.span(), offset, path_);
+  Announcement announcement(files_);
+  announceAppended(announcement, {offsetOf(before + 1), tail.span(), record});
   try {
     steps::writeAll(files_, file_, record.first(record.size() - 1), offset, path_);
     steps::writeOut(files_, file_, path_);
@@ -167,8 +171,7 @@ void RecordFile::appendInPlace(std::span<const std::byte> record) {
     restoreTail(tail, offset);
     throw;
   }
-  announcement.made();
-  status_.size = after;
+  confirm(announcement, offsetOf(before + 2));
 }
 
 // The old length must reach the disk before the next append: a power cut then could otherwise find the new
@@ -203,53 +206,74 @@ bool RecordFile::isThere(const SeenRecord& seen, const ByteBlock& contents) cons
   throw Failure(FailureKind::RecordChanged).file(path_).record(seen.number);
 }
 
-AnnouncedChange RecordFile::changeOf(const ByteBlock& before, const ByteBlock& after) const {
-  return {path_, recordLength_, before.span(), after.span()};
-}
-
 void RecordFile::rewrite(const SeenRecord& seen, std::span<const std::byte> record) {
-  const ByteBlock whole = readWhole();
+  ByteBlock whole = readWhole();
   if (!isThere(seen, whole)) throw Failure(FailureKind::RecordMissing).file(path_).record(seen.number);
-  const std::size_t offset = offsetOf(seen.number);
-  replace(whole, joined({whole.span().first(offset), record, whole.span().subspan(offset + recordLength_)}));
+  const auto place = whole.span().subspan(offsetOf(seen.number), recordLength_);
+  Piece piece = differingPiece(place, record);
+  piece.at += offsetOf(seen.number);
+  Announcement announcement(files_);
+  announce(announcement, whole, piece);
+  std::ranges::copy(record, place.begin());
+  replaceWith(announcement, whole.span());
 }
 
 void RecordFile::remove(const SeenRecord& seen, const std::string& temporary) {
-  const std::size_t removed = hasNumber(seen.number) ? recordLength_ : 0;
-  const std::size_t end = offsetOf(count() + 1);
   const Leftover leftover = leftoverIn(files_, temporary, recordLength_, status_.owner);
-
-  const ByteBlock whole = readWhole();
-  const std::size_t offset = isThere(seen, whole) ? offsetOf(seen.number) : end;
-  const auto behind = whole.span().first(end).subspan(std::min(offset + removed, end));
-  const ByteBlock after = joined({whole.span().first(offset), behind, leftover.surplus(end - removed)});
+  ByteBlock whole = readWhole();
+  const std::size_t removed = isThere(seen, whole) ? recordLength_ : 0;
+  const std::size_t end = offsetOf(count() + 1);
+  const std::size_t offset = removed != 0 ? offsetOf(seen.number) : end;
+  Announcement announcement(files_);
+  const ByteBlock after =
+      withoutRecord(std::move(whole), offset, removed, leftover.surplus(end - removed), announcement);
   if (leftover.contents.size == 0) {
-    replace(whole, after);
+    replaceWith(announcement, after.span());
     if (leftover.isThere) files_.remove(temporary);  // empty, it is harmless where it stays
     return;
   }
-  Announcement announcement(files_);
-  announcement.add(changeOf(whole, after));
-  announcement.add({temporary, recordLength_, leftover.contents.span(), {}});
+  announcement.add({temporary, recordLength_, {0, leftover.contents.span(), {}}, leftover.contents.span()});
   replaceThrough(temporary, announcement, after.span());
 }
 
+// Closes the gap, announced first, in the bytes that were read, as fresh memory costs more than the closing.
+ByteBlock RecordFile::withoutRecord(ByteBlock whole, std::size_t offset, std::size_t removed,
+                                    std::span<const std::byte> surplus, Announcement& announcement) const {
+  const std::size_t end = offsetOf(count() + 1);
+  const auto behind = whole.span().first(end).subspan(offset + removed);
+  if (!surplus.empty() || whole.size != end) {
+    ByteBlock after = joined({whole.span().first(offset), behind, surplus});
+    announce(announcement, whole, differingPiece(whole.span(), after.span()));
+    return after;
+  }
+  announce(announcement, whole, {offset, whole.span().subspan(offset, removed), {}});
+  std::ranges::copy(behind, whole.span().subspan(offset).begin());
+  whole.size -= removed;
+  return whole;
+}
+
+// A piece at a time, as fresh memory for a whole file costs more than reading it.
 bool RecordFile::holds(std::span<const std::byte> contents) const {
-  return static_cast<std::size_t>(status_.size) == contents.size() &&
-         std::ranges::equal(readWhole().span(), contents);
+  constexpr std::size_t kMost = std::size_t{256} << 10;
+  if (static_cast<std::size_t>(status_.size) != contents.size()) return false;
+  ByteBlock block = ByteBlock::ofSize(std::min(contents.size(), kMost));
+  for (std::size_t at = 0; at < contents.size(); at += block.size) {
+    block.size = std::min(contents.size() - at, block.size);
+    const auto got = steps::readUpTo(files_, file_, block.span(), static_cast<std::int64_t>(at), path_);
+    if (!isEqual(block.span().first(got), contents.subspan(at, block.size))) return false;
+  }
+  return true;
+}
+
+void RecordFile::give(std::span<const std::byte> held, std::span<const std::byte> contents) {
+  Announcement announcement(files_);
+  if (announcement.isHeard()) announcement.add({path_, recordLength_, differingPiece(held, contents), held});
+  replaceWith(announcement, contents);
 }
 
 void RecordFile::exchange(std::span<const std::byte> expected, std::span<const std::byte> contents) {
   if (!holds(expected)) throw Failure(FailureKind::FileChanged).file(path_);
-  Announcement announcement(files_);
-  announcement.add({path_, recordLength_, expected, contents});
-  replaceWith(announcement, contents);
-}
-
-void RecordFile::replace(const ByteBlock& before, const ByteBlock& after) {
-  Announcement announcement(files_);
-  announcement.add(changeOf(before, after));
-  replaceWith(announcement, after.span());
+  give(expected, contents);
 }
 
 void RecordFile::replaceWith(Announcement& announcement, std::span<const std::byte> contents) {
@@ -257,8 +281,7 @@ void RecordFile::replaceWith(Announcement& announcement, std::span<const std::by
   const std::string replacement = target + ".tmp";
   OpenFile file = makeReplacement(replacement, contents);
   steps::renameOrRemove(files_, replacement, target);
-  announcement.made();
-  takeOver(std::move(file), contents.size());
+  takeOver(std::move(file), contents.size(), announcement);
   steps::syncFolderOf(files_, target);
 }
 
@@ -273,8 +296,7 @@ void RecordFile::replaceThrough(const std::string& temporary, Announcement& anno
   const bool isNear = steps::renamed(files_, replacement, temporary);
   if (isNear) steps::rename(files_, temporary, target);
   if (!isNear) steps::renameOrRemove(files_, replacement, target);
-  announcement.made();
-  takeOver(std::move(file), contents.size());
+  takeOver(std::move(file), contents.size(), announcement);
   steps::syncFolderOf(files_, target);
   if (!isNear) steps::removeOrEmpty(files_, temporary);
   if (steps::folderOf(temporary) != steps::folderOf(target)) steps::syncFolderOf(files_, temporary);
@@ -297,10 +319,20 @@ OpenFile RecordFile::makeReplacement(const std::string& replacement, std::span<c
   return file;
 }
 
-void RecordFile::takeOver(OpenFile file, std::size_t size) {
+void RecordFile::takeOver(OpenFile file, std::size_t size, Announcement& announcement) {
   file_ = std::move(file);
   isReplaced_ = true;
+  confirm(announcement, size);
+}
+
+// Who heard of the change is told the status, by which the file is known again; where it cannot be asked, it
+// is none that a file has.
+void RecordFile::confirm(Announcement& announcement, std::size_t size) noexcept {
   status_.size = static_cast<std::int64_t>(size);
+  status_.changed = 0;
+  FileStatus now;
+  if (announcement.isHeard() && files_.status(file_.descriptor(), now) == 0) status_ = now;
+  announcement.made(path_, status_);
 }
 
 }  // namespace tarvik::core

@@ -85,29 +85,37 @@ class RecordFile {
   /// Whether new contents have taken the file's name, even where the system did not confirm it afterwards.
   bool isReplaced() const { return isReplaced_; }
 
-  /// Whether the file has these bytes and no other.
+  /// The file's status when it was opened or, after a change, behind that.
+  const FileStatus& status() const { return status_; }
+
+  /// Whether the file has these bytes and no other. Throws Failure(ReadFailed).
   bool holds(std::span<const std::byte> contents) const;
 
-  /// Gives a file that holds the expected bytes others, whole: as a new file that replaces the old one.
-  /// Throws Failure(FileChanged) when it holds anything else by now, and as append does.
+  /// Gives a file others than the bytes that it was seen to hold under this lock, whole: as a new file that
+  /// replaces the old one. Throws as append does.
+  void give(std::span<const std::byte> held, std::span<const std::byte> contents);
+
+  /// As give, of a file that is to hold the expected bytes. Throws Failure(FileChanged) when it holds
+  /// anything else by now.
   void exchange(std::span<const std::byte> expected, std::span<const std::byte> contents);
 
  private:
   std::size_t offsetOf(std::int64_t number) const;
   bool hasNumber(std::int64_t number) const;
   bool isThere(const SeenRecord& seen, const ByteBlock& contents) const;
-  AnnouncedChange changeOf(const ByteBlock& before, const ByteBlock& after) const;
   ByteBlock readWhole() const;
-  ByteBlock extended(std::span<const std::byte> whole, std::span<const std::byte> records) const;
-  void announceAppended(Announcement& announcement, std::span<const std::byte> record) const;
+  void announceAppended(Announcement& announcement, const Piece& piece) const;
   void appendInPlace(std::span<const std::byte> record);
   void restoreTail(const ByteBlock& tail, std::int64_t offset) noexcept;
-  void replace(const ByteBlock& before, const ByteBlock& after);
+  void announce(Announcement& announcement, const ByteBlock& whole, const Piece& piece) const;
+  ByteBlock withoutRecord(ByteBlock whole, std::size_t offset, std::size_t removed,
+                          std::span<const std::byte> surplus, Announcement& announcement) const;
   void replaceWith(Announcement& announcement, std::span<const std::byte> contents);
   void replaceThrough(const std::string& temporary, Announcement& announcement,
                       std::span<const std::byte> contents);
   OpenFile makeReplacement(const std::string& replacement, std::span<const std::byte> contents);
-  void takeOver(OpenFile file, std::size_t size);
+  void takeOver(OpenFile file, std::size_t size, Announcement& announcement);
+  void confirm(Announcement& announcement, std::size_t size) noexcept;
 
   FileSystem& files_;
   std::string path_;

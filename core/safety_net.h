@@ -1,7 +1,5 @@
 #pragma once
 
-#include <algorithm>
-
 #include "core/dated_copies.h"
 #include "core/history.h"
 
@@ -24,11 +22,16 @@ class SafetyNet final : public ChangeWatcher {
   History& history() { return history_; }
   DatedCopies& copies() { return copies_; }
 
+  bool knows(const std::string& path, const FileStatus& status) const override {
+    return history_.knows(path, status);
+  }
   void announce(const AnnouncedChange& change) override {
-    if (!std::ranges::equal(change.before, change.after)) copies_.beforeChange();
+    if (!change.piece.isEmpty()) copies_.beforeChange();
     history_.announce(change);
   }
-  void made() noexcept override { history_.made(); }
+  void made(const std::string& path, const FileStatus& status) noexcept override {
+    history_.made(path, status);
+  }
   void abandoned() noexcept override { history_.abandoned(); }
 
  private:

@@ -189,6 +189,8 @@ int statusOfHandle(HANDLE file, FileStatus& status) {
             .device = native.dwVolumeSerialNumber,
             .inode = joined(native.nFileIndexHigh, native.nFileIndexLow),
             .mode = kReadBits | (isReadOnly ? 0 : kWriteBits),
+            .changed = static_cast<std::int64_t>(
+                joined(native.ftLastWriteTime.dwHighDateTime, native.ftLastWriteTime.dwLowDateTime)),
             .kind = kindOf(file, native.dwFileAttributes)};
   return 0;
 }

@@ -254,6 +254,38 @@ TEST_F(HistoryTest, SaysWhatIsBackAndWhatIsNotAfterAFailureHalfWay) {
   EXPECT_EQ(at("a") + at("b"), "aaaabbbb");
 }
 
+// A clock that stands still, as between two changes in one of its ticks.
+class TicklessFileSystem final : public test::InterceptedFileSystem {
+ public:
+  using InterceptedFileSystem::InterceptedFileSystem;
+  int status(int descriptor, FileStatus& status) override {
+    const int result = InterceptedFileSystem::status(descriptor, status);
+    status.changed = 1;
+    return result;
+  }
+
+ private:
+  bool admitted(test::Call) override { return true; }
+};
+
+TEST_F(HistoryTest, RefusesWhereItTookAFileForUntouchedThatAnotherProgramHadChanged) {
+  TicklessFileSystem files(disk_);
+  files.watch(&history_);
+  const auto addZ = [&](const char* name) {
+    RecordFile(files, std::string("/f/") + name, kLength).append(bytes(std::string_view("zzz\0", 4)));
+  };
+  foreign("a", "aaaa");
+  addZ("a");
+  const int other = disk_.open("/f/a", OpenMode::Create);
+  disk_.write(other, bytes("AAAA"), 0);  // the same file, as long as before
+  disk_.close(other);
+  addZ("a");
+  const std::string changed = at("a");
+  EXPECT_EQ(changed, std::string("AAAAzzz\0zzz\0", 12));
+  expectFailure(FailureKind::FileChanged, [&] { history_.undo(files); });
+  EXPECT_EQ(at("a"), changed);
+}
+
 TEST_F(HistoryTest, ForgetsTheOldestStepsPastItsBoundAndNeverTheNewest) {
   History small(2'000);
   disk_.watch(&small);
@@ -271,15 +303,6 @@ TEST_F(HistoryTest, KeepsAThousandChangesOfALongFileSmall) {
   for (int i = 0; i < 1'000; ++i) rewrite("a", 16'000 + i, "bbbb");
   EXPECT_EQ(history_.steps(), 1'000U);
   EXPECT_LT(history_.bytes(), 1'000'000U);
-}
-
-TEST(DifferenceTest, IsTheSmallestPiece) {
-  const Patch patch = difference(bytes("aabbcc"), bytes("aaxcc"));
-  EXPECT_EQ(patch.at, 2U);
-  EXPECT_EQ(patch.removed.size(), 2U);
-  EXPECT_EQ(patch.added.size(), 1U);
-  EXPECT_EQ(difference(bytes("aaa"), bytes("aaaa")).added.size(), 1U);
-  EXPECT_EQ(difference(bytes("aaaa"), bytes("aaa")).removed.size(), 1U);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <map>
 
 #include "core/entry_editing.h"
+#include "core/history.h"
 #include "reminders/date_reminders.h"
 #include "reminders/km_alert.h"
 #include "repairs/repair_log.h"
@@ -192,15 +193,43 @@ TEST(SystemCalls, OfAFirstRecordSyncTheFolderToo) {
             "tryLock 1");
 }
 
-TEST(SystemCalls, OfARecordingBehindAThousandEntriesAreOneRead) {
+// A few dozen entries, eight times as many, then all.
+TEST(SystemCalls, OfALookBackPastAThousandEntriesAreThreeReads) {
   const Operation recording = operations(0).front();
   MemoryFileSystem disk = preparedDisk(recording, 0);
   disk.put(recording.file(kDiskFolders), std::string(1'000 * recording.recordLength, '\0'));
   CountingFileSystem files(disk);
   recording.run(files, kDiskFolders);
   EXPECT_EQ(textOf(files),
-            "open 1, close 1, status 1, statusOf 1, read 1, write 1, truncate 1, writeOut 1, sync 1, "
+            "open 1, close 1, status 1, statusOf 1, read 3, write 1, truncate 1, writeOut 1, sync 1, "
             "tryLock 1");
+}
+
+// The history reads a file once, and again only after somebody else has changed it; of its own changes it
+// asks the status.
+TEST(SystemCalls, OfAWatchedRecordingReadTheFileWholeTheFirstTimeAlone) {
+  const std::vector<Operation> all = operations(kMany);
+  const auto recording = std::ranges::find(all, "recordTyre", &Operation::name);
+  MemoryFileSystem disk = preparedDisk(*recording, kMany);
+  core::History history;
+  const auto callsOfNext = [&] {
+    CountingFileSystem files(disk);
+    files.watch(&history);
+    recording->run(files, kDiskFolders);
+    return textOf(files);
+  };
+  constexpr const char* kWithReading =
+      "open 1, close 1, status 2, statusOf 1, read 1, write 1, truncate 1, writeOut 1, sync 1, tryLock 1";
+  constexpr const char* kWithoutReading =
+      "open 1, close 1, status 2, statusOf 1, write 1, truncate 1, writeOut 1, sync 1, tryLock 1";
+  EXPECT_EQ(callsOfNext(), kWithReading);
+  EXPECT_EQ(callsOfNext(), kWithoutReading);
+  disk.watch(&history);
+  history.undo(disk);
+  disk.watch(nullptr);
+  EXPECT_EQ(callsOfNext(), kWithoutReading);
+  recording->run(disk, kDiskFolders);  // nobody watches: another program
+  EXPECT_EQ(callsOfNext(), kWithReading);
 }
 
 TEST(SystemCalls, OfAReminderFlagThatIsStoredAlreadyWriteNothing) {

@@ -4,9 +4,12 @@
 #include <cstdlib>
 #include <filesystem>
 #include <new>
+#include <set>
 
 #include "core/failure.h"
+#include "core/history.h"
 #include "core/machine_file_system.h"
+#include "core/record_file.h"
 #include "tests/support/operations.h"
 #include "tests/support/temporary_folder.h"
 
@@ -94,16 +97,23 @@ TEST_P(MemoryRunsOutTest, EndsOldOrNewAndLeavesNothingOpen) {
   for (const Operation& operation : operations(GetParam())) {
     const std::string old = fileOf(operation, GetParam());
     folder_.write(nameOf(operation), old);
+    core::History counted;
+    files_.watch(&counted);
     ASSERT_FALSE(isStopped(operation, -1));
     const int allocations = asked;
     const std::string changed = folder_.read(nameOf(operation));
     const long open = openDescriptors();
     for (int nth = 0; nth < allocations; ++nth, ++cases) {
       folder_.write(nameOf(operation), old);
+      core::History history;
+      files_.watch(&history);
       const bool stopped = isStopped(operation, nth);
       const std::string now = folder_.read(nameOf(operation));
       EXPECT_TRUE(now == changed || (stopped && now == old)) << operation.name << ", allocation " << nth;
       EXPECT_EQ(openDescriptors(), open) << operation.name << ", allocation " << nth;
+      EXPECT_EQ(history.canUndo(), now != old) << operation.name << ", allocation " << nth;
+      if (history.canUndo()) history.undo(files_);
+      EXPECT_EQ(folder_.read(nameOf(operation)), old) << operation.name << ", allocation " << nth;
     }
   }
   std::printf("%d cases\n", cases);
@@ -111,6 +121,59 @@ TEST_P(MemoryRunsOutTest, EndsOldOrNewAndLeavesNothingOpen) {
 
 INSTANTIATE_TEST_SUITE_P(Files, MemoryRunsOutTest, testing::Values(0, 1, 105),
                          [](const auto& files) { return "With" + std::to_string(files.param) + "Records"; });
+
+// A step of two files, taken back with so many allocations granted.
+class MemoryRunsOutInUndoingTest : public testing::Test {
+ protected:
+  MemoryRunsOutInUndoingTest() { files_.watch(&history_); }
+
+  void append(const std::string& name) {
+    constexpr std::string_view kRecord("aaa\0", 4);
+    core::RecordFile(files_, folder_.path() + "/" + name, kRecord.size())
+        .append(std::as_bytes(std::span(kRecord)));
+  }
+  void makeStep() {
+    const core::History::Action action(history_, "kettő");
+    append("one.dat");
+    append("two.dat");
+  }
+  std::string contents() { return folder_.read("one.dat") + "|" + folder_.read("two.dat"); }
+
+  // Whether the memory sufficed.
+  bool undo(int allocations) {
+    granted = allocations;
+    bool isWhole = false;
+    try {
+      isWhole = !history_.undo(files_).failure;
+    } catch (const std::bad_alloc&) {
+    }
+    granted = -1;
+    return isWhole;
+  }
+
+  TemporaryFolder folder_;
+  core::MachineFileSystem files_;
+  core::History history_;
+};
+
+TEST_F(MemoryRunsOutInUndoingTest, PartsTheStepInWhatIsBackAndWhatIsNot) {
+  const std::string record("aaa\0", 4);
+  std::set<std::string> seen;
+  bool isWhole = false;
+  for (int allocations = 0; !isWhole; ++allocations) {
+    makeStep();
+    ASSERT_LT(allocations, 1'000);
+    isWhole = undo(allocations);
+    seen.insert(contents());
+    EXPECT_TRUE(!isWhole || contents() == "|") << allocations;
+    if (history_.canUndo()) history_.undo(files_);  // the rest, with memory
+    ASSERT_EQ(contents(), "|") << allocations;
+    while (history_.canRedo()) history_.redo(files_);
+    ASSERT_EQ(contents(), record + "|" + record) << allocations;
+    while (history_.canUndo()) history_.undo(files_);
+  }
+  EXPECT_EQ(seen, (std::set<std::string>{"|", record + "|", record + "|" + record}));
+}
 
 }  // namespace
 }  // namespace tarvik::test

@@ -348,11 +348,12 @@ MemoryFileSystem::Node& MemoryFileSystem::nodeAt(int node) {
 
 int MemoryFileSystem::newNode() {
   static const auto kEmpty = std::make_shared<std::string>();
-  nodes_.push_back({.disk = kEmpty});
+  nodes_.push_back({.disk = kEmpty, .changed = ++moment_});
   return static_cast<int>(nodes_.size()) - 1;
 }
 
 void MemoryFileSystem::writeInto(Node& node, std::string_view bytes, std::int64_t offset) {
+  node.changed = ++moment_;
   if (node.disk.use_count() > 1) {
     auto own = std::make_shared<std::string>();
     own->reserve(node.disk->size() + bytes.size());
@@ -370,6 +371,7 @@ void MemoryFileSystem::writeInto(Node& node, std::string_view bytes, std::int64_
 
 // What lies behind a file's end is forgotten when the file is cut and zeros when it grows again.
 void MemoryFileSystem::setLength(Node& node, std::int64_t length) {
+  node.changed = ++moment_;
   if (length < node.length && length < static_cast<std::int64_t>(node.disk->size()))
     node.disk = std::make_shared<std::string>(node.disk->substr(0, static_cast<std::size_t>(length)));
   node.length = length;
@@ -401,6 +403,7 @@ void MemoryFileSystem::fill(core::FileStatus& status, int node, const std::strin
   status.size = nodes_[static_cast<std::size_t>(node)].length;
   status.mode = nodes_[static_cast<std::size_t>(node)].mode;
   status.owner = nodes_[static_cast<std::size_t>(node)].owner;
+  status.changed = nodes_[static_cast<std::size_t>(node)].changed;
   status.kind = nodes_[static_cast<std::size_t>(node)].kind;
 }
 

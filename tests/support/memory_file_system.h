@@ -90,6 +90,7 @@ class MemoryFileSystem final : public core::FileSystem {
     std::int64_t length = 0;
     std::uint32_t mode = 0644;
     std::uint32_t owner = 1000;
+    std::int64_t changed = 0;
     int lockedBy = -1;  // a descriptor
     core::FileKind kind = core::FileKind::Regular;
   };
@@ -121,6 +122,7 @@ class MemoryFileSystem final : public core::FileSystem {
   std::vector<Node> nodes_;
   std::vector<Descriptor> descriptors_;
   std::vector<DiskStep> steps_;
+  std::int64_t moment_ = 0;  // one more with each change of a file
   bool records_ = false;
 };
 
