@@ -77,24 +77,12 @@ struct CurrencyWord {
 };
 
 // Words of folded texts.
-constexpr auto kCurrencyWords = std::to_array<CurrencyWord>({{"FT", "HUF"},
-                                                             {"FORINT", "HUF"},
-                                                             {"EURO", "EUR"},
-                                                             {"EUROS", "EUR"},
-                                                             {"KC", "CZK"},
-                                                             {"ZL", "PLN"},
-                                                             {"ZLOTY", "PLN"},
-                                                             {"LEI", "RON"},
-                                                             {"LEU", "RON"},
-                                                             {"RS", "INR"},
-                                                             {"RUPEES", "INR"},
-                                                             {"DOLLAR", "USD"},
-                                                             {"DOLLARS", "USD"},
-                                                             {"POUNDS", "GBP"},
-                                                             {"PENCE", "GBP"},
-                                                             {"RUB", "RUB"},
-                                                             {"KORUNA", "CZK"},
-                                                             {"RBL", "RUB"}});
+constexpr auto kCurrencyWords = std::to_array<CurrencyWord>(
+    {{"FT", "HUF"},     {"FORINT", "HUF"}, {"EURO", "EUR"},    {"EUROS", "EUR"},  {"KC", "CZK"},
+     {"ZL", "PLN"},     {"ZLOTY", "PLN"},  {"LEI", "RON"},     {"LEU", "RON"},    {"RS", "INR"},
+     {"RUPEES", "INR"}, {"DOLLAR", "USD"}, {"DOLLARS", "USD"}, {"POUNDS", "GBP"}, {"PENCE", "GBP"},
+     {"RUB", "RUB"},    {"KORUNA", "CZK"}, {"RBL", "RUB"},     {"RUBLEY", "RUB"}, {"KORUN", "CZK"},
+     {"REAIS", "BRL"},  {"SFR", "CHF"},    {"FRANKEN", "CHF"}});
 
 constexpr auto kCurrencyCodes = std::to_array<std::string_view>(
     {"HUF", "EUR", "USD", "GBP", "CHF", "CZK", "PLN", "RON", "RSD", "HRK", "BAM", "SEK", "NOK", "DKK",
@@ -124,7 +112,8 @@ std::string withoutSideWords(const Words& words) {
 
 // Something for each unit of volume or distance, as it stands: "Ft/l", "$ per gallon", "l/100 km", "km/l".
 struct Quotient {
-  bool isOfMoneyByVolume = false;
+  bool isByVolume = false;
+  bool isByDistance = false;
   bool isConsumption = false;
 };
 
@@ -140,14 +129,17 @@ Quotient quotientIn(std::string_view head, const Words& words) {
   const bool hasDistance = hasOneOf(words, kKilometreWords) || hasOneOf(words, kMileWords);
   const bool hasVolume = hasOneOf(words, kLitreWords) || hasOneOf(words, kGallonWords);
   const bool hasHundred = std::ranges::find(words, "100") != words.end();
-  quotient.isConsumption = (hasDistance && hasVolume && (hasStroke || hasHundred)) ||
-                           (hasDistance && hasHundred) ||
-                           (hasDistance && hasStroke && !hasVolume && !currencyOf(head).empty());
+  quotient.isConsumption =
+      (hasDistance && hasVolume && (hasStroke || hasHundred)) || (hasDistance && hasHundred);
   bool isPerVolume = hasStroke && hasVolume;
-  for (std::size_t i = 1; i < words.size(); ++i)
-    if (isPer(words, i) && (isOneOf(words[i], kLitreWords) || isOneOf(words[i], kGallonWords)))
-      isPerVolume = true;
-  quotient.isOfMoneyByVolume = isPerVolume && !hasDistance;
+  bool isPerDistance = hasStroke && hasDistance;
+  for (std::size_t i = 1; i < words.size(); ++i) {
+    if (!isPer(words, i)) continue;
+    if (isOneOf(words[i], kLitreWords) || isOneOf(words[i], kGallonWords)) isPerVolume = true;
+    if (isOneOf(words[i], kKilometreWords) || isOneOf(words[i], kMileWords)) isPerDistance = true;
+  }
+  quotient.isByVolume = isPerVolume && !hasDistance;
+  quotient.isByDistance = isPerDistance && !hasVolume;
   return quotient;
 }
 
@@ -214,11 +206,34 @@ bool isMoney(HeadWord word) {
   return word == HeadWord::Price || word == HeadWord::TotalCost || word == HeadWord::UnitPrice;
 }
 
+// A word of money beside one of fuel makes it a price, however short it is ("Benzin ára").
+HeadWord settledByMoney(HeadWord word, const Words& words) {
+  if (word != HeadWord::Fuel) return word;
+  for (const std::string& other : words)
+    if (const HeadWord found = lookedUp(other); isMoney(found)) return found;
+  return word;
+}
+
 // The unit behind a head settles what its words leave open.
 HeadWord settledByUnit(HeadWord word, std::string_view head) {
+  if (word == HeadWord::Full && unitHintOf(head).volume) return HeadWord::Volume;
+  if (word == HeadWord::Vehicle && unitHintOf(head).distance) return HeadWord::Distance;
   if (word != HeadWord::Fuel && word != HeadWord::Amount) return word;
   if (unitHintOf(head).volume) return HeadWord::Volume;
   return currencyOf(head).empty() ? word : HeadWord::TotalCost;
+}
+
+// Whether a head is of money, be it in hundredths ("ct/l").
+bool namesMoney(HeadWord word, std::string_view head, const Words& words) {
+  constexpr auto kHundredths = std::to_array<std::string_view>({"CT", "CENT", "CENTS", "P", "PENCE"});
+  return isMoney(word) || !currencyOf(head).empty() || hasOneOf(words, kHundredths);
+}
+
+// A head that only its unit tells of: "Üa. (l)".
+HeadReading readUnitBehind(std::string_view head) {
+  const UnitHint hint = unitHintOf(head);
+  if (hint.volume) return {HeadWord::Volume, 1};
+  return hint.distance ? HeadReading{HeadWord::Distance, 1} : HeadReading{};
 }
 
 constexpr std::size_t kLongestHead = 200;
@@ -247,11 +262,15 @@ HeadReading readHead(std::string_view head) {
   const Quotient quotient = quotientIn(head, words);
   if (quotient.isConsumption) return {HeadWord::Known, 4};
   HeadReading reading = words.empty() ? readUnits(words, !currencyOf(head).empty()) : readWords(head, words);
+  if (quotient.isByDistance && (isMoney(reading.word) || !currencyOf(head).empty()))
+    return {HeadWord::Known, 4};
   const bool mayBeMoney = reading.word == HeadWord::Unknown || reading.word == HeadWord::Volume ||
                           reading.word == HeadWord::Fuel || isMoney(reading.word);
-  if (quotient.isOfMoneyByVolume && mayBeMoney && (isMoney(reading.word) || !currencyOf(head).empty()))
+  if (quotient.isByVolume && mayBeMoney && namesMoney(reading.word, head, words))
     return {HeadWord::UnitPrice, 4};
-  reading.word = settledByUnit(reading.word, head);
+  const bool isQuotient = quotient.isByVolume || quotient.isByDistance;
+  if (reading.word == HeadWord::Unknown && !isQuotient) return readUnitBehind(head);
+  reading.word = settledByUnit(settledByMoney(reading.word, words), head);
   return reading;
 }
 
@@ -269,13 +288,22 @@ UnitHint unitHintOf(std::string_view text) {
 
 std::string currencyOf(std::string_view text) {
   constexpr auto kSigns = std::to_array<CurrencyWord>({{"€", "EUR"},
+                                                       {"R$", "BRL"},
+                                                       {"CA$", "CAD"},
+                                                       {"C$", "CAD"},
+                                                       {"AU$", "AUD"},
+                                                       {"A$", "AUD"},
+                                                       {"NZ$", "NZD"},
                                                        {"$", "USD"},
                                                        {"£", "GBP"},
                                                        {"Kč", "CZK"},
                                                        {"zł", "PLN"},
                                                        {"₹", "INR"},
                                                        {"₽", "RUB"},
-                                                       {"₴", "UAH"}});
+                                                       {"₴", "UAH"},
+                                                       {"₺", "TRY"},
+                                                       {"₪", "ILS"},
+                                                       {"лв", "BGN"}});
   for (const auto& [sign, currency] : kSigns)
     if (text.find(sign) != std::string_view::npos) return std::string(currency);
   for (const std::string& word : wordsOf(folded(text)))

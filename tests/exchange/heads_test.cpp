@@ -74,6 +74,24 @@ TEST(AHead, IsUnderstoodInManyLanguages) {
   for (const auto& [head, word] : heads) EXPECT_EQ(readHead(head).word, word) << head;
 }
 
+// What one kilometre cost is nothing that a logbook keeps; a price is one however short its word is.
+TEST(AHead, OfMoneyIsSettledByWhatItIsFor) {
+  EXPECT_EQ(readHead("Coût/km").word, HeadWord::Known);
+  EXPECT_EQ(readHead("Kosten pro km").word, HeadWord::Known);
+  EXPECT_EQ(readHead("Benzin ára").word, HeadWord::Price);
+  EXPECT_EQ(readHead("Üzemanyag összeg").word, HeadWord::TotalCost);
+  EXPECT_EQ(readHead("ct/l").word, HeadWord::UnitPrice);
+  EXPECT_EQ(readHead("Pence/litre").word, HeadWord::UnitPrice);
+}
+
+TEST(AHead, ThatOnlyItsUnitTellsOfIsWhatIsCountedInIt) {
+  EXPECT_EQ(readHead("Zutty (l)").word, HeadWord::Volume);
+  EXPECT_EQ(readHead("Zutty (km)").word, HeadWord::Distance);
+  EXPECT_EQ(readHead("Zutty/l").word, HeadWord::Unknown);
+  EXPECT_EQ(readHead("Zutty (€)").word, HeadWord::Unknown);  // fuel, or the car wash
+  EXPECT_EQ(readHead("Km coche").word, HeadWord::Odometer);
+}
+
 TEST(AUnit, IsNamedByHeadsAndCells) {
   EXPECT_EQ(unitHintOf("Odometer (mi)").distance, DistanceUnit::Mile);
   EXPECT_EQ(unitHintOf("40,5 l").volume, VolumeUnit::Litre);
