@@ -100,15 +100,31 @@ void settleSign(ColumnFacts& facts, std::optional<DecimalSign> said, std::option
   if (said) facts.sign = *said;
 }
 
+bool isKnown(const ColumnFacts& facts) {
+  return facts.head.word == HeadWord::Known;
+}
+
+// What the figures that a logbook keeps show together; those that it does not keep (a consumption) may be
+// written another way by the same program.
 std::optional<DecimalSign> shownByAll(const std::vector<ColumnFacts>& facts) {
   std::vector<std::string_view> cells;
   for (const ColumnFacts& column : facts)
-    if (column.areFigures() && !column.areDays())
+    if (column.areFigures() && !column.areDays() && !isKnown(column))
       cells.insert(cells.end(), column.cells.begin(), column.cells.end());
   if (const auto shown = shownDecimalSign(cells)) return shown;
   for (const ColumnFacts& column : facts)
     if (const auto sign = column.areFigures() ? signBeforeDecimals(column) : std::nullopt) return sign;
   return std::nullopt;
+}
+
+// What goes with the figures that are not kept, else with the separator.
+DecimalSign usualSign(const LogTable& table, const std::vector<ColumnFacts>& facts) {
+  std::vector<std::string_view> cells;
+  for (const ColumnFacts& column : facts)
+    if (column.areFigures() && isKnown(column))
+      cells.insert(cells.end(), column.cells.begin(), column.cells.end());
+  const DecimalSign bySeparator = table.shape.separator == ';' ? DecimalSign::Comma : DecimalSign::Point;
+  return shownDecimalSign(cells).value_or(bySeparator);
 }
 
 }  // namespace
@@ -138,7 +154,7 @@ std::vector<ColumnFacts> lookAt(const LogTable& table, std::optional<DecimalSign
     count(facts.back());
   }
   const auto shown = shownByAll(facts);
-  const DecimalSign usual = table.shape.separator == ';' ? DecimalSign::Comma : DecimalSign::Point;
+  const DecimalSign usual = usualSign(table, facts);
   for (ColumnFacts& column : facts) {
     settleSign(column, sign, shown, usual);
     readFigures(column);

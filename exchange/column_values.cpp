@@ -2,8 +2,24 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <set>
+#include <string>
 
 namespace tarvik::exchange {
+namespace {
+
+constexpr std::size_t kMostKinds = 6;  // words of a column that tells kinds of rows apart
+
+// The words of a column, as far as they are few.
+std::set<std::string> fewWordsIn(const ColumnFacts& facts) {
+  std::set<std::string> words;
+  for (const std::string_view cell : facts.cells)
+    if (!cell.empty() && words.size() <= kMostKinds) words.insert(folded(cell));
+  return words;
+}
+
+}  // namespace
 
 double steadiness(const ColumnFacts& facts) {
   std::size_t up = 0;
@@ -22,19 +38,71 @@ DistanceKind distanceKind(const ColumnFacts& facts) {
   constexpr double kShortestTrip = 60;
   constexpr std::size_t kEnough = 6;  // so many distances do not grow one after the other by chance
   if (facts.cells.empty() || facts.filled == 0) return DistanceKind::Either;
-  if (!facts.areFigures()) return DistanceKind::None;
+  if (!facts.areFigures() || (facts.numbers > 1 && facts.median < kShortestTrip)) return DistanceKind::None;
   if (facts.median > kLongestTrip) return DistanceKind::Reading;
   const bool isSteady = steadiness(facts) > (facts.head.word == HeadWord::Odometer ? 0.7 : 0.95);
   if (isSteady && facts.distinct >= kEnough) return DistanceKind::Reading;
   if (isSteady || (facts.head.word == HeadWord::Odometer && facts.distinct < kEnough))
     return DistanceKind::Either;
-  return facts.median > kShortestTrip ? DistanceKind::Trip : DistanceKind::None;
+  return DistanceKind::Trip;
 }
 
 bool areOctanes(const ColumnFacts& facts) {
   return facts.distinct <= 4 && std::ranges::all_of(facts.figures, [](const std::optional<double>& figure) {
            return !figure || (*figure >= 80 && *figure <= 100 && *figure == std::floor(*figure));
          });
+}
+
+bool areAnswers(const ColumnFacts& facts) {
+  constexpr std::size_t kMost = 3;
+  constexpr std::size_t kLongestMark = 4;
+  std::set<std::string> words;
+  for (const std::string_view cell : facts.cells) {
+    if (cell.empty()) continue;
+    const std::string word = folded(cell);
+    if (!yesOrNo(cell) && (!word.empty() || cell.size() > kLongestMark)) return false;
+    words.insert(word.empty() ? std::string(cell) : word);
+  }
+  return !words.empty() && words.size() <= kMost;
+}
+
+bool areTwoKinds(const ColumnFacts& facts) {
+  const bool isOneThroughout =
+      std::ranges::adjacent_find(facts.cells, std::not_equal_to<>()) == facts.cells.end();
+  if (isOneThroughout) return false;
+  if (areAnswers(facts)) return true;
+  constexpr std::size_t kFewestRows = 4;
+  constexpr std::size_t kLongest = 20;
+  std::set<std::string_view> contents;
+  for (const std::string_view cell : facts.cells) {
+    if (cell.size() > kLongest) return false;
+    if (contents.size() < 3) contents.insert(cell);
+  }
+  return contents.size() == 2 && facts.cells.size() >= kFewestRows;
+}
+
+bool areWords(const ColumnFacts& facts) {
+  constexpr std::size_t kMostCodes = 4;
+  return !facts.areFigures() || facts.distinct <= kMostCodes;
+}
+
+bool areNames(const ColumnFacts& facts) {
+  constexpr std::size_t kMostNumbers = 4;
+  return !facts.areFigures() || facts.distinct <= kMostNumbers || 2 * facts.distinct <= facts.numbers;
+}
+
+bool namesFills(const ColumnFacts& facts) {
+  const std::set<std::string> words = fewWordsIn(facts);
+  return words.size() <= kMostKinds && std::ranges::any_of(words, [](const std::string& word) {
+           const HeadReading said = readHead(word);
+           return said.strength == 4 && (said.word == HeadWord::Full || said.word == HeadWord::Partial);
+         });
+}
+
+bool tellsFills(const ColumnFacts& facts) {
+  const std::set<std::string> words = fewWordsIn(facts);
+  const auto isAnswer = [](const std::string& word) { return yesOrNo(word).has_value(); };
+  return namesFills(facts) || (words.size() == 2 && std::ranges::all_of(words, isAnswer));
 }
 
 double spread(std::vector<double> values) {

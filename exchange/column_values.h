@@ -17,6 +17,25 @@ DistanceKind distanceKind(const ColumnFacts& facts);
 /// Few values, all whole and from 80 to 100: those are octane numbers.
 bool areOctanes(const ColumnFacts& facts);
 
+/// Nothing but answers of yes or no, marks among them ("✓"): that is no figure, whatever its head says.
+bool areAnswers(const ColumnFacts& facts);
+
+/// Answers that are not all alike, or two short contents that come again, of which an empty cell may be one:
+/// they may say which fills were full.
+bool areTwoKinds(const ColumnFacts& facts);
+
+/// Words, or so few figures that they may be codes.
+bool areWords(const ColumnFacts& facts);
+
+/// What may name vehicles: figures of which hardly two are alike do not.
+bool areNames(const ColumnFacts& facts);
+
+/// Few words, one of them for a full tank or a part fill.
+bool namesFills(const ColumnFacts& facts);
+
+/// As namesFills, or just two answers of yes or no.
+bool tellsFills(const ColumnFacts& facts);
+
 /// How far values lie from their middle one in all, in shares of it.
 double spread(std::vector<double> values);
 

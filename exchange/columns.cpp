@@ -28,10 +28,25 @@ class Proposal {
     settleVolumes();
     settleMoney();
     settleWords();
-    return std::move(meanings_);
+    return meanings_;
   }
 
-  bool isPriceOpen() const { return isPriceOpen_; }
+  std::optional<std::size_t> priceColumn() const { return priceColumn_; }
+
+  // The first column that nothing is known of and that may hold what no other one does: which fills were
+  // full, or, where none is of money, what they cost.
+  std::optional<std::size_t> unknownColumn(const std::map<std::size_t, Meaning>& said) const {
+    const bool hasMoney =
+        isTaken(Meaning::TotalCost) || isTaken(Meaning::UnitPrice) || isTaken(Meaning::NoteCost);
+    const bool hasFull = isTaken(Meaning::Full) || isTaken(Meaning::Partial);
+    for (std::size_t i = 0; i < facts_.size(); ++i) {
+      if (meanings_[i] != Meaning::NotUnderstood || priceColumn_ == i || said.contains(i)) continue;
+      const bool areKinds = areTwoKinds(facts_[i]);
+      if (areKinds && !hasFull) return i;
+      if (!areKinds && !hasMoney && facts_[i].areFigures() && !areOctanes(facts_[i])) return i;
+    }
+    return std::nullopt;
+  }
 
  private:
   using Fits = std::function<bool(const ColumnFacts&)>;
@@ -86,11 +101,16 @@ class Proposal {
     if (!isTaken(Meaning::Day) && !isTaken(Meaning::Year) &&
         !takeBest(HeadWord::Day, Meaning::Day, areDays) && !takeApart()) {
       const std::size_t other = firstUnknown([](const ColumnFacts& facts) { return facts.areDays(); });
-      if (!take(other, Meaning::Day))
-        takeBest(HeadWord::Known, Meaning::Day,
-                 [](const ColumnFacts& facts) { return facts.areDays() && facts.numbers < facts.days; });
+      if (!take(other, Meaning::Day)) take(firstOfPlainDays(), Meaning::Day);
     }
     dismiss({HeadWord::Day, HeadWord::Year, HeadWord::Month, HeadWord::DayOfMonth});
+  }
+
+  // Days that are no figures as well, whatever their head says ("Tankolás").
+  std::size_t firstOfPlainDays() const {
+    for (std::size_t i = 0; i < facts_.size(); ++i)
+      if (!isSettled_[i] && facts_[i].areDays() && facts_[i].numbers < facts_[i].days) return i;
+    return kNone;
   }
 
   // Year, month and day in three columns.
@@ -117,10 +137,10 @@ class Proposal {
     const auto likeReading = isOf({DistanceKind::Reading, DistanceKind::Either});
     const auto likeTrip = isOf({DistanceKind::Trip, DistanceKind::Either});
     const auto trip = isOf({DistanceKind::Trip});
-    if (!isTaken(Meaning::Odometer) && !isTaken(Meaning::Trip)) {
+    if (!isTaken(Meaning::Odometer)) {
       takeBest(HeadWord::Odometer, Meaning::Odometer, likeReading) ||
           takeBest(HeadWord::Distance, Meaning::Odometer, reading) ||
-          takeBest(HeadWord::Trip, Meaning::Odometer, reading) ||
+          takeBest(HeadWord::Trip, Meaning::Odometer, reading) || isTaken(Meaning::Trip) ||
           takeBest(HeadWord::Trip, Meaning::Trip, likeTrip) ||
           takeBest(HeadWord::Distance, Meaning::Trip, trip) ||
           takeBest(HeadWord::Odometer, Meaning::Trip, trip) ||
@@ -185,7 +205,7 @@ class Proposal {
     for (const std::size_t product : open)
       for (const std::size_t a : open)
         for (const std::size_t b : open)
-          if (a < b && a != product && b != product && facts_[product].distinct > 2 &&
+          if (a < b && a != product && b != product && facts_[a].distinct > 2 && facts_[b].distinct > 2 &&
               isProduct(a, b, product))
             return takeProductOf(a, b, product);
     return false;
@@ -208,7 +228,7 @@ class Proposal {
 
   bool isMoneyHead(std::size_t column) const {
     const HeadWord word = facts_[column].head.word;
-    return !isSettled_[column] && facts_[column].areFigures() &&
+    return !isSettled_[column] && facts_[column].areFigures() && !areAnswers(facts_[column]) &&
            (word == HeadWord::TotalCost || word == HeadWord::UnitPrice || word == HeadWord::Price ||
             word == HeadWord::Amount);
   }
@@ -232,12 +252,15 @@ class Proposal {
                [&](const ColumnFacts& facts) { return any(facts) && isOfUnit(facts); });
     else
       takeBest(HeadWord::Price, Meaning::TotalCost, any);
-    takeBest(HeadWord::Amount, Meaning::TotalCost, any);
+    if (isTaken(Meaning::Volume))
+      takeBest(HeadWord::Amount, Meaning::TotalCost,
+               [&](const ColumnFacts& facts) { return any(facts) && !areAnswers(facts); });
+    takeThirdOfProduct();
     dismissMoney();
   }
 
   void dismissMoney() {
-    dismiss({HeadWord::TotalCost, HeadWord::UnitPrice, HeadWord::Price, HeadWord::Amount, HeadWord::Volume});
+    dismiss({HeadWord::TotalCost, HeadWord::UnitPrice, HeadWord::Price, HeadWord::Volume});
   }
 
   // Of several columns of money one may be the product of another and the volume.
@@ -252,6 +275,19 @@ class Proposal {
           return true;
         }
     return false;
+  }
+
+  // Of volume, price and cost the one that no head names, where two are known.
+  void takeThirdOfProduct() {
+    const std::size_t volume = columnOf(Meaning::Volume);
+    const std::size_t price = columnOf(Meaning::UnitPrice);
+    const std::size_t cost = columnOf(Meaning::TotalCost);
+    if (price == kNone || (volume == kNone) == (cost == kNone)) return;
+    for (std::size_t i = 0; i < facts_.size(); ++i) {
+      if (isSettled_[i] || !facts_[i].areFigures()) continue;
+      if (cost == kNone && isProduct(volume, price, i)) return settle(i, Meaning::TotalCost);
+      if (volume == kNone && isProduct(i, price, cost)) return settle(i, Meaning::Volume);
+    }
   }
 
   bool isOfUnit(const ColumnFacts& facts) const {
@@ -282,73 +318,76 @@ class Proposal {
     const double inMoney = spread(paid.money);
     const double inQuotients = spread(paid.perVolume);
     if (isStated)
-      return inMoney > 2 * inQuotients && paid.money.size() > 3 && inQuotients > 0 ? open()
+      return inMoney > 2 * inQuotients && paid.money.size() > 3 && inQuotients > 0 ? open(column)
                                                                                    : Meaning::UnitPrice;
     if (paid.money.size() > 3 && inMoney > 1.3 * inQuotients) return Meaning::TotalCost;
     if (facts_[column].median < kCheapest && paid.perVolume.front() < 0.5) return Meaning::UnitPrice;
-    return open();
+    return open(column);
   }
 
   // Nothing is chosen over the column, so that a person can choose either.
-  Meaning open() {
-    isPriceOpen_ = true;
+  Meaning open(std::size_t column) {
+    priceColumn_ = column;
     return Meaning::NotUnderstood;
   }
 
   // Columns of words, and all that is left.
   void settleWords() {
     const auto any = [](const ColumnFacts&) { return true; };
-    constexpr std::pair<HeadWord, Meaning> kWords[] = {{HeadWord::Full, Meaning::Full},
-                                                       {HeadWord::Partial, Meaning::Partial},
-                                                       {HeadWord::Missed, Meaning::Missed},
+    takeBest(HeadWord::Full, Meaning::Full, areWords) ||
+        takeBest(HeadWord::Amount, Meaning::Full, areAnswers) ||
+        takeBest(HeadWord::Partial, Meaning::Partial, areWords);
+    constexpr std::pair<HeadWord, Meaning> kWords[] = {{HeadWord::Missed, Meaning::Missed},
                                                        {HeadWord::NoteCost, Meaning::NoteCost},
                                                        {HeadWord::Part, Meaning::Part},
                                                        {HeadWord::Description, Meaning::Description},
                                                        {HeadWord::DistanceUnit, Meaning::DistanceUnit},
                                                        {HeadWord::VolumeUnit, Meaning::VolumeUnit},
                                                        {HeadWord::Currency, Meaning::Currency}};
-    for (const auto& [word, meaning] : kWords) {
-      if (meaning == Meaning::Partial && isTaken(Meaning::Full)) continue;
-      takeBest(word, meaning, any);
-    }
+    for (const auto& [word, meaning] : kWords) takeBest(word, meaning, any);
     settleKinds();
+    settleRest();
+  }
+
+  void settleRest() {
     for (std::size_t i = 0; i < facts_.size(); ++i) {
       if (isSettled_[i]) continue;
-      if (facts_[i].head.word == HeadWord::Note) settle(i, Meaning::Note);
-      if (facts_[i].head.word == HeadWord::Vehicle) settle(i, Meaning::Vehicle);
-      if (facts_[i].head.word != HeadWord::Unknown && !isSettled_[i]) settle(i, Meaning::NotNeeded);
-      if (!isSettled_[i] && facts_[i].filled == 0) settle(i, Meaning::NotNeeded);
+      const HeadWord word = facts_[i].head.word;
+      if (word == HeadWord::Note)
+        settle(i, Meaning::Note);
+      else if (word == HeadWord::Vehicle && areNames(facts_[i]))
+        settle(i, Meaning::Vehicle);
+      else if (word != HeadWord::Unknown || facts_[i].filled == 0)
+        settle(i, Meaning::NotNeeded);
     }
   }
 
   // A column of kinds may say which fills were full.
   void settleKinds() {
-    const auto saysFull = [](const ColumnFacts& facts) {
-      std::set<std::string> words;
-      for (const std::string_view cell : facts.cells)
-        if (!cell.empty() && words.size() < 5) words.insert(folded(cell));
-      return words.size() == 2 &&
-             std::ranges::all_of(words, [](const std::string& word) { return yesOrNo(word).has_value(); });
-    };
     if (!isTaken(Meaning::Full) && !isTaken(Meaning::Partial))
-      takeBest(HeadWord::Kind, Meaning::Full, saysFull) || takeBest(HeadWord::Fuel, Meaning::Full, saysFull);
+      takeBest(HeadWord::Kind, Meaning::Full, tellsFills) ||
+          takeBest(HeadWord::Fuel, Meaning::Full, tellsFills) ||
+          takeBest(HeadWord::Known, Meaning::Full, namesFills) ||
+          takeBest(HeadWord::Unknown, Meaning::Full, namesFills);
     takeBest(HeadWord::Kind, Meaning::Kind, [](const ColumnFacts&) { return true; });
   }
 
   const std::vector<ColumnFacts>& facts_;
   std::vector<Meaning> meanings_;
   std::vector<bool> isSettled_;
-  bool isPriceOpen_ = false;
+  std::optional<std::size_t> priceColumn_;
 };
 
 }  // namespace
 
-std::vector<Meaning> proposeMeanings(const std::vector<ColumnFacts>& facts,
-                                     const std::map<std::size_t, Meaning>& said, bool& isPriceOpen) {
+ProposedMeanings proposeMeanings(const std::vector<ColumnFacts>& facts,
+                                 const std::map<std::size_t, Meaning>& said) {
   Proposal proposal(facts, said);
-  std::vector<Meaning> meanings = proposal.make();
-  isPriceOpen = proposal.isPriceOpen();
-  return meanings;
+  ProposedMeanings proposed;
+  proposed.meanings = proposal.make();
+  proposed.priceColumn = proposal.priceColumn();
+  proposed.unknownColumn = proposal.unknownColumn(said);
+  return proposed;
 }
 
 }  // namespace tarvik::exchange

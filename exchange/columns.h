@@ -38,9 +38,16 @@ std::vector<const CsvRow*> dataRows(const LogTable& table);
 /// the one given, else what goes with the separator.
 std::vector<ColumnFacts> lookAt(const LogTable& table, std::optional<DecimalSign> sign);
 
-/// What the columns are read as: what heads and values say together, and the person before both. isPriceOpen
-/// becomes true where a column could hold the price of a litre or of all.
-std::vector<Meaning> proposeMeanings(const std::vector<ColumnFacts>& facts,
-                                     const std::map<std::size_t, Meaning>& said, bool& isPriceOpen);
+/// What columns are read as, and where two readings of one fit.
+struct ProposedMeanings {
+  std::vector<Meaning> meanings;
+  std::optional<std::size_t> priceColumn;  ///< holds the price of a litre or of all
+  std::optional<std::size_t>
+      unknownColumn;  ///< may hold what no other column does: the full fills, the money
+};
+
+/// What the columns are read as: what heads and values say together, and the person before both.
+ProposedMeanings proposeMeanings(const std::vector<ColumnFacts>& facts,
+                                 const std::map<std::size_t, Meaning>& said);
 
 }  // namespace tarvik::exchange

@@ -44,28 +44,48 @@ std::vector<const LogRow*> forwards(const std::vector<LogRow>& rows) {
   return found;
 }
 
+// A distance of a log without readings, of an entry or of a row that is left out.
+struct Leg {
+  core::Day day{};
+  int line = 0;
+  core::Ratio kilometres = 0;
+  Candidate* candidate = nullptr;
+};
+
+std::vector<Leg> legsOf(const LogRows& rows, std::vector<Candidate>& candidates) {
+  std::vector<Leg> legs;
+  for (const UnreadRow& row : rows.unread)
+    if (!row.trip.isZero()) legs.push_back({row.readDay, row.line, row.trip, nullptr});
+  for (Candidate& candidate : candidates)
+    legs.push_back({candidate.row->day, candidate.row->line, candidate.row->trip.value_or(0), &candidate});
+  const int direction = isLatestFirst(rows.rows) ? -1 : 1;
+  std::ranges::sort(legs, [&](const Leg& a, const Leg& b) {
+    return a.day != b.day ? a.day < b.day : direction * a.line < direction * b.line;
+  });
+  return legs;
+}
+
 // Where a log of distances begins.
-core::Ratio startOf(const std::vector<LogRow>& rows, const Reading& reading) {
+core::Ratio startOf(const std::vector<Leg>& legs, const Reading& reading) {
   if (!reading.tripStart) return 0;
   if (reading.tripStart->isAtStart) return reading.tripStart->reading;
   core::Ratio driven = 0;
-  for (const LogRow& row : rows) driven = driven + row.trip.value_or(0);
+  for (const Leg& leg : legs) driven = driven + leg.kilometres;
   return reading.tripStart->reading - driven;
 }
 
 // Distances add up in the order of their days.
-void addUp(std::vector<Candidate>& candidates, core::Ratio kilometres) {
-  for (Candidate& candidate : candidates) {
-    kilometres = kilometres + candidate.row->trip.value_or(0);
-    candidate.kilometres = kilometres;
+void addUp(const std::vector<Leg>& legs, core::Ratio kilometres) {
+  for (const Leg& leg : legs) {
+    kilometres = kilometres + leg.kilometres;
+    if (leg.candidate != nullptr) leg.candidate->kilometres = kilometres;
   }
 }
 
-std::vector<Candidate> inOrder(const std::vector<LogRow>& rows, const Reading& reading,
-                               core::Ratio kilometres) {
+std::vector<Candidate> inOrder(const LogRows& rows, const Reading& reading, core::Ratio kilometres) {
   std::vector<Candidate> candidates;
   core::Day latest = core::kFirstDay;
-  for (const LogRow* row : forwards(rows)) {
+  for (const LogRow* row : forwards(rows.rows)) {
     kilometres = row->kilometres.value_or(kilometres);
     candidates.push_back({row, kilometres, row->day < latest});
     latest = std::max(latest, row->day);
@@ -75,7 +95,9 @@ std::vector<Candidate> inOrder(const std::vector<LogRow>& rows, const Reading& r
     if (a.row->day != b.row->day || reading.isOwn || hasTrips) return a.row->day < b.row->day;
     return a.kilometres < b.kilometres;
   });
-  if (hasTrips) addUp(candidates, startOf(rows, reading));
+  if (!hasTrips) return candidates;
+  const std::vector<Leg> legs = legsOf(rows, candidates);
+  addUp(legs, startOf(legs, reading));
   return candidates;
 }
 
@@ -213,7 +235,7 @@ ImportPlan planImport(const LogRows& rows, const Reading& reading, const PlanCon
   const bool keeps = reading.isOwn && reading.has(Meaning::Consumption);
   ImportPlan plan{.isOwn = keeps, .entries = {}, .unread = rows.unread, .whole = {}};
   const core::Logbook& logbook = context.logbook;
-  for (const Candidate& candidate : inOrder(rows.rows, reading, logbook.record(logbook.count()).KmOra)) {
+  for (const Candidate& candidate : inOrder(rows, reading, logbook.record(logbook.count()).KmOra)) {
     try {
       plan.entries.push_back(planned(candidate, reading, context));
     } catch (const core::Failure&) {

@@ -99,14 +99,29 @@ class RowReader {
     if (!isWanted(row, place)) return unread(row, Why::OtherVehicle, vehicleOf(row, table_, reading_), {});
     if (reading_.isOwn) return readOwn(row, *day);
     if (hasStrayFigure(cells)) return unread(row, Why::TooManyCells, {}, cells.cells.back());
+    auto read = readGuarded(row, *day);
+    if (auto* unread = std::get_if<UnreadRow>(&read)) noteTrip(cells, *day, *unread);
+    return read;
+  }
+
+ private:
+  std::variant<LogRow, UnreadRow> readGuarded(const TableRow& row, core::Day day) const {
     try {
-      return readFigures(row, *day);
+      return readFigures(row, day);
     } catch (const core::Failure&) {
       return unreadCell(row, Why::FigureTooLarge, reading_.columnOf(Meaning::Volume));
     }
   }
 
- private:
+  // A row that is left out was driven all the same.
+  void noteTrip(const CsvRow& row, core::Day day, UnreadRow& unread) const {
+    constexpr int kLongest = 100'000;
+    const auto trip = reading_.has(Meaning::Odometer) ? std::nullopt : figure(row, Meaning::Trip);
+    if (!trip || !*trip || **trip > kLongest) return;
+    unread.readDay = day;
+    unread.trip = **trip * kilometresOf(distanceUnitOf(row));
+  }
+
   static std::optional<Why> whyNoData(const TableRow& row) {
     switch (row.kind) {
       case RowKind::Data:
@@ -248,8 +263,9 @@ class RowReader {
   }
 
   static bool saysMissed(std::string_view text) {
-    return yesOrNo(text).value_or(hasDigit(text) &&
-                                  text.find_first_of("123456789") != std::string_view::npos);
+    if (const auto answer = yesOrNo(text)) return *answer;
+    if (folded(text).empty()) return !text.empty() && text != "-" && text != "–";  // a mark
+    return text.find_first_of("123456789") != std::string_view::npos;
   }
 
   void readWords(const CsvRow& row, LogRow& read) const {

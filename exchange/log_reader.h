@@ -59,6 +59,8 @@ struct UnreadRow {
   std::string volume{};
   std::string cost{};
   std::string text{};
+  core::Day readDay{};   ///< of a row with a distance, where a log has no readings
+  core::Ratio trip = 0;  ///< km: the car was driven, whatever else the row lacks
 
   /// Whether a fill-up may be lost with it, so that the entry behind it has no consumption to be told.
   bool mayBeFillUp() const;

@@ -52,6 +52,13 @@ void askForColumns(Reading& reading) {
   if (!hasVolume) ask(reading, Question::VolumeColumn, false);
 }
 
+// Of columns that lack what the first ones ask for, nothing else is asked.
+void askForUnknown(const ProposedMeanings& proposed, Reading& reading) {
+  reading.unknownColumn = proposed.priceColumn ? proposed.priceColumn : proposed.unknownColumn;
+  if (proposed.priceColumn) ask(reading, Question::Price, false);
+  if (proposed.unknownColumn && reading.open.empty()) ask(reading, Question::UnknownColumn, false);
+}
+
 bool isSignOpen(const std::vector<ColumnFacts>& facts, const Reading& reading) {
   constexpr std::array kFigures = {Meaning::Odometer,  Meaning::Trip,      Meaning::Volume,
                                    Meaning::TotalCost, Meaning::UnitPrice, Meaning::NoteCost};
@@ -93,10 +100,10 @@ Reading understand(const LogTable& table, const Choices& choices) {
   if (areOwnHeads(table.heads)) return ownReading(table, choices);
   Reading reading;
   const std::vector<ColumnFacts> facts = lookAt(table, choices.sign);
-  bool isPriceOpen = false;
-  readColumns(table, facts, proposeMeanings(facts, choices.columns, isPriceOpen), reading);
+  const ProposedMeanings proposed = proposeMeanings(facts, choices.columns);
+  readColumns(table, facts, proposed.meanings, reading);
   askForColumns(reading);
-  if (isPriceOpen) ask(reading, Question::Price, false);
+  askForUnknown(proposed, reading);
   findDayOrder(facts, choices, reading);
   showSign(reading);
   if (isSignOpen(facts, reading)) ask(reading, Question::DecimalSign, choices.sign.has_value());

@@ -86,7 +86,8 @@ enum class Question {
   DayColumn,
   OdometerColumn,
   VolumeColumn,
-  Price,  ///< whether a column holds the price of a litre or of all
+  Price,          ///< whether a column holds the price of a litre or of all
+  UnknownColumn,  ///< what a column holds that may say which fills were full, or what they cost
   Vehicle,
   DayOrder,
   DistanceUnit,
@@ -134,8 +135,9 @@ struct Reading {
   std::vector<std::size_t> vehicleOfRow;  ///< of each row of the table's data, where only the readings tell
   std::optional<std::size_t> vehicle;     ///< the chosen one; vehicles.size(): all rows
   std::optional<TripStart> tripStart;
-  std::vector<Question> asked;  ///< what the file leaves open, answered or not
-  std::vector<Question> open;   ///< of these, what nobody answered yet
+  std::optional<std::size_t> unknownColumn;  ///< the column that Price or UnknownColumn asks about
+  std::vector<Question> asked;               ///< what the file leaves open, answered or not
+  std::vector<Question> open;                ///< of these, what nobody answered yet
 
   /// Where the first column of that meaning is; columns.size() for none.
   std::size_t columnOf(Meaning meaning) const;

@@ -79,6 +79,74 @@ TEST(AColumn, OfVolumesWithoutFiguresBesidePricesIsAskedFor) {
   EXPECT_EQ(log.rows.rows.size() + log.rows.unread.size(), 3U);
 }
 
+// Under a head that nobody knows: what may say which fills were full must not be passed over.
+TEST(AColumn, OfTwoAnswersThatNothingIsKnownOfIsAsked) {
+  const std::string text =
+      "Dátum;Km;Liter;Ft;Pukk;Zutty\n2024.01.05.;48210;41;25575;i;M7\n2024.01.19.;48866;44;27681;n;\n"
+      "2024.02.02.;49391;20;12519;i;Győr\n2024.02.09.;49991;40;25000;i;\n";
+  const ReadLog log = readLog(text);
+  EXPECT_THAT(log.reading.open, ElementsAre(Question::UnknownColumn));
+  EXPECT_EQ(log.reading.unknownColumn, 4U);
+  const ReadLog full = readLog(text, {.columns = {{4, Meaning::Full}}});
+  EXPECT_THAT(full.reading.open, IsEmpty());
+  EXPECT_FALSE(full.rows.rows[1].isFull);
+  EXPECT_THAT(readLog(text, {.columns = {{4, Meaning::NotNeeded}}}).reading.open, IsEmpty());
+}
+
+TEST(AColumn, OfFiguresThatNothingIsKnownOfIsAskedWhereNoneIsOfMoney) {
+  const std::string rows = "2024.01.05.;48210;41;25575\n2024.01.19.;48866;44;27681\n";
+  EXPECT_THAT(readLog("Dátum;Km;Liter;Zutty\n" + rows).reading.open, ElementsAre(Question::UnknownColumn));
+  EXPECT_THAT(readLog("Dátum;Km;Liter;Ft\n" + rows).reading.open, IsEmpty());
+  EXPECT_THAT(readLog("Dátum;Km;Liter;Hatótáv\n" + rows).reading.open, IsEmpty());
+}
+
+TEST(AColumn, OfAnswersIsNoMoneyAndOneOfLitresIsNoFullTank) {
+  const std::string rows = "2024-01-05,30000,40.5,1,60.1\n2024-01-19,30500,41.5,0,61.2\n";
+  const ReadLog fill = readLog("Date,Odometer (km),Litres filled,Fill?,Paid (EUR)\n" + rows);
+  EXPECT_EQ(fill.meaningOf("Fill?"), Meaning::Full);
+  EXPECT_EQ(fill.meaningOf("Litres filled"), Meaning::Volume);
+  EXPECT_FALSE(fill.rows.rows[1].isFull);
+}
+
+TEST(AColumn, OfKindsSaysWhichFillsWereFullWhereOneOfItsWordsDoes) {
+  const ReadLog log = readLog(
+      "Dátum;Km;Liter;Ft;Típus\n2024.01.05.;48210;41;25575;tele\n2024.01.19.;48866;44;27681;részleges\n"
+      "2024.01.29.;49266;24;17681;kanna\n");
+  EXPECT_EQ(log.meaningOf("Típus"), Meaning::Full);
+  EXPECT_TRUE(log.asks(Question::FullWord));  // of the third word
+}
+
+TEST(AColumn, OfDaysIsTheDayWhateverItsHead) {
+  const std::string rows = "2024.01.05.;48210;41;25575\n2024.01.19.;48866;44;27681\n";
+  for (const char* head : {"Tankolás", "Zutty", "Filled on", "Teletank"})
+    EXPECT_EQ(readLog(std::string(head) + ";Km;Liter;Ft\n" + rows).meaningOf(head), Meaning::Day) << head;
+}
+
+TEST(AColumn, OfReadingsIsNoVehicleAndOneOfSmallFiguresNoReading) {
+  const ReadLog log = readLog(
+      "Date,Mileage,Model,Litres,Paid (INR)\n2024-01-05,18.5,1000,40,4000\n2024-01-19,19.1,1700,41,4100\n"
+      "2024-01-29,18.7,2400,42,4200\n2024-02-05,18.1,3100,40,4000\n2024-02-19,19.9,3800,41,4100\n");
+  EXPECT_NE(log.meaningOf("Mileage"), Meaning::Odometer);
+  EXPECT_NE(log.meaningOf("Model"), Meaning::Vehicle);
+  EXPECT_TRUE(log.asks(Question::OdometerColumn));
+}
+
+// 40 × 600 = 24,000 and so on.
+TEST(AColumn, ThatIsVolumeTimesPriceIsTheCostWhateverItsHead) {
+  const std::string rows =
+      "2024.01.05.;48210;40;600;24000\n2024.01.19.;48866;44;610;26840\n2024.02.02.;49391;20;620;12400\n";
+  EXPECT_EQ(readLog("Dátum;Km;Liter;Egységár;Zutty\n" + rows).meaningOf("Zutty"), Meaning::TotalCost);
+  EXPECT_EQ(readLog("Dátum;Km;Zutty;Egységár;Ft\n" + rows).meaningOf("Zutty"), Meaning::Volume);
+}
+
+// What the person said is a distance does not hide the readings beside it.
+TEST(AColumn, OfDistancesLeavesTheReadingsTheirPlace) {
+  const ReadLog log = readLog("Dátum;Km;Liter;Zutty\n2024.01.05.;48210;41;500\n2024.01.19.;48866;44;656\n",
+                              {.columns = {{3, Meaning::Trip}}});
+  EXPECT_EQ(log.meaningOf("Km"), Meaning::Odometer);
+  EXPECT_FALSE(log.asks(Question::TripStart));
+}
+
 TEST(TheWordsForFull, AreAskedWhereTheyAreNotKnown) {
   const std::string text =
       "Dátum;Km;Liter;Ft;Teletankolás\n2024.01.05.;48210;41,27;25575;csurig\n2024.01.19.;48866;44,03;27681;"
@@ -199,6 +267,27 @@ TEST(ALogOfDistances, IsAskedForItsReading) {
   };
   EXPECT_THAT(readings(true, 1'000), ElementsAre(1'640, 2'150, 2'630));
   EXPECT_THAT(readings(false, 10'000), ElementsAre(9'010, 9'520, 10'000));
+}
+
+// 640, then 250 without a fill-up, then 510.
+TEST(ALogOfDistances, CountsThoseOfRowsThatAreLeftOut) {
+  const std::string rows[] = {"2024.01.05.;640;41;25575\n", "2024.01.09.;250;;\n",
+                              "2024.01.19.;510;31;18600\n"};
+  const exchange::Choices start{.tripStart = exchange::TripStart{true, Ratio(1'000)}};
+  for (const std::string& text : {rows[0] + rows[1] + rows[2], rows[2] + rows[1] + rows[0]}) {
+    const auto plan = planOf(readLog("Dátum;Megtett km;Liter;Ft\n" + text, start));
+    ASSERT_EQ(plan.entries.size(), 2U);
+    EXPECT_EQ(plan.entries[0].entry.KmOra, 1'640);
+    EXPECT_EQ(plan.entries[1].entry.KmOra, 2'400);
+  }
+}
+
+// The consumption is written with a comma, what is kept with a point.
+TEST(ADecimalSign, OfWhatIsNotKeptTellsNothingOfTheRest) {
+  const ReadLog log = readLog(
+      "Dátum,Km,Liter,Egységár,Fogyasztás\n2024.01.05.,48210,41.271,1.589,\"7,1\"\n"
+      "2024.01.19.,48866,44.035,1.612,\"6,7\"\n");
+  EXPECT_EQ(log.rows.rows[0].litres, Ratio(41'271, 1'000));
 }
 
 TEST(SeveralVehicles, AreToldByAColumn) {

@@ -124,7 +124,7 @@ void ImportPreview::listAgain() {
 }
 
 QString ImportPreview::missing() const {
-  if (!reading_.open.empty()) return wordsOf(reading_.open.front());
+  if (!reading_.open.empty()) return wordsOf(reading_.open.front(), reading_);
   if (rows_->plan().whole.size() <= core::kHighestRecordNumber) return {};
   return QStringLiteral("Túl sok: a naplóba legfeljebb %1 bejegyzés fér!").arg(core::kHighestRecordNumber);
 }
@@ -133,7 +133,7 @@ QString ImportPreview::missing() const {
 void ImportPreview::focusQuestion() {
   if (reading_.open.empty()) return ui_->ListViewBejegyzesek->setFocus();
   QWidget* field = ui_->valasztasok->fieldOf(reading_.open.front());
-  if (field == nullptr) field = ui_->oszlopok->box(0);
+  if (field == nullptr) field = ui_->oszlopok->box(reading_.unknownColumn.value_or(0));
   if (field != nullptr) field->setFocus();
 }
 

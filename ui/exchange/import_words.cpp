@@ -39,6 +39,10 @@ QString figureOf(const std::optional<core::Ratio>& value, const char* pattern, c
   return (value ? toQt(core::formatted(*value, pattern)) : QStringLiteral("–")) + unit;
 }
 
+QString unknownHead(const Reading& reading) {
+  return reading.unknownColumn ? toQt(reading.columns[*reading.unknownColumn].head).simplified() : QString();
+}
+
 bool hasDamagedLetters(const LogTable& table) {
   return std::ranges::any_of(table.rows, [](const exchange::TableRow& row) {
     return std::ranges::any_of(row.row.cells, [](const std::string& cell) {
@@ -222,7 +226,7 @@ QString wordsOf(Meaning meaning) {
   return QString::fromUtf8(kWords[static_cast<int>(meaning)]);
 }
 
-QString wordsOf(Question question) {
+QString wordsOf(Question question, const Reading& reading) {
   switch (question) {
     case Question::DayColumn:
       return QStringLiteral("Válaszd ki, melyik oszlop a dátum!");
@@ -242,6 +246,9 @@ QString wordsOf(Question question) {
       return QStringLiteral("Válaszd ki, milyen gallon van a fájlban!");
     case Question::Price:
       return QStringLiteral("Válaszd ki az ár oszlopa fölött, hogy az egész költség vagy egységár!");
+    case Question::UnknownColumn:
+      return QStringLiteral("Válaszd ki a(z) „%1” oszlop fölött, mit jelent; ha semmit, azt, hogy nem kell!")
+          .arg(unknownHead(reading));
     case Question::FullWord:
       return QStringLiteral("Válaszd ki, melyik szó jelenti, hogy tele lett a tank!");
     case Question::Vehicle:

@@ -30,7 +30,7 @@ QString wordsOf(const exchange::UnreadRow& row);
 QString wordsOf(exchange::Meaning meaning);
 
 /// What has to be answered before anything can be taken over.
-QString wordsOf(exchange::Question question);
+QString wordsOf(exchange::Question question, const exchange::Reading& reading);
 
 /// A vehicle of a file with several.
 QString wordsOf(const exchange::VehicleRows& vehicle);
