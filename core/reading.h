@@ -37,7 +37,8 @@ struct ReadingDoubt {
 /// nearest of them. Nothing for 0 and for a text that is no number, and where there is no earlier reading.
 std::optional<ReadingDoubt> doubtOf(std::string_view typed, const EarlierReadings& earlier);
 
-/// Whether further digits can still make a reading of it that doubtOf has nothing against: "24" before 241500.
+/// Whether further digits can still make a reading of it that doubtOf has nothing against: "24" before
+/// 241500.
 bool canStillBecomeSound(std::string_view typed, const EarlierReadings& earlier);
 
 }  // namespace tarvik::core

@@ -4,6 +4,7 @@
 #include "core/field_number.h"
 #include "core/number_format.h"
 #include "core/ratio.h"
+#include "core/search.h"
 #include "core/text.h"
 
 namespace tarvik::repairs {
@@ -19,11 +20,8 @@ struct Keys {
 
   bool keep(const Repair& repair) const {
     return (isAllVehicles || repair.plate.trimmed() == plate) &&
-           holds(repair.description.asStored(), description) && holds(repair.part.asStored(), part);
-  }
-
-  static bool holds(const std::string& text, const std::string& key) {
-    return key.empty() || core::upperCased(text).find(key) != std::string::npos;
+           core::holdsUpperCased(repair.description.asStored(), description) &&
+           core::holdsUpperCased(repair.part.asStored(), part);
   }
 
   std::string plate;
@@ -52,6 +50,11 @@ std::vector<RepairRow> rowsOf(const Repairs& repairs, const RepairFilter& filter
     if (keys.keep(repair)) rows.push_back(rowOf(repair, number));
   }
   return rows;
+}
+
+std::string searchedText(const Repair& repair) {
+  return core::shortDateOfStored(repair.date) + '\n' + repair.description.trimmed() + '\n' +
+         repair.part.trimmed();
 }
 
 std::string totalText(std::span<const RepairRow> rows) {

@@ -34,6 +34,9 @@ struct RepairFilter {
 /// The rows of the entries that the filter keeps, in file order.
 std::vector<RepairRow> rowsOf(const Repairs& repairs, const RepairFilter& filter);
 
+/// What of an entry is searched, a line each: its day as listed, description and part.
+std::string searchedText(const Repair& repair);
+
 /// The rows' whole cost in the form "1 234 567"; throws Failure(OutOfRange) when the sum leaves 32 bits.
 std::string totalText(std::span<const RepairRow> rows);
 

@@ -56,6 +56,16 @@ TEST(RepairRows, ShowThePlateAsStoredAndTheTextsTrimmed) {
                                     .number = 1}));
 }
 
+TEST(RepairRows, AreSearchedByDayDescriptionAndPart) {
+  EXPECT_EQ(searchedText({.plate = core::FixedText<10>("ABC-123"),
+                          .date = 41'460,
+                          .description = core::FixedText<80>(" Fékbetét csere "),
+                          .part = core::FixedText<80>("Fékbetét"),
+                          .costFt = 24'500,
+                          .readingKm = 132'450}),
+            "2013.07.05.\nFékbetét csere\nFékbetét");
+}
+
 TEST(RepairRows, ShowADamagedDateAsAQuestionMark) {
   Repair damaged = repairOf("A", "");
   damaged.date = std::numeric_limits<double>::quiet_NaN();
