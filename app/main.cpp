@@ -5,6 +5,7 @@
 #include <QTranslator>
 #include <optional>
 
+#include "app/browser.h"
 #include "app/menu_place.h"
 #include "app/own_plugins.h"
 #include "app/system_clock.h"
@@ -51,6 +52,7 @@ int main(int argc, char** argv) {
   tarvik::ui::dress();
   QTranslator translator;
   speakHungarian(application, translator);
+  tarvik::app::openFilesInBrowser();
 
   tarvik::core::MachineFileSystem files;
   const auto folders = foldersToUse(files);

@@ -57,7 +57,7 @@ ChartPanel::~ChartPanel() = default;
 
 void ChartPanel::savePicture() {
   static const FileKind kPicture{QStringLiteral("Grafikon mentése képként"),
-                                 QStringLiteral("PNG kép (*.png);;PDF dokumentum (*.pdf)"),
+                                 QStringLiteral("PNG-kép (*.png);;PDF-dokumentum (*.pdf)"),
                                  QStringLiteral("png")};
   saveDocument(context_, kPicture, pictureName() + QStringLiteral(".png"), this,
                [this](OutputFile& file) { return ui_->MSChart1->writePicture(file); });

@@ -100,6 +100,7 @@ RestorePane::RestorePane(Context& context, QWidget* parent)
 }
 
 void RestorePane::build() {
+  setProperty("chapter", QStringLiteral("visszaállítás-mentésből"));
   auto* layout = new QVBoxLayout(this);
   auto* lists = new QHBoxLayout;
   const auto add = [&](QListWidget* list, const QString& name, const QString& caption, int share) {
