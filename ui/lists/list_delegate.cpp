@@ -67,6 +67,11 @@ void ListDelegate::mark(const QString& record, QAbstractItemView& view) {
   });
 }
 
+void ListDelegate::showFound(const QString& record, QAbstractItemView& view) {
+  found_ = record;
+  view.viewport()->update();
+}
+
 void ListDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
   QStyledItemDelegate::initStyleOption(option, index);
   const QVariant overdue = index.data(kOverdueRole);
@@ -75,7 +80,8 @@ void ListDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
     showMark(*option, overdue.toBool() ? QList<QPolygonF>{kStroke, kDot} : QList<QPolygonF>());
   if (ticks_ == Ticks::Marks && option->features.testFlag(QStyleOptionViewItem::HasCheckIndicator))
     showMark(*option, option->checkState == Qt::Checked ? QList<QPolygonF>{kHook} : QList<QPolygonF>());
-  if (!marked_.isEmpty() && recordOf(index) == marked_)
+  const bool hasTint = !marked_.isEmpty() || !found_.isEmpty();
+  if (hasTint && (recordOf(index) == marked_ || recordOf(index) == found_))
     option->backgroundBrush =
         between(option->palette.color(QPalette::Base), option->palette.color(QPalette::Highlight), kTint);
 }

@@ -8,8 +8,8 @@ class QTreeView;
 namespace tarvik::ui {
 
 /// Paints the rows of a list: a check state as a mark that cannot be pressed, an overdue row in its colour
-/// and with a mark, a new row with a tint for a moment, and a tooltip with the whole of a text that its
-/// column cuts off.
+/// and with a mark, a new row with a tint for a moment, a found one for as long as it is the found one, and a
+/// tooltip with the whole of a text that its column cuts off.
 class ListDelegate : public QStyledItemDelegate {
   Q_OBJECT
 
@@ -24,8 +24,12 @@ class ListDelegate : public QStyledItemDelegate {
 
   /// Tints the row of that record number for a moment; the view is painted again when it is over.
   void mark(const QString& record, QAbstractItemView& view);
-  /// The record number of the tinted row; empty when there is none.
+  /// The record number of the row that is tinted for a moment; empty when there is none.
   QString marked() const { return marked_; }
+  /// Tints the row of that record number until another one is the found one; none for an empty text.
+  void showFound(const QString& record, QAbstractItemView& view);
+  /// The record number of the found row; empty when there is none.
+  QString found() const { return found_; }
 
   bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                  const QModelIndex& index) override;
@@ -36,6 +40,7 @@ class ListDelegate : public QStyledItemDelegate {
  private:
   Ticks ticks_;
   QString marked_;
+  QString found_;
 };
 
 /// Gives a list the program's rows and columns: each column as wide as its head and the longest of its

@@ -65,6 +65,10 @@ bool ListView::markRecord(int record) {
   return true;
 }
 
+void ListView::showFound(const QString& record) {
+  if (auto* delegate = qobject_cast<ListDelegate*>(itemDelegate())) delegate->showFound(record, *this);
+}
+
 int ListView::shownColumns() const {
   return model() == nullptr ? 0 : model()->columnCount() - 1;
 }

@@ -26,6 +26,12 @@ class ListView : public QTreeView {
   void highlightRecord(int record);
   /// Brings the row of that record in view and tints it for a moment; false when the list has none of it.
   bool markRecord(int record);
+  /// Tints the row of that record as the one that a search found; none for an empty text.
+  void showFound(const QString& record);
+  /// Puts the keyboard on a row, or on none for -1, without choosing it; the view stays where it is.
+  void standOn(int row) { choice_->standOn(row); }
+  /// Chooses the row on which the keyboard stands; false when there is none or it could not be chosen.
+  bool chooseCurrent() { return choice_->choose(currentIndex().row()); }
   /// Fills the list anew and leaves it where it was, see RowChoice.
   void keepPlace(const std::function<void()>& refill) { choice_->keepPlace(refill); }
   /// How many columns are shown: all but the record number.

@@ -65,12 +65,15 @@ void RowChoice::follow(const QItemSelection& selected) {
 }
 
 // Under the mouse the row is in sight, and must not move while the button is down.
-void RowChoice::choose(int row) {
+bool RowChoice::choose(int row) {
+  if (!view_->model()->index(row, 0).isValid()) return false;
   wasChosen_ = true;
   const QPersistentModelIndex before = highlighted_;
   highlight(row);
   if (!isPressed_) view_->scrollTo(highlighted_);
-  if (!choose_(row)) highlight(before.row());
+  const bool isChosen = choose_(row);
+  if (!isChosen) highlight(before.row());
+  return isChosen;
 }
 
 bool RowChoice::eventFilter(QObject* watched, QEvent* event) {

@@ -29,6 +29,10 @@ class RowChoice : public QObject {
   int row() const { return highlighted_.row(); }
   /// Highlights a row without choosing it; -1, or a row that the list has not, takes the highlight away.
   void highlight(int row);
+  /// Chooses a row of the list, again too; false where it could not be chosen, or the list has no such row.
+  bool choose(int row);
+  /// Puts the keyboard on a row without highlighting it, or on none for -1; the view stays where it is.
+  void standOn(int row);
   /// Fills the list anew and leaves it where it was: the rows in sight, and the row on which the keyboard
   /// stands. What the filling highlights stays highlighted.
   void keepPlace(const std::function<void()>& refill);
@@ -37,12 +41,10 @@ class RowChoice : public QObject {
 
  private:
   void follow(const QItemSelection& selected);
-  void choose(int row);
   bool releaseMouse(QObject* viewport, QEvent* event);
   bool pressKey(int key);
   bool takeFocus(QEvent* event);
   bool staysOn(int row, int key) const;
-  void standOn(int row);
   int rowOfRecord(const QString& record, int otherwise) const;
 
   QAbstractItemView* view_;

@@ -10,9 +10,11 @@
 #include "core/file_steps.h"
 #include "settings/start_settings.h"
 #include "settings/vehicles.h"
+#include "ui/base/about.h"
 #include "ui/base/change.h"
 #include "ui/base/guarded.h"
 #include "ui/base/handlers.h"
+#include "ui/base/manual.h"
 #include "ui/base/menu_entry_action.h"
 #include "ui/base/message_boxes.h"
 #include "ui/base/text.h"
@@ -124,6 +126,7 @@ void frmTarvik::connectParts() {
   onSignal(logbook_, &LogbookPane::choiceChanged, this, &frmTarvik::showEarlier);
   onSignal(logbook_, &LogbookPane::listedAnew, this, &frmTarvik::showEarlier);
   onSignal(logbook_, &LogbookPane::listedAnew, chart_, &ChartPanel::redraw);
+  onSignal(logbook_, &LogbookPane::listWanted, this, &frmTarvik::uncoverList);
   onSignal(logbook_, &LogbookPane::importWanted, this, &frmTarvik::importLog);
 }
 
@@ -135,12 +138,25 @@ void frmTarvik::connectMenu() {
   onMenu(this, ui_->mnuPrint, &frmTarvik::print);
   QMenu* tools = menuBar()->addMenu(QStringLiteral("&Eszközök"));
   tools->setObjectName(QStringLiteral("mnuEszkozok"));
-  tools->addActions({undo_->undoItem(), undo_->redoItem()});
-  tools->addSeparator();
-  auto* restore = tools->addAction(QStringLiteral("Visszaállítás &mentésből…"));
+  fillTools(*tools);
+}
+
+void frmTarvik::fillTools(QMenu& tools) {
+  tools.addActions({undo_->undoItem(), undo_->redoItem()});
+  tools.addSeparator();
+  tools.addAction(logbook_->searchItem());
+  tools.addSeparator();
+  tools.addActions(logbook_->exchangeItems());
+  tools.addSeparator();
+  auto* restore = tools.addAction(QStringLiteral("Visszaállítá&s mentésből…"));
   restore->setObjectName(QStringLiteral("mnuVisszaallitas"));
   onMenu(this, restore, &frmTarvik::openRestore);
-  addMenuEntryAction(*tools, context_);
+  addMenuEntryAction(tools, context_);
+  tools.addSeparator();
+  tools.addAction((new Manual(context_, *this))->item());
+  auto* about = tools.addAction(QStringLiteral("A &Tarvik névjegye"));
+  about->setObjectName(QStringLiteral("mnuNevjegy"));
+  onMenu(this, about, &frmTarvik::openAbout);
 }
 
 void frmTarvik::setUpKeyboard() {
@@ -243,6 +259,10 @@ void frmTarvik::toggleChart() {
   chart_->toggle(entry_->chartButton(), frameGeometry().topLeft());
 }
 
+void frmTarvik::uncoverList() {
+  if (chart_->isVisible()) toggleChart();
+}
+
 void frmTarvik::importLog() {
   if (refusesBlankPlate(QStringLiteral("Így nem olvasható be..."))) return;
   if (importCsvFile(context_, toLogic(plate()), this, [this] { logbook_->relistInPlace(); }))
@@ -277,6 +297,10 @@ void frmTarvik::openSzerviz() {
 
 void frmTarvik::openRestore() {
   openRestoreScreen(context_, this);
+}
+
+void frmTarvik::openAbout() {
+  tellAbout(this, context_);
 }
 
 void frmTarvik::print() {

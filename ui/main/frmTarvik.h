@@ -46,6 +46,7 @@ class frmTarvik : public QMainWindow {
   void place();
   void connectParts();
   void connectMenu();
+  void fillTools(QMenu& tools);
   void setUpKeyboard();
 
   QString plate() const;
@@ -60,12 +61,14 @@ class frmTarvik : public QMainWindow {
 
   void toggleFilter();
   void toggleChart();
+  void uncoverList();
   void importLog();
   void jump();
   void openSetup();
   void openGumik();
   void openSzerviz();
   void openRestore();
+  void openAbout();
   void print();
 
   std::unique_ptr<Ui::frmTarvik> ui_;

@@ -7,6 +7,7 @@
 
 #include "core/entry_editing.h"
 #include "core/record_file.h"
+#include "core/search.h"
 #include "core/statistics.h"
 #include "exchange/own_format.h"
 #include "settings/vehicles.h"
@@ -19,6 +20,7 @@
 #include "ui/lists/list_hint.h"
 #include "ui/lists/list_menu.h"
 #include "ui/lists/listing_model.h"
+#include "ui/lists/search_line.h"
 #include "ui/look/access.h"
 #include "ui/main/list_cues.h"
 #include "ui/main/result_band.h"
@@ -54,6 +56,10 @@ LogbookPane::LogbookPane(Context& context, QWidget* parent)
       [this](int row) { return guarded(window(), [&] { choose(listed_.listing.number(row)); }); });
   new ListMenu(ui_->ListView1, {.save = [this] { saveLog(); }, .import = [this] { emit importWanted(); }});
   setUpFilter();
+  search_ = new SearchLine(
+      *ui_->ListView1, [this](int row) { return core::searchedText(listed_.listing.entry(row)); }, this);
+  ui_->listBand->insertWidget(ui_->listBand->indexOf(ui_->logbookArea), search_);
+  connect(search_, &SearchLine::opening, this, &LogbookPane::listWanted);
 }
 
 LogbookPane::~LogbookPane() = default;
@@ -243,6 +249,17 @@ void LogbookPane::applyFilter() {
   guarded(window(), [this] { beolvas(); }, {.failed = kListIncomplete});
   ui_->ListView1->setFocus();
   ui_->ListView1->scrollToBottom();
+}
+
+QAction* LogbookPane::searchItem() const {
+  return search_->item();
+}
+
+QList<QAction*> LogbookPane::exchangeItems() const {
+  QList<QAction*> items;
+  for (const char* name : {"mnuMasolas", "mnuCsvBeolvasas", "mnuCsvMentes"})
+    items.append(ui_->ListView1->findChild<QAction*>(QString::fromLatin1(name)));
+  return items;
 }
 
 void LogbookPane::layOver(QWidget& panel) {

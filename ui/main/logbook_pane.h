@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QPointer>
 #include <QWidget>
 #include <memory>
@@ -9,6 +10,8 @@
 #include "print/list_document.h"
 #include "ui/base/context.h"
 #include "ui/main/listed_logbook.h"
+
+class QAction;
 
 namespace Ui {
 class LogbookPane;
@@ -20,6 +23,7 @@ class ListDelegate;
 class ListHint;
 class ListingModel;
 class ResultBand;
+class SearchLine;
 
 /// The logbook on the main screen: the list with its filter, the line over it that says what is listed, the
 /// totals and the statistics of the chosen entry. It owns what is listed and which entry is chosen.
@@ -68,6 +72,10 @@ class LogbookPane : public QWidget {
   /// its filter where that would hide it; 0 for none.
   void showAgain(int record);
 
+  /// The items of the list's menu for a menu bar: what finds a row, and what copies, reads in and saves.
+  QAction* searchItem() const;
+  QList<QAction*> exchangeItems() const;
+
   /// Lays a panel over the list; nobody reaches the list while it is shown.
   void layOver(QWidget& panel);
   /// Whether the keyboard is in the list or what lies over it.
@@ -87,6 +95,8 @@ class LogbookPane : public QWidget {
   void entryChosen(const core::ShownEntry& entry);
   /// An entry is chosen from now on, or none.
   void choiceChanged(bool isChosen);
+  /// The person searches the list: what lies over it has to go.
+  void listWanted();
   /// The person asks for a CSV file to be read in.
   void importWanted();
 
@@ -119,6 +129,7 @@ class LogbookPane : public QWidget {
   ListDelegate* delegate_ = nullptr;
   ListHint* emptyList_ = nullptr;
   ResultBand* results_ = nullptr;
+  SearchLine* search_ = nullptr;
   QWidget* over_ = nullptr;
   QPointer<QWidget> filterOpener_;
   bool wasShown_ = false;

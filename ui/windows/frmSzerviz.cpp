@@ -11,6 +11,7 @@
 #include "ui/lists/list_hint.h"
 #include "ui/lists/list_menu.h"
 #include "ui/lists/list_tables.h"
+#include "ui/lists/search_line.h"
 #include "ui/look/access.h"
 #include "ui/look/dialog_parts.h"
 #include "ui/look/enter_key.h"
@@ -84,6 +85,14 @@ void frmSzerviz::addListMenu(Context& context) {
                  saveCsvFile(context, QStringLiteral("javitasok"),
                              repairsCsv(context.files, context.folders, *rows_), this);
                }});
+  auto* search = new SearchLine(
+      *ui_->ListViewSzerviz,
+      [this](int row) {
+        return repairs::searchedText(
+            core::decoded<repairs::Repair>(log_.seen(rows_->record(row).toInt()).bytes));
+      },
+      this);
+  ui_->mainLayout->insertWidget(ui_->mainLayout->indexOf(ui_->ListViewSzerviz), search);
 }
 
 void frmSzerviz::BeolvasSzerviz() {

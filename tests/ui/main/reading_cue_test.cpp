@@ -15,8 +15,8 @@ const char* const kFar = "Több mint 3 000 km az előző állás óta: 241419";
 // The main screen with three readings in its list, and another car's of one.
 struct Readings : MainScreen {
   Readings() {
-    folder.write("rendsz.dat", padded("ABC123", 8) + std::string(2, '\0') + padded("KLM456", 8) +
-                                   std::string(2, '\0'));
+    folder.write("rendsz.dat",
+                 padded("ABC123", 8) + std::string(2, '\0') + padded("KLM456", 8) + std::string(2, '\0'));
     writeLogbook("ABC123", {fuelling({2026, 9, 1}, 200'000, 405'000, true),
                             fuelling({2026, 10, 1}, 240'649, 405'000, true),
                             fuelling({2026, 11, 18}, 241'419, 405'000, true)});

@@ -279,6 +279,45 @@ class frmSzervizTest : public QObject {
     QVERIFY(!log.button("cmdDelSzerviz")->isEnabled());
   }
 
+  void aRepairIsFoundByWordPartOrDayAndChosenOnlyWithEnter() {
+    Log log;
+    Repair summer = repairOf("ABC-123", "Téli gumi felrakása");
+    summer.part = core::FixedText<80>("");
+    log.store({summer, repairOf("ABC-123", "Kis szerviz"), repairOf("ABC-123", "Nagyszerviz")});
+    log.open();
+    QVERIFY(QTest::qWaitForWindowActive(log.screen.get()));
+    const auto press = [&](Qt::Key key, Qt::KeyboardModifiers keys = {}) {
+      QTest::keyClick(log.screen->focusWidget(), key, keys);
+    };
+    const auto found = [&](const QString& words) {
+      press(Qt::Key_F, Qt::ControlModifier);
+      test::typeKeys(*part<QLineEdit>(*log.screen, "txKereses"), words);
+      return part<QLabel>(*log.screen, "lbTalalat")->text();
+    };
+    QCOMPARE(found("OLAJSZŰRŐ"), "1 / 2");
+    QCOMPARE(found("2013.06"), "1 / 3");
+    QCOMPARE(found("gumi"), "1 / 1");
+    QCOMPARE(log.text("txtSzervizMegnev"), "");
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    QCOMPARE(log.text("txtSzervizMegnev").trimmed(), "Téli gumi felrakása");
+    QCOMPARE(log.list()->highlightedRecord(), "1");
+  }
+
+  void escapeClosesTheSearchBeforeTheScreen() {
+    Log log;
+    log.store({repairOf("ABC-123", "Nagyszerviz")});
+    log.open();
+    QVERIFY(QTest::qWaitForWindowActive(log.screen.get()));
+    QTest::keyClick(log.screen->focusWidget(), Qt::Key_F, Qt::ControlModifier);
+    QVERIFY(part<QWidget>(*log.screen, "FrameKereses")->isVisible());
+    QTest::keyClick(log.screen->focusWidget(), Qt::Key_Escape);
+    QVERIFY(part<QWidget>(*log.screen, "FrameKereses")->isHidden());
+    QVERIFY(log.screen->isVisible());
+    QTest::keyClick(log.screen->focusWidget(), Qt::Key_Escape);
+    QVERIFY(!log.screen->isVisible());
+  }
+
   void escapeAndTheMenuClose() {
     Log log;
     log.open();
