@@ -28,7 +28,7 @@ MANUAL_PACKAGES=(pandoc)
 # For the Linux package: libraries found beside the program.
 PACKAGE_PACKAGES=(patchelf)
 SIGNING_PACKAGES=(minisign)
-PACKAGE_TEST_PACKAGES=(appstream mmdebstrap dosfstools)
+PACKAGE_TEST_PACKAGES=(appstream mmdebstrap dosfstools weston)
 # For the Windows program: cross compiler, means to unpack sources, icon; and what runs it here.
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix dpkg-dev librsvg2-bin icoutils zip)
 WINDOWS_TEST_PACKAGES=(googletest wine wine64)

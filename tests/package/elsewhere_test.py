@@ -12,18 +12,12 @@ import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "outside"))
 
-from desktop import Desktop, end, spawn  # noqa: E402
+from bare import PACKAGE, isolated, started_in  # noqa: E402
+from desktop import Desktop, end  # noqa: E402
 
-PACKAGE = pathlib.Path(os.environ["TARVIK_PACKAGE"])
 PICTURES = pathlib.Path(os.environ["TARVIK_PICTURES"])
 STICK_MEGABYTES = 400
 START_SECONDS = 180
-
-
-def isolated(script):
-    """Runs a shell script whose mounts and processes are gone when it ends."""
-    as_root = [] if os.geteuid() == 0 else ["sudo", "--preserve-env=DISPLAY"]
-    return spawn(as_root + ["unshare", "--mount", "--pid", "--fork", "--kill-child", "sh", "-ec", script])
 
 
 def main_window():
@@ -42,24 +36,17 @@ class Elsewhere(unittest.TestCase):
     def setUp(self):
         self.scratch = pathlib.Path(tempfile.mkdtemp(dir=Desktop.get().scratch))
 
-    def shows_its_window(self, script, picture):
-        running = isolated(script)
+    def shows_its_window(self, running, picture):
         try:
-            self.assertTrue(main_window(), f"no window: {script}")
+            self.assertTrue(main_window(), f"no window of {running.args}")
             Desktop.get().photograph(PICTURES / f"{picture}.png")
         finally:
             end(running)
 
     def start_in(self, root):
-        """Starts it in a bare root, in a path with spaces and an ő, as a double click does: in its own folder."""
-        self.shows_its_window(f"""
-            mount -t tmpfs none {self.scratch}
-            tar -C {self.scratch} -xf {os.environ["TARVIK_ROOT_" + root]}
-            mount -t proc none {self.scratch}/proc
-            mkdir "{self.scratch}/Új hely ő"
-            tar -C "{self.scratch}/Új hely ő" -xf {shlex.quote(str(PACKAGE))}
-            chroot {self.scratch} env -i HOME=/root DISPLAY="$DISPLAY" LC_ALL=C.UTF-8 PATH=/usr/bin:/bin \\
-              sh -c 'cd "/Új hely ő/Tarvik" && exec ./Tarvik' """, f"package-{root}")
+        """Starts it as a double click does: in its own folder."""
+        display = {"DISPLAY": os.environ["DISPLAY"]}
+        self.shows_its_window(started_in(root, self.scratch, "exec ./Tarvik", display), f"package-{root}")
 
     def test_it_starts_on_a_bare_debian_12(self):
         self.start_in("bookworm")
@@ -84,11 +71,11 @@ class Elsewhere(unittest.TestCase):
         return unpack + '; find "$stick" -type f ! -name "*.com" -exec chmod a-x {} +'
 
     def test_it_starts_from_a_stick_that_makes_only_programs_by_ending_executable(self):
-        self.shows_its_window(f"""
+        self.shows_its_window(isolated(f"""
             stick="{self.scratch}/media/Ő és ű"
             {self.put_on_stick()}
             cd "$stick/Tarvik"
-            ./Tarvik-pendrive.com """, "package-stick")
+            ./Tarvik-pendrive.com """), "package-stick")
 
     def test_a_stick_can_hold_every_name_in_it(self):
         listed = subprocess.run(["tar", "--list", "--file", PACKAGE], stdout=subprocess.PIPE, check=True)

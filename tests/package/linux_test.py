@@ -49,15 +49,16 @@ def fill_up(day):
 
 
 class Started:
-    """The program as a double click starts it, in its own folder, while a `with` lasts. The environment names
-    plugins of another Qt, as some desktops' does."""
+    """The program as a double click starts it, in its own folder, or from another one, while a `with` lasts. The
+    environment names plugins of another Qt, as some desktops' does."""
 
-    def __init__(self, folder):
+    def __init__(self, folder, current=None):
         self._folder = folder
+        self._current = current or folder
         self._process = None
 
     def __enter__(self):
-        self._process = Desktop.get().spawn([str(self._folder / "Tarvik")], "package", cwd=self._folder,
+        self._process = Desktop.get().spawn([str(self._folder / "Tarvik")], "package", cwd=self._current,
                                             env={**os.environ, "QT_PLUGIN_PATH": OTHER_PLUGINS})
         return self
 
@@ -111,6 +112,22 @@ class LinuxPackage(unittest.TestCase):
         days.append(datetime.date.today())
         self.assertIn(logbook.read_bytes(), [fill_up(day) for day in days])
         self.assertEqual(home_contents(), before, "a start leaves nothing in the home folder")
+
+    def test_started_from_another_folder_it_asks_before_it_makes_a_file_and_goes_on_in_its_own(self):
+        elsewhere = self.place / "máshol"
+        elsewhere.mkdir()
+        unpacked = set(self.folder.rglob("*"))
+        with Started(self.folder, elsewhere) as program:
+            box = program.window("Tarvik")
+            text = " ".join(part.name for part in box.walk())
+            Desktop.get().photograph(PICTURES / "package-elsewhere.png")
+            self.assertIn(f"A program mappája:\n{self.folder}\n", text)
+            self.assertIn(f"Az aktuális mappa:\n{elsewhere}\n", text)
+            self.assertEqual(set(self.folder.rglob("*")), unpacked)
+            box.part("push button", "Igen").press()
+            program.window("Tarvik - ")
+            wait_for((self.folder / "rendsz.dat").exists, "the list of the cars in the program's folder")
+        self.assertEqual(list(elsewhere.iterdir()), [])
 
     def test_libraries_and_plugins_come_from_the_package_whatever_the_environment_names(self):
         with Started(self.folder) as program:

@@ -31,7 +31,7 @@ class StartFoldersTest : public QObject {
                  .title = "Tarvik",
                  .text = QStringLiteral(
                              "A Tarvik nem a saját mappájából indult. A közös fájljait (autók, "
-                             "beállítások, figyelmeztetések)\naz aktuális mappában keresné, és üresen "
+                             "beállítások, figyelmeztetések) az aktuális mappában keresné, és üresen "
                              "hozná létre ott, ha nincsenek meg.\n\nA program mappája:\n%1\n\nAz aktuális "
                              "mappa:\n%2\n\nFolytatod a program saját mappájában?\n\nIgen: minden adat a "
                              "program mappájában van.\nNem: a közös fájlok az aktuális mappában "
