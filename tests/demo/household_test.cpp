@@ -83,6 +83,11 @@ TEST(Household, OnlyAnotherCarThanTheFirstHasAPassedKmReminder) {
   EXPECT_THAT(passed, testing::ElementsAre("ABC123"));
 }
 
+// The screen of reminders reckons with the log of the car on the main screen, whosever reminder it is.
+TEST(Household, TheFirstKmReminderIsOfTheCarThatIsShownFirst) {
+  EXPECT_EQ(kmReminders(kToday).front().entry.plate, "KLM456");
+}
+
 TEST(Household, RepairsStandInTheLogbooksOfTheirDay) {
   const auto all = cars();
   for (const auto& repair : repairEntries(kToday)) {

@@ -72,9 +72,9 @@ std::vector<repairs::NewRepair> repairEntries(core::Day today) {
 
 std::vector<Entered<reminders::KmReminderEntry>> kmReminders(core::Day today) {
   std::vector<Entered<reminders::KmReminderEntry>> all{
-      {day(2020, 12, 4), {"Fékfolyadék csere", "86960", "10000", "ABC123"}},
       {day(2022, 6, 20), {"Olajcsere, olajszűrő", "237510", "5000", "KLM456"}},
       {day(2020, 9, 30), {"Vezérműszíj csere", "222300", "90000", "KLM456"}},
+      {day(2020, 12, 4), {"Fékfolyadék csere", "86960", "10000", "ABC123"}},
       {day(2022, 5, 25), {"Olajcsere, olajszűrő", "99650", "15000", "ABC123"}},
   };
   for (auto& reminder : all) reminder.on = moved(reminder.on, today);

@@ -23,8 +23,9 @@ struct Entered {
   Entry entry;
 };
 
-/// The household's km reminders: of ABC123 one passed and one not, of KLM456, the car that is shown first,
-/// one that soon will be passed and one far off.
+/// The household's km reminders: first those of KLM456, the car that is shown first and whose log the screen
+/// of reminders reckons with, one that soon will be passed and one far off; then of ABC123 one passed and one
+/// not.
 std::vector<Entered<reminders::KmReminderEntry>> kmReminders(core::Day today);
 
 /// The household's date reminders: one due in a few days, one overdue and one far off from today.
