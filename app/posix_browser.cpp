@@ -47,8 +47,8 @@ void tell(const QUrl& page) {
   ui::tellManualNotOpened(QApplication::activeWindow(), page.toLocalFile());
 }
 
-/// What opens the files: the desktop's opener, which on some desktops takes no place in a page, or, where there
-/// is none, a browser that Qt finds.
+/// What opens the files: the desktop's opener, which on some desktops takes no place in a page, or, where
+/// there is none, a browser that Qt finds.
 class Browser : public QObject {
   Q_OBJECT
 

@@ -47,7 +47,8 @@ TEST(SearchedText, HoldsTheWordsOfEachMark) {
     EXPECT_TRUE(finds(word, entry)) << word;
   EXPECT_FALSE(finds("gyertya", entry));
   entry.Gyertyacsere = kFlagSet;
-  for (const char* word : {"gyertya", "Gyertya csere", "gyertyacsere"}) EXPECT_TRUE(finds(word, entry)) << word;
+  for (const char* word : {"gyertya", "Gyertya csere", "gyertyacsere"})
+    EXPECT_TRUE(finds(word, entry)) << word;
 }
 
 TEST(SearchedText, KnowsAMarkOnlyInItsStoredForm) {

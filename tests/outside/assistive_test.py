@@ -6,7 +6,7 @@ import unittest
 from accessible import Heard, wait_for
 from program import Program
 
-KM = 1
+KM, OIL = 1, 4
 
 
 class Assistive(unittest.TestCase):
@@ -67,6 +67,33 @@ class Assistive(unittest.TestCase):
         self.button("Listázás")
         wait_for(lambda: self.list.row_count() and {row[0][:4] for row in self.list.rows()} == {"2025"},
                  "the entries of 2025 alone")
+
+    def find(self, words, told):
+        """Looks for words in the list and waits for what is told of it."""
+        self.main.part("menu item", "Eszközök").press()
+        self.main.part("menu item", "Keresés…").press()
+        field = self.main.part("text", "Keresés")
+        with Heard("object:property-change:accessible-name") as heard:
+            field.enter(words)
+            heard.wait(lambda kind, part, data: part.name.startswith(told), f"{told!r}")
+
+    def test_the_last_oil_change_is_found(self):
+        row = max(number for number, cells in enumerate(self.list.rows()) if cells[OIL] == "X")
+        day = self.list.cell(row, 0).name
+        changes = sum(cells[OIL] == "X" for cells in self.list.rows())
+        self.find("olajcsere", f"1. találat, összesen {changes}: {day}, ")
+        self.assertIsNone(self.list.selected_row())
+        self.assertEqual(self.km(), "")
+        self.select(row)
+
+    def test_a_note_is_found_by_its_word(self):
+        self.find("matrica", "1. találat, összesen 3: ")
+        with Heard("object:property-change:accessible-name") as heard:
+            self.button("Következő találat")
+            heard.wait(lambda kind, part, data: part.name.startswith("2. találat, összesen 3: "), "the next")
+        self.find("nincs ilyen", "nincs találat")
+        self.button("Keresés bezárása")
+        wait_for(lambda: not self.main.has("text", "Keresés"), "the search to go")
 
     def test_a_chart_is_shown_and_put_away(self):
         self.button("Grafikon megjelenítése")

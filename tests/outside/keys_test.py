@@ -8,7 +8,7 @@ import keyboard
 import mouse
 from program import Program
 
-DATE, KM, LITRES = 0, 1, 2
+DATE, KM, LITRES, OIL = 0, 1, 2, 4
 
 
 class Keys(unittest.TestCase):
@@ -116,6 +116,47 @@ class Keys(unittest.TestCase):
         self.main.wait_focus("table", "Napló")
         years = {row[DATE][:4] for row in self.list.rows()}
         self.assertEqual(years, {last_year})
+
+    def find(self, words):
+        """Looks for words in the list; returns what stands beside them."""
+        keyboard.press("ctrl+f")
+        self.main.wait_focus("text", "Keresés")
+        keyboard.type_text(words)
+        return self.found
+
+    @property
+    def found(self):
+        """How many rows were found, and which one is in view."""
+        parts = [part.name for part in self.main.walk() if part.role == "label" and part.is_showing]
+        return next((name for name in parts if name == "nincs találat" or ". találat, összesen " in name), "")
+
+    def test_the_last_oil_change_is_found_and_chosen(self):
+        row = max(number for number, cells in enumerate(self.list.rows()) if cells[OIL] == "X")
+        self.tab_to("Liter")
+        self.find("olajcsere")
+        wait_for(lambda: self.found.startswith("1. találat, összesen "), "the last oil change")
+        self.assertEqual(self.km(), "")
+        self.assertIsNone(self.list.selected_row())
+        keyboard.press("Down")
+        self.main.wait_focus("table", "Napló")
+        keyboard.press("Return")
+        wait_for(lambda: self.list.selected_row() == row, "the last oil change chosen")
+        self.assertEqual(self.km(), self.list.cell(row, KM).name)
+
+    def test_a_note_is_found_by_its_word_and_escape_goes_back(self):
+        self.tab_to("Liter")
+        self.find("matrica")
+        wait_for(lambda: self.found.startswith("1. találat, összesen 3: "), "the newest of three")
+        newest = self.found
+        keyboard.press("Return", "F3")
+        wait_for(lambda: self.found.startswith("3. találat"), "the oldest")
+        keyboard.press("shift+Return", "shift+F3")
+        wait_for(lambda: self.found == newest, "the newest again")
+        keyboard.type_text("xx")
+        wait_for(lambda: self.found == "nincs találat", "that nothing is found")
+        keyboard.press("Escape")
+        self.main.wait_focus("text", "Liter")
+        self.assertIsNone(self.list.selected_row())
 
     def test_escape_closes_the_filter_and_goes_back(self):
         self.tab_to("Liter")

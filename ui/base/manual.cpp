@@ -53,8 +53,8 @@ Manual::Manual(const Context& context, QWidget& mainScreen)
   qApp->installEventFilter(this);
 }
 
-// The item's key is the main screen's; over that lie dialogs, boxes and menus. The window hears of a key before
-// the part that has the keyboard.
+// The item's key is the main screen's; over that lie dialogs, boxes and menus. The window hears of a key
+// before the part that has the keyboard.
 bool Manual::eventFilter(QObject* watched, QEvent* event) {
   if (!isF1(*event)) return false;
   openAt(watched->isWidgetType() ? static_cast<QWidget*>(watched) : partInFront());

@@ -9,8 +9,8 @@ class QWidget;
 
 namespace tarvik::ui {
 
-/// The manual of the package, kezikonyv.html beside the program, in the person's browser. F1 opens it in every
-/// window of the program, its item mnuKezikonyv in the main screen's menu.
+/// The manual of the package, kezikonyv.html beside the program, in the person's browser. F1 opens it in
+/// every window of the program, its item mnuKezikonyv in the main screen's menu.
 ///
 /// It opens at the chapter of what has the keyboard: at the heading that the property `chapter` names of the
 /// nearest part around it, or of a screen below; the box of an error has its own. The page is opened by

@@ -19,14 +19,14 @@ namespace tarvik::ui {
 
 class ListView;
 
-/// The line over a list that finds its rows by what a person types, from the last row to the first. Ctrl+F and
-/// the list's item mnuKereses open it.
+/// The line over a list that finds its rows by what a person types, from the last row to the first. Ctrl+F
+/// and the list's item mnuKereses open it.
 ///
 /// What is typed is looked for at once; Enter, F3 and a button go on, with Shift and by another button back,
-/// round and round. A found row comes in view and is tinted while it is the found one; nothing is chosen. When
-/// the list then gets the keyboard, it has it on that row; Enter chooses it there and closes the line. Escape
-/// closes the line and gives back the rows in sight and the keyboard, unless a row was chosen or the list filled
-/// anew meanwhile.
+/// round and round. A found row comes in view and is tinted while it is the found one; nothing is chosen.
+/// When the list then gets the keyboard, it has it on that row; Enter chooses it there and closes the line.
+/// Escape closes the line and gives back the rows in sight and the keyboard, unless a row was chosen or the
+/// list filled anew meanwhile.
 class SearchLine : public QWidget {
   Q_OBJECT
 

@@ -59,6 +59,7 @@ LogbookPane::LogbookPane(Context& context, QWidget* parent)
   search_ = new SearchLine(
       *ui_->ListView1, [this](int row) { return core::searchedText(listed_.listing.entry(row)); }, this);
   ui_->listBand->insertWidget(ui_->listBand->indexOf(ui_->logbookArea), search_);
+  search_->stackUnder(ui_->logbookArea);  // assistive tools go by this order
   connect(search_, &SearchLine::opening, this, &LogbookPane::listWanted);
 }
 

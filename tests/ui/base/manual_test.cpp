@@ -125,12 +125,13 @@ class ManualTest : public QObject {
     boxes.whileOpen = [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_F1); };
     QTest::keyClick(&desk.field, Qt::Key_F1);
     QCoreApplication::processEvents();
-    QCOMPARE(boxes.seen,
-             QList{test::errorBox(
-                 "Kézikönyv", QString("A kézikönyv nincs a helyén:\n%1/kezikonyv.html\n\nA letöltött csomagban "
-                                      "megvan. Ha a csomagot ugyanide csomagolod ki újra, az adataid "
-                                      "megmaradnak.")
-                                  .arg(QString::fromStdString(desk.program.path())))});
+    QCOMPARE(
+        boxes.seen,
+        QList{test::errorBox(
+            "Kézikönyv", QString("A kézikönyv nincs a helyén:\n%1/kezikonyv.html\n\nA letöltött csomagban "
+                                 "megvan. Ha a csomagot ugyanide csomagolod ki újra, az adataid "
+                                 "megmaradnak.")
+                             .arg(QString::fromStdString(desk.program.path())))});
     QVERIFY(desk.pages.opened.isEmpty());
   }
 
@@ -146,9 +147,11 @@ class ManualTest : public QObject {
       static const QRegularExpression named(
           "\"chapter\"(?:, QStringLiteral\\(\"| stdset=\"0\">\\s*<string notr=\"true\">)([^\"<]+)");
       const QStringList found = allOf(named, source);
-      for (const QString& chapter : found) QVERIFY2(headings.contains(chapter), qPrintable(path + ": " + chapter));
+      for (const QString& chapter : found)
+        QVERIFY2(headings.contains(chapter), qPrintable(path + ": " + chapter));
       chapters += static_cast<int>(found.size());
-      if (path.endsWith(".ui") && (source.contains("\"QDialog\" name") || source.contains("\"QMainWindow\" name")))
+      if (path.endsWith(".ui") &&
+          (source.contains("\"QDialog\" name") || source.contains("\"QMainWindow\" name")))
         QVERIFY2(!found.isEmpty(), qPrintable(path + " names no chapter"));
     }
     QVERIFY(chapters >= 13);
