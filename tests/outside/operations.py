@@ -132,9 +132,9 @@ OPERATIONS = [
               "Rögzítés", in_place=True),
     Operation("a repair is deleted", "Szerviz.dat", 186, REPAIRS, _choose("Javítások, szervizek"), "Törlés"),
     _KM_REMINDER,
-    Operation("a km reminder is deleted", "figyel.dat", 68, REMINDERS, _choose("Kilométer figyelmeztetések"),
+    Operation("a km reminder is deleted", "figyel.dat", 68, REMINDERS, _choose("Kilométerhez kötött figyelmeztetések"),
               "Törlés", " Törlés ", _KM_REMINDER),
     _DATE_REMINDER,
     Operation("a date reminder is deleted", "figyDatum.dat", 68, _tab(REMINDERS, "Dátum"),
-              _choose("Dátum figyelmeztetések"), "Törlés", " Törlés ", _DATE_REMINDER),
+              _choose("Dátumhoz kötött figyelmeztetések"), "Törlés", " Törlés ", _DATE_REMINDER),
 ]

@@ -186,7 +186,7 @@ class WindowsProgram(unittest.TestCase):
         contents = program.read_bytes()
         for wish in (b">PerMonitorV2</dpiAwareness>", b">UTF-8</activeCodePage>", b">true</longPathAware>"):
             self.assertIn(wish, contents)
-        self.assertIn("Tarvik – a háztartás autóinak költségnaplója".encode("utf-16-le"), contents)
+        self.assertIn("Tarvik – a háztartás gépkocsijainak költségnaplója".encode("utf-16-le"), contents)
 
     def start(self):
         running = Desktop.get().spawn(["wine", str(self.folder / "Tarvik.exe")], "wine", cwd=self.folder)

@@ -14,7 +14,7 @@ QString shown(const std::string& folder) {
 
 QString question(const core::DataFolders& folders) {
   return QStringLiteral(
-             "A Tarvik nem a saját mappájából indult. A közös fájljait (autók, beállítások, "
+             "A Tarvik nem a saját mappájából indult. A közös fájljait (gépkocsik, beállítások, "
              "figyelmeztetések) "
              "az aktuális mappában keresné, és üresen hozná létre ott, ha nincsenek meg.\n\n"
              "A program mappája:\n%1\n\n"

@@ -68,7 +68,7 @@ ImportChoices::ImportChoices(QWidget* parent) : QWidget(parent), form_(new QForm
   form_->setContentsMargins({});
   form_->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
   form_->setRowWrapPolicy(QFormLayout::WrapLongRows);
-  vehicle_ = addBox("cmbJarmu", QStringLiteral("&Jármű:"), {});
+  vehicle_ = addBox("cmbJarmu", QStringLiteral("Gépk&ocsi:"), {});
   days_ = addBox(
       "cmbNapok", QStringLiteral("&Dátumok sorrendje:"),
       {QStringLiteral("nap, hónap, év"), QStringLiteral("hónap, nap, év"), QStringLiteral("év, hónap, nap")});

@@ -176,8 +176,8 @@ QString wordsOf(const UnreadRow& row) {
     case UnreadRow::Why::TooManyCells:
       return QStringLiteral("több adat van benne, mint oszlop: a vessző tizedesjel is lehet");
     case UnreadRow::Why::OtherVehicle:
-      return row.head.empty() ? QStringLiteral("más járműé")
-                              : QStringLiteral("más járműé: „%1”").arg(toQt(row.head));
+      return row.head.empty() ? QStringLiteral("más gépkocsié")
+                              : QStringLiteral("más gépkocsié: „%1”").arg(toQt(row.head));
     case UnreadRow::Why::OtherSection:
       return QStringLiteral("más rész: „%1”").arg(toQt(row.head));
     case UnreadRow::Why::Heads:
@@ -222,7 +222,7 @@ QString wordsOf(Meaning meaning) {
                                                               "a távolság mértékegysége",
                                                               "a mennyiség mértékegysége",
                                                               "pénznem",
-                                                              "jármű"};
+                                                              "gépkocsi"};
   return QString::fromUtf8(kWords[static_cast<int>(meaning)]);
 }
 
@@ -252,7 +252,7 @@ QString wordsOf(Question question, const Reading& reading) {
     case Question::FullWord:
       return QStringLiteral("Válaszd ki, melyik szó jelenti, hogy tele lett a tank!");
     case Question::Vehicle:
-      return QStringLiteral("Válaszd ki, melyik jármű tankolásai kellenek!");
+      return QStringLiteral("Válaszd ki, melyik gépkocsi tankolásai kellenek!");
     case Question::TripStart:
       return QStringLiteral("Írd be a km óra állását!");
     case Question::Currency:
@@ -266,7 +266,7 @@ QString wordsOf(Question question, const Reading& reading) {
 QString wordsOf(const exchange::VehicleRows& vehicle) {
   const QString rows = QStringLiteral(" (%1 sor)").arg(vehicle.rows);
   if (!vehicle.name.empty()) return toQt(vehicle.name) + rows;
-  if (vehicle.highest <= 0) return QStringLiteral("jármű nélküli sorok") + rows;
+  if (vehicle.highest <= 0) return QStringLiteral("gépkocsi nélküli sorok") + rows;
   return QStringLiteral("%1–%2").arg(grouped(static_cast<std::int64_t>(vehicle.lowest)),
                                      grouped(static_cast<std::int64_t>(vehicle.highest))) +
          rows;

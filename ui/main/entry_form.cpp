@@ -177,7 +177,7 @@ void EntryForm::quickAdd(QComboBox* field, const settings::LookupFile& list, con
       {.done = QStringLiteral("A szöveg fel van véve."),
        .make = [&] { settings::appendLookupText(context_.files, context_.folders, list, toLogic(typed)); },
        .list = [&] { fillTexts(field, list); },
-       .incomplete = QStringLiteral("A lenyíló lista nem teljes.")});
+       .incomplete = QStringLiteral("A legördülő lista nem teljes.")});
   field->setFocus();
 }
 

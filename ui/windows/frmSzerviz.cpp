@@ -75,7 +75,7 @@ void frmSzerviz::prepareList() {
   ui_->ListViewSzerviz->setModel(rows_);
   rows_->setFigureColumns({kCostColumn, kReadingColumn});
   layOutList(*ui_->ListViewSzerviz, {"WWWWWWWW", "9999.99.99.", "", "", "-999999999", "-9999999"});
-  new ListHint(*ui_->ListViewSzerviz, QStringLiteral("Nincs ilyen javítás vagy szervíz felvéve."));
+  new ListHint(*ui_->ListViewSzerviz, QStringLiteral("Nincs ilyen javítás vagy szerviz felvéve."));
   ui_->ListViewSzerviz->sortByHeaderClicks();
   ui_->ListViewSzerviz->onRowChosen([this](int row) { return guarded(this, [&] { choose(row); }); });
 }

@@ -20,9 +20,9 @@ QString registerName(core::Register which) {
     case core::Register::StartSettings:
       return QStringLiteral("Indulási beállítások");
     case core::Register::KmReminders:
-      return QStringLiteral("Km-figyelmeztetések");
+      return QStringLiteral("Kilométerhez kötött figyelmeztetések");
     case core::Register::DateReminders:
-      return QStringLiteral("Dátumos figyelmeztetések");
+      return QStringLiteral("Dátumhoz kötött figyelmeztetések");
     case core::Register::Tyres:
       return QStringLiteral("Gumik");
     case core::Register::Repairs:

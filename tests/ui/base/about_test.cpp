@@ -16,12 +16,14 @@ class AboutTest : public QObject {
     QCOMPARE(boxes.seen.size(), 1);
     QCOMPARE(boxes.seen[0].title, "A Tarvik névjegye");
     QCOMPARE(boxes.seen[0].icon, QMessageBox::Information);
-    QCOMPARE(boxes.seen[0].text,
-             QString("Tarvik 1.0.0\nA háztartás autóinak költségnaplója.\n\n"
-                     "Az adatok a program mappájában vannak:\n%1\n\n"
-                     "Szabad szoftver a GNU General Public License szerint: LICENSE.txt. A programmal együtt adott "
-                     "részek licencei a licencek mappában vannak.")
-                 .arg(QString::fromStdString(desk.program.path())));
+    QCOMPARE(
+        boxes.seen[0].text,
+        QString(
+            "Tarvik 1.0.0\nA háztartás gépkocsijainak költségnaplója.\n\n"
+            "Az adatok a program mappájában vannak:\n%1\n\n"
+            "Szabad szoftver a GNU General Public License szerint: LICENSE.txt. A programmal együtt adott "
+            "részek licencei a licencek mappában vannak.")
+            .arg(QString::fromStdString(desk.program.path())));
   }
 };
 

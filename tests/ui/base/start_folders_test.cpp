@@ -30,7 +30,7 @@ class StartFoldersTest : public QObject {
              (test::SeenBox{
                  .title = "Tarvik",
                  .text = QStringLiteral(
-                             "A Tarvik nem a saját mappájából indult. A közös fájljait (autók, "
+                             "A Tarvik nem a saját mappájából indult. A közös fájljait (gépkocsik, "
                              "beállítások, figyelmeztetések) az aktuális mappában keresné, és üresen "
                              "hozná létre ott, ha nincsenek meg.\n\nA program mappája:\n%1\n\nAz aktuális "
                              "mappa:\n%2\n\nFolytatod a program saját mappájában?\n\nIgen: minden adat a "
