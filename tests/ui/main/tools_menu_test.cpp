@@ -124,9 +124,11 @@ class ToolsMenuTest : public QObject {
     main.folder.write("kezikonyv.html", "");
     test::OpenedPages pages;
     main.showChart();
+    QVERIFY(main.find<QPushButton>("cmdGrafikon")->hasFocus());
+    main.key(Qt::Key_F1);
     main.find<QWidget>("MSChart1")->setFocus();
     main.key(Qt::Key_F1);
-    QCOMPARE(pages.chapters(), QStringList{"grafikonok"});
+    QCOMPARE(pages.chapters(), (QStringList{"grafikonok", "grafikonok"}));
   }
 
   void ctrlFFindsTheLastOilChangeAndFillsNoField() {
