@@ -30,6 +30,7 @@ LOGBOOK = "KLM456/napiadat.dat"
 RECORD_BYTES = 156
 ROWS_A_PAGE = 40
 MOST_BYTES = 25 * 1000 * 1000
+LEAST_BYTES_OF_A_PLAIN_PICTURE = 256 * 256 * 4
 
 
 def household():
@@ -188,10 +189,44 @@ class WindowsProgram(unittest.TestCase):
             self.assertIn(wish, contents)
         self.assertIn("Tarvik – a háztartás gépkocsijainak költségnaplója".encode("utf-16-le"), contents)
 
+    def test_the_program_is_hardened(self):
+        program = self.folder / "Tarvik.exe"
+        head = subprocess.run(["x86_64-w64-mingw32-objdump", "-p", program], stdout=subprocess.PIPE, check=True).stdout
+        for wish in (b"HIGH_ENTROPY_VA", b"DYNAMIC_BASE", b"NX_COMPAT"):
+            self.assertIn(wish, head)
+        for message in (b"*** stack smashing detected ***", b"*** buffer overflow detected ***"):
+            self.assertIn(message, program.read_bytes())
+
+    def test_the_icons_largest_picture_is_stored_compressed(self):
+        listed = subprocess.run(["wrestool", "--list", "--type=icon", self.folder / "Tarvik.exe"],
+                                stdout=subprocess.PIPE, check=True).stdout.decode()
+        sizes = [int(size) for size in re.findall(r"size=(\d+)", listed)]
+        self.assertEqual(len(sizes), 7)
+        self.assertLess(max(sizes), LEAST_BYTES_OF_A_PLAIN_PICTURE)
+
     def start(self):
         running = Desktop.get().spawn(["wine", str(self.folder / "Tarvik.exe")], "wine", cwd=self.folder)
         self.addCleanup(end, running)
         return running
+
+    def test_from_a_path_longer_than_260_letters_it_asks_and_keeps_its_data_in_its_own_folder(self):
+        self.folder = self.folder.rename(self.make_long_folder() / "Tarvik")
+        windows = pathlib.Path(os.environ["WINEPREFIX"], "drive_c/windows")
+        self.start()
+        follower = Follower(self.folder, PICTURES / "windows-long-path")
+        follower.do_window("Tarvik")
+        follower.do_picture("question")
+        self.assertEqual(data_of(self.folder), {})
+        follower.do_press("alt+i")
+        follower.do_window(MAIN)
+        follower.do_made("rendsz.dat")
+        follower.do_picture("main")
+        self.assertEqual(list(windows.glob("*.dat")), [])
+
+    def make_long_folder(self):
+        folder = self.place / ("á" * 100) / ("b" * 100) / ("ő" * 100)
+        folder.mkdir(parents=True)
+        return folder
 
     def test_the_same_keys_leave_the_same_data_and_paper_as_on_linux(self):
         linux = household()
