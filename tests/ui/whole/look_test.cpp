@@ -215,6 +215,11 @@ class LookTest : public QObject {
  private:
   QFont usual_;
 
+  static void search(QWidget& screen) {
+    test::part<QAction>(screen, "mnuKereses")->trigger();
+    test::part<QLineEdit>(screen, "txKereses")->setText(QStringLiteral("nincs ilyen"));
+    QTest::qWait(0);
+  }
   static void check(QWidget& window) {
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
@@ -251,6 +256,8 @@ class LookTest : public QObject {
     desk.find<QAbstractButton>("cmdSzürés")->click();
     QTest::qWait(0);
     check(*desk.screen);
+    search(*desk.screen);
+    check(*desk.screen);
 
     test::onNextDialog<ui::frmMelyGrafikon>([](ui::frmMelyGrafikon& chooser) {
       test::part<QRadioButton>(chooser, "Option1")->setChecked(true);
@@ -276,6 +283,8 @@ class LookTest : public QObject {
     QTest::qWait(0);
     check(tyres);
     ui::frmSzerviz repairs(desk.context, "ABC-123", {"ABC-123"}, nullptr);
+    check(repairs);
+    search(repairs);
     check(repairs);
     ui::riaszt kmAlert(desk.context, "ABC-123", nullptr);
     check(kmAlert);
