@@ -130,11 +130,7 @@ std::optional<Day> dayOfSet(std::string_view name) {
   const auto month = numberIn(name.substr(5, 2));
   const auto day = numberIn(name.substr(8, 2));
   if (!year || !month || !day) return std::nullopt;
-  try {
-    return dayOf({*year, *month, *day});
-  } catch (const Failure&) {  // no day of the calendar
-    return std::nullopt;
-  }
+  return existingDay({*year, *month, *day});
 }
 
 std::set<Day> keptDays(std::set<Day> days) {

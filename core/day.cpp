@@ -26,13 +26,6 @@ constexpr bool withinLimits(const CalendarDate& date) {
          date.day <= 31;
 }
 
-std::optional<Day> existingDay(const CalendarDate& date) {
-  if (!withinLimits(date)) return std::nullopt;
-  const year_month_day ymd = year{date.year} / date.month / date.day;
-  if (!ymd.ok()) return std::nullopt;
-  return Day{static_cast<std::int32_t>((sys_days{ymd} - kDayZero).count())};
-}
-
 constexpr std::string_view kShortDateForm = "0000.00.00";
 
 bool fitsForm(char c, char form) {
@@ -51,6 +44,13 @@ void putNumber(std::string& text, std::size_t first, std::size_t length, int num
 }
 
 }  // namespace
+
+std::optional<Day> existingDay(const CalendarDate& date) {
+  if (!withinLimits(date)) return std::nullopt;
+  const year_month_day ymd = year{date.year} / date.month / date.day;
+  if (!ymd.ok()) return std::nullopt;
+  return Day{static_cast<std::int32_t>((sys_days{ymd} - kDayZero).count())};
+}
 
 Day dayOf(const CalendarDate& date) {
   const std::optional<Day> day = existingDay(date);

@@ -28,7 +28,10 @@ struct CalendarDate {
 inline constexpr Day kFirstDay{-657'434};
 inline constexpr Day kLastDay{2'958'465};
 
-/// The day of a date; throws Failure(OutOfRange) for one that does not exist (year 100 to 9999).
+/// The day of a date; nothing for one that does not exist (year 100 to 9999).
+std::optional<Day> existingDay(const CalendarDate& date);
+
+/// As existingDay; throws Failure(OutOfRange) for a date that does not exist.
 Day dayOf(const CalendarDate& date);
 
 /// The date of a day from kFirstDay to kLastDay; throws Failure(OutOfRange) for any other.

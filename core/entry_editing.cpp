@@ -51,12 +51,9 @@ FullFillSearch FullFillTrail::reach(const Ratio& litres, const Ratio& kmOra) con
 
 std::optional<Logbook> foundLogbook(FileSystem& files, const DataFolders& folders, std::string_view plate) {
   if (!isUsablePlate(plate)) return std::nullopt;
-  try {
-    return loadRecords<NapiAdat>(files, folders.logbook(plate));
-  } catch (const Failure& failure) {
-    if (failure.kind() != FailureKind::FolderMissing) throw;
-    return std::nullopt;
-  }
+  std::optional<ByteBlock> records = readRecordsIfFolder(files, folders.logbook(plate), NapiAdat::kLength);
+  if (!records) return std::nullopt;
+  return Logbook(*std::move(records));
 }
 
 Logbook loadLogbook(FileSystem& files, const DataFolders& folders, std::string_view plate) {

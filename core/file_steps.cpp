@@ -107,10 +107,10 @@ OpenFile openOrCreateTemporary(FileSystem& files, const std::string& path) {
   failTemporary(folderIsMissing(errno) ? FailureKind::FolderMissing : FailureKind::OpenFailed, path);
 }
 
-OpenFile openToRead(FileSystem& files, const std::string& path) {
+std::optional<OpenFile> openToRead(FileSystem& files, const std::string& path) {
   OpenFile file(files, openFile(files, path, OpenMode::Create));
   if (file.isOpen()) return file;
-  if (folderIsMissing(errno)) fail(FailureKind::FolderMissing, path);
+  if (folderIsMissing(errno)) return std::nullopt;
   return openIfThere(files, path);
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <utility>
@@ -11,7 +12,7 @@
 namespace tarvik::core {
 
 /// An open descriptor that is closed on every path.
-class OpenFile {
+class [[nodiscard]] OpenFile {
  public:
   OpenFile(FileSystem& files, int descriptor) : files_(&files), descriptor_(descriptor) {}
   OpenFile(OpenFile&& other) noexcept
@@ -48,10 +49,10 @@ OpenFile openTemporaryIfThere(FileSystem& files, const std::string& path);
 /// As openOrCreate, of a deletion's temporary file. Throws Failure(NotOwnFile) for a link.
 OpenFile openOrCreateTemporary(FileSystem& files, const std::string& path);
 
-/// Opens a file to read it, made empty where it is missing. Where it can neither be opened for writing nor
-/// made (a read-only place, a full disk) it is opened for reading alone, and when it is missing there,
-/// nothing is opened. Throws Failure(FolderMissing) or OpenFailed.
-OpenFile openToRead(FileSystem& files, const std::string& path);
+/// Opens a file to read it, made empty where it is missing; nothing, with errno set, where its folder is not
+/// there. Where it can neither be opened for writing nor made (a read-only place, a full disk) it is opened
+/// for reading alone, and when it is missing there, the OpenFile is not open. Throws Failure(OpenFailed).
+std::optional<OpenFile> openToRead(FileSystem& files, const std::string& path);
 
 /// Opens the file that the path names at the moment when its lock is ours, and tells its status then. Throws
 /// as openOrCreate, and Failure(FileBusy) when another program holds the lock for two seconds.
@@ -101,7 +102,7 @@ std::string folderOf(const std::string& path);
 std::string resolved(FileSystem& files, const std::string& path);
 
 /// Gives a file a new name, replacing what has it; false, with errno set, when that is not possible.
-bool renamed(FileSystem& files, const std::string& from, const std::string& to);
+[[nodiscard]] bool renamed(FileSystem& files, const std::string& from, const std::string& to);
 
 /// As renamed. Throws Failure(ReplaceFailed).
 void rename(FileSystem& files, const std::string& from, const std::string& to);

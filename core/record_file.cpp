@@ -79,8 +79,17 @@ class Announcement {
 };
 
 ByteBlock readRecords(FileSystem& files, const std::string& path, std::size_t recordLength) {
-  const OpenFile file = steps::openToRead(files, path);
-  if (!file.isOpen()) return {};
+  std::optional<ByteBlock> found = readRecordsIfFolder(files, path, recordLength);
+  if (!found) throw Failure(FailureKind::FolderMissing).file(path).systemError(errno);
+  return *std::move(found);
+}
+
+std::optional<ByteBlock> readRecordsIfFolder(FileSystem& files, const std::string& path,
+                                             std::size_t recordLength) {
+  const std::optional<OpenFile> opened = steps::openToRead(files, path);
+  if (!opened) return std::nullopt;
+  const OpenFile& file = *opened;
+  if (!file.isOpen()) return ByteBlock();
   const FileStatus status = steps::statusOf(files, file, path);
   const auto count =
       std::min<std::int64_t>(status.size / static_cast<std::int64_t>(recordLength), kHighestRecordNumber);

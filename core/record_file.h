@@ -2,10 +2,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 
 #include "core/change_watcher.h"
+#include "core/failure.h"
 #include "core/file_steps.h"
 #include "core/file_system.h"
 #include "core/record_list.h"
@@ -20,10 +22,24 @@ inline constexpr int kHighestRecordNumber = 32'767;
 /// its folder is not there, OpenFailed, NotAFile or ReadFailed.
 ByteBlock readRecords(FileSystem& files, const std::string& path, std::size_t recordLength);
 
+/// As readRecords; nothing, with errno set, where its folder is not there.
+std::optional<ByteBlock> readRecordsIfFolder(FileSystem& files, const std::string& path,
+                                             std::size_t recordLength);
+
 /// As readRecords, of one record type.
 template <Record R>
 RecordList<R> loadRecords(FileSystem& files, const std::string& path) {
   return RecordList<R>(readRecords(files, path, R::kLength));
+}
+
+/// Reads the record of that number; throws Failure(RecordMissing) where the file has none, and as
+/// readRecords.
+template <Record R>
+R loadRecord(FileSystem& files, const std::string& path, int number) {
+  const RecordList<R> records = loadRecords<R>(files, path);
+  if (number < 1 || number > records.count())
+    throw Failure(FailureKind::RecordMissing).file(path).record(number);
+  return records.record(number);
 }
 
 /// Creates the file empty when it is missing and leaves it alone otherwise. Throws

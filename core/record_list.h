@@ -31,6 +31,12 @@ struct SeenRecord {
   std::vector<std::byte> bytes{};  ///< empty where the file had no record of that number
 };
 
+/// The record that was seen; a new one where there was none.
+template <Record R>
+R recordOf(const SeenRecord& seen) {
+  return seen.bytes.empty() ? R{} : decoded<R>(seen.bytes);
+}
+
 /// The bytes of one record.
 template <Record R>
 std::vector<std::byte> encoded(const R& record) {

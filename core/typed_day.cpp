@@ -17,10 +17,6 @@ constexpr std::size_t kLeastOfAName = 3;
 constexpr int kFirstYear = 100;
 constexpr int kLastYear = 9999;
 
-constexpr bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 constexpr bool isGap(char c) {
   return c == ' ' || c == '\t' || c == '\n' || c == '\r';
 }

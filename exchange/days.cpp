@@ -4,16 +4,13 @@
 #include <array>
 #include <string>
 
-#include "core/failure.h"
 #include "core/text.h"
 #include "exchange/words.h"
 
 namespace tarvik::exchange {
 namespace {
 
-constexpr bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
+using core::isDigit;
 
 constexpr bool isLetter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || static_cast<unsigned char>(c) >= 0x80;
@@ -166,13 +163,8 @@ core::CalendarDate dateOf(const DayParts& parts, DayOrder order) {
   return {wholeYear(c), a, b};
 }
 
-std::optional<core::Day> existingDay(const core::CalendarDate& date) {
-  if (date == core::CalendarDate{}) return std::nullopt;
-  try {
-    return core::dayOf(date);
-  } catch (const core::Failure&) {
-    return std::nullopt;
-  }
+std::optional<core::Day> dayIfAny(const core::CalendarDate& date) {
+  return date == core::CalendarDate{} ? std::nullopt : core::existingDay(date);
 }
 
 // Digits alone: year, month and day, with a time of day in six more or not; seconds or thousandths since
@@ -186,8 +178,8 @@ std::optional<core::Day> dayOfDigits(std::string_view text) {
   for (const char c : text.substr(0, 14)) number = number * 10 + (c - '0');
   if (text.size() == 14) number /= 1'000'000;
   if (text.size() == 8 || text.size() == 14)
-    return existingDay({static_cast<int>(number / 10'000), static_cast<int>(number / 100 % 100),
-                        static_cast<int>(number % 100)});
+    return dayIfAny({static_cast<int>(number / 10'000), static_cast<int>(number / 100 % 100),
+                     static_cast<int>(number % 100)});
   if (text.size() == 13) number /= 1'000;
   if (text.size() == 10 || text.size() == 13)
     return core::Day{kFirstOf1970 + static_cast<std::int32_t>(number / kSecondsOfADay)};
@@ -203,7 +195,7 @@ std::optional<core::Day> dayOfText(std::string_view text, DayOrder order) {
   if (text.size() == 15 && text[8] == 'T' && std::ranges::all_of(text.substr(0, 8), isDigit))
     return dayOfDigits(text.substr(0, 8));
   const auto parts = partsOf(text);
-  return parts ? existingDay(dateOf(*parts, order)) : std::nullopt;
+  return parts ? dayIfAny(dateOf(*parts, order)) : std::nullopt;
 }
 
 constexpr std::array kOrders = {DayOrder::DayFirst, DayOrder::MonthFirst, DayOrder::YearFirst};

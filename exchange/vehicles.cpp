@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "core/failure.h"
 #include "core/text.h"
 #include "exchange/units.h"
 
@@ -139,12 +138,8 @@ std::optional<core::Day> dayOfRow(const CsvRow& row, const Reading& reading) {
   const auto month = readMonth(row.cell(reading.columnOf(Meaning::Month)));
   const int year = wholeOf(row.cell(reading.columnOf(Meaning::Year)));
   if (!month || year == 0) return std::nullopt;
-  try {
-    return core::dayOf(
-        {year < 100 ? 2'000 + year : year, *month, wholeOf(row.cell(reading.columnOf(Meaning::DayOfMonth)))});
-  } catch (const core::Failure&) {
-    return std::nullopt;
-  }
+  return core::existingDay(
+      {year < 100 ? 2'000 + year : year, *month, wholeOf(row.cell(reading.columnOf(Meaning::DayOfMonth)))});
 }
 
 void findVehicles(const LogTable& table, const std::vector<ColumnFacts>& facts, const Choices& choices,

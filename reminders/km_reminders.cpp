@@ -24,11 +24,6 @@ core::RecordFile openFile(core::FileSystem& files, const core::DataFolders& fold
   return core::RecordFile(files, folders.inCurrent(kFile), FigyelRec::kLength);
 }
 
-// One of zeros where there is none.
-FigyelRec decoded(const core::SeenRecord& seen) {
-  return seen.bytes.empty() ? FigyelRec{} : core::decoded<FigyelRec>(seen.bytes);
-}
-
 ReminderRow rowOf(const FigyelRec& reminder, int record) {
   return {.date = reminder.RogzDatum.asStored(),
           .text = reminder.Szoveg.asStored(),
@@ -76,14 +71,15 @@ void recordKmReminder(core::FileSystem& files, const core::DataFolders& folders,
   core::RecordFile file = openFile(files, folders);
   const bool overwritesFirst = core::trimmed(entry.text).empty() && file.count() > 0;
   const core::SeenRecord before = file.seen(overwritesFirst ? 1 : file.count());
-  const std::vector<std::byte> bytes = core::encoded(filledFrom(decoded(before), entry, today));
+  const std::vector<std::byte> bytes =
+      core::encoded(filledFrom(core::recordOf<FigyelRec>(before), entry, today));
   if (overwritesFirst) return file.rewrite(before, bytes);
   file.append(bytes);
 }
 
 void blankKmReminder(core::FileSystem& files, const core::DataFolders& folders,
                      const core::SeenRecord& seen) {
-  FigyelRec reminder = decoded(seen);
+  FigyelRec reminder = core::recordOf<FigyelRec>(seen);
   reminder.Szoveg = core::FixedText<40>("");
   reminder.RogzDatum = core::FixedText<10>("");
   reminder.KmAllas = 0;

@@ -1,6 +1,5 @@
 #include "repairs/repair_log.h"
 
-#include "core/failure.h"
 #include "core/field_number.h"
 #include "core/record_file.h"
 
@@ -16,21 +15,13 @@ Repairs loadRepairs(core::FileSystem& files, const core::DataFolders& folders) {
   return core::loadRecords<Repair>(files, folders.inProgram(kFile));
 }
 
-std::vector<RepairRow> RepairLog::listOf(std::string_view plate) {
-  return listFiltered({.plate = std::string(plate)});
-}
-
 std::vector<RepairRow> RepairLog::listFiltered(const RepairFilter& filter) {
   listed_ = loadRepairs(files_, folders_);
   return rowsOf(listed_, filter);
 }
 
 Repair RepairLog::read(int number) const {
-  const std::string path = folders_.inProgram(kFile);
-  const auto repairs = core::loadRecords<Repair>(files_, path);
-  if (number < 1 || number > repairs.count())
-    throw core::Failure(core::FailureKind::RecordMissing).file(path).record(number);
-  return repairs.record(number);
+  return core::loadRecord<Repair>(files_, folders_.inProgram(kFile), number);
 }
 
 void RepairLog::record(const NewRepair& typed) const {

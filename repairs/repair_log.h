@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "core/data_folders.h"
@@ -31,8 +30,6 @@ class RepairLog {
  public:
   RepairLog(core::FileSystem& files, const core::DataFolders& folders) : files_(files), folders_(folders) {}
 
-  /// Lists one vehicle's entries; the plate is compared trimmed and exactly.
-  std::vector<RepairRow> listOf(std::string_view plate);
   /// Lists the entries that the filter keeps.
   std::vector<RepairRow> listFiltered(const RepairFilter& filter);
   /// The entry of that number as the last listing read it: what is to be changed.

@@ -27,7 +27,7 @@ void saveStartSettings(core::FileSystem& files, const core::DataFolders& folders
 void saveReminderFlag(core::FileSystem& files, const core::DataFolders& folders, std::int16_t remindersOn) {
   core::RecordFile file(files, folders.inCurrent(kFileName), SetRecord::kLength);
   const core::SeenRecord first = file.seen(1);
-  SetRecord settings = first.bytes.empty() ? SetRecord{} : core::decoded<SetRecord>(first.bytes);
+  SetRecord settings = core::recordOf<SetRecord>(first);
   if (!first.bytes.empty() && settings.remindersOn == remindersOn) return;
   settings.remindersOn = remindersOn;
   writeInPlaceOf(first, file, settings);

@@ -1,6 +1,5 @@
 #include "tyres/tyre_register.h"
 
-#include "core/failure.h"
 #include "core/field_number.h"
 #include "core/record_file.h"
 #include "core/text.h"
@@ -63,11 +62,7 @@ std::vector<TyreRow> TyreRegister::listAll() {
 }
 
 const TyreSet& TyreRegister::read(int number) {
-  const std::string path = folders_.inProgram(kFile);
-  const auto sets = core::loadRecords<TyreSet>(files_, path);
-  if (number < 1 || number > sets.count())
-    throw core::Failure(core::FailureKind::RecordMissing).file(path).record(number);
-  return buffer_ = sets.record(number);
+  return buffer_ = core::loadRecord<TyreSet>(files_, folders_.inProgram(kFile), number);
 }
 
 void TyreRegister::record(const NewTyreSet& typed) {
@@ -81,7 +76,7 @@ void TyreRegister::record(const NewTyreSet& typed) {
 
 template <typename Edit>
 void TyreRegister::rewrite(const core::SeenRecord& seen, Edit edit) {
-  buffer_ = seen.bytes.empty() ? TyreSet{} : core::decoded<TyreSet>(seen.bytes);
+  buffer_ = core::recordOf<TyreSet>(seen);
   TyreSet edited = buffer_;
   edit(edited);
   core::RecordFile(files_, folders_.inProgram(kFile), TyreSet::kLength).rewrite(seen, core::encoded(edited));

@@ -140,7 +140,10 @@ const std::vector<Question>& questions() {
        kOneRead},
       {"listTyres", [](FileSystem& files) { tyres::TyreRegister(files, kDiskFolders).listAll(); }, kOneRead},
       {"listRepairs",
-       [](FileSystem& files) { repairs::RepairLog(files, kDiskFolders).listOf(kOperationPlate); }, kOneRead},
+       [](FileSystem& files) {
+         repairs::RepairLog(files, kDiskFolders).listFiltered({.plate = kOperationPlate});
+       },
+       kOneRead},
   };
   return all;
 }

@@ -69,14 +69,14 @@ class RepairLogTest : public testing::Test {
 };
 
 TEST_F(RepairLogTest, AMissingFileIsAnEmptyListAndIsCreatedInTheProgramFolder) {
-  EXPECT_THAT(log_.listOf("ABC-123"), IsEmpty());
+  EXPECT_THAT(log_.listFiltered({.plate = "ABC-123"}), IsEmpty());
   EXPECT_EQ(program_.read(kFile), "");
   EXPECT_THAT(current_.names(), IsEmpty());
 }
 
 TEST_F(RepairLogTest, ListsOneVehicleOrWhatAFilterKeeps) {
   store({repairOf("ABC-123"), repairOf("DEF-456"), repairOf("ABC-123", "Mosás")});
-  EXPECT_THAT(log_.listOf("ABC-123 "),
+  EXPECT_THAT(log_.listFiltered({.plate = "ABC-123 "}),
               ElementsAre(Field(&RepairRow::number, 1), Field(&RepairRow::number, 3)));
   EXPECT_THAT(log_.listFiltered({.isAllVehicles = true, .description = "olaj"}),
               ElementsAre(Field(&RepairRow::number, 1), Field(&RepairRow::number, 2)));

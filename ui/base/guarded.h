@@ -31,7 +31,7 @@ enum class Outcome {
   Failed,   ///< it failed on the way
 };
 /// An outcome, with what is to be told of it when it is not Done.
-struct Attempt {
+struct [[nodiscard]] Attempt {
   Outcome outcome = Outcome::Done;
   QString text = {};
   QString field = {};  ///< the control whose text was refused, by its name

@@ -13,7 +13,7 @@ namespace tarvik::ui {
 enum class DefaultAnswer { Yes, No };
 
 /// Asks a question with Yes and No; true for Yes.
-bool ask(QWidget* parent, const QString& title, const QString& prompt, DefaultAnswer byDefault);
+[[nodiscard]] bool ask(QWidget* parent, const QString& title, const QString& prompt, DefaultAnswer byDefault);
 
 /// What a person answers who may also give up what led to the question.
 enum class Answer { Yes, No, Cancel };

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "ui/base/guarded.h"
+#include "ui/base/handlers.h"
 #include "ui/base/text.h"
 #include "ui/lists/list_view.h"
 
@@ -42,7 +43,7 @@ ListMenu::ListMenu(ListView* list, ListMenuActions actions) : QObject(list), lis
   QAction* copy = add("mnuMasolas", QStringLiteral("&Másolás"));
   copy->setShortcut(QKeySequence::Copy);
   copy->setShortcutContext(Qt::WidgetShortcut);
-  connect(copy, &QAction::triggered, this, &ListMenu::copy);
+  onSignal(copy, &QAction::triggered, this, &ListMenu::copy);
   addAsking("mnuCsvMentes", QStringLiteral("M&entés CSV-fájlba…"), actions.save);
   if (actions.import) addAsking("mnuCsvBeolvasas", QStringLiteral("&Beolvasás CSV-fájlból…"), actions.import);
   list->installEventFilter(this);

@@ -129,8 +129,7 @@ void EntryChanges::remove() {
   if (refusesBlankPlate_(QStringLiteral("Így nem törölhető..."))) return;
   core::openDeletion(context_.files, context_.folders, plate());
   const core::SeenRecord seen = pane_.seenEntry();
-  const core::NapiAdat entry =
-      seen.bytes.empty() ? core::NapiAdat{} : core::decoded<core::NapiAdat>(seen.bytes);
+  const auto entry = core::recordOf<core::NapiAdat>(seen);
   const QString prompt = QStringLiteral("Biztos T Ö R Ö L H E T Ő\na %1 tétel? ")
                              .arg(toQt(core::shortDateOfStored(entry.Datum)));
   if (!ask(form_.window(), QStringLiteral(" TÖRLÉS az adatállományból !"), prompt, DefaultAnswer::No)) return;

@@ -11,6 +11,7 @@
 #include "core/entry_editing.h"
 #include "ui/base/document.h"
 #include "ui/base/guarded.h"
+#include "ui/base/handlers.h"
 #include "ui/base/text.h"
 #include "ui/look/access.h"
 #include "ui/windows/frmMelyGrafikon.h"
@@ -43,13 +44,12 @@ ChartPanel::ChartPanel(Context& context, ChartSources sources, QWidget* parent)
   setFocusProxy(ui_->Combo2);
   setVisible(false);
   connect(ui_->HScroll1, &QScrollBar::valueChanged, this, [this] { quietly([this] { scroll(); }); });
-  connect(ui_->txtGrafDb, &QLineEdit::textChanged, this,
-          [this](const QString& text) { ui_->HScroll1->setPageStep(charts::recordsPerView(toLogic(text))); });
+  onSignal(ui_->txtGrafDb, &QLineEdit::textChanged, this, &ChartPanel::setPageStep);
   connect(ui_->Combo2, &QComboBox::currentIndexChanged, this,
           [this](int index) { guarded(window(), [&] { setType(index); }); });
   connect(ui_->MSChart1, &ChartView::pointSelected, this,
           [this](int, int row) { guarded(window(), [&] { describePoint(row); }); });
-  connect(ui_->MSChart1, &ChartView::pictureWanted, this, &ChartPanel::savePicture);
+  onSignal(ui_->MSChart1, &ChartView::pictureWanted, this, &ChartPanel::savePicture);
   setType(ui_->Combo2->currentIndex());
 }
 
@@ -158,6 +158,10 @@ void ChartPanel::display(std::vector<charts::ChartPoint> points, const std::stri
 void ChartPanel::fitScrollBar(int records) {
   const QSignalBlocker silent(ui_->HScroll1);
   ui_->HScroll1->setRange(kFirstRecord, std::max(kFirstRecord, records - 1));
+  setPageStep();
+}
+
+void ChartPanel::setPageStep() {
   ui_->HScroll1->setPageStep(charts::recordsPerView(toLogic(ui_->txtGrafDb->text())));
 }
 

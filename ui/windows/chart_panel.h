@@ -57,6 +57,7 @@ class ChartPanel : public QFrame {
   void resetGrid();
   void display(std::vector<charts::ChartPoint> points, const std::string& title);
   void fitScrollBar(int records);
+  void setPageStep();
   void scroll();
   void setType(int index);
   void savePicture();

@@ -1,14 +1,9 @@
 #pragma once
 
-#include <QDialog>
-#include <QStringList>
-#include <functional>
 #include <memory>
-#include <vector>
 
 #include "tyres/tyre_register.h"
-#include "ui/base/context.h"
-#include "ui/lists/text_list_model.h"
+#include "ui/windows/register_screen.h"
 
 class QButtonGroup;
 
@@ -21,7 +16,7 @@ namespace tarvik::ui {
 /// The tyre register: the tyre sets of one vehicle or of all, and what can be done to the selected one.
 /// The number of the set chosen last is remembered until another is chosen: the buttons that stay enabled act
 /// on it, and its row is the highlighted one.
-class frmGumik : public QDialog {
+class frmGumik : public RegisterScreen {
   Q_OBJECT
 
  public:
@@ -30,22 +25,16 @@ class frmGumik : public QDialog {
   ~frmGumik() override;
 
  private:
-  void prepareFields(const QString& plate, const QStringList& plates);
-  void prepareList();
-  void addListMenu(Context& context);
   void connectButtons();
 
   void BeolvasGumi();
   void BeolvasOsszesGumi();
-  void list(const std::function<std::vector<tyres::TyreRow>()>& read);
-  void relistInPlace();
-  void followChange(int cameBack);
-  QString chosenType(int number) const;
-  void showChosen();
+  void listPlate() override { BeolvasGumi(); }
+  void showRecord(int number) override;
+  QString plateOf(int number) override;
+  void forgetChosen() override;
+  QString typeOf(int number) const;
 
-  void choose(int row);
-  void forgetChosen();
-  bool change(const QString& done, const std::function<void()>& make);
   void fillNewFields(const tyres::TyreSet& set);
   void fillChangeFields(const tyres::TyreSet& set);
   tyres::TyreFields newFields() const;
@@ -59,11 +48,8 @@ class frmGumik : public QDialog {
 
   std::unique_ptr<Ui::frmGumik> ui_;
   tyres::TyreRegister tyres_;
-  TextListModel* rows_;
   QButtonGroup* opGumiEvszak_;
   QButtonGroup* opMEszak_;
-  int chosen_ = 0;               // record number of the set chosen last, 0 = none
-  bool offersDeletion_ = false;  // a set was chosen since the last deletion
 };
 
 }  // namespace tarvik::ui

@@ -1,22 +1,10 @@
 #include "ui/windows/frmSzerviz.h"
 
-#include <QScopeGuard>
-
-#include "ui/base/change.h"
-#include "ui/base/guarded.h"
 #include "ui/base/handlers.h"
 #include "ui/base/text.h"
-#include "ui/exchange/csv_files.h"
-#include "ui/lists/list_delegate.h"
-#include "ui/lists/list_hint.h"
-#include "ui/lists/list_menu.h"
 #include "ui/lists/list_tables.h"
-#include "ui/lists/search_line.h"
-#include "ui/look/access.h"
 #include "ui/look/dialog_parts.h"
-#include "ui/look/enter_key.h"
 #include "ui/look/look.h"
-#include "ui/look/placement.h"
 #include "ui/look/plate_chooser.h"
 #include "ui/look/undo_line.h"
 #include "ui_frmSzerviz.h"
@@ -29,100 +17,71 @@ constexpr QSize kWishedSteps{116, 72};
 constexpr int kCostColumn = 4;
 constexpr int kReadingColumn = 5;
 
-TextRow rowOf(const repairs::RepairRow& row) {
-  return {.cells = {toQt(row.plate), toQt(row.date), toQt(row.description), toQt(row.part),
-                    numberText(row.costFt), numberText(row.readingKm)},
-          .record = numberText(row.number)};
+std::vector<TextRow> textRows(const std::vector<repairs::RepairRow>& rows) {
+  std::vector<TextRow> shown;
+  for (const repairs::RepairRow& row : rows)
+    shown.push_back({.cells = {toQt(row.plate), toQt(row.date), toQt(row.description), toQt(row.part),
+                               numberText(row.costFt), numberText(row.readingKm)},
+                     .record = numberText(row.number)});
+  return shown;
 }
 
 }  // namespace
 
 frmSzerviz::frmSzerviz(Context& context, const QString& plate, const QStringList& plates, QWidget* parent)
-    : QDialog(parent), ui_(std::make_unique<Ui::frmSzerviz>()), log_(context.files, context.folders) {
+    : RegisterScreen(context, parent),
+      ui_(std::make_unique<Ui::frmSzerviz>()),
+      log_(context.files, context.folders) {
   ui_->setupUi(this);
-  makeAccessible(*this);
-  addClosingMenu(*this, ui_->mnuBezar);
-  prepareFields(plate, plates, context.clock.today());
-  prepareList();
-  addListMenu(context);
+  ui_->DTPSzerviz->setDate(toQt(context.clock.today()));
+  new PlateChooser(ui_->cmbRendszam2);
   onClick(this, ui_->cmdSzervizSzures, &frmSzerviz::filter);
   onClick(this, ui_->cmdRogzitSzerviz, &frmSzerviz::recordRepair);
   onClick(this, ui_->cmdDelSzerviz, &frmSzerviz::deleteRepair);
-  followEnterRule(*this);
-  new UndoLine(context, *this, *ui_->mainLayout,
-               [this, path = context.folders.inProgram("Szerviz.dat")](const core::Travelled& travelled) {
-                 if (concerns(travelled, path)) followChange(recordThatCameBack(travelled, path));
-               });
-  keepWithinReach(*this);
-  openInTheMiddle(*this, kWishedSteps * gridStep());
-  guarded(this, [this] { BeolvasSzerviz(); });
+  open({.layout = ui_->mainLayout,
+        .close = ui_->mnuBezar,
+        .plate = ui_->cmbRendszam2,
+        .list = ui_->ListViewSzerviz,
+        .deletion = ui_->cmdDelSzerviz,
+        .heads = {QStringLiteral("Rendszám"), QStringLiteral("Dátum"), QStringLiteral("Megnevezés"),
+                  QStringLiteral("Alkatrész"), QStringLiteral("Költség"), QStringLiteral("Km. óra")},
+        .longest = {"WWWWWWWW", "9999.99.99.", "", "", "-999999999", "-9999999"},
+        .figureColumns = {kCostColumn, kReadingColumn},
+        .emptyHint = QStringLiteral("Nincs ilyen javítás vagy szerviz felvéve."),
+        .file = "Szerviz.dat",
+        .csvName = QStringLiteral("javitasok"),
+        .csv = &repairsCsv,
+        .searchedText =
+            [this](int number) {
+              return repairs::searchedText(core::recordOf<repairs::Repair>(log_.seen(number)));
+            }},
+       plate, plates, kWishedSteps * gridStep());
 }
 
 frmSzerviz::~frmSzerviz() = default;
 
-void frmSzerviz::prepareFields(const QString& plate, const QStringList& plates, core::Day today) {
-  new PlateChooser(ui_->cmbRendszam2);
-  ui_->cmbRendszam2->addItems(plates);
-  ui_->cmbRendszam2->setEditText(plate.trimmed());
-  ui_->DTPSzerviz->setDate(toQt(today));
-}
-
-void frmSzerviz::prepareList() {
-  rows_ =
-      new TextListModel({QStringLiteral("Rendszám"), QStringLiteral("Dátum"), QStringLiteral("Megnevezés"),
-                         QStringLiteral("Alkatrész"), QStringLiteral("Költség"), QStringLiteral("Km. óra")},
-                        this);
-  ui_->ListViewSzerviz->setModel(rows_);
-  rows_->setFigureColumns({kCostColumn, kReadingColumn});
-  layOutList(*ui_->ListViewSzerviz, {"WWWWWWWW", "9999.99.99.", "", "", "-999999999", "-9999999"});
-  new ListHint(*ui_->ListViewSzerviz, QStringLiteral("Nincs ilyen javítás vagy szerviz felvéve."));
-  ui_->ListViewSzerviz->sortByHeaderClicks();
-  ui_->ListViewSzerviz->onRowChosen([this](int row) { return guarded(this, [&] { choose(row); }); });
-}
-
-void frmSzerviz::addListMenu(Context& context) {
-  new ListMenu(ui_->ListViewSzerviz, {.save = [this, &context] {
-                 saveCsvFile(context, QStringLiteral("javitasok"),
-                             repairsCsv(context.files, context.folders, *rows_), this);
-               }});
-  auto* search = new SearchLine(
-      *ui_->ListViewSzerviz,
-      [this](int row) {
-        return repairs::searchedText(
-            core::decoded<repairs::Repair>(log_.seen(rows_->record(row).toInt()).bytes));
-      },
-      this);
-  ui_->mainLayout->insertWidget(ui_->mainLayout->indexOf(ui_->ListViewSzerviz), search);
-}
-
 void frmSzerviz::BeolvasSzerviz() {
-  list([this] { return log_.listOf(toLogic(ui_->cmbRendszam2->currentText())); });
+  listFiltered({.plate = toLogic(ui_->cmbRendszam2->currentText())});
 }
 
 // The rows come first: should their total be too large, the entry that makes it so can still be deleted.
-void frmSzerviz::list(const std::function<std::vector<repairs::RepairRow>()>& read) {
-  const auto chosenShown = qScopeGuard([this] { showChosen(); });
+void frmSzerviz::listFiltered(const repairs::RepairFilter& filter) {
   ui_->lbKoltseg->clear();
-  rows_->setRows({});
-  const std::vector<repairs::RepairRow> rows = read();
-  std::vector<TextRow> shown;
-  for (const repairs::RepairRow& row : rows) shown.push_back(rowOf(row));
-  rows_->setRows(std::move(shown));
+  std::vector<repairs::RepairRow> rows;
+  list([&] {
+    rows = log_.listFiltered(filter);
+    return textRows(rows);
+  });
   ui_->lbKoltseg->setText(toQt(repairs::totalText(rows)));
 }
 
-// Nobody is asked before a deletion, so none is offered of an entry that is out of the list.
-void frmSzerviz::showChosen() {
-  ui_->ListViewSzerviz->highlightRecord(chosen_);
-  ui_->cmdDelSzerviz->setEnabled(!ui_->ListViewSzerviz->highlightedRecord().isEmpty());
+QString frmSzerviz::plateOf(int number) {
+  return toQt(log_.read(number).plate.trimmed());
 }
 
 // A damaged date leaves the picker's own.
-void frmSzerviz::choose(int row) {
-  const int number = rows_->record(row).toInt();
+void frmSzerviz::showRecord(int number) {
   const repairs::Repair repair = log_.read(number);
-  chosen_ = number;
-  ui_->cmdDelSzerviz->setEnabled(true);
   fillField(ui_->txtAlkatresz, repair.part.asStored());
   fillField(ui_->txtSzervizMegnev, repair.description.asStored());
   if (const auto day = core::dayFromStored(repair.date)) ui_->DTPSzerviz->setDate(toQt(*day));
@@ -132,29 +91,10 @@ void frmSzerviz::choose(int row) {
 }
 
 void frmSzerviz::filter() {
-  list([this] {
-    return log_.listFiltered({.plate = toLogic(ui_->cmbRendszam2->currentText()),
-                              .isAllVehicles = ui_->chkOsszesAuto->isChecked(),
-                              .description = toLogic(ui_->txtSzervizMegnev->text()),
-                              .part = toLogic(ui_->txtAlkatresz->text())});
-  });
-}
-
-bool frmSzerviz::change(const QString& done, const std::function<void()>& make) {
-  return carryOut(this, {.done = done,
-                         .make = make,
-                         .forget = [this] { chosen_ = 0; },
-                         .list = [this] { ui_->ListViewSzerviz->keepPlace([this] { BeolvasSzerviz(); }); }});
-}
-
-// A repair of another vehicle that came back is listed with that vehicle's.
-void frmSzerviz::followChange(int cameBack) {
-  chosen_ = 0;
-  ui_->ListViewSzerviz->keepPlace([this] { BeolvasSzerviz(); });
-  if (cameBack == 0 || ui_->ListViewSzerviz->markRecord(cameBack)) return;
-  ui_->cmbRendszam2->setEditText(toQt(log_.read(cameBack).plate.trimmed()));
-  BeolvasSzerviz();
-  ui_->ListViewSzerviz->markRecord(cameBack);
+  listFiltered({.plate = toLogic(ui_->cmbRendszam2->currentText()),
+                .isAllVehicles = ui_->chkOsszesAuto->isChecked(),
+                .description = toLogic(ui_->txtSzervizMegnev->text()),
+                .part = toLogic(ui_->txtAlkatresz->text())});
 }
 
 // The entry chosen before stays the chosen one.
@@ -176,14 +116,14 @@ void frmSzerviz::recordRepair() {
 
 // No question is asked, so the entry that goes is the highlighted one and no other.
 void frmSzerviz::deleteRepair() {
-  const core::SeenRecord seen = log_.seen(ui_->ListViewSzerviz->highlightedRecord().toInt());
-  const auto repair = seen.bytes.empty() ? repairs::Repair{} : core::decoded<repairs::Repair>(seen.bytes);
+  const core::SeenRecord seen = log_.seen(highlighted());
+  const auto repair = core::recordOf<repairs::Repair>(seen);
   const QString day = toQt(core::shortDateOfStored(repair.date));
   const Step step(this, QStringLiteral("javítás törlése, %1").arg(day),
                   QStringLiteral("Törölve: %1 %2").arg(day, toQt(repair.description.trimmed())));
-  change(QStringLiteral("A javítás törölve van."), [this] {
-    log_.remove(log_.seen(ui_->ListViewSzerviz->highlightedRecord().toInt()));
-    chosen_ = 0;
+  change(QStringLiteral("A javítás törölve van."), [&] {
+    log_.remove(seen);
+    forgetChosen();
   });
   ui_->ListViewSzerviz->setFocus();
 }

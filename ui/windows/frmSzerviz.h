@@ -1,14 +1,9 @@
 #pragma once
 
-#include <QDialog>
-#include <QStringList>
-#include <functional>
 #include <memory>
-#include <vector>
 
 #include "repairs/repair_log.h"
-#include "ui/base/context.h"
-#include "ui/lists/text_list_model.h"
+#include "ui/windows/register_screen.h"
 
 namespace Ui {
 class frmSzerviz;
@@ -17,7 +12,7 @@ class frmSzerviz;
 namespace tarvik::ui {
 
 /// The repair log: the repairs and services of one vehicle, or what a filter finds, with their total cost.
-class frmSzerviz : public QDialog {
+class frmSzerviz : public RegisterScreen {
   Q_OBJECT
 
  public:
@@ -26,25 +21,18 @@ class frmSzerviz : public QDialog {
   ~frmSzerviz() override;
 
  private:
-  void prepareFields(const QString& plate, const QStringList& plates, core::Day today);
-  void prepareList();
-  void addListMenu(Context& context);
-
   void BeolvasSzerviz();
-  void list(const std::function<std::vector<repairs::RepairRow>()>& read);
-  void showChosen();
-  void followChange(int cameBack);
+  void listPlate() override { BeolvasSzerviz(); }
+  void showRecord(int number) override;
+  QString plateOf(int number) override;
 
-  void choose(int row);
-  bool change(const QString& done, const std::function<void()>& make);
+  void listFiltered(const repairs::RepairFilter& filter);
   void filter();
   void recordRepair();
   void deleteRepair();
 
   std::unique_ptr<Ui::frmSzerviz> ui_;
   repairs::RepairLog log_;
-  TextListModel* rows_;
-  int chosen_ = 0;  // record number of the entry chosen last, 0 = none or deleted
 };
 
 }  // namespace tarvik::ui

@@ -27,7 +27,7 @@ void showCaption(QLabel* label, const QString& text);
 /// The text of a reminder that was seen, as a step names it; empty where there was none.
 template <typename Reminder>
 QString reminderText(const core::SeenRecord& seen) {
-  return seen.bytes.empty() ? QString() : toQt(core::decoded<Reminder>(seen.bytes).Szoveg.trimmed());
+  return toQt(core::recordOf<Reminder>(seen).Szoveg.trimmed());
 }
 
 /// Tells that no row was chosen to be deleted.
