@@ -10,6 +10,7 @@
 #include <QPointer>
 #include <QRadioButton>
 #include <QShortcut>
+#include <algorithm>
 
 namespace tarvik::ui {
 namespace {
@@ -35,7 +36,8 @@ int stepOf(int key) {
   return key == Qt::Key_Down || key == Qt::Key_Right ? 1 : 0;
 }
 
-// Qt's arrows follow the places of the options and check only from one that is checked.
+// Qt's arrows follow the places of the options and check only from one that is checked. While none is, the
+// first arrow checks the one that has the keyboard.
 class ArrowsCheck : public QObject {
  public:
   explicit ArrowsCheck(QRadioButton* option) : QObject(option), option_(option) {
@@ -48,7 +50,9 @@ class ArrowsCheck : public QObject {
     if (step == 0) return false;
     const auto group =
         option_->parentWidget()->findChildren<QRadioButton*>(QString(), Qt::FindDirectChildrenOnly);
-    QRadioButton* const next = group[qBound(0, group.indexOf(option_) + step, group.size() - 1)];
+    const bool isAnyChecked = std::ranges::any_of(group, &QRadioButton::isChecked);
+    const qsizetype wanted = group.indexOf(option_) + (isAnyChecked ? step : 0);
+    QRadioButton* const next = group[qBound(0, wanted, group.size() - 1)];
     next->setFocus(step < 0 ? Qt::BacktabFocusReason : Qt::TabFocusReason);
     next->click();
     return true;

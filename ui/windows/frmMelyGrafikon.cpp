@@ -1,7 +1,5 @@
 #include "ui/windows/frmMelyGrafikon.h"
 
-#include <QKeyEvent>
-
 #include "ui/look/access.h"
 #include "ui/look/enter_key.h"
 #include "ui/look/placement.h"
@@ -22,10 +20,7 @@ frmMelyGrafikon::frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* 
   makeAccessible(*this);
   // The group holds the options in the order of the form, which is that of their numbers.
   int number = 0;
-  for (QAbstractButton* option : ui_->choices->buttons()) {
-    ui_->choices->setId(option, ++number);
-    option->installEventFilter(this);
-  }
+  for (QAbstractButton* option : ui_->choices->buttons()) ui_->choices->setId(option, ++number);
   if (QAbstractButton* last = ui_->choices->button(context_.state.chartChoice)) {
     last->setChecked(true);
     last->setFocus();
@@ -39,16 +34,6 @@ frmMelyGrafikon::frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* 
 }
 
 frmMelyGrafikon::~frmMelyGrafikon() = default;
-
-bool frmMelyGrafikon::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::KeyPress || ui_->choices->checkedId() > 0)
-    return QDialog::eventFilter(watched, event);
-  const int key = static_cast<QKeyEvent*>(event)->key();
-  const bool isArrow = key >= Qt::Key_Left && key <= Qt::Key_Down;
-  if (!isArrow) return QDialog::eventFilter(watched, event);
-  static_cast<QAbstractButton*>(watched)->click();
-  return true;
-}
 
 void frmMelyGrafikon::takeChecked() {
   const int checked = ui_->choices->checkedId();

@@ -20,15 +20,11 @@ class frmMelyGrafikon : public QDialog {
 
  public:
   /// Stands 200 pixels right of and 233 below the main screen's top left corner. The option of the chart
-  /// chosen last is checked; while none is, an
-  /// arrow key checks the option that has the focus instead of leaving it.
+  /// chosen last is checked.
   frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* parent);
   ~frmMelyGrafikon() override;
 
   void reject() override;
-
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void takeChecked();

@@ -16,7 +16,7 @@ namespace {
 
 // Three options in a form, and one in a box of its own inside of it.
 struct Form {
-  Form() {
+  explicit Form(int checked = 0) {
     test::dressOnce();
     auto* const layout = new QVBoxLayout(&screen);
     for (QRadioButton* option : options) layout->addWidget(option);
@@ -24,6 +24,7 @@ struct Form {
     layout->addWidget(box);
     (new QVBoxLayout(box))->addWidget(inner);
     makeAccessible(screen);
+    if (checked > 0) options[checked - 1]->setChecked(true);
     screen.show();
     if (!QTest::qWaitForWindowActive(&screen)) qFatal("the form did not come to the front");
   }
@@ -59,14 +60,21 @@ class AccessTest : public QObject {
  private slots:
   void arrowsCheckTheNextOptionAndTheOneBefore() {
     for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Right}) {
-      Form form;
+      Form form(1);
       QCOMPARE(form.checkedAfter(key, 1), 2);
       QCOMPARE(form.checkedAfter(key, 2), 3);
     }
     for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Left}) {
-      Form form;
+      Form form(3);
       QCOMPARE(form.checkedAfter(key, 3), 2);
       QCOMPARE(form.checkedAfter(key, 2), 1);
+    }
+  }
+
+  void theFirstArrowChecksTheOptionThatHasTheKeyboard() {
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Right, Qt::Key_Up, Qt::Key_Left}) {
+      Form form;
+      QCOMPARE(form.checkedAfter(key, 2), 2);
     }
   }
 
@@ -78,7 +86,7 @@ class AccessTest : public QObject {
   }
 
   void theKeyboardComesFromTheSideThatTheArrowLeaves() {
-    Form form;
+    Form form(1);
     Reasons reasons;
     form.options[1]->installEventFilter(&reasons);
     form.checkedAfter(Qt::Key_Down, 1);
