@@ -55,14 +55,16 @@ std::vector<std::uint16_t> listedEntries(const Logbook& logbook, const ListFilte
 }
 
 std::string longestDistance(const Listing& listing) {
-  std::string longest;
+  std::int64_t most = 0;
+  std::int64_t least = 0;
   std::int32_t previous = 0;
   for (const std::uint16_t number : listing.numbers) {
     const std::int32_t km = listing.logbook.record(number).KmOra;
-    std::string text = std::to_string(distance(std::exchange(previous, km), km));
-    if (text.size() > longest.size()) longest = std::move(text);
+    const std::int64_t driven = distance(std::exchange(previous, km), km);
+    most = std::max(most, driven);
+    least = std::min(least, driven);
   }
-  return longest;
+  return std::ranges::max(std::to_string(most), std::to_string(least), {}, &std::string::size);
 }
 
 std::string literText(const NapiAdat& entry) {

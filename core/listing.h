@@ -51,7 +51,7 @@ struct Listing {
   std::string cell(int row, int column) const;
 };
 
-/// The longest text of the distance column, the first of several; empty without rows.
+/// The longest text of the distance column, that of the most km where two are as long; "0" without rows.
 std::string longestDistance(const Listing& listing);
 
 /// A row's litres as the list shows them, "##.00".

@@ -85,7 +85,7 @@ constexpr std::array<std::byte, N> inFileOrder(std::array<std::byte, N> bytes) {
 /// FixedText, as wide as Value. A text comes as its bytes are, without converting or trimming them.
 template <typename Value>
 Value readField(std::span<const std::byte> bytes, std::size_t offset) {
-  std::array<std::byte, sizeof(Value)> raw;
+  std::array<std::byte, sizeof(Value)> raw{};
   std::memcpy(raw.data(), bytes.data() + offset, sizeof(Value));
   if constexpr (!kIsText<Value>) raw = inFileOrder(raw);
   return std::bit_cast<Value>(raw);

@@ -197,16 +197,16 @@ TEST(ListDistance, BetweenTheFarthestReadingsIsShownWhole) {
   EXPECT_EQ(distances(listingOf({atKm(Limits::min()), atKm(Limits::max())})), (Cells{"0", "4294967295"}));
 }
 
-TEST(LongestDistance, IsTheFirstOfTheLongestTextsOfTheColumn) {
-  EXPECT_EQ(longestDistance(listingOf({atKm(10'000), atKm(10'400), atKm(10'350), atKm(10'800)})), "400");
+TEST(LongestDistance, IsTheLongestTextOfTheColumnAndOfSeveralTheMostKm) {
+  EXPECT_EQ(longestDistance(listingOf({atKm(10'000), atKm(10'400), atKm(10'350), atKm(10'800)})), "450");
   EXPECT_EQ(longestDistance(listingOf({atKm(10'000), atKm(110'400), atKm(10'400)})), "-100000");
   EXPECT_EQ(longestDistance(listingOf({atKm(0), atKm(110'400)})), "0");
-  EXPECT_EQ(longestDistance(listingOf({})), "");
+  EXPECT_EQ(longestDistance(listingOf({})), "0");
 }
 
 TEST(LongestDistance, TakesTheSignForALetter) {
   EXPECT_EQ(longestDistance(listingOf({atKm(10'000), atKm(10'999), atKm(10'001), atKm(10'500)})), "-998");
-  EXPECT_EQ(longestDistance(listingOf({atKm(10'000), atKm(9'995), atKm(10'005)})), "-5");
+  EXPECT_EQ(longestDistance(listingOf({atKm(10'000), atKm(9'995), atKm(10'005)})), "10");
   EXPECT_EQ(longestDistance(listingOf({atKm(10'000), atKm(9'991), atKm(10'091)})), "100");
 }
 

@@ -65,11 +65,14 @@ double unitHeight(const ChartStyle& style, const QString& unit) {
 
 }  // namespace
 
+// Every start asks, and needs no title yet: its font is not made for its height.
 int chartHeightForPlot(int plotHeight, const QFont& font) {
-  const ChartStyle style = chartStyle({}, font);
+  ChartStyle style;
+  style.labelFont = font;
+  const double title = std::ceil(QFontMetricsF(font).height() * kTitleScale) + kTitlePadding;
   const LabelFit level = fitLabels({}, QFontMetricsF(style.labelFont), 1, 1);
-  const double around = titleHeight(style) + unitHeight(style, QStringLiteral("l")) +
-                        std::ceil(kDeepest * kDepthRise) + level.height + kEdgeGap;
+  const double around = title + unitHeight(style, QStringLiteral("l")) + std::ceil(kDeepest * kDepthRise) +
+                        level.height + kEdgeGap;
   return plotHeight + static_cast<int>(std::ceil(around));
 }
 

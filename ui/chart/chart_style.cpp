@@ -22,7 +22,7 @@ ChartStyle chartStyle(const QPalette& palette, const QFont& font) {
   style.labelFont = font;
   style.titleFont = font;
   style.titleFont.setWeight(QFont::DemiBold);
-  if (font.pointSizeF() > 0) style.titleFont.setPointSizeF(font.pointSizeF() * 1.2);
+  if (font.pointSizeF() > 0) style.titleFont.setPointSizeF(font.pointSizeF() * kTitleScale);
   return style;
 }
 

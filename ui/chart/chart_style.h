@@ -8,6 +8,9 @@
 
 namespace tarvik::ui {
 
+/// How much larger than the labels the title of a chart is.
+inline constexpr double kTitleScale = 1.2;
+
 /// The colours and fonts of a chart, taken from the palette and the font of its window, and one accent.
 struct ChartStyle {
   QColor background;

@@ -74,18 +74,18 @@ int ListView::shownColumns() const {
 }
 
 int ListView::accessiblePlace(int number) const {
-  if (!isToolkitTelling_ || shownColumns() < 1) return number;
+  if (!isQtTelling_ || shownColumns() < 1) return number;
   const int counted = shownColumns() + 1;
   return number / counted * shownColumns() + qMin(number % counted, shownColumns() - 1);
 }
 
 void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-  const QScopedValueRollback telling(isToolkitTelling_, true);
+  const QScopedValueRollback telling(isQtTelling_, true);
   QTreeView::currentChanged(current, previous);
 }
 
 void ListView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
-  const QScopedValueRollback telling(isToolkitTelling_, true);
+  const QScopedValueRollback telling(isQtTelling_, true);
   QTreeView::selectionChanged(selected, deselected);
 }
 

@@ -46,7 +46,7 @@ class ListView : public QTreeView {
 
  private:
   RowChoice* choice_ = nullptr;
-  bool isToolkitTelling_ = false;
+  bool isQtTelling_ = false;
 };
 
 }  // namespace tarvik::ui

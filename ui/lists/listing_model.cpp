@@ -34,17 +34,6 @@ void ListingModel::refill(const std::function<void()>& fill) {
   endResetModel();
 }
 
-QModelIndex ListingModel::index(int row, int column, const QModelIndex& parent) const {
-  const bool isThere =
-      row >= 0 && row < listing_.rows() && column >= 0 && column < core::kListColumns && !parent.isValid();
-  return isThere ? createIndex(row, column) : QModelIndex();
-}
-
-Qt::ItemFlags ListingModel::flags(const QModelIndex& index) const {
-  if (!index.isValid()) return Qt::NoItemFlags;
-  return Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;
-}
-
 int ListingModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : listing_.rows();
 }

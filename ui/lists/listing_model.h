@@ -19,10 +19,6 @@ class ListingModel : public QAbstractTableModel {
   /// Tells the views that everything is listed anew; fill changes the listing meanwhile and throws nothing.
   void refill(const std::function<void()>& fill);
 
-  // The list asks for each of its rows whenever it is laid out; these look at no more than they must.
-  QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
-  Qt::ItemFlags flags(const QModelIndex& index) const override;
-
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;

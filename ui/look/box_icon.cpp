@@ -41,6 +41,13 @@ QPainterPath triangle() {
   return path;
 }
 
+QPainterPath chevrons() {
+  QPainterPath path;
+  path.addPolygon(QPolygonF{{6, 6}, {12, 12}, {6, 18}});
+  path.addPolygon(QPolygonF{{12, 6}, {18, 12}, {12, 18}});
+  return path;
+}
+
 void paintSign(QPainter& painter, QStyle::StandardPixmap icon) {
   switch (icon) {
     case QStyle::SP_MessageBoxQuestion:
@@ -55,10 +62,18 @@ void paintSign(QPainter& painter, QStyle::StandardPixmap icon) {
       painter.drawPath(triangle());
       painter.drawPath(lines({{12, 9.5, 12, 14}}));
       return painter.drawPoint(kDot);
+    case QStyle::SP_ToolBarHorizontalExtensionButton:
+      return painter.drawPath(chevrons());
     default:
       painter.drawEllipse(kCircle);
       return painter.drawPath(lines({{8.5, 8.5, 15.5, 15.5}, {15.5, 8.5, 8.5, 15.5}}));
   }
+}
+
+QColor colourOf(QStyle::StandardPixmap icon, const QPalette& palette) {
+  if (icon == QStyle::SP_ToolBarHorizontalExtensionButton) return palette.color(QPalette::ButtonText);
+  const bool isTrouble = icon == QStyle::SP_MessageBoxCritical || icon == QStyle::SP_MessageBoxWarning;
+  return isTrouble ? overdueColour(palette) : palette.color(QPalette::Highlight);
 }
 
 class BoxIconEngine : public QIconEngine {
@@ -66,14 +81,12 @@ class BoxIconEngine : public QIconEngine {
   explicit BoxIconEngine(QStyle::StandardPixmap icon) : icon_(icon) {}
 
   void paint(QPainter* painter, const QRect& place, QIcon::Mode, QIcon::State) override {
-    const QPalette palette = QApplication::palette();
-    const bool isTrouble = icon_ == QStyle::SP_MessageBoxCritical || icon_ == QStyle::SP_MessageBoxWarning;
-    const QColor colour = isTrouble ? overdueColour(palette) : palette.color(QPalette::Highlight);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->translate(place.topLeft());
     painter->scale(place.width() / kSide, place.height() / kSide);
-    painter->setPen(QPen(colour, kLine, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter->setPen(
+        QPen(colourOf(icon_, QApplication::palette()), kLine, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     paintSign(*painter, icon_);
     painter->restore();
   }
@@ -98,6 +111,7 @@ QIcon boxIcon(QStyle::StandardPixmap icon) {
     case QStyle::SP_MessageBoxInformation:
     case QStyle::SP_MessageBoxWarning:
     case QStyle::SP_MessageBoxCritical:
+    case QStyle::SP_ToolBarHorizontalExtensionButton:
       return QIcon(new BoxIconEngine(icon));
     default:
       return {};

@@ -17,6 +17,7 @@ constexpr QSize kAround{16, 72};
 FittingArea::FittingArea(QWidget* contents, QWidget* parent) : QScrollArea(parent) {
   setFrameShape(NoFrame);
   setFocusPolicy(Qt::NoFocus);
+  contents->setAttribute(Qt::WA_Resized);  // the area would measure what has not its looks yet
   setWidget(contents);
   contents->setAutoFillBackground(false);
   viewport()->setAutoFillBackground(false);

@@ -15,7 +15,6 @@
 
 #include "ui/base/colours.h"
 #include "ui/look/box_icon.h"
-#include "ui/look/late_icon.h"
 #include "ui/look/look_painting.h"
 #include "ui/look/main_button.h"
 #include "ui/look/wheel.h"
@@ -87,7 +86,7 @@ QPixmap ownPicture(const QString& path) {
   return QPixmap::fromImageReader(&reader);
 }
 
-// A picture of 256 pixels would cost every start more than all of these.
+// Every start reads them: their few colours are in a table, and there is none of 256 pixels.
 QIcon programIcon() {
   bringIcons();
   QIcon icon;
@@ -108,7 +107,7 @@ void showIn(QWidget& part, bool isColoured, const QColor& colour) {
 
 void dress() {
   QApplication::setStyle(new LookStyle);
-  QApplication::setWindowIcon(lateIcon(programIcon));
+  QApplication::setWindowIcon(programIcon());
 }
 
 int gridStep() {
@@ -172,11 +171,9 @@ int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
   return QProxyStyle::styleHint(hint, option, widget, more);
 }
 
-// Each menu bar has the last one, for entries that its window is too narrow for.
 QIcon LookStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
   if (const QIcon own = boxIcon(icon); !own.isNull()) return own;
-  if (icon != SP_ToolBarHorizontalExtensionButton) return QProxyStyle::standardIcon(icon, option, widget);
-  return lateIcon([this] { return QProxyStyle::standardIcon(SP_ToolBarHorizontalExtensionButton); });
+  return QProxyStyle::standardIcon(icon, option, widget);
 }
 
 int LookStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {

@@ -87,7 +87,9 @@ void chevron(QPainter& painter, QPointF middle, const QColor& colour) {
 }  // namespace
 
 bool hasLook(const QWidget* widget, const char* look) {
-  return widget != nullptr && widget->property("look").toString() == QLatin1String(look);
+  // Qt looks through all of a part's own properties first, and most parts have no others.
+  if (widget == nullptr || widget->dynamicPropertyNames().isEmpty()) return false;
+  return widget->property("look").toString() == QLatin1String(look);
 }
 
 bool framed(const QStyleOption* option) {

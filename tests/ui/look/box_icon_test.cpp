@@ -39,6 +39,13 @@ class BoxIconTest : public QObject {
     QCOMPARE(question.pixelColor(24, 31).alpha(), 0);
   }
 
+  void theMarkOfANarrowMenuBarHasTheColourOfItsTexts() {
+    const QImage mark = drawn(QStyle::SP_ToolBarHorizontalExtensionButton, 48);
+    QCOMPARE(mark.pixelColor(23, 24), QApplication::palette().color(QPalette::ButtonText));
+    QCOMPARE(mark.pixelColor(12, 24).alpha(), 0);
+    QCOMPARE(mark.pixelColor(47, 24).alpha(), 0);
+  }
+
   void theFourDiffer() {
     const QStyle::StandardPixmap icons[] = {QStyle::SP_MessageBoxQuestion, QStyle::SP_MessageBoxInformation,
                                             QStyle::SP_MessageBoxWarning, QStyle::SP_MessageBoxCritical};
