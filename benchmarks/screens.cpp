@@ -10,6 +10,9 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <map>
+#include <string>
+#include <vector>
 
 #include "benchmarks/bare_view.h"
 #include "benchmarks/desk.h"
@@ -65,14 +68,12 @@ class Measurements {
     Times times = takeTimes({listed("beolvas", desk_),
                              bareListed("bare", folder_ + "/screens"),
                              {.name = "year", .act = [&] { filtered(1); }},
-                             {.name = "month", .act = [&] { filtered(2); }},
                              {.name = "click", .act = [&] { clicked(); }, .prepare = [&] { filtered(0); }}},
                             rounds_);
     filtered(0);
     writeAgainstFloor("beolvas, from the call to the painted rows", times.at("beolvas").wall,
                       {"load + bare view", times.at("bare").wall}, 1.3);
     writeTime("filter to a year, to the painted rows", times.at("year"), 5 * kMillisecond);
-    writeTime("filter to a month, to the painted rows", times.at("month"), 5 * kMillisecond);
     writeTime("click on a row, to its painted statistics", times.at("click"), 5 * kMillisecond);
   }
 
@@ -107,13 +108,18 @@ class Measurements {
   }
 
   void session() {
-    std::vector<double> stalls;
-    for (int run = 0; run < 3; ++run) stalls.push_back(longestStall(desk_));
-    const double stall = median(stalls);
-    writeRow({.figure = "longest stall in a session over all screens",
-              .measured = timeText(stall),
-              .goal = "≤ 50.00 ms",
-              .met = stall <= 50 * kMillisecond});
+    std::map<std::string, std::vector<double>> stalls;
+    for (int run = 0; run < 3; ++run)
+      for (const Stall& stall : longestStalls(desk_)) stalls[stall.part].push_back(stall.nanoseconds);
+    for (const auto& [part, times] : stalls) {
+      const bool waits = part == kSaving || part == kPrinting;
+      const double stall = median(times);
+      const double most = (waits ? 50 : 16) * kMillisecond;
+      writeRow({.figure = "longest stall in a session, " + part,
+                .measured = timeText(stall),
+                .goal = "≤ " + timeText(most),
+                .met = stall <= most});
+    }
     const int actions = rounds_ < kQuickRounds ? 1'000 : 10'000;
     const Growth growth = growthOver(folder_ + "/actions", actions);
     constexpr double kMegabyte = 1'024 * 1'024;

@@ -138,17 +138,15 @@ std::deque<Act> listSteps(Desk& desk) {
           [&desk] { desk.clickRow(4); },
           [&desk] { desk.filter(2); },
           [&desk] { desk.filter(0); },
-          [&desk] { desk.list()->scrollToTop(); },
-          [&desk] { desk.clickRow(3); },
-          [&desk] { desk.press("cmd_modosit"); },
-          answerYes,
-          [&desk] { desk.clickRow(3); },
-          [&desk] { desk.press("cmd_del"); },
-          answerYes};
+          [&desk] { desk.list()->scrollToTop(); }};
 }
 
-std::deque<Act> recordSteps(Desk& desk, int km) {
-  return {[&desk, km] { fillEntry(desk, km); }, [&desk] { desk.press("cmd_rogzit"); }, answerYes};
+std::deque<Act> saveSteps(Desk& desk) {
+  static int km = 1'900'000;
+  km += 500;
+  return {[&desk] { desk.clickRow(3); },    [&desk] { desk.press("cmd_modosit"); }, answerYes,
+          [&desk] { desk.clickRow(3); },    [&desk] { desk.press("cmd_del"); },     answerYes,
+          [&desk] { fillEntry(desk, km); }, [&desk] { desk.press("cmd_rogzit"); },  answerYes};
 }
 
 std::deque<Act> chartSteps(Desk& desk) {
@@ -270,15 +268,16 @@ class Actions {
 
 }  // namespace
 
-double longestStall(Desk& desk) {
-  static int km = 1'900'000;
-  std::deque<Act> steps;
-  for (const auto& part :
-       {listSteps(desk), recordSteps(desk, km += 500), chartSteps(desk), dialogSteps(desk), printSteps(desk)})
-    steps.insert(steps.end(), part.begin(), part.end());
-  const Heartbeat heart;
-  Walk(std::move(steps)).run();
-  return heart.longest();
+std::vector<Stall> longestStalls(Desk& desk) {
+  std::vector<Stall> stalls;
+  for (auto& [part, steps] : {std::pair{"lists", listSteps(desk)}, std::pair{"charts", chartSteps(desk)},
+                              std::pair{"dialogs", dialogSteps(desk)}, std::pair{kSaving, saveSteps(desk)},
+                              std::pair{kPrinting, printSteps(desk)}}) {
+    const Heartbeat heart;
+    Walk(steps).run();
+    stalls.push_back({part, heart.longest()});
+  }
+  return stalls;
 }
 
 Growth growthOver(const std::string& folder, int actions) {

@@ -1,14 +1,24 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "benchmarks/desk.h"
 
 namespace tarvik::bench {
 
-/// Walks through all screens by timers, as a person would by clicks, and tells the longest time in
-/// nanoseconds in which the event loop did not turn.
-double longestStall(Desk& desk);
+/// The parts of a session that wait for the disk or lay out pages.
+inline constexpr const char* kSaving = "saving";
+inline constexpr const char* kPrinting = "printing";
+
+/// The longest time in nanoseconds in which the event loop did not turn in a part of a session.
+struct Stall {
+  std::string part;
+  double nanoseconds = 0;
+};
+
+/// Walks through all screens by timers, as a person would by clicks; one stall a part.
+std::vector<Stall> longestStalls(Desk& desk);
 
 /// What stayed behind.
 struct Growth {

@@ -1,5 +1,5 @@
 // tarvik_bench_start PROGRAM BARE FIRST_PAINT FOLDER ROUNDS PLATFORM...: how long a program takes from its
-// start to its first painted window, and how much memory, beside a bare window of the same toolkit. The
+// start to its first painted window, and how much memory, beside a bare window of Qt. The
 // program is copied into FOLDER, where its data are. Writes the rows of the table.
 
 #include <sys/resource.h>
