@@ -1,7 +1,6 @@
 #include "ui/windows/restore_pane.h"
 
 #include <QDialog>
-#include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -20,6 +19,7 @@
 #include "ui/lists/list_view.h"
 #include "ui/lists/listing_model.h"
 #include "ui/look/access.h"
+#include "ui/look/enter_key.h"
 #include "ui/look/look.h"
 #include "ui/look/placement.h"
 #include "ui/look/undo_line.h"
@@ -54,6 +54,7 @@ void addClosing(QDialog& dialog, QBoxLayout& layout) {
   close->setAutoDefault(false);
   QObject::connect(close, &QPushButton::clicked, &dialog, &QDialog::close);
   layout.addWidget(close, 0, Qt::AlignRight);
+  followEnterRule(dialog);
 }
 
 // The log as it is listed on the main screen; nothing can be changed in it.
