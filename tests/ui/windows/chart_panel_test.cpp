@@ -199,14 +199,17 @@ class ChartPanelTest : public QObject {
     QCOMPARE(screen.chart()->unitText(), toQt(charts::chartUnit(choice)));
   }
 
-  void hidesTheScrollControlsForChart3AndShowsThemForChart1() {
+  void showsTheScrollControlsForChart1Alone() {
     write(numbered(60));
     Screen screen(context_);
-    screen.choose(3);
-    QVERIFY(!screen.limit()->isVisible() && !screen.scrollBar()->isVisible() && !screen.count()->isVisible());
-    screen.button.click();
-    screen.choose(1);
-    QVERIFY(screen.limit()->isVisible() && screen.scrollBar()->isVisible() && screen.count()->isVisible());
+    for (const int choice : {1, 2, 3, 4, 5, 6, 7, 1}) {
+      screen.choose(choice);
+      QVERIFY(screen.panel.isVisible());
+      for (const QWidget* part :
+           std::initializer_list<QWidget*>{screen.limit(), screen.scrollBar(), screen.count()})
+        QCOMPARE(part->isVisible(), choice == 1);
+      screen.button.click();
+    }
   }
 
   void startsWithTheLatestFiftyAndTheScrollRangeRight() {

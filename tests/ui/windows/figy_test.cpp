@@ -87,34 +87,12 @@ class FigyTest : public QObject {
     desk.storeKm({kmReminder(1, 2, "Olaj", "ABC-123")});
     desk.storeDates({dateReminder(3, "Adó", "DEF-456")});
     const Figy figy(desk);
-    QCOMPARE(figy.screen.windowTitle(), QStringLiteral("Figyelmeztetés Felvitele"));
     QVERIFY(test::isCentred(figy.screen));
     QCOMPARE(figy.picker()->date(), QDate(2013, 7, 5));
     QCOMPARE(figy.picker()->text(), QStringLiteral("2013.07.05."));
     QCOMPARE(rowsOf(figy.kmList()), QStringList{"2013.06.01|" + shownText("Olaj") + "|ABC-123   |1"});
     QCOMPARE(rowsOf(figy.dateList()), QStringList{"2013.07.08.|" + shownText("Adó") + "|DEF-456   |1"});
     QVERIFY(figy.kmList().isColumnHidden(3));
-  }
-
-  void opensWithNothingToDeleteAndNoWarning() {
-    test::ReminderDesk desk;
-    const Figy figy(desk);
-    QVERIFY(!figy.button("cmd_del")->isEnabled());
-    QVERIFY(!figy.button("cmdDel2")->isEnabled());
-    QVERIFY(!figy.label("Label3")->isVisible());
-  }
-
-  void hasTheTabsAndColumnsThatItShould() {
-    test::ReminderDesk desk;
-    const Figy figy(desk);
-    const auto* tabs = part<QTabWidget>(figy.screen, "SSTab1");
-    QCOMPARE(tabs->tabText(0), QStringLiteral("Kilométer"));
-    QCOMPARE(tabs->tabText(1), QStringLiteral("Dátum"));
-    for (const ui::ListView* list : {&figy.kmList(), &figy.dateList()}) {
-      QCOMPARE(list->model()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Dátum"));
-      QCOMPARE(list->model()->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Szöveg"));
-      QCOMPARE(list->model()->headerData(2, Qt::Horizontal).toString(), QStringLiteral("Rendszám"));
-    }
   }
 
   void missingFilesAreCreatedEmptyAndListedAsPlaceholders() {
@@ -129,9 +107,7 @@ class FigyTest : public QObject {
   void theMenuItemAndEscapeClose() {
     test::ReminderDesk desk;
     const Figy figy(desk);
-    auto* close = part<QAction>(figy.screen, "mnu_bezar");
-    QCOMPARE(close->text(), QStringLiteral("&Bezár"));
-    close->trigger();
+    part<QAction>(figy.screen, "mnu_bezar")->trigger();
     QVERIFY(!figy.screen.isVisible());
     Figy other(desk);
     QTest::keyClick(&other.screen, Qt::Key_Escape);
@@ -205,6 +181,9 @@ class FigyTest : public QObject {
     figy.pressAndAnswer("cmd_rogzit", QMessageBox::Yes);
     QCOMPARE(desk.storedKm(), fileOf({deletedKmReminder("ABC-123"), recordedToday(12000, 500, "Olaj")}));
     QCOMPARE(rowsOf(figy.kmList()), QStringList{"2013.07.05|" + shownText("Olaj") + "|ABC-123   |2"});
+    QCOMPARE(figy.field("tx_km_allas")->text(), "12 000");
+    QCOMPARE(figy.field("tx_km_mulva")->text(), "500");
+    QCOMPARE(figy.field("tx_szoveg")->text(), "Olaj");
   }
 
   void recordingKmWithAnEmptyTextOverwritesRecordOne() {
@@ -327,6 +306,21 @@ class FigyTest : public QObject {
     QVERIFY(!figy.button("cmdDel2")->isEnabled());
   }
 
+  // A reminder whose text is taken away is out of the list and still the chosen one.
+  void aClickOnThePlaceholderLeavesTheDeletionOffered() {
+    test::ReminderDesk desk;
+    desk.storeKm({kmReminder(1, 2, "Olaj", "ABC-123")});
+    const Figy figy(desk);
+    clickRow(figy.kmList(), 0);
+    figy.enterKm("1", "2", "");
+    figy.pressAndAnswer("cmd_rogzit", QMessageBox::Yes);
+    QCOMPARE(rowsOf(figy.kmList()), QStringList{kPlaceholder});
+    clickRow(figy.kmList(), 0);
+    QVERIFY(figy.button("cmd_del")->isEnabled());
+    QCOMPARE(figy.pressAndAnswer("cmd_del", QMessageBox::Ok),
+             test::errorBox(test::kErrorTitle, test::kNothingSelected));
+  }
+
   void deletingKmAsksAndNoLeavesEverything() {
     test::ReminderDesk desk;
     desk.storeKm({kmReminder(1, 2, "Olaj", "A")});
@@ -389,6 +383,20 @@ class FigyTest : public QObject {
     figy.pressAndAnswer("cmdDel2", QMessageBox::Yes);
     QCOMPARE(desk.storedDates(), fileOf({first}));
     QVERIFY(figy.button("cmd_del")->isEnabled());
+  }
+
+  void aKmDeletionLeavesTheDateDeletionOffered() {
+    test::ReminderDesk desk;
+    desk.storeKm({kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A")});
+    desk.storeDates({dateReminder(1, "Adó", "A")});
+    const Figy figy(desk);
+    figy.openTab(1);
+    clickRow(figy.dateList(), 0);
+    figy.openTab(0);
+    clickRow(figy.kmList(), 1);
+    figy.pressAndAnswer("cmd_del", QMessageBox::Yes);
+    QVERIFY(figy.button("cmdDel2")->isEnabled());
+    QVERIFY(!figy.button("cmd_del")->isEnabled());
   }
 
   void eachListHighlightsTheRowThatItsButtonWouldDelete() {
@@ -462,13 +470,26 @@ class FigyTest : public QObject {
     QCOMPARE(figy.screen.focusWidget(), &figy.dateList());
   }
 
+  static void clickTextHead(const ui::ListView& list) {
+    const QHeaderView* header = list.header();
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                      QPoint(header->sectionViewportPosition(1) + 5, header->height() / 2));
+  }
+
+  void theDateListSortsByItsHeadsToo() {
+    test::ReminderDesk desk;
+    desk.storeDates({dateReminder(1, "Műszaki", "A"), dateReminder(2, "Adó", "B")});
+    const Figy figy(desk);
+    figy.openTab(1);
+    clickTextHead(figy.dateList());
+    QCOMPARE(rowsOf(figy.dateList()).first(), "2013.07.07.|" + shownText("Adó") + "|B         |2");
+  }
+
   void aColumnClickSortsNowAndAfterEveryFill() {
     test::ReminderDesk desk;
     desk.storeKm({kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "B")});
     const Figy figy(desk);
-    const QHeaderView* header = figy.kmList().header();
-    QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
-                      QPoint(header->sectionViewportPosition(1) + 5, header->height() / 2));
+    clickTextHead(figy.kmList());
     QCOMPARE(figy.kmList().model()->index(0, 3).data().toString(), QStringLiteral("2"));
     clickRow(figy.kmList(), 0);
     QCOMPARE(desk.context.state.selectedReminder, 2);
@@ -502,6 +523,8 @@ class FigyTest : public QObject {
     second.Beirva = core::FixedText<10>("2013.07.05");
     QCOMPARE(desk.storedDates(), fileOf({first, second}));
     QCOMPARE(rowsOf(figy.dateList()).last(), "2013.07.19.|" + shownText("Műszaki") + "|ABC-123   |2");
+    QCOMPARE(figy.picker()->date(), QDate(2013, 7, 19));
+    QCOMPARE(figy.field("txtMire")->text(), "Műszaki");
   }
 
   void aDateWithoutATextIsStoredAndNotListed() {
