@@ -6,7 +6,7 @@ set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 
 # Qt's big objects have more sections than the plain format counts; sections apart let the linker
-# leave out what nobody calls. Toolkit and program are hardened as far as this compiler can: it knows no
+# leave out what nobody calls. Qt and the program are hardened as far as this compiler can: it knows no
 # control-flow guard, checks the depth of the stack by itself and asks for random addresses by itself.
 set(flags "-Wa,-mbig-obj -ffunction-sections -fdata-sections -fstack-protector-strong -D_FORTIFY_SOURCE=2")
 set(CMAKE_C_FLAGS_INIT "${flags}")

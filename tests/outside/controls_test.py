@@ -31,8 +31,8 @@ def line_of(part):
 
 def lines_of(part):
     for child in part.children():
-        is_own_of_toolkit = (part.role, child.role) in (("combo box", "list"), ("page tab list", "push button"))
-        if is_own_of_toolkit:
+        is_qts_own = (part.role, child.role) in (("combo box", "list"), ("page tab list", "push button"))
+        if is_qts_own:
             continue
         if child.role not in HOLDERS or (child.role == "panel" and child.name):
             yield line_of(child)

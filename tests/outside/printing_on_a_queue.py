@@ -27,7 +27,7 @@ def page_count(pdf):
 
 
 def ink_of(pdf):
-    """Where the ink of the first page begins and ends, in 1/72 inch, the page lying on its longer side."""
+    """Where the ink of the first page begins and ends, in 1/72 inch, the page in landscape."""
     picture = output_of("pdftoppm", "-gray", "-r", str(DOTS_PER_INCH), "-f", "1", "-l", "1", pdf)
     _, width, height, _, dots = picture.split(maxsplit=4)
     width, height = int(width), int(height)

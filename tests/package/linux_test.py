@@ -132,9 +132,9 @@ class LinuxPackage(unittest.TestCase):
     def test_libraries_and_plugins_come_from_the_package_whatever_the_environment_names(self):
         with Started(self.folder) as program:
             program.window("Tarvik - ")
-            toolkit = {path for path in program.loaded() if any(name in path for name in ("Qt6", "QCustomPlot", "/plugins/"))}
-        self.assertTrue(toolkit)
-        self.assertEqual({path for path in toolkit if not path.startswith(str(self.folder))}, set())
+            libraries = {path for path in program.loaded() if any(name in path for name in ("Qt6", "QCustomPlot", "/plugins/"))}
+        self.assertTrue(libraries)
+        self.assertEqual({path for path in libraries if not path.startswith(str(self.folder))}, set())
 
     def test_a_newer_version_unpacked_over_an_older_one_leaves_the_data(self):
         put_household(self.folder)

@@ -170,7 +170,7 @@ class Actual {
   static bool holdsOthers(const QString& kind) {
     return kind.isEmpty() || kind == "frame" || kind == "tabs" || kind == "panel" || kind == "area";
   }
-  static bool isToolkitsOwn(const QWidget& part) {
+  static bool isQtsOwn(const QWidget& part) {
     static const QStringList kOpen{"qt_tabwidget_stackedwidget", "qt_scrollarea_viewport"};
     if (part.isWindow() && kindOf(part).isEmpty()) return true;  // another screen, a menu
     return (part.objectName().startsWith("qt_") && !kOpen.contains(part.objectName()));
@@ -179,7 +179,7 @@ class Actual {
   void read(const QWidget& parent) {
     for (const QObject* child : parent.children()) {
       const auto* part = qobject_cast<const QWidget*>(child);
-      if (part == nullptr || isToolkitsOwn(*part)) continue;
+      if (part == nullptr || isQtsOwn(*part)) continue;
       const QString kind = kindOf(*part);
       const auto* label = qobject_cast<const QLabel*>(part);
       const bool isCaption = label != nullptr && label->buddy() != nullptr;

@@ -74,9 +74,9 @@ int roomInField(const QLineEdit& field) {
   QStyleOptionFrame option;
   option.initFrom(&field);
   option.lineWidth = field.hasFrame() ? 1 : 0;
-  constexpr int kToolkitsMargin = 2;
+  constexpr int kQtsMargin = 2;
   return field.style()->subElementRect(QStyle::SE_LineEditContents, &option, &field).width() -
-         2 * kToolkitsMargin;
+         2 * kQtsMargin;
 }
 
 Fit fitOf(const QWidget& part) {
