@@ -173,7 +173,7 @@ Travelled History::travel(FileSystem& files, std::vector<Step>& from, std::vecto
     return !std::ranges::find(plans, file.path, &Plan::path)->isDone;
   };
   const auto back = std::ranges::stable_partition(step.files, isLeft);
-  std::ranges::move(back, std::back_inserter(moved.files));
+  std::move(back.begin(), step.files.end(), std::back_inserter(moved.files));
   step.files.erase(back.begin(), step.files.end());
   to.push_back(std::move(moved));
   if (step.files.empty()) from.pop_back();

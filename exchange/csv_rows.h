@@ -9,8 +9,8 @@ namespace tarvik::exchange {
 
 /// The longest line, the longest row (quoted line breaks included) and the most cells of a row that a file
 /// may have: a logbook stays far below, so what lies above is no logbook.
-inline constexpr std::size_t kLongestLine = 64 * 1024;
-inline constexpr std::size_t kLongestRow = 256 * 1024;
+inline constexpr std::size_t kLongestLine = 65'536;
+inline constexpr std::size_t kLongestRow = 4 * kLongestLine;
 inline constexpr std::size_t kMostCells = 512;
 
 /// What stands between the cells of a file and around those that need it.

@@ -6,6 +6,11 @@ here=$(dirname "$(readlink -f "$0")")
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 
+statements() {  # COUNT
+  local count
+  for ((count = 0; count < $1; ++count)); do echo '    ++n;'; done
+}
+
 fresh_tree() {
   rm -rf "$scratch/tree"
   mkdir -p "$scratch"/tree/{core,tyres,ui/{base,chart,lists,windows,main},app,objects/core}
@@ -15,6 +20,7 @@ fresh_tree() {
   printf '#include "ui/chart/chart_view.h"\n' > "$scratch/tree/ui/windows/chart_panel.cpp"
   printf '      return EIO;\n' > "$scratch/tree/core/windows_errors.cpp"
   printf '      {EIO, "baj"},\n' > "$scratch/tree/ui/base/guarded.cpp"
+  { echo 'int longest() {'; statements 58; echo '}'; } > "$scratch/tree/core/longest.cpp"
   printf 'text.arg(name, rows(1)) + other.arg(name);\n' > "$scratch/tree/ui/main/texts.cpp"
   printf '#include "ui/chart/chart_canvas.h"\n#include "ui/base/text.h"\n#include <qcustomplot.h>\n' > "$scratch/tree/ui/chart/chart_view.cpp"
 }
@@ -53,7 +59,7 @@ expect_call_caught() {  # RULE SOURCE_TEXT
 }
 
 fresh_tree
-for rule in arrows rooms system-headers guards errors placeholders; do expect_passes "$rule"; done
+for rule in arrows rooms system-headers guards errors placeholders lengths; do expect_passes "$rule"; done
 expect_caught arrows core/wrong.cpp '#include "ui/frmX.h"'
 expect_caught arrows core/wrong.cpp '#  include "tyres/rules.h"'
 expect_caught arrows tyres/wrong.cpp '#include "repairs/log.h"'
@@ -75,6 +81,8 @@ expect_caught system-headers tyres/wrong.h '#include <fstream>'
 expect_caught system-headers ui/main/wrong.cpp '#include <sys/stat.h>'
 expect_caught placeholders ui/main/wrong.cpp 'text.arg(name(1)).arg(rows);'
 expect_caught placeholders ui/main/wrong.cpp $'text\n  .arg(name)\n  .arg(rows);'
+expect_caught lengths core/wrong.cpp "$(printf 'int wrong(int a,\n          int b) {\n'; statements 58; echo '}')"
+expect_caught lengths core/wrong.h "$(printf 'struct S {\n  S() : n(1) {\n'; statements 59; printf '  }\n};')"
 expect_caught guards core/wrong.h '#include <string>'
 
 fresh_tree

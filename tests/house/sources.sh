@@ -133,12 +133,29 @@ wrong_placeholders() {
   done
 }
 
+# No function has more than 60 lines. It begins at the margin or in a class, whose indent its end has too.
+wrong_lengths() {
+  find "${folders[@]}" tests tools fuzz benchmarks \( -name '*.cpp' -o -name '*.h' \) -print0 2> /dev/null | sort -z |
+    xargs -0 awk '
+      FNR == 1 { isHead = isInside = 0 }
+      !isInside && !isHead && /^(  )?[A-Za-z~][^;]*\(/ && !/;$/ {
+        match($0, /^ */); margin = substr($0, 1, RLENGTH); first = FNR; isHead = 1
+      }
+      isHead && /(;|\})$/ { isHead = 0 }
+      isHead && /\{$/ { isInside = 1; isHead = 0 }
+      isInside && $0 ~ "^" margin "}" {
+        if (FNR - first >= 60) print FILENAME ":" first ": a function of " FNR - first + 1 " lines"
+        isInside = 0
+      }' || true
+}
+
 case "$rule" in
   arrows) found=$(wrong_arrows) ;;
   system-headers) found=$(wrong_system_headers) ;;
   rooms) found=$(wrong_rooms) ;;
   guards) found=$(wrong_guards) ;;
   errors) found=$(wrong_errors) ;;
+  lengths) found=$(wrong_lengths) ;;
   placeholders) found=$(wrong_placeholders) ;;
   *) echo "no such rule: $rule" >&2; exit 2 ;;
 esac

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# toolkit.sh COMPILER LOGIC_FLAGS [SCREEN_FLAGS]: a source with the flags of a logic folder cannot include
+# qt_headers.sh COMPILER LOGIC_FLAGS [SCREEN_FLAGS]: a source with the flags of a logic folder cannot include
 # Qt. The same source compiles without that include, and with it where the flags are a screen's,
 # so that it is the include that fails and nothing else. The flags come in files.
 set -euo pipefail
