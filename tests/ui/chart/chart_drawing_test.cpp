@@ -89,98 +89,11 @@ class ChartDrawingTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void flatBarsAreFilledFromTheirTopToZero() {
-    const auto chart = newChart(ChartType::Bars2D, {3000, 9000, 6000});
-    const QImage picture = pictureOf(*chart);
-    for (int row = 1; row <= 3; ++row) {
-      const QRect bar = chart->pointRect(row).toAlignedRect().adjusted(1, 2, -1, -3);  // the axis is below
-      QCOMPARE(countIn(picture, bar, [](const QColor& color) { return color == kSeries; }),
-               bar.width() * bar.height());
-      QVERIFY(tint(picture.pixelColor(bar.center().x(), bar.top() - 4)) < 10);
-      QVERIFY(tint(picture.pixelColor(bar.right() + 6, bar.center().y())) < 10);
-    }
-  }
-
   void flatBarsBelowZeroHangFromIt() {
     const auto chart = newChart(ChartType::Bars2D, {500, -800});
     const QImage picture = pictureOf(*chart);
     QCOMPARE(at(picture, chart->pointRect(2).center()), kSeries);
     QVERIFY(tint(at(picture, chart->pointRect(2).center() - QPointF(0, chart->pointRect(2).height()))) < 10);
-  }
-
-  void flatLineRunsFromPointToPointWithNothingUnderIt() {
-    const auto chart = newChart(ChartType::Line2D, {3000, 5000, 4000});
-    const QImage picture = pictureOf(*chart);
-    for (int row = 1; row < 3; ++row) {
-      const QPointF from = chart->pointRect(row).center();
-      const QPointF to = chart->pointRect(row + 1).center();
-      for (const double share : {0.2, 0.5, 0.8}) {
-        const QPointF on = from + (to - from) * share;
-        QVERIFY(isClose(at(picture, on), kSeries));
-        QVERIFY(tint(at(picture, on + QPointF(0, 12))) < 10);
-        QVERIFY(tint(at(picture, on - QPointF(0, 12))) < 10);
-      }
-    }
-  }
-
-  void flatLineHasARingAtEachPoint() {
-    const auto chart = newChart(ChartType::Line2D, {3000, 5000, 4000});
-    const QImage picture = pictureOf(*chart);
-    for (int row = 1; row <= 3; ++row) {
-      const QRectF marker = chart->pointRect(row);
-      QCOMPARE(at(picture, marker.center()), QColor(Qt::white));
-      for (const QPointF& edge :
-           {QPointF(marker.center().x(), marker.top()), QPointF(marker.center().x(), marker.bottom())}) {
-        QVERIFY(tint(at(picture, edge)) > 60);
-      }
-    }
-  }
-
-  void flatAreaIsFilledDownToZeroStrongerAbove() {
-    const auto chart = newChart(ChartType::Area2D, {6000, 6000, 6000});
-    const QImage picture = pictureOf(*chart);
-    const double x = (chart->pointRect(1).center().x() + chart->pointRect(2).center().x()) / 2;
-    const double top = chart->pointRect(1).center().y();
-    QVERIFY(isClose(at(picture, {x, top}), kSeries));
-    QVERIFY(tint(at(picture, {x, top - 8})) < 10);
-    const int strong = tint(at(picture, {x, top + 8}));
-    const int faint = tint(at(picture, {x, top + 150}));
-    QVERIFY(strong > 50);
-    QVERIFY(faint > 15 && faint < strong);
-  }
-
-  void solidBarHasAFrontALighterTopAndADarkerSide() {
-    const auto chart = newChart(ChartType::Bars3D, {5000, 9000, 2000});
-    const QImage picture = pictureOf(*chart);
-    for (int row = 1; row <= 3; ++row) {
-      const QRectF front = chart->pointRect(row);
-      QCOMPARE(at(picture, front.center()), kSeries);
-      const QColor top = at(picture, front.topLeft() + QPointF(12, -3));
-      const QColor side = at(picture, front.topRight() + QPointF(4, 8));
-      QVERIFY(top.lightness() > kSeries.lightness() + 20 && tint(top) > 40);
-      QVERIFY(side.lightness() < kSeries.lightness() - 20 && tint(side) > 40);
-    }
-  }
-
-  void solidLineIsARibbonLitOnTheSideThatIsSeen() {
-    const auto chart = newChart(ChartType::Line3D, {3000, 3200, 9000});
-    const QImage picture = pictureOf(*chart);
-    const auto middle = [&](int row) {
-      return (chart->pointRect(row).center() + chart->pointRect(row + 1).center()) / 2;
-    };
-    QVERIFY(at(picture, middle(1)).lightness() > kSeries.lightness() + 10);  // from above
-    QVERIFY(at(picture, middle(2)).lightness() < kSeries.lightness() - 10);  // from below
-    QVERIFY(tint(at(picture, middle(1) + QPointF(0, 25))) < 20);
-  }
-
-  void solidAreaHasAFrontDownToZero() {
-    const auto chart = newChart(ChartType::Area3D, {6000, 6000, 6000});
-    const QImage picture = pictureOf(*chart);
-    const double x = (chart->pointRect(1).center().x() + chart->pointRect(2).center().x()) / 2;
-    const double top = chart->pointRect(1).center().y();
-    for (const double below : {6.0, 60.0, 150.0}) QCOMPARE(at(picture, {x, top + below}), kSeries);
-    const QColor upper = at(picture, {x + 10, top - 6});
-    QVERIFY(upper.lightness() > kSeries.lightness() + 20);
   }
 
   void selectedPointHasAColourOfItsOwn_data() { addTypes(); }
@@ -201,16 +114,6 @@ class ChartDrawingTest : public QObject {
     for (const QPolygonF& outline : chart->axisLabelOutlines()) {
       const QRect box = outline.boundingRect().toAlignedRect();
       QVERIFY(countIn(picture, box, [](const QColor& color) { return color.lightness() < 160; }) > 8);
-    }
-  }
-
-  void labelsOfTheRowsAreUnderTheirPoints() {
-    const auto chart = newChart(ChartType::Bars2D, {3000, 9000, 6000});
-    const QList<QPolygonF> outlines = chart->axisLabelOutlines();
-    for (int row = 1; row <= 3; ++row) {
-      const QRectF label = outlines[row - 1].boundingRect();
-      QVERIFY(std::abs(label.center().x() - chart->pointRect(row).center().x()) < 2);
-      QVERIFY(label.top() > chart->pointRect(row).bottom());
     }
   }
 
@@ -237,17 +140,6 @@ class ChartDrawingTest : public QObject {
         }
       }
     }
-  }
-
-  void unitStandsOverTheNumbersOfTheAxis() {
-    const auto chart = newChart(ChartType::Bars2D, {3000, 9000, 6000});
-    const QList<QPolygonF> with = chart->axisLabelOutlines();
-    chart->setUnitText({});
-    const QList<QPolygonF> without = chart->axisLabelOutlines();
-    QCOMPARE(with.size(), without.size() + 1);
-    const QRectF unit = with[3].boundingRect();
-    QVERIFY(unit.right() < chart->pointRect(1).left());
-    QVERIFY(unit.bottom() < chart->pointRect(2).top());
   }
 
   void typeLeavesNothingOfTheOneBefore_data() { addTypes(); }
