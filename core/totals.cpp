@@ -11,41 +11,30 @@ namespace {
 
 constexpr const char* kForints = R"(### ### ###\ \F\t\.)";
 
-// The sums of the rows so far.
-struct Sums {
-  std::int32_t total = 0;
-  std::int32_t fuel = 0;
-  Amount litres;
-
-  void add(const NapiAdat& entry) {
-    const auto cost = [&] {
-      return checkedSum(checkedSum(entry.TankoltKtg, entry.AlkatreszKtg), entry.MegjKtg);
-    };
-    const auto newTotal = inField("tx_teljes_ktg", [&] { return checkedSum(total, cost()); });
-    const auto newFuel = inField("ob_ktg", [&] { return checkedSum(fuel, entry.TankoltKtg); });
-    litres = inField("tx_liter", [&] { return litres + entry.TankoltLiter; });
-    total = newTotal;
-    fuel = newFuel;
-  }
-};
-
-void showCosts(const Sums& sums, Totals& texts) {
-  texts.teljesKtg = formatted(sums.total, kForints);
-  texts.benzinKtg = formatted(sums.fuel, kForints);
-  texts.alkatreszKoltseg = formatted(std::int64_t{sums.total} - sums.fuel, kForints);
+void addCosts(const NapiAdat& entry, TotalFigures& figures) {
+  const auto cost = [&] {
+    return checkedSum(checkedSum(entry.TankoltKtg, entry.AlkatreszKtg), entry.MegjKtg);
+  };
+  const auto total = inField("tx_teljes_ktg", [&] { return checkedSum(figures.totalFt, cost()); });
+  const auto fuel = inField("ob_ktg", [&] { return checkedSum(figures.fuelFt, entry.TankoltKtg); });
+  figures.litres = inField("tx_liter", [&] { return figures.litres + entry.TankoltLiter; });
+  figures.totalFt = total;
+  figures.fuelFt = fuel;
+  figures.partsFt += entry.AlkatreszKtg;
 }
 
-Sums sumRows(const Listing& listing, Totals& texts) {
-  Sums sums;
-  int row = 0;
-  try {
-    for (; row < listing.rows(); ++row) sums.add(listing.entry(row));
-  } catch (const Failure&) {
-    if (row > 0) showCosts(sums, texts);
-    throw;
-  }
-  showCosts(sums, texts);
-  return sums;
+void addWay(const Listing& listing, TotalFigures& figures) {
+  const NapiAdat first = listing.entry(0);
+  const NapiAdat last = listing.entry(listing.rows() - 1);
+  figures.distanceKm = inField("tx_megtett_km", [&] { return checkedDifference(last.KmOra, first.KmOra); });
+  if (figures.distanceKm != 0)
+    figures.average = (figures.litres.ratio() - plainNumber(literText(first))) / figures.distanceKm * 100;
+}
+
+void showCosts(const TotalFigures& figures, Totals& texts) {
+  texts.teljesKtg = formatted(figures.totalFt, kForints);
+  texts.benzinKtg = formatted(figures.fuelFt, kForints);
+  texts.alkatreszKoltseg = formatted(std::int64_t{figures.totalFt} - figures.fuelFt, kForints);
 }
 
 // Whole days from the first to the last row; 0 when one of them holds no day.
@@ -62,20 +51,31 @@ bool hasDailyHint(const Listing& listing) {
 
 }  // namespace
 
+TotalFigures totalFigures(const Listing& listing) {
+  TotalFigures figures;
+  for (int row = 0; row < listing.rows(); ++row) addCosts(listing.entry(row), figures);
+  if (listing.rows() > 0) addWay(listing, figures);
+  return figures;
+}
+
 void updateTotals(const Listing& listing, Totals& texts) {
   if (listing.rows() == 0) {
     texts.megtettKm = texts.liter = texts.fogyaszt = "";
     return;
   }
-  const Sums sums = sumRows(listing, texts);
-  const NapiAdat first = listing.entry(0);
-  const NapiAdat last = listing.entry(listing.rows() - 1);
-  const auto distance = inField("tx_megtett_km", [&] { return checkedDifference(last.KmOra, first.KmOra); });
-  texts.megtettKm = formatted(distance, R"(### ### ###\ \K\m\.)");
-  texts.liter = formatted(sums.litres.ratio(), R"(### ###.##\ \L\i\t\e\r)");
-  if (distance == 0) return;
-  const Ratio average = (sums.litres.ratio() - plainNumber(literText(first))) / distance * 100;
-  texts.fogyaszt = formatted(average, R"(### ###.##\ \L\i\t\e\r\/\1\0\0\K\m)");
+  TotalFigures figures;
+  int row = 0;
+  try {
+    for (; row < listing.rows(); ++row) addCosts(listing.entry(row), figures);
+  } catch (const Failure&) {
+    if (row > 0) showCosts(figures, texts);
+    throw;
+  }
+  showCosts(figures, texts);
+  addWay(listing, figures);
+  texts.megtettKm = formatted(figures.distanceKm, R"(### ### ###\ \K\m\.)");
+  texts.liter = formatted(figures.litres.ratio(), R"(### ###.##\ \L\i\t\e\r)");
+  if (figures.average) texts.fogyaszt = formatted(*figures.average, R"(### ###.##\ \L\i\t\e\r\/\1\0\0\K\m)");
 }
 
 std::optional<std::string> costPerDay(const Listing& listing, std::string_view fieldText) {

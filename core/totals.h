@@ -7,6 +7,21 @@
 
 namespace tarvik::core {
 
+/// The figures behind the totals of the listed entries.
+struct TotalFigures {
+  std::int32_t totalFt = 0;                     ///< all costs
+  std::int32_t fuelFt = 0;                      ///< of them, the fuel
+  std::int64_t partsFt = 0;                     ///< of them, the parts
+  Amount litres;                                ///< fuel taken
+  std::int32_t distanceKm = 0;                  ///< between the first and the last entry
+  std::optional<Ratio> average = std::nullopt;  ///< litres per 100 km; nothing where the distance is 0
+};
+
+/// The figures of a listing; zeros where it has no rows. The litres of the first row count in the average by
+/// the whole part of their text only: the plain numeric parse ends at the decimal comma. Throws
+/// Failure(OutOfRange) with the name of the total's field when a sum leaves its type.
+TotalFigures totalFigures(const Listing& listing);
+
 /// The totals beside the list as texts, each in its format. A text that is not set leaves its field as it
 /// was: the listing does not give it.
 struct Totals {
@@ -18,11 +33,9 @@ struct Totals {
   std::optional<std::string> fogyaszt;          ///< average consumption
 };
 
-/// Sets the texts that the listing gives and leaves the others. Without rows the distance, litre and
-/// consumption texts become empty and the costs stay; with a distance of 0 the consumption stays. The litres
-/// of the first row count in the average by the whole part of their text only: the plain numeric parse ends
-/// at the decimal comma. Throws Failure(OutOfRange) with the field's name when a sum leaves its type; the
-/// texts of the rows before stand then.
+/// Sets the texts of the listing's figures and leaves the others. Without rows the distance, litre and
+/// consumption texts become empty and the costs stay; with a distance of 0 the consumption stays. Throws
+/// as totalFigures does; the costs of the rows before stand then.
 void updateTotals(const Listing& listing, Totals& totals);
 
 /// The hint on a cost field: its figure divided by the days between the first and the last row, in whole

@@ -13,19 +13,6 @@
 namespace tarvik::print {
 namespace {
 
-constexpr int kHeadingSizePt = 12;
-constexpr int kTableSizePt = 8;
-
-constexpr int kHeadingX = 10;
-constexpr int kHeadingY = 15;
-constexpr int kTopRuleY = 25;
-constexpr int kTitleY = 26;
-constexpr int kRowHeight = 4;
-constexpr int kTextToRule = 3;
-constexpr int kLeftRuleX = 9;
-constexpr int kRightRuleX = 280;
-// As far as most printers reach.
-constexpr int kPaperEnd = 292;
 constexpr int kTotalsX = 50;
 
 constexpr std::size_t kLitresWidth = 9;
@@ -40,64 +27,34 @@ std::string flagText(std::int16_t flag) {
   return flag == core::kFlagSet ? "   csere" : " ";
 }
 
-struct Column {
-  const char* title;
-  int textX;
-  int ruleX;
-  std::string (*content)(const core::NapiAdat&);
-};
-
 using Entry = core::NapiAdat;
 
-const std::array<Column, 8> kColumns{{
-    {"Dátum", 10, 9, [](const Entry& e) { return core::shortDateOfStored(e.Datum); }},
-    {"Km. óra", 30, 29, [](const Entry& e) { return std::to_string(e.KmOra); }},
-    {"Tankolás", 50, 49, litresText},
-    {"Olajcsere", 70, 69, [](const Entry& e) { return flagText(e.Olajcsere); }},
-    {"L. szűrő", 85, 84, [](const Entry& e) { return flagText(e.Szurocsere); }},
-    {"Gyertya", 100, 99, [](const Entry& e) { return flagText(e.Gyertyacsere); }},
-    {"Alkatrész", 115, 114, [](const Entry& e) { return e.Alkatresz.trimmed(); }},
-    {"Megjegyzés", 190, 189, [](const Entry& e) { return e.Megjegyzes.asStored(); }},
-}};
+// The last column has the rest of the paper.
+constexpr std::array<RuledColumn, 8> kColumns{{{"Dátum", 9, 29},
+                                               {"Km. óra", 29, 49},
+                                               {"Tankolás", 49, 69},
+                                               {"Olajcsere", 69, 84},
+                                               {"L. szűrő", 84, 99},
+                                               {"Gyertya", 99, 114},
+                                               {"Alkatrész", 114, 189},
+                                               {"Megjegyzés", 189, kPaperEnd}}};
 
-constexpr std::size_t kNoteColumn = kColumns.size() - 1;
-
-// How far a cell's text may go: the last column has the rest of the paper.
-int endOf(std::size_t column) {
-  return column < kNoteColumn ? kColumns[column + 1].ruleX : kPaperEnd;
-}
-
-Text cell(std::size_t column, int y, std::string text) {
-  const int x = kColumns[column].textX;
-  return {x, y, kTableSizePt, std::move(text), endOf(column) - x};
+std::array<std::string, kColumns.size()> cellsOf(const Entry& entry) {
+  return {core::shortDateOfStored(entry.Datum),
+          std::to_string(entry.KmOra),
+          litresText(entry),
+          flagText(entry.Olajcsere),
+          flagText(entry.Szurocsere),
+          flagText(entry.Gyertyacsere),
+          entry.Alkatresz.trimmed(),
+          entry.Megjegyzes.asStored()};
 }
 
 // A part has the paper of the note too where there is none.
 void addRow(std::vector<Text>& texts, const Entry& entry, int y) {
-  for (std::size_t i = 0; i < kColumns.size(); ++i) texts.push_back(cell(i, y, kColumns[i].content(entry)));
-  if (entry.Megjegyzes.isBlank()) texts[texts.size() - 2].widthMm += kPaperEnd - kColumns[kNoteColumn].ruleX;
-}
-
-Rule acrossAt(int y) {
-  return {kLeftRuleX, y, kRightRuleX, y};
-}
-
-int rowY(int rowOnPage) {
-  return kTitleY + kRowHeight * (rowOnPage + 1);
-}
-
-void addHead(Page& page, const std::string& heading) {
-  if (!heading.empty())
-    page.texts.push_back({kHeadingX, kHeadingY, kHeadingSizePt, heading, kPaperEnd - kHeadingX});
-  for (std::size_t i = 0; i < kColumns.size(); ++i) page.texts.push_back(cell(i, kTitleY, kColumns[i].title));
-  page.rules.push_back(acrossAt(kTopRuleY));
-  page.rules.push_back(acrossAt(kTitleY + kTextToRule));
-}
-
-void addVerticalRules(Page& page) {
-  const int bottom = page.rules.back().toYMm;
-  for (const Column& column : kColumns) page.rules.push_back({column.ruleX, kTopRuleY, column.ruleX, bottom});
-  page.rules.push_back({kRightRuleX, kTopRuleY, kRightRuleX, bottom});
+  auto cells = cellsOf(entry);
+  for (std::size_t i = 0; i < cells.size(); ++i) texts.push_back(cellOf(kColumns[i], y, std::move(cells[i])));
+  if (entry.Megjegyzes.isBlank()) texts[texts.size() - 2].widthMm += kPaperEnd - kColumns.back().ruleX;
 }
 
 core::Amount totalLitres(const core::Logbook& logbook, const std::vector<int>& records) {
@@ -107,10 +64,6 @@ core::Amount totalLitres(const core::Logbook& logbook, const std::vector<int>& r
 }
 
 }  // namespace
-
-int pageCount(int rows) {
-  return rows <= 0 ? 0 : (rows - 1) / kRowsPerPage + 1;
-}
 
 ListDocument::ListDocument(const core::Logbook& logbook, ListedRows rows, std::string heading)
     : logbook_(logbook),
@@ -126,9 +79,9 @@ Page ListDocument::page(int number) const {
   const int first = (number - 1) * kRowsPerPage;
   const int end = std::min(first + kRowsPerPage, static_cast<int>(rows_.records.size()));
   Page page;
-  addHead(page, heading_);
+  addHead(page, kColumns, heading_);
   addRows(page, first, end);
-  addVerticalRules(page);
+  endTable(page, kColumns);
   if (number == pageCount()) addTotals(page, end - first);
   return page;
 }
@@ -136,9 +89,8 @@ Page ListDocument::page(int number) const {
 void ListDocument::addRows(Page& page, int first, int end) const {
   for (int row = first; row < end; ++row) {
     const Entry entry = logbook_.record(rows_.records[static_cast<std::size_t>(row)]);
-    const int y = rowY(row - first);
-    addRow(page.texts, entry, y);
-    page.rules.push_back(acrossAt(y + kTextToRule));
+    addRow(page.texts, entry, rowY(row - first));
+    endRow(page, row - first);
   }
 }
 

@@ -6,6 +6,7 @@
 #include "core/amount.h"
 #include "core/napi_adat.h"
 #include "print/page.h"
+#include "print/ruled_table.h"
 
 namespace tarvik::print {
 
@@ -15,12 +16,6 @@ struct ListedRows {
   std::string firstKmOra;    ///< odometer column of the first row as the list shows it
   std::string lastKmOra;     ///< the same of the last row
 };
-
-/// Rows on a full page; every page holds as many, the first one too.
-inline constexpr int kRowsPerPage = 40;
-
-/// How many pages that many rows take; none for no rows.
-int pageCount(int rows);
 
 /// The print-out of the logbook list: a ruled table of the listed rows, forty a page, with the heading
 /// and the column titles on each page and the totals of distance and fuel under the last row.

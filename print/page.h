@@ -10,11 +10,12 @@ namespace tarvik::print {
 
 /// One line of text.
 struct Text {
-  int xMm = 0;       ///< left edge of the text
-  int yMm = 0;       ///< top of the text
-  int sizePt = 0;    ///< size of the letters, points
-  std::string text;  ///< UTF-8; leading spaces count, they align figures
-  int widthMm = 0;   ///< the room up to what stands beside it; a longer text gets narrower letters
+  int xMm = 0;             ///< left edge of the text
+  int yMm = 0;             ///< top of the text
+  int sizePt = 0;          ///< size of the letters, points
+  std::string text;        ///< UTF-8; leading spaces count, they align figures
+  int widthMm = 0;         ///< the room up to what stands beside it; a longer text gets narrower letters
+  bool isAtRight = false;  ///< whether it ends where its room does
 
   friend bool operator==(const Text&, const Text&) = default;
 };

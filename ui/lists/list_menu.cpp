@@ -15,6 +15,7 @@
 #include "ui/base/handlers.h"
 #include "ui/base/text.h"
 #include "ui/lists/list_view.h"
+#include "ui/lists/text_list_model.h"
 
 namespace tarvik::ui {
 namespace {
@@ -26,10 +27,14 @@ std::vector<int> shownColumns(const ListView& list) {
   return columns;
 }
 
-std::vector<std::string> rowCells(const ListView& list, int row, const std::vector<int>& columns) {
+std::vector<std::string> rowCells(const ListView& list, int row, const std::vector<int>& columns,
+                                  Figures figures) {
   std::vector<std::string> cells;
-  for (const int column : columns)
-    cells.push_back(toLogic(list.model()->index(row, column).data().toString().trimmed()));
+  for (const int column : columns) {
+    const QModelIndex index = list.model()->index(row, column);
+    const QVariant copied = figures == Figures::AsCopied ? index.data(kCopiedRole) : QVariant();
+    cells.push_back(toLogic((copied.isValid() ? copied : index.data()).toString().trimmed()));
+  }
   return cells;
 }
 
@@ -38,6 +43,16 @@ bool opensMenu(const QKeyEvent& event) {
 }
 
 }  // namespace
+
+exchange::TextTable tableOf(const ListView& list, Figures figures) {
+  const std::vector<int> columns = shownColumns(list);
+  exchange::TextTable table;
+  for (const int column : columns)
+    table.heads.push_back(toLogic(list.model()->headerData(column, Qt::Horizontal).toString()));
+  for (int row = 0; row < list.model()->rowCount(); ++row)
+    table.rows.push_back(rowCells(list, row, columns, figures));
+  return table;
+}
 
 ListMenu::ListMenu(ListView* list, ListMenuActions actions) : QObject(list), list_(list) {
   QAction* copy = add("mnuMasolas", QStringLiteral("&Másolás"));
@@ -95,19 +110,10 @@ QPoint ListMenu::besideRow() const {
 }
 
 exchange::TextTable ListMenu::copiedTable() const {
-  const std::vector<int> columns = shownColumns(*list_);
   const QModelIndex chosen = list_->selectionModel()->selectedRows().value(0);
   const int only = underPointer_.isValid() ? underPointer_.row() : chosen.row();
-  exchange::TextTable table;
-  if (only >= 0) {
-    table.rows.push_back(rowCells(*list_, only, columns));
-    return table;
-  }
-  for (const int column : columns)
-    table.heads.push_back(toLogic(list_->model()->headerData(column, Qt::Horizontal).toString()));
-  for (int row = 0; row < list_->model()->rowCount(); ++row)
-    table.rows.push_back(rowCells(*list_, row, columns));
-  return table;
+  if (only < 0) return tableOf(*list_, Figures::AsCopied);
+  return {.heads = {}, .rows = {rowCells(*list_, only, shownColumns(*list_), Figures::AsCopied)}};
 }
 
 void ListMenu::copy() {

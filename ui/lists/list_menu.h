@@ -20,6 +20,12 @@ struct ListMenuActions {
   std::function<void()> import = {};  ///< reads a CSV file in; nothing = the list has no such item
 };
 
+/// Whether a list's figures keep the spaces between their digits.
+enum class Figures { AsShown, AsCopied };
+
+/// All rows of a list with the heads of its shown columns.
+exchange::TextTable tableOf(const ListView& list, Figures figures);
+
 /// The context menu of a list: copies a row, or all rows with their heads, as a table for spreadsheets; saves
 /// the list as a CSV file; reads one in. It opens on a right click, the menu key and Shift+F10; Ctrl+C
 /// copies. The copied row is the one under the pointer where a right click opened the menu, else the chosen

@@ -43,12 +43,15 @@ QVariant TextListModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
   const TextRow& row = rows_[static_cast<std::size_t>(index.row())];
   if (role == Qt::DisplayRole) return cell(row, index.column());
+  if (role == kCopiedRole && figureColumns_.contains(index.column()))
+    return cell(row, index.column()).remove(QLatin1Char(' '));
   if (role == Qt::TextAlignmentRole) return alignment(index.column());
   if (role == kOverdueRole && row.overdue) return *row.overdue;
   if (role == Qt::AccessibleDescriptionRole && row.overdue.value_or(false)) return QStringLiteral("lejárt");
   if (role == Qt::CheckStateRole && row.marked && index.column() == 0)
     return *row.marked ? Qt::Checked : Qt::Unchecked;
-  if (role != Qt::FontRole || !(row.marked.value_or(false) || row.overdue.value_or(false))) return {};
+  const bool isBold = row.isSum || row.marked.value_or(false) || row.overdue.value_or(false);
+  if (role != Qt::FontRole || !isBold) return {};
   QFont bold;
   bold.setBold(true);
   return bold;

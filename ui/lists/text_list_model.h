@@ -9,6 +9,8 @@ namespace tarvik::ui {
 
 /// The role of a cell that says whether its row is overdue.
 inline constexpr int kOverdueRole = Qt::UserRole;
+/// The role of a cell's text as it is copied: a figure without the spaces between its digits.
+inline constexpr int kCopiedRole = Qt::UserRole + 1;
 
 /// A row of texts, the record number it stands for and whether it is marked (a check mark and bold).
 struct TextRow {
@@ -16,6 +18,7 @@ struct TextRow {
   QString record;                              ///< the record number as text; kept in the last, hidden column
   std::optional<bool> marked = std::nullopt;   ///< nothing = the list has no marks
   std::optional<bool> overdue = std::nullopt;  ///< nothing = the list does not tell what is overdue
+  bool isSum = false;                          ///< bold, without a mark
 };
 
 /// A list of text rows under headers, with one more column without a header that carries each row's

@@ -11,9 +11,10 @@
 
 namespace tarvik::ui {
 
-void addClosingMenu(QDialog& dialog, QAction* close) {
+void addClosingMenu(QDialog& dialog, QAction* close, const QList<QAction*>& others) {
   auto* menu = new QMenuBar(&dialog);
   menu->addAction(close);
+  menu->addActions(others);
   dialog.layout()->setMenuBar(menu);
   openWithF10(*menu);
   QObject::connect(close, &QAction::triggered, &dialog, &QDialog::close);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <string>
 
@@ -9,8 +10,8 @@ class QLineEdit;
 
 namespace tarvik::ui {
 
-/// Puts a menu bar with one item over a dialog's parts; the item closes the dialog.
-void addClosingMenu(QDialog& dialog, QAction* close);
+/// Puts a menu bar over a dialog's parts, with an item that closes the dialog and others behind it.
+void addClosingMenu(QDialog& dialog, QAction* close, const QList<QAction*>& others = {});
 
 /// A whole number as digits.
 QString numberText(int number);

@@ -32,6 +32,7 @@
 #include "ui/main/reminder_switch.h"
 #include "ui/print/list_printer.h"
 #include "ui/windows/chart_panel.h"
+#include "ui/windows/frmEvesOsszesito.h"
 #include "ui/windows/frmGumik.h"
 #include "ui/windows/frmSetup.h"
 #include "ui/windows/frmSzerviz.h"
@@ -145,6 +146,9 @@ void frmTarvik::fillTools(QMenu& tools) {
   tools.addActions({undo_->undoItem(), undo_->redoItem()});
   tools.addSeparator();
   tools.addAction(logbook_->searchItem());
+  auto* years = tools.addAction(QStringLiteral("Éves &összesítő…"));
+  years->setObjectName(QStringLiteral("mnuEvesOsszesito"));
+  onMenu(this, years, &frmTarvik::openEvesOsszesito);
   tools.addSeparator();
   tools.addActions(logbook_->exchangeItems());
   tools.addSeparator();
@@ -293,6 +297,11 @@ void frmTarvik::openGumik() {
 
 void frmTarvik::openSzerviz() {
   frmSzerviz(context_, plate(), trimmedPlates(context_), this).exec();
+}
+
+void frmTarvik::openEvesOsszesito() {
+  if (refusesBlankPlate(QStringLiteral("Így nem összesíthető..."))) return;
+  frmEvesOsszesito(context_, plate(), this).exec();
 }
 
 void frmTarvik::openRestore() {

@@ -67,6 +67,7 @@ class frmTarvik : public QMainWindow {
   void openSetup();
   void openGumik();
   void openSzerviz();
+  void openEvesOsszesito();
   void openRestore();
   void openAbout();
   void print();

@@ -8,6 +8,7 @@
 
 #include "core/failure.h"
 #include "core/record_file.h"
+#include "print/table_document.h"
 #include "ui/base/document.h"
 #include "ui/base/message_boxes.h"
 #include "ui/base/text.h"
@@ -29,7 +30,8 @@ FileKind pdfFile() {
 
 // Draws all pages; false when the person cancelled it. A page that is refused ends it early and is the
 // device's to tell.
-bool drawDocument(const print::ListDocument& document, const Sheets& sheets, QWidget* parent) {
+template <typename Document>
+bool drawDocument(const Document& document, const Sheets& sheets, QWidget* parent) {
   QPageLayout sheet(QPageSize(QPageSize::A4), QPageLayout::Landscape, QMarginsF());
   sheet.setMode(QPageLayout::FullPageMode);  // from the paper's corner on, whatever margins a printer has
   sheets.device.setPageLayout(sheet);
@@ -56,7 +58,7 @@ bool drawDocument(const print::ListDocument& document, const Sheets& sheets, QWi
 // What is printed, and how it is called.
 struct PrintOut {
   DrawDocument draw;
-  QString plate;
+  QString file;
   QString title;
 };
 
@@ -64,7 +66,7 @@ void saveAsPdf(Context& context, const PrintOut& printOut, QWidget* parent) {
   if (!ask(parent, commandTitle(), QStringLiteral("Nincs nyomtató ezen a gépen.\nElmented PDF-fájlba?"),
            DefaultAnswer::Yes))
     return;
-  const QString name = datedName(printOut.plate, context.clock.today()) + QStringLiteral(".pdf");
+  const QString name = datedName(printOut.file, context.clock.today()) + QStringLiteral(".pdf");
   saveDocument(context, pdfFile(), name, parent,
                [&](OutputFile& file) { return drawPdf(file, printOut.title, printOut.draw); });
 }
@@ -77,29 +79,50 @@ void sendTo(const QString& printer, Context& context, const PrintOut& printOut, 
               QStringLiteral("A nyomtatás nem sikerült (%1):\n%2").arg(printer, refusal));
 }
 
-}  // namespace
-
-void printList(Context& context, const QString& plate, print::ListedRows rows, QWidget* parent,
-               PrintSystem& system) {
-  if (rows.records.empty()) {
+bool refusesEmpty(bool isEmpty, QWidget* parent) {
+  if (isEmpty)
     tellError(parent, QStringLiteral(" H i b a !"),
               QStringLiteral("A listamező üres!\nÍgy nincs mit nyomtatni..."));
-    return;
-  }
-  const auto logbook =
-      core::loadRecords<core::NapiAdat>(context.files, context.folders.logbook(toLogic(plate)));
-  const std::optional<QString> heading =
-      askText(parent, commandTitle(), QStringLiteral("Kérem adja meg a fejléc szövegét..."));
-  if (!heading) return;
+  return isEmpty;
+}
 
-  const print::ListDocument document(logbook, std::move(rows), toLogic(*heading));
+std::optional<QString> askHeading(QWidget* parent) {
+  return askText(parent, commandTitle(), QStringLiteral("Kérem adja meg a fejléc szövegét..."));
+}
+
+// Of a vehicle, under the name of a file.
+template <typename Document>
+void send(Context& context, const Document& document, const QString& plate, const QString& file,
+          QWidget* parent, PrintSystem& system) {
   const auto draw = [&](const Sheets& sheets) { return drawDocument(document, sheets, parent); };
-  const PrintOut printOut{draw, plate.trimmed(), QStringLiteral("Tarvik ") + plate.trimmed()};
+  const PrintOut printOut{draw, file, QStringLiteral("Tarvik ") + plate.trimmed()};
   const QString printer = system.printer();
   if (printer.isEmpty())
     saveAsPdf(context, printOut, parent);
   else
     sendTo(printer, context, printOut, system, parent);
+}
+
+}  // namespace
+
+void printList(Context& context, const QString& plate, print::ListedRows rows, QWidget* parent,
+               PrintSystem& system) {
+  if (refusesEmpty(rows.records.empty(), parent)) return;
+  const auto logbook =
+      core::loadRecords<core::NapiAdat>(context.files, context.folders.logbook(toLogic(plate)));
+  const std::optional<QString> heading = askHeading(parent);
+  if (!heading) return;
+  send(context, print::ListDocument(logbook, std::move(rows), toLogic(*heading)), plate, plate.trimmed(),
+       parent, system);
+}
+
+void printTable(Context& context, const QString& plate, const QString& what, const exchange::TextTable& table,
+                QWidget* parent, PrintSystem& system) {
+  if (refusesEmpty(table.rows.empty(), parent)) return;
+  const std::optional<QString> heading = askHeading(parent);
+  if (!heading) return;
+  send(context, print::TableDocument(table.heads, table.rows, toLogic(*heading)), plate, what, parent,
+       system);
 }
 
 }  // namespace tarvik::ui

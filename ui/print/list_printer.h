@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include "exchange/own_format.h"
 #include "print/list_document.h"
 #include "ui/base/context.h"
 #include "ui/print/print_system.h"
@@ -17,5 +18,9 @@ namespace tarvik::ui {
 /// written; nothing half-written stays.
 void printList(Context& context, const QString& plate, print::ListedRows rows, QWidget* parent,
                PrintSystem& system = machinePrinting());
+
+/// Prints a table of texts about a vehicle as printList does; what names the PDF file that is proposed.
+void printTable(Context& context, const QString& plate, const QString& what, const exchange::TextTable& table,
+                QWidget* parent, PrintSystem& system = machinePrinting());
 
 }  // namespace tarvik::ui

@@ -60,7 +60,8 @@ class TextPainter {
     setSize(text.sizePt);
     const QPointF baseline = scale_.point(text.xMm, text.yMm) + QPointF(0, metrics_.ascent());
     const double share = scale_.x(text.widthMm) / metrics_.horizontalAdvance(ink);
-    if (share >= 1) return painter_.drawText(baseline, ink);
+    const double spare = text.isAtRight ? scale_.x(text.widthMm) - metrics_.horizontalAdvance(ink) : 0;
+    if (share >= 1) return painter_.drawText(baseline + QPointF(spare, 0), ink);
     paintNarrower(baseline, ink, share);
   }
 

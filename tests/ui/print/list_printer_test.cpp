@@ -58,6 +58,29 @@ class ListPrinterTest : public QObject {
     QVERIFY(!ui::machinePrinting().print("Nappali", "Tarvik", files, oneEmptyPage).isEmpty());
   }
 
+  void aTableIsPrintedUnderItsHeadingWithFiguresAtTheRight() {
+    Bench bench(0);
+    bench.answers.heading(kHeading);
+    ui::printTable(bench.context, bench.plate, "ABC123_eves",
+                   {{"Év", "Km"}, {{"2013", "1 700"}, {"2012", "9"}}}, &bench.window, bench.system);
+    QVERIFY(bench.answers.allGiven());
+    QCOMPARE(bench.system.sent, QStringList({"Nappali", "Tarvik ABC123"}));
+    if (!hasPoppler()) QSKIP("pdftotext is not installed");
+    const QString words = textOf(bench.path("sent.pdf")).simplified();
+    QCOMPARE(words, QString("%1 Év Km 2013 1 700 2012 9").arg(kHeading));
+    const double edge = 279;  // a millimetre before the rule
+    QVERIFY(std::abs(extentOf("700", bench.path("sent.pdf")).second - edge) < 0.5);
+    QVERIFY(std::abs(extentOf("9", bench.path("sent.pdf")).second - edge) < 0.5);
+  }
+
+  void anEmptyTableIsToldAndNothingIsPrinted() {
+    Bench bench(0);
+    bench.answers.box(QMessageBox::Ok);
+    ui::printTable(bench.context, bench.plate, "ABC123_eves", {{"Év"}, {}}, &bench.window, bench.system);
+    QVERIFY(bench.answers.allGiven());
+    QVERIFY(bench.system.sent.isEmpty());
+  }
+
   void anEmptyListIsToldAndNothingIsPrinted() {
     Bench bench(0);
     bench.answers.box(QMessageBox::Ok);

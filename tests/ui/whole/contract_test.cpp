@@ -13,6 +13,7 @@
 #include "ui/lists/list_view.h"
 #include "ui/windows/figy.h"
 #include "ui/windows/frmDatumFigyelmeztetes.h"
+#include "ui/windows/frmEvesOsszesito.h"
 #include "ui/windows/frmGumik.h"
 #include "ui/windows/frmMelyGrafikon.h"
 #include "ui/windows/frmSetup.h"
@@ -316,6 +317,9 @@ class ContractTest : public QObject {
   void theSettings() { compareShown<ui::frmSetup>(main_.context, QPoint(), nullptr); }
   void theTyreRegister() { compareShown<ui::frmGumik>(main_.context, QString(), QStringList(), nullptr); }
   void theRepairLog() { compareShown<ui::frmSzerviz>(main_.context, QString(), QStringList(), nullptr); }
+  void theYearlySummary() {
+    compareShown<ui::frmEvesOsszesito>(main_.context, QStringLiteral("ABC123"), nullptr);
+  }
   void theReminderEntry() { compareShown<ui::figy>(main_.context, QString(), nullptr); }
   void theKmAlert() { compareShown<ui::riaszt>(main_.context, QString(), nullptr); }
   void theDateAlert() { compareShown<ui::frmDatumFigyelmeztetes>(main_.context, nullptr); }

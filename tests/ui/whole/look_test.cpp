@@ -19,6 +19,7 @@
 #include "ui/look/placement.h"
 #include "ui/windows/figy.h"
 #include "ui/windows/frmDatumFigyelmeztetes.h"
+#include "ui/windows/frmEvesOsszesito.h"
 #include "ui/windows/frmGumik.h"
 #include "ui/windows/frmMelyGrafikon.h"
 #include "ui/windows/frmSetup.h"
@@ -286,6 +287,8 @@ class LookTest : public QObject {
     check(repairs);
     search(repairs);
     check(repairs);
+    ui::frmEvesOsszesito years(desk.context, "ABC-123", nullptr);
+    check(years);
     ui::riaszt kmAlert(desk.context, "ABC-123", nullptr);
     check(kmAlert);
     ui::frmDatumFigyelmeztetes dateAlert(desk.context, nullptr);
