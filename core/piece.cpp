@@ -34,7 +34,8 @@ std::size_t equalBehind(std::span<const std::byte> one, std::span<const std::byt
 Piece differingPiece(std::span<const std::byte> before, std::span<const std::byte> after) {
   const std::size_t at = equalInFront(before, after);
   const std::size_t behind = equalBehind(before.subspan(at), after.subspan(at));
-  return {at, before.first(before.size() - behind).subspan(at), after.first(after.size() - behind).subspan(at)};
+  return {at, before.first(before.size() - behind).subspan(at),
+          after.first(after.size() - behind).subspan(at)};
 }
 
 bool isEqual(std::span<const std::byte> one, std::span<const std::byte> other) {

@@ -24,8 +24,8 @@ bool isEqual(std::span<const std::byte> one, std::span<const std::byte> other);
 /// The bytes after, of the bytes before, with room for as many more as wished.
 std::vector<std::byte> applied(const Piece& piece, std::span<const std::byte> before, std::size_t room = 0);
 
-/// Turns the bytes before into those after where they are. It asks for no memory as long as the capacity holds
-/// what is added.
+/// Turns the bytes before into those after where they are. It asks for no memory as long as the capacity
+/// holds what is added.
 void applyInPlace(const Piece& piece, std::vector<std::byte>& bytes);
 
 /// A piece with bytes of its own, to be kept.

@@ -47,8 +47,16 @@ std::vector<YearLine> yearlyTotals(Logbook logbook) {
 }
 
 std::vector<std::string> yearHeads() {
-  return {"Év",        "Km",        "Liter", "l/100 km",      "Ft/l",
-          "Üzemanyag (Ft)", "Alkatrész (Ft)", "Egyéb (Ft)", "Összesen (Ft)", "Ft/km"};
+  return {"Év",
+          "Km",
+          "Liter",
+          "l/100 km",
+          "Ft/l",
+          "Üzemanyag (Ft)",
+          "Alkatrész (Ft)",
+          "Egyéb (Ft)",
+          "Összesen (Ft)",
+          "Ft/km"};
 }
 
 std::vector<std::string> yearCells(const YearLine& line) {

@@ -15,8 +15,8 @@ struct YearLine {
 
 /// A logbook by year, newest first; last the line of all entries. Each line has the figures of the list that
 /// is filtered to that year, or of the whole list: an entry with a damaged date belongs to no year, and a
-/// year's distance ends with its last entry, so that only the last line has the way from one year to the next.
-/// No lines without entries. Throws Failure as totalFigures does.
+/// year's distance ends with its last entry, so that only the last line has the way from one year to the
+/// next. No lines without entries. Throws Failure as totalFigures does.
 std::vector<YearLine> yearlyTotals(Logbook logbook);
 
 /// The heads of the summary's columns: the year, then kilometres, litres, litres per 100 km, price per litre,

@@ -23,7 +23,8 @@ std::vector<RuledColumn> TableDocument::columns() const {
   const auto ruleX = [&](int column) { return kLeftRuleX + (kRightRuleX - kLeftRuleX) * column / count; };
   std::vector<RuledColumn> columns;
   for (int i = 0; i < count; ++i)
-    columns.push_back({heads_[static_cast<std::size_t>(i)].c_str(), ruleX(i), ruleX(i + 1) - kTextToRule, i > 0});
+    columns.push_back(
+        {heads_[static_cast<std::size_t>(i)].c_str(), ruleX(i), ruleX(i + 1) - kTextToRule, i > 0});
   return columns;
 }
 

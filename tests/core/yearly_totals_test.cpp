@@ -40,8 +40,8 @@ Entries twoYears() {
 TEST(YearlyTotals, HasALineAYearNewestFirstAndOneOfAllEntries) {
   const auto lines = linesOf(twoYears());
   ASSERT_EQ(lines.size(), 3u);
-  EXPECT_EQ(yearCells(lines[0]), (Cells{"2013", "800", "83,00", "6,00", "415,78", "34 510", "8 000", "1 500",
-                                        "44 010", "55,01"}));
+  EXPECT_EQ(yearCells(lines[0]),
+            (Cells{"2013", "800", "83,00", "6,00", "415,78", "34 510", "8 000", "1 500", "44 010", "55,01"}));
   EXPECT_EQ(yearCells(lines[1]),
             (Cells{"2012", "400", "70,50", "7,63", "400,00", "28 200", "0", "0", "28 200", "70,50"}));
   EXPECT_EQ(yearCells(lines[2]), (Cells{"Összesen", "1 700", "153,50", "6,68", "408,53", "62 710", "8 000",
@@ -142,8 +142,8 @@ TEST(YearlyTotals, AgreeWithTheFilteredListsOfRandomLogs) {
   for (int log = 0; log < 200; ++log) {
     Entries entries(1 + random() % 40);
     for (NapiAdat& entry : entries)
-      entry = costing(fuelling({2000 + below(6), 1 + below(12), 1 + below(28)}, below(400'000), below(900'000),
-                               below(2) == 0),
+      entry = costing(fuelling({2000 + below(6), 1 + below(12), 1 + below(28)}, below(400'000),
+                               below(900'000), below(2) == 0),
                       below(40'000), below(90'000) - 10'000, below(30'000));
     if (below(4) == 0) entries[0].Datum = -1e300;
     expectAgreement(entries);

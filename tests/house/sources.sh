@@ -59,7 +59,7 @@ declare -A rooms=(
   [print]="print base"
   [lists]="lists look base"
   [exchange]="exchange lists look base"
-  [windows]="windows exchange lists look chart base"
+  [windows]="windows exchange print lists look chart base"
   [main]="main windows exchange print lists look chart base"
 )
 

@@ -138,6 +138,11 @@ class Part:
         return not self._is(pyatspi.STATE_EDITABLE)
 
     @property
+    def offers_editing(self):
+        """Whether a tool may put another text into it."""
+        return "EditableText" in self._it.get_interfaces()
+
+    @property
     def labels(self):
         """The names of the parts that label this one."""
         relations = [r for r in self._it.get_relation_set()

@@ -104,6 +104,31 @@ class Assistive(unittest.TestCase):
         self.button("Grafikon elrejtése")
         wait_for(lambda: not self.main.has("chart"), "the chart to go")
 
+    def test_this_years_consumption_is_read_in_the_summary(self):
+        self.main.part("menu item", "Éves összesítő…").press()
+        summary = self.program.window("Éves összesítő")
+        newest = summary.part("table", "Éves összesítő").rows()[0]
+        self.assertEqual(newest[0], self.list.rows()[-1][0][:4])
+        self.assertRegex(newest[3], r"^\d,\d\d$")
+        summary.part("menu item", "Bezár").press()
+        self.program.wait_closed("Éves összesítő")
+
+    def test_results_do_not_claim_to_be_editable(self):
+        for name in ("Eddigi Költség", "Megtett út", "Átlag fogyasztás"):
+            result = self.main.part("text", name)
+            self.assertTrue(result.is_read_only, name)
+            self.assertFalse(result.offers_editing, name)
+            self.assertRegex(result.text, r"\d", name)
+        self.assertTrue(self.main.part("text", "Liter").offers_editing)
+
+    def test_a_doubtful_reading_is_told(self):
+        field = self.main.part("text", "Km óra állás")
+        with Heard("object:state-changed:showing") as heard:
+            field.enter("5")
+            heard.wait(lambda kind, part, data: part.name.startswith("Kevesebb, mint az előző állás") and
+                       part.is_showing, "the cue")
+        self.assertTrue(field.description.startswith("Kevesebb"))
+
     def test_the_print_command_asks_for_a_heading(self):
         self.main.part("menu item", "Nyomtatás").press()
         self.answer("Listamező nyomtatása", "Mégse")

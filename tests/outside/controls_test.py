@@ -73,6 +73,7 @@ class Controls(unittest.TestCase):
                 ("menu item", "Beállítások", "Beállítások", "push button", "Vissza a naplóhoz"),
                 ("menu item", "Gumik", "Gumik nyilvántartása", "menu item", "Bezár"),
                 ("menu item", "Javítások - Szervíz", "Javítások - Szervízek", "menu item", "Bezár"),
+                ("menu item", "Éves összesítő…", "Éves összesítő", "menu item", "Bezár"),
                 ("push button", "Figyelmeztetés", "Figyelmeztetés Felvitele", "menu item", "Bezár"),
                 ("push button", "Grafikon megjelenítése", "Grafikon választás", "push button", "Mégsem")):
             screen = self.check_opened(main, role, opener, title)

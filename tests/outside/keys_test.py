@@ -79,6 +79,39 @@ class Keys(unittest.TestCase):
         wait_for(lambda: self.list.row_count() == entries, "the row to go")
         self.main.wait_focus("table", "Napló")
 
+    def test_a_fill_up_takes_four_keys_beyond_its_figures(self):
+        entries = self.list.row_count()
+        for figure in ("280500", "40,5", "25000"):
+            keyboard.type_text(figure)
+            keyboard.press("Return")
+        self.answer(" Rögzítés ", "Return")
+        wait_for(lambda: self.list.row_count() == entries + 1, "the new row")
+        today = datetime.date.today().strftime("%Y.%m.%d.")
+        self.assertEqual(self.list.rows()[-1][:3], [today, "280500", "40,50"])
+
+    def test_the_last_entry_is_corrected_with_five_keys(self):
+        last = self.list.row_count() - 1
+        keyboard.press("F6", "End")
+        wait_for(lambda: self.list.selected_row() == last, "the last row chosen")
+        reading = str(int(self.list.cell(last, KM).name) + 1)
+        keyboard.press("ctrl+l")
+        self.main.wait_focus("text", "Km óra állás")
+        keyboard.type_text(reading)
+        keyboard.press("alt+m")
+        self.answer(" Módosítás ", "alt+i")
+        wait_for(lambda: self.list.cell(last, KM).name == reading, "the corrected row")
+
+    def test_this_years_consumption_is_two_keys_away(self):
+        keyboard.press("alt+e")
+        wait_for(lambda: self.main.part("menu item", "Éves összesítő…").is_showing, "the open menu")
+        keyboard.press("odiaeresis")
+        summary = self.program.window("Éves összesítő")
+        newest = summary.part("table", "Éves összesítő").rows()[0]
+        self.assertEqual(newest[0], self.list.rows()[-1][DATE][:4])
+        self.assertRegex(newest[3], r"^\d,\d\d$")
+        keyboard.press("Escape")
+        self.program.wait_closed("Éves összesítő")
+
     def test_a_deletion_that_is_not_meant_is_refused_with_enter(self):
         entries = self.list.row_count()
         self.choose_newest()

@@ -1,6 +1,8 @@
 #include "ui/lists/list_delegate.h"
 
 #include <QAbstractItemView>
+#include <QGuiApplication>
+#include <QHash>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QPainter>
@@ -9,6 +11,7 @@
 #include <QToolTip>
 #include <QTreeView>
 #include <algorithm>
+#include <map>
 
 #include "ui/base/colours.h"
 #include "ui/lists/text_list_model.h"
@@ -53,6 +56,75 @@ void showMark(QStyleOptionViewItem& option, const QList<QPolygonF>& lines) {
   option.decorationSize = {size, size};
   option.icon = markIcon(size, colour, ratio, lines);
 }
+
+// The widths that the person gave the columns of this run's lists, by the names of window and list.
+std::map<QString, QHash<int, int>>& keptWidths() {
+  static std::map<QString, QHash<int, int>> widths;
+  return widths;
+}
+
+// The columns of a list: each as wide as its head and its longest text, until the person gives it another
+// width, which is kept for the run. They follow the font.
+class Columns : public QObject {
+ public:
+  Columns(QTreeView& view, const QStringList& longest)
+      : QObject(&view),
+        view_(view),
+        longest_(longest),
+        kept_(keptWidths()[view.window()->objectName() + QLatin1Char('/') + view.objectName()]) {
+    view.header()->setStretchLastSection(false);
+    fit();
+    view.installEventFilter(this);
+    connect(view.header(), &QHeaderView::sectionResized, this,
+            [this](int column, int, int width) { keep(column, width); });
+  }
+
+  static Columns* of(const QTreeView& view) {
+    for (QObject* child : view.children())
+      if (auto* columns = dynamic_cast<Columns*>(child)) return columns;
+    return nullptr;
+  }
+
+  bool isKept(int column) const { return kept_.contains(column); }
+
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) fit();
+    return false;
+  }
+
+ private:
+  void keep(int column, int width) {
+    const bool isByHand = QGuiApplication::mouseButtons() != Qt::NoButton;
+    if (isByHand && view_.header()->sectionResizeMode(column) == QHeaderView::Interactive)
+      kept_[column] = width;
+  }
+
+  void fit() {
+    QHeaderView& header = *view_.header();
+    const int sides = 2 * gridStep();
+    int figures = 0;
+    int widestText = 0;
+    for (int column = 0; column < longest_.size(); ++column) {
+      const int head = header.sectionSizeHint(column);
+      if (longest_[column].isEmpty()) {
+        header.setSectionResizeMode(column, QHeaderView::Stretch);
+        widestText = std::max(widestText, head);
+        continue;
+      }
+      const int width = std::max(view_.fontMetrics().horizontalAdvance(longest_[column]) + sides, head);
+      header.resizeSection(column, kept_.value(column, width));
+      figures += width;
+    }
+    const int texts = static_cast<int>(longest_.count(QString())) * widestText;
+    const int scrollBar = view_.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    view_.setMinimumWidth(figures + texts + scrollBar + 2 * view_.frameWidth());
+    view_.setMinimumHeight(header.sizeHint().height() + kLeastRows * rowHeight() + 2 * view_.frameWidth());
+  }
+
+  QTreeView& view_;
+  QStringList longest_;
+  QHash<int, int>& kept_;
+};
 
 }  // namespace
 
@@ -100,31 +172,14 @@ ListDelegate* layOutList(QTreeView& view, const QStringList& longest, ListDelega
   auto* delegate = new ListDelegate(&view, ticks);
   view.setItemDelegate(delegate);
   view.ensurePolished();
-  QHeaderView& header = *view.header();
-  header.ensurePolished();
-  header.setStretchLastSection(false);
-  const int sides = 2 * gridStep();
-  int figures = 0;
-  int widestText = 0;
-  for (int column = 0; column < longest.size(); ++column) {
-    const int head = header.sectionSizeHint(column);
-    if (longest[column].isEmpty()) {
-      header.setSectionResizeMode(column, QHeaderView::Stretch);
-      widestText = std::max(widestText, head);
-      continue;
-    }
-    const int width = std::max(view.fontMetrics().horizontalAdvance(longest[column]) + sides, head);
-    header.resizeSection(column, width);
-    figures += width;
-  }
-  const int texts = static_cast<int>(longest.count(QString())) * widestText;
-  const int scrollBar = view.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-  view.setMinimumWidth(figures + texts + scrollBar + 2 * view.frameWidth());
-  view.setMinimumHeight(header.sizeHint().height() + kLeastRows * rowHeight() + 2 * view.frameWidth());
+  view.header()->ensurePolished();
+  new Columns(view, longest);
   return delegate;
 }
 
 void keepWhole(QTreeView& view, int column, const QString& text) {
+  const Columns* columns = Columns::of(view);
+  if (columns != nullptr && columns->isKept(column)) return;
   const int width = view.header()->sectionSize(column);
   const int more = view.fontMetrics().horizontalAdvance(text) + 2 * gridStep() - width;
   if (more <= 0) return;

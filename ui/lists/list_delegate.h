@@ -44,12 +44,14 @@ class ListDelegate : public QStyledItemDelegate {
 };
 
 /// Gives a list the program's rows and columns: each column as wide as its head and the longest of its
-/// texts; the columns whose longest text is left empty share what remains. The list shrinks down to three
-/// rows. Returns the delegate, which belongs to the view.
+/// texts; the columns whose longest text is left empty share what remains. A width that the person gave a
+/// column before in this run is taken instead. The list shrinks down to three rows. Returns the delegate,
+/// which belongs to the view.
 ListDelegate* layOutList(QTreeView& view, const QStringList& longest,
                          ListDelegate::Ticks ticks = ListDelegate::Ticks::Marks);
 
-/// Makes room for a text that is longer than its column was laid out for; the list asks for that much more.
+/// Makes room for a text that is longer than its column was laid out for, unless the person gave it its
+/// width; the list asks for that much more.
 void keepWhole(QTreeView& view, int column, const QString& text);
 
 }  // namespace tarvik::ui

@@ -48,6 +48,7 @@ QVariant TextListModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::TextAlignmentRole) return alignment(index.column());
   if (role == kOverdueRole && row.overdue) return *row.overdue;
   if (role == Qt::AccessibleDescriptionRole && row.overdue.value_or(false)) return QStringLiteral("lejárt");
+  if (role == Qt::AccessibleDescriptionRole && row.marked.value_or(false)) return markWords_;
   if (role == Qt::CheckStateRole && row.marked && index.column() == 0)
     return *row.marked ? Qt::Checked : Qt::Unchecked;
   const bool isBold = row.isSum || row.marked.value_or(false) || row.overdue.value_or(false);

@@ -32,6 +32,8 @@ class TextListModel : public QAbstractTableModel {
 
   /// The columns of figures: their cells and heads stand at the right.
   void setFigureColumns(QList<int> columns) { figureColumns_ = std::move(columns); }
+  /// What assistive tools say of a marked row.
+  void setMarkWords(const QString& words) { markWords_ = words; }
   /// Replaces all rows.
   void setRows(std::vector<TextRow> rows);
   /// The column that carries the record numbers.
@@ -54,6 +56,7 @@ class TextListModel : public QAbstractTableModel {
   QStringList headers_;
   std::vector<TextRow> rows_;
   QList<int> figureColumns_;
+  QString markWords_;
   int sortColumn_ = -1;
 };
 

@@ -12,6 +12,8 @@
 #include <QShortcut>
 #include <algorithm>
 
+#include "ui/look/result_accessible.h"
+
 namespace tarvik::ui {
 namespace {
 
@@ -87,6 +89,7 @@ class MenuGivesBack : public QObject {
 }  // namespace
 
 void makeAccessible(QWidget& screen) {
+  tellResultsAsResults();
   for (QComboBox* box : screen.findChildren<QComboBox*>()) {
     nameInnerParts(box);
     tellWithoutPadding(box->model());

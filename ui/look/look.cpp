@@ -5,7 +5,6 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QGroupBox>
-#include <QImageReader>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
@@ -19,16 +18,13 @@
 #include "ui/look/main_button.h"
 #include "ui/look/wheel.h"
 
-// The icons lie in a static library, which has to be told to bring them. Outside of every namespace, as Qt
-// wants it.
-static void bringIcons() {
-  Q_INIT_RESOURCE(tarvik);
-}
-
 namespace tarvik::ui {
 namespace {
 
 constexpr const char* kLongest = "longest";
+// The colours that a part has, which are mixed anew with the palette.
+constexpr const char* kOverdue = "overdue";
+constexpr const char* kDimmed = "dimmed";
 constexpr int kHalfLight = 128;
 constexpr double kHeadline = 1.35;
 constexpr float kHintStrength = 0.6F;
@@ -43,6 +39,11 @@ int lineHeight() {
 // Fields and buttons have one height, so that they stand in line.
 int fieldHeight() {
   return lineHeight() + gridStep() + 2;
+}
+
+// A flat field is as high as a label in its font, so that results stand in line whatever they stand in.
+int labelHeight(const QWidget& field) {
+  return field.fontMetrics().height() + 2 * kAccent;
 }
 
 bool isCard(const QWidget* widget) {
@@ -79,24 +80,9 @@ QFont headline(const QFont& like) {
   return font;
 }
 
-// Qt would load each of its picture formats to find out that a picture is none of them.
-QPixmap ownPicture(const QString& path) {
-  QImageReader reader(path, "png");
-  reader.setAutoDetectImageFormat(false);
-  return QPixmap::fromImageReader(&reader);
-}
-
-// Every start reads them: their few colours are in a table, and there is none of 256 pixels.
-QIcon programIcon() {
-  bringIcons();
-  QIcon icon;
-  for (const int size : {16, 24, 32, 48, 64, 128})
-    icon.addPixmap(ownPicture(QStringLiteral(":/tarvik/icon-%1.png").arg(size)));
-  return icon;
-}
-
 // Shows the part's text in a colour, or in the palette's again.
-void showIn(QWidget& part, bool isColoured, const QColor& colour) {
+void showIn(QWidget& part, const char* tone, bool isColoured, const QColor& colour) {
+  part.setProperty(tone, isColoured);
   QPalette palette;
   for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text})
     if (isColoured) palette.setColor(role, colour);
@@ -104,11 +90,6 @@ void showIn(QWidget& part, bool isColoured, const QColor& colour) {
 }
 
 }  // namespace
-
-void dress() {
-  QApplication::setStyle(new LookStyle);
-  QApplication::setWindowIcon(programIcon());
-}
 
 int gridStep() {
   return std::max(4, (lineHeight() + 1) / 2);
@@ -124,11 +105,11 @@ QColor overdueColour(const QPalette& palette) {
 }
 
 void showOverdue(QWidget& part, bool isOverdue) {
-  showIn(part, isOverdue, overdueColour(QApplication::palette()));
+  showIn(part, kOverdue, isOverdue, overdueColour(QApplication::palette()));
 }
 
 void showDimmed(QWidget& part, bool isDimmed) {
-  showIn(part, isDimmed, QApplication::palette().color(QPalette::PlaceholderText));
+  showIn(part, kDimmed, isDimmed, QApplication::palette().color(QPalette::PlaceholderText));
 }
 
 LookStyle::LookStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -137,7 +118,8 @@ void LookStyle::polish(QWidget* widget) {
   QProxyStyle::polish(widget);
   keepFromWheel(*widget);
   keepOneMainAction(*widget);
-  if (hasLook(widget, "overdue")) showOverdue(*widget, true);
+  if (hasLook(widget, "overdue") || widget->property(kOverdue).toBool()) showOverdue(*widget, true);
+  if (widget->property(kDimmed).toBool()) showDimmed(*widget, true);
   if (hasLook(widget, "heading")) widget->setFont(headline(QApplication::font()));
   if (qobject_cast<QPushButton*>(widget) != nullptr || qobject_cast<QComboBox*>(widget) != nullptr)
     widget->setAttribute(Qt::WA_Hover);
@@ -222,7 +204,7 @@ QSize LookStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
     case CT_LineEdit:
       if (const int width = widget == nullptr ? 0 : widthOfLongest(*widget)) {
         const int sides = result.width() - size.width() + (framed(option) ? gridStep() : 0) + 6;
-        return {width + sides, framed(option) ? fieldHeight() : result.height()};
+        return {width + sides, framed(option) ? fieldHeight() : labelHeight(*widget)};
       }
       return {result.width(), framed(option) ? fieldHeight() : result.height()};
     case CT_ComboBox:

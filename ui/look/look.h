@@ -5,8 +5,9 @@
 
 namespace tarvik::ui {
 
-/// Gives the program its look: the style below, whatever the desktop brings, and the icon of its windows.
-/// Called once, before the first window is built.
+/// Gives the program its look: the style below, whatever the desktop brings, and the icon of its windows. A
+/// later change of the desktop's font or colours reaches the windows that are open. Called once, before the
+/// first window is built.
 void dress();
 
 /// One step of the grid that every form stands on, in pixels: 8 at the usual font of 10 points, more or

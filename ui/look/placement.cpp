@@ -3,8 +3,10 @@
 #include <QDialog>
 #include <QEvent>
 #include <QGuiApplication>
+#include <QHash>
 #include <QLayout>
 #include <QMainWindow>
+#include <QResizeEvent>
 #include <QScreen>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -37,10 +39,35 @@ QSize aroundContents(const QWidget& window) {
   return {2 * kFrame, title + 2 * kFrame};
 }
 
+// The sizes that the person gave the windows of this run, by their names.
+QHash<QString, QSize>& keptSizes() {
+  static QHash<QString, QSize> sizes;
+  return sizes;
+}
+
+// Keeps the size that the person gives a window once it is up: what the desktop, and not the program,
+// changes.
+class SizeKeeper : public QObject {
+ public:
+  explicit SizeKeeper(QWidget& window) : QObject(&window), window_(window) {
+    window.installEventFilter(this);
+  }
+
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Resize && event->spontaneous())
+      keptSizes().insert(window_.objectName(), static_cast<QResizeEvent*>(event)->size());
+    return false;
+  }
+
+ private:
+  QWidget& window_;
+};
+
 void giveSize(QWidget& window, const QRect& room, QSize wanted) {
   settle(window);
   const QSize most = room.size() - aroundContents(window);
-  window.resize(window.sizeHint().expandedTo(wanted).boundedTo(most));
+  const QSize kept = keptSizes().value(window.objectName());
+  window.resize((kept.isValid() ? kept : window.sizeHint().expandedTo(wanted)).boundedTo(most));
 }
 
 // The corner of a place that was moved into the room, its lower right part first.
@@ -103,6 +130,7 @@ class Opening : public QObject {
   void beUp() {
     window_.windowHandle()->removeEventFilter(this);
     put(Stage::Up);
+    new SizeKeeper(window_);
     deleteLater();
   }
 

@@ -18,7 +18,8 @@ void keepWithinReach(QMainWindow& window);
 int pixelsOfTwips(int twips, const QWidget& window);
 
 /// Gives a window that is not shown yet the size that its parts ask for, or the wanted one where that is
-/// larger, but never more than its display, and puts it in the middle of it.
+/// larger, but never more than its display, and puts it in the middle of it. A size that the person gave a
+/// window of that name before in this run is taken instead.
 void openInTheMiddle(QWidget& window, QSize wanted = {});
 
 /// The same, at a place of the desktop in pixels, and as much further in as keeps all of the window, its

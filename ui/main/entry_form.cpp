@@ -1,6 +1,7 @@
 #include "ui/main/entry_form.h"
 
 #include <QEvent>
+#include <QGridLayout>
 #include <QLineEdit>
 #include <QSignalBlocker>
 
@@ -151,6 +152,28 @@ void EntryForm::setChosen(bool isChosen) {
 
 QPushButton& EntryForm::chartButton() {
   return *ui_->cmdGrafikon;
+}
+
+// The Tab key goes by the lines.
+void EntryForm::setNarrowTank(bool isNarrow) {
+  QGridLayout& tank = *ui_->tankLayout;
+  QWidget* const cue = ui_->lbNemMai;
+  QWidget* const back = ui_->cmdMa;
+  QWidget* const full = ui_->ChkTeletank;
+  for (QWidget* part : {cue, back, full}) tank.removeWidget(part);
+  if (isNarrow) {
+    tank.addWidget(full, 2, 0, 1, 2);
+    tank.addWidget(cue, 2, 2, 1, 3, Qt::AlignRight | Qt::AlignVCenter);
+    tank.addWidget(back, 2, 5, Qt::AlignLeft);
+  } else {
+    tank.addWidget(cue, 0, 6, 1, 2);
+    tank.addWidget(back, 1, 6);
+    tank.addWidget(full, 1, 7);
+  }
+  tank.invalidate();
+  ui_->FrameTank->updateGeometry();
+  setTabOrder(ui_->DTPicker1, isNarrow ? full : back);
+  setTabOrder(isNarrow ? full : back, isNarrow ? back : full);
 }
 
 int EntryForm::wideWidth() const {

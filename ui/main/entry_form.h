@@ -61,6 +61,9 @@ class EntryForm : public QWidget {
 
   /// The button `cmdGrafikon`.
   QPushButton& chartButton();
+  /// Lets the fill-up's frame be narrower, with its last fields on a line of their own, as high as the part's
+  /// frame beside it.
+  void setNarrowTank(bool isNarrow);
   /// The width from which on the frames stand beside each other, in pixels.
   int wideWidth() const;
 

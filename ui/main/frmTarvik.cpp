@@ -44,6 +44,8 @@ namespace {
 
 constexpr int kWidthTwips = 10'600;
 constexpr int kWishedRows = 6;
+// The size of letters that the width is made for.
+constexpr double kUsualPoints = 9;
 
 template <typename TextOf>
 QStringList platesOf(const Context& context, TextOf textOf) {
@@ -94,23 +96,33 @@ void frmTarvik::compose() {
   logbook_->layOver(*chart_);
 }
 
-// Where the display has room the list is taller than it must be, as high as a chart over it wishes; where it
-// is too low for the smallest chart, the fields and the results stand beside each other, and all parts closer
-// together.
+// Where the display has room the list is taller than it must be, as high as a chart over it wishes, and holds
+// as many letters as at their usual size, which takes a little more than their growth; where it is too low
+// for the smallest chart, the fields and the results stand beside each other, and all parts closer together.
 void frmTarvik::place() {
   keepWithinReach(*this);
   const int list = logbook_->listHeight();
+  const double larger = std::max(0.0, QFontInfo(font()).pointSizeF() / kUsualPoints - 1);
+  const int more = larger > 0 ? qRound(pixelsOfTwips(kWidthTwips, *this) * larger) + 2 * gridStep() : 0;
   const QSize wanted(
-      pixelsOfTwips(kWidthTwips, *this),
+      pixelsOfTwips(kWidthTwips, *this) + more,
       sizeHint().height() + std::max(kWishedRows * rowHeight(), chart_->sizeHint().height() - list));
   const int least = ui_->centralwidget->sizeHint().height() - list + chart_->minimumSizeHint().height();
-  if (FittingArea::roomOnDisplay(*this).height() >= least) return openInTheMiddle(*this, wanted);
+  const QSize room = FittingArea::roomOnDisplay(*this);
+  if (room.height() >= least) return openInTheMiddle(*this, wanted);
   for (QLayout* parts : {static_cast<QLayout*>(ui_->mainLayout), entry_->layout(), logbook_->layout()})
     parts->setSpacing(gridStep() / 2);
+  ui_->mainLayout->setContentsMargins(gridStep(), gridStep(), gridStep(), gridStep());
+  entry_->setNarrowTank(true);
+  if (wideWidth() > room.width()) entry_->setNarrowTank(false);
+  openInTheMiddle(*this, {wideWidth(), wanted.height()});
+}
+
+// The width from which on the fields and the results stand beside each other, in pixels.
+int frmTarvik::wideWidth() const {
   const QMargins sides = ui_->mainLayout->contentsMargins();
-  const int wide = std::max(entry_->wideWidth(), logbook_->wideWidth()) + sides.left() + sides.right() +
-                   style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-  openInTheMiddle(*this, {wide, wanted.height()});
+  return std::max(entry_->wideWidth(), logbook_->wideWidth()) + sides.left() + sides.right() +
+         style()->pixelMetric(QStyle::PM_ScrollBarExtent);
 }
 
 void frmTarvik::connectParts() {
@@ -260,7 +272,10 @@ void frmTarvik::toggleFilter() {
 }
 
 void frmTarvik::toggleChart() {
+  const bool wasShown = chart_->isVisible();
   chart_->toggle(entry_->chartButton(), frameGeometry().topLeft());
+  if (wasShown) logbook_->takeKeyboard();
+  if (!wasShown && chart_->isVisible()) entry_->chartButton().setFocus();
 }
 
 void frmTarvik::uncoverList() {

@@ -44,6 +44,7 @@ class frmTarvik : public QMainWindow {
  private:
   void compose();
   void place();
+  int wideWidth() const;
   void connectParts();
   void connectMenu();
   void fillTools(QMenu& tools);

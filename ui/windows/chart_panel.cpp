@@ -1,5 +1,6 @@
 #include "ui/windows/chart_panel.h"
 
+#include <QEvent>
 #include <QSignalBlocker>
 #include <algorithm>
 #include <array>
@@ -42,6 +43,7 @@ ChartPanel::ChartPanel(Context& context, ChartSources sources, QWidget* parent)
   makeAccessible(*this);
   takeOutOfUse(*ui_->Check2);
   setFocusProxy(ui_->Combo2);
+  ui_->lbGrafDb->installEventFilter(this);
   setVisible(false);
   connect(ui_->HScroll1, &QScrollBar::valueChanged, this, [this] { quietly([this] { scroll(); }); });
   onSignal(ui_->txtGrafDb, &QLineEdit::textChanged, this, &ChartPanel::setPageStep);
@@ -71,7 +73,7 @@ void ChartPanel::toggle(QPushButton& button, QPoint mainTopLeft) {
     button.setText(QStringLiteral("&Grafikon megjelenítése"));
     return;
   }
-  frmMelyGrafikon(context_, mainTopLeft, window()).exec();
+  frmMelyGrafikon(context_, mainTopLeft, window(), seenLast_).exec();
   const int choice = context_.state.chartChoice;
   if (choice == charts::kNoChart) return hide();
   if (!guarded(window(), [&] { showChart(choice); })) return;
@@ -83,9 +85,11 @@ void ChartPanel::showChart(int choice) {
   show();
   raise();
   ui_->MSChart1->raise();
+  seenLast_ = choice;
   const bool scrolls = choice == charts::kConsumptions;
   ui_->chkGrafikon->setVisible(scrolls);
   ui_->HScroll1->setVisible(scrolls);
+  ui_->lbGrafDb->setVisible(scrolls);
   ui_->txtGrafDb->setVisible(scrolls);
 }
 
@@ -176,6 +180,12 @@ void ChartPanel::drawView(const core::Logbook& entries) {
   const charts::ScrollView view{ui_->HScroll1->value(), countText, ui_->chkGrafikon->isChecked()};
   display(charts::consumptionsFrom(entries, view), charts::chartTitle(charts::kConsumptions));
   isScrolled_ = true;
+}
+
+// The words between the tick and the number are the tick's too.
+bool ChartPanel::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::MouseButtonPress) ui_->chkGrafikon->click();
+  return QFrame::eventFilter(watched, event);
 }
 
 void ChartPanel::setType(int index) {

@@ -48,6 +48,9 @@ class ChartPanel : public QFrame {
   /// panel says so.
   void redraw();
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   core::Logbook logbook();
   void draw(int choice, const core::Logbook& entries);
@@ -69,6 +72,7 @@ class ChartPanel : public QFrame {
   std::vector<charts::ChartPoint> points_;
   QString plate_;            // whose logbook is drawn
   bool isDrawable_ = true;   // that logbook was there, and its chart could be computed
+  int seenLast_ = 0;         // the chart that was shown last, 0 = none
   bool isScrolled_ = false;  // the view is the scroll bar's, not the latest entries
 };
 

@@ -79,7 +79,8 @@ QString frmEvesOsszesito::documentName() const {
 }
 
 void frmEvesOsszesito::save() {
-  saveCsvFile(context_, documentName(), exchange::csvOf(tableOf(*ui_->ListViewEves, Figures::AsCopied)), this);
+  saveCsvFile(context_, documentName(), exchange::csvOf(tableOf(*ui_->ListViewEves, Figures::AsCopied)),
+              this);
 }
 
 void frmEvesOsszesito::print() {

@@ -73,7 +73,8 @@ frmGumik::frmGumik(Context& context, const QString& plate, const QStringList& pl
         .emptyHint = QStringLiteral("Ehhez a rendszámhoz nincs gumi felvéve."),
         .file = "Gumik.dat",
         .csvName = QStringLiteral("gumik"),
-        .csv = &tyresCsv},
+        .csv = &tyresCsv,
+        .markWords = QStringLiteral("az autón van")},
        plate, plates, kWishedSteps * gridStep());
 }
 
@@ -86,8 +87,14 @@ void frmGumik::connectButtons() {
   onClick(this, ui_->cmdGumiLe, &frmGumik::takeSetOff);
   onClick(this, ui_->cmdGumiModosit, &frmGumik::changeSet);
   onClick(this, ui_->cmdGumiDel, &frmGumik::deleteSet);
-  connect(ui_->cmdGumiModositKeret, &QPushButton::clicked, ui_->frameGumiModosit, &QWidget::show);
-  connect(ui_->cmdGumiModositMegsem, &QPushButton::clicked, ui_->frameGumiModosit, &QWidget::hide);
+  connect(ui_->cmdGumiModositKeret, &QPushButton::clicked, this, [this] {
+    ui_->frameGumiModosit->show();
+    ui_->txtMtipus->setFocus(Qt::TabFocusReason);
+  });
+  connect(ui_->cmdGumiModositMegsem, &QPushButton::clicked, this, [this] {
+    ui_->cmdGumiModositKeret->setFocus(Qt::TabFocusReason);
+    ui_->frameGumiModosit->hide();
+  });
 }
 
 void frmGumik::BeolvasGumi() {

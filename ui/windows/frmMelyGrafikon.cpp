@@ -14,14 +14,15 @@ constexpr int kDownTwips = 3'500;
 
 }  // namespace
 
-frmMelyGrafikon::frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* parent)
+frmMelyGrafikon::frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* parent, int seenLast)
     : QDialog(parent), context_(context), ui_(std::make_unique<Ui::frmMelyGrafikon>()) {
   ui_->setupUi(this);
   makeAccessible(*this);
   // The group holds the options in the order of the form, which is that of their numbers.
   int number = 0;
   for (QAbstractButton* option : ui_->choices->buttons()) ui_->choices->setId(option, ++number);
-  if (QAbstractButton* last = ui_->choices->button(context_.state.chartChoice)) {
+  const int choice = context_.state.chartChoice;
+  if (QAbstractButton* last = ui_->choices->button(choice != 0 ? choice : seenLast)) {
     last->setChecked(true);
     last->setFocus();
   }

@@ -20,8 +20,8 @@ class frmMelyGrafikon : public QDialog {
 
  public:
   /// Stands 200 pixels right of and 233 below the main screen's top left corner. The option of the chart
-  /// chosen last is checked.
-  frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* parent);
+  /// chosen last is checked, after a cancelled question that of the chart that was seen last, 0 for none.
+  frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* parent, int seenLast = 0);
   ~frmMelyGrafikon() override;
 
   void reject() override;

@@ -45,6 +45,7 @@ void RegisterScreen::open(Register parts, const QString& plate, const QStringLis
 
 void RegisterScreen::prepareList() {
   rows_ = new TextListModel(register_.heads, this);
+  rows_->setMarkWords(register_.markWords);
   rows_->setFigureColumns(register_.figureColumns);
   register_.list->setModel(rows_);
   layOutList(*register_.list, register_.longest);

@@ -41,6 +41,7 @@ class RegisterScreen : public QDialog {
     const char* file;
     QString csvName;  ///< proposed for the CSV file of what is listed
     std::string (*csv)(core::FileSystem&, const core::DataFolders&, const TextListModel&);
+    QString markWords = {};  ///< what assistive tools say of a marked row
     std::function<std::string(int number)> searchedText =
         {};  ///< of a record; nothing = no line to search with
   };

@@ -33,13 +33,6 @@ QFont fixedPitchFont(const QFont& like) {
   return font;
 }
 
-// A little smaller than the rest, so that the first heading ends before the second begins.
-QFont headingFont(const QFont& like) {
-  QFont heading = like;
-  heading.setPointSizeF(like.pointSizeF() * 0.9);
-  return heading;
-}
-
 }  // namespace
 
 riaszt::riaszt(Context& context, const QString& plate, QWidget* parent)
@@ -50,6 +43,7 @@ riaszt::riaszt(Context& context, const QString& plate, QWidget* parent)
   prepareList();
   choice_ = new RowChoice(ui_->List1, [this](int row) { return guarded(this, [&] { chooseLine(row); }); });
   onClick(this, ui_->cmd_torles, &riaszt::deleteChosen);
+  connect(ui_->cmdBezar, &QPushButton::clicked, this, &QDialog::close);
   followEnterRule(*this);
   new UndoLine(context_, *this, *ui_->mainLayout,
                [this](const core::Travelled& travelled) { followChange(travelled); });
@@ -66,7 +60,6 @@ void riaszt::prepareList() {
   const int border = ui_->List1->frameWidth() + style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
   const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
   ui_->List1->setMinimumWidth(kLineCharacters * character + 2 * border + scrollBar);
-  for (QLabel* heading : {ui_->lbRogzDatuma, ui_->lbSzovegOszlop}) heading->setFont(headingFont(font()));
   ui_->lbRogzDatuma->setMinimumWidth(kTextColumn * character + border);
 }
 

@@ -124,6 +124,43 @@ class ListViewTest : public QObject {
     QCOMPARE(list.view.columnWidth(1), list.view.header()->sectionSizeHint(1));
   }
 
+  // Drags the edge behind a column.
+  static void drag(Shown& list, int column, int by) {
+    QHeaderView& header = *list.view.header();
+    const QPoint edge(header.sectionViewportPosition(column) + header.sectionSize(column) - 1,
+                      header.height() / 2);
+    QTest::mouseMove(header.viewport(), edge);
+    QTest::mousePress(header.viewport(), Qt::LeftButton, {}, edge);
+    QTest::mouseMove(header.viewport(), edge + QPoint(by, 0));
+    QTest::mouseRelease(header.viewport(), Qt::LeftButton, {}, edge + QPoint(by, 0));
+  }
+
+  void aColumnThatWasMadeWiderByHandIsSoInTheNextListOfThatName() {
+    const auto open = [](Shown& list) {
+      list.view.setObjectName("dragged");
+      list.delegate = layOutList(list.view, {"99", "99"});
+    };
+    Shown list;
+    open(list);
+    const int before = list.view.columnWidth(0);
+    drag(list, 0, 40);
+    QCOMPARE(list.view.columnWidth(0), before + 40);
+    keepWhole(list.view, 0, QString(50, '9'));
+    QCOMPARE(list.view.columnWidth(0), before + 40);
+    Shown next;
+    open(next);
+    QCOMPARE(next.view.columnWidth(0), before + 40);
+    QCOMPARE(next.view.columnWidth(1), next.view.header()->sectionSizeHint(1));
+  }
+
+  void aLargerFontWidensTheColumns() {
+    Shown list({"", "9999999"});
+    QFont larger = list.view.font();
+    larger.setPointSizeF(larger.pointSizeF() * 2);
+    list.view.setFont(larger);
+    QCOMPARE(list.view.columnWidth(1), list.widthOf("9999999"));
+  }
+
   void aLongerTextWidensItsColumnAndTheListByAsMuch() {
     Shown list({"", "99"});
     const int column = list.view.columnWidth(1);

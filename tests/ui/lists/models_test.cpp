@@ -117,6 +117,28 @@ class ModelsTest : public QObject {
     QVERIFY(!model.index(2, 0).data(Qt::FontRole).isValid());
   }
 
+  void aMarkedRowIsSaidToBeWhatItsMarkMeans() {
+    TextListModel model({"Rendszám", "Km"});
+    model.setMarkWords("az autón van");
+    model.setRows({{{"B", "10"}, "4", true}, {{"A", "9"}, "7", false}});
+    for (const int column : {0, 1})
+      QCOMPARE(model.index(0, column).data(Qt::AccessibleDescriptionRole).toString(),
+               QString("az autón van"));
+    QVERIFY(!model.index(1, 0).data(Qt::AccessibleDescriptionRole).isValid());
+  }
+
+  void aSumIsBoldWithoutAMarkAndFiguresAreCopiedWithoutTheirSpaces() {
+    TextListModel model({"Év", "Km"});
+    model.setFigureColumns({1});
+    TextRow sum{{"Össze sen", "1 234"}, ""};
+    sum.isSum = true;
+    model.setRows({sum});
+    QVERIFY(model.index(0, 0).data(Qt::FontRole).value<QFont>().bold());
+    QVERIFY(!model.index(0, 0).data(Qt::CheckStateRole).isValid());
+    QCOMPARE(model.index(0, 1).data(kCopiedRole).toString(), QString("1234"));
+    QVERIFY(!model.index(0, 0).data(kCopiedRole).isValid());
+  }
+
   void anOverdueRowIsBoldAndSaidToBe() {
     TextListModel model({"Dátum", "Szöveg"});
     TextRow overdue{{"2026.01.01.", "Adó"}, "1"};

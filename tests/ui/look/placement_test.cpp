@@ -7,6 +7,7 @@
 #include <QScrollArea>
 #include <QStyle>
 #include <QTest>
+#include <QWindow>
 
 #include "tests/ui/screen_test.h"
 #include "ui/look/side_by_side.h"
@@ -92,6 +93,31 @@ class PlacementTest : public QObject {
     QCOMPARE(window.size(), room().size() - around(window));
     openAt(window, room().topLeft());
     QCOMPARE(window.size(), room().size() - around(window));
+  }
+
+  void aSizeThatThePersonGaveAWindowIsThatOfTheNextOneOfItsName() {
+    const auto open = [](QWidget& window, const char* name) {
+      window.setObjectName(name);
+      openInTheMiddle(window, {200, 100});
+      window.show();
+      if (!QTest::qWaitForWindowExposed(&window)) qFatal("the window did not come up");
+      QCoreApplication::processEvents();
+    };
+    QWidget first;
+    open(first, "sized");
+    QCOMPARE(first.size(), QSize(200, 100));
+    first.windowHandle()->resize(260, 140);  // as the desktop does for a person
+    QTRY_COMPARE(first.size(), QSize(260, 140));
+    QWidget next;
+    open(next, "sized");
+    QCOMPARE(next.size(), QSize(260, 140));
+    next.resize(400, 300);  // as a part that needs more room does
+    QWidget last;
+    open(last, "sized");
+    QCOMPARE(last.size(), QSize(260, 140));
+    QWidget other;
+    open(other, "other");
+    QCOMPARE(other.size(), QSize(200, 100));
   }
 
   void aWindowOpensWhereItIsWishedAndNoFurtherOutThanItIsWhole() {

@@ -60,6 +60,42 @@ class FrmTarvikChartTest : public QObject {
   Q_OBJECT
 
  private slots:
+  void showingKeepsTheKeyboardOnTheButtonAndHidingGivesItToTheList() {
+    Household main;
+    main.openChart("Option2");
+    QCOMPARE(main.screen->focusWidget()->objectName(), QString("cmdGrafikon"));
+    main.press("cmdGrafikon");
+    QCOMPARE(main.screen->focusWidget()->objectName(), QString("ListView1"));
+  }
+
+  void theWordsBesideTheTickAreTheTicksToo() {
+    Household main;
+    main.openChart("Option1");
+    auto* words = main.find<QLabel>("lbGrafDb");
+    QVERIFY(words->isVisible());
+    QTest::mouseClick(words, Qt::LeftButton);
+    QVERIFY(main.box("chkGrafikon")->isChecked());
+    main.press("cmdGrafikon");
+    main.openChart("Option3");
+    QVERIFY(!words->isVisible());
+  }
+
+  void theChooserOpensOnTheChartThatWasSeenLastAfterACancelledQuestionToo() {
+    Household main;
+    main.openChart("Option4");
+    main.press("cmdGrafikon");
+    bool isSeenChecked = false;
+    for (int time = 0; time < 2; ++time) {
+      onNextDialog<ui::frmMelyGrafikon>([&](ui::frmMelyGrafikon& chooser) {
+        isSeenChecked = part<QRadioButton>(chooser, "Option4")->isChecked();
+        test::press(*part<QPushButton>(chooser, "cmdMegsem"));
+      });
+      main.press("cmdGrafikon");
+      QVERIFY(isSeenChecked);
+      QVERIFY(!main.chart().isVisible());
+    }
+  }
+
   void aListedCarsChartTakesThePlaceOfTheOneBefore() {
     Household main;
     main.openChart("Option2");

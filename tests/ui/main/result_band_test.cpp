@@ -51,6 +51,22 @@ class ResultBandTest : public QObject {
   Q_OBJECT
 
  private slots:
+  void totalsAndStatisticsStandOnTheSameLines() {
+    Band band;
+    band.part.resize(band.part.wideWidth() + 20, 0);
+    band.part.show();
+    QCoreApplication::processEvents();
+    band.part.resize(band.part.width(), test::part<QWidget>(band.part, "totalsBand")->sizeHint().height());
+    const auto lineOf = [&](const char* name) {
+      const QWidget& part = *test::part<QWidget>(band.part, name);
+      const int top = part.mapTo(&band.part, QPoint()).y();
+      return std::pair(top, top + part.height());
+    };
+    QTRY_COMPARE(lineOf("lbPillAtlagCimke"), lineOf("lbMegtettKm"));
+    QCOMPARE(lineOf("lbPillAtlag"), lineOf("tx_megtett_km"));
+    QCOMPARE(lineOf("lb_ft_km"), lineOf("tx_fogyaszt"));
+  }
+
   void isEmptyAtFirstAndNothingInItIsAnEarlierLists() {
     Band band;
     QCOMPARE(band.totals(), QString("|||||"));

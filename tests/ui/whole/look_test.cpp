@@ -76,8 +76,7 @@ int roomInField(const QLineEdit& field) {
   option.initFrom(&field);
   option.lineWidth = field.hasFrame() ? 1 : 0;
   constexpr int kQtsMargin = 2;
-  return field.style()->subElementRect(QStyle::SE_LineEditContents, &option, &field).width() -
-         2 * kQtsMargin;
+  return field.style()->subElementRect(QStyle::SE_LineEditContents, &option, &field).width() - 2 * kQtsMargin;
 }
 
 Fit fitOf(const QWidget& part) {

@@ -31,9 +31,10 @@ NapiAdat fuelling(core::CalendarDate date, std::int32_t km, std::int64_t litres,
 
 // Fill-ups of two years of one car.
 struct Years : test::Desk {
-  explicit Years(const std::vector<NapiAdat>& entries = {fuelling({2012, 1, 5}, 10'000, 405'000, 1'016'200),
-                                                         fuelling({2012, 12, 28}, 10'400, 300'000, 12'000),
-                                                         fuelling({2013, 6, 1}, 11'700, 480'000, 20'160, 1'500)}) {
+  explicit Years(const std::vector<NapiAdat>& entries = {
+                     fuelling({2012, 1, 5}, 10'000, 405'000, 1'016'200),
+                     fuelling({2012, 12, 28}, 10'400, 300'000, 12'000),
+                     fuelling({2013, 6, 1}, 11'700, 480'000, 20'160, 1'500)}) {
     program.makeFolder("ABC123");
     std::string bytes;
     for (const NapiAdat& entry : entries) bytes += test::toText(core::encoded(entry));
@@ -103,8 +104,8 @@ class FrmEvesOsszesitoTest : public QObject {
     });
     years.choose("mnuCsvMentes");
     QCOMPARE(proposed, QString("ABC123_eves_osszesito_2013-07-05.csv"));
-    QVERIFY(years.current.read("years.csv").ends_with(
-        "\r\nÖsszesen;1700;118,50;4,62;8846,92;1048360;0;1500;1049860;617,56\r\n"));
+    QVERIFY(years.current.read("years.csv")
+                .ends_with("\r\nÖsszesen;1700;118,50;4,62;8846,92;1048360;0;1500;1049860;617,56\r\n"));
   }
 
   void printingAsksForTheHeading() {

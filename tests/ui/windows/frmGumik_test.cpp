@@ -185,6 +185,42 @@ class frmGumikTest : public QObject {
       QVERIFY2(!tyres.isOn(name), "a season that is none of the three selects none");
   }
 
+  void openingTheChangeFrameGoesIntoItAndCancellingComesBack() {
+    Tyres tyres;
+    tyres.store({setOf("ABC-123", "a")});
+    tyres.open();
+    tyres.clickRow(0);
+    tyres.press("cmdGumiModositKeret");
+    QCOMPARE(tyres.screen->focusWidget()->objectName(), QString("txtMtipus"));
+    tyres.press("cmdGumiModositMegsem");
+    QCOMPARE(tyres.screen->focusWidget()->objectName(), QString("cmdGumiModositKeret"));
+  }
+
+  void theTypesFieldsAreAsWideAsThirtyLettersAndFiguresAsWideAsFigures() {
+    Tyres tyres;
+    tyres.open();
+    for (const char* name : {"txtGumiTipusa", "txtMtipus"}) {
+      const QLineEdit& type = *part<QLineEdit>(*tyres.screen, name);
+      QVERIFY(type.sizeHint().width() > type.fontMetrics().horizontalAdvance(QString(30, 'N')));
+      QCOMPARE(type.sizePolicy().horizontalPolicy(), QSizePolicy::Fixed);
+    }
+    const QLineEdit& figure = *part<QLineEdit>(*tyres.screen, "txtGumiMaxKm");
+    QCOMPARE(figure.width(), figure.sizeHint().width());
+    QCOMPARE(part<QLineEdit>(*tyres.screen, "txtGumiTipusa")->width(),
+             part<QLineEdit>(*tyres.screen, "txtGumiTipusa")->sizeHint().width());
+  }
+
+  void aFittedSetIsSaidToBe() {
+    Tyres tyres;
+    tyres.store({setOf("ABC-123", "a", tyres::kWinter, true), setOf("ABC-123", "b")});
+    tyres.open();
+    const auto told = [&](int row) {
+      return tyres.list()->model()->index(row, 0).data(Qt::AccessibleDescriptionRole).toString();
+    };
+    QCOMPARE(told(0), QString("az autón van"));
+    QCOMPARE(told(1), QString());
+  }
+
   void recordingKeepsTheFieldsAndTheList() {
     Tyres tyres;
     tyres.open();

@@ -92,7 +92,7 @@ class RiasztTest : public QObject {
     const QLabel& text = *part<QLabel>(alert.screen, "lbSzovegOszlop");
     QCOMPARE(day.minimumWidth(), side + (10 + 2) * letter);
     for (const QLabel* heading : {&day, &text})
-      QCOMPARE(heading->font().pointSizeF(), alert.screen.font().pointSizeF() * 0.9);
+      QCOMPARE(heading->font().pointSizeF(), alert.screen.font().pointSizeF());
     QVERIFY(list.hasFocus());
   }
 
@@ -209,6 +209,18 @@ class RiasztTest : public QObject {
     Alert other(desk);
     QTest::keyClick(&other.screen, Qt::Key_Escape);
     QVERIFY(!other.screen.isVisible());
+  }
+
+  void theLastButtonClosesAndDeletesNothing() {
+    AlertDesk desk;
+    const std::string before = desk.storedKm();
+    const Alert alert(desk);
+    auto* close = part<QPushButton>(alert.screen, "cmdBezar");
+    QVERIFY(close->x() > part<QPushButton>(alert.screen, "cmd_torles")->geometry().right());
+    QCOMPARE(close->geometry().right(), alert.list()->geometry().right());
+    test::press(*close);
+    QVERIFY(!alert.screen.isVisible());
+    QCOMPARE(desk.storedKm(), before);
   }
 };
 

@@ -1,0 +1,65 @@
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScopeGuard>
+#include <QVBoxLayout>
+
+#include "tests/ui/dressed.h"
+#include "tests/ui/screen_test.h"
+#include "ui/look/look.h"
+
+namespace tarvik::ui {
+
+class DressTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void initTestCase() { test::dressOnce(); }
+
+  void aLargerFontReachesWhatWasMeasuredByTheOldOne() {
+    const QFont before = QApplication::font();
+    const auto back = qScopeGuard([&] { QApplication::setFont(before); });
+    QWidget window;
+    QVBoxLayout layout(&window);
+    QLabel heading("Cím");
+    heading.setProperty("look", "heading");
+    QLabel result;
+    result.setProperty("longest", "999 999");
+    QPushButton button("Gomb");
+    for (QWidget* part :
+         {static_cast<QWidget*>(&heading), static_cast<QWidget*>(&result), static_cast<QWidget*>(&button)})
+      layout.addWidget(part);
+    window.show();
+    const int headline = heading.fontMetrics().height();
+    const int width = result.minimumWidth();
+    const int height = button.height();
+    QFont larger = before;
+    larger.setPointSizeF(before.pointSizeF() * 2);
+    QApplication::setFont(larger);
+    QTRY_VERIFY(heading.fontMetrics().height() > headline * 3 / 2);
+    QTRY_VERIFY(result.minimumWidth() > width * 3 / 2);
+    QTRY_VERIFY(button.height() > height * 3 / 2);
+    heading.setParent(nullptr);
+  }
+
+  void newColoursReachWhatWasColouredByTheOldOnes() {
+    const QPalette before = QApplication::palette();
+    const auto back = qScopeGuard([&] { QApplication::setPalette(before); });
+    QLineEdit overdue;
+    showOverdue(overdue, true);
+    overdue.show();
+    QPalette dark = before;
+    dark.setColor(QPalette::Base, Qt::black);
+    dark.setColor(QPalette::Text, Qt::white);
+    const QColor red = overdue.palette().color(QPalette::Text);
+    QApplication::setPalette(dark);
+    QTRY_VERIFY(overdue.palette().color(QPalette::Text) != red);
+    QCOMPARE(overdue.palette().color(QPalette::Text), overdueColour(QApplication::palette()));
+  }
+};
+
+}  // namespace tarvik::ui
+
+TARVIK_SCREEN_TEST(tarvik::ui::DressTest)
+#include "dress_test.moc"
