@@ -67,8 +67,10 @@ NapiAdat toEntry(const EntryInput& input) {
   return entry;
 }
 
+// An entry without fuel is recorded as no full fill, whatever is ticked.
 bool hasEntry(const Logbook& logbook, const EntryInput& input) {
   NapiAdat entry = toEntry(withDefaults(input));
+  if (plainNumber(input.tankoltLiter).isZero()) entry.Teletank = toFlag(false);
   for (int number = 1; number <= logbook.count(); ++number) {
     const NapiAdat known = logbook.record(number);
     entry.Fogyasztas = known.Fogyasztas;

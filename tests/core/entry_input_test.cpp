@@ -336,5 +336,20 @@ TEST(HasEntry, AnEntryThatIsShownAgainIsKnownWhateverItsConsumption) {
   EXPECT_FALSE(hasEntry({}, shown));
 }
 
+TEST(HasEntry, AnEntryWithoutFuelIsKnownThoughItsTankIsTickedFull) {
+  EntryInput typed;
+  typed.kmOra = "12600";
+  typed.megjegyzes = "Mosás";
+  typed.datum = Day{41'460};
+  const Logbook logbook = Logbook::of(std::vector{toEntry(withDefaults(typed))});
+  typed.teletank = true;
+  EXPECT_TRUE(hasEntry(logbook, typed));
+  typed.tankoltLiter = "0,5";
+  typed.teletank = false;
+  const Logbook drop = Logbook::of(std::vector{toEntry(withDefaults(typed))});
+  typed.teletank = true;
+  EXPECT_TRUE(hasEntry(drop, typed));
+}
+
 }  // namespace
 }  // namespace tarvik::core
