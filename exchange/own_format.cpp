@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 #include "core/day.h"
-#include "core/failure.h"
-#include "core/field_number.h"
 #include "core/number_text.h"
 #include "core/text.h"
 #include "exchange/days.h"
@@ -141,34 +140,55 @@ std::string ownCell(std::string cell, std::size_t place, bool isThere) {
   return cell;
 }
 
-// Reads the cells of a row one after the other; throws Failure at one that is not as it was written.
+// A figure that lies within the limits of a field, both of them in it.
+std::optional<core::Ratio> numberWithin(std::string_view cell, const core::Ratio& lowest,
+                                        const core::Ratio& highest) {
+  const auto number = core::localeNumber(cell);
+  return number && *number >= lowest && *number <= highest ? number : std::nullopt;
+}
+
+// Reads the cells of a row one after the other, and notes the first that is not as it was written.
 class OwnRow {
  public:
   explicit OwnRow(const CsvRow& row) : row_(row) {}
 
-  std::size_t column() const { return column_; }
+  std::optional<std::size_t> fault() const { return fault_; }
+
   double day() {
     const auto day = readDay(next(), DayOrder::DayFirst);
-    if (!day) throw core::Failure(core::FailureKind::OutOfRange);
-    return core::toStored(*day);
+    return core::toStored(day ? *day : missing<core::Day>());
   }
-  std::int32_t whole() { return core::requiredWhole32(next(), ""); }
-  core::Amount amount() { return core::requiredAmount(next(), ""); }
+  std::int32_t whole() {
+    const auto number = numberWithin(next(), std::numeric_limits<std::int32_t>::min(),
+                                     std::numeric_limits<std::int32_t>::max());
+    return core::toWhole32(number ? *number : missing<core::Ratio>());
+  }
+  core::Amount amount() {
+    constexpr core::Int128 kUnits = 10'000;
+    const auto number = numberWithin(next(), {std::numeric_limits<std::int64_t>::min(), kUnits},
+                                     {std::numeric_limits<std::int64_t>::max(), kUnits});
+    return core::toAmount(number ? *number : missing<core::Ratio>());
+  }
   std::int16_t flag() {
     const std::string_view cell = next();
     if (cell == kYes || cell == kNo) return core::toFlag(cell == kYes);
-    return core::toWhole16(core::requiredNumber(cell, ""));
+    const auto number = numberWithin(cell, std::numeric_limits<std::int16_t>::min(),
+                                     std::numeric_limits<std::int16_t>::max());
+    return core::toWhole16(number ? *number : missing<core::Ratio>());
   }
   core::FixedText<50> text() { return core::FixedText<50>(restored(std::string(next()))); }
 
  private:
-  std::string_view next() {
-    column_ = following_++;
-    return row_.cell(column_);
+  std::string_view next() { return row_.cell(following_++); }
+
+  template <typename Value>
+  Value missing() {
+    if (!fault_) fault_ = following_ - 1;
+    return {};
   }
 
   const CsvRow& row_;
-  std::size_t column_ = 0;
+  std::optional<std::size_t> fault_;
   std::size_t following_ = 0;
 };
 
@@ -256,7 +276,8 @@ CsvRow ownRow(const CsvRow& row, const Reading& reading, core::Day day) {
   CsvRow own{.line = row.line, .cells = {isoDay(core::toStored(day))}};
   for (std::size_t place = 1; place < kHeads.size(); ++place) {
     const std::size_t column = ownColumn(reading, place);
-    own.cells.push_back(ownCell(std::string(row.cell(column)), place, column < reading.columns.size()));
+    const bool isThere = column < reading.columns.size();
+    own.cells.push_back(ownCell(isThere ? std::string(row.cell(column)) : std::string(), place, isThere));
   }
   return own;
 }
@@ -268,12 +289,10 @@ OwnTexts ownTexts(const CsvRow& row) {
 
 std::optional<NapiAdat> ownEntry(const CsvRow& row, std::size_t& column) {
   OwnRow reader(row);
-  try {
-    return readEntry(reader);
-  } catch (const core::Failure&) {
-    column = reader.column();
-    return std::nullopt;
-  }
+  const NapiAdat entry = readEntry(reader);
+  if (!reader.fault()) return entry;
+  column = *reader.fault();
+  return std::nullopt;
 }
 
 }  // namespace tarvik::exchange
