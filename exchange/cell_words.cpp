@@ -91,6 +91,23 @@ bool namesTotal(std::string_view cell) {
   return isOneOf(folded(cell), kTotals);
 }
 
+bool isOtherFuel(std::string_view cell) {
+  constexpr auto kOthers = std::to_array<std::string_view>(
+      {"KWH",           "KG",           "ADBLUE",      "AD BLUE",     "UREA",      "KARBAMID",
+       "HARNSTOFF",     "ELECTRIC",     "ELECTRICITY", "ELEKTROMOS",  "ARAM",      "VILLANY",
+       "STROM",         "ELEKTRIZITAT", "ELECTRICITE", "ELETTRICITA", "ELETTRICO", "ELECTRICIDAD",
+       "ELECTRICIDADE", "PRAD",         "ELEKTRINA",   "CHARGING",    "CHARGE",    "TOLTES"});
+  return isOneOf(folded(cell), kOthers);
+}
+
+bool namesOtherFuel(std::string_view cell) {
+  constexpr std::size_t kLongest = 40;
+  if (cell.size() > kLongest) return false;
+  const std::string text = squeezed(folded(cell));
+  return text.find("KWH") != std::string::npos || text.find("ADBLUE") != std::string::npos ||
+         isOtherFuel(cell);
+}
+
 bool namesFuelling(std::string_view kind) {
   constexpr auto kFuelWords = std::to_array<std::string_view>(
       {"GAS",       "FUEL",          "FUELUP",        "FILLUP",    "FILL",         "REFUEL",

@@ -47,6 +47,20 @@ DistanceKind distanceKind(const ColumnFacts& facts) {
   return DistanceKind::Trip;
 }
 
+bool areRunningSums(const ColumnFacts& facts) {
+  constexpr std::size_t kEnough = 5;
+  constexpr double kGrowth = 3;
+  double least = 0;
+  double greatest = 0;
+  for (const auto& figure : facts.figures) {
+    if (!figure) continue;
+    least = greatest == 0 ? *figure : std::min(least, *figure);
+    greatest = std::max(greatest, *figure);
+  }
+  return facts.distinct >= kEnough && facts.distinct == facts.numbers && steadiness(facts) == 1 &&
+         greatest > kGrowth * least;
+}
+
 bool areOctanes(const ColumnFacts& facts) {
   return facts.distinct <= 4 && std::ranges::all_of(facts.figures, [](const std::optional<double>& figure) {
            return !figure || (*figure >= 80 && *figure <= 100 && *figure == std::floor(*figure));

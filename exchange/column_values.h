@@ -36,6 +36,9 @@ bool namesFills(const ColumnFacts& facts);
 /// As namesFills, or just two answers of yes or no.
 bool tellsFills(const ColumnFacts& facts);
 
+/// Sums that run on from row to row, up or down the file.
+bool areRunningSums(const ColumnFacts& facts);
+
 /// How far values lie from their middle one in all, in shares of it.
 double spread(std::vector<double> values);
 

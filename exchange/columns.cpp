@@ -174,7 +174,7 @@ class Proposal {
       return facts.head.word == HeadWord::TotalCost || facts.head.word == HeadWord::Price;
     });
     return hasMoney && takeBest(HeadWord::Amount, Meaning::Volume, [](const ColumnFacts& facts) {
-             return facts.areFigures() && !areOctanes(facts);
+             return facts.areFigures() && !areOctanes(facts) && !areAnswers(facts);
            });
   }
 
@@ -229,6 +229,7 @@ class Proposal {
   bool isMoneyHead(std::size_t column) const {
     const HeadWord word = facts_[column].head.word;
     return !isSettled_[column] && facts_[column].areFigures() && !areAnswers(facts_[column]) &&
+           !areRunningSums(facts_[column]) &&
            (word == HeadWord::TotalCost || word == HeadWord::UnitPrice || word == HeadWord::Price ||
             word == HeadWord::Amount);
   }
@@ -243,7 +244,9 @@ class Proposal {
   void settleMoney() {
     const bool isFree = !isTaken(Meaning::TotalCost) && !isTaken(Meaning::UnitPrice);
     if (isFree && isTaken(Meaning::Volume) && takeMoneyProduct()) return dismissMoney();
-    const auto any = [](const ColumnFacts& facts) { return facts.areFigures() || facts.filled == 0; };
+    const auto any = [](const ColumnFacts& facts) {
+      return (facts.areFigures() && !areRunningSums(facts)) || facts.filled == 0;
+    };
     settleLone();
     takeBest(HeadWord::TotalCost, Meaning::TotalCost, any);
     takeBest(HeadWord::UnitPrice, Meaning::UnitPrice, any);

@@ -82,7 +82,8 @@ constexpr auto kCurrencyWords = std::to_array<CurrencyWord>(
      {"ZL", "PLN"},     {"ZLOTY", "PLN"},  {"LEI", "RON"},     {"LEU", "RON"},    {"RS", "INR"},
      {"RUPEES", "INR"}, {"DOLLAR", "USD"}, {"DOLLARS", "USD"}, {"POUNDS", "GBP"}, {"PENCE", "GBP"},
      {"RUB", "RUB"},    {"KORUNA", "CZK"}, {"RBL", "RUB"},     {"RUBLEY", "RUB"}, {"KORUN", "CZK"},
-     {"REAIS", "BRL"},  {"SFR", "CHF"},    {"FRANKEN", "CHF"}});
+     {"REAIS", "BRL"},  {"R", "ZAR"},      {"DIN", "RSD"},     {"DINAR", "RSD"},  {"LV", "BGN"},
+     {"SFR", "CHF"},    {"FRANKEN", "CHF"}});
 
 constexpr auto kCurrencyCodes = std::to_array<std::string_view>(
     {"HUF", "EUR", "USD", "GBP", "CHF", "CZK", "PLN", "RON", "RSD", "HRK", "BAM", "SEK", "NOK", "DKK",
@@ -98,7 +99,8 @@ constexpr auto kEmptyWords =
     std::to_array<std::string_view>({"OPTIONAL", "IN", "OPCIONALIS", "THE", "BEN", "HUF"});
 
 bool isUnitWord(std::string_view word) {
-  return isOneOf(word, kKilometreWords) || isOneOf(word, kMileWords) || isOneOf(word, kLitreWords) ||
+  return word == "KR" ||  // crowns of several countries
+         isOneOf(word, kKilometreWords) || isOneOf(word, kMileWords) || isOneOf(word, kLitreWords) ||
          isOneOf(word, kGallonWords) || isOneOf(word, kUsWords) || isOneOf(word, kUkWords) ||
          !currencyOfWord(word).empty();
 }
@@ -216,10 +218,12 @@ HeadWord settledByMoney(HeadWord word, const Words& words) {
 
 // The unit behind a head settles what its words leave open.
 HeadWord settledByUnit(HeadWord word, std::string_view head) {
-  if (word == HeadWord::Full && unitHintOf(head).volume) return HeadWord::Volume;
-  if (word == HeadWord::Vehicle && unitHintOf(head).distance) return HeadWord::Distance;
+  const UnitHint unit = unitHintOf(head);
+  if ((word == HeadWord::Full || (word == HeadWord::TotalCost && currencyOf(head).empty())) && unit.volume)
+    return HeadWord::Volume;
+  if (word == HeadWord::Vehicle && unit.distance) return HeadWord::Distance;
   if (word != HeadWord::Fuel && word != HeadWord::Amount) return word;
-  if (unitHintOf(head).volume) return HeadWord::Volume;
+  if (unit.volume) return HeadWord::Volume;
   return currencyOf(head).empty() ? word : HeadWord::TotalCost;
 }
 
@@ -237,6 +241,14 @@ HeadReading readUnitBehind(std::string_view head) {
 }
 
 constexpr std::size_t kLongestHead = 200;
+
+// "kWh" folds to two words.
+bool countsNoLitres(const Words& words) {
+  std::string whole;
+  for (const std::string& word : words) whole += word;
+  return whole.find("KWH") != std::string::npos || whole.find("ADBLUE") != std::string::npos ||
+         std::ranges::find(words, "KG") != words.end();
+}
 
 }  // namespace
 
@@ -259,6 +271,7 @@ HeadReading readHead(std::string_view head) {
   head = core::trimmed(head);
   if (head.size() > kLongestHead) return {};
   const Words words = wordsOf(folded(head));
+  if (countsNoLitres(words)) return {HeadWord::Known, 4};
   const Quotient quotient = quotientIn(head, words);
   if (quotient.isConsumption) return {HeadWord::Known, 4};
   HeadReading reading = words.empty() ? readUnits(words, !currencyOf(head).empty()) : readWords(head, words);
@@ -306,10 +319,17 @@ std::string currencyOf(std::string_view text) {
                                                        {"лв", "BGN"}});
   for (const auto& [sign, currency] : kSigns)
     if (text.find(sign) != std::string_view::npos) return std::string(currency);
-  for (const std::string& word : wordsOf(folded(text)))
+  std::string letters(text);
+  std::ranges::replace_if(
+      letters, [](char c) { return c >= '0' && c <= '9'; }, ' ');  // "R971.70"
+  for (const std::string& word : wordsOf(folded(letters)))
     if (const std::string_view currency = currencyOfWord(word); !currency.empty())
       return std::string(currency);
   return {};
+}
+
+bool isBareDollar(std::string_view text) {
+  return currencyOf(text) == "USD" && folded(text).find("US") == std::string::npos;
 }
 
 bool isUnitText(std::string_view text) {

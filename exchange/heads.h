@@ -70,6 +70,9 @@ UnitHint unitHintOf(std::string_view text);
 /// The currency that a head, a cell or a figure names, as its three letters; empty for none.
 std::string currencyOf(std::string_view text);
 
+/// Whether a text has the sign of dollars and does not say whose; currencyOf takes them for American ones.
+bool isBareDollar(std::string_view text);
+
 /// Whether a text is a word for a unit or a currency, or several: "(km)", "Ft/l".
 bool isUnitText(std::string_view text);
 
@@ -85,6 +88,11 @@ std::optional<bool> yesOrNo(std::string_view cell);
 
 /// Whether a cell names a total or an average: such a row is no entry.
 bool namesTotal(std::string_view cell);
+
+/// Whether a cell names something that is taken in but is no fuel in litres (kWh, AdBlue, CNG in kg), among
+/// other words, or alone.
+bool namesOtherFuel(std::string_view cell);
+bool isOtherFuel(std::string_view cell);
 
 /// Whether the kind of a row is a fill-up: a word for fuel or refuelling, or nothing.
 bool namesFuelling(std::string_view kind);

@@ -96,8 +96,9 @@ class RowReader {
     const auto day = dayOfRow(cells, reading_);
     if (!day && isTotal(cells)) return unread(row, Why::Total, {}, {});
     if (!day) return unreadDay(row);
-    if (!isWanted(row, place)) return unread(row, Why::OtherVehicle, vehicleOf(row, table_, reading_), {});
+    if (!isWanted(row, place)) return unread(row, Why::OtherVehicle, vehicleText(row), {});
     if (reading_.isOwn) return readOwn(row, *day);
+    if (const auto fuel = otherFuel(cells)) return unread(row, Why::OtherFuel, {}, std::string(*fuel));
     if (hasStrayFigure(cells)) return unread(row, Why::TooManyCells, {}, cells.cells.back());
     auto read = readGuarded(row, *day);
     if (auto* unread = std::get_if<UnreadRow>(&read)) noteTrip(cells, *day, *unread);
@@ -143,7 +144,8 @@ class RowReader {
   }
 
   std::string_view cell(const CsvRow& row, Meaning meaning) const {
-    return core::trimmed(row.cell(reading_.columnOf(meaning)));
+    const std::size_t column = reading_.columnOf(meaning);
+    return column < reading_.columns.size() ? core::trimmed(row.cell(column)) : std::string_view();
   }
 
   UnreadRow unread(const TableRow& row, Why why, std::string head, std::string cellText) const {
@@ -161,7 +163,7 @@ class RowReader {
   UnreadRow unreadCell(const TableRow& row, Why why, std::size_t column) const {
     const bool isThere = column < reading_.columns.size();
     return unread(row, why, isThere ? reading_.columns[column].head : std::string(),
-                  std::string(core::trimmed(row.row.cell(column))));
+                  isThere ? std::string(core::trimmed(row.row.cell(column))) : std::string());
   }
 
   UnreadRow unreadDay(const TableRow& row) const {
@@ -174,6 +176,23 @@ class RowReader {
     if (!reading_.vehicle || *reading_.vehicle >= reading_.vehicles.size()) return true;
     if (!reading_.vehicleOfRow.empty()) return reading_.vehicleOfRow[place] == *reading_.vehicle;
     return vehicleOf(row, table_, reading_) == reading_.vehicles[*reading_.vehicle].name;
+  }
+
+  // Empty where only the readings tell vehicles apart.
+  std::string vehicleText(const TableRow& row) const {
+    return reading_.vehicleOfRow.empty() ? vehicleOf(row, table_, reading_) : std::string();
+  }
+
+  // What a row took in that is no fuel in litres, if a cell names it: alone, or in a column that is not for
+  // notes beside other words.
+  std::optional<std::string_view> otherFuel(const CsvRow& row) const {
+    if (!hasDigit(cell(row, Meaning::Volume))) return std::nullopt;
+    for (std::size_t i = 0; i < reading_.columns.size(); ++i) {
+      const std::string_view text = core::trimmed(row.cell(i));
+      const bool isNote = reading_.columns[i].meaning == Meaning::Note;
+      if (isNote ? isOtherFuel(text) : namesOtherFuel(text)) return text;
+    }
+    return std::nullopt;
   }
 
   // A figure behind the last head comes of a decimal comma that was taken for a separator.
@@ -247,7 +266,8 @@ class RowReader {
   core::Ratio rateOf(const CsvRow& row) const {
     std::string currency;
     for (const Meaning meaning : {Meaning::Currency, Meaning::TotalCost, Meaning::UnitPrice})
-      if (currency.empty()) currency = currencyOf(cell(row, meaning));
+      if (currency.empty() && !reading_.isCurrencySaid)
+        currency = isBareDollar(cell(row, meaning)) ? reading_.dollar : currencyOf(cell(row, meaning));
     if (currency.empty()) currency = reading_.currency;
     const auto found = reading_.rates.find(currency);
     return found == reading_.rates.end() ? core::Ratio(1) : found->second;
@@ -306,8 +326,8 @@ class RowReader {
 
 bool UnreadRow::mayBeFillUp() const {
   constexpr auto kNone =
-      std::to_array<Why>({Why::NothingInIt, Why::Total, Why::OtherVehicle, Why::OtherSection, Why::Heads,
-                          Why::Title, Why::Comment, Why::BeforeTable, Why::Empty});
+      std::to_array<Why>({Why::NothingInIt, Why::OtherFuel, Why::Total, Why::OtherVehicle, Why::OtherSection,
+                          Why::Heads, Why::Title, Why::Comment, Why::BeforeTable, Why::Empty});
   return std::ranges::find(kNone, why) == kNone.end() && (hasDigit(volume) || why == Why::TooManyCells);
 }
 

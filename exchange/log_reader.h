@@ -40,6 +40,7 @@ struct UnreadRow {
     FigureNotUnderstood,
     FigureTooLarge,  ///< for the fields of a logbook
     NothingInIt,     ///< neither fuel nor cost nor note
+    OtherFuel,       ///< counted in something else than litres (kWh, kg), or no fuel (AdBlue)
     Total,           ///< a sum or an average
     TooManyCells,    ///< more than heads: a decimal comma parts them
     OtherVehicle,    ///< than the chosen one

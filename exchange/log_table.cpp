@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 #include <set>
+#include <tuple>
 #include <utility>
 
 #include "core/record_file.h"
@@ -52,6 +53,8 @@ std::string titleText(const CsvRow& row) {
   return std::string(text);
 }
 
+constexpr int kScoreOfNeeded = 100;
+
 // How well the cells of a row serve as the heads of fill-ups: nothing without two of a day, how far the car
 // had come and how much was taken.
 int headScore(const CsvRow& row) {
@@ -69,7 +72,7 @@ int headScore(const CsvRow& row) {
   const int needed = hasOneOf({HeadWord::Day, HeadWord::Year}) +
                      hasOneOf({HeadWord::Odometer, HeadWord::Distance, HeadWord::Trip}) +
                      hasOneOf({HeadWord::Volume, HeadWord::Fuel, HeadWord::Amount});
-  return needed < 2 ? 0 : 100 * needed + known;
+  return needed < 2 ? 0 : kScoreOfNeeded * needed + known;
 }
 
 bool namesDay(const CsvRow& row) {
@@ -251,28 +254,92 @@ int bestSection(const std::vector<Section>& sections) {
   int best = -1;
   for (int i = 0; i < static_cast<int>(sections.size()); ++i) {
     const Section& section = sections[static_cast<std::size_t>(i)];
-    const auto worth = [](const Section& found) { return std::pair(found.score, found.rows); };
+    const auto worth = [](const Section& found) {
+      return std::tuple(found.score / kScoreOfNeeded, found.rows, found.score);
+    };
     if (best < 0 || worth(section) > worth(sections[static_cast<std::size_t>(best)])) best = i;
   }
   return best;
 }
 
-// The sections that belong to the table of fill-ups: the best one and those with the same heads.
+// "Km" is a reading where another table of the same file has "Km óra".
+HeadWord wordOf(const std::string& head) {
+  const HeadWord word = readHead(head).word;
+  return word == HeadWord::Distance ? HeadWord::Odometer : word;
+}
+
+// Whether two heads stand over the same, in the same units as far as they name any.
+bool areAlike(const std::string& a, const std::string& b) {
+  if (folded(a) == folded(b)) return true;
+  const HeadWord word = wordOf(a);
+  if (word == HeadWord::Unknown || word == HeadWord::Known || word != wordOf(b)) return false;
+  const UnitHint unit = unitHintOf(a);
+  const UnitHint other = unitHintOf(b);
+  const auto agree = [](const auto& x, const auto& y) { return !x || !y || *x == *y; };
+  const std::string money = currencyOf(a);
+  const std::string otherMoney = currencyOf(b);
+  return agree(unit.distance, other.distance) && agree(unit.volume, other.volume) &&
+         (money.empty() || otherMoney.empty() || money == otherMoney);
+}
+
+// Where the columns of a section stand under the heads of the table; heads that only the section has come
+// behind those. Nothing where it does not hold fill-ups, or counts them in other units.
+std::optional<std::vector<std::size_t>> placesOf(const Section& section, std::vector<std::string>& heads) {
+  constexpr int kAllNeeded = 3;
+  if (section.score < kAllNeeded * kScoreOfNeeded) return std::nullopt;
+  std::vector<std::size_t> places;
+  std::vector<std::string> grown = heads;
+  for (const std::string& head : section.heads.cells) {
+    const HeadWord word = readHead(head).word;
+    std::size_t place = 0;
+    while (place < heads.size() &&
+           (!areAlike(heads[place], head) || std::ranges::find(places, place) != places.end()))
+      ++place;
+    const bool isNote = word == HeadWord::Unknown || word == HeadWord::Known || word == HeadWord::Note;
+    if (place == heads.size() && !isNote) return std::nullopt;
+    if (place == heads.size()) {
+      place = grown.size();
+      grown.push_back(head);
+    }
+    places.push_back(place);
+  }
+  heads = std::move(grown);
+  return places;
+}
+
+// A row of such a section under the heads of the table; cells behind its own heads stay behind all.
+void rearrange(CsvRow& row, const std::vector<std::size_t>& places, std::size_t heads) {
+  std::vector<std::string> cells(heads);
+  for (std::size_t i = 0; i < row.cells.size(); ++i) {
+    if (i < places.size())
+      cells[places[i]] = std::move(row.cells[i]);
+    else
+      cells.push_back(std::move(row.cells[i]));
+  }
+  row.cells = std::move(cells);
+}
+
+// The sections that belong to the table of fill-ups: the best one, those with the same heads and those whose
+// columns can be put under them.
 void settleSections(Cutter& cutter, LogTable& table) {
-  const int best = bestSection(cutter.sections);
-  const std::string key = cutter.sections[static_cast<std::size_t>(best)].key();
-  table.heads = cutter.sections[static_cast<std::size_t>(best)].heads.cells;
+  const auto best = static_cast<std::size_t>(bestSection(cutter.sections));
+  table.heads = cutter.sections[best].heads.cells;
   table.hasHeads = true;
+  std::vector<std::optional<std::vector<std::size_t>>> places;
+  for (const Section& section : cutter.sections) places.push_back(placesOf(section, table.heads));
   std::set<std::string> titles;
   std::vector<CsvRow> rows = cutter.takeRows();
   for (std::size_t i = 0; i < rows.size(); ++i) {
     TableRow row{std::move(rows[i]), cutter.kinds[i], {}};
     if (cutter.places[i] >= 0) {
-      const Section& section = cutter.sections[static_cast<std::size_t>(cutter.places[i])];
-      const bool isLog = section.key() == key;
+      const auto at = static_cast<std::size_t>(cutter.places[i]);
+      const Section& section = cutter.sections[at];
+      const bool isSame = section.key() == cutter.sections[best].key();
+      const bool isLog = isSame || places[at];
       row.section = section.name();
       if (isLog && row.kind == RowKind::Data) titles.insert(section.title);
       if (!isLog && row.kind == RowKind::Data) row.kind = RowKind::OtherSection;
+      if (!isSame && row.kind == RowKind::Data) rearrange(row.row, *places[at], table.heads.size());
     }
     table.rows.push_back(std::move(row));
   }

@@ -15,16 +15,40 @@ bool holdsAnything(const std::vector<ColumnFacts>& facts, const Reading& reading
   return column < facts.size() && facts[column].filled > 0;
 }
 
-// The currencies that a table names, those of heads first; isPartly: some of the costs name none.
+// The currencies that a table names, those of heads first.
 struct NamedMoney {
   std::vector<std::string> currencies;
   std::string ofHeads;
-  bool isPartly = false;
+  bool isPartly = false;      // some of the costs name none
+  bool hasDollars = false;    // whose, their sign does not say
+  bool isDollarOpen = false;  // and nothing else does
 };
+
+bool isDollar(std::string_view currency) {
+  constexpr auto kDollars = std::to_array<std::string_view>({"USD", "CAD", "AUD", "NZD", "MXN"});
+  return std::ranges::find(kDollars, currency) != kDollars.end();
+}
 
 void add(NamedMoney& named, std::string currency) {
   if (!currency.empty() && std::ranges::find(named.currencies, currency) == named.currencies.end())
     named.currencies.push_back(std::move(currency));
+}
+
+void addText(NamedMoney& named, std::string_view text) {
+  if (isBareDollar(text))
+    named.hasDollars = true;
+  else
+    add(named, currencyOf(text));
+}
+
+void addColumn(NamedMoney& named, const ColumnFacts& facts, const std::string& head, Meaning meaning) {
+  if (named.ofHeads.empty()) named.ofHeads = currencyOf(head);
+  addText(named, head);
+  for (const std::string_view cell : facts.cells) {
+    if (meaning != Meaning::Currency && !cell.empty() && currencyOf(cell).empty()) named.isPartly = true;
+    addText(named, cell);
+  }
+  if (meaning == Meaning::Currency) named.isPartly = facts.filled < facts.cells.size();
 }
 
 NamedMoney namedMoney(const LogTable& table, const std::vector<ColumnFacts>& facts, const Reading& reading) {
@@ -32,17 +56,10 @@ NamedMoney namedMoney(const LogTable& table, const std::vector<ColumnFacts>& fac
   for (const Meaning meaning :
        {Meaning::TotalCost, Meaning::UnitPrice, Meaning::NoteCost, Meaning::Currency}) {
     const std::size_t column = reading.columnOf(meaning);
-    if (column >= facts.size()) continue;
-    if (named.ofHeads.empty()) named.ofHeads = currencyOf(table.heads[column]);
-    for (const std::string_view cell : facts[column].cells) {
-      std::string currency = currencyOf(cell);
-      if (currency.empty() && !cell.empty() && meaning != Meaning::Currency) named.isPartly = true;
-      add(named, std::move(currency));
-    }
+    if (column < facts.size()) addColumn(named, facts[column], table.heads[column], meaning);
   }
-  const std::size_t column = reading.columnOf(Meaning::Currency);
-  if (column < facts.size()) named.isPartly = facts[column].filled < facts[column].cells.size();
-  add(named, named.ofHeads);
+  named.isDollarOpen = named.hasDollars && std::ranges::none_of(named.currencies, isDollar);
+  if (named.isDollarOpen) add(named, "USD");
   return named;
 }
 
@@ -71,16 +88,22 @@ bool areForints(const LogTable& table, const std::vector<ColumnFacts>& facts, co
   return !price || (*price >= kCheapest && *price <= kDearest);
 }
 
+// Money of which a litre costs a few.
+bool isDearMoney(std::string_view currency) {
+  return currency == "GBP" || currency == "EUR" || currency == "CHF" ||
+         (isDollar(currency) && currency != "MXN");
+}
+
 // Whether prices of a litre are in hundredths of the money that a bill is in.
 bool areHundredths(const LogTable& table, const std::vector<ColumnFacts>& facts, const Reading& reading) {
   const std::size_t column = reading.columnOf(Meaning::UnitPrice);
   if (column >= facts.size()) return false;
-  constexpr auto kWords = std::to_array<std::string_view>({"PENCE", "PPL", "CENT", "CENTS", "CT", "P"});
+  constexpr auto kWords = std::to_array<std::string_view>({"PENCE", "CENT", "CENTS", "CT", "P"});
   const std::vector<std::string> words = wordsOf(folded(table.heads[column]));
   const bool isSaid = std::ranges::any_of(
       words, [&](const std::string& word) { return std::ranges::find(kWords, word) != kWords.end(); });
-  constexpr double kDearestPound = 20;
-  return (isSaid || currencyOf(table.heads[column]) == "GBP") && facts[column].median > kDearestPound;
+  constexpr double kDearest = 20;
+  return (isSaid || isDearMoney(reading.currency)) && facts[column].median > kDearest;
 }
 
 void askForRates(const Choices& choices, Reading& reading) {
@@ -138,18 +161,22 @@ void findMoney(const LogTable& table, const std::vector<ColumnFacts>& facts, con
                      holdsAnything(facts, reading, Meaning::UnitPrice) ||
                      holdsAnything(facts, reading, Meaning::NoteCost);
   if (!reading.hasCosts) return;
-  reading.priceShare = areHundredths(table, facts, reading) ? 100 : 1;
   const NamedMoney named = namedMoney(table, facts, reading);
+  const bool isWhoseOpen = named.isDollarOpen && reading.volume == VolumeUnit::Litre;
   const bool isOpen = named.ofHeads.empty() && named.isPartly && named.currencies.size() != 1 &&
                       !(named.currencies.empty() && areForints(table, facts, reading));
   reading.currency = !named.ofHeads.empty()         ? named.ofHeads
                      : named.currencies.size() == 1 ? named.currencies.front()
                                                     : std::string(kForint);
-  if (isOpen) ask(reading, Question::Currency, choices.currency.has_value());
+  if (isOpen || isWhoseOpen) ask(reading, Question::Currency, choices.currency.has_value());
   if (choices.currency) reading.currency = *choices.currency;
+  reading.priceShare = areHundredths(table, facts, reading) ? 100 : 1;
   NamedMoney all = named;
-  if (named.currencies.size() == 1 && choices.currency) all.currencies.clear();
+  reading.isCurrencySaid = named.currencies.size() == 1 && choices.currency;
+  if (reading.isCurrencySaid) all.currencies.clear();
   add(all, reading.currency);
+  const auto dollar = std::ranges::find_if(all.currencies, isDollar);
+  if (dollar != all.currencies.end()) reading.dollar = *dollar;
   for (const std::string& currency : all.currencies)
     if (currency != kForint) reading.currencies.push_back(currency);
   askForRates(choices, reading);

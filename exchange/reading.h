@@ -128,6 +128,8 @@ struct Reading {
   std::string currency;                 ///< of costs that name none
   std::vector<std::string> currencies;  ///< foreign ones, each with a rate to be known
   std::map<std::string, core::Ratio> rates;
+  std::string dollar = "USD";     ///< whose dollars they are where only their sign stands
+  bool isCurrencySaid = false;    ///< the person named the only one: what cells name does not count
   std::int64_t priceShare = 1;    ///< 100 where prices of a litre are in cents or pence
   bool saysWhichAreFull = false;  ///< otherwise every fill-up counts as full
   std::vector<FullWord> fullWords;

@@ -135,6 +135,8 @@ std::string vehicleOf(const TableRow& row, const LogTable& table, const Reading&
 std::optional<core::Day> dayOfRow(const CsvRow& row, const Reading& reading) {
   if (const std::size_t day = reading.columnOf(Meaning::Day); day < reading.columns.size())
     return readDay(row.cell(day), reading.dayOrder);
+  if (!reading.has(Meaning::Year) || !reading.has(Meaning::Month) || !reading.has(Meaning::DayOfMonth))
+    return std::nullopt;
   const auto month = readMonth(row.cell(reading.columnOf(Meaning::Month)));
   const int year = wholeOf(row.cell(reading.columnOf(Meaning::Year)));
   if (!month || year == 0) return std::nullopt;

@@ -90,6 +90,7 @@ TEST(AHead, ThatOnlyItsUnitTellsOfIsWhatIsCountedInIt) {
   EXPECT_EQ(readHead("Zutty/l").word, HeadWord::Unknown);
   EXPECT_EQ(readHead("Zutty (€)").word, HeadWord::Unknown);  // fuel, or the car wash
   EXPECT_EQ(readHead("Km coche").word, HeadWord::Odometer);
+  EXPECT_EQ(readHead("total_gallons").word, HeadWord::Volume);
 }
 
 TEST(AUnit, IsNamedByHeadsAndCells) {

@@ -147,6 +147,14 @@ TEST(AColumn, OfDistancesLeavesTheReadingsTheirPlace) {
   EXPECT_FALSE(log.asks(Question::TripStart));
 }
 
+// Rows longer than the heads: a column that is not there must not be read behind them.
+TEST(AColumn, ThatIsNotThereIsNotReadBehindTheLastHead) {
+  const ReadLog log = readLog("Dátum;Liter\n2024.01.05.;41;500\n2024.01.09.;;700\n",
+                              {.columns = {{0, Meaning::Day}, {1, Meaning::Volume}}});
+  EXPECT_TRUE(log.asks(Question::OdometerColumn));
+  EXPECT_THAT(leftOut(log), ElementsAre(Pair(2, Why::NoOdometer), Pair(3, Why::NothingInIt)));
+}
+
 TEST(TheWordsForFull, AreAskedWhereTheyAreNotKnown) {
   const std::string text =
       "Dátum;Km;Liter;Ft;Teletankolás\n2024.01.05.;48210;41,27;25575;csurig\n2024.01.19.;48866;44,03;27681;"
@@ -219,6 +227,54 @@ TEST(Money, HasARateOrIsAskedFor) {
       readLog("Datum;Kilometerstand;Liter;Betrag" + row, {.currency = "EUR", .rates = {{"EUR", Ratio(400)}}});
   EXPECT_THAT(log.reading.open, IsEmpty());
   EXPECT_EQ(log.rows.rows[0].forints, Ratio(24'000));
+}
+
+// Dollars are paid for litres in Canada and Australia, too.
+TEST(Money, InDollarsForLitresIsAskedFor) {
+  const std::string rows = "2024-01-05,48210,41,60\n2024-01-19,48866,44,61\n";
+  EXPECT_TRUE(readLog("Date,Odo (km),Litres,Cost ($)\n" + rows).asks(Question::Currency));
+  EXPECT_FALSE(readLog("Date,Odo (km),Litres,Cost (US$)\n" + rows).asks(Question::Currency));
+  EXPECT_FALSE(readLog("Date,Odo (mi),Gallons (US),Cost ($)\n" + rows).asks(Question::Currency));
+  EXPECT_EQ(readLog("Date,Odo (km),Litres,Cost (C$)\n" + rows).reading.currency, "CAD");
+}
+
+// "$51.77" below "Cost AUD" are Australian ones, and what the person says goes before the sign of a cell.
+TEST(Money, InDollarsIsThatOfTheHeadOrOfThePerson) {
+  const std::string rows = "2024-01-05,48210,41,$60\n2024-01-19,48866,44,$61\n";
+  const ReadLog head = readLog("Date,Odo (km),Litres,Cost AUD\n" + rows, {.rates = {{"AUD", Ratio(235)}}});
+  EXPECT_THAT(head.reading.open, IsEmpty());
+  EXPECT_EQ(head.rows.rows[0].forints, Ratio(60 * 235));
+  const ReadLog said = readLog("Date,Odo (km),Litres,Cost\n" + rows,
+                               {.currency = "CAD", .rates = {{"CAD", Ratio(260)}, {"USD", Ratio(350)}}});
+  EXPECT_EQ(said.rows.rows[0].forints, Ratio(60 * 260));
+}
+
+TEST(Money, OfAPriceAboveWhatALitreCostsIsInHundredthsOfIt) {
+  const auto share = [](const std::string& currency, const std::string& price) {
+    return readLog("Date,Odo (km),Litres,PPL\n2024-01-05,48210,41," + price + "\n", {.currency = currency})
+        .reading.priceShare;
+  };
+  EXPECT_EQ(share("GBP", "149.9"), 100);
+  EXPECT_EQ(share("GBP", "1.499"), 1);
+  EXPECT_EQ(share("INR", "101.2"), 1);
+  EXPECT_EQ(share("HUF", "612.9"), 1);
+}
+
+TEST(Money, WithASignOfItsCountryBeforeItIsAFigure) {
+  const ReadLog log =
+      readLog("Date,Odo (km),Litres,Cost\n2024-01-05,48210,41,R971.70\n2024-01-19,48866,44,R1042.80\n");
+  EXPECT_EQ(log.reading.currency, "ZAR");
+  EXPECT_EQ(log.meaningOf("Cost"), Meaning::TotalCost);
+}
+
+TEST(Money, ThatRunsOnFromRowToRowIsNoCostOfAFillUp) {
+  std::string text = "Dátum;Km;Liter;Összesen;Ft\n";
+  for (int i = 1; i < 7; ++i)
+    text += "2024.01.0" + std::to_string(i) + ".;" + std::to_string(1'000 + 500 * i) + ";40;" +
+            std::to_string(24'000 * i) + ";24000\n";
+  const ReadLog log = readLog(text);
+  EXPECT_EQ(log.meaningOf("Ft"), Meaning::TotalCost);
+  EXPECT_NE(log.meaningOf("Összesen"), Meaning::TotalCost);
 }
 
 TEST(Money, OfALitreInPenceIsTurnedIntoPounds) {
@@ -320,6 +376,27 @@ TEST(SeveralVehicles, AreToldBySections) {
   EXPECT_EQ(fiat.rows.rows[0].kilometres, Ratio(9'000));
 }
 
+// Two years under heads of their own: the second one has a note more and no litres before its price.
+TEST(Sections, WithOtherHeadsForTheSameComeUnderThoseOfTheFirst) {
+  const ReadLog log = readLog(
+      "Dátum;Km;Liter;Ft\n2023.12.05.;48210;41;25575\n2023.12.19.;48866;44;27681\n\n"
+      "Dátum;Km óra;Összeg;Tankolt liter;Megjegyzés\n2024.01.06.;49400;18000;30;havas\n");
+  EXPECT_THAT(log.reading.open, IsEmpty());
+  ASSERT_EQ(log.rows.rows.size(), 3U);
+  EXPECT_EQ(log.rows.rows[2].kilometres, Ratio(49'400));
+  EXPECT_EQ(log.rows.rows[2].litres, Ratio(30));
+  EXPECT_EQ(log.rows.rows[2].forints, Ratio(18'000));
+  EXPECT_EQ(log.rows.rows[2].note, "havas");
+}
+
+TEST(Sections, ThatCountInOtherUnitsAreLeftOut) {
+  const ReadLog log = readLog(
+      "Date,Odo (km),Litres,Cost (EUR)\n2023-12-05,48210,41,60\n2023-12-19,48866,44,61\n\n"
+      "Date,Odo (mi),Litres,Cost (EUR)\n2024-01-06,49400,30,50\n");
+  EXPECT_EQ(log.rows.rows.size(), 2U);
+  EXPECT_THAT(leftOut(log), ElementsAre(Pair(4, Why::Empty), Pair(6, Why::OtherSection)));
+}
+
 TEST(SeveralVehicles, AreToldByTwoRunsOfReadings) {
   std::string text = "Dátum;Km;Liter;Ft\n";
   for (int i = 1; i < 8; ++i) {
@@ -348,6 +425,18 @@ TEST(ARow, IsLeftOutForWhatItIs) {
                   Pair(10, Why::FigureNotUnderstood), Pair(11, Why::NothingInIt), Pair(13, Why::Total)));
   EXPECT_EQ(log.rows.rows.size(), 1U);
   EXPECT_EQ(log.rows.rows.size() + log.rows.unread.size(), 13U);
+}
+
+TEST(ARow, OfSomethingElseThanFuelInLitresIsLeftOut) {
+  const ReadLog log = readLog(
+      "Dátum;Km;Liter;Ft;Üzemanyag;Megjegyzés\n2024.01.05.;48210;41;25575;Dízel;\n"
+      "2024.01.09.;48400;10;6000;AdBlue;\n2024.01.11.;48500;10;6000;;AdBlue\n"
+      "2024.01.12.;48600;21 kWh;3000;;\n2024.01.19.;48866;44;27681;Dízel;AdBlue is kellene\n");
+  EXPECT_THAT(leftOut(log),
+              ElementsAre(Pair(3, Why::OtherFuel), Pair(4, Why::OtherFuel), Pair(5, Why::OtherFuel)));
+  EXPECT_FALSE(log.rows.unread[1].mayBeFillUp());
+  EXPECT_TRUE(
+      readLog("Date,Odo (km),Energy (kWh),Fuel (kWh)\n2024-01-05,1000,40,5\n").asks(Question::VolumeColumn));
 }
 
 TEST(ARow, WithAFigureBehindTheLastHeadIsLeftOut) {

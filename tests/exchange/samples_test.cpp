@@ -163,6 +163,92 @@ TEST(ASampleLog, KeptByHandInHungarianIsUnderstood) {
                                         testing::Pair(14, Why::Total)));
 }
 
+TEST(ASampleLog, OfADatabaseWithTwoCarsUnderOneNumberIsToldByItsReadings) {
+  Choices answers{.distance = DistanceUnit::Kilometre, .volume = VolumeUnit::Litre, .vehicle = 1};
+  answers.currency = "EUR";
+  answers.rates = {{"EUR", core::Ratio(390)}};
+  const ReadLog log = readSample(
+      "database_dump_two_cars.csv",
+      {Question::Vehicle, Question::DistanceUnit, Question::VolumeUnit, Question::Currency}, answers);
+  ASSERT_EQ(log.reading.vehicles.size(), 2U);
+  EXPECT_EQ(log.reading.vehicles[0].rows, 4U);
+  const auto plan = planOf(log);
+  expectTheTenFillUps(logbookOf(plan));
+  EXPECT_EQ(plan.entries[0].entry.TankoltKtg, 25'576);  // 65.58 × 390
+  EXPECT_EQ(countOf(log, Why::OtherVehicle), 4);
+}
+
+TEST(ASampleLog, WithDayMonthAndYearApartTakesItsServiceAsANote) {
+  Choices answers = euros(390);
+  answers.distance = DistanceUnit::Kilometre;
+  answers.volume = VolumeUnit::Litre;
+  const ReadLog log = readSample("day_month_year_apart.csv",
+                                 {Question::DistanceUnit, Question::VolumeUnit, Question::Currency}, answers);
+  auto plan = planOf(log);
+  ASSERT_EQ(plan.entries.size(), 11U);
+  EXPECT_EQ(plan.entries[5].entry.Megjegyzes.trimmed(), "Engine Oil");
+  EXPECT_EQ(plan.entries[5].entry.MegjKtg, 35'061);  // 89.90 × 390
+  EXPECT_EQ(plan.entries[5].entry.TankoltKtg, 0);
+  EXPECT_TRUE(plan.entries[6].doubts.contains(exchange::Doubt::MissedBefore));
+  plan.entries[5].isTaken = false;
+  expectTheTenFillUps(logbookOf(plan));
+}
+
+TEST(ASampleLog, OfSnakeCaseHeadsWithUnitsInCodesIsAskedForTheDistance) {
+  Choices answers{.distance = DistanceUnit::Kilometre};
+  answers.rates = {{"EUR", core::Ratio(390)}};
+  const auto plan =
+      planOf(readSample("snake_case_dump.csv", {Question::DistanceUnit, Question::Rate}, answers));
+  expectTheTenFillUps(logbookOf(plan));
+  EXPECT_EQ(plan.entries[0].entry.TankoltKtg, 25'576);
+  EXPECT_TRUE(plan.entries[5].doubts.contains(exchange::Doubt::MissedBefore));
+}
+
+// 37.71 × 350 = 13,198.5.
+TEST(ASampleLog, KeptByHandInAmericanIsAskedForMilesAndGallons) {
+  Choices answers{.distance = DistanceUnit::Mile, .volume = VolumeUnit::UsGallon};
+  answers.rates = {{"USD", core::Ratio(350)}};
+  const ReadLog log =
+      readSample("american_table.csv", {Question::DistanceUnit, Question::Gallon, Question::Rate}, answers);
+  const auto plan = planOf(log);
+  expectTheTenFillUps(logbookOf(plan));
+  EXPECT_EQ(plan.entries[0].entry.TankoltKtg, 13'198);  // 13,198.5, halves to even
+  EXPECT_EQ(log.reading.dayOrder, DayOrder::MonthFirst);
+  EXPECT_THAT(leftOut(log), ElementsAre(testing::Pair(1, Why::Title), testing::Pair(13, Why::Total)));
+}
+
+// 41.27 × 1.499 × 455 = 28,147.9...
+TEST(ASampleLog, KeptByHandInBritishCountsPenceAsHundredthsOfPounds) {
+  Choices answers{.distance = DistanceUnit::Mile};
+  answers.rates = {{"GBP", core::Ratio(455)}};
+  const auto plan =
+      planOf(readSample("british_table.csv", {Question::DistanceUnit, Question::Rate}, answers));
+  expectTheTenFillUps(logbookOf(plan));
+  EXPECT_EQ(plan.entries[0].entry.TankoltKtg, 28'148);
+}
+
+TEST(ASampleLog, KeptByHandInItalianAndGermanIsAskedForTheRateAlone) {
+  const Choices answers{.rates = {{"EUR", core::Ratio(390)}}};
+  const ReadLog italian = readSample("italian_table.csv", {Question::Rate}, answers);
+  const auto plan = planOf(italian);
+  expectTheTenFillUps(logbookOf(plan));
+  EXPECT_EQ(plan.entries[0].entry.TankoltKtg, 25'576);
+  EXPECT_THAT(leftOut(italian), ElementsAre(testing::Pair(12, Why::Total)));
+  const ReadLog german = readSample("german_table.csv", {Question::Rate}, answers);
+  const auto byPrice = planOf(german);
+  expectTheTenFillUps(logbookOf(byPrice));
+  EXPECT_EQ(byPrice.entries[0].entry.TankoltKtg, 25'575);  // 41.27 × 1.589 × 390 = 25,575.4...
+  EXPECT_THAT(leftOut(german), ElementsAre(testing::Pair(1, Why::Title), testing::Pair(13, Why::Total)));
+}
+
+// 41.27 × 102.50 = 4,230.18 rupees, × 4.2.
+TEST(ASampleLog, KeptByHandInIndianIsAskedForTheRateAlone) {
+  const auto plan =
+      planOf(readSample("indian_table.csv", {Question::Rate}, {.rates = {{"INR", core::Ratio(42, 10)}}}));
+  expectTheTenFillUps(logbookOf(plan));
+  EXPECT_EQ(plan.entries[0].entry.TankoltKtg, 17'767);  // 17,766.756
+}
+
 // 3,312.28 litres, 51.29 in the first, over 74,489 km: (3,312.28 - 51) / 744.89 = 4.378.
 TEST(ARealLog, OfAnEstateShowsItsTotalLitresOverItsTotalDistance) {
   std::ifstream in(std::string(TARVIK_TEST_DATA) + "/fuel_log_estate.csv");

@@ -35,9 +35,15 @@ struct Look {
   const char* longest;
 };
 
-constexpr Look kLooks[kColumns] = {{"Dátum", "MM9999.99.99."}, {"Km óra", "9999999"}, {"liter", "999,99"},
-                                   {"Km", "-99999"},           {"Tele", "X"},         {"l/100", "99,99"},
-                                   {"Költség", "999 999 999"}, {"Megjegyzés", ""},    {"Észrevétel", ""},
+constexpr Look kLooks[kColumns] = {{"Dátum", "MM9999.99.99."},
+                                   {"Km óra", "9999999"},
+                                   {"liter", "999,99"},
+                                   {"Km", "-99999"},
+                                   {"Tele", "X"},
+                                   {"l/100", "99,99"},
+                                   {"Költség", "999 999 999"},
+                                   {"Megjegyzés", "MMMMMMMMMMMM"},
+                                   {"Észrevétel", ""},
                                    {"Sor", "999999"}};
 
 bool isFigure(int column) {

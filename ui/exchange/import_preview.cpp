@@ -15,6 +15,7 @@
 #include "ui/lists/list_delegate.h"
 #include "ui/look/access.h"
 #include "ui/look/enter_key.h"
+#include "ui/look/look.h"
 #include "ui/look/placement.h"
 #include "ui/look/undo_line.h"
 #include "ui_import_preview.h"
@@ -22,7 +23,7 @@
 namespace tarvik::ui {
 namespace {
 
-constexpr int kWantedCharacters = 150;
+constexpr int kWantedCharacters = 190;
 
 }  // namespace
 
@@ -157,7 +158,7 @@ void ImportPreview::showState() {
   const QString state = missing();
   ui_->cmdAtvesz->setEnabled(state.isEmpty() && taken > 0);
   ui_->lbState->setText(state.isEmpty() ? QStringLiteral("Kijelölve: %1 bejegyzés").arg(taken) : state);
-  ui_->lbState->setProperty("look", state.isEmpty() ? QVariant() : QVariant("overdue"));
+  showOverdue(*ui_->lbState, !state.isEmpty());
   ui_->lbFile->setText(
       QStringLiteral("%1 naplójához: %2 – %3 sor: %4 bejegyzés, ebből %5 kijelölve, %6 sor kimarad")
           .arg(toQt(source_.plate).trimmed(), source_.name,

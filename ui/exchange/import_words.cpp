@@ -43,6 +43,22 @@ QString unknownHead(const Reading& reading) {
   return reading.unknownColumn ? toQt(reading.columns[*reading.unknownColumn].head).simplified() : QString();
 }
 
+// Which columns a log cannot do without are not found, and what there is instead.
+QStringList missingColumns(const Reading& reading) {
+  QStringList missing;
+  if (reading.isOpen(Question::DayColumn)) missing.append(QStringLiteral("dátum"));
+  if (reading.isOpen(Question::OdometerColumn)) missing.append(QStringLiteral("km óra állása"));
+  if (reading.isOpen(Question::VolumeColumn)) missing.append(QStringLiteral("tankolt mennyiség"));
+  if (missing.isEmpty()) return {};
+  constexpr qsizetype kMostHeads = 12;
+  QStringList heads;
+  for (const exchange::ColumnReading& column : reading.columns)
+    heads.append(toQt(column.head).simplified().left(24));
+  if (heads.size() > kMostHeads) heads = heads.first(kMostHeads) << QStringLiteral("…");
+  return {QStringLiteral("Nem derült ki, melyik oszlop ez: %1. A fájl oszlopai: %2.")
+              .arg(missing.join(QStringLiteral(", ")), heads.join(QStringLiteral(", ")))};
+}
+
 bool hasDamagedLetters(const LogTable& table) {
   return std::ranges::any_of(table.rows, [](const exchange::TableRow& row) {
     return std::ranges::any_of(row.row.cells, [](const std::string& cell) {
@@ -66,7 +82,7 @@ QString wordsOf(Doubt doubt) {
     case Doubt::DayTooEarly:
       return QStringLiteral("a dátum 1950 előtti");
     case Doubt::OdometerFalls:
-      return QStringLiteral("a km óra kevesebbet mutat, mint előtte");
+      return QStringLiteral("a km óra csökken");
     case Doubt::OdometerJumps:
       return QStringLiteral("több mint 3000 km-t ugrik a km óra");
     case Doubt::MoreThanTank:
@@ -170,11 +186,13 @@ QString wordsOf(const UnreadRow& row) {
     case UnreadRow::Why::FigureTooLarge:
       return QStringLiteral("túl nagy szám van benne");
     case UnreadRow::Why::NothingInIt:
-      return QStringLiteral("nincs benne se tankolás, se költség, se megjegyzés");
+      return QStringLiteral("nincs benne tankolás, költség, megjegyzés");
+    case UnreadRow::Why::OtherFuel:
+      return QStringLiteral("nem literben mért üzemanyag: „%1”").arg(toQt(row.cell));
     case UnreadRow::Why::Total:
       return QStringLiteral("összesítő sor");
     case UnreadRow::Why::TooManyCells:
-      return QStringLiteral("több adat van benne, mint oszlop: a vessző tizedesjel is lehet");
+      return QStringLiteral("több adat, mint oszlop: tizedesvessző lehet");
     case UnreadRow::Why::OtherVehicle:
       return row.head.empty() ? QStringLiteral("más gépkocsié")
                               : QStringLiteral("más gépkocsié: „%1”").arg(toQt(row.head));
@@ -286,7 +304,7 @@ QString wordsOf(const LogSummary& summary) {
 }
 
 QStringList noticesOf(const LogTable& table, const Reading& reading) {
-  QStringList notices;
+  QStringList notices = missingColumns(reading);
   if (!reading.saysWhichAreFull)
     notices.append(
         QStringLiteral("A fájl nem mondja meg, melyik tankolás volt tele: mindegyik annak számít."));

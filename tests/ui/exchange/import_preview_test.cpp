@@ -20,6 +20,7 @@
 #include "ui/base/text.h"
 #include "ui/exchange/csv_files.h"
 #include "ui/exchange/text_file.h"
+#include "ui/look/look.h"
 
 using namespace tarvik;
 using test::BoxScript;
@@ -367,6 +368,27 @@ void everyColumnHasItsMeaningOverIt() {
   QCOMPARE(import.stored().size(), 1U);
   QCOMPARE(import.stored()[0].KmOra, 1500);
   QCOMPARE(import.stored()[0].TankoltLiter.tenThousandths, 410'000);
+}
+
+// The drop-down over the column that is asked about has the keyboard, and what is missing is in the colour of
+// what is overdue until it is there.
+void aColumnThatMaySayWhichFillsWereFullIsAskedFor() {
+  Import import;
+  const std::string log =
+      "Dátum;Km óra;Liter;Ft;Pukk\n2012.01.05.;1000;40;24000;i\n2012.01.19.;1500;41;24600;n\n";
+  QVERIFY(import.take(log, [](ui::ImportPreview& preview) {
+    auto* state = test::part<QLabel>(preview, "lbState");
+    QVERIFY(state->text().contains("„Pukk”"));
+    QCOMPARE(state->palette().color(QPalette::WindowText), ui::overdueColour(state->palette()));
+    auto* box = test::part<QComboBox>(preview, "cmbOszlop_4");
+    QCOMPARE(preview.focusWidget(), box);
+    QCOMPARE(box->currentText(), QStringLiteral("nem értem"));
+    box->setCurrentIndex(static_cast<int>(exchange::Meaning::Full));
+    QCOMPARE(state->text(), QStringLiteral("Kijelölve: 2 bejegyzés"));
+    QCOMPARE(state->palette().color(QPalette::WindowText), preview.palette().color(QPalette::WindowText));
+    test::press(*button(preview));
+  }));
+  QCOMPARE(import.stored()[1].Teletank, 0);
 }
 
 void encodingAndSeparatorCanBeChanged() {

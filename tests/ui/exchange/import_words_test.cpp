@@ -57,6 +57,7 @@ const QMap<QString, Why> kRows{{"NoDay", Why::NoDay},
                                {"FigureTooLarge", Why::FigureTooLarge},
                                {"NothingInIt", Why::NothingInIt},
                                {"Total", Why::Total},
+                               {"OtherFuel", Why::OtherFuel},
                                {"TooManyCells", Why::TooManyCells},
                                {"OtherVehicle", Why::OtherVehicle},
                                {"OtherSection", Why::OtherSection},
@@ -123,7 +124,7 @@ class ImportWordsTest : public QObject {
     QCOMPARE(said<Doubt>(kDoubts, [](Doubt doubt) { return wordsOf(std::set{doubt}); }),
              wordsOfThePage("doubt"));
     QCOMPARE(wordsOf(std::set{Doubt::OdometerFalls, Doubt::MoreThanTank}),
-             QString("a km óra kevesebbet mutat, mint előtte; több liter, mint amennyi a tankba fér"));
+             QString("a km óra csökken; több liter, mint amennyi a tankba fér"));
     QCOMPARE(wordsOf(std::set<Doubt>()), QString());
   }
 
@@ -159,7 +160,10 @@ class ImportWordsTest : public QObject {
     table.rows.push_back({.row = {.line = 1, .cells = {"K\xEF\xBF\xBDm"}}});
     QCOMPARE(noticesOf(table, reading), QStringList({page["NotSaidWhichAreFull"], page["CutInQuotes"],
                                                      page["DamagedLetters"], page["Tyres"]}));
-    QCOMPARE(page.size(), 4);
+    reading.open = {Question::DayColumn, Question::OdometerColumn, Question::VolumeColumn};
+    reading.columns = {{.head = "alma"}, {.head = "körte"}};
+    QCOMPARE(noticesOf(table, reading).first(), page["MissingColumns"]);
+    QCOMPARE(page.size(), 5);
   }
 
   void theNameOfAFileIsNoPlaceholder() {
