@@ -29,7 +29,7 @@ foreach(name tarvik.rc tarvik.manifest)
   configure_file(${windows_folder}/${name}.in ${name} @ONLY)
 endforeach()
 set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/tarvik.rc PROPERTIES
-  COMPILE_FLAGS "--codepage=65001 --include-dir=${CMAKE_CURRENT_BINARY_DIR}"
+  COMPILE_OPTIONS "--codepage=65001;--include-dir=${CMAKE_CURRENT_BINARY_DIR}"
   OBJECT_DEPENDS "${icon};${CMAKE_CURRENT_BINARY_DIR}/tarvik.manifest")
 target_sources(Tarvik PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/tarvik.rc)
 
