@@ -58,7 +58,7 @@ class MessageBoxesTest : public QObject {
       needed = titleBarWidth(box, kTitle);
     };
     ui::tellError(nullptr, kTitle, "x");
-    ui::ask(nullptr, kTitle, "x", ui::DefaultAnswer::Yes);
+    QVERIFY(!ui::ask(nullptr, kTitle, "x", ui::DefaultAnswer::Yes));
     QCOMPARE(rooms, QList<int>({needed, needed}));
   }
 
