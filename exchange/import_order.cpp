@@ -100,13 +100,15 @@ class Walk {
     if (isGap) breakOff();
     if (!plan_.isOwn) workOut(planned, isGap);
     if (!planned.isTaken) {
-      const bool isDouble =
-          planned.doubts.contains(Doubt::AlreadyThere) || planned.doubts.contains(Doubt::TwiceInFile);
-      leftOut_ = leftOut_ || (!isDouble && !planned.entry.TankoltLiter.isZero());
+      leftOut_ = leftOut_ || (!isDouble(planned) && !planned.entry.TankoltLiter.isZero());
       return;
     }
     if (!planned.entry.TankoltLiter.isZero()) leftOut_ = false;
     pass(planned.entry);
+  }
+
+  static bool isDouble(const PlannedEntry& planned) {
+    return planned.doubts.contains(Doubt::AlreadyThere) || planned.doubts.contains(Doubt::TwiceInFile);
   }
 
   // An entry that the person left out counts like a row that could not be read.
@@ -140,7 +142,7 @@ class Walk {
     planned.doubts.erase(Doubt::ConsumptionOdd);
     const auto found = isGap ? core::Amount{} : consumptionOf(trail_, planned.entry);
     planned.entry.Fogyasztas = found.value_or(core::Amount{});
-    if (!found) planned.doubts.insert(Doubt::NoConsumption);
+    if (!found && !isDouble(planned)) planned.doubts.insert(Doubt::NoConsumption);
     if (isOdd(planned.entry.Fogyasztas)) planned.doubts.insert(Doubt::ConsumptionOdd);
   }
 

@@ -54,9 +54,11 @@ void askForColumns(Reading& reading) {
 
 // Of columns that lack what the first ones ask for, nothing else is asked.
 void askForUnknown(const ProposedMeanings& proposed, Reading& reading) {
-  reading.unknownColumn = proposed.priceColumn ? proposed.priceColumn : proposed.unknownColumn;
+  if (!reading.open.empty()) return;
   if (proposed.priceColumn) ask(reading, Question::Price, false);
-  if (proposed.unknownColumn && reading.open.empty()) ask(reading, Question::UnknownColumn, false);
+  if (proposed.unknownColumn && !proposed.priceColumn) ask(reading, Question::UnknownColumn, false);
+  if (!reading.open.empty())
+    reading.unknownColumn = proposed.priceColumn ? proposed.priceColumn : proposed.unknownColumn;
 }
 
 bool isSignOpen(const std::vector<ColumnFacts>& facts, const Reading& reading) {

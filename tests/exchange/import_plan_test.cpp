@@ -238,10 +238,10 @@ TEST(APlan, NoticesEveryEntryThatTheLogbookHasOrNearly) {
                                          "2024-01-03,1900,30.04,18000,1,0,\n")),
                            logbook);
   ASSERT_EQ(plan.entries.size(), 5U);
-  EXPECT_THAT(plan.entries[0].doubts, Contains(Doubt::AlreadyThere));
+  EXPECT_THAT(plan.entries[0].doubts, ElementsAre(Doubt::AlreadyThere));  // and no word on its consumption
   EXPECT_TRUE(plan.entries[1].isTaken);  // 1500 km and 40.1 litres: a tenth more is another fill-up
   EXPECT_THAT(plan.entries[2].doubts, Contains(Doubt::AlreadyThere));
-  EXPECT_THAT(plan.entries[4].doubts, Contains(Doubt::TwiceInFile));
+  EXPECT_THAT(plan.entries[4].doubts, ElementsAre(Doubt::TwiceInFile));
   EXPECT_FALSE(plan.entries[4].isTaken);
   EXPECT_EQ(plan.taken().size(), 2U);
 }

@@ -470,6 +470,7 @@ TEST(ALog, WithoutHeadsIsUnderstoodByItsValues) {
 TEST(ALog, WithoutATableIsNone) {
   for (const char* text : {"", "\n\n", "hello"})
     EXPECT_EQ(readLog(text).table.fault, exchange::LogTable::Fault::NoTable) << text;
+  EXPECT_FALSE(readLog("alma;körte\n1;2\n3;4\n").reading.unknownColumn);  // asked for others first
   EXPECT_THAT(readLog("alma;körte\n1;2\n").reading.open,
               ElementsAre(Question::DayColumn, Question::OdometerColumn, Question::VolumeColumn));
 }
