@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QUrl>
-
 namespace tarvik::app {
 
 /// Lets QDesktopServices open addresses of files with their place in the page kept, as far as the system

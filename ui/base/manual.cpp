@@ -48,6 +48,7 @@ Manual::Manual(const Context& context, QWidget& mainScreen)
     : QObject(&mainScreen), context_(context), item_(new QAction(QStringLiteral("Ké&zikönyv"), &mainScreen)) {
   item_->setObjectName(QStringLiteral("mnuKezikonyv"));
   item_->setShortcut(Qt::Key_F1);
+  item_->setAutoRepeat(false);
   connect(
       item_, &QAction::triggered, this, [this] { openAt(partInFront()); }, Qt::QueuedConnection);
   qApp->installEventFilter(this);
@@ -57,7 +58,8 @@ Manual::Manual(const Context& context, QWidget& mainScreen)
 // before the part that has the keyboard.
 bool Manual::eventFilter(QObject* watched, QEvent* event) {
   if (!isF1(*event)) return false;
-  openAt(watched->isWidgetType() ? static_cast<QWidget*>(watched) : partInFront());
+  if (!static_cast<QKeyEvent*>(event)->isAutoRepeat())
+    openAt(watched->isWidgetType() ? static_cast<QWidget*>(watched) : partInFront());
   return true;
 }
 
