@@ -2,6 +2,7 @@
 #include <QDesktopServices>
 #include <QProcess>
 #include <QTimer>
+#include <QUrl>
 #include <functional>
 
 #include "app/browser.h"

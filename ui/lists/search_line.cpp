@@ -6,11 +6,14 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QTimer>
 #include <algorithm>
 #include <utility>
 
 #include "core/search.h"
 #include "core/text.h"
+#include "ui/base/guarded.h"
+#include "ui/base/handlers.h"
 #include "ui/base/text.h"
 #include "ui/lists/list_delegate.h"
 #include "ui/lists/list_view.h"
@@ -59,7 +62,7 @@ void SearchLine::putBeforeList() {
 }
 
 void SearchLine::connectParts() {
-  connect(ui_->txKereses, &QLineEdit::textChanged, this, &SearchLine::search);
+  onSignal(ui_->txKereses, &QLineEdit::textChanged, this, &SearchLine::search);
   connect(ui_->cmdElozo, &QPushButton::clicked, this, [this] { step(-1); });
   connect(ui_->cmdKovetkezo, &QPushButton::clicked, this, [this] { step(1); });
   connect(ui_->cmdKeresesVege, &QPushButton::clicked, this, &SearchLine::goBack);
@@ -70,7 +73,7 @@ void SearchLine::connectParts() {
   // The list is emptied before it is filled anew.
   const auto anew = [this] {
     place_.isKept = false;
-    if (isVisible()) QMetaObject::invokeMethod(this, &SearchLine::searchAgain, Qt::QueuedConnection);
+    if (isVisible()) QTimer::singleShot(0, this, [this] { guarded(window(), [this] { searchAgain(); }); });
   };
   connect(list_.model(), &QAbstractItemModel::modelReset, this, anew);
   connect(list_.model(), &QAbstractItemModel::layoutChanged, this, anew);
@@ -80,7 +83,7 @@ void SearchLine::addKeys() {
   item_->setObjectName(QStringLiteral("mnuKereses"));
   item_->setShortcut(Qt::CTRL | Qt::Key_F);
   list_.addAction(item_);
-  connect(item_, &QAction::triggered, this, &SearchLine::open);
+  onSignal(item_, &QAction::triggered, this, &SearchLine::open);
   const auto on = [this](const QKeySequence& keys, int by) {
     connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, by] { step(by); });
   };
