@@ -51,8 +51,9 @@ class Controls(unittest.TestCase):
             self.assertTrue(fnmatch.fnmatchcase(line, pattern), f"{title}: {line!r} is not {pattern!r}")
         self.assertEqual(len(told), len(wanted), told)
 
-    def check_opened(self, main, role, opener, title):
-        main.part(role, opener).press()
+    def check_opened(self, main, role, openers, title):
+        for opener in openers.split("/"):
+            main.part(role, opener).press()
         screen = self.program.window(title)
         with self.subTest(title):
             self.check(screen, title)
@@ -69,14 +70,14 @@ class Controls(unittest.TestCase):
         self.close(alert, "push button", "Bezár", "FIGYELMEZTETÉS")
         main = self.program.window("Tarvik - ")
         self.check(main, "Tarvik - ")
-        for role, opener, title, closing_role, closer in (
+        for role, openers, title, closing_role, closer in (
                 ("menu item", "Beállítások", "Beállítások", "push button", "Vissza a naplóhoz"),
                 ("menu item", "Gumik", "Gumik nyilvántartása", "menu item", "Bezár"),
                 ("menu item", "Javítások - Szervíz", "Javítások - Szervízek", "menu item", "Bezár"),
-                ("menu item", "Éves összesítő…", "Éves összesítő", "menu item", "Bezár"),
+                ("menu item", "Eszközök/Éves összesítő…", "Éves összesítő", "menu item", "Bezár"),
                 ("push button", "Figyelmeztetés", "Figyelmeztetés Felvitele", "menu item", "Bezár"),
                 ("push button", "Grafikon megjelenítése", "Grafikon választás", "push button", "Mégsem")):
-            screen = self.check_opened(main, role, opener, title)
+            screen = self.check_opened(main, role, openers, title)
             self.close(screen, closing_role, closer, title)
         main.part("text", "Rendszám").enter("ABC123")  # the car with the passed reminder
         self.check(self.program.window("FIGYELEM!"), "FIGYELEM!")
