@@ -20,8 +20,10 @@ namespace {
 const QString kUndo = QStringLiteral("&Visszavonás");
 const QString kRedo = QStringLiteral("Ú&jra");
 
+// The texts of a person stand in a step's name: an & in them marks no letter of the menu.
 QString named(const QString& item, const std::string& step) {
-  return step.empty() ? item : item + QStringLiteral(": ") + toQt(step);
+  if (step.empty()) return item;
+  return item + QStringLiteral(": ") + toQt(step).replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
 bool isUndoKey(const QKeyEvent& key) {
