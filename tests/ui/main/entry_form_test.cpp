@@ -84,6 +84,18 @@ class EntryFormTest : public QObject {
     QCOMPARE(form.edit("txMegjKtg").text(), QString("0"));
   }
 
+  void aNoteOfSpacesIsNoNoteWhenItsFieldGetsTheKeyboard() {
+    Form form;
+    QVERIFY(QTest::qWaitForWindowActive(&form.part));
+    auto* const note = test::part<QComboBox>(form.part, "txMegjegyzes");
+    test::typeInto(*note, "   ");
+    form.edit("txMegjKtg").setFocus();
+    QCOMPARE(note->currentText(), QString("   "));
+    note->setFocus();
+    QCOMPARE(note->currentText(), QString("Tankolás"));
+    QCOMPARE(note->lineEdit()->selectedText(), QString("Tankolás"));
+  }
+
   void eachButtonAsksForItsWorkAlone() {
     Form form;
     form.part.setChosen(true);

@@ -64,6 +64,20 @@ class FrmTarvikListTest : public QObject {
     QCOMPARE(main.combo("Combo1")->currentText(), QString("ABC123    "));
   }
 
+  void aBlankPlateIsRefusedWhileTheFilterIsOpen() {
+    MainScreen main;
+    main.writeLogbook("ABC123", twoFills());
+    main.choosePlateAtStart("ABC123");
+    main.open();
+    main.press("cmd_lista");
+    main.type("Combo1", "  ");
+    BoxScript boxes({QMessageBox::Ok});
+    main.press("cmd_lista");
+    QCOMPARE(boxes.seen, QList{errorBox(" H i b a !", "Nincs megadva rendszám!\nÍgy nem listázható...")});
+    QVERIFY(main.find<QWidget>("FrameSzürö")->isVisible());
+    QCOMPARE(main.screen->focusWidget(), main.combo("Combo1"));
+  }
+
   void aFolderThatVanishedIsNotListedAsEmptyNorImportedInto() {
     MainScreen main;
     main.writeLogbook("ABC123", twoFills());

@@ -51,6 +51,13 @@ class ReminderSwitchTest : public QObject {
     QVERIFY(reminders.timer().isActive());
   }
 
+  void aRestingCheckIsNotStartedByTheShowing() {
+    Switch reminders;
+    reminders.part.setOn(false);
+    reminders.part.show();
+    QVERIFY(!reminders.timer().isActive());
+  }
+
   void theVehicleThatWasSetLastIsChecked() {
     Switch reminders;
     for (const char* plate : {"ABC123", "XYZ789"}) reminders.program.makeFolder(plate);
