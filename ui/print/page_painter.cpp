@@ -1,6 +1,5 @@
 #include "ui/print/page_painter.h"
 
-#include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QPainter>
 #include <algorithm>
@@ -94,9 +93,9 @@ class TextPainter {
 
 }  // namespace
 
-QString pageFontFamily() {
+QString pageFontFamily(const std::function<bool(const QString&)>& isInstalled) {
   for (const QString& family : {QStringLiteral("Times New Roman CE"), QStringLiteral("Times New Roman")})
-    if (QFontDatabase::hasFamily(family)) return family;
+    if (isInstalled(family)) return family;
   return QStringLiteral("Liberation Serif");
 }
 

@@ -4,6 +4,7 @@
 #include <QStandardPaths>
 #include <QtTest>
 #include <ctime>
+#include <filesystem>
 
 #include "core/machine_file_system.h"
 #include "tests/ui/print_desk.h"
@@ -89,6 +90,16 @@ class ListPrinterTest : public QObject {
     QCOMPARE(bench.answers.texts,
              QStringList({" H i b a !", "A listamező üres!\nÍgy nincs mit nyomtatni..."}));
     QCOMPARE(bench.answers.icon, QMessageBox::Critical);
+    QVERIFY(bench.system.sent.isEmpty());
+  }
+
+  void aLogbookThatCannotBeReadIsToldBeforeTheHeadingIsAsked() {
+    Bench bench(1);
+    std::filesystem::remove_all(bench.folder / "ABC123");
+    bench.answers.box(QMessageBox::Ok);
+    QVERIFY(!bench.print());
+    QVERIFY(bench.answers.allGiven());
+    QVERIFY(bench.answers.texts.value(1).startsWith("Nincs meg a mappa"));
     QVERIFY(bench.system.sent.isEmpty());
   }
 
