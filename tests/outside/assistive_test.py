@@ -105,6 +105,7 @@ class Assistive(unittest.TestCase):
         wait_for(lambda: not self.main.has("chart"), "the chart to go")
 
     def test_this_years_consumption_is_read_in_the_summary(self):
+        self.main.part("menu item", "Eszközök").press()
         self.main.part("menu item", "Éves összesítő…").press()
         summary = self.program.window("Éves összesítő")
         newest = summary.part("table", "Éves összesítő").rows()[0]
