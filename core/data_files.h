@@ -50,7 +50,7 @@ inline constexpr std::array<DataFileKind, 8> kSharedFiles{
 };
 
 /// The plates of the vehicle list in that folder that can name a folder, trimmed, each once and in the list's
-/// order; none where the list is missing or cannot be read.
+/// order; none where the list is missing. Throws Failure(OpenFailed or ReadFailed) where it cannot be read.
 std::vector<std::string> platesIn(FileSystem& files, const std::string& folder);
 
 }  // namespace tarvik::core

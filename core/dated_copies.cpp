@@ -53,18 +53,27 @@ struct Source {
   std::uint32_t mode = 0;
 };
 
-// Nothing of what is missing, unreadable or no data file.
+// Nothing of what is missing.
 std::optional<Source> sourceOf(FileSystem& files, const SetFile& wanted) {
+  const OpenFile file = steps::openIfThere(files, wanted.place);
+  if (!file.isOpen()) return std::nullopt;
+  const FileStatus status = steps::statusOf(files, file, wanted.place);
+  const auto size = static_cast<std::size_t>(status.size);
+  if (size / wanted.kind.recordLength > kHighestRecordNumber)
+    throw Failure(FailureKind::FileTooLong).file(wanted.place);
+  Source source{ByteBlock::ofSize(size), status.mode};
+  source.contents.size = steps::readUpTo(files, file, source.contents.span(), 0, wanted.place);
+  return source;
+}
+
+// As sourceOf; why a file that is there cannot be copied goes to leftOut, once.
+std::optional<Source> readableSource(FileSystem& files, const SetFile& wanted,
+                                     std::vector<Failure>& leftOut) {
   try {
-    const OpenFile file = steps::openIfThere(files, wanted.place);
-    if (!file.isOpen()) return std::nullopt;
-    const FileStatus status = steps::statusOf(files, file, wanted.place);
-    const auto size = static_cast<std::size_t>(status.size);
-    if (size / wanted.kind.recordLength > kHighestRecordNumber) return std::nullopt;
-    Source source{ByteBlock::ofSize(size), status.mode};
-    source.contents.size = steps::readUpTo(files, file, source.contents.span(), 0, wanted.place);
-    return source;
-  } catch (const Failure&) {
+    return sourceOf(files, wanted);
+  } catch (const Failure& failure) {
+    const auto isOfIt = [&](const Failure& known) { return known.file() == wanted.place; };
+    if (std::ranges::none_of(leftOut, isOfIt)) leftOut.push_back(failure);
     return std::nullopt;
   }
 }
@@ -84,18 +93,24 @@ void DatedCopies::beforeChange() noexcept {
     if (tried_ == today) return;
     tried_ = today;
     failure_.reset();
+    leftOut_.clear();
     const std::string name = setName(today);
-    const std::vector<SetFile> wanted = householdFiles(files_, folders_);
+    const std::vector<SetFile> wanted = householdFiles(files_, folders_, leftOut_);
     if (!isSet(files_, joined(setsFolder(folders_), name)) && haveContents(files_, wanted))
       make(makeFolderOfSets(), name, wanted);
   } catch (const Failure& failure) {
     failure_ = failure;
+    leftOut_.clear();
   } catch (const std::bad_alloc&) {  // then there is no memory for the change either, which says so
   }
 }
 
 std::optional<Failure> DatedCopies::takeFailure() {
   return std::exchange(failure_, std::nullopt);
+}
+
+std::vector<Failure> DatedCopies::takeLeftOut() {
+  return std::exchange(leftOut_, {});
 }
 
 std::string DatedCopies::copyNow(std::span<const SetFile> wanted) {
@@ -162,7 +177,7 @@ bool DatedCopies::fill(const std::string& unfinished, std::span<const SetFile> w
   std::set<std::string> parts;
   bool hasFile = false;
   for (const SetFile& file : wanted) {
-    const std::optional<Source> source = sourceOf(files_, file);
+    const std::optional<Source> source = readableSource(files_, file, leftOut_);
     if (!source) continue;
     const std::string path = joined(unfinished, file.inSet);
     const std::string folder = steps::folderOf(path);

@@ -56,6 +56,16 @@ std::string placeOf(const DataFileKind& kind, const DataFolders& folders) {
   return kind.isOfProgramFolder ? folders.inProgram(kind.name) : folders.inCurrent(kind.name);
 }
 
+std::vector<std::string> readablePlates(FileSystem& files, const std::string& folder,
+                                        std::vector<Failure>& unread) {
+  try {
+    return platesIn(files, folder);
+  } catch (const Failure& failure) {
+    unread.push_back(failure);
+    return {};
+  }
+}
+
 void addShared(FileSystem& files, const DataFolders& folders, DatedSet& set) {
   const bool hasPart = isThere(files, joined(set.path, kCurrentPart), FileKind::Folder);
   const auto add = [&](const DataFileKind& kind, const std::string& inSet, std::string place) {
@@ -148,16 +158,17 @@ std::set<Day> keptDays(std::set<Day> days) {
   return kept;
 }
 
-std::vector<SetFile> householdFiles(FileSystem& files, const DataFolders& folders) {
+std::vector<SetFile> householdFiles(FileSystem& files, const DataFolders& folders,
+                                    std::vector<Failure>& unread) {
   std::vector<SetFile> all;
-  std::vector<std::string> plates = platesIn(files, folders.program);
+  std::vector<std::string> plates = readablePlates(files, folders.program, unread);
   const bool isOne = isOneFolder(files, folders);
   for (const DataFileKind& kind : kSharedFiles)
     all.push_back({kind, "", std::string(kind.name), folders.inProgram(kind.name)});
   if (!isOne) {
     for (const DataFileKind& kind : kSharedFiles)
       all.push_back({kind, "", joined(std::string(kCurrentPart), kind.name), folders.inCurrent(kind.name)});
-    for (std::string& plate : platesIn(files, folders.current))
+    for (std::string& plate : readablePlates(files, folders.current, unread))
       if (std::ranges::find(plates, plate) == plates.end()) plates.push_back(std::move(plate));
   }
   for (const std::string& plate : plates)

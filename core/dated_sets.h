@@ -9,6 +9,7 @@
 
 #include "core/data_files.h"
 #include "core/day.h"
+#include "core/failure.h"
 
 namespace tarvik::core {
 
@@ -47,8 +48,10 @@ struct SetFile {
   std::string place;  ///< the full path at which the program has it
 };
 
-/// Every file that the household may have, of all listed vehicles.
-std::vector<SetFile> householdFiles(FileSystem& files, const DataFolders& folders);
+/// Every file that the household may have, of all listed vehicles; a list that cannot be read names none, and
+/// why goes to unread.
+std::vector<SetFile> householdFiles(FileSystem& files, const DataFolders& folders,
+                                    std::vector<Failure>& unread);
 
 /// A set that is there.
 struct DatedSet {

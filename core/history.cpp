@@ -21,17 +21,6 @@ void makeRoom(std::vector<std::byte>& bytes, std::size_t added) {
   if (bytes.capacity() < needed) bytes.reserve(needed + kRoom);
 }
 
-// What was caught; memory that runs out is no failure of its own kind.
-Failure currentFailure() {
-  try {
-    throw;
-  } catch (Failure& failure) {
-    return std::move(failure);
-  } catch (const std::bad_alloc&) {
-    return std::move(Failure(FailureKind::WriteFailed).systemError(ENOMEM));
-  }
-}
-
 bool isUntouched(const FileStatus& then, const FileStatus& now) {
   return then.changed != 0 && then.changed == now.changed && then.inode == now.inode &&
          then.device == now.device && then.size == now.size;
@@ -48,6 +37,7 @@ struct History::Plan {
   std::span<const std::byte> expected{};
   Bytes contents{};
   TravelledFile travelled{};
+  Failure noMemory = Failure(FailureKind::WriteFailed).file(path).systemError(ENOMEM);
   const Patch* gapBehind = nullptr;  // what is not known of the file afterwards
   bool isDone = false;
 };
@@ -240,9 +230,12 @@ void History::carryOut(FileSystem& files, std::vector<Plan>& plans, Travelled& r
 void History::exchange(RecordFile& file, Plan& plan, Travelled& result) {
   try {
     file.give(plan.expected, plan.contents);
-  } catch (...) {
+  } catch (Failure& failure) {
     if (!file.isReplaced() && result.files.empty()) throw;
-    result.failure = currentFailure();
+    result.failure = std::move(failure);
+  } catch (const std::bad_alloc&) {
+    if (!file.isReplaced() && result.files.empty()) throw;
+    result.failure = std::move(plan.noMemory);
   }
   if (result.failure && !file.isReplaced()) return;
   plan.isDone = true;

@@ -126,7 +126,8 @@ ByteBlock recordsOfSet(FileSystem& files, const DatedSet& set, const SetFile& fi
 
 TakenBack takeBack(FileSystem& files, const DataFolders& folders, DatedCopies& copies, const DatedSet& set,
                    std::span<const SetFile> wanted) {
-  std::vector<SetFile> present = householdFiles(files, folders);
+  std::vector<Failure> unread;  // what is wanted is copied all the same, and the rest stays as it is
+  std::vector<SetFile> present = householdFiles(files, folders, unread);
   for (const SetFile& file : wanted)
     if (std::ranges::find(present, file.place, &SetFile::place) == present.end()) present.push_back(file);
   const std::string copy = copies.copyNow(present);

@@ -142,6 +142,36 @@ TEST_F(DatedCopiesTest, LeaveOutWhatIsNoDataFile) {
               UnorderedElementsAre("ABC-123", "DEF-456", "Gumik.dat", "alkatr.dat", "rendsz.dat", "set.dat"));
 }
 
+TEST_F(DatedCopiesTest, TellWhatIsThereAndNotInThemOnceADay) {
+  disk_.putOther("/p/Szerviz.dat");
+  disk_.put("/p/figyel.dat", std::string(68 * 32'768, 'x'));
+  SafetyNet net(disk_, folders_, clock_);
+  change(disk_);
+  const std::vector<Failure> leftOut = net.copies().takeLeftOut();
+  ASSERT_EQ(leftOut.size(), 2U);
+  EXPECT_EQ(leftOut[0].file(), "/p/Szerviz.dat");
+  EXPECT_EQ(leftOut[0].kind(), FailureKind::NotAFile);
+  EXPECT_EQ(leftOut[1].file(), "/p/figyel.dat");
+  EXPECT_EQ(leftOut[1].kind(), FailureKind::FileTooLong);
+  change(disk_);
+  EXPECT_TRUE(net.copies().takeLeftOut().empty());
+  clock_.day = dayOf({2026, 3, 22});
+  change(disk_);
+  EXPECT_EQ(net.copies().takeLeftOut().size(), 2U);
+}
+
+// Without its list nobody knows the vehicles.
+TEST_F(DatedCopiesTest, TellAVehicleListThatCannotBeRead) {
+  disk_.setModeOf("/p/rendsz.dat", 0);
+  SafetyNet net(disk_, folders_, clock_);
+  change(disk_);
+  const std::vector<Failure> leftOut = net.copies().takeLeftOut();
+  ASSERT_EQ(leftOut.size(), 1U);
+  EXPECT_EQ(leftOut[0].file(), "/p/rendsz.dat");
+  EXPECT_FALSE(disk_.hasFolder(kToday + "/ABC-123"));
+  EXPECT_EQ(disk_.contents(kToday + "/Gumik.dat"), "tyres");
+}
+
 TEST_F(DatedCopiesTest, KeepThePermissionsOfTheFiles) {
   disk_.setModeOf("/p/Gumik.dat", 0440);
   disk_.setModeOf("/p/set.dat", 0600);

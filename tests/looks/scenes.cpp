@@ -6,6 +6,7 @@
 #include <QDateEdit>
 #include <QImage>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPainter>
 #include <QRadioButton>
 #include <QTabWidget>
@@ -212,6 +213,17 @@ void photographPrintedPage(Stage& stage, const QString& name) {
   stage.camera().keep(paper, name);
 }
 
+// A deleted entry, the day's copy that still has it, and the entry back again.
+void photographTakingBack(Stage& stage) {
+  stage.chooseLastRow();
+  stage.withOpenedBy(
+      "cmd_del", [](QWidget& box) { qobject_cast<QMessageBox*>(&box)->button(QMessageBox::Yes)->click(); });
+  stage.shoot("undo");
+  stage.withOpenedByMenu("mnuVisszaallitas",
+                         [&](QWidget& screen) { stage.camera().shoot(screen, QStringLiteral("copies")); });
+  stage.part<QAction>("mnuVisszavonas").trigger();
+}
+
 }  // namespace
 
 void photographAll(Camera& camera, const std::string& household, const std::string& empty) {
@@ -242,6 +254,7 @@ void photographForManual(Camera& camera, const std::string& household) {
     stage.hideChart();
   }
   photographPrintedPage(stage, QStringLiteral("print"));
+  photographTakingBack(stage);
 }
 
 }  // namespace tarvik::looks

@@ -10,7 +10,7 @@ namespace tarvik::looks {
 /// its folder, the first start in an empty one.
 void photographAll(Camera& camera, const std::string& household, const std::string& empty);
 
-/// Photographs what the manual shows beyond that: more charts and a printed page.
+/// Photographs what the manual shows beyond that: more charts, a printed page, and the ways back.
 void photographForManual(Camera& camera, const std::string& household);
 
 }  // namespace tarvik::looks

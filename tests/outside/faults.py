@@ -8,6 +8,7 @@ import subprocess
 from accessible import wait_for
 
 ATTACH_LIMIT_SECONDS = 10
+KILL = "KILL"
 
 
 def can_inject():
@@ -20,18 +21,20 @@ def can_inject():
 
 class Refused:
     """While a `with` lasts, the calls of these names fail for the program with this error: Refused(program,
-    "fsync", "EIO")."""
+    "fsync", "EIO"). With `nth` the call of that number alone fails; KILL as the error ends the program there."""
 
-    def __init__(self, program, calls, error):
+    def __init__(self, program, calls, error, nth=None):
         self._program = program
         self._calls = calls
-        self._error = error
+        self._fault = "signal=KILL" if error == KILL else f"error={error}"
+        if nth is not None:
+            self._fault += f":when={nth}"
         self._log = program.folder / "refused.log"
         self._tracer = None
 
     def __enter__(self):
         command = ["strace", "-p", str(self._program.process.pid), "-o", str(self._log), "-e",
-                   f"trace={self._calls}", "-e", f"inject={self._calls}:error={self._error}"]
+                   f"trace={self._calls}", "-e", f"inject={self._calls}:{self._fault}"]
         self._tracer = subprocess.Popen(command, stdin=subprocess.DEVNULL, stderr=subprocess.PIPE)
         ready = select.select([self._tracer.stderr], [], [], ATTACH_LIMIT_SECONDS)[0]
         told = os.read(self._tracer.stderr.fileno(), 4096) if ready else b""
@@ -43,7 +46,8 @@ class Refused:
         self._tracer.terminate()
         self._tracer.wait()
         self._tracer.stderr.close()
-        self.happened = "(INJECTED)" in self._log.read_text()
+        log = self._log.read_text()
+        self.happened = "(INJECTED)" in log or "killed by SIGKILL" in log
         self._log.unlink()
 
 

@@ -16,6 +16,13 @@ bool isOfFile(const DiskStep& step) {
   return step.kind == Kind::Write || step.kind == Kind::Length;
 }
 
+// A folder whose move was lost still has its old name: what was done in it afterwards was done there.
+void moveBack(std::string& path, const std::vector<const DiskStep*>& lostMoves) {
+  for (const DiskStep* const move : lostMoves)
+    if (path == move->path || path.starts_with(move->path + "/"))
+      path = move->from + path.substr(move->path.size());
+}
+
 bool isSyncOfFolderOf(const DiskStep& sync, const std::string& path) {
   return sync.kind == Kind::SyncFolder && (path.empty() || parentOf(path) == sync.path);
 }
@@ -89,8 +96,15 @@ std::size_t CrashStates::visit(std::size_t stepsDone, const std::function<void(M
   for (const Choice& kept : found) {
     MemoryFileSystem disk = before_;
     disk.forgetOpenFiles();
-    for (std::size_t i = 0; i < stepsDone; ++i)
-      if (kept[i]) disk.apply(steps_[i]);
+    std::vector<const DiskStep*> lostMoves;
+    for (std::size_t i = 0; i < stepsDone; ++i) {
+      DiskStep step = steps_[i];
+      if (!kept[i] && step.kind == Kind::MoveFolder) lostMoves.push_back(&steps_[i]);
+      if (!kept[i]) continue;
+      moveBack(step.path, lostMoves);
+      moveBack(step.from, lostMoves);
+      disk.apply(step);
+    }
     look(disk);
   }
   return found.size();

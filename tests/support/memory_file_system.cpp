@@ -10,6 +10,7 @@ namespace tarvik::test {
 namespace {
 
 constexpr std::uint64_t kFirstFolderInode = std::uint64_t{1} << 32;
+constexpr std::uint32_t kOwnerReads = 0400;
 constexpr std::uint32_t kOwnerWrites = 0200;
 constexpr std::uint32_t kPrivate = 0600;
 
@@ -104,6 +105,7 @@ void MemoryFileSystem::forgetOpenFiles() {
   for (Node& node : nodes_) node.lockedBy = -1;
 }
 
+// What was made in a folder is lost with it.
 void MemoryFileSystem::apply(const DiskStep& step) {
   while (step.node >= static_cast<int>(nodes_.size())) newNode();
   switch (step.kind) {
@@ -115,13 +117,13 @@ void MemoryFileSystem::apply(const DiskStep& step) {
       names_.erase(step.from);
       [[fallthrough]];
     case DiskStep::Kind::Name:
-      names_[step.path] = step.node;
+      if (isFolder(parentOf(step.path))) names_[step.path] = step.node;
       return;
     case DiskStep::Kind::Unname:
       names_.erase(step.path);
       return;
     case DiskStep::Kind::Folder:
-      folders_.insert(step.path);
+      if (isFolder(parentOf(step.path))) folders_.insert(step.path);
       return;
     case DiskStep::Kind::NoFolder:
       folders_.erase(step.path);
@@ -147,7 +149,8 @@ int MemoryFileSystem::open(const std::string& path, OpenMode mode) {
     record({.kind = DiskStep::Kind::Name, .node = names_[name], .path = name});
   }
   const int node = names_[name];
-  if (!isToRead(mode) && (nodeAt(node).mode & kOwnerWrites) == 0) return refuse(EACCES);
+  const std::uint32_t wanted = isToRead(mode) ? kOwnerReads : kOwnerReads | kOwnerWrites;
+  if ((nodeAt(node).mode & wanted) != wanted) return refuse(EACCES);
   descriptors_.push_back({node, name, true, !isToRead(mode)});
   return static_cast<int>(descriptors_.size()) - 1;
 }

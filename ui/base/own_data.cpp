@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "core/data_files.h"
+#include "core/dated_sets.h"
 #include "core/failure.h"
 #include "core/text.h"
 
@@ -13,12 +13,9 @@ namespace {
 // The household's own and the logbook of each listed car, from either folder: not all need be there.
 std::vector<std::string> dataFiles(const Context& context) {
   std::vector<std::string> paths;
-  for (const std::string& folder : {context.folders.program, context.folders.current}) {
-    for (const core::DataFileKind& kind : core::kSharedFiles)
-      paths.push_back(folder + '/' + std::string(kind.name));
-    for (const std::string& plate : core::platesIn(context.files, folder))
-      paths.push_back(context.folders.logbook(plate));
-  }
+  std::vector<core::Failure> unread;  // a list that cannot be read names nobody
+  for (core::SetFile& file : core::householdFiles(context.files, context.folders, unread))
+    paths.push_back(std::move(file.place));
   return paths;
 }
 

@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QTimer>
+#include <algorithm>
 #include <utility>
 
 #include "ui/base/guarded.h"
@@ -43,21 +44,40 @@ QLineEdit* fieldOf(QObject* part) {
   return hasField ? part->findChild<QLineEdit*>() : nullptr;
 }
 
-// The change itself went through, so it is told behind it.
-void tellMissingCopy(Context& context) {
-  const std::optional<core::Failure> failure = context.safety.copies().takeFailure();
-  if (!failure) return;
-  const QString text = failureText(
-      *failure,
-      {.failed = QStringLiteral("A mai mentés nem készült el, a módosítás viszont megtörtént."),
-       .unsure = QStringLiteral("A mai mentés lehet, hogy nem készült el, a módosítás viszont megtörtént.")});
-  QTimer::singleShot(0, qApp, [text] { tell(QApplication::activeWindow(), text); });
-}
-
 QString filesOf(const std::vector<std::string>& paths) {
   QStringList names;
   for (const std::string& path : paths) names.append(toQt(path));
   return names.join(QLatin1Char('\n'));
+}
+
+const QString kNoCopy = QStringLiteral("A mai mentés nem készült el, a módosítás viszont megtörtént.");
+const QString kUnsureCopy =
+    QStringLiteral("A mai mentés lehet, hogy nem készült el, a módosítás viszont megtörtént.");
+
+// The first is told with its cause. A vehicle list takes the logbooks of its vehicles along.
+QString leftOutText(const std::vector<core::Failure>& leftOut) {
+  std::vector<std::string> paths;
+  for (const core::Failure& failure : leftOut) paths.push_back(failure.file());
+  QString words = QStringLiteral("A mai mentésből kimaradt:\n") + filesOf(paths);
+  const auto isVehicleList = [](const std::string& path) {
+    return path.ends_with(core::kSharedFiles.front().name);
+  };
+  if (std::ranges::any_of(paths, isVehicleList))
+    words += QStringLiteral("\nés ezzel minden napló, amelynek ez a lista mondja meg a rendszámát");
+  words += QStringLiteral("\n\nA módosítás megtörtént.");
+  return failureText(leftOut.front(), {.failed = words, .unsure = words});
+}
+
+// The change itself went through, so it is told behind it.
+void tellCopy(Context& context) {
+  core::DatedCopies& copies = context.safety.copies();
+  QString text;
+  if (const std::optional<core::Failure> failure = copies.takeFailure())
+    text = failureText(*failure, {.failed = kNoCopy, .unsure = kUnsureCopy});
+  else if (const std::vector<core::Failure> leftOut = copies.takeLeftOut(); !leftOut.empty())
+    text = leftOutText(leftOut);
+  if (text.isEmpty()) return;
+  QTimer::singleShot(0, qApp, [text] { tell(QApplication::activeWindow(), text); });
 }
 
 }  // namespace
@@ -111,7 +131,7 @@ void UndoLine::travel(Direction direction) {
              : QStringLiteral("Újra megtéve: %1 – visszavonás: Ctrl+Z").arg(toQt(travelled.name)));
   emit context_.news.stepsChanged();
   tellHalf(travelled, direction);
-  tellMissingCopy(context_);
+  tellCopy(context_);
 }
 
 void UndoLine::tellHalf(const core::Travelled& travelled, Direction direction) {
@@ -183,7 +203,7 @@ Step::~Step() {
   emit line_->context().news.stepsChanged();
   line_->forgetTyping();
   line_->say(done_ + QStringLiteral(" – visszavonás: Ctrl+Z"));
-  tellMissingCopy(line_->context());
+  tellCopy(line_->context());
 }
 
 }  // namespace tarvik::ui

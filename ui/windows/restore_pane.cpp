@@ -29,7 +29,7 @@ namespace tarvik::ui {
 namespace {
 
 // The size of the windows where the display has room, in steps of the grid.
-constexpr QSize kWishedSteps{84, 48};
+constexpr QSize kWishedSteps{100, 56};
 
 // Their parts' names begin with what they are, as the system's do.
 QListWidget* listNamed(const QString& name, const QString& spoken, QWidget* parent) {
@@ -76,6 +76,7 @@ void showLog(core::Logbook logbook, const QString& title, QWidget* parent) {
   addClosing(screen, *layout);
   keepWithinReach(screen);
   openInTheMiddle(screen, kWishedSteps * gridStep());
+  list->setFocus();
   screen.exec();
 }
 
@@ -89,6 +90,9 @@ RestorePane::RestorePane(Context& context, QWidget* parent)
       look_(buttonNamed(QStringLiteral("cmdMentesNezet"), QStringLiteral("&Napló megnézése…"), this)),
       take_(buttonNamed(QStringLiteral("cmdVisszaallit"), QStringLiteral("Vi&sszaállítás"), this)) {
   build();
+  lines_->setWordWrap(true);
+  lines_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  lines_->setResizeMode(QListView::Adjust);
   new ListHint(*sets_, QStringLiteral("Még nincs mentés.\nMinden nap az első módosítás előtt készül egy."));
   connect(sets_, &QListWidget::currentRowChanged, this, [this] { guarded(window(), [this] { compare(); }); });
   connect(lines_, &QListWidget::currentRowChanged, this, &RestorePane::enableButtons);
@@ -224,7 +228,9 @@ void openRestoreScreen(Context& context, QWidget* parent) {
   screen.setObjectName(QStringLiteral("RestoreScreen"));
   screen.setWindowTitle(QStringLiteral("Visszaállítás mentésből"));
   auto* layout = new QVBoxLayout(&screen);
-  layout->addWidget(new RestorePane(context, &screen), 1);
+  auto* pane = new RestorePane(context, &screen);
+  pane->layout()->setContentsMargins({});
+  layout->addWidget(pane, 1);
   addClosing(screen, *layout);
   makeAccessible(screen);
   new UndoLine(context, screen, *layout, [](const core::Travelled&) {});

@@ -4,11 +4,14 @@
 #include <QHeaderView>
 #include <QListWidget>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QTextStream>
 
 #include "exchange/own_format.h"
 #include "tests/ui/main_screen.h"
+#include "tests/ui/next_dialog.h"
 #include "tests/ui/screen_test.h"
+#include "tests/ui/support.h"
 #include "ui/exchange/import_preview.h"
 #include "ui/lists/list_view.h"
 #include "ui/windows/figy.h"
@@ -324,6 +327,32 @@ class ContractTest : public QObject {
   void theKmAlert() { compareShown<ui::riaszt>(main_.context, QString(), nullptr); }
   void theDateAlert() { compareShown<ui::frmDatumFigyelmeztetes>(main_.context, nullptr); }
   void theChartChooser() { compareShown<ui::frmMelyGrafikon>(main_.context, QPoint(), nullptr); }
+  void theCopies() {
+    onNextDialog<QDialog>([](QDialog& screen) {
+      const auto closed = qScopeGuard([&] { screen.close(); });
+      compareWithPage(screen);
+      tryWithoutEyesAndMouse(screen);
+    });
+    main_.chooseItem("mnuVisszaallitas");
+  }
+  void theLogOfACopy() {
+    MainScreen main;
+    const std::string entry = toText(core::encoded(fuelling({2026, 11, 19}, 10'000, 300'000, true)));
+    for (const char* folder : {"ABC123", "Mentések", "Mentések/2026-11-20", "Mentések/2026-11-20/ABC123"})
+      main.folder.makeFolder(folder);
+    main.folder.write("Mentések/2026-11-20/ABC123/napiadat.dat", entry);
+    main.open();
+    onNextDialog<QDialog>([](QDialog& screen) {
+      const auto closed = qScopeGuard([&] { screen.close(); });
+      part<QListWidget>(screen, "listKulonbsegek")->setCurrentRow(0);
+      onNextDialog<QDialog>([](QDialog& log) {
+        const auto closedToo = qScopeGuard([&] { log.close(); });
+        compareWithPage(log);
+      });
+      press(*part<QPushButton>(screen, "cmdMentesNezet"));
+    });
+    main.chooseItem("mnuVisszaallitas");
+  }
   // A file that leaves every question open, and one of this program that leaves none.
   void theImportPreview() {
     const std::string text =

@@ -10,9 +10,11 @@
 #include "tests/ui/screen_test.h"
 #include "tests/ui/support.h"
 #include "tyres/tyre_set.h"
+#include "ui/chart/chart_view.h"
 #include "ui/lists/list_delegate.h"
 #include "ui/lists/list_view.h"
 #include "ui/windows/frmGumik.h"
+#include "ui/windows/frmMelyGrafikon.h"
 #include "ui/windows/frmSetup.h"
 #include "ui/windows/frmSzerviz.h"
 
@@ -25,9 +27,11 @@ namespace {
 struct Household : MainScreen {
   Household() {
     folder.write("rendsz.dat", "ABC123  \x2D" + std::string(1, '\0') + "XYZ789  \x3C" + std::string(1, '\0'));
-    writeLogbook("ABC123", {fuelling({2026, 3, 1}, 10'000, 405'000, true, 16'200),
-                            fuelling({2026, 3, 21}, 10'400, 300'000, true, 12'000),
-                            fuelling({2026, 4, 2}, 10'800, 310'000, true, 12'500)});
+    std::vector entries{fuelling({2026, 3, 1}, 10'000, 405'000, true, 16'200),
+                        fuelling({2026, 3, 21}, 10'400, 300'000, true, 12'000),
+                        fuelling({2026, 4, 2}, 10'800, 310'000, true, 12'500)};
+    for (core::NapiAdat& entry : entries) entry.FtPerLiter = {4'000'000};
+    writeLogbook("ABC123", entries);
     writeLogbook("XYZ789", {fuelling({2026, 5, 1}, 500, 200'000, true, 8'000)});
     tyres::TyreSet set;
     set.plate = core::FixedText<10>("ABC123");
@@ -56,6 +60,19 @@ struct Household : MainScreen {
   }
   QString line() { return find<QLabel>("lbTortent")->text(); }
   QString undoItem() { return find<QAction>("mnuVisszavonas")->text(); }
+  // What is said of the whole list, and then of the chosen entry.
+  QStringList totals() {
+    QStringList texts{label("lbNaplo"), edit("txKmOra")->placeholderText()};
+    for (const char* name :
+         {"tx_teljes_ktg", "ob_ktg", "txAlkatreszKoltseg", "tx_megtett_km", "tx_liter", "tx_fogyaszt"})
+      texts << edit(name)->text();
+    return texts;
+  }
+  QStringList figures() {
+    QStringList texts = totals();
+    for (const char* name : {"lbPillAtlag", "lbDatum", "lbKm", "lb_ft_km"}) texts << label(name);
+    return texts << edit("txKmOra")->text();
+  }
   QString marked() { return qobject_cast<ui::ListDelegate*>(list()->itemDelegate())->marked(); }
 };
 
@@ -222,6 +239,72 @@ class UndoTest : public QObject {
     QCoreApplication::processEvents();
     QCOMPARE(boxes.seen.size(), 3);
     QCOMPARE(main.rows(), 1);
+  }
+
+  void whatIsMissingInTheDaysCopyIsToldOnce() {
+    Household main;
+    std::filesystem::create_directory(main.folder.path() + "/Szerviz.dat");
+    main.clickRow(1);
+    BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok, QMessageBox::Yes});
+    main.press("cmd_del");
+    QTRY_COMPARE(boxes.seen.size(), 2);
+    const QString path = QString::fromStdString(main.folder.path()) + "/Szerviz.dat";
+    QCOMPARE(boxes.seen[1].text, "A fájl nem nyitható meg:\n" + path +
+                                     "\n(ez egy mappa, nem fájl)\n\nA mai mentésből kimaradt:\n" + path +
+                                     "\n\nA módosítás megtörtént.");
+    QVERIFY(main.folder.has("Mentések/2026-11-21/ABC123/napiadat.dat"));
+    main.clickRow(0);
+    main.press("cmd_del");
+    QCoreApplication::processEvents();
+    QCOMPARE(boxes.seen.size(), 3);
+    QCOMPARE(main.rows(), 1);
+  }
+
+  void aVehicleListThatCannotBeReadTakesTheLogbooksAlong() {
+    Household main;
+    main.folder.write("rendsz.dat", std::string(std::size_t{10} * 32'768, ' '));  // longer than numbers reach
+    main.clickRow(1);
+    BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
+    main.press("cmd_del");
+    QTRY_COMPARE(boxes.seen.size(), 2);
+    QVERIFY(
+        boxes.seen[1].text.endsWith("/rendsz.dat\nés ezzel minden napló, amelynek ez a lista mondja meg a "
+                                    "rendszámát\n\nA módosítás megtörtént."));
+    QCOMPARE(main.rows(), 2);
+  }
+
+  void totalsStatisticsTheCuesAndTheLineOfTheListFollowAnUndoing() {
+    Household main;
+    const auto choose = [&main](int row) {
+      main.clickRow(row);
+      return main.figures();
+    };
+    const QStringList before = choose(2);
+    main.deleteRow(1);
+    const QStringList after = main.totals();
+    QVERIFY(after != before.first(after.size()));
+    main.undo(main.list());
+    QCOMPARE(main.totals(), before.first(after.size()));
+    QCOMPARE(choose(2), before);
+    main.redo(main.list());
+    QCOMPARE(main.totals(), after);
+  }
+
+  void aChartThatIsShownFollowsAnUndoing() {
+    Household main;
+    main.deleteRow(1);
+    onNextDialog<ui::frmMelyGrafikon>([](ui::frmMelyGrafikon& chooser) {
+      test::press(*part<QRadioButton>(chooser, "Option2"));
+      test::press(*part<QPushButton>(chooser, "cmdMegjelenit"));
+    });
+    main.press("cmdGrafikon");
+    auto* chart = main.find<ui::ChartView>("MSChart1");
+    QCOMPARE(chart->rowCount(), 2);
+    main.undo(chart);
+    QCOMPARE(chart->rowCount(), 3);
+    QVERIFY(chart->isVisible());
+    main.redo(chart);
+    QCOMPARE(chart->rowCount(), 2);
   }
 
   void aCopyIsTakenBackFromTheMenuAndThatIsUndoneToo() {
