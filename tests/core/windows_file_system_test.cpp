@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 
@@ -111,6 +112,25 @@ TEST_F(WindowsFileSystemTest, NamesAreKeptLetterByLetter) {
   { const OpenFile file = opened(path, OpenMode::CreateNew); }
   const auto wide = std::filesystem::path(folder_.path()) / L"\u0150ri \u00FAt \u2013 \u65E5\u672C.dat";
   EXPECT_TRUE(std::filesystem::exists(wide));
+}
+
+TEST_F(WindowsFileSystemTest, AFolderIsListedRenamedAndGoesWhenItIsEmpty) {
+  const std::string sets = folder_ / "Mentések";
+  const std::string set = sets + "/2026-03-21";
+  ASSERT_EQ(files_.makeFolder(sets), 0);
+  ASSERT_EQ(files_.makeFolder(set + ".tmp"), 0);
+  ASSERT_EQ(files_.rename(set + ".tmp", set), 0);
+  files_.close(files_.open(sets + "/zár", OpenMode::Create));
+  Names names;
+  ASSERT_EQ(files_.list(sets, names), 0);
+  std::ranges::sort(names);
+  EXPECT_EQ(names, (Names{"2026-03-21", "zár"}));
+  EXPECT_EQ(files_.removeFolder(sets), -1);
+  EXPECT_EQ(errno, ENOTEMPTY);
+  EXPECT_EQ(files_.removeFolder(set), 0);
+  names.clear();
+  EXPECT_EQ(files_.list(set, names), -1);
+  EXPECT_EQ(errno, ENOENT);
 }
 
 TEST_F(WindowsFileSystemTest, APathIsResolvedAsTheProgramWritesPaths) {

@@ -84,8 +84,8 @@ class UndoAndCopies(unittest.TestCase):
 
     def take_back(self, program):
         """Up to the question of a taking back of what differs from the newest set."""
-        self.main(program).part("table", "Napló").focus()
-        keyboard.press("alt+e", "m")
+        self.main(program).part("menu item", "Eszközök").press()
+        self.main(program).part("menu item", "Visszaállítás mentésből…").press()
         screen = program.window("Visszaállítás mentésből")
         button = screen.part("push button", "Visszaállítás")
         wait_for(lambda: button.is_enabled, "something that differs")
