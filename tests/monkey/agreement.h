@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QHash>
+#include <QMainWindow>
+#include <QStringList>
+
+namespace tarvik::monkey {
+
+/// What a person could have set on a screen: each field's, drop-down's, day's, box's and page's value by the
+/// part's name.
+QHash<QString, QString> valuesOf(const QWidget& screen);
+
+/// Looks at the main screen between two acts: what is highlighted is what its buttons act on, and the line
+/// over the list, the list, the totals and the chart speak of one logbook.
+class Agreement {
+ public:
+  explicit Agreement(QString folder) : folder_(std::move(folder)) {}
+
+  /// What does not agree, in words for a developer; nothing where all does.
+  QStringList faultsOf(const QWidget& screen);
+
+ private:
+  void lookAtChoice(const QWidget& screen);
+  void lookAtList(const QWidget& screen);
+  void lookAtTotals(const QWidget& screen, const QString& listed);
+  void lookAtChart(const QWidget& screen, const QString& plate);
+
+  QString folder_;
+  QStringList faults_;
+  QHash<QString, QString> totals_;  // of each list that was seen, by what it shows
+};
+
+}  // namespace tarvik::monkey
