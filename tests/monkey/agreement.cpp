@@ -33,15 +33,6 @@ QString valueOf(const QWidget& part) {
   return button != nullptr && button->isCheckable() ? QString::number(button->isChecked()) : QString();
 }
 
-// A list's texts, row by row.
-QString textOf(const QAbstractItemModel& model) {
-  QStringList texts;
-  for (int row = 0; row < model.rowCount(); ++row)
-    for (int column = 0; column < model.columnCount(); ++column)
-      texts << model.index(row, column).data().toString();
-  return texts.join(QLatin1Char('|'));
-}
-
 }  // namespace
 
 QHash<QString, QString> valuesOf(const QWidget& screen) {
@@ -81,14 +72,17 @@ void Agreement::lookAtList(const QWidget& screen) {
   if (plate != chosen) faults_ << QStringLiteral("the line says %1, chosen is %2").arg(plate, chosen);
   if (!line.endsWith(QStringLiteral(", %1 bejegyzés").arg(rows.rowCount())))
     faults_ << QStringLiteral("the line says \"%1\", the list has %2 rows").arg(line).arg(rows.rowCount());
-  const qint64 stored = QFile(folder_ + '/' + plate + QStringLiteral("/napiadat.dat")).size() / kEntryBytes;
+  QFile logbook(folder_ + '/' + plate + QStringLiteral("/napiadat.dat"));
+  const QByteArray entries = logbook.open(QFile::ReadOnly) ? logbook.readAll() : QByteArray();
+  const qint64 stored = entries.size() / kEntryBytes;
   if (line.contains(QStringLiteral("teljes lista")) && rows.rowCount() != stored)
     faults_ << QStringLiteral("the list has %1 rows, the file %2").arg(rows.rowCount()).arg(stored);
-  lookAtTotals(screen, line + textOf(rows));
+  lookAtTotals(screen, line + QString::number(qHash(entries)));
   lookAtChart(screen, plate);
 }
 
-// The same list has the same totals whatever was done before; one that is of an earlier list says so.
+// The same list of the same entries has the same totals whatever was done before; one that is of an earlier
+// list says so.
 void Agreement::lookAtTotals(const QWidget& screen, const QString& listed) {
   for (const char* name : {"tx_teljes_ktg", "ob_ktg", "txAlkatreszKoltseg", "tx_megtett_km", "tx_liter"}) {
     const auto& total = part<QLineEdit>(screen, QString::fromLatin1(name));

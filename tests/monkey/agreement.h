@@ -27,7 +27,7 @@ class Agreement {
 
   QString folder_;
   QStringList faults_;
-  QHash<QString, QString> totals_;  // of each list that was seen, by what it shows
+  QHash<QString, QString> totals_;  // of each list that was seen, by its line and entries
 };
 
 }  // namespace tarvik::monkey
