@@ -51,6 +51,31 @@ class ReminderSwitchTest : public QObject {
     QVERIFY(reminders.timer().isActive());
   }
 
+  // Timers come in the order in which they are due, however late: a check that went on counting would come
+  // before the one beside it.
+  void theFirstCheckComesAFullIntervalAfterTheShowing() {
+    Switch reminders;
+    QStringList came;
+    QTimer& check = reminders.timer();
+    check.setTimerType(Qt::PreciseTimer);
+    check.start(300);
+    QTimer half;
+    QTimer beside;
+    for (QTimer* timer : {&half, &beside}) {
+      timer->setTimerType(Qt::PreciseTimer);
+      timer->setSingleShot(true);
+    }
+    connect(&half, &QTimer::timeout, &half, [&] {
+      beside.start(200);
+      reminders.part.show();
+    });
+    connect(&beside, &QTimer::timeout, &beside, [&] { came << "beside"; });
+    connect(&check, &QTimer::timeout, &check, [&] { came << "check"; });
+    half.start(150);
+    QTRY_VERIFY_WITH_TIMEOUT(came.size() >= 2, 60'000);
+    QCOMPARE(came.first(), "beside");
+  }
+
   void aRestingCheckIsNotStartedByTheShowing() {
     Switch reminders;
     reminders.part.setOn(false);
