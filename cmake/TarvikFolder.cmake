@@ -3,7 +3,8 @@
 add_library(tarvik_options INTERFACE)
 target_include_directories(tarvik_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(tarvik_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
+  $<$<BOOL:${TARVIK_STRICT}>:-Werror>)
 # g++ 12 warns of impossible overlaps inside std::string when it optimises for speed.
 target_compile_options(tarvik_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 

@@ -14,8 +14,8 @@ namespace tarvik::core {
 /// announcement alone.
 struct AnnouncedChange {
   const std::string& path;
-  std::size_t recordLength;  ///< of the file's records, bytes
-  Piece piece;               ///< what becomes another, empty when nothing does
+  std::size_t recordLength = 1;  ///< of the file's records, bytes
+  Piece piece;                   ///< what becomes another, empty when nothing does
   /// All of the file before; nothing where the watcher knows it already.
   std::optional<std::span<const std::byte>> before;
 };

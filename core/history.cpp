@@ -162,9 +162,9 @@ Travelled History::travel(FileSystem& files, std::vector<Step>& from, std::vecto
   const auto isLeft = [&](const FileChange& file) {
     return !std::ranges::find(plans, file.path, &Plan::path)->isDone;
   };
-  const auto back = std::ranges::stable_partition(step.files, isLeft);
-  std::move(back.begin(), step.files.end(), std::back_inserter(moved.files));
-  step.files.erase(back.begin(), step.files.end());
+  const auto back = std::stable_partition(step.files.begin(), step.files.end(), isLeft);
+  std::move(back, step.files.end(), std::back_inserter(moved.files));
+  step.files.erase(back, step.files.end());
   to.push_back(std::move(moved));
   if (step.files.empty()) from.pop_back();
   return result;

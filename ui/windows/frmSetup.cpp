@@ -77,7 +77,7 @@ void frmSetup::connectButtons() {
   onClick(this, ui_->cmdAlkatrDel, &frmSetup::deletePartName);
   onClick(this, ui_->cmdMegjDel, &frmSetup::deleteNote);
   onClick(this, ui_->cmdSetup, &frmSetup::saveStartSettings);
-  connect(ui_->chkRiaszt, &QCheckBox::stateChanged, this, &frmSetup::switchReminders);
+  connect(ui_->chkRiaszt, &QCheckBox::toggled, this, &frmSetup::switchReminders);
   connect(ui_->cmdVissza, &QPushButton::clicked, this, &QDialog::close);
 }
 
