@@ -17,10 +17,27 @@ std::size_t below(Dice& dice, std::size_t most) {
 }
 
 std::string piece(Dice& dice) {
-  const std::vector<std::string> pieces{
-      ",",        ";",          "\n",         "\"",     "\r\n", "Dátum;Km;Liter;Ft\n", "999999999999999999",
-      "\n\n",     "# jegyzet\n", "Összesen;",  "\t",     "-",    "2024.01.32.",         "\xEF\xBF\xBD",
-      "12 kWh",   "1,2,3,4,5,6", "AdBlue",     "\n;;;\n", "'",    "igen",                "2024-02-30"};
+  const std::vector<std::string> pieces{",",
+                                        ";",
+                                        "\n",
+                                        "\"",
+                                        "\r\n",
+                                        "Dátum;Km;Liter;Ft\n",
+                                        "999999999999999999",
+                                        "\n\n",
+                                        "# jegyzet\n",
+                                        "Összesen;",
+                                        "\t",
+                                        "-",
+                                        "2024.01.32.",
+                                        "\xEF\xBF\xBD",
+                                        "12 kWh",
+                                        "1,2,3,4,5,6",
+                                        "AdBlue",
+                                        "\n;;;\n",
+                                        "'",
+                                        "igen",
+                                        "2024-02-30"};
   return pieces[below(dice, pieces.size())];
 }
 
@@ -46,10 +63,11 @@ std::string broken(std::string text, Dice& dice) {
 
 // A table of any columns and any cells.
 std::string generated(Dice& dice) {
-  const std::vector<std::string> heads{"Dátum", "Km",  "Liter", "Ft",   "Egységár", "Tele",    "Megjegyzés",
+  const std::vector<std::string> heads{"Dátum", "Km",   "Liter", "Ft",   "Egységár", "Tele",    "Megjegyzés",
                                        "Date",  "Trip", "kWh",   "Type", "Odometer", "Gallons", "Zutty"};
-  const std::vector<std::string> cells{"2024.01.05.", "05/06/24", "48210", "48 966", "41,27",  "1.589", "igen",
-                                       "",            "x",        "$12",   "€ 60",   "25 575", "-1",    "Szerviz"};
+  const std::vector<std::string> cells{"2024.01.05.", "05/06/24", "48210", "48 966", "41,27",
+                                       "1.589",       "igen",     "",      "x",      "$12",
+                                       "€ 60",        "25 575",   "-1",    "Szerviz"};
   const std::size_t columns = 1 + below(dice, 7);
   std::string text;
   for (std::size_t row = below(dice, 20) + 2; row > 0; --row) {
