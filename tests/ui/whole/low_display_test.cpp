@@ -70,6 +70,13 @@ class LowDisplayTest : public QObject {
     QCOMPARE(scrollBarsOf(*desk.screen), QStringList());
   }
 
+  void theListHasMoreThanFourRowsWithLargerLetters() {
+    Household desk(kLargePoints);
+    const int row = desk.list()->visualRect(desk.list()->model()->index(0, 0)).height();
+    QVERIFY(desk.list()->viewport()->height() > 4 * row);
+    QVERIFY(desk.find<QWidget>("FrameAlkatresz")->x() > desk.find<QWidget>("FrameTank")->geometry().right());
+  }
+
   void theTyresAreWholeWithTheirChangeFrameAndLargerLetters() {
     Household desk(kLargePoints);
     ui::frmGumik tyres(desk.context, "ABC-123", {"ABC-123"}, nullptr);
