@@ -91,6 +91,8 @@ QString fieldName(const std::string& field) {
       {"lbKoltseg", "Költség összesen"},
       {"txtSzervizKoltseg", "Költség"},
       {"txtKMora", "Km. óra állás"},
+      {"Datum", "Dátum"},
+      {"Mikor", "Figyelmeztetés dátuma"},
   };
   return names.value(toQt(field), toQt(field));
 }
