@@ -353,10 +353,11 @@ void unknownWordsForAFullTankAreAskedFor() {
 void everyColumnHasItsMeaningOverIt() {
   Import import;
   QVERIFY(import.take(
-      "mikor volt;ennyit ment;ennyi kellett;ennyibe fájt\nalma;1000;40;24000\n2012.01.05.;1500;41;24600\n",
+      "A&B <b>%1;ennyit ment;ennyi kellett;ennyibe fájt\nalma;1000;40;24000\n2012.01.05.;1500;41;24600\n",
       [](ui::ImportPreview& preview) {
         auto* first = test::part<QComboBox>(preview, "cmbOszlop_0");
-        QCOMPARE(first->accessibleName(), QStringLiteral("A(z) „mikor volt” oszlop jelentése"));
+        QCOMPARE(first->accessibleName(), QStringLiteral("A(z) „A&B <b>%1” oszlop jelentése"));
+        QCOMPARE(test::part<QLabel>(preview, "lbOszlop_0")->text(), QStringLiteral("A&B <b>%1"));
         choose(preview, "cmbOszlop_0", static_cast<int>(exchange::Meaning::Day));
         choose(preview, "cmbOszlop_1", static_cast<int>(exchange::Meaning::Odometer));
         QCOMPARE(state(preview), QStringLiteral("Válaszd ki, melyik oszlop a tankolt mennyiség!"));
