@@ -23,6 +23,7 @@
 #include "ui/windows/frmGumik.h"
 #include "ui/windows/frmSetup.h"
 #include "ui/windows/frmSzerviz.h"
+#include "ui/windows/restore_pane.h"
 #include "ui/windows/riaszt.h"
 
 // Every question, message and file dialog that a person can bring up, beside tests/ui/contract/boxes.txt.
@@ -104,6 +105,7 @@ class BoxesTest : public QObject {
     main.press("cmd_lista");
     main.press("cmdSzürés");
     main.clickRow(0);
+    expect("record-again", [&] { main.press("cmd_rogzit"); });
     expect("modify", [&] { main.press("cmd_modosit"); });
     expect("delete", [&] { main.press("cmd_del"); });
     main.type("Combo1", "");
@@ -160,11 +162,27 @@ class BoxesTest : public QObject {
     typeInto(*part<QLineEdit>(screen, "tx_szoveg"), "Fék");
     expect("record-km-reminder", [&] { press("cmd_rogzit"); });
     clickRow(*part<ui::ListView>(screen, "ListView1"), 0);
+    expect("record-km-reminder-again", [&] { press("cmd_rogzit"); });
     expect("delete-km-reminder", [&] { press("cmd_del"); });
     openPage(*part<QTabWidget>(screen, "SSTab1"), 1);
     expect("record-date-reminder", [&] { press("cmdRogzit2"); });
+    typeInto(*part<QLineEdit>(screen, "txtMire"), "Adó");
+    expect("record-date-reminder-again", [&] { press("cmdRogzit2"); });
     clickRow(*part<ui::ListView>(screen, "ListView2"), 0);
     expect("delete-date-reminder", [&] { press("cmdDel2"); });
+  }
+
+  void theBoxOfTakingBack() {
+    Desk desk;
+    for (const char* folder : {"ABC123", "Mentések", "Mentések/2013-07-01", "Mentések/2013-07-01/ABC123"})
+      desk.program.makeFolder(folder);
+    desk.program.write("Mentések/2013-07-01/ABC123/napiadat.dat",
+                       toText(core::encoded(fuelling({2013, 6, 1}, 10000, 300'000, true))));
+    onNextDialog<QDialog>([&](QDialog& screen) {
+      expect("take-back", [&] { press(*part<QPushButton>(screen, "cmdVisszaallit")); });
+      screen.close();
+    });
+    ui::openRestoreScreen(desk.context, nullptr);
   }
 
   void theAlertsBoxes() {
