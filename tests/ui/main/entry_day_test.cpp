@@ -22,7 +22,11 @@ struct Day : MainScreen {
     if (isShown != find<QPushButton>("cmdMa")->isVisible()) qFatal("the cue and the button part");
     return isShown;
   }
-  void lookAtClock() { QMetaObject::invokeMethod(find<QTimer>("midnight"), "timeout"); }
+  void lookAtClock() {
+    auto* const timer = find<QTimer>("midnight");
+    if (!timer->isActive()) qFatal("nobody looks at the clock");
+    QMetaObject::invokeMethod(timer, "timeout");
+  }
   void passMidnight() {
     ++clock.day.number;
     lookAtClock();
