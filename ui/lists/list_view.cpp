@@ -1,10 +1,11 @@
 #include "ui/lists/list_view.h"
 
 #include <QHeaderView>
+#include <QResizeEvent>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 
 #include "ui/lists/list_accessible.h"
-
 #include "ui/lists/list_delegate.h"
 
 namespace tarvik::ui {
@@ -77,6 +78,15 @@ int ListView::accessiblePlace(int number) const {
   if (!isQtTelling_ || shownColumns() < 1) return number;
   const int counted = shownColumns() + 1;
   return number / counted * shownColumns() + qMin(number % counted, shownColumns() - 1);
+}
+
+// What was recorded is at the end, and the line that says so takes its room from the list.
+void ListView::resizeEvent(QResizeEvent* event) {
+  const QScrollBar& bar = *verticalScrollBar();
+  const bool staysAtEnd =
+      isVisible() && bar.value() == bar.maximum() && event->size().height() < event->oldSize().height();
+  QTreeView::resizeEvent(event);
+  if (staysAtEnd) scrollToBottom();
 }
 
 void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {

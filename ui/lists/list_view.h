@@ -7,7 +7,8 @@
 namespace tarvik::ui {
 
 /// A list of rows in columns: whole rows are selected one at a time, all rows have one height, and the
-/// model's last column (the record number) is hidden. The highlighted row is the chosen one, see RowChoice.
+/// model's last column (the record number) is hidden. The highlighted row is the chosen one, see RowChoice. A
+/// list that shows its last row goes on showing it when something takes room from it.
 class ListView : public QTreeView {
   Q_OBJECT
 
@@ -41,6 +42,7 @@ class ListView : public QTreeView {
   int accessiblePlace(int number) const;
 
  protected:
+  void resizeEvent(QResizeEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 

@@ -51,6 +51,25 @@ class ListViewTest : public QObject {
   Q_OBJECT
 
  private slots:
+  void theLastRowStaysInSightWhenTheListGetsLower() {
+    Shown list;
+    list.model.setRows(std::vector<TextRow>(100, {{"B", "10"}, "4"}));
+    const QModelIndex first = list.model.index(0, 0);
+    const QModelIndex last = list.model.index(99, 0);
+    const auto isSeen = [&](const QModelIndex& row) {
+      return list.view.viewport()->rect().contains(list.view.visualRect(row));
+    };
+    QVERIFY(isSeen(first));
+    list.view.resize(500, 270);
+    QVERIFY(isSeen(first));
+    list.view.scrollToBottom();
+    list.view.resize(500, 240);
+    QVERIFY(isSeen(last));
+    list.view.scrollToTop();
+    list.view.resize(500, 210);
+    QVERIFY(isSeen(first));
+  }
+
   void itIsAFlatListOfWholeRowsThatNobodyEdits() {
     const Shown list;
     QVERIFY(!list.view.rootIsDecorated());
