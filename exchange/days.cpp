@@ -259,6 +259,15 @@ bool readsOthers(const Trial& trial, const Trial& best) {
   return others >= kFewest;
 }
 
+// Whether every day that an order reads has its year of four digits in front: it is the same in every order.
+bool startWithYear(std::span<const DatedReading> rows, const Trial& trial) {
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    const std::string_view year = core::trimmed(rows[i].day).substr(0, 4);
+    if (trial.days[i] && !(year.size() == 4 && std::ranges::all_of(year, isDigit))) return false;
+  }
+  return trial.read > 0;
+}
+
 ShownDayOrder shownOf(const std::vector<Trial>& trials) {
   const Trial& best = trials.front();
   ShownDayOrder shown{.possible = {best.order}};
@@ -295,7 +304,9 @@ ShownDayOrder shownDayOrder(std::span<const DatedReading> days) {
   std::ranges::stable_sort(trials, [](const Trial& a, const Trial& b) {
     return a.read != b.read ? a.read > b.read : a.against < b.against;
   });
-  return shownOf(trials);
+  ShownDayOrder shown = shownOf(trials);
+  if (shown.isCertain() && startWithYear(days, trials.front())) shown.possible = {DayOrder::YearFirst};
+  return shown;
 }
 
 }  // namespace tarvik::exchange

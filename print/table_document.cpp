@@ -30,7 +30,7 @@ std::vector<RuledColumn> TableDocument::columns() const {
 
 Page TableDocument::page(int number) const {
   const std::vector<RuledColumn> columns = this->columns();
-  const auto first = static_cast<std::size_t>((number - 1) * kRowsPerPage);
+  const auto first = static_cast<std::size_t>(number - 1) * kRowsPerPage;
   const std::size_t end = std::min(first + kRowsPerPage, rows_.size());
   Page page;
   addHead(page, columns, heading_);
