@@ -24,6 +24,7 @@
 #include "ui/windows/frmMelyGrafikon.h"
 #include "ui/windows/frmSetup.h"
 #include "ui/windows/frmSzerviz.h"
+#include "ui/windows/restore_pane.h"
 #include "ui/windows/riaszt.h"
 
 // One walk through all screens and all their parts at every size of letters that people use: what is shown
@@ -273,10 +274,16 @@ class LookTest : public QObject {
     test::part<QTabWidget>(reminders, "SSTab1")->setCurrentIndex(1);
     check(reminders);
     ui::frmSetup settings(desk.context, {}, nullptr);
-    for (int page = 0; page < 3; ++page) {
-      test::part<QTabWidget>(settings, "SSTab1")->setCurrentIndex(page);
+    auto* const pages = test::part<QTabWidget>(settings, "SSTab1");
+    for (int page = 0; page < pages->count(); ++page) {
+      pages->setCurrentIndex(page);
       check(settings);
     }
+    test::onNextDialog<QDialog>([](QDialog& wayBack) {
+      check(wayBack);
+      wayBack.close();
+    });
+    ui::openRestoreScreen(desk.context, nullptr);
     ui::frmGumik tyres(desk.context, "ABC-123", {"ABC-123"}, nullptr);
     check(tyres);
     test::part<QGroupBox>(tyres, "frameGumiModosit")->show();
