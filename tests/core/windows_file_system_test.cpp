@@ -55,6 +55,11 @@ class WindowsFileSystemTest : public testing::Test {
   OpenFile opened(const std::string& path, OpenMode mode) {
     return OpenFile(files_, files_.open(path, mode));
   }
+  // The errno of a file that cannot be opened.
+  int errorOf(const std::string& path, OpenMode mode) {
+    EXPECT_EQ(files_.open(path, mode), -1) << path;
+    return errno;
+  }
   void rewrite(std::string_view record) {
     RecordFile file(files_, path_, kLength);
     file.rewrite(file.seen(1), bytes(record));
@@ -70,10 +75,6 @@ using Names = std::vector<std::string>;
 TEST_F(WindowsFileSystemTest, ErrorsAreTheNumbersThatTheProgramKnows) {
   folder_.makeFolder("folder");
   folder_.write("data.dat", "AAAA");
-  const auto errorOf = [&](const std::string& path, OpenMode mode) {
-    EXPECT_EQ(files_.open(path, mode), -1) << path;
-    return errno;
-  };
   EXPECT_EQ(errorOf(folder_ / "gone", OpenMode::Read), ENOENT);
   EXPECT_EQ(errorOf(folder_ / "gone/gone", OpenMode::Create), ENOENT);
   EXPECT_EQ(errorOf(path_, OpenMode::CreateNew), EEXIST);
