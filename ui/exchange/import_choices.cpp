@@ -23,23 +23,26 @@ struct Money {
   const char* name;
 };
 
-constexpr Money kMoney[] = {{"HUF", "forint"},        {"EUR", "euró"},         {"USD", "amerikai dollár"},
-                            {"GBP", "angol font"},    {"CHF", "svájci frank"}, {"CZK", "cseh korona"},
-                            {"PLN", "lengyel zloty"}, {"RON", "román lej"},    {"RSD", "szerb dinár"},
-                            {"UAH", "ukrán hrivnya"}, {"XXX", "más pénznem"}};
+// The code of ISO 4217 for no currency: the person knows which it is, and names its rate alone.
+constexpr const char* kUnlisted = "XXX";
+
+constexpr Money kMoney[] = {{"HUF", "forint"},        {"EUR", "euró"},           {"USD", "amerikai dollár"},
+                            {"GBP", "angol font"},    {"CHF", "svájci frank"},   {"CZK", "cseh korona"},
+                            {"PLN", "lengyel zloty"}, {"RON", "román lej"},      {"RSD", "szerb dinár"},
+                            {"UAH", "ukrán hrivnya"}, {kUnlisted, "más pénznem"}};
 
 QStringList moneyNames() {
   QStringList names;
   for (const Money& money : kMoney)
     names.append(
-        money.code == std::string("XXX")
+        money.code == std::string(kUnlisted)
             ? QString::fromUtf8(money.name)
             : QStringLiteral("%1 (%2)").arg(QString::fromUtf8(money.name), QString::fromUtf8(money.code)));
   return names;
 }
 
 QString rateLabel(const std::string& currency) {
-  if (currency == "XXX") return QStringLiteral("A fájl pénzneme hány &forint:");
+  if (currency == kUnlisted) return QStringLiteral("A fájl pénzneme hány &forint:");
   return QStringLiteral("1 %1 hány &forint:").arg(toQt(currency));
 }
 
