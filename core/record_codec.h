@@ -111,14 +111,19 @@ struct Field {
 template <typename Record, typename Value>
 Field(const char*, Value Record::*) -> Field<Record, Value>;
 
+/// The sum of the widths of a record type's fields.
+template <typename R>
+constexpr std::size_t widthOfFields() {
+  return std::apply([](const auto&... field) { return (field.kWidth + ... + 0); }, R::kFields);
+}
+
 /// A record type: kFields is a tuple of its Field in the order of the file, which is that of its members,
 /// without gaps between them, and kLength the sum of their widths.
 template <typename R>
 concept Record = requires {
   R::kFields;
-  R::kLength;
 }
-&&std::apply([](const auto&... field) { return (field.kWidth + ... + 0) == R::kLength; }, R::kFields);
+&&widthOfFields<R>() == R::kLength;
 
 /// Calls visit(field, offset) for each field of a record type in the order of the file.
 template <Record R, typename Visit>
