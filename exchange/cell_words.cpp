@@ -9,74 +9,29 @@
 namespace tarvik::exchange {
 namespace {
 
-constexpr auto kYes =
-    std::to_array<std::string_view>({"YES",         "Y",         "TRUE",        "T",
-                                     "1",           "X",         "FULL",        "JA",
-                                     "J",           "WAHR",      "VOLL",        "VOLLBETANKUNG",
-                                     "VOLLTANKUNG", "VOLLTANK",  "VOLLGETANKT", "IGEN",
-                                     "I",           "IGAZ",      "TELE",        "TELI",
-                                     "TELETANK",    "1 0",       "OUI",         "PLEIN",
-                                     "SI",          "S",         "SIM",         "PIENO",
-                                     "COMPLETO",    "LLENO",     "CHEIO",       "TAK",
-                                     "PELNY",       "PELNE",     "ANO",         "PLNA",
-                                     "DA",          "PLIN",      "POLNYI",      "VRAI",
-                                     "VERO",        "VERDADERO", "VERDADEIRO",  "PRAWDA",
-                                     "PRAVDA",      "FULL TANK", "FULL FILL",   "FULL UP",
-                                     "FULLTANK",    "ON",        "FIRST",       "ERSTBETANKUNG",
-                                     "VAN"});
+// Beside the words of heads for a full tank and a part fill.
+constexpr auto kYes = std::to_array<std::string_view>(
+    {"YES",  "Y",    "TRUE", "T",         "1",          "1 0",    "X",      "ON", "JA",    "J",
+     "WAHR", "IGEN", "I",    "IGAZ",      "VAN",        "OUI",    "VRAI",   "SI", "S",     "VERO",
+     "SIM",  "TAK",  "ANO",  "VERDADERO", "VERDADEIRO", "PRAWDA", "PRAVDA", "DA", "FIRST", "ERSTBETANKUNG"});
 
-constexpr auto kNo = std::to_array<std::string_view>({"NO",
-                                                      "N",
-                                                      "FALSE",
-                                                      "F",
-                                                      "0",
-                                                      "PARTIAL",
-                                                      "NEIN",
-                                                      "FALSCH",
-                                                      "TEIL",
-                                                      "TEILBETANKUNG",
-                                                      "TEILTANKUNG",
-                                                      "NICHT VOLL",
-                                                      "NEM",
-                                                      "HAMIS",
-                                                      "RESZLEGES",
-                                                      "NEM TELE",
-                                                      "0 0",
-                                                      "NON",
-                                                      "FAUX",
-                                                      "FALSO",
-                                                      "NAO",
-                                                      "NIE",
-                                                      "NE",
-                                                      "NU",
-                                                      "NET",
-                                                      "FALSZ",
-                                                      "LOZ",
-                                                      "PARZIALE",
-                                                      "PARCIAL",
-                                                      "PARTIEL",
-                                                      "CZESCIOWE",
-                                                      "CASTECNE",
-                                                      "PARTIALLY",
-                                                      "HALF",
-                                                      "NOT FULL",
-                                                      "FEL",
-                                                      "FELIG",
-                                                      "OFF",
-                                                      "PARTIAL FILL",
-                                                      "NINCS"});
+constexpr auto kNo = std::to_array<std::string_view>(
+    {"NO",     "N",    "FALSE", "F",     "0",   "0 0",   "OFF", "HALF",  "NEIN",
+     "FALSCH", "TEIL", "NEM",   "HAMIS", "FEL", "FELIG", "NON", "FAUX",  "FALSO",
+     "NAO",    "NIE",  "NE",    "NU",    "NET", "FALSZ", "LOZ", "NINCS", "PARTIALLY"});
 
 template <typename List>
-bool isOneOf(std::string_view text, const List& list) {
-  return std::ranges::find(list, text) != list.end();
+bool isOneOf(const auto& one, const List& list) {
+  return std::ranges::find(list, one) != list.end();
 }
 
 }  // namespace
 
 std::optional<bool> yesOrNo(std::string_view cell) {
   const std::string word = folded(cell);
-  if (isOneOf(word, kYes)) return true;
-  if (isOneOf(word, kNo)) return false;
+  const HeadWord asHead = wholeHead(word);
+  if (asHead == HeadWord::Full || isOneOf(word, kYes)) return true;
+  if (asHead == HeadWord::Partial || isOneOf(word, kNo)) return false;
   return std::nullopt;
 }
 
@@ -93,11 +48,11 @@ bool namesTotal(std::string_view cell) {
 
 bool isOtherFuel(std::string_view cell) {
   constexpr auto kOthers = std::to_array<std::string_view>(
-      {"KWH",           "KG",           "ADBLUE",      "AD BLUE",     "UREA",      "KARBAMID",
-       "HARNSTOFF",     "ELECTRIC",     "ELECTRICITY", "ELEKTROMOS",  "ARAM",      "VILLANY",
-       "STROM",         "ELEKTRIZITAT", "ELECTRICITE", "ELETTRICITA", "ELETTRICO", "ELECTRICIDAD",
-       "ELECTRICIDADE", "PRAD",         "ELEKTRINA",   "CHARGING",    "CHARGE",    "TOLTES"});
-  return isOneOf(folded(cell), kOthers);
+      {"KWH",          "KG",          "ADBLUE",      "UREA",      "KARBAMID",     "HARNSTOFF",
+       "ELECTRIC",     "ELECTRICITY", "ELEKTROMOS",  "ARAM",      "VILLANY",      "STROM",
+       "ELEKTRIZITAT", "ELECTRICITE", "ELETTRICITA", "ELETTRICO", "ELECTRICIDAD", "ELECTRICIDADE",
+       "PRAD",         "ELEKTRINA",   "CHARGING",    "CHARGE",    "TOLTES"});
+  return isOneOf(squeezed(folded(cell)), kOthers);
 }
 
 bool namesOtherFuel(std::string_view cell) {
@@ -109,15 +64,14 @@ bool namesOtherFuel(std::string_view cell) {
 }
 
 bool namesFuelling(std::string_view kind) {
-  constexpr auto kFuelWords = std::to_array<std::string_view>(
-      {"GAS",       "FUEL",          "FUELUP",        "FILLUP",    "FILL",         "REFUEL",
-       "REFUELING", "REFUELLING",    "PETROL",        "DIESEL",    "TANKUNG",      "BETANKUNG",
-       "TANKEN",    "VOLLBETANKUNG", "TEILBETANKUNG", "TANKOLAS",  "BENZIN",       "GASOLINE",
-       "UZEMANYAG", "FULL",          "PARTIAL",       "GAZOLAJ",   "FILLUPS",      "RIFORNIMENTO",
-       "REPOSTAJE", "PLEIN",         "TANKOWANIE",    "TANKOVANI", "ABASTECIMENTO"});
+  constexpr std::array kHeads = {HeadWord::Fuel, HeadWord::Amount, HeadWord::Full, HeadWord::Partial};
+  constexpr auto kFuelWords =
+      std::to_array<std::string_view>({"FUELUP", "FILLUP", "FILLUPS", "REFUEL", "REFUELING", "REFUELLING",
+                                       "TANKUNG", "BETANKUNG", "TANKEN", "TANKOWANIE", "TANKOVANI"});
   const std::vector<std::string> words = wordsOf(folded(kind));
-  return words.empty() ||
-         std::ranges::any_of(words, [&](const std::string& word) { return isOneOf(word, kFuelWords); });
+  return words.empty() || std::ranges::any_of(words, [&](const std::string& word) {
+           return isOneOf(wholeHead(word), kHeads) || isOneOf(std::string_view(word), kFuelWords);
+         });
 }
 
 }  // namespace tarvik::exchange

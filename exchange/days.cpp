@@ -21,23 +21,22 @@ struct MonthName {
   int month;
 };
 
-// Hungarian, English, German, French, Spanish, Italian, Portuguese; a name may be cut after three letters.
+// Hungarian, English, German, French, Spanish, Italian, Portuguese; a name may be cut after three letters, so
+// that "JANUAR", "APRIL", "MAI" and their like need no entry beside a longer one.
 constexpr auto kMonths = std::to_array<MonthName>(
-    {{"JANUARY", 1},    {"JANUAR", 1},    {"JANVIER", 1},    {"ENERO", 1},     {"GENNAIO", 1},
-     {"JANEIRO", 1},    {"JAENNER", 1},   {"JANNER", 1},     {"FEBRUARY", 2},  {"FEBRUAR", 2},
-     {"FEVRIER", 2},    {"FEBRERO", 2},   {"FEBBRAIO", 2},   {"FEVEREIRO", 2}, {"MARCH", 3},
-     {"MARCIUS", 3},    {"MARZ", 3},      {"MAERZ", 3},      {"MARS", 3},      {"MARZO", 3},
-     {"MARCO", 3},      {"MRZ", 3},       {"APRIL", 4},      {"APRILIS", 4},   {"AVRIL", 4},
-     {"ABRIL", 4},      {"APRILE", 4},    {"MAY", 5},        {"MAJUS", 5},     {"MAI", 5},
-     {"MAYO", 5},       {"MAGGIO", 5},    {"MAIO", 5},       {"JUNE", 6},      {"JUNIUS", 6},
-     {"JUNI", 6},       {"JUIN", 6},      {"JUNIO", 6},      {"GIUGNO", 6},    {"JUNHO", 6},
-     {"JULY", 7},       {"JULIUS", 7},    {"JULI", 7},       {"JUILLET", 7},   {"JULIO", 7},
-     {"LUGLIO", 7},     {"JULHO", 7},     {"AUGUST", 8},     {"AUGUSZTUS", 8}, {"AOUT", 8},
-     {"AGOSTO", 8},     {"SEPTEMBER", 9}, {"SZEPTEMBER", 9}, {"SEPTEMBRE", 9}, {"SEPTIEMBRE", 9},
-     {"SETTEMBRE", 9},  {"SETEMBRO", 9},  {"OCTOBER", 10},   {"OKTOBER", 10},  {"OCTOBRE", 10},
-     {"OCTUBRE", 10},   {"OTTOBRE", 10},  {"OUTUBRO", 10},   {"NOVEMBER", 11}, {"NOVEMBRE", 11},
-     {"NOVIEMBRE", 11}, {"NOVEMBRO", 11}, {"DECEMBER", 12},  {"DEZEMBER", 12}, {"DECEMBRE", 12},
-     {"DICIEMBRE", 12}, {"DICEMBRE", 12}, {"DEZEMBRO", 12}});
+    {{"JANUARY", 1},   {"JANVIER", 1},    {"ENERO", 1},      {"GENNAIO", 1},   {"JANEIRO", 1},
+     {"JAENNER", 1},   {"JANNER", 1},     {"FEBRUARY", 2},   {"FEVRIER", 2},   {"FEBRERO", 2},
+     {"FEBBRAIO", 2},  {"FEVEREIRO", 2},  {"MARCH", 3},      {"MARCIUS", 3},   {"MAERZ", 3},
+     {"MARS", 3},      {"MARZO", 3},      {"MARCO", 3},      {"MRZ", 3},       {"APRILIS", 4},
+     {"APRILE", 4},    {"AVRIL", 4},      {"ABRIL", 4},      {"MAJUS", 5},     {"MAYO", 5},
+     {"MAGGIO", 5},    {"MAIO", 5},       {"JUNE", 6},       {"JUNIUS", 6},    {"JUIN", 6},
+     {"JUNIO", 6},     {"GIUGNO", 6},     {"JUNHO", 6},      {"JULY", 7},      {"JULIUS", 7},
+     {"JUILLET", 7},   {"JULIO", 7},      {"LUGLIO", 7},     {"JULHO", 7},     {"AUGUST", 8},
+     {"AUGUSZTUS", 8}, {"AOUT", 8},       {"AGOSTO", 8},     {"SEPTEMBER", 9}, {"SZEPTEMBER", 9},
+     {"SEPTEMBRE", 9}, {"SEPTIEMBRE", 9}, {"SETTEMBRE", 9},  {"SETEMBRO", 9},  {"OCTOBER", 10},
+     {"OKTOBER", 10},  {"OCTOBRE", 10},   {"OCTUBRE", 10},   {"OTTOBRE", 10},  {"OUTUBRO", 10},
+     {"NOVEMBER", 11}, {"NOVEMBRE", 11},  {"NOVIEMBRE", 11}, {"NOVEMBRO", 11}, {"DECEMBER", 12},
+     {"DEZEMBER", 12}, {"DECEMBRE", 12},  {"DICIEMBRE", 12}, {"DICEMBRE", 12}, {"DEZEMBRO", 12}});
 
 std::optional<int> monthOfName(std::string_view letters) {
   const std::string word = folded(letters);

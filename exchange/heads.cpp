@@ -52,14 +52,9 @@ const Vocabulary& vocabulary() {
   return kMap;
 }
 
-HeadWord lookedUp(std::string_view foldedPhrase) {
-  const auto found = vocabulary().find(squeezed(foldedPhrase));
-  return found == vocabulary().end() ? HeadWord::Unknown : found->second;
-}
-
 constexpr auto kKilometreWords = std::to_array<std::string_view>(
-    {"KM", "KMS", "KILOMETER", "KILOMETERS", "KILOMETRE", "KILOMETRES", "KMH", "KILOMETERBEN", "KILOMETERN",
-     "100KM", "KMPL", "CHILOMETRI", "KILOMETROS", "QUILOMETROS", "KILOMETRY", "KML"});
+    {"KM", "KMS", "KILOMETER", "KILOMETERS", "KILOMETRE", "KILOMETRES", "KILOMETERBEN", "KILOMETERN", "100KM",
+     "KMPL", "CHILOMETRI", "KILOMETROS", "QUILOMETROS", "KILOMETRY", "KML"});
 constexpr auto kMileWords =
     std::to_array<std::string_view>({"MI", "MILE", "MILES", "MEILE", "MEILEN", "MERFOLD"});
 constexpr auto kLitreWords = std::to_array<std::string_view>(
@@ -81,9 +76,9 @@ constexpr auto kCurrencyWords = std::to_array<CurrencyWord>(
     {{"FT", "HUF"},     {"FORINT", "HUF"}, {"EURO", "EUR"},    {"EUROS", "EUR"},  {"KC", "CZK"},
      {"ZL", "PLN"},     {"ZLOTY", "PLN"},  {"LEI", "RON"},     {"LEU", "RON"},    {"RS", "INR"},
      {"RUPEES", "INR"}, {"DOLLAR", "USD"}, {"DOLLARS", "USD"}, {"POUNDS", "GBP"}, {"PENCE", "GBP"},
-     {"RUB", "RUB"},    {"KORUNA", "CZK"}, {"RBL", "RUB"},     {"RUBLEY", "RUB"}, {"KORUN", "CZK"},
-     {"REAIS", "BRL"},  {"R", "ZAR"},      {"DIN", "RSD"},     {"DINAR", "RSD"},  {"LV", "BGN"},
-     {"SFR", "CHF"},    {"FRANKEN", "CHF"}});
+     {"KORUNA", "CZK"}, {"RBL", "RUB"},    {"RUBLEI", "RUB"},  {"KORUN", "CZK"},  {"REAIS", "BRL"},
+     {"R", "ZAR"},      {"DIN", "RSD"},    {"DINAR", "RSD"},   {"LV", "BGN"},     {"SFR", "CHF"},
+     {"FRANKEN", "CHF"}});
 
 constexpr auto kCurrencyCodes = std::to_array<std::string_view>(
     {"HUF", "EUR", "USD", "GBP", "CHF", "CZK", "PLN", "RON", "RSD", "HRK", "BAM", "SEK", "NOK", "DKK",
@@ -95,8 +90,7 @@ std::string_view currencyOfWord(std::string_view word) {
   return found == kCurrencyWords.end() ? std::string_view() : found->currency;
 }
 
-constexpr auto kEmptyWords =
-    std::to_array<std::string_view>({"OPTIONAL", "IN", "OPCIONALIS", "THE", "BEN", "HUF"});
+constexpr auto kEmptyWords = std::to_array<std::string_view>({"OPTIONAL", "IN", "OPCIONALIS", "THE", "BEN"});
 
 bool isUnitWord(std::string_view word) {
   return word == "KR" ||  // crowns of several countries
@@ -196,10 +190,10 @@ HeadReading readUnits(const Words& words, bool hasCurrency) {
 HeadReading readWords(std::string_view head, const Words& words) {
   std::string whole;
   for (const std::string& word : words) whole += word;
-  if (const HeadWord word = lookedUp(whole); word != HeadWord::Unknown) return {word, 4};
+  if (const HeadWord word = wholeHead(whole); word != HeadWord::Unknown) return {word, 4};
   const std::string essence = withoutSideWords(words);
   if (essence.empty()) return readUnits(words, !currencyOf(head).empty());
-  if (const HeadWord word = lookedUp(essence); word != HeadWord::Unknown) return {word, 3};
+  if (const HeadWord word = wholeHead(essence); word != HeadWord::Unknown) return {word, 3};
   const HeadReading phrase = phraseIn(words);
   return phrase.word != HeadWord::Unknown ? phrase : compoundIn(words);
 }
@@ -212,7 +206,7 @@ bool isMoney(HeadWord word) {
 HeadWord settledByMoney(HeadWord word, const Words& words) {
   if (word != HeadWord::Fuel) return word;
   for (const std::string& other : words)
-    if (const HeadWord found = lookedUp(other); isMoney(found)) return found;
+    if (const HeadWord found = wholeHead(other); isMoney(found)) return found;
   return word;
 }
 
@@ -267,6 +261,11 @@ core::Ratio litresOf(VolumeUnit unit) {
   }
 }
 
+HeadWord wholeHead(std::string_view foldedPhrase) {
+  const auto found = vocabulary().find(squeezed(foldedPhrase));
+  return found == vocabulary().end() ? HeadWord::Unknown : found->second;
+}
+
 HeadReading readHead(std::string_view head) {
   head = core::trimmed(head);
   if (head.size() > kLongestHead) return {};
@@ -309,14 +308,11 @@ std::string currencyOf(std::string_view text) {
                                                        {"NZ$", "NZD"},
                                                        {"$", "USD"},
                                                        {"£", "GBP"},
-                                                       {"Kč", "CZK"},
-                                                       {"zł", "PLN"},
                                                        {"₹", "INR"},
                                                        {"₽", "RUB"},
                                                        {"₴", "UAH"},
                                                        {"₺", "TRY"},
-                                                       {"₪", "ILS"},
-                                                       {"лв", "BGN"}});
+                                                       {"₪", "ILS"}});
   for (const auto& [sign, currency] : kSigns)
     if (text.find(sign) != std::string_view::npos) return std::string(currency);
   std::string letters(text);
@@ -338,21 +334,18 @@ bool isUnitText(std::string_view text) {
 }
 
 bool isEnglishHead(std::string_view head) {
-  constexpr auto kEnglish = std::to_array<std::string_view>(
-      {"ODOMETER",  "ODO",         "MILEAGE",  "MILAGE",   "DISTANCE", "TRIP",     "READING",
-       "SPEEDO",    "SPEEDOMETER", "CLOCK",    "DRIVEN",   "METER",    "TRAVELED", "TOTAL",
-       "VOLUME",    "FUEL",        "GAS",      "QUANTITY", "QTY",      "AMOUNT",   "FILL",
-       "TRAVELLED", "PETROL",      "GASOLINE", "FILLED",   "REFILL"});
+  constexpr auto kEnglish =
+      std::to_array<std::string_view>({"ODOMETER", "ODO", "MILEAGE", "MILAGE", "DISTANCE", "TRIP", "READING",
+                                       "SPEEDO", "SPEEDOMETER", "CLOCK", "DRIVEN", "FILL"});
   return hasOneOf(wordsOf(folded(head)), kEnglish);
 }
 
 bool isHungarianHead(std::string_view head) {
   constexpr auto kHungarian = std::to_array<std::string_view>(
-      {"ORA",      "ALLAS",     "ALLASA",  "KMORA",      "KILOMETERORA", "OSSZEG",
-       "FIZETETT", "FIZETVE",   "KOLTSEG", "MEGJEGYZES", "TELE",         "TELETANK",
-       "GAZOLAJ",  "FT",        "FORINT",  "AR",         "EGYSEGAR",     "TANKOLT",
-       "TANKOLAS", "RENDSZAM",  "JARMU",   "OSSZESEN",   "MENNYISEG",    "NAP",
-       "MEGTETT",  "UZEMANYAG", "HONAP",   "ORAALLAS",   "TELETANKOLAS", "MEGJEGYZESEK"});
+      {"ORA",          "ALLAS",     "KMORA",   "KILOMETERORA", "ORAALLAS",     "OSSZEG",   "OSSZESEN",
+       "FIZETETT",     "FIZETVE",   "KOLTSEG", "MEGJEGYZES",   "MEGJEGYZESEK", "TELE",     "TELETANK",
+       "TELETANKOLAS", "GAZOLAJ",   "AR",      "EGYSEGAR",     "TANKOLT",      "TANKOLAS", "RENDSZAM",
+       "JARMU",        "MENNYISEG", "NAP",     "HONAP",        "MEGTETT",      "UZEMANYAG"});
   return hasOneOf(wordsOf(folded(head)), kHungarian) || head.find("Dátum") != std::string_view::npos;
 }
 

@@ -61,6 +61,9 @@ struct HeadReading {
   int strength = 0;  ///< 4: the whole head, 3: but for units, 2: a part of it, 1: a part of a word
 };
 
+/// What a folded phrase says that is one of the vocabulary from its first word to its last.
+HeadWord wholeHead(std::string_view foldedPhrase);
+
 /// What a head says, in any of the languages of the vocabulary.
 HeadReading readHead(std::string_view head);
 
@@ -76,7 +79,7 @@ bool isBareDollar(std::string_view text);
 /// Whether a text is a word for a unit or a currency, or several: "(km)", "Ft/l".
 bool isUnitText(std::string_view text);
 
-/// Whether a head is in English, whose readers drive miles as well as kilometres.
+/// Whether the head of a distance is in English, whose readers drive miles as well as kilometres.
 bool isEnglishHead(std::string_view head);
 
 /// Whether a head is in Hungarian, whose readers pay in forints.

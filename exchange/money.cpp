@@ -95,15 +95,10 @@ bool isDearMoney(std::string_view currency) {
 }
 
 // Whether prices of a litre are in hundredths of the money that a bill is in.
-bool areHundredths(const LogTable& table, const std::vector<ColumnFacts>& facts, const Reading& reading) {
+bool areHundredths(const std::vector<ColumnFacts>& facts, const Reading& reading) {
   const std::size_t column = reading.columnOf(Meaning::UnitPrice);
-  if (column >= facts.size()) return false;
-  constexpr auto kWords = std::to_array<std::string_view>({"PENCE", "CENT", "CENTS", "CT", "P"});
-  const std::vector<std::string> words = wordsOf(folded(table.heads[column]));
-  const bool isSaid = std::ranges::any_of(
-      words, [&](const std::string& word) { return std::ranges::find(kWords, word) != kWords.end(); });
   constexpr double kDearest = 20;
-  return (isSaid || isDearMoney(reading.currency)) && facts[column].median > kDearest;
+  return column < facts.size() && isDearMoney(reading.currency) && facts[column].median > kDearest;
 }
 
 void askForRates(const Choices& choices, Reading& reading) {
@@ -170,7 +165,7 @@ void findMoney(const LogTable& table, const std::vector<ColumnFacts>& facts, con
                                                     : std::string(kForint);
   if (isOpen || isWhoseOpen) ask(reading, Question::Currency, choices.currency.has_value());
   if (choices.currency) reading.currency = *choices.currency;
-  reading.priceShare = areHundredths(table, facts, reading) ? 100 : 1;
+  reading.priceShare = areHundredths(facts, reading) ? 100 : 1;
   NamedMoney all = named;
   reading.isCurrencySaid = named.currencies.size() == 1 && choices.currency;
   if (reading.isCurrencySaid) all.currencies.clear();
