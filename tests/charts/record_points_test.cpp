@@ -36,42 +36,25 @@ void expectRecords(const Points& points, int first, int last) {
     EXPECT_EQ(points[i], (ChartPoint{"2013.07.05.", {first + static_cast<std::int64_t>(i)}}));
 }
 
-TEST(RecordCharts, HaveNoPointsOfAnEmptyLogbook) {
+// Of a logbook of so many records, the first and the last that a chart shows.
+struct Shown {
+  int count;
+  int first;
+  int last;
+};
+
+TEST(RecordCharts, ShowTheLastFiftyConsumptionsAndBelowFiftyThoseFromRecordTwo) {
   EXPECT_TRUE(series(1, {}).empty());
-  EXPECT_TRUE(series(2, {}).empty());
-}
-
-TEST(RecordCharts, OfOneRecordShowItsPriceButNotItsConsumption) {
   EXPECT_TRUE(series(1, numbered(1)).empty());
-  expectRecords(series(2, numbered(1)), 1, 1);
+  for (const Shown& shown : {Shown{10, 2, 10}, {49, 2, 49}, {50, 1, 50}, {51, 2, 51}, {150, 101, 150}})
+    expectRecords(series(1, numbered(shown.count)), shown.first, shown.last);
 }
 
-TEST(RecordCharts, OfTenRecordsShowAllPricesButNotTheFirstConsumption) {
-  expectRecords(series(1, numbered(10)), 2, 10);
-  expectRecords(series(2, numbered(10)), 1, 10);
-}
-
-TEST(RecordCharts, ShowConsumptionsFromRecordTwoBelowFifty) {
-  expectRecords(series(1, numbered(49)), 2, 49);
-}
-TEST(RecordCharts, ShowAllConsumptionsOfExactlyFifty) {
-  expectRecords(series(1, numbered(50)), 1, 50);
-}
-TEST(RecordCharts, ShowTheLastFiftyConsumptionsOfFiftyOne) {
-  expectRecords(series(1, numbered(51)), 2, 51);
-}
-TEST(RecordCharts, ShowTheLastFiftyConsumptionsOfMore) {
-  expectRecords(series(1, numbered(150)), 101, 150);
-}
-TEST(RecordCharts, ShowAllPricesBelowAHundred) {
-  expectRecords(series(2, numbered(99)), 1, 99);
-}
-TEST(RecordCharts, ShowAllPricesOfExactlyAHundred) {
-  expectRecords(series(2, numbered(100)), 1, 100);
-}
-TEST(RecordCharts, ShowTheLastHundredPricesOfMore) {
-  expectRecords(series(2, numbered(101)), 2, 101);
-  expectRecords(series(2, numbered(150)), 51, 150);
+TEST(RecordCharts, ShowTheLastHundredPrices) {
+  EXPECT_TRUE(series(2, {}).empty());
+  for (const Shown& shown :
+       {Shown{1, 1, 1}, {10, 1, 10}, {99, 1, 99}, {100, 1, 100}, {101, 2, 101}, {150, 51, 150}})
+    expectRecords(series(2, numbered(shown.count)), shown.first, shown.last);
 }
 
 TEST(RecordCharts, PassOverRecordsWithoutAPositiveValue) {
@@ -79,10 +62,6 @@ TEST(RecordCharts, PassOverRecordsWithoutAPositiveValue) {
   entries[2].Fogyasztas = {0};
   entries[3].Fogyasztas = {-1};
   EXPECT_EQ(series(1, entries), (Points{{"2013.07.05.", {2}}, {"2013.07.05.", {5}}}));
-}
-
-TEST(RecordCharts, TakeValuesWithoutAnythingPaid) {
-  EXPECT_EQ(series(2, numbered(1)), (Points{{"2013.07.05.", {1}}}));
 }
 
 TEST(RecordCharts, LabelWithTheDateWhateverItsYear) {
@@ -99,14 +78,10 @@ TEST(RecordCharts, HaveNoPointsForAChoiceThatIsNoChart) {
   for (int choice : {-1, 0, 8}) EXPECT_TRUE(series(choice, numbered(20)).empty()) << choice;
 }
 
-TEST(ScrollView, ShowsRecords100To120OfAHundredAndTwenty) {
-  expectRecords(scrolled(120, 100, "50", true), 100, 120);
-}
-TEST(ScrollView, ShowsOneRecordMoreThanTheCount) {
+TEST(ScrollView, ShowsOneRecordMoreThanTheCountUpToTheEnd) {
   expectRecords(scrolled(120, 10, "50", true), 10, 60);
-}
-TEST(ScrollView, ReachesTheEndExactly) {
   expectRecords(scrolled(120, 70, "50", true), 70, 120);
+  expectRecords(scrolled(120, 100, "50", true), 100, 120);
 }
 TEST(ScrollView, RunsToTheEndWithoutALimit) {
   expectRecords(scrolled(120, 10, "5", false), 10, 120);
@@ -117,8 +92,6 @@ TEST(ScrollView, StartsAtRecordTwoBelowFifty) {
 }
 TEST(ScrollView, StartsAtTheScrollPositionFromFiftyOn) {
   expectRecords(scrolled(50, 30, "50", false), 30, 50);
-}
-TEST(ScrollView, StartsWithRecordOneAtThePositionOne) {
   expectRecords(scrolled(50, 1, "50", true), 1, 50);
 }
 TEST(ScrollView, PassesOverAPositionThatIsNoRecord) {
