@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/failure.h"
+#include "tests/support/expect_failure.h"
 
 namespace tarvik::core {
 namespace {
@@ -164,13 +164,7 @@ TEST(RequiredNumber, GivesTheNumber) {
 }
 
 TEST(RequiredNumber, NamesTheFieldThatHoldsNone) {
-  try {
-    requiredNumber("12a", "txKmOra");
-    FAIL() << "nothing was thrown";
-  } catch (const Failure& failure) {
-    EXPECT_EQ(failure.kind(), FailureKind::NotANumber);
-    EXPECT_EQ(failure.field(), "txKmOra");
-  }
+  test::expectFieldFailure(FailureKind::NotANumber, "txKmOra", [] { requiredNumber("12a", "txKmOra"); });
 }
 
 }  // namespace

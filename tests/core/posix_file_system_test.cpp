@@ -235,6 +235,20 @@ TEST_F(PosixFileTest, APipeOrADeviceIsNeitherReadNorChanged) {
   EXPECT_EQ(folder_.names(), (std::vector<std::string>{"data", "device", "pipe"}));
 }
 
+// What is left of an interrupted replacement may lead to a file of somebody, or be a second name of the data.
+TEST_F(PosixFileTest, ALeftoverReplacementThatIsALinkOrASecondNameEmptiesNoFile) {
+  const std::byte record[kLength] = {std::byte{'m'}, std::byte{'o'}, std::byte{'r'}, std::byte{'e'}};
+  folder_.write("data", "old1");
+  folder_.write("precious", "do not empty");
+  std::filesystem::create_symlink("precious", folder_ / "data.tmp");
+  RecordFile(files_, folder_ / "data", kLength).append(record);
+  std::filesystem::create_hard_link(folder_ / "data", folder_ / "data.tmp");
+  RecordFile(files_, folder_ / "data", kLength).append(record);
+  EXPECT_EQ(folder_.read("data"), "old1moremore");
+  EXPECT_EQ(folder_.read("precious"), "do not empty");
+  EXPECT_EQ(folder_.names(), (std::vector<std::string>{"data", "precious"}));
+}
+
 // Limits the length of the files that this process writes.
 class LengthLimit {
  public:

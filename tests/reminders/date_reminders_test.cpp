@@ -4,8 +4,8 @@
 
 #include <limits>
 
+#include "core/machine_file_system.h"
 #include "tests/reminders/builders.h"
-#include "tests/reminders/watching_file_system.h"
 #include "tests/support/expect_failure.h"
 
 namespace tarvik::reminders {
@@ -31,7 +31,7 @@ class DateRemindersTest : public testing::Test {
 
   test::TemporaryFolder program_;
   test::TemporaryFolder current_;
-  test::WatchingFileSystem files_;
+  core::MachineFileSystem files_;
   core::DataFolders folders_{program_.path(), current_.path()};
   const FigyDatumRec first_ = dateReminder(1, "Műszaki", "ABC-123");
   const FigyDatumRec second_ = dateReminder(2, "Biztosítás", "DEF-456");
@@ -92,49 +92,6 @@ TEST_F(DateRemindersTest, AnEmptyTextIsRecordedAtTheEnd) {
   recordDateReminder(files_, folders_, {kToday, "", "ABC-123"}, kToday);
   EXPECT_EQ(loadDateReminders(files_, folders_).count(), 2);
   EXPECT_EQ(numbersOf(rows()), std::vector<std::string>{"1"});
-}
-
-TEST_F(DateRemindersTest, TextsAreCutToTheirFields) {
-  recordDateReminder(files_, folders_, {kToday, std::string(41, 'x'), "ABCDEFGHIJK"}, kToday);
-  EXPECT_EQ(stored().substr(18), std::string(40, 'x') + "ABCDEFGHIJ");
-}
-
-TEST_F(DateRemindersTest, DeletingTheSecondOfThreeLeavesTheOthersInOrder) {
-  store({first_, second_, third_});
-  remove(2);
-  EXPECT_EQ(stored(), fileOf({first_, third_}));
-  EXPECT_EQ(current_.names(), std::vector<std::string>{"figyDatum.dat"});
-}
-
-TEST_F(DateRemindersTest, DeletingTheOnlyOneLeavesAnEmptyFile) {
-  store({first_});
-  remove(1);
-  EXPECT_EQ(stored(), "");
-}
-
-TEST_F(DateRemindersTest, DeletingNumberZeroOrOnePastTheEndChangesNothing) {
-  store({first_, second_});
-  remove(0);
-  remove(3);
-  EXPECT_EQ(stored(), fileOf({first_, second_}));
-}
-
-TEST_F(DateRemindersTest, SurplusInTheTemporaryFileBecomesPartOfTheFile) {
-  store({first_, second_});
-  current_.write("fD.dat", fileOf({third_, third_, second_}));
-  remove(1);
-  EXPECT_EQ(stored(), fileOf({second_, third_, second_}));
-  EXPECT_FALSE(current_.has("fD.dat"));
-}
-
-TEST_F(DateRemindersTest, AFullDiskIsToldAndLeavesTheFile) {
-  store({first_, second_});
-  files_.isFull = true;
-  test::expectFailure(FailureKind::WriteFailed, [&] { remove(1); });
-  test::expectFailure(FailureKind::WriteFailed, [&] {
-    recordDateReminder(files_, folders_, {kToday, "x", "A"}, kToday);
-  });
-  EXPECT_EQ(stored(), fileOf({first_, second_}));
 }
 
 TEST_F(DateRemindersTest, TheFirstDueOneIsFoundForTheCheckAtStart) {

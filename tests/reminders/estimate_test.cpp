@@ -4,8 +4,8 @@
 
 #include <limits>
 
+#include "core/machine_file_system.h"
 #include "tests/reminders/builders.h"
-#include "tests/reminders/watching_file_system.h"
 #include "tests/support/expect_failure.h"
 
 namespace tarvik::reminders {
@@ -104,7 +104,7 @@ class EstimateFileTest : public testing::Test {
 
   test::TemporaryFolder program_;
   test::TemporaryFolder current_;
-  test::WatchingFileSystem files_;
+  core::MachineFileSystem files_;
   core::DataFolders folders_{program_.path(), current_.path()};
 };
 

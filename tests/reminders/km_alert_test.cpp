@@ -4,8 +4,8 @@
 
 #include <limits>
 
+#include "core/machine_file_system.h"
 #include "tests/reminders/builders.h"
-#include "tests/reminders/watching_file_system.h"
 
 namespace tarvik::reminders {
 namespace {
@@ -69,7 +69,7 @@ class KmCheckTest : public testing::Test {
 
   test::TemporaryFolder program_;
   test::TemporaryFolder current_;
-  test::WatchingFileSystem files_;
+  core::MachineFileSystem files_;
   core::DataFolders folders_{program_.path(), current_.path()};
 };
 
@@ -117,21 +117,6 @@ TEST_F(KmCheckTest, WithNothingButSuchAReminderFindsNonePassed) {
   storeLogbook({entry(15001, 2)});
   store({kmReminder(kHighest, 1, "Olaj", "ABC-123")});
   EXPECT_EQ(check("ABC-123"), (KmCheck{true, true, 15001, std::nullopt, {{1, "Olaj"}}}));
-}
-
-TEST_F(KmCheckTest, OfTheLargestLogbookAndAThousandRemindersReadsTwoFilesOnce) {
-  program_.makeFolder("ABC-123");
-  program_.write("ABC-123/napiadat.dat", std::string(std::size_t{156} * 32767, '\1'));
-  std::string many;
-  for (int i = 0; i < 1000; ++i) many += fileOf({kmReminder(kHighest - 1, 1, "Olaj", "ABC-123")});
-  current_.write("figyel.dat", many);
-  check("ABC-123");
-  files_.opened.clear();
-  files_.reads = 0;
-  EXPECT_EQ(check("ABC-123"), (KmCheck{true, true, 0x01010101, std::nullopt}));
-  EXPECT_EQ(files_.reads, 2);
-  const std::set<std::string> expected{program_ / "ABC-123/napiadat.dat", current_ / "figyel.dat"};
-  EXPECT_EQ(files_.opened, expected);
 }
 
 const std::string kOlajLine = "2013.06.01  " + padded("Olaj", 40) + "       ";

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "core/machine_file_system.h"
 #include "tests/reminders/builders.h"
-#include "tests/reminders/watching_file_system.h"
 #include "tests/support/expect_failure.h"
 
 namespace tarvik::reminders {
@@ -29,7 +29,7 @@ class KmRemindersTest : public testing::Test {
 
   test::TemporaryFolder program_;
   test::TemporaryFolder current_;
-  test::WatchingFileSystem files_;
+  core::MachineFileSystem files_;
   core::DataFolders folders_{program_.path(), current_.path()};
 };
 
@@ -65,11 +65,6 @@ TEST_F(KmRemindersTest, DeletedOnesAreNotListedAndTheOthersKeepTheirNumbers) {
   EXPECT_EQ(rows()[0].record, "2");
   store({deletedKmReminder("ABC-123")});
   EXPECT_EQ(rows(), std::vector<ReminderRow>{placeholderRow()});
-}
-
-TEST_F(KmRemindersTest, AHalfRecordAtTheEndIsNotListed) {
-  current_.write("figyel.dat", fileOf({kmReminder(1, 2, "Fék", "A")}) + std::string(67, 'x'));
-  EXPECT_EQ(rows().size(), 1U);
 }
 
 TEST_F(KmRemindersTest, TheFirstIsRecordedInAMissingFile) {
@@ -163,11 +158,6 @@ TEST_F(KmRemindersTest, FiguresPast32BitsDoNotConvert) {
   EXPECT_EQ(reading("1.5"), 7);
 }
 
-TEST_F(KmRemindersTest, TextsAreCutToTheirFields) {
-  record({std::string(40, 'x') + "y", "1", "2", "ABCDEFGHIJK"});
-  EXPECT_EQ(stored().substr(18), std::string(40, 'x') + "ABCDEFGHIJ");
-}
-
 TEST_F(KmRemindersTest, ThePlateIsStoredAsItStands) {
   record({"Új", "1", "2", " AB 1 "});
   EXPECT_EQ(stored().substr(58), " AB 1     ");
@@ -190,27 +180,6 @@ TEST_F(KmRemindersTest, DeletingANumberThatTheFileDoesNotHaveFails) {
   test::expectFailure(FailureKind::RecordMissing, [&] { blank(2); });
   test::expectFailure(FailureKind::RecordMissing, [&] { blank(0); });
   EXPECT_EQ(stored(), before);
-}
-
-TEST_F(KmRemindersTest, AFullDiskIsToldAndLeavesTheFile) {
-  store({kmReminder(1, 2, "Első", "ABC-123")});
-  const std::string before = stored();
-  files_.isFull = true;
-  test::expectFailure(FailureKind::WriteFailed, [&] { record({"Új", "1", "2", "A"}); });
-  test::expectFailure(FailureKind::WriteFailed, [&] { record({"", "1", "2", "A"}); });
-  test::expectFailure(FailureKind::WriteFailed, [&] { blank(1); });
-  EXPECT_EQ(stored(), before);
-}
-
-TEST_F(KmRemindersTest, AFolderInTheFilesPlaceIsTold) {
-  current_.makeFolder("figyel.dat");
-  test::expectFailure(FailureKind::OpenFailed, [&] { record({"Új", "1", "2", "A"}); });
-  test::expectFailure(FailureKind::OpenFailed, [&] { rows(); });
-}
-
-TEST_F(KmRemindersTest, AFullFileIsTold) {
-  current_.write("figyel.dat", std::string(32767 * 68, 'x'));
-  test::expectFailure(FailureKind::FileFull, [&] { record({"Új", "1", "2", "A"}); });
 }
 
 }  // namespace

@@ -3,13 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-
 #include "core/machine_file_system.h"
 #include "core/record_file.h"
 #include "tests/support/expect_failure.h"
-#include "tests/support/shared_memory_folder.h"
 #include "tests/support/temporary_folder.h"
 
 namespace tarvik::repairs {
@@ -111,16 +107,6 @@ TEST_F(RepairLogTest, RecordingAppendsTheEntryAsTyped) {
   EXPECT_THAT(stored(), ElementsAre(repairOf("DEF-456"), expected));
 }
 
-TEST_F(RepairLogTest, RecordingCutsTextsToTheirFields) {
-  NewRepair entry = typed("1");
-  entry.plate = "ABCDEFGHIJK";
-  entry.description = std::string(80, 'd') + "x";
-  entry.part = std::string(80, 'p') + "x";
-  log_.record(entry);
-  EXPECT_EQ(program_.read(kFile).substr(0, 10), "ABCDEFGHIJ");
-  EXPECT_EQ(program_.read(kFile).substr(18, 160), std::string(80, 'd') + std::string(80, 'p'));
-}
-
 TEST_F(RepairLogTest, RecordingChecksNoField) {
   log_.record({.plate = "", .date = {}, .description = "", .part = "", .cost = "", .reading = ""});
   EXPECT_EQ(program_.read(kFile),
@@ -132,19 +118,10 @@ TEST_F(RepairLogTest, ACostIsRoundedHalvesToEven) {
   EXPECT_EQ(storedCost("13.5"), 14);
 }
 
-TEST_F(RepairLogTest, ACostEndsAtADecimalComma) {
-  EXPECT_EQ(storedCost("12,5"), 12);
-}
-
 TEST_F(RepairLogTest, ATextThatIsNoNumberIsStoredAsZero) {
   EXPECT_EQ(storedCost("sok"), 0);
   log_.record(typed("1", "nem tudom"));
   EXPECT_EQ(stored().back().readingKm, 0);
-}
-
-TEST_F(RepairLogTest, TheReadingIsRoundedHalvesToEven) {
-  log_.record(typed("1", "100000.5"));
-  EXPECT_EQ(stored().back().readingKm, 100'000);
 }
 
 TEST_F(RepairLogTest, AFigurePastItsFieldIsRefusedByNameAndNothingIsWritten) {
@@ -153,49 +130,6 @@ TEST_F(RepairLogTest, AFigurePastItsFieldIsRefusedByNameAndNothingIsWritten) {
   test::expectFieldFailure(FailureKind::OutOfRange, "txtKMora",
                            [&] { log_.record(typed("1", "2147483648")); });
   EXPECT_THAT(program_.names(), IsEmpty());
-}
-
-TEST_F(RepairLogTest, DeletingClosesTheGapAndLeavesNoTemporary) {
-  store({repairOf("A"), repairOf("B"), repairOf("C")});
-  remove(2);
-  EXPECT_THAT(stored(), ElementsAre(repairOf("A"), repairOf("C")));
-  EXPECT_THAT(program_.names(), ElementsAre(kFile));
-  EXPECT_THAT(current_.names(), IsEmpty());
-}
-
-TEST_F(RepairLogTest, DeletingTheOnlyEntryLeavesAnEmptyFile) {
-  store({repairOf("A")});
-  remove(1);
-  EXPECT_EQ(program_.read(kFile), "");
-}
-
-TEST_F(RepairLogTest, ANumberBehindTheLastEntryDeletesNothing) {
-  store({repairOf("A")});
-  remove(2);
-  EXPECT_THAT(stored(), ElementsAre(repairOf("A")));
-}
-
-TEST_F(RepairLogTest, SurplusEntriesOfAnOldTemporaryBecomePartOfTheFile) {
-  store({repairOf("A"), repairOf("B")});
-  current_.write("xx.dat",
-                 test::toText(core::encoded(repairOf("X"))) + test::toText(core::encoded(repairOf("Y"))));
-  remove(1);
-  EXPECT_THAT(stored(), ElementsAre(repairOf("B"), repairOf("Y")));
-  EXPECT_THAT(current_.names(), IsEmpty());
-}
-
-TEST_F(RepairLogTest, DeletingWithTheTemporaryOnAnotherFileSystem) {
-  const test::SharedMemoryFolder elsewhere(current_);
-  if (!elsewhere.isApartFrom(program_)) GTEST_SKIP() << "/dev/shm is no other file system here";
-  std::ofstream(elsewhere / "xx.dat")
-      << std::string(Repair::kLength, 'x') + std::string(Repair::kLength, 'y');
-  store({repairOf("A"), repairOf("B")});
-  RepairLog log(files_, {program_.path(), elsewhere.path()});
-  log.listFiltered({.isAllVehicles = true});
-  log.remove(log.seen(1));
-  EXPECT_EQ(program_.read(kFile),
-            test::toText(core::encoded(repairOf("B"))) + std::string(Repair::kLength, 'y'));
-  EXPECT_TRUE(std::filesystem::is_empty(elsewhere.path()));
 }
 
 }  // namespace

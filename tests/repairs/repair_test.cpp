@@ -33,10 +33,5 @@ TEST(RepairRecord, ReadsBackWhatItWrote) {
   EXPECT_EQ(core::decoded<Repair>(core::encoded(sample())), sample());
 }
 
-TEST(RepairRecord, OfZeroBytesIsEmpty) {
-  EXPECT_EQ(Repairs().record(1), Repair{});
-  EXPECT_EQ(Repairs().record(1).description.trimmed(), "");
-}
-
 }  // namespace
 }  // namespace tarvik::repairs

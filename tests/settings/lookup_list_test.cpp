@@ -44,11 +44,6 @@ TEST(LookupTextRecord, HasTheseFiftyBytes) {
             padded("Sz\xFBr\xF5", kWidth));
 }
 
-TEST(LookupTextRecord, ReadsBackWhatItWrote) {
-  const LookupText written{.text = core::FixedText<50>(" Olajszűrő ")};
-  EXPECT_EQ(core::decoded<LookupText>(core::encoded(written)), written);
-}
-
 TEST_F(LookupListTest, MissingFilesCountAsEmptyListsAndAreCreatedInTheCurrentFolder) {
   EXPECT_EQ(loadLookupTexts(files_, folders_, kPartNames).count(), 0);
   EXPECT_EQ(loadLookupTexts(files_, folders_, kNotes).count(), 0);
@@ -63,55 +58,6 @@ TEST_F(LookupListTest, ATextIsAppendedAsTypedToItsOwnList) {
   EXPECT_EQ(current_.read("alkatr.dat"),
             padded(" olajsz\xFBr\xF5", kWidth) + padded("\xC9ksz\xEDj ", kWidth));
   EXPECT_EQ(current_.read("megjegyz.dat"), padded("Mos\xE1s", kWidth));
-}
-
-TEST_F(LookupListTest, ATextOfFiftyCharactersIsWholeAndOneOfFiftyOneLosesItsLast) {
-  std::string letters;
-  for (int i = 0; i < 49; ++i) letters += "ő";
-  append(kNotes, letters + "ű");
-  append(kNotes, letters + "űx");
-  const std::string stored = std::string(49, '\xF5') + "\xFB";
-  EXPECT_EQ(current_.read("megjegyz.dat"), stored + stored);
-}
-
-TEST_F(LookupListTest, DeletingClosesTheGapAndLeavesNoTemporaryFile) {
-  for (const char* text : {"A", "B", "C"}) append(kPartNames, text);
-  remove(kPartNames, 2);
-  EXPECT_EQ(current_.read("alkatr.dat"), padded("A", kWidth) + padded("C", kWidth));
-  EXPECT_THAT(current_.names(), ElementsAre("alkatr.dat"));
-}
-
-TEST_F(LookupListTest, DeletingTheOnlyEntryLeavesAnEmptyFile) {
-  append(kNotes, "A");
-  remove(kNotes, 1);
-  EXPECT_EQ(current_.read("megjegyz.dat"), "");
-}
-
-TEST_F(LookupListTest, DeletingWithoutASelectionLeavesTheListAsItIs) {
-  append(kNotes, "A");
-  remove(kNotes, 0);
-  EXPECT_EQ(current_.read("megjegyz.dat"), padded("A", kWidth));
-}
-
-TEST_F(LookupListTest, EachDeletionHasItsOwnTemporaryFile) {
-  append(kPartNames, "A");
-  append(kNotes, "B");
-  current_.write("alkx.dat", padded("old part", kWidth));
-  current_.write("megjx.dat", padded("old note", kWidth));
-  remove(kPartNames, 1);
-  EXPECT_EQ(current_.read("alkatr.dat"), padded("old part", kWidth));
-  EXPECT_THAT(current_.names(), ElementsAre("alkatr.dat", "megjegyz.dat", "megjx.dat"));
-  remove(kNotes, 1);
-  EXPECT_EQ(current_.read("megjegyz.dat"), padded("old note", kWidth));
-  EXPECT_THAT(current_.names(), ElementsAre("alkatr.dat", "megjegyz.dat"));
-}
-
-TEST_F(LookupListTest, AListThatIsAFolderFailsAndNothingIsChanged) {
-  current_.makeFolder("alkatr.dat");
-  EXPECT_THROW(loadLookupTexts(files_, folders_, kPartNames), core::Failure);
-  EXPECT_THROW(append(kPartNames, "A"), core::Failure);
-  EXPECT_THROW(remove(kPartNames, 1), core::Failure);
-  EXPECT_THAT(current_.names(), ElementsAre("alkatr.dat"));
 }
 
 TEST(Matching, AnEntryThatContainsTheNewTextIsFoundWhateverTheCase) {

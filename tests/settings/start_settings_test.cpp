@@ -61,13 +61,6 @@ TEST_F(StartSettingsTest, SavingWritesRecordOneAndLaterRewritesIt) {
   EXPECT_EQ(load().plate.asStored(), "DEF456    ");
 }
 
-TEST_F(StartSettingsTest, APlateIsCutToTenCharacters) {
-  save(core::kFlagClear, "ABCDEFGHIJK");
-  EXPECT_EQ(stored(), std::string("\x00\x00"
-                                  "ABCDEFGHIJ",
-                                  12));
-}
-
 TEST_F(StartSettingsTest, TheReminderFlagIsWrittenAloneAndThePlateKept) {
   save(core::kFlagClear, " ABC123");
   saveReminderFlag(files_, folders_, core::kFlagSet);
@@ -80,14 +73,6 @@ TEST_F(StartSettingsTest, TheReminderFlagOfMissingSettingsGoesWithAnEmptyPlate) 
   saveReminderFlag(files_, folders_, core::kFlagSet);
   EXPECT_EQ(stored(), std::string("\xFF\xFF", 2) + std::string(10, '\0'));
   EXPECT_EQ(load().plate.trimmed(), "");
-}
-
-TEST_F(StartSettingsTest, SettingsThatAreAFolderFailAndNothingIsChanged) {
-  current_.makeFolder("set.dat");
-  EXPECT_THROW(load(), core::Failure);
-  EXPECT_THROW(save(core::kFlagSet, "ABC123"), core::Failure);
-  EXPECT_THROW(saveReminderFlag(files_, folders_, core::kFlagSet), core::Failure);
-  EXPECT_EQ(current_.names(), (std::vector<std::string>{"set.dat"}));
 }
 
 }  // namespace

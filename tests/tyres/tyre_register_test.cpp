@@ -3,15 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <utility>
 
 #include "core/machine_file_system.h"
 #include "core/record_file.h"
 #include "tests/support/expect_failure.h"
 #include "tests/support/forwarding_file_system.h"
-#include "tests/support/shared_memory_folder.h"
 #include "tests/support/temporary_folder.h"
 
 namespace tarvik::tyres {
@@ -117,13 +114,6 @@ TEST_F(TyreRegisterTest, TheBufferHoldsTheLastRecordOfTheFileAfterAListingOfAnyV
   EXPECT_EQ(seasonOfTheNext(), kAllSeason);
 }
 
-TEST_F(TyreRegisterTest, TheBufferHoldsTheSetThatWasReadLast) {
-  store({setOf("ABC-123", "a", kSummer), setOf("DEF-456", "b", kAllSeason)});
-  tyres_.listAll();
-  tyres_.read(1);
-  EXPECT_EQ(seasonOfTheNext(), kSummer);
-}
-
 TEST_F(TyreRegisterTest, TheBufferHoldsTheSetThatWasWrittenLast) {
   store({setOf("ABC-123", "a", kSummer), setOf("DEF-456", "b", kAllSeason)});
   tyres_.read(1);
@@ -155,15 +145,6 @@ TEST_F(TyreRegisterTest, RecordingAppendsTheSetAsTyped) {
   EXPECT_THAT(stored(), ElementsAre(setOf("ABC-123"), expected));
 }
 
-TEST_F(TyreRegisterTest, RecordingCutsTextsToTheirFields) {
-  NewTyreSet typed{.plate = "ABCDEFGHIJK", .fields = fieldsOf("40000")};
-  typed.fields.type = std::string(30, 't') + "x";
-  typed.fields.size = std::string(15, 's') + "x";
-  tyres_.record(typed);
-  EXPECT_EQ(program_.read(kFile).substr(0, 10), "ABCDEFGHIJ");
-  EXPECT_EQ(program_.read(kFile).substr(16, 45), std::string(30, 't') + std::string(15, 's'));
-}
-
 TEST_F(TyreRegisterTest, RecordingChecksNoOtherFieldThanTheMaximum) {
   tyres_.record(
       {.plate = "",
@@ -181,13 +162,6 @@ TEST_F(TyreRegisterTest, RecordingRoundsTheFiguresHalvesToEven) {
   EXPECT_EQ(stored()[0].maxKm, 40'000);
   EXPECT_EQ(stored()[0].kmWhenFitted, 12);
   EXPECT_EQ(stored()[0].kmRun, 14);
-}
-
-TEST_F(TyreRegisterTest, RecordingEndsTheOtherFiguresAtADecimalComma) {
-  TyreFields fields = fieldsOf("40000");
-  fields.kmRun = "12,9";
-  tyres_.record({.plate = "A", .fields = fields});
-  EXPECT_EQ(stored()[0].kmRun, 12);
 }
 
 TEST_F(TyreRegisterTest, AMaximumThatIsNoNumberIsRefusedAndNothingIsWritten) {
@@ -227,15 +201,6 @@ TEST_F(TyreRegisterTest, RecordingWithoutASeasonStoresTheSeasonLastReadOrWritten
   EXPECT_EQ(stored()[5].season, kSummer) << "a set was written";
 }
 
-TEST_F(TyreRegisterTest, RecordingWithoutASeasonAfterAListingTakesTheLastRecordOfTheFile) {
-  store({setOf("ABC-123", "a", kWinter), setOf("DEF-456", "b", kAllSeason)});
-  tyres_.listOf("ABC-123");
-  TyreFields seasonless = fieldsOf("40000");
-  seasonless.season = std::nullopt;
-  tyres_.record({.plate = "X", .fields = seasonless});
-  EXPECT_EQ(stored()[2].season, kAllSeason);
-}
-
 // Fitting and removing
 
 TEST_F(TyreRegisterTest, FittingAndRemovingChangeNothingButTheMark) {
@@ -255,12 +220,6 @@ TEST_F(TyreRegisterTest, WhatIsChangedIsTheSetThatWasListedLast) {
   test::expectFailure(FailureKind::RecordChanged, [&] { tyres_.remove(listed); });
   tyres_.listOf("A");
   tyres_.remove(tyres_.seen(2));
-  EXPECT_THAT(stored(), ElementsAre(setOf("A")));
-}
-
-TEST_F(TyreRegisterTest, FittingANumberThatTheFileDoesNotHaveFails) {
-  store({setOf("A")});
-  test::expectFailure(FailureKind::RecordMissing, [&] { tyres_.setFitted(seen(2), true); });
   EXPECT_THAT(stored(), ElementsAre(setOf("A")));
 }
 
@@ -305,61 +264,6 @@ TEST_F(TyreRegisterTest, AChangeThatIsRefusedNamesTheFieldAndWritesNothing) {
 }
 
 // Deleting
-
-TEST_F(TyreRegisterTest, DeletingClosesTheGapAndLeavesNoTemporary) {
-  store({setOf("A"), setOf("B"), setOf("C")});
-  tyres_.remove(seen(2));
-  EXPECT_THAT(stored(), ElementsAre(setOf("A"), setOf("C")));
-  EXPECT_THAT(program_.names(), ElementsAre(kFile));
-  EXPECT_THAT(current_.names(), IsEmpty());
-}
-
-TEST_F(TyreRegisterTest, DeletingTheOnlySetLeavesAnEmptyFile) {
-  store({setOf("A")});
-  tyres_.remove(seen(1));
-  EXPECT_EQ(program_.read(kFile), "");
-}
-
-TEST_F(TyreRegisterTest, ANumberBehindTheLastSetDeletesNothing) {
-  store({setOf("A")});
-  tyres_.remove(seen(2));
-  EXPECT_THAT(stored(), ElementsAre(setOf("A")));
-}
-
-TEST_F(TyreRegisterTest, AnEmptyTemporaryInTheCurrentFolderIsUsedAndGoes) {
-  store({setOf("A"), setOf("B")});
-  current_.write("xx.dat", "");
-  tyres_.remove(seen(1));
-  EXPECT_THAT(stored(), ElementsAre(setOf("B")));
-  EXPECT_THAT(current_.names(), IsEmpty());
-}
-
-TEST_F(TyreRegisterTest, SurplusSetsOfAnOldTemporaryBecomePartOfTheFile) {
-  store({setOf("A"), setOf("B")});
-  current_.write("xx.dat", test::toText(core::encoded(setOf("X"))) + test::toText(core::encoded(setOf("Y"))));
-  tyres_.remove(seen(1));
-  EXPECT_THAT(stored(), ElementsAre(setOf("B"), setOf("Y")));
-  EXPECT_THAT(current_.names(), IsEmpty());
-}
-
-TEST_F(TyreRegisterTest, ATemporaryInTheProgramFolderIsNotTouched) {
-  store({setOf("A"), setOf("B")});
-  program_.write("xx.dat", "keep");
-  tyres_.remove(seen(1));
-  EXPECT_EQ(program_.read("xx.dat"), "keep");
-}
-
-TEST_F(TyreRegisterTest, DeletingWithTheTemporaryOnAnotherFileSystem) {
-  const test::SharedMemoryFolder elsewhere(current_);
-  if (!elsewhere.isApartFrom(program_)) GTEST_SKIP() << "/dev/shm is no other file system here";
-  std::ofstream(elsewhere / "xx.dat")
-      << std::string(TyreSet::kLength, 'x') + std::string(TyreSet::kLength, 'y');
-  store({setOf("A"), setOf("B")});
-  TyreRegister(files_, {program_.path(), elsewhere.path()}).remove(seen(1));
-  EXPECT_EQ(program_.read(kFile),
-            test::toText(core::encoded(setOf("B"))) + std::string(TyreSet::kLength, 'y'));
-  EXPECT_TRUE(std::filesystem::is_empty(elsewhere.path()));
-}
 
 // The distance of a fuelling
 
@@ -408,24 +312,14 @@ TEST_F(TyreRegisterTest, ASumPastItsFieldIsRefusedAndNothingIsWritten) {
   EXPECT_THAT(stored(), ElementsAre(set));
 }
 
-// Counts the locks that are taken: one for each change of a file.
-class LockCounter : public test::ForwardingFileSystem {
- public:
-  int tryLock(int descriptor) override {
-    ++locks;
-    return ForwardingFileSystem::tryLock(descriptor);
-  }
-  int locks = 0;
-};
-
 TEST_F(TyreRegisterTest, ADistanceOfZeroOrWithoutAFittedSetLocksAndWritesNothing) {
   store({setOf("A"), fitted(setOf("B"))});
   const std::string before = program_.read(kFile);
-  LockCounter files;
+  test::CountingFileSystem files(files_);
   addDistance(files, folders_, "B", 0);
   addDistance(files, folders_, "A", 100);
   addDistance(files, folders_, "C", 100);
-  EXPECT_EQ(files.locks, 0);
+  EXPECT_EQ(files.count(test::Call::TryLock), 0);
   EXPECT_EQ(program_.read(kFile), before);
 }
 

@@ -35,19 +35,5 @@ TEST(TyreSetRecord, ReadsBackWhatItWrote) {
   EXPECT_EQ(core::decoded<TyreSet>(core::encoded(sample())), sample());
 }
 
-TEST(TyreSetRecord, OfZeroBytesIsEmpty) {
-  const TyreSet none = TyreSets().record(1);
-  EXPECT_EQ(none, TyreSet{});
-  EXPECT_EQ(none.plate.trimmed(), "");
-  EXPECT_EQ(none.plate.asStored(), "          ");
-}
-
-TEST(TyreSetRecord, KeepsUnknownSeasonAndMountingValues) {
-  TyreSet set = sample();
-  set.season = 7;
-  set.onCar = -1;
-  EXPECT_EQ(core::decoded<TyreSet>(core::encoded(set)), set);
-}
-
 }  // namespace
 }  // namespace tarvik::tyres
