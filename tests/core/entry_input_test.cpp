@@ -152,23 +152,6 @@ TEST(EntryFromInput, TextThatIsNoNumberIsToldByItsField) {
   failing(&EntryInput::megjKtg, "txMegjKtg");
 }
 
-TEST(EntryFromInput, TextOfFiftyCharactersFitsAndTheFiftyFirstIsCut) {
-  std::string fifty;
-  for (int i = 0; i < 25; ++i) fifty += "őű";
-  EntryInput input = filledInput();
-  input.alkatresz = fifty;
-  input.megjegyzes = fifty + "Ő";
-  const NapiAdat entry = toEntry(input);
-  EXPECT_EQ(entry.Alkatresz.trimmed(), fifty);
-  EXPECT_EQ(entry.Megjegyzes.trimmed(), fifty);
-}
-
-TEST(EntryFromInput, ANoteOf400CharactersKeepsItsFirstFifty) {
-  EntryInput input = filledInput();
-  input.megjegyzes = "A" + std::string(399, 'b');
-  EXPECT_EQ(toEntry(input).Megjegyzes.trimmed(), "A" + std::string(49, 'b'));
-}
-
 // From the entry to the fields.
 
 TEST(InputFromEntry, EveryFieldIsShownInItsPlainForm) {

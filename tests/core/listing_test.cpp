@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <limits>
-#include <random>
 
 #include "core/entry_editing.h"
 #include "core/machine_file_system.h"
@@ -240,24 +238,6 @@ TEST_F(ListedFile, Of100MegabytesShowsItsFirst32767Entries) {
   const Listing listing = listed();
   EXPECT_EQ(listing.rows(), 32'767);
   EXPECT_EQ(listing.cell(32'766, kRecColumn), "32767");
-}
-
-TEST_F(ListedFile, CutInMidRecordShowsTheWholeOnes) {
-  write(test::toText(encoded(atKm(10'000))) + std::string(155, 'x'));
-  EXPECT_EQ(listed().rows(), 1);
-}
-
-TEST_F(ListedFile, OfRandomBytesIsShownWithoutACrash) {
-  std::mt19937 random(20'130'705);
-  std::string bytes(200 * NapiAdat::kLength + 77, '\0');
-  std::ranges::generate(bytes, [&] { return static_cast<char>(random()); });
-  write(bytes);
-  for (const std::int16_t mode : {kWholeList, kYearList, kMonthList}) {
-    const Listing listing = listed({mode, dayOf({2013, 7, 5})});
-    for (int number = 0; number < listing.rows(); ++number) EXPECT_EQ(row(listing, number).size(), 10u);
-  }
-  EXPECT_EQ(listed().rows(), 200);
-  EXPECT_EQ(folder_.read("ABC123/napiadat.dat"), bytes);
 }
 
 }  // namespace

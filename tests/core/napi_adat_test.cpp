@@ -83,41 +83,6 @@ TEST(NapiAdat, GoldenBytesAreRead) {
   EXPECT_EQ(core::decoded<NapiAdat>(goldenBytes()), goldenEntry());
 }
 
-TEST(NapiAdat, TextsAreReadInUtf8) {
-  const NapiAdat entry = core::decoded<NapiAdat>(goldenBytes());
-  EXPECT_EQ(entry.Alkatresz.trimmed(), "Olajszűrő");
-  EXPECT_EQ(entry.Megjegyzes.trimmed(), "Árvíztűrő tükörfúrógép");
-}
-
-TEST(NapiAdat, EveryFieldLiesAtItsOffset) {
-  const auto firstByteOf = [](const NapiAdat& entry) {
-    const Bytes empty = encoded(NapiAdat{});
-    const Bytes bytes = encoded(entry);
-    return std::ranges::mismatch(bytes, empty).in1 - bytes.begin();
-  };
-  const FixedText<50> text("x");
-  EXPECT_EQ(firstByteOf({.KmOra = 1}), 0);
-  EXPECT_EQ(firstByteOf({.Datum = 1e-300}), 4);
-  EXPECT_EQ(firstByteOf({.Teletank = 1}), 12);
-  EXPECT_EQ(firstByteOf({.TankoltLiter = {1}}), 14);
-  EXPECT_EQ(firstByteOf({.TankoltKtg = 1}), 22);
-  EXPECT_EQ(firstByteOf({.AlkatreszKtg = 1}), 26);
-  EXPECT_EQ(firstByteOf({.FtPerLiter = {1}}), 30);
-  EXPECT_EQ(firstByteOf({.Olajcsere = 1}), 38);
-  EXPECT_EQ(firstByteOf({.Szurocsere = 1}), 40);
-  EXPECT_EQ(firstByteOf({.Gyertyacsere = 1}), 42);
-  EXPECT_EQ(firstByteOf({.Alkatresz = text}), 44);
-  EXPECT_EQ(firstByteOf({.MegjKtg = 1}), 94);
-  EXPECT_EQ(firstByteOf({.Megjegyzes = text}), 98);
-  EXPECT_EQ(firstByteOf({.Fogyasztas = {1}}), 148);
-}
-
-TEST(NapiAdat, AnyBytesSurviveReadingAndWriting) {
-  Bytes bytes(NapiAdat::kLength);
-  for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<std::byte>(i * 37 + 11);
-  EXPECT_EQ(encoded(core::decoded<NapiAdat>(bytes)), bytes);
-}
-
 TEST(Logbook, KeepsTheOrderOfRecording) {
   const std::array<NapiAdat, 3> entries = {NapiAdat{.KmOra = 30}, NapiAdat{.KmOra = 10},
                                            NapiAdat{.KmOra = 20}};

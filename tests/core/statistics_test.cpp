@@ -2,9 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <limits>
-#include <random>
 #include <vector>
 
 #include "tests/core/entries.h"
@@ -247,21 +245,6 @@ TEST(Statistics, ConsumptionRoundsHalvesAwayFromZero) {
   Entries entries = fourEntries();
   entries[3].TankoltLiter = {150'500};  // 15.05 + 20 litres on 1,000 km: 3.505
   EXPECT_EQ(clicked(entries, 4).pillAtlag, "3,51");
-}
-
-TEST(Statistics, RandomLogbooksNeverFail) {
-  std::mt19937 random(7'630);
-  for (int round = 0; round < 2'000; ++round) {
-    ByteBlock block = ByteBlock::ofSize((1 + random() % 5) * NapiAdat::kLength);
-    std::ranges::generate(block.span(),
-                          [&] { return static_cast<std::byte>(random() % 3 == 0 ? random() : 0); });
-    const Logbook logbook(std::move(block));
-    for (int selected = -1; selected <= logbook.count() + 1; ++selected)
-      EXPECT_NO_THROW(statisticsOf(logbook, {.selected = selected,
-                                             .tankSize = static_cast<std::int16_t>(random()),
-                                             .average = "7",
-                                             .today = dayOf({2013, 2, 4})}));
-  }
 }
 
 }  // namespace

@@ -2,9 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <limits>
-#include <random>
 
 #include "core/failure.h"
 #include "tests/core/entries.h"
@@ -186,23 +184,6 @@ TEST(Totals, DistancePast32BitsFailsAfterTheCostsAreShown) {
                      [&] { updateTotals(listingOf(entries), totals); });
   EXPECT_EQ(totals.teljesKtg, "28 200 Ft.");
   EXPECT_EQ(totals.megtettKm, "4 Km.");
-}
-
-TEST(Totals, RandomBytesAreSummedOrRefused) {
-  std::mt19937 random(40'500);
-  for (int round = 0; round < 2'000; ++round) {
-    ByteBlock block = ByteBlock::ofSize((1 + random() % 4) * NapiAdat::kLength);
-    std::ranges::generate(block.span(), [&] { return static_cast<std::byte>(random()); });
-    Listing listing{Logbook(std::move(block)), {}};
-    listing.numbers = listedEntries(listing.logbook, {});
-    Totals totals;
-    try {
-      updateTotals(listing, totals);
-    } catch (const Failure& failure) {
-      EXPECT_EQ(failure.kind(), FailureKind::OutOfRange);
-    }
-    EXPECT_EQ(costPerDay(listing, "1").has_value(), litresPerDay(listing, "1").has_value());
-  }
 }
 
 // The hints per day.

@@ -16,11 +16,7 @@ namespace {
 
 using core::Logbook;
 using core::NapiAdat;
-using ::testing::Contains;
 using ::testing::ElementsAre;
-
-constexpr int kPaperWidth = 297;
-constexpr int kPaperHeight = 210;
 
 NapiAdat fuelling(std::int32_t km, std::int64_t litresTenThousandths) {
   NapiAdat entry;
@@ -143,20 +139,12 @@ TEST(ListDocument, AnEmptyHeadingIsNotPrinted) {
   EXPECT_EQ(page.texts.front(), (Text{10, 26, 8, "Dátum", 19}));
 }
 
-TEST(ListDocument, LitresOfFiveTakeNineCharacters) {
-  EXPECT_EQ(rowOf(fuelling(1, 50'000))[2], "     5,00");
-}
-
 TEST(ListDocument, LitresAreFilledToNineCharactersAndNeverCut) {
   EXPECT_EQ(rowOf(fuelling(1, 0))[2], "      ,00");
+  EXPECT_EQ(rowOf(fuelling(1, 50'000))[2], "     5,00");
   EXPECT_EQ(rowOf(fuelling(1, -70'000))[2], "    -7,00");
   EXPECT_EQ(rowOf(fuelling(1, 1'234'567'800))[2], "123456,78");
   EXPECT_EQ(rowOf(fuelling(1, 12'345'678'900))[2], "1234567,89");
-}
-
-TEST(ListDocument, ARecordWithoutFlagsHasASingleSpaceInTheirColumns) {
-  const auto row = rowOf(fuelling(1, 0));
-  EXPECT_THAT((std::vector<std::string>{row[3], row[4], row[5]}), ElementsAre(" ", " ", " "));
 }
 
 TEST(ListDocument, EachFlagHasItsColumnAndOnlyTheStoredMinusOneIsSet) {
@@ -188,17 +176,6 @@ TEST(ListDocument, APartWithoutANoteBesideItHasTheRestOfThePaper) {
   EXPECT_EQ(texts[6], (Text{115, 30, 8, "Fék", 177}));
 }
 
-TEST(ListDocument, ThirtyNineRowsLeaveRoomForOneMore) {
-  const Logbook logbook = logbookOf(39);
-  const ListDocument document(logbook, allRowsOf(logbook), "");
-  ASSERT_EQ(document.pageCount(), 1);
-  const Page page = document.page(1);
-  EXPECT_EQ(horizontalRuleYs(page).back(), 185);
-  EXPECT_EQ(verticalRules(page).back(), (Rule{280, 25, 280, 185}));
-  EXPECT_EQ(page.texts[page.texts.size() - 2].yMm, 186);
-  EXPECT_EQ(page.texts.back().yMm, 190);
-}
-
 TEST(ListDocument, AFullLastPageHasItsTotalsUnderTheTable) {
   const Logbook logbook = logbookOf(40);
   const ListDocument document(logbook, allRowsOf(logbook), "");
@@ -216,19 +193,6 @@ TEST(ListDocument, AFullLastPageHasItsTotalsUnderTheTable) {
   EXPECT_EQ(totalsOf(logbook, allRowsOf(logbook)),
             (std::vector{Text{50, 190, 8, "Kilométer összesen: -3 900 km.", 230},
                          Text{50, 194, 8, "Tankolás összesen:  400,00 liter", 230}}));
-}
-
-TEST(ListDocument, EverythingStaysOnThePaper) {
-  const Logbook logbook = logbookOf(40);
-  const Page page = ListDocument(logbook, allRowsOf(logbook), "Fejléc").page(1);
-  for (const Text& text : page.texts) {
-    EXPECT_LE(text.xMm + text.widthMm, kPaperWidth);
-    EXPECT_LE(text.yMm + 4, kPaperHeight);
-  }
-  for (const Rule& rule : page.rules) {
-    EXPECT_LT(rule.toXMm, kPaperWidth);
-    EXPECT_LT(rule.toYMm, kPaperHeight);
-  }
 }
 
 TEST(ListDocument, RowFortyOneStartsASecondPageWithTheWholeHead) {
@@ -249,26 +213,6 @@ TEST(ListDocument, RowFortyOneStartsASecondPageWithTheWholeHead) {
   EXPECT_EQ(verticalRules(second).size(), 9u);
   EXPECT_EQ(wordsAt(second, 34), std::vector<std::string>{"Kilométer összesen: -4 000 km."});
   EXPECT_EQ(wordsAt(second, 38), std::vector<std::string>{"Tankolás összesen:  410,00 liter"});
-}
-
-TEST(ListDocument, EightyRowsFillTwoPages) {
-  const Logbook logbook = logbookOf(80);
-  const ListDocument document(logbook, allRowsOf(logbook), "");
-  ASSERT_EQ(document.pageCount(), 2);
-  const Page last = document.page(2);
-  EXPECT_EQ(wordsAt(last, 30)[1], "5000");
-  EXPECT_EQ(wordsAt(last, 186)[1], "8900");
-  EXPECT_EQ(last.texts.back(), (Text{50, 194, 8, "Tankolás összesen:  800,00 liter", 230}));
-}
-
-TEST(ListDocument, EightyOneRowsHaveTheLastOneAloneOnTheThirdPage) {
-  const Logbook logbook = logbookOf(81);
-  const ListDocument document(logbook, allRowsOf(logbook), "");
-  ASSERT_EQ(document.pageCount(), 3);
-  EXPECT_EQ(document.page(2).texts.back().yMm, 186);
-  const Page last = document.page(3);
-  EXPECT_EQ(wordsAt(last, 30)[1], "9000");
-  EXPECT_EQ(last.texts.size(), 8u + 8u + 2u);
 }
 
 TEST(ListDocument, RowsKeepTheListsOrderAndRecordNumbers) {
@@ -311,14 +255,6 @@ TEST(ListDocument, ARecordThatIsGonePrintsAsZeros) {
   const Logbook logbook = logbookOf(1);
   const auto row = wordsAt(ListDocument(logbook, {{7}, "1000", "1000"}, "").page(1), 30);
   EXPECT_THAT(row, ElementsAre("1899.12.30.", "0", "      ,00", " ", " ", " ", "", std::string(50, ' ')));
-}
-
-TEST(ListDocument, AWholeLogbookHasAllItsTexts) {
-  const Logbook logbook = logbookOf(32'767);
-  const ListDocument document(logbook, allRowsOf(logbook), "Minden");
-  std::size_t texts = 0;
-  for (int number = 1; number <= document.pageCount(); ++number) texts += document.page(number).texts.size();
-  EXPECT_EQ(texts, 820u * 9u + 32'767u * 8u + 2u);
 }
 
 }  // namespace

@@ -30,14 +30,6 @@ void require(bool isTrue) {
   if (!isTrue) std::abort();
 }
 
-template <typename Step>
-void attempt(Step step) {
-  try {
-    step();
-  } catch (const core::Failure&) {
-  }
-}
-
 template <std::size_t kKind>
 void feedKind(std::string_view input) {
   for (const std::string& text : recordKinds()[kKind].look(std::string(input))) require(isUtf8(text));

@@ -31,15 +31,6 @@ namespace {
 constexpr core::Day kToday{44'000};
 constexpr const char* kPlate = "ABC-123";
 
-// Leaves out what the program refuses.
-template <typename Step>
-void attempt(Step step) {
-  try {
-    step();
-  } catch (const core::Failure&) {
-  }
-}
-
 // The file's records as they are read from a disk: up to the highest record number.
 template <core::Record R>
 core::RecordList<R> recordsIn(const std::string& file) {

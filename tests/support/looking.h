@@ -3,7 +3,18 @@
 #include <string>
 #include <vector>
 
+#include "core/failure.h"
+
 namespace tarvik::test {
+
+/// Takes a step, and leaves out what the program refuses.
+template <typename Step>
+void attempt(Step step) {
+  try {
+    step();
+  } catch (const core::Failure&) {
+  }
+}
 
 /// A kind of record, and everything that the program shows of a file of it.
 struct RecordKind {
