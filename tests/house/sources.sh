@@ -123,14 +123,14 @@ wrong_errors() {
   done
 }
 
-# A text that fills one placeholder may bring the next one with it: a plate ABC%1, a file 50%2.csv.
+# A text that fills one placeholder may bring the next one with it: a plate ABC%1, a file 50%2.csv. Of the answers of
+# grep, that nothing was found is the good one.
 wrong_placeholders() {
-  local file
+  local files
   [ -d ui ] || return 0
-  sources_of ui | while read -r file; do
-    ! tr '\n' ' ' < "$file" | grep -qP '\.arg(\((?:[^()]++|(?1))*\))\s*\.arg\(' ||
-      echo "$file: fills placeholders one after the other"
-  done
+  mapfile -t files < <(sources_of ui)
+  grep -lzP '\.arg(\((?:[^()]++|(?1))*\))\s*\.arg\(' "${files[@]}" | sed 's/$/: fills placeholders one after the other/' ||
+    [ $? -eq 1 ]
 }
 
 # No function has more than 60 lines. It begins at the margin or in a class, whose indent its end has too.
