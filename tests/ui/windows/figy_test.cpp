@@ -40,7 +40,8 @@ reminders::FigyelRec recordedToday(std::int32_t reading, std::int32_t after, std
 
 /// The entry screen over a desk, for the vehicle whose plate stands on the main screen with a space.
 struct Figy {
-  explicit Figy(test::ReminderDesk& desk) : screen(desk.context, QStringLiteral("ABC-123 "), nullptr) {
+  explicit Figy(test::ReminderDesk& desk, const char* plate = "ABC-123 ")
+      : screen(desk.context, QString::fromLatin1(plate), nullptr) {
     screen.show();
     if (!QTest::qWaitForWindowActive(&screen)) QTest::qFail("the screen did not come up", __FILE__, __LINE__);
   }
@@ -184,6 +185,22 @@ class FigyTest : public QObject {
     QCOMPARE(figy.field("tx_km_allas")->text(), "12 000");
     QCOMPARE(figy.field("tx_km_mulva")->text(), "500");
     QCOMPARE(figy.field("tx_szoveg")->text(), "Olaj");
+  }
+
+  void aPlateWithALeadingSpaceIsRecordedAsItStandsUpToTenCharacters() {
+    for (const auto& [plate, recorded] :
+         {std::pair(" ABC-123", " ABC-123  "), std::pair(" ABCD-12345", " ABCD-1234")}) {
+      test::ReminderDesk desk;
+      const Figy figy(desk, plate);
+      figy.enterKm("1000", "500", "Olaj");
+      figy.pressAndAnswer("cmd_rogzit", QMessageBox::Yes);
+      QCOMPARE(rowsOf(figy.kmList()), QStringList{"2013.07.05|" + shownText("Olaj") + "|" + recorded + "|1"});
+      figy.openTab(1);
+      test::typeInto(*figy.field("txtMire"), "Adó");
+      figy.pressAndAnswer("cmdRogzit2", QMessageBox::Yes);
+      QCOMPARE(desk.storedKm().substr(58), std::string(recorded));
+      QCOMPARE(desk.storedDates().substr(58), std::string(recorded));
+    }
   }
 
   void recordingKmWithAnEmptyTextOverwritesRecordOne() {
