@@ -152,6 +152,30 @@ class FrmTarvikRemindersTest : public QObject {
     QCOMPARE(screens.opened, (QStringList{"riaszt"}));
   }
 
+  void aReminderOfAPlateTypedWithASpaceIsItsCarsOne() {
+    Household main;
+    main.open();
+    main.type("Combo1", " ABC123");
+    ScreenWatch screens;
+    screens.whileOpen = [] {
+      QWidget& open = *QApplication::activeModalWidget();
+      if (open.objectName() != "figy") return;
+      typeInto(*open.findChild<QLineEdit*>("tx_km_allas"), "10000");
+      typeInto(*open.findChild<QLineEdit*>("tx_km_mulva"), "5000");
+      typeInto(*open.findChild<QLineEdit*>("tx_szoveg"), "Olaj");
+      BoxScript boxes({QMessageBox::Yes});
+      press(*open.findChild<QPushButton*>("cmd_rogzit"));
+    };
+    main.press("cmd_figyel");
+    QCOMPARE(main.folder.read("figyel.dat").substr(58), std::string(" ABC123   "));
+    main.tick();
+    main.type("Combo1", "ABC123");
+    main.tick();
+    main.type("Combo1", "XYZ789");
+    main.tick();
+    QCOMPARE(screens.opened, (QStringList{"figy", "riaszt", "riaszt"}));
+  }
+
   void aReadingEqualToTheDueOneIsNotPassed() {
     Household main(15'000);
     main.folder.write("figyel.dat", kmReminder("ABC123", 10'000, 5'000));
