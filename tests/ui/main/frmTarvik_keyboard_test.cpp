@@ -196,6 +196,22 @@ class FrmTarvikKeyboardTest : public QObject {
     QCOMPARE(main.folder.read("ABC123/napiadat.dat"), before);
   }
 
+  // The tank is ticked full again after each recording, which an entry without fuel is not stored with.
+  void enterDoublesNoEntryWithoutFuelThatIsTypedAgain() {
+    Household main;
+    const auto record = [&](const char* km, QMessageBox::StandardButton answer) {
+      main.type("txKmOra", km);
+      main.type("txMegjegyzes", "Mosás");
+      BoxScript boxes({answer});
+      main.press("cmd_rogzit");
+      return boxes.seen.value(0).enter;
+    };
+    QCOMPARE(record("10500", QMessageBox::Yes), QMessageBox::Yes);
+    QVERIFY(main.box("ChkTeletank")->isChecked());
+    QCOMPARE(record("10500", QMessageBox::No), QMessageBox::No);
+    QCOMPARE(record("10501", QMessageBox::No), QMessageBox::Yes);
+  }
+
   void theOpenFilterHasTheMainAction() {
     Household main;
     QVERIFY(ui::isMainAction(*main.find<QPushButton>("cmd_rogzit")));
