@@ -66,6 +66,17 @@ struct Form {
   QList<QPushButton*> pressed;
 };
 
+/// Whether a part was painted since.
+class Painted : public QObject {
+ public:
+  explicit Painted(QWidget& part) { part.installEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* event) override {
+    isSeen = isSeen || event->type() == QEvent::Paint;
+    return false;
+  }
+  bool isSeen = false;
+};
+
 }  // namespace
 
 class EnterKeyTest : public QObject {
@@ -150,6 +161,19 @@ class EnterKeyTest : public QObject {
     QVERIFY(!isMainAction(form.harmless));
     form.unasked.hide();
     QVERIFY(isMainAction(form.asks));
+  }
+
+  void aMainButtonIsPaintedAnewWhenAnotherComesOrGoes() {
+    Form form;
+    QSizePolicy keepsItsPlace = form.unasked.sizePolicy();
+    keepsItsPlace.setRetainSizeWhenHidden(true);
+    form.unasked.setSizePolicy(keepsItsPlace);
+    QCoreApplication::processEvents();
+    for (const bool shown : {false, true}) {
+      Painted asks(form.asks);
+      form.unasked.setVisible(shown);
+      QTRY_VERIFY(asks.isSeen);
+    }
   }
 };
 
