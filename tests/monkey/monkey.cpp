@@ -18,6 +18,7 @@
 #include <map>
 #include <memory>
 #include <random>
+#include <utility>
 
 #include "core/machine_file_system.h"
 #include "tests/monkey/agreement.h"
@@ -28,8 +29,8 @@
 
 // A seeded monkey that uses the screens as a person does, by keys, clicks, the wheel and the right button,
 // with what is typed half left behind. It answers every box it meets. Between two acts the main screen must
-// agree with itself, and an act that changes nothing must have changed nothing; at the end the files are
-// well-formed and nothing has grown.
+// agree with itself, Qt must have warned of nothing, and an act that changes nothing must have changed nothing;
+// at the end the files are well-formed and nothing has grown.
 //
 //   tarvik_monkey FOLDER SEED ACTIONS      FOLDER holds a household to play with, and is the current folder
 
@@ -50,6 +51,24 @@ const int kControlKeys[] = {Qt::Key_Z, Qt::Key_Y, Qt::Key_L, Qt::Key_C};
 const std::map<QString, qint64> kRecordLengths{{"rendsz.dat", 10}, {"alkatr.dat", 50},  {"megjegyz.dat", 50},
                                                {"set.dat", 12},    {"figyel.dat", 68},  {"figyDatum.dat", 68},
                                                {"Gumik.dat", 71},  {"Szerviz.dat", 186}};
+
+// What Qt has warned of since it was last asked for.
+QStringList& warnings() {
+  static QStringList all;
+  return all;
+}
+
+// Of the display that there is none of: it neither raises a window nor keeps it from sizes.
+bool isOfNoDisplay(const QString& text) {
+  return text.startsWith(QLatin1String("This plugin does not support "));
+}
+
+void hear(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  const QString line = qFormatLogMessage(type, context, text);
+  const bool isWarning = type == QtWarningMsg || type == QtCriticalMsg;
+  if (isWarning && !isOfNoDisplay(text)) warnings() << line;
+  if (!isOfNoDisplay(text)) std::fprintf(stderr, "%s\n", qPrintable(line));
+}
 
 class Monkey : public QObject {
  public:
@@ -123,12 +142,16 @@ class Monkey : public QObject {
   }
 
   void lookAround() {
+    faults_ += std::exchange(warnings(), {});
     QWidget* window = topWindow();
-    if (window == nullptr || window != window_) return;
-    if (isQuiet_) lookForChanges(*window);
-    if (window == screen_.get() && !screen_->findChild<QComboBox*>("Combo1")->hasFocus())
-      faults_ += agreement_.faultsOf(*screen_);
+    if (window != nullptr && window == window_) compare(*window);
     if (!faults_.isEmpty()) faults_ << QStringLiteral("after: ") + did_;
+  }
+
+  void compare(const QWidget& window) {
+    if (isQuiet_) lookForChanges(window);
+    if (&window == screen_.get() && !screen_->findChild<QComboBox*>("Combo1")->hasFocus())
+      faults_ += agreement_.faultsOf(*screen_);
   }
 
   void lookForChanges(const QWidget& window) {
@@ -304,6 +327,7 @@ qsizetype openFiles() {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
+  qInstallMessageHandler(hear);
   ui::dress();
   QApplication::setQuitOnLastWindowClosed(false);
   const QStringList words = QApplication::arguments();
@@ -324,5 +348,6 @@ int main(int argc, char** argv) {
   if (after > before + kKept)
     std::printf("open files grew from %lld to %lld\n", static_cast<long long>(before),
                 static_cast<long long>(after));
-  return agrees && malformedFiles(QDir::current()) == 0 && after <= before + kKept ? 0 : 1;
+  const bool isWell = agrees && warnings().isEmpty() && malformedFiles(QDir::current()) == 0;
+  return isWell && after <= before + kKept ? 0 : 1;
 }
