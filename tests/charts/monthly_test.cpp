@@ -174,6 +174,18 @@ TEST(MonthlyDistance, AddsTheLastDistanceAgainAfterAReadingOfZero) {
                             {"2012. 5. hó", whole(100)}}));
 }
 
+TEST(MonthlyDistance, AddsTheLastDistanceAgainAfterANegativeReading) {
+  const Points points =
+      series(4, {note(stored(2012, 1, 1)), fuelling(stored(2012, 2, 1), 1, -1'000),
+                 fuelling(stored(2012, 3, 1), 1, 1'000), fuelling(stored(2012, 4, 1), 1, -500),
+                 fuelling(stored(2012, 5, 1), 1, 1'500), fuelling(stored(2012, 6, 1), 1, 1'600)});
+  EXPECT_EQ(points, (Points{{"2012. 2. hó", whole(0)},
+                            {"2012. 3. hó", whole(0)},
+                            {"2012. 4. hó", whole(-1'500)},
+                            {"2012. 5. hó", whole(-1'500)},
+                            {"2012. 6. hó", whole(100)}}));
+}
+
 TEST(MonthlyDistance, CountsTheUnshownSlotsReadings) {
   std::vector<NapiAdat> entries(100, note(stored(2012, 1, 1)));
   entries[0] = fuelling(stored(2012, 1, 1), 1, 700);
@@ -253,7 +265,8 @@ TEST(CostPerHundredKm, IsZeroWithoutAnAverage) {
 
 TEST(CostPerHundredKm, DoesNotMindOdometerReadings) {
   std::vector<NapiAdat> entries = pricedFuellings();
-  for (NapiAdat& entry : entries) entry.KmOra = 123;
+  const std::int32_t readings[] = {123, -2'000'000'000, 2'000'000'000, -1};
+  for (std::size_t i = 0; i < entries.size(); ++i) entries[i].KmOra = readings[i];
   EXPECT_EQ(series(7, entries, "7"), series(7, pricedFuellings(), "7"));
 }
 
