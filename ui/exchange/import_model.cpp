@@ -208,7 +208,7 @@ QVariant ImportModel::look(const QModelIndex& index, int role) const {
 }
 
 QVariant ImportModel::data(const QModelIndex& index, int role) const {
-  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+  if (!index.isValid() || !checkIndex(index)) return {};
   const PlannedEntry* planned = entryOf(index);
   switch (role) {
     case Qt::DisplayRole: {

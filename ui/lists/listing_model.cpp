@@ -43,7 +43,7 @@ int ListingModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant ListingModel::data(const QModelIndex& index, int role) const {
-  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+  if (!index.isValid() || !checkIndex(index)) return {};
   if (role == Qt::DisplayRole) return toQt(listing_.cell(index.row(), index.column()));
   if (role == Qt::TextAlignmentRole) return QVariant::fromValue(alignmentOf(index.column()));
   return {};

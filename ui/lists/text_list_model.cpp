@@ -40,7 +40,8 @@ QVariant TextListModel::alignment(int column) const {
 }
 
 QVariant TextListModel::data(const QModelIndex& index, int role) const {
-  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+  // Ctrl+C asks for what the keyboard is on, which may be no row.
+  if (!index.isValid() || !checkIndex(index)) return {};
   const TextRow& row = rows_[static_cast<std::size_t>(index.row())];
   if (role == Qt::DisplayRole) return cell(row, index.column());
   if (role == kCopiedRole && figureColumns_.contains(index.column()))

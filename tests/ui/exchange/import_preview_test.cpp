@@ -130,44 +130,55 @@ class ImportPreviewTest : public QObject {
     QCOMPARE(shown, "ABC%2 naplójához: 50%3&x.csv – 2 sor: 1 bejegyzés, ebből 1 kijelölve, 1 sor kimarad");
   }
 
+  void ctrlCInItsListAsksForNoRowThatIsNotThere() {
+    QTest::failOnWarning(QRegularExpression("QModelIndex"));
+    Import import;
+    import.read(kForintLog, [](ui::ImportPreview& preview) {
+      auto* const list = test::part<QTreeView>(preview, "ListViewBejegyzesek");
+    list->setCurrentIndex({});
+    QTest::keyClick(list, Qt::Key_C, Qt::ControlModifier);
+    preview.close();
+  });
+}
+
   void thePreviewOpensNineTenthsOfTheDisplayHigh() {
-    Import import;
-    import.writeLogbook({});
-    QVERIFY(!import.read(kForintLog, [&](ui::ImportPreview& preview) {
-      const int display = preview.screen()->availableGeometry().height();
-      QCOMPARE(preview.height(), std::max(preview.sizeHint().height(), display * 9 / 10));
-      preview.reject();
-    }));
-  }
+  Import import;
+  import.writeLogbook({});
+  QVERIFY(!import.read(kForintLog, [&](ui::ImportPreview& preview) {
+    const int display = preview.screen()->availableGeometry().height();
+    QCOMPARE(preview.height(), std::max(preview.sizeHint().height(), display * 9 / 10));
+    preview.reject();
+  }));
+}
 
-  void whatIsTickedComesIntoTheLogbookAndIsTold() {
-    Import import;
-    const core::NapiAdat old = fuelling({2011, 12, 1}, 600, 400'000, true);
-    import.writeLogbook({old});
-    QVERIFY(import.take(kForintLog, [&](ui::ImportPreview& preview) {
-      const auto* rows = list(preview, "ListViewBejegyzesek");
-      QCOMPARE(row(rows, 0, 9),
-               QStringLiteral("|||||||Dátum | Km óra | Liter | Költség (Ft) | Tele | Megjegyzés|"
-                              "kimarad: fejléc"));
-      QCOMPARE(row(rows, 1, 9), QStringLiteral("2012.01.05.|1000|40,50|400|X||24 300|első|"));
-      QCOMPARE(row(rows, 2, 7), QStringLiteral("2012.01.19.|1500|30,00|500|X|6,00|18 000"));
-      QCOMPARE(state(preview), QStringLiteral("Kijelölve: 2 bejegyzés"));
-      QCOMPARE(import.stored().size(), 1U);
-      test::press(*button(preview));
-    }));
-    QCOMPARE(import.told, QStringLiteral("2 bejegyzés került a naplóba."));
-    const auto entries = import.stored();
-    QCOMPARE(entries.size(), 3U);
-    QVERIFY(entries[0] == old);
-    QCOMPARE(entries[1].KmOra, 1000);
-    QCOMPARE(entries[2].Fogyasztas.tenThousandths, 60'000);  // 30 litres over 500 km
-    QVERIFY(!import.desk.program.has("Gumik.dat"));
-  }
+void whatIsTickedComesIntoTheLogbookAndIsTold() {
+  Import import;
+  const core::NapiAdat old = fuelling({2011, 12, 1}, 600, 400'000, true);
+  import.writeLogbook({old});
+  QVERIFY(import.take(kForintLog, [&](ui::ImportPreview& preview) {
+    const auto* rows = list(preview, "ListViewBejegyzesek");
+    QCOMPARE(row(rows, 0, 9),
+             QStringLiteral("|||||||Dátum | Km óra | Liter | Költség (Ft) | Tele | Megjegyzés|"
+                            "kimarad: fejléc"));
+    QCOMPARE(row(rows, 1, 9), QStringLiteral("2012.01.05.|1000|40,50|400|X||24 300|első|"));
+    QCOMPARE(row(rows, 2, 7), QStringLiteral("2012.01.19.|1500|30,00|500|X|6,00|18 000"));
+    QCOMPARE(state(preview), QStringLiteral("Kijelölve: 2 bejegyzés"));
+    QCOMPARE(import.stored().size(), 1U);
+    test::press(*button(preview));
+  }));
+  QCOMPARE(import.told, QStringLiteral("2 bejegyzés került a naplóba."));
+  const auto entries = import.stored();
+  QCOMPARE(entries.size(), 3U);
+  QVERIFY(entries[0] == old);
+  QCOMPARE(entries[1].KmOra, 1000);
+  QCOMPARE(entries[2].Fogyasztas.tenThousandths, 60'000);  // 30 litres over 500 km
+  QVERIFY(!import.desk.program.has("Gumik.dat"));
+}
 
-  // 70.5 litres for 42,300 Ft: 600 Ft a litre; without the first fill 30 litres over 500 km.
-  void oneLineSaysWhatWillComeOfItBesideTheLogbook() {
-    Import import;
-    import.writeLogbook({});
+// 70.5 litres for 42,300 Ft: 600 Ft a litre; without the first fill 30 litres over 500 km.
+void oneLineSaysWhatWillComeOfItBesideTheLogbook() {
+  Import import;
+  import.writeLogbook({});
     import.read(kForintLog, [](ui::ImportPreview& preview) {
       QCOMPARE(test::part<QLabel>(preview, "lbOsszeg")->text(),
                QStringLiteral("A fájlból:  2 bejegyzés  ·  2012.01.05.–2012.01.19.  ·  500 km  ·  70,50 l  ·  "
@@ -181,10 +192,10 @@ class ImportPreviewTest : public QObject {
     choose(preview, "cmbTavolsag", 1);
     QVERIFY(test::part<QLabel>(preview, "lbOsszeg")->text().contains("805 km"));
     preview.reject();
-  });
+});
 }
 
-  void takingOverIsNeverWhatEnterDoes() {
+void takingOverIsNeverWhatEnterDoes() {
   Import import;
   QVERIFY(
       import.take("Dátum;Km óra;Liter;Költség (€)\n2012.01.05.;1000;40;60\n", [](ui::ImportPreview& preview) {

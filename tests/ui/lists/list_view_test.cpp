@@ -4,6 +4,7 @@
 #include <QHelpEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QTest>
 #include <QToolTip>
 
@@ -51,6 +52,13 @@ class ListViewTest : public QObject {
   Q_OBJECT
 
  private slots:
+  void ctrlCWhereTheKeyboardIsOnNoRowAsksForNone() {
+    QTest::failOnWarning(QRegularExpression(QStringLiteral("QModelIndex")));
+    Shown list;
+    list.view.setCurrentIndex({});
+    QTest::keyClick(&list.view, Qt::Key_C, Qt::ControlModifier);
+  }
+
   void theLastRowStaysInSightWhenTheListGetsLower() {
     Shown list;
     list.model.setRows(std::vector<TextRow>(100, {{"B", "10"}, "4"}));
