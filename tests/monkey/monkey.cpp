@@ -29,8 +29,8 @@
 
 // A seeded monkey that uses the screens as a person does, by keys, clicks, the wheel and the right button,
 // with what is typed half left behind. It answers every box it meets. Between two acts the main screen must
-// agree with itself, Qt must have warned of nothing, and an act that changes nothing must have changed nothing;
-// at the end the files are well-formed and nothing has grown.
+// agree with itself, Qt must have warned of nothing, and an act that changes nothing must have changed
+// nothing; at the end the files are well-formed and nothing has grown.
 //
 //   tarvik_monkey FOLDER SEED ACTIONS      FOLDER holds a household to play with, and is the current folder
 
@@ -179,7 +179,7 @@ class Monkey : public QObject {
     QWidget* const part = QApplication::focusWidget() != nullptr ? QApplication::focusWidget() : &window;
     if (pick(4) == 0) {
       const int key = kControlKeys[pick(std::size(kControlKeys))];
-      did(QStringLiteral("Ctrl+%1").arg(QChar(key)));
+      did(QStringLiteral("Ctrl+%1 on %2").arg(QChar(key), nameAround(part)));
       return QTest::keyClick(part, static_cast<Qt::Key>(key), Qt::ControlModifier);
     }
     const auto key = static_cast<Qt::Key>(kKeys[pick(std::size(kKeys))]);
