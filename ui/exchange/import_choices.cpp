@@ -116,6 +116,7 @@ QLineEdit* ImportChoices::addField(const char* name, const QString& label) {
   auto* field = new QLineEdit(this);
   field->setObjectName(QString::fromLatin1(name));
   field->setProperty("longest", QStringLiteral("9999999,99"));
+  field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   auto* text = new QLabel(label, this);
   text->setObjectName(QStringLiteral("lb") + field->objectName().mid(2));
   text->setBuddy(field);
