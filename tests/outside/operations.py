@@ -71,7 +71,9 @@ REMINDERS = _behind("Figyelmeztetés", lambda main: main.part("push button", "Fi
 def _tab(screen, name):
     def opened(program):
         window = screen(program)
-        window.part("page tab", name).press()
+        tab = window.part("page tab", name)
+        tab.press()
+        wait_for(lambda: tab.is_selected, f"the page {name!r}")
         return window
     return opened
 
