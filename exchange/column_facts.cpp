@@ -14,7 +14,7 @@ double toDouble(const core::Ratio& value) {
 }
 
 bool hasDigit(std::string_view text) {
-  return text.find_first_of("0123456789") != std::string_view::npos;
+  return std::ranges::any_of(text, core::isDigit);
 }
 
 std::vector<std::string_view> cellsOf(const std::vector<const CsvRow*>& rows, std::size_t column) {
@@ -25,8 +25,7 @@ std::vector<std::string_view> cellsOf(const std::vector<const CsvRow*>& rows, st
 
 // A count of days or seconds is one only under a head that says so: a reading looks the same.
 bool countsDays(std::string_view cell) {
-  return std::ranges::all_of(cell, [](char c) { return c >= '0' && c <= '9'; }) && cell.size() != 8 &&
-         cell.size() != 14;
+  return std::ranges::all_of(cell, core::isDigit) && cell.size() != 8 && cell.size() != 14;
 }
 
 void count(ColumnFacts& facts) {

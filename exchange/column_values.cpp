@@ -27,7 +27,8 @@ double steadiness(const ColumnFacts& facts) {
   std::optional<double> before;
   for (const auto& figure : facts.figures) {
     if (!figure) continue;
-    if (before && *figure != *before) ++(*figure > *before ? up : down);
+    if (before && *figure > *before) ++up;
+    if (before && *figure < *before) ++down;
     before = figure;
   }
   return up + down == 0 ? 1 : static_cast<double>(std::max(up, down)) / static_cast<double>(up + down);
@@ -50,12 +51,11 @@ DistanceKind distanceKind(const ColumnFacts& facts) {
 bool areRunningSums(const ColumnFacts& facts) {
   constexpr std::size_t kEnough = 5;
   constexpr double kGrowth = 3;
-  double least = 0;
-  double greatest = 0;
+  double least = facts.median;
+  double greatest = facts.median;
   for (const auto& figure : facts.figures) {
-    if (!figure) continue;
-    least = greatest == 0 ? *figure : std::min(least, *figure);
-    greatest = std::max(greatest, *figure);
+    least = std::min(least, figure.value_or(least));
+    greatest = std::max(greatest, figure.value_or(greatest));
   }
   return facts.distinct >= kEnough && facts.distinct == facts.numbers && steadiness(facts) == 1 &&
          greatest > kGrowth * least;
@@ -90,7 +90,7 @@ bool areTwoKinds(const ColumnFacts& facts) {
   std::set<std::string_view> contents;
   for (const std::string_view cell : facts.cells) {
     if (cell.size() > kLongest) return false;
-    if (contents.size() < 3) contents.insert(cell);
+    contents.insert(cell);
   }
   return contents.size() == 2 && facts.cells.size() >= kFewestRows;
 }

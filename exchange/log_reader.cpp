@@ -1,6 +1,6 @@
 #include <algorithm>
 #include <array>
-#include <set>
+#include <span>
 #include <utility>
 #include <variant>
 
@@ -17,7 +17,7 @@ namespace {
 using Why = UnreadRow::Why;
 
 bool hasDigit(std::string_view text) {
-  return text.find_first_of("0123456789") != std::string_view::npos;
+  return std::ranges::any_of(text, core::isDigit);
 }
 
 // Notes of other programs may have several lines, a list has one.
@@ -45,10 +45,7 @@ std::string wholeText(const CsvRow& row) {
 // A sum, an average: a cell names it alone, or the first one begins with it ("Összesen 400 l").
 bool isTotal(const CsvRow& row) {
   if (std::ranges::any_of(row.cells, namesTotal)) return true;
-  const auto first =
-      std::ranges::find_if(row.cells, [](const std::string& cell) { return !core::trimmed(cell).empty(); });
-  if (first == row.cells.end()) return false;
-  const std::vector<std::string> words = wordsOf(folded(*first));
+  const std::vector<std::string> words = wordsOf(folded(wholeText(row)));
   return !words.empty() && namesTotal(words.front());
 }
 
@@ -117,7 +114,7 @@ class RowReader {
   // A row that is left out was driven all the same.
   void noteTrip(const CsvRow& row, core::Day day, UnreadRow& unread) const {
     constexpr int kLongest = 100'000;
-    const auto trip = reading_.has(Meaning::Odometer) ? std::nullopt : figure(row, Meaning::Trip);
+    const auto trip = figure(row, Meaning::Trip);
     if (!trip || !*trip || **trip > kLongest) return;
     unread.readDay = day;
     unread.trip = **trip * kilometresOf(distanceUnitOf(row));
@@ -197,9 +194,8 @@ class RowReader {
 
   // A figure behind the last head comes of a decimal comma that was taken for a separator.
   bool hasStrayFigure(const CsvRow& row) const {
-    if (table_.shape.separator != ',' || row.cells.size() <= table_.heads.size()) return false;
-    return std::any_of(row.cells.begin() + static_cast<std::ptrdiff_t>(table_.heads.size()), row.cells.end(),
-                       [](const std::string& extra) { return isFigureCell(extra); });
+    const auto behind = std::span(row.cells).subspan(std::min(table_.heads.size(), row.cells.size()));
+    return table_.shape.separator == ',' && std::ranges::any_of(behind, isFigureCell);
   }
 
   // Nothing for an empty cell; one without a digit ("-", "n/a") is as good as empty.

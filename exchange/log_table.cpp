@@ -27,8 +27,7 @@ std::size_t filledCells(const CsvRow& row) {
 }
 
 bool isValue(std::string_view cell) {
-  return isBareFigure(cell) ||
-         (cell.find_first_of("0123456789") != std::string_view::npos && looksLikeDay(cell));
+  return isBareFigure(cell) || (std::ranges::any_of(cell, core::isDigit) && looksLikeDay(cell));
 }
 
 // Whether a row could be the heads of any table: two cells and more, no values among them.

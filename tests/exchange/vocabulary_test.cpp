@@ -32,7 +32,8 @@ TEST(AWord, OfEachLanguageNamesAMonth) {
         "enero, febrero, marzo, abril, mayo, junio, julio, agosto, septiembre, octubre, noviembre, diciembre",
         "gennaio, febbraio, marzo, aprile, maggio, giugno, luglio, agosto, settembre, ottobre, novembre, "
         "dicembre",
-        "janeiro, fevereiro, março, abril, maio, junho, julho, agosto, setembro, outubro, novembro, dezembro"}) {
+        "janeiro, fevereiro, março, abril, maio, junho, julho, agosto, setembro, outubro, novembro, "
+        "dezembro"}) {
     int month = 0;
     for (const std::string& name : listed(names)) EXPECT_EQ(exchange::readMonth(name), ++month) << name;
     EXPECT_EQ(month, 12);
@@ -42,37 +43,42 @@ TEST(AWord, OfEachLanguageNamesAMonth) {
 
 TEST(AWord, OfEachLanguageSaysYes) {
   for (const std::string& word :
-       listed("yes, y, true, t, 1, 1.0, x, on, full, full tank, full up, first, igen, i, igaz, van, tele, teli, ja, j, wahr, "
+       listed("yes, y, true, t, 1, 1.0, x, on, full, full tank, full up, first, igen, i, igaz, van, tele, "
+              "teli, ja, j, wahr, "
               "voll, Erstbetankung, oui, vrai, plein, sì, s, vero, pieno, verdadero, lleno, sim, verdadeiro, "
               "cheio, tak, prawda, pełny, ano, pravda, plná, da, plin, полный"))
     EXPECT_EQ(exchange::yesOrNo(word), true) << word;
 }
 
 TEST(AWord, OfEachLanguageSaysNo) {
-  for (const std::string& word :
-       listed("no, n, false, f, 0, 0.0, off, half, partial, partially, not full, nem, hamis, fél, félig, nincs, "
-              "részleges, nein, falsch, teil, Teilbetankung, non, faux, partiel, falso, parziale, não, parcial, nie, "
-              "fałsz, częściowe, ne, lož, částečně, nu, нет"))
+  for (const std::string& word : listed(
+           "no, n, false, f, 0, 0.0, off, half, partial, partially, not full, nem, hamis, fél, félig, nincs, "
+           "részleges, nein, falsch, teil, Teilbetankung, non, faux, partiel, falso, parziale, não, parcial, "
+           "nie, "
+           "fałsz, częściowe, ne, lož, částečně, nu, нет"))
     EXPECT_EQ(exchange::yesOrNo(word), false) << word;
 }
 
 TEST(AWord, OfEachLanguageNamesATotalOrAnAverage) {
-  for (const std::string& word :
-       listed("Total, Totals, Sum, Average, Avg, Mean, Grand total, Subtotal, Összesen, Összeg, Végösszeg, "
-              "Mindösszesen, Átlag, Átlagosan, Össz., Szum, Szumma, Summe, Gesamt, Gesamtsumme, Insgesamt, "
-              "Zwischensumme, Mittelwert, Durchschnitt, Totale, Media, Somme, Moyenne, Suma, Promedio, Razem, "
-              "Średnia, Celkem, Průměr, Celkom, Spolu, Итого")) {
+  for (const std::string& word : listed(
+           "Total, Totals, Sum, Average, Avg, Mean, Grand total, Subtotal, Összesen, Összeg, Végösszeg, "
+           "Mindösszesen, Átlag, Átlagosan, Össz., Szum, Szumma, Summe, Gesamt, Gesamtsumme, Insgesamt, "
+           "Zwischensumme, Mittelwert, Durchschnitt, Totale, Media, Somme, Moyenne, Suma, Promedio, Razem, "
+           "Średnia, Celkem, Průměr, Celkom, Spolu, Итого")) {
     EXPECT_TRUE(exchange::namesTotal(word)) << word;
-    const ReadLog log = readLog("Dátum;Km;Liter;Ft\n2024.01.05.;48210;41;25575\n2024.01.19.;48866;44;27681\n" + word + ";;85;53256\n");
-    EXPECT_THAT(leftOut(log), testing::ElementsAre(testing::Pair(4, exchange::UnreadRow::Why::Total))) << word;
+    const ReadLog log =
+        readLog("Dátum;Km;Liter;Ft\n2024.01.05.;48210;41;25575\n2024.01.19.;48866;44;27681\n" + word +
+                ";;85;53256\n");
+    EXPECT_THAT(leftOut(log), testing::ElementsAre(testing::Pair(4, exchange::UnreadRow::Why::Total)))
+        << word;
   }
 }
 
 TEST(AWord, OfEachLanguageNamesWhatIsNoFuelInLitres) {
-  for (const std::string& word :
-       listed("kWh, kg, AdBlue, Ad Blue, urea, karbamid, elektromos, áram, villany, töltés, Harnstoff, Strom, "
-              "Elektrizität, electric, electricity, charging, charge, électricité, elettricità, elettrico, "
-              "electricidad, electricidade, prąd, elektřina"))
+  for (const std::string& word : listed(
+           "kWh, kg, AdBlue, Ad Blue, urea, karbamid, elektromos, áram, villany, töltés, Harnstoff, Strom, "
+           "Elektrizität, electric, electricity, charging, charge, électricité, elettricità, elettrico, "
+           "electricidad, electricidade, prąd, elektřina"))
     EXPECT_TRUE(exchange::isOtherFuel(word)) << word;
   EXPECT_TRUE(exchange::namesOtherFuel("12 kWh"));
   EXPECT_TRUE(exchange::namesOtherFuel("AdBlue 10 l"));
@@ -82,20 +88,21 @@ TEST(AWord, OfEachLanguageNamesWhatIsNoFuelInLitres) {
 }
 
 TEST(AWord, OfEachLanguageNamesAFuelling) {
-  for (const std::string& word :
-       listed("Gas, Fuel, FuelUp, Fuelup, Fillup, Fillups, Fill, Refuel, Refueling, Refuelling, Petrol, Diesel, Gasoline, "
-              "Full, Partial, tankolás, benzin, gázolaj, üzemanyag, Tankung, Betankung, tanken, Vollbetankung, "
-              "Teilbetankung, plein, rifornimento, repostaje, abastecimento, tankowanie, tankování"))
+  for (const std::string& word : listed(
+           "Gas, Fuel, FuelUp, Fuelup, Fillup, Fillups, Fill, Refuel, Refueling, Refuelling, Petrol, Diesel, "
+           "Gasoline, "
+           "Full, Partial, tankolás, benzin, gázolaj, üzemanyag, Tankung, Betankung, tanken, Vollbetankung, "
+           "Teilbetankung, plein, rifornimento, repostaje, abastecimento, tankowanie, tankování"))
     EXPECT_TRUE(exchange::namesFuelling(word)) << word;
   EXPECT_TRUE(exchange::namesFuelling(""));
   EXPECT_FALSE(exchange::namesFuelling("Parkolás"));
 }
 
 TEST(AWord, OfEachLanguageNamesAServiceBesideFillUps) {
-  for (const std::string& word :
-       listed("Service, Expense, Expenses, Maintenance, Repair, Insurance, Tax, Parking, Toll, Car wash, Other, "
-              "Note, Cost, Upgrade, szerviz, kiadás, javítás, biztosítás, egyéb, Wartung, Reparatur, Ausgabe, "
-              "Sonstiges, entretien, dépense, manutenzione, spesa, despesa, gasto")) {
+  for (const std::string& word : listed(
+           "Service, Expense, Expenses, Maintenance, Repair, Insurance, Tax, Parking, Toll, Car wash, Other, "
+           "Note, Cost, Upgrade, szerviz, kiadás, javítás, biztosítás, egyéb, Wartung, Reparatur, Ausgabe, "
+           "Sonstiges, entretien, dépense, manutenzione, spesa, despesa, gasto")) {
     const ReadLog log = readLog(
         "Date,Odometer (km),Litres,Cost (Ft),Type\n2024-01-05,1000,40,24000,Fuel\n2024-01-06,1100,1,5000," +
         word + "\n");
@@ -106,9 +113,9 @@ TEST(AWord, OfEachLanguageNamesAServiceBesideFillUps) {
 }
 
 TEST(AWord, OfEachLanguageNamesAUnit) {
-  for (const std::string& word :
-       listed("km, kms, kilometer, kilometers, kilometre, kilometres, kilométerben, Kilometern, /100km, kmpl, "
-              "kml, chilometri, kilómetros, quilómetros, kilometry"))
+  for (const std::string& word : listed(
+           "km, kms, kilometer, kilometers, kilometre, kilometres, kilométerben, Kilometern, /100km, kmpl, "
+           "kml, chilometri, kilómetros, quilómetros, kilometry"))
     EXPECT_EQ(exchange::unitHintOf(word).distance, exchange::DistanceUnit::Kilometre) << word;
   for (const std::string& word : listed("mi, mile, miles, Meile, Meilen, mérföld"))
     EXPECT_EQ(exchange::unitHintOf(word).distance, exchange::DistanceUnit::Mile) << word;
@@ -133,35 +140,34 @@ TEST(AWord, OfEachLanguageNamesAUnit) {
 }
 
 TEST(AWord, OfEachCountryNamesItsMoney) {
-  const std::vector<std::pair<const char*, const char*>> words{
-      {"HUF", "huf, 9 Ft, forint"},
-      {"EUR", "EUR, €5, euro, 5 euros"},
-      {"USD", "USD, $5, dollar, dollars"},
-      {"GBP", "GBP, £5, pounds, pence"},
-      {"CHF", "CHF, SFr., Franken"},
-      {"CZK", "CZK, 5 Kč, kc, koruna, korun"},
-      {"PLN", "PLN, 5 zł, zloty"},
-      {"RON", "RON, lei, leu"},
-      {"RSD", "RSD, din., dinar"},
-      {"BGN", "BGN, 5 лв, lv"},
-      {"RUB", "RUB, ₽, rbl, рублей"},
-      {"UAH", "UAH, ₴"},
-      {"TRY", "TRY, ₺"},
-      {"INR", "INR, ₹, Rs. 5, rupees"},
-      {"BRL", "BRL, R$ 5, reais"},
-      {"CAD", "CAD, CA$5, C$5"},
-      {"AUD", "AUD, AU$5, A$5"},
-      {"NZD", "NZD, NZ$5"},
-      {"ZAR", "ZAR, R5"},
-      {"ILS", "ILS, ₪"},
-      {"HRK", "HRK"},
-      {"BAM", "BAM"},
-      {"SEK", "SEK"},
-      {"NOK", "NOK"},
-      {"DKK", "DKK"},
-      {"MXN", "MXN"},
-      {"JPY", "JPY"},
-      {"ISK", "ISK"}};
+  const std::vector<std::pair<const char*, const char*>> words{{"HUF", "huf, 9 Ft, forint"},
+                                                               {"EUR", "EUR, €5, euro, 5 euros"},
+                                                               {"USD", "USD, $5, dollar, dollars"},
+                                                               {"GBP", "GBP, £5, pounds, pence"},
+                                                               {"CHF", "CHF, SFr., Franken"},
+                                                               {"CZK", "CZK, 5 Kč, kc, koruna, korun"},
+                                                               {"PLN", "PLN, 5 zł, zloty"},
+                                                               {"RON", "RON, lei, leu"},
+                                                               {"RSD", "RSD, din., dinar"},
+                                                               {"BGN", "BGN, 5 лв, lv"},
+                                                               {"RUB", "RUB, ₽, rbl, рублей"},
+                                                               {"UAH", "UAH, ₴"},
+                                                               {"TRY", "TRY, ₺"},
+                                                               {"INR", "INR, ₹, Rs. 5, rupees"},
+                                                               {"BRL", "BRL, R$ 5, reais"},
+                                                               {"CAD", "CAD, CA$5, C$5"},
+                                                               {"AUD", "AUD, AU$5, A$5"},
+                                                               {"NZD", "NZD, NZ$5"},
+                                                               {"ZAR", "ZAR, R5"},
+                                                               {"ILS", "ILS, ₪"},
+                                                               {"HRK", "HRK"},
+                                                               {"BAM", "BAM"},
+                                                               {"SEK", "SEK"},
+                                                               {"NOK", "NOK"},
+                                                               {"DKK", "DKK"},
+                                                               {"MXN", "MXN"},
+                                                               {"JPY", "JPY"},
+                                                               {"ISK", "ISK"}};
   for (const auto& [currency, texts] : words)
     for (const std::string& text : listed(texts)) {
       EXPECT_EQ(exchange::currencyOf(text), currency) << text;
@@ -182,20 +188,21 @@ TEST(AWord, ForEachSetsThePriceOfALitreApart) {
 }
 
 TEST(AWord, ThatSaysNothingLeavesAHeadWhatItIs) {
-  for (const std::string& head : listed("Note (optional), Megjegyzés (opcionális), The note, Note in EUR, Note-ben"))
+  for (const std::string& head :
+       listed("Note (optional), Megjegyzés (opcionális), The note, Note in EUR, Note-ben"))
     EXPECT_EQ(exchange::readHead(head).strength, 3) << head;
 }
 
 TEST(AWord, OfEnglishOrHungarianTellsTheLanguageOfAHead) {
-  for (const std::string& head :
-       listed("Odometer, Odo, Mileage, Milage, Distance, Trip meter, Reading, Speedo, Speedometer, Clock, Driven, "
-              "Since last fill"))
+  for (const std::string& head : listed("Odometer, Odo, Mileage, Milage, Distance, Trip meter, Reading, "
+                                        "Speedo, Speedometer, Clock, Driven, "
+                                        "Since last fill"))
     EXPECT_TRUE(exchange::isEnglishHead(head)) << head;
   EXPECT_FALSE(exchange::isEnglishHead("Kilometerstand"));
-  for (const std::string& head :
-       listed("Dátum, Nap, Hónap, Óra, Km állás, Kmóra, Kilométeróra, Óraállás, Megtett km, Mennyiség, Tankolt, "
-              "Tankolás, Gázolaj, Üzemanyag, Ár, Egységár, Összeg, Összesen, Fizetett, Fizetve, Költség, Tele, "
-              "Teletank, Teletankolás, Megjegyzés, Megjegyzések, Rendszám, Jármű"))
+  for (const std::string& head : listed(
+           "Dátum, Nap, Hónap, Óra, Km állás, Kmóra, Kilométeróra, Óraállás, Megtett km, Mennyiség, Tankolt, "
+           "Tankolás, Gázolaj, Üzemanyag, Ár, Egységár, Összeg, Összesen, Fizetett, Fizetve, Költség, Tele, "
+           "Teletank, Teletankolás, Megjegyzés, Megjegyzések, Rendszám, Jármű"))
     EXPECT_TRUE(exchange::isHungarianHead(head)) << head;
   EXPECT_FALSE(exchange::isHungarianHead("Datum"));
 }
