@@ -3,6 +3,7 @@
 
 #include "core/text.h"
 #include "exchange/columns.h"
+#include "exchange/words.h"
 
 // What the cells of a column look like; what that means is in columns.cpp.
 
@@ -11,10 +12,6 @@ namespace {
 
 double toDouble(const core::Ratio& value) {
   return static_cast<double>(value.numerator()) / static_cast<double>(value.denominator());
-}
-
-bool hasDigit(std::string_view text) {
-  return std::ranges::any_of(text, core::isDigit);
 }
 
 std::vector<std::string_view> cellsOf(const std::vector<const CsvRow*>& rows, std::size_t column) {

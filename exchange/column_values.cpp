@@ -6,6 +6,9 @@
 #include <set>
 #include <string>
 
+#include "exchange/cell_words.h"
+#include "exchange/words.h"
+
 namespace tarvik::exchange {
 namespace {
 

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "exchange/heads.h"
 #include "exchange/log_table.h"
 #include "exchange/reading.h"
 

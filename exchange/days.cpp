@@ -16,34 +16,28 @@ constexpr bool isLetter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || static_cast<unsigned char>(c) >= 0x80;
 }
 
-struct MonthName {
-  std::string_view name;
-  int month;
-};
-
 // Hungarian, English, German, French, Spanish, Italian, Portuguese; a name may be cut after three letters, so
 // that "JANUAR", "APRIL", "MAI" and their like need no entry beside a longer one.
-constexpr auto kMonths = std::to_array<MonthName>(
-    {{"JANUARY", 1},   {"JANVIER", 1},    {"ENERO", 1},      {"GENNAIO", 1},   {"JANEIRO", 1},
-     {"JAENNER", 1},   {"JANNER", 1},     {"FEBRUARY", 2},   {"FEVRIER", 2},   {"FEBRERO", 2},
-     {"FEBBRAIO", 2},  {"FEVEREIRO", 2},  {"MARCH", 3},      {"MARCIUS", 3},   {"MAERZ", 3},
-     {"MARS", 3},      {"MARZO", 3},      {"MARCO", 3},      {"MRZ", 3},       {"APRILIS", 4},
-     {"APRILE", 4},    {"AVRIL", 4},      {"ABRIL", 4},      {"MAJUS", 5},     {"MAYO", 5},
-     {"MAGGIO", 5},    {"MAIO", 5},       {"JUNE", 6},       {"JUNIUS", 6},    {"JUIN", 6},
-     {"JUNIO", 6},     {"GIUGNO", 6},     {"JUNHO", 6},      {"JULY", 7},      {"JULIUS", 7},
-     {"JUILLET", 7},   {"JULIO", 7},      {"LUGLIO", 7},     {"JULHO", 7},     {"AUGUST", 8},
-     {"AUGUSZTUS", 8}, {"AOUT", 8},       {"AGOSTO", 8},     {"SEPTEMBER", 9}, {"SZEPTEMBER", 9},
-     {"SEPTEMBRE", 9}, {"SEPTIEMBRE", 9}, {"SETTEMBRE", 9},  {"SETEMBRO", 9},  {"OCTOBER", 10},
-     {"OKTOBER", 10},  {"OCTOBRE", 10},   {"OCTUBRE", 10},   {"OTTOBRE", 10},  {"OUTUBRO", 10},
-     {"NOVEMBER", 11}, {"NOVEMBRE", 11},  {"NOVIEMBRE", 11}, {"NOVEMBRO", 11}, {"DECEMBER", 12},
-     {"DEZEMBER", 12}, {"DECEMBRE", 12},  {"DICIEMBRE", 12}, {"DICEMBRE", 12}, {"DEZEMBRO", 12}});
+constexpr std::array<std::string_view, 12> kMonths = {
+    "JANUARY, JANVIER, ENERO, GENNAIO, JANEIRO, JAENNER, JANNER",
+    "FEBRUARY, FEVRIER, FEBRERO, FEBBRAIO, FEVEREIRO",
+    "MARCH, MARCIUS, MAERZ, MARS, MARZO, MARCO, MRZ",
+    "APRILIS, APRILE, AVRIL, ABRIL",
+    "MAJUS, MAYO, MAGGIO, MAIO",
+    "JUNE, JUNIUS, JUIN, JUNIO, GIUGNO, JUNHO",
+    "JULY, JULIUS, JUILLET, JULIO, LUGLIO, JULHO",
+    "AUGUST, AUGUSZTUS, AOUT, AGOSTO",
+    "SEPTEMBER, SZEPTEMBER, SEPTEMBRE, SEPTIEMBRE, SETTEMBRE, SETEMBRO",
+    "OCTOBER, OKTOBER, OCTOBRE, OCTUBRE, OTTOBRE, OUTUBRO",
+    "NOVEMBER, NOVEMBRE, NOVIEMBRE, NOVEMBRO",
+    "DECEMBER, DEZEMBER, DECEMBRE, DICIEMBRE, DICEMBRE, DEZEMBRO"};
 
 std::optional<int> monthOfName(std::string_view letters) {
   const std::string word = folded(letters);
   if (word.size() < 3) return std::nullopt;
   const auto found =
-      std::ranges::find_if(kMonths, [&](const MonthName& month) { return month.name.starts_with(word); });
-  return found == kMonths.end() ? std::nullopt : std::optional(found->month);
+      std::ranges::find_if(kMonths, [&](std::string_view names) { return beginsListed(word, names); });
+  return found == kMonths.end() ? std::nullopt : std::optional(static_cast<int>(found - kMonths.begin()) + 1);
 }
 
 // The parts of a day as they stand.
@@ -100,8 +94,7 @@ bool isTimeOrNothing(std::string_view rest) {
   if (rest.starts_with('.')) rest.remove_prefix(1);
   if (core::trimmed(rest).empty()) return true;
   const bool isApart = rest.starts_with(' ') || rest.starts_with('T') || rest.starts_with(',');
-  return isApart && rest.find_first_of("0123456789") != std::string_view::npos &&
-         rest.find(':') != std::string_view::npos;
+  return isApart && hasDigit(rest) && rest.find(':') != std::string_view::npos;
 }
 
 // A day of the week or a time of day may stand before a day ("Mon, 5 Jan 2024", "8:30 05.01.2024").

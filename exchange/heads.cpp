@@ -2,25 +2,33 @@
 
 #include <algorithm>
 #include <array>
-#include <span>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
 #include "core/text.h"
+#include "exchange/measures.h"
+#include "exchange/words.h"
+
+// What the words of heads say; the words themselves are in vocabulary.inc.
 
 namespace tarvik::exchange {
 namespace {
 
 using Words = std::vector<std::string>;
-using WordList = std::span<const std::string_view>;
 
-bool isOneOf(std::string_view text, WordList list) {
-  return std::ranges::find(list, text) != list.end();
+bool hasDistance(const Words& words) {
+  return std::ranges::any_of(words, isDistanceWord);
 }
 
-bool hasOneOf(const Words& words, WordList list) {
-  return std::ranges::any_of(words, [&](const std::string& word) { return isOneOf(word, list); });
+bool hasVolume(const Words& words) {
+  return std::ranges::any_of(words, isVolumeWord);
+}
+
+std::string joined(const Words& words) {
+  std::string whole;
+  for (const std::string& word : words) whole += word;
+  return whole;
 }
 
 struct HeadWords {
@@ -52,57 +60,12 @@ const Vocabulary& vocabulary() {
   return kMap;
 }
 
-constexpr auto kKilometreWords = std::to_array<std::string_view>(
-    {"KM", "KMS", "KILOMETER", "KILOMETERS", "KILOMETRE", "KILOMETRES", "KILOMETERBEN", "KILOMETERN", "100KM",
-     "KMPL", "CHILOMETRI", "KILOMETROS", "QUILOMETROS", "KILOMETRY", "KML"});
-constexpr auto kMileWords =
-    std::to_array<std::string_view>({"MI", "MILE", "MILES", "MEILE", "MEILEN", "MERFOLD"});
-constexpr auto kLitreWords = std::to_array<std::string_view>(
-    {"L",      "LT",    "LTR",    "LTRS",  "LIT",   "LITER", "LITERS", "LITRE",  "LITRES", "LITERBEN",
-     "LITERN", "LITRI", "LITROS", "LITRO", "LITRY", "LITR",  "LITRU",  "LITROV", "KML",    "KMPL"});
-constexpr auto kGallonWords = std::to_array<std::string_view>(
-    {"G", "GAL", "GALS", "GALLON", "GALLONS", "GALLONE", "GALLONEN", "GALLONBAN", "GALONES", "GALONY"});
-constexpr auto kUsWords = std::to_array<std::string_view>({"US", "USA", "AMERIKAI", "AMERIKANISCHE"});
-constexpr auto kUkWords =
-    std::to_array<std::string_view>({"UK", "IMP", "IMPERIAL", "GB", "ANGOL", "BRIT", "ENGLISCHE"});
-
-struct CurrencyWord {
-  std::string_view word;
-  std::string_view currency;
-};
-
-// Words of folded texts.
-constexpr auto kCurrencyWords = std::to_array<CurrencyWord>(
-    {{"FT", "HUF"},     {"FORINT", "HUF"}, {"EURO", "EUR"},    {"EUROS", "EUR"},  {"KC", "CZK"},
-     {"ZL", "PLN"},     {"ZLOTY", "PLN"},  {"LEI", "RON"},     {"LEU", "RON"},    {"RS", "INR"},
-     {"RUPEES", "INR"}, {"DOLLAR", "USD"}, {"DOLLARS", "USD"}, {"POUNDS", "GBP"}, {"PENCE", "GBP"},
-     {"KORUNA", "CZK"}, {"RBL", "RUB"},    {"RUBLEI", "RUB"},  {"KORUN", "CZK"},  {"REAIS", "BRL"},
-     {"R", "ZAR"},      {"DIN", "RSD"},    {"DINAR", "RSD"},   {"LV", "BGN"},     {"SFR", "CHF"},
-     {"FRANKEN", "CHF"}});
-
-constexpr auto kCurrencyCodes = std::to_array<std::string_view>(
-    {"HUF", "EUR", "USD", "GBP", "CHF", "CZK", "PLN", "RON", "RSD", "HRK", "BAM", "SEK", "NOK", "DKK",
-     "CAD", "AUD", "UAH", "TRY", "INR", "BRL", "BGN", "NZD", "ZAR", "MXN", "JPY", "ISK", "ILS", "RUB"});
-
-std::string_view currencyOfWord(std::string_view word) {
-  if (isOneOf(word, kCurrencyCodes)) return word;
-  const auto found = std::ranges::find(kCurrencyWords, word, &CurrencyWord::word);
-  return found == kCurrencyWords.end() ? std::string_view() : found->currency;
-}
-
-constexpr auto kEmptyWords = std::to_array<std::string_view>({"OPTIONAL", "IN", "OPCIONALIS", "THE", "BEN"});
-
-bool isUnitWord(std::string_view word) {
-  return word == "KR" ||  // crowns of several countries
-         isOneOf(word, kKilometreWords) || isOneOf(word, kMileWords) || isOneOf(word, kLitreWords) ||
-         isOneOf(word, kGallonWords) || isOneOf(word, kUsWords) || isOneOf(word, kUkWords) ||
-         !currencyOfWord(word).empty();
-}
+constexpr std::string_view kEmptyWords = "OPTIONAL, IN, OPCIONALIS, THE, BEN";
 
 std::string withoutSideWords(const Words& words) {
   std::string result;
   for (const std::string& word : words)
-    if (!isUnitWord(word) && !isOneOf(word, kEmptyWords)) result += word + ' ';
+    if (!isUnitWord(word) && !isListed(word, kEmptyWords)) result += word + ' ';
   return result;
 }
 
@@ -114,83 +77,81 @@ struct Quotient {
 };
 
 bool isPer(const Words& words, std::size_t at) {
-  constexpr auto kPer =
-      std::to_array<std::string_view>({"PER", "PRO", "JE", "AL", "ZA", "PE", "POR", "AU", "PAR"});
-  return at > 0 && isOneOf(words[at - 1], kPer);
+  constexpr std::string_view kPer = "PER, PRO, JE, AL, ZA, PE, POR, AU, PAR";
+  return at > 0 && isListed(words[at - 1], kPer);
 }
 
 Quotient quotientIn(std::string_view head, const Words& words) {
   Quotient quotient;
   const bool hasStroke = head.find('/') != std::string_view::npos;
-  const bool hasDistance = hasOneOf(words, kKilometreWords) || hasOneOf(words, kMileWords);
-  const bool hasVolume = hasOneOf(words, kLitreWords) || hasOneOf(words, kGallonWords);
   const bool hasHundred = std::ranges::find(words, "100") != words.end();
-  quotient.isConsumption =
-      (hasDistance && hasVolume && (hasStroke || hasHundred)) || (hasDistance && hasHundred);
-  bool isPerVolume = hasStroke && hasVolume;
-  bool isPerDistance = hasStroke && hasDistance;
+  quotient.isConsumption = hasDistance(words) && (hasHundred || (hasVolume(words) && hasStroke));
+  bool isPerVolume = hasStroke && hasVolume(words);
+  bool isPerDistance = hasStroke && hasDistance(words);
   for (std::size_t i = 1; i < words.size(); ++i) {
     if (!isPer(words, i)) continue;
-    if (isOneOf(words[i], kLitreWords) || isOneOf(words[i], kGallonWords)) isPerVolume = true;
-    if (isOneOf(words[i], kKilometreWords) || isOneOf(words[i], kMileWords)) isPerDistance = true;
+    isPerVolume = isPerVolume || isVolumeWord(words[i]);
+    isPerDistance = isPerDistance || isDistanceWord(words[i]);
   }
-  quotient.isByVolume = isPerVolume && !hasDistance;
-  quotient.isByDistance = isPerDistance && !hasVolume;
+  quotient.isByVolume = isPerVolume && !hasDistance(words);
+  quotient.isByDistance = isPerDistance && !hasVolume(words);
   return quotient;
 }
 
-// The longest phrase of the vocabulary that stands in the words of a head.
+// The longest phrase of the vocabulary among those that it is shown, as from a length on.
+class LongestPhrase {
+ public:
+  LongestPhrase(std::size_t shortest, int strength) : length_(shortest - 1), strength_(strength) {}
+
+  void consider(const std::string& phrase) {
+    const auto found = vocabulary().find(phrase);
+    if (found == vocabulary().end() || phrase.size() <= length_) return;
+    best_ = {found->second, strength_};
+    length_ = phrase.size();
+  }
+  HeadReading best() const { return best_; }
+
+ private:
+  HeadReading best_;
+  std::size_t length_;
+  int strength_;
+};
+
+// Phrases that stand in the words of a head.
 HeadReading phraseIn(const Words& words) {
-  constexpr std::size_t kShortest = 4;
   constexpr std::size_t kMostWords = 24;
-  HeadReading best;
-  std::size_t length = kShortest - 1;
+  LongestPhrase longest(4, 2);
   const std::size_t count = std::min(words.size(), kMostWords);
   for (std::size_t from = 0; from < count; ++from) {
     std::string phrase;
-    for (std::size_t to = from; to < count; ++to) {
-      phrase += words[to];
-      const auto found = vocabulary().find(phrase);
-      if (found == vocabulary().end() || phrase.size() <= length) continue;
-      best = {found->second, 2};
-      length = phrase.size();
-    }
+    for (std::size_t to = from; to < count; ++to) longest.consider(phrase += words[to]);
   }
-  return best;
+  return longest.best();
 }
 
-// The longest phrase that a word of the head begins or ends with: compounds ("Kraftstoffpreis").
+// Phrases that a word of the head begins or ends with: compounds ("Kraftstoffpreis").
 HeadReading compoundIn(const Words& words) {
   constexpr std::size_t kShortest = 5;
   constexpr std::size_t kLongest = 40;
-  HeadReading best;
-  std::size_t length = kShortest - 1;
-  const auto consider = [&](std::string_view part) {
-    const auto found = vocabulary().find(std::string(part));
-    if (found == vocabulary().end() || part.size() <= length) return;
-    best = {found->second, 1};
-    length = part.size();
-  };
+  LongestPhrase longest(kShortest, 1);
   for (const std::string& word : words)
     for (std::size_t size = kShortest; size < std::min(word.size(), kLongest); ++size) {
-      consider(std::string_view(word).substr(word.size() - size));
-      consider(std::string_view(word).substr(0, size));
+      longest.consider(word.substr(word.size() - size));
+      longest.consider(word.substr(0, size));
     }
-  return best;
+  return longest.best();
 }
 
 // A head of units alone: "Ft" is money, "Km" a distance, "l" a volume.
 HeadReading readUnits(const Words& words, bool hasCurrency) {
   if (hasCurrency) return {HeadWord::TotalCost, 3};
-  if (hasOneOf(words, kLitreWords) || hasOneOf(words, kGallonWords)) return {HeadWord::Volume, 3};
-  if (hasOneOf(words, kKilometreWords) || hasOneOf(words, kMileWords)) return {HeadWord::Distance, 3};
+  if (hasVolume(words)) return {HeadWord::Volume, 3};
+  if (hasDistance(words)) return {HeadWord::Distance, 3};
   return {};
 }
 
 HeadReading readWords(std::string_view head, const Words& words) {
-  std::string whole;
-  for (const std::string& word : words) whole += word;
-  if (const HeadWord word = wholeHead(whole); word != HeadWord::Unknown) return {word, 4};
+  if (const HeadWord word = wholeHead(joined(words)); word != HeadWord::Unknown) return {word, 4};
   const std::string essence = withoutSideWords(words);
   if (essence.empty()) return readUnits(words, !currencyOf(head).empty());
   if (const HeadWord word = wholeHead(essence); word != HeadWord::Unknown) return {word, 3};
@@ -223,8 +184,8 @@ HeadWord settledByUnit(HeadWord word, std::string_view head) {
 
 // Whether a head is of money, be it in hundredths ("ct/l").
 bool namesMoney(HeadWord word, std::string_view head, const Words& words) {
-  constexpr auto kHundredths = std::to_array<std::string_view>({"CT", "CENT", "CENTS", "P", "PENCE"});
-  return isMoney(word) || !currencyOf(head).empty() || hasOneOf(words, kHundredths);
+  constexpr std::string_view kHundredths = "CT, CENT, CENTS, P, PENCE";
+  return isMoney(word) || !currencyOf(head).empty() || hasListed(words, kHundredths);
 }
 
 // A head that only its unit tells of: "Üa. (l)".
@@ -238,28 +199,12 @@ constexpr std::size_t kLongestHead = 200;
 
 // "kWh" folds to two words.
 bool countsNoLitres(const Words& words) {
-  std::string whole;
-  for (const std::string& word : words) whole += word;
+  const std::string whole = joined(words);
   return whole.find("KWH") != std::string::npos || whole.find("ADBLUE") != std::string::npos ||
          std::ranges::find(words, "KG") != words.end();
 }
 
 }  // namespace
-
-core::Ratio kilometresOf(DistanceUnit unit) {
-  return unit == DistanceUnit::Kilometre ? core::Ratio(1) : core::Ratio(1'609'344, 1'000'000);
-}
-
-core::Ratio litresOf(VolumeUnit unit) {
-  switch (unit) {
-    case VolumeUnit::UsGallon:
-      return {3'785'411'784, 1'000'000'000};
-    case VolumeUnit::UkGallon:
-      return {454'609, 100'000};
-    default:
-      return 1;
-  }
-}
 
 HeadWord wholeHead(std::string_view foldedPhrase) {
   const auto found = vocabulary().find(squeezed(foldedPhrase));
@@ -286,67 +231,19 @@ HeadReading readHead(std::string_view head) {
   return reading;
 }
 
-UnitHint unitHintOf(std::string_view text) {
-  const Words words = wordsOf(folded(text));
-  UnitHint hint;
-  if (hasOneOf(words, kKilometreWords)) hint.distance = DistanceUnit::Kilometre;
-  if (hasOneOf(words, kMileWords)) hint.distance = DistanceUnit::Mile;
-  if (hasOneOf(words, kLitreWords)) hint.volume = VolumeUnit::Litre;
-  if (!hasOneOf(words, kGallonWords)) return hint;
-  hint.volume = hasOneOf(words, kUkWords) ? VolumeUnit::UkGallon : VolumeUnit::UsGallon;
-  hint.isGallonOpen = !hasOneOf(words, kUkWords) && !hasOneOf(words, kUsWords);
-  return hint;
-}
-
-std::string currencyOf(std::string_view text) {
-  constexpr auto kSigns = std::to_array<CurrencyWord>({{"€", "EUR"},
-                                                       {"R$", "BRL"},
-                                                       {"CA$", "CAD"},
-                                                       {"C$", "CAD"},
-                                                       {"AU$", "AUD"},
-                                                       {"A$", "AUD"},
-                                                       {"NZ$", "NZD"},
-                                                       {"$", "USD"},
-                                                       {"£", "GBP"},
-                                                       {"₹", "INR"},
-                                                       {"₽", "RUB"},
-                                                       {"₴", "UAH"},
-                                                       {"₺", "TRY"},
-                                                       {"₪", "ILS"}});
-  for (const auto& [sign, currency] : kSigns)
-    if (text.find(sign) != std::string_view::npos) return std::string(currency);
-  std::string letters(text);
-  std::ranges::replace_if(
-      letters, [](char c) { return c >= '0' && c <= '9'; }, ' ');  // "R971.70"
-  for (const std::string& word : wordsOf(folded(letters)))
-    if (const std::string_view currency = currencyOfWord(word); !currency.empty())
-      return std::string(currency);
-  return {};
-}
-
-bool isBareDollar(std::string_view text) {
-  return currencyOf(text) == "USD" && folded(text).find("US") == std::string::npos;
-}
-
-bool isUnitText(std::string_view text) {
-  const Words words = wordsOf(folded(text));
-  return !words.empty() ? std::ranges::all_of(words, isUnitWord) : !currencyOf(text).empty();
-}
-
 bool isEnglishHead(std::string_view head) {
-  constexpr auto kEnglish =
-      std::to_array<std::string_view>({"ODOMETER", "ODO", "MILEAGE", "MILAGE", "DISTANCE", "TRIP", "READING",
-                                       "SPEEDO", "SPEEDOMETER", "CLOCK", "DRIVEN", "FILL"});
-  return hasOneOf(wordsOf(folded(head)), kEnglish);
+  constexpr std::string_view kEnglish =
+      "ODOMETER, ODO, MILEAGE, MILAGE, DISTANCE, TRIP, READING, SPEEDO, SPEEDOMETER, CLOCK, DRIVEN, "
+      "FILL";
+  return hasListed(wordsOf(folded(head)), kEnglish);
 }
 
 bool isHungarianHead(std::string_view head) {
-  constexpr auto kHungarian = std::to_array<std::string_view>(
-      {"ORA",          "ALLAS",     "KMORA",   "KILOMETERORA", "ORAALLAS",     "OSSZEG",   "OSSZESEN",
-       "FIZETETT",     "FIZETVE",   "KOLTSEG", "MEGJEGYZES",   "MEGJEGYZESEK", "TELE",     "TELETANK",
-       "TELETANKOLAS", "GAZOLAJ",   "AR",      "EGYSEGAR",     "TANKOLT",      "TANKOLAS", "RENDSZAM",
-       "JARMU",        "MENNYISEG", "NAP",     "HONAP",        "MEGTETT",      "UZEMANYAG"});
-  return hasOneOf(wordsOf(folded(head)), kHungarian) || head.find("Dátum") != std::string_view::npos;
+  constexpr std::string_view kHungarian =
+      "ORA, ALLAS, KMORA, KILOMETERORA, ORAALLAS, OSSZEG, OSSZESEN, FIZETETT, FIZETVE, KOLTSEG, "
+      "MEGJEGYZES, MEGJEGYZESEK, TELE, TELETANK, TELETANKOLAS, GAZOLAJ, AR, EGYSEGAR, TANKOLT, "
+      "TANKOLAS, RENDSZAM, JARMU, MENNYISEG, NAP, HONAP, MEGTETT, UZEMANYAG";
+  return hasListed(wordsOf(folded(head)), kHungarian) || head.find("Dátum") != std::string_view::npos;
 }
 
 }  // namespace tarvik::exchange

@@ -38,11 +38,9 @@ enum class Doubt {
 
 /// The longest distance between two entries that is not noticed, km.
 inline constexpr std::int32_t kGreatestStep = 3'000;
-/// What cars use for 100 km, litres, and what a litre costs, forints: less and more is noticed.
+/// What cars use for 100 km, litres: less and more is noticed, as it is of the price of a litre.
 inline constexpr int kLeastConsumption = 2;
 inline constexpr int kGreatestConsumption = 30;
-inline constexpr int kCheapestLitre = 50;
-inline constexpr int kDearestLitre = 2'000;
 
 /// An entry as it would come into the logbook.
 struct PlannedEntry {

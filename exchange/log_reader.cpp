@@ -6,19 +6,17 @@
 
 #include "core/failure.h"
 #include "core/text.h"
+#include "exchange/cell_words.h"
 #include "exchange/columns.h"
 #include "exchange/log_reader.h"
 #include "exchange/own_format.h"
 #include "exchange/vehicles.h"
+#include "exchange/words.h"
 
 namespace tarvik::exchange {
 namespace {
 
 using Why = UnreadRow::Why;
-
-bool hasDigit(std::string_view text) {
-  return std::ranges::any_of(text, core::isDigit);
-}
 
 // Notes of other programs may have several lines, a list has one.
 std::string onOneLine(std::string_view text) {
@@ -47,18 +45,6 @@ bool isTotal(const CsvRow& row) {
   if (std::ranges::any_of(row.cells, namesTotal)) return true;
   const std::vector<std::string> words = wordsOf(folded(wholeText(row)));
   return !words.empty() && namesTotal(words.front());
-}
-
-// A word for a service or an expense, beside fill-ups in one table.
-bool namesService(std::string_view kind) {
-  constexpr auto kServices = std::to_array<std::string_view>(
-      {"SERVICE", "EXPENSE",   "EXPENSES", "MAINTENANCE",  "REPAIR",  "INSURANCE",  "TAX",     "PARKING",
-       "TOLL",    "WASH",      "SZERVIZ",  "KIADAS",       "JAVITAS", "BIZTOSITAS", "WARTUNG", "REPARATUR",
-       "AUSGABE", "ENTRETIEN", "DEPENSE",  "MANUTENZIONE", "SPESA",   "DESPESA",    "GASTO",   "OTHER",
-       "EGYEB",   "SONSTIGES", "NOTE",     "COST",         "UPGRADE"});
-  const std::vector<std::string> words = wordsOf(folded(kind));
-  return std::ranges::any_of(
-      words, [&](const std::string& word) { return std::ranges::find(kServices, word) != kServices.end(); });
 }
 
 // The figures of a row in the file's own units.

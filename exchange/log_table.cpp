@@ -10,7 +10,9 @@
 #include "core/text.h"
 #include "exchange/days.h"
 #include "exchange/heads.h"
+#include "exchange/measures.h"
 #include "exchange/numbers.h"
+#include "exchange/words.h"
 
 namespace tarvik::exchange {
 namespace {
@@ -27,7 +29,7 @@ std::size_t filledCells(const CsvRow& row) {
 }
 
 bool isValue(std::string_view cell) {
-  return isBareFigure(cell) || (std::ranges::any_of(cell, core::isDigit) && looksLikeDay(cell));
+  return isBareFigure(cell) || (hasDigit(cell) && looksLikeDay(cell));
 }
 
 // Whether a row could be the heads of any table: two cells and more, no values among them.

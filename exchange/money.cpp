@@ -1,7 +1,8 @@
 #include <algorithm>
-#include <array>
 
+#include "exchange/cell_words.h"
 #include "exchange/units.h"
+#include "exchange/words.h"
 
 // The money of a log and the words that say which of its fills were full.
 
@@ -23,11 +24,6 @@ struct NamedMoney {
   bool hasDollars = false;    // whose, their sign does not say
   bool isDollarOpen = false;  // and nothing else does
 };
-
-bool isDollar(std::string_view currency) {
-  constexpr auto kDollars = std::to_array<std::string_view>({"USD", "CAD", "AUD", "NZD", "MXN"});
-  return std::ranges::find(kDollars, currency) != kDollars.end();
-}
 
 void add(NamedMoney& named, std::string currency) {
   if (!currency.empty() && std::ranges::find(named.currencies, currency) == named.currencies.end())
@@ -79,19 +75,13 @@ std::optional<double> middlePrice(const std::vector<ColumnFacts>& facts, const R
   return prices[prices.size() / 2];
 }
 
-// Whether costs that name no money are surely forints: Hungarian heads, and a litre costs what it may.
+// Whether costs that name no money are taken for forints without a question: Hungarian heads, and a litre
+// costs what it has cost in forints since 1990. Of the moneys of the neighbours only dinars and hryvnias come
+// as high; the preview shows the currency beside the price of a litre, and another one can be chosen.
 bool areForints(const LogTable& table, const std::vector<ColumnFacts>& facts, const Reading& reading) {
-  constexpr double kCheapest = 50;
-  constexpr double kDearest = 2'000;
   if (!table.hasHeads || std::ranges::none_of(table.heads, isHungarianHead)) return false;
   const auto price = middlePrice(facts, reading);
-  return !price || (*price >= kCheapest && *price <= kDearest);
-}
-
-// Money of which a litre costs a few.
-bool isDearMoney(std::string_view currency) {
-  return currency == "GBP" || currency == "EUR" || currency == "CHF" ||
-         (isDollar(currency) && currency != "MXN");
+  return !price || (*price >= kCheapestLitre && *price <= kDearestLitre);
 }
 
 // Whether prices of a litre are in hundredths of the money that a bill is in.

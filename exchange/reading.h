@@ -9,8 +9,8 @@
 
 #include "core/ratio.h"
 #include "exchange/days.h"
-#include "exchange/heads.h"
 #include "exchange/log_table.h"
+#include "exchange/measures.h"
 #include "exchange/numbers.h"
 
 namespace tarvik::exchange {

@@ -3,18 +3,10 @@
 #include <algorithm>
 #include <array>
 
+#include "exchange/words.h"
+
 namespace tarvik::exchange {
 namespace {
-
-// Countries whose money these are fill litres.
-bool isMoneyOfLitres(std::string_view currency) {
-  return !currency.empty() && currency != "USD" && currency != "GBP";
-}
-
-// And drive kilometres: euros are paid in Ireland too, where old cars count miles.
-bool isMoneyOfKilometres(std::string_view currency) {
-  return isMoneyOfLitres(currency) && currency != "EUR";
-}
 
 std::string currencyStated(const LogTable& table, const std::vector<ColumnFacts>& facts,
                            const Reading& reading) {

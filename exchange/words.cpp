@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdint>
 
+#include "core/text.h"
+
 namespace tarvik::exchange {
 namespace {
 
@@ -71,6 +73,15 @@ class Folding {
   bool wasSmall_ = false;
 };
 
+// Whether a text stands in a list at the beginning of one of its texts, and what ends there fits.
+template <typename Fits>
+bool findListed(std::string_view text, std::string_view list, const Fits& fits) {
+  if (text.empty()) return false;
+  for (std::size_t at = list.find(text); at != std::string_view::npos; at = list.find(text, at + 1))
+    if ((at == 0 || list.substr(0, at).ends_with(", ")) && fits(at + text.size())) return true;
+  return false;
+}
+
 }  // namespace
 
 std::string folded(std::string_view text) {
@@ -93,6 +104,22 @@ std::string squeezed(std::string_view foldedText) {
   std::string result(foldedText);
   std::erase(result, ' ');
   return result;
+}
+
+bool isListed(std::string_view text, std::string_view list) {
+  return findListed(text, list, [&](std::size_t end) { return end == list.size() || list[end] == ','; });
+}
+
+bool beginsListed(std::string_view text, std::string_view list) {
+  return findListed(text, list, [](std::size_t) { return true; });
+}
+
+bool hasListed(std::span<const std::string> words, std::string_view list) {
+  return std::ranges::any_of(words, [&](const std::string& word) { return isListed(word, list); });
+}
+
+bool hasDigit(std::string_view text) {
+  return std::ranges::any_of(text, core::isDigit);
 }
 
 }  // namespace tarvik::exchange

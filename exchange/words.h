@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,5 +17,17 @@ std::vector<std::string> wordsOf(std::string_view foldedText);
 
 /// Words written as one.
 std::string squeezed(std::string_view foldedText);
+
+/// Whether a text is one of a list: "YES, FULL TANK, X". No empty text is.
+bool isListed(std::string_view text, std::string_view list);
+
+/// Whether one of a list begins with a text.
+bool beginsListed(std::string_view text, std::string_view list);
+
+/// Whether one of the words is one of a list.
+bool hasListed(std::span<const std::string> words, std::string_view list);
+
+/// Whether a text has a digit.
+bool hasDigit(std::string_view text);
 
 }  // namespace tarvik::exchange

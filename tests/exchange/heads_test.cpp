@@ -5,6 +5,10 @@
 #include <utility>
 #include <vector>
 
+#include "exchange/cell_words.h"
+#include "exchange/measures.h"
+#include "exchange/words.h"
+
 namespace tarvik::exchange {
 namespace {
 
@@ -18,60 +22,38 @@ TEST(AText, IsFoldedToPlainCapitalsAndParted) {
   EXPECT_EQ(squeezed("KM ORA"), "KMORA");
 }
 
+TEST(AText, IsListedWhole) {
+  constexpr std::string_view kList = "YES, FULL TANK, X";
+  for (const char* text : {"YES", "FULL TANK", "X"}) EXPECT_TRUE(isListed(text, kList)) << text;
+  for (const char* text : {"", "FULL", "TANK", "YE", "ES", "YES, FULL", ","})
+    EXPECT_FALSE(isListed(text, kList)) << text;
+  for (const char* text : {"YE", "FULL", "X"}) EXPECT_TRUE(beginsListed(text, kList)) << text;
+  for (const char* text : {"", "ES", "TANK", "XY"}) EXPECT_FALSE(beginsListed(text, kList)) << text;
+}
+
 TEST(AHead, IsUnderstoodInManyLanguages) {
-  const std::vector<std::pair<const char*, HeadWord>> heads{{"Dátum", HeadWord::Day},
-                                                            {"fuelup_date", HeadWord::Day},
-                                                            {"Fecha", HeadWord::Day},
-                                                            {"Km óra", HeadWord::Odometer},
-                                                            {"kmóraállás", HeadWord::Odometer},
-                                                            {"odometerReading", HeadWord::Odometer},
-                                                            {"Total Miles", HeadWord::Odometer},
-                                                            {"Kilometerstand", HeadWord::Odometer},
-                                                            {"Przebieg", HeadWord::Odometer},
-                                                            {"Stav tachometru", HeadWord::Odometer},
-                                                            {"Пробег", HeadWord::Odometer},
-                                                            {"Contachilometri", HeadWord::Odometer},
-                                                            {"Km", HeadWord::Distance},
-                                                            {"Kilométer", HeadWord::Distance},
-                                                            {"Megtett km", HeadWord::Trip},
-                                                            {"Gefahrene km", HeadWord::Trip},
-                                                            {"Liter", HeadWord::Volume},
-                                                            {"Benzin (l)", HeadWord::Volume},
-                                                            {"Litros", HeadWord::Volume},
-                                                            {"Množství", HeadWord::Volume},
-                                                            {"Gázolaj", HeadWord::Fuel},
-                                                            {"Ft", HeadWord::TotalCost},
-                                                            {"Összesen", HeadWord::TotalCost},
-                                                            {"Fizetve", HeadWord::TotalCost},
-                                                            {"Bruttó", HeadWord::TotalCost},
-                                                            {"total_price_kc", HeadWord::TotalCost},
-                                                            {"Gesamtpreis", HeadWord::TotalCost},
-                                                            {"Valor total", HeadWord::TotalCost},
-                                                            {"Cena celkem", HeadWord::TotalCost},
-                                                            {"Ár", HeadWord::Price},
-                                                            {"$/gal", HeadWord::UnitPrice},
-                                                            {"Ft/l", HeadWord::UnitPrice},
-                                                            {"unit_price_kc", HeadWord::UnitPrice},
-                                                            {"Preis pro Liter", HeadWord::UnitPrice},
-                                                            {"Prezzo al litro", HeadWord::UnitPrice},
-                                                            {"Teletankolás", HeadWord::Full},
-                                                            {"isFullTank", HeadWord::Full},
-                                                            {"Tanque cheio", HeadWord::Full},
-                                                            {"Do pełna", HeadWord::Full},
-                                                            {"Partial Fuel-Up", HeadWord::Partial},
-                                                            {"Megjegyzések", HeadWord::Note},
-                                                            {"Poznámka", HeadWord::Note},
-                                                            {"Rendszám", HeadWord::Vehicle},
-                                                            {"car_id", HeadWord::Vehicle},
-                                                            {"l/100km", HeadWord::Known},
-                                                            {"MPG", HeadWord::Known},
-                                                            {"Fuel Economy", HeadWord::Known},
-                                                            {"Cost per km", HeadWord::Known},
-                                                            {"Reifen", HeadWord::Known},
-                                                            {"Vérnyomás", HeadWord::Unknown},
-                                                            {"Fuel amount in tank", HeadWord::Volume},
-                                                            {"", HeadWord::Unknown}};
-  for (const auto& [head, word] : heads) EXPECT_EQ(readHead(head).word, word) << head;
+  const std::vector<std::pair<HeadWord, std::vector<const char*>>> words{
+      {HeadWord::Day, {"Dátum", "fuelup_date", "Fecha"}},
+      {HeadWord::Odometer,
+       {"Km óra", "kmóraállás", "odometerReading", "Total Miles", "Kilometerstand", "Przebieg",
+        "Stav tachometru", "Пробег", "Contachilometri"}},
+      {HeadWord::Distance, {"Km", "Kilométer"}},
+      {HeadWord::Trip, {"Megtett km", "Gefahrene km"}},
+      {HeadWord::Volume, {"Liter", "Benzin (l)", "Litros", "Množství", "Fuel amount in tank"}},
+      {HeadWord::Fuel, {"Gázolaj"}},
+      {HeadWord::TotalCost,
+       {"Ft", "Összesen", "Fizetve", "Bruttó", "total_price_kc", "Gesamtpreis", "Valor total",
+        "Cena celkem"}},
+      {HeadWord::Price, {"Ár"}},
+      {HeadWord::UnitPrice, {"$/gal", "Ft/l", "unit_price_kc", "Preis pro Liter", "Prezzo al litro"}},
+      {HeadWord::Full, {"Teletankolás", "isFullTank", "Tanque cheio", "Do pełna"}},
+      {HeadWord::Partial, {"Partial Fuel-Up"}},
+      {HeadWord::Note, {"Megjegyzések", "Poznámka"}},
+      {HeadWord::Vehicle, {"Rendszám", "car_id"}},
+      {HeadWord::Known, {"l/100km", "MPG", "Fuel Economy", "Cost per km", "Reifen"}},
+      {HeadWord::Unknown, {"Vérnyomás", ""}}};
+  for (const auto& [word, heads] : words)
+    for (const char* head : heads) EXPECT_EQ(readHead(head).word, word) << head;
 }
 
 // What one kilometre cost is nothing that a logbook keeps; a price is one however short its word is.

@@ -2,7 +2,9 @@
 
 #include <sstream>
 
+#include "exchange/cell_words.h"
 #include "exchange/heads.h"
+#include "exchange/measures.h"
 #include "tests/exchange/reading.h"
 
 // Each word by which a cell or a head is understood, as people and programs write it in their language.
