@@ -14,11 +14,6 @@ bool isReference(const NapiAdat& entry) {
   return entry.Teletank == kFlagSet && !entry.TankoltLiter.isZero();
 }
 
-std::string consumptionText(const Ratio& litres, const Ratio& distance) {
-  if (distance.isZero()) throw Failure(FailureKind::DivisionByZero).field("txKmOra");
-  return formatted(litres / (distance / 100), "##.00");
-}
-
 // The last full fill is rarely far: a few dozen entries are read from behind, and more only where it is not
 // among them.
 FullFillTrail trailOf(const RecordFile& file) {
@@ -43,10 +38,11 @@ void FullFillTrail::pass(const NapiAdat& entry) {
   }
 }
 
-FullFillSearch FullFillTrail::reach(const Ratio& litres, const Ratio& kmOra) const {
-  if (!reference_) return {};
+std::optional<FullFillSearch> FullFillTrail::reach(const Ratio& litres, const Ratio& kmOra) const {
+  if (!reference_) return FullFillSearch{};
   const Ratio distance = kmOra - *reference_;
-  return {distance, consumptionText(litres + since_, distance)};
+  if (distance.isZero()) return std::nullopt;
+  return FullFillSearch{distance, formatted((litres + since_) / (distance / 100), "##.00")};
 }
 
 std::optional<Logbook> foundLogbook(FileSystem& files, const DataFolders& folders, std::string_view plate) {
@@ -67,11 +63,12 @@ Ratio recordEntry(FileSystem& files, const DataFolders& folders, const std::stri
   RecordFile file(files, folders.logbook(plate), NapiAdat::kLength);
   if (file.count() >= kHighestRecordNumber)
     throw Failure(FailureKind::FileFull).file(folders.logbook(plate)).record(file.count() + 1);
-  const FullFillSearch found = trailOf(file).reach(requiredNumber(input.tankoltLiter, "txTankoltLiter"),
-                                                   requiredNumber(input.kmOra, "txKmOra"));
-  entry.Fogyasztas = storedConsumption(found.consumption);
+  const auto found = trailOf(file).reach(requiredNumber(input.tankoltLiter, "txTankoltLiter"),
+                                         requiredNumber(input.kmOra, "txKmOra"));
+  if (!found) throw Failure(FailureKind::DivisionByZero).field("txKmOra");
+  entry.Fogyasztas = storedConsumption(found->consumption);
   file.append(encoded(entry));
-  return found.distance;
+  return found->distance;
 }
 
 void modifyEntry(FileSystem& files, const DataFolders& folders, const std::string& plate,

@@ -33,8 +33,8 @@ class FullFillTrail {
   /// Whether it passed a full fill.
   bool hasPassedFullFill() const { return reference_.has_value(); }
   /// What a new entry behind those passed finds: the litres of the entries between count together with its
-  /// own. Throws Failure(DivisionByZero) when the distance is 0.
-  FullFillSearch reach(const Ratio& litres, const Ratio& kmOra) const;
+  /// own. Nothing when the distance is 0.
+  std::optional<FullFillSearch> reach(const Ratio& litres, const Ratio& kmOra) const;
 
  private:
   std::int64_t passed_;

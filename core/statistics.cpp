@@ -8,26 +8,30 @@
 namespace tarvik::core {
 namespace {
 
-// An entry that the logbook must have: a walk that leaves it at its beginning ends the estimate.
-NapiAdat existing(const Logbook& logbook, int number) {
-  if (number < 1 || number > logbook.count()) throw Failure(FailureKind::RecordMissing).record(number);
+// An entry of the logbook; nothing past its ends.
+std::optional<NapiAdat> existing(const Logbook& logbook, int number) {
+  if (number < 1 || number > logbook.count()) return std::nullopt;
   return logbook.record(number);
 }
 
+// 0 where there is none.
 int lastFuelling(const Logbook& logbook) {
-  int number = logbook.count();
-  while (true) {
-    const NapiAdat entry = existing(logbook, number);
+  for (int number = logbook.count(); number > 0; --number) {
+    const NapiAdat entry = logbook.record(number);
     if (!entry.TankoltLiter.isZero() && entry.KmOra != 0) return number;
-    --number;
   }
+  return 0;
 }
 
+// From entry 2 to the last fuelling; 0 where there is no telling.
 std::int64_t kmPerDay(const Logbook& logbook, int lastNumber) {
-  const NapiAdat start = existing(logbook, 2);
-  const NapiAdat last = existing(logbook, lastNumber);
-  const Ratio distance = Ratio(last.KmOra) - start.KmOra;
-  return wholeQuotient(distance, daysBetween(dayOfEntry(start), dayOfEntry(last)));
+  if (lastNumber == 0 || logbook.count() < 2) return 0;
+  const NapiAdat start = logbook.record(2);
+  const NapiAdat last = logbook.record(lastNumber);
+  const auto from = dayFromStored(start.Datum);
+  const auto to = dayFromStored(last.Datum);
+  if (!from || !to || *from == *to) return 0;
+  return wholeQuotient(Ratio(last.KmOra) - start.KmOra, daysBetween(*from, *to));
 }
 
 // How the walk back from the clicked entry ended.
@@ -36,42 +40,54 @@ struct Walk {
   std::optional<std::string> caption;  // nothing: the bound was reached
 };
 
-std::string consumptionCaption(const NapiAdat& clicked, const NapiAdat& previousFull, const Ratio& litres) {
+// Nothing for a full fill at the reading of the one before.
+std::optional<std::string> consumptionCaption(const NapiAdat& clicked, const NapiAdat& previousFull,
+                                              const Ratio& litres) {
   if (clicked.Teletank == kFlagSet) {
     const Ratio distance = Ratio(clicked.KmOra) - previousFull.KmOra;
+    if (distance.isZero()) return std::nullopt;
     return formatted(litres / (distance / 100), "##.00");
   }
   return clicked.TankoltLiter.isZero() ? "Nem volt tankolás!" : "Nem volt teletankolva!";
 }
 
-// The last fuelling bounds the walk, not the clicked entry: a row may keep the figure shown before.
-Walk walkToFullFill(const Logbook& logbook, int selected, int lastNumber) {
-  const NapiAdat clicked = existing(logbook, selected);
-  if (selected < 2) return {clicked, ""};
-  Walk walk{clicked, std::nullopt};
-  Ratio litres = clicked.TankoltLiter.ratio();
+// The last fuelling bounds the walk, not the clicked entry: a row may keep the figure shown before. Nothing
+// where it leaves the logbook or comes to no figure.
+std::optional<Walk> walkToFullFill(const Logbook& logbook, int selected, int lastNumber) {
+  const std::optional<NapiAdat> clicked = existing(logbook, selected);
+  if (!clicked) return std::nullopt;
+  if (selected < 2) return Walk{*clicked, ""};
+  Walk walk{*clicked, std::nullopt};
+  Ratio litres = clicked->TankoltLiter.ratio();
   for (int steps = 1; steps != lastNumber - 1; ++steps) {
-    walk.lastRead = existing(logbook, selected - steps);
-    if (walk.lastRead.Teletank == kFlagSet)
-      return {clicked, consumptionCaption(clicked, walk.lastRead, litres)};
-    litres = litres + walk.lastRead.TankoltLiter.ratio();
+    const std::optional<NapiAdat> entry = existing(logbook, selected - steps);
+    if (!entry) return std::nullopt;
+    walk.lastRead = *entry;
+    if (entry->Teletank == kFlagSet) {
+      walk = {*clicked, consumptionCaption(*clicked, *entry, litres)};
+      return walk.caption ? std::optional(walk) : std::nullopt;
+    }
+    litres = litres + entry->TankoltLiter.ratio();
   }
   return walk;
 }
 
+// Fills what it gets to. Throws Failure for figures that no car comes to.
 void estimate(const Logbook& logbook, const StatisticsInput& input, Statistics& found) {
   const int last = lastFuelling(logbook);
   const std::int64_t perDay = kmPerDay(logbook, last);
   const Ratio average = plainNumber(input.average);
-  const Ratio range = Ratio(input.tankSize) / average * 100;
-  const std::int64_t daysATank = wholeQuotient(range, perDay);
+  if (perDay == 0 || average.isZero()) return;
+  const std::int64_t daysATank = wholeQuotient(Ratio(input.tankSize) / average * 100, perDay);
 
-  const Walk walk = walkToFullFill(logbook, input.selected, last);
-  found.pillAtlag = walk.caption;
-  const Day day = dayOfEntry(walk.lastRead);
-  const Day expected = addDays(day, daysATank);
+  const std::optional<Walk> walk = walkToFullFill(logbook, input.selected, last);
+  if (!walk) return;
+  found.pillAtlag = walk->caption;
+  const std::optional<Day> day = dayFromStored(walk->lastRead.Datum);
+  if (!day) return;
+  const Day expected = addDays(*day, daysATank);
   found.datum = shortDate(expected);
-  const Day reference = input.selected == last ? input.today : day;
+  const Day reference = input.selected == last ? input.today : *day;
   found.km = std::to_string(toWhole(Ratio(perDay) * daysBetween(reference, expected)));
   const Ratio price = logbook.record(input.selected).FtPerLiter.ratio();
   found.ftPerKm = formatted(price * average / 100, R"(### ###.##\ \F\t\/\K\m)");
@@ -85,7 +101,7 @@ Statistics statisticsOf(const Logbook& logbook, const StatisticsInput& input) {
   try {
     estimate(logbook, input, found);
   } catch (const Failure&) {
-    // The labels that are not set keep what they show; the click goes on.
+    // A damaged record: the labels that are not set keep what they show, and the click goes on.
   }
   return found;
 }

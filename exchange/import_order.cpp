@@ -2,8 +2,9 @@
 #include <optional>
 
 #include "core/entry_editing.h"
-#include "core/failure.h"
+#include "core/number_text.h"
 #include "exchange/import_plan.h"
+#include "exchange/numbers.h"
 
 // How the entries of an import stand among those of the logbook, and what each gets from the ones before it.
 
@@ -42,13 +43,13 @@ std::vector<Slot> slotsInOrder(ImportPlan& plan, const core::Logbook& logbook) {
   return slots;
 }
 
-// The consumption as a typed entry gets it; nothing where it would be refused because it has no distance.
+// The consumption as a typed entry gets it; nothing where it would be refused because it has no distance, or
+// more litres than a record can tell.
 std::optional<core::Amount> consumptionOf(const core::FullFillTrail& trail, const NapiAdat& entry) {
-  try {
-    return core::storedConsumption(trail.reach(entry.TankoltLiter.ratio(), entry.KmOra).consumption);
-  } catch (const core::Failure&) {
+  const auto found = trail.reach(entry.TankoltLiter.ratio(), entry.KmOra);
+  if (!found || !fits<std::int64_t>(core::localeNumber(found->consumption).value_or(0), kPartsOfAmount))
     return std::nullopt;
-  }
+  return core::storedConsumption(found->consumption);
 }
 
 // The consumptions of the logbook's entries as they would be worked out today.

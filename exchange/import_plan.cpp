@@ -10,6 +10,7 @@
 #include "core/failure.h"
 #include "core/record_file.h"
 #include "core/text.h"
+#include "exchange/numbers.h"
 
 namespace tarvik::exchange {
 namespace {
@@ -113,10 +114,6 @@ core::EntryInput typedIn(const Candidate& candidate) {
   input.kmOra = wholeText(candidate.kilometres);
   input.megjegyzes = row.note;
   input.alkatresz = row.part;
-  if (row.litres.isZero()) {
-    input.megjKtg = wholeText(row.forints + row.noteForints);
-    return core::withDefaults(std::move(input));
-  }
   input.tankoltLiter = core::plainText(core::toAmount(row.litres));
   input.tankoltKtg = wholeText(row.forints);
   input.megjKtg = wholeText(row.noteForints);
@@ -236,11 +233,10 @@ ImportPlan planImport(const LogRows& rows, const Reading& reading, const PlanCon
   ImportPlan plan{.isOwn = keeps, .entries = {}, .unread = rows.unread, .whole = {}};
   const core::Logbook& logbook = context.logbook;
   for (const Candidate& candidate : inOrder(rows, reading, logbook.record(logbook.count()).KmOra)) {
-    try {
+    if (fits<std::int32_t>(candidate.kilometres))
       plan.entries.push_back(planned(candidate, reading, context));
-    } catch (const core::Failure&) {
+    else
       plan.unread.push_back({.line = candidate.row->line, .why = UnreadRow::Why::FigureTooLarge});
-    }
   }
   std::ranges::stable_sort(plan.unread, {}, &UnreadRow::line);
   findDuplicates(logbook, plan);

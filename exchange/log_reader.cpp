@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <array>
+#include <map>
 #include <span>
 #include <utility>
 #include <variant>
 
-#include "core/failure.h"
 #include "core/text.h"
 #include "exchange/cell_words.h"
 #include "exchange/columns.h"
@@ -47,27 +47,43 @@ bool isTotal(const CsvRow& row) {
   return !words.empty() && namesTotal(words.front());
 }
 
-// The figures of a row in the file's own units.
-struct RowFigures {
-  std::optional<core::Ratio> odometer;
-  std::optional<core::Ratio> trip;
-  std::optional<core::Ratio> volume;
-  std::optional<core::Ratio> cost;
-  std::optional<core::Ratio> price;
-  std::optional<core::Ratio> noteCost;
+// The figures of a row in the file's own units, as far as it has them.
+using RowFigures = std::map<Meaning, core::Ratio>;
+
+core::Ratio figureIn(const RowFigures& figures, Meaning meaning) {
+  const auto found = figures.find(meaning);
+  return found == figures.end() ? core::Ratio() : found->second;
+}
+
+// Works a row's figures out exactly, and notes whether one became too large for that.
+class Reckoning {
+ public:
+  core::Ratio product(const core::Ratio& a, const core::Ratio& b) {
+    const auto above = product(a.numerator(), b.numerator());
+    const auto below = product(a.denominator(), b.denominator());
+    return isTooLarge_ ? core::Ratio() : core::Ratio(above, below);
+  }
+  core::Ratio quotient(const core::Ratio& a, const core::Ratio& b) {
+    return product(a, {b.denominator(), b.numerator()});
+  }
+  bool isTooLarge() const { return isTooLarge_; }
+
+ private:
+  core::Int128 product(core::Int128 a, core::Int128 b) {
+    core::Int128 product = 0;
+    if (__builtin_mul_overflow(a, b, &product)) isTooLarge_ = true;
+    return product;
+  }
+
+  bool isTooLarge_ = false;
 };
 
-struct FigureColumn {
-  Meaning meaning;
-  std::optional<core::Ratio> RowFigures::*place;
-};
-
-constexpr auto kFigureColumns = std::to_array<FigureColumn>({{Meaning::Odometer, &RowFigures::odometer},
-                                                             {Meaning::Trip, &RowFigures::trip},
-                                                             {Meaning::Volume, &RowFigures::volume},
-                                                             {Meaning::TotalCost, &RowFigures::cost},
-                                                             {Meaning::UnitPrice, &RowFigures::price},
-                                                             {Meaning::NoteCost, &RowFigures::noteCost}});
+// Whether the fields of a logbook hold a row's figures.
+bool fitsLogbook(const LogRow& row) {
+  return fits<std::int32_t>(row.kilometres.value_or(0)) && fits<std::int32_t>(row.trip.value_or(0)) &&
+         fits<std::int64_t>(row.litres, kPartsOfAmount) && fits<std::int32_t>(row.forints) &&
+         fits<std::int32_t>(row.noteForints);
+}
 
 class RowReader {
  public:
@@ -83,20 +99,12 @@ class RowReader {
     if (reading_.isOwn) return readOwn(row, *day);
     if (const auto fuel = otherFuel(cells)) return unread(row, Why::OtherFuel, {}, std::string(*fuel));
     if (hasStrayFigure(cells)) return unread(row, Why::TooManyCells, {}, cells.cells.back());
-    auto read = readGuarded(row, *day);
+    auto read = readFigures(row, *day);
     if (auto* unread = std::get_if<UnreadRow>(&read)) noteTrip(cells, *day, *unread);
     return read;
   }
 
  private:
-  std::variant<LogRow, UnreadRow> readGuarded(const TableRow& row, core::Day day) const {
-    try {
-      return readFigures(row, day);
-    } catch (const core::Failure&) {
-      return unreadCell(row, Why::FigureTooLarge, reading_.columnOf(Meaning::Volume));
-    }
-  }
-
   // A row that is left out was driven all the same.
   void noteTrip(const CsvRow& row, core::Day day, UnreadRow& unread) const {
     constexpr int kLongest = 100'000;
@@ -196,14 +204,15 @@ class RowReader {
 
   std::variant<LogRow, UnreadRow> readFigures(const TableRow& row, core::Day day) const {
     RowFigures figures;
-    for (const auto& [meaning, place] : kFigureColumns) {
+    for (const Meaning meaning : kFigures) {
       const auto found = figure(row.row, meaning);
       if (found && !*found) return unreadCell(row, Why::FigureNotUnderstood, reading_.columnOf(meaning));
-      if (found) figures.*place = *found;
+      if (found) figures[meaning] = **found;
     }
     LogRow read{.line = row.row.line, .day = day};
-    if (namesService(cell(row.row, Meaning::Kind))) figures.volume.reset();
-    convert(row.row, figures, read);
+    if (namesService(cell(row.row, Meaning::Kind))) figures.erase(Meaning::Volume);
+    if (!convert(row.row, figures, read) || !fitsLogbook(read))
+      return unreadCell(row, Why::FigureTooLarge, reading_.columnOf(Meaning::Volume));
     if (!read.litres.isZero() && !read.kilometres && !read.trip)
       return unreadCell(row, Why::NoOdometer,
                         std::min(reading_.columnOf(Meaning::Odometer), reading_.columnOf(Meaning::Trip)));
@@ -213,21 +222,28 @@ class RowReader {
     return read;
   }
 
-  void convert(const CsvRow& row, const RowFigures& figures, LogRow& read) const {
+  // False where a figure is too large to be worked out.
+  [[nodiscard]] bool convert(const CsvRow& row, const RowFigures& figures, LogRow& read) const {
+    Reckoning reckoning;
     const core::Ratio kilometres = kilometresOf(distanceUnitOf(row));
-    if (figures.odometer) read.kilometres = *figures.odometer * kilometres;
-    if (figures.trip && !reading_.has(Meaning::Odometer)) read.trip = *figures.trip * kilometres;
-    core::Ratio volume = figures.volume.value_or(0);
-    const core::Ratio price = figures.price.value_or(0) / reading_.priceShare;
-    core::Ratio cost = figures.cost.value_or(0);
+    if (const auto odometer = figures.find(Meaning::Odometer); odometer != figures.end())
+      read.kilometres = reckoning.product(odometer->second, kilometres);
+    const auto trip = figures.find(Meaning::Trip);
+    if (trip != figures.end() && !reading_.has(Meaning::Odometer))
+      read.trip = reckoning.product(trip->second, kilometres);
+    core::Ratio volume = figureIn(figures, Meaning::Volume);
+    const core::Ratio price = reckoning.quotient(figureIn(figures, Meaning::UnitPrice), reading_.priceShare);
+    core::Ratio cost = figureIn(figures, Meaning::TotalCost);
     const bool isService = namesService(cell(row, Meaning::Kind));
     if (volume.isZero() && !cost.isZero() && !price.isZero() && !reading_.has(Meaning::Volume) && !isService)
-      volume = cost / price;
-    if (cost.isZero()) cost = price * volume;
+      volume = reckoning.quotient(cost, price);
+    if (cost.isZero()) cost = reckoning.product(price, volume);
     const core::Ratio rate = rateOf(row);
-    read.litres = volume * litresOf(volumeUnitOf(row));
-    read.forints = cost * rate;
-    read.noteForints = figures.noteCost.value_or(0) * rate;
+    const core::Ratio noteCost = figureIn(figures, Meaning::NoteCost);
+    read.litres = reckoning.product(volume, litresOf(volumeUnitOf(row)));
+    read.forints = volume.isZero() ? 0 : reckoning.product(cost, rate);
+    read.noteForints = reckoning.product(volume.isZero() ? noteCost + cost : noteCost, rate);
+    return !reckoning.isTooLarge();
   }
 
   DistanceUnit distanceUnitOf(const CsvRow& row) const {
@@ -285,19 +301,15 @@ class RowReader {
   }
 
   std::variant<LogRow, UnreadRow> readOwn(const TableRow& row, core::Day day) const {
-    std::size_t column = 0;
-    const CsvRow own = ownRow(row.row, reading_, day);
-    const auto entry = ownEntry(own, column);
-    if (!entry) return unreadCell(row, Why::FigureNotUnderstood, ownColumn(reading_, column));
-    OwnTexts texts = ownTexts(own);
+    OwnRow own = readOwnRow(row.row, reading_, day);
+    if (own.fault) return unreadCell(row, Why::FigureNotUnderstood, *own.fault);
     return LogRow{.line = row.row.line,
                   .day = day,
-                  .kilometres = core::Ratio(entry->KmOra),
-                  .litres = entry->TankoltLiter.ratio(),
-                  .note = std::move(texts.note),
-                  .part = std::move(texts.part),
-                  .own = entry,
-                  .hasOwnConsumption = reading_.has(Meaning::Consumption)};
+                  .kilometres = core::Ratio(own.entry.KmOra),
+                  .litres = own.entry.TankoltLiter.ratio(),
+                  .note = std::move(own.note),
+                  .part = std::move(own.part),
+                  .own = own.entry};
   }
 
   const LogTable& table_;

@@ -21,14 +21,13 @@ struct LogRow {
   std::optional<core::Ratio> trip{};        ///< since the last fill, of a file without readings
   core::Ratio litres = 0;                   ///< 0: no fill-up
   core::Ratio forints = 0;      ///< worked out from the price of a unit where the file has only that
-  core::Ratio noteForints = 0;  ///< what the note cost beside the fuel
+  core::Ratio noteForints = 0;  ///< what the note cost: beside the fuel, or all where there is none
   bool isFull = false;
   bool isAfterMissed = false;  ///< a fill-up before it is not in the file
   bool isDamaged = false;      ///< letters of it could not be decoded
   std::string note{};
   std::string part{};
   std::optional<core::NapiAdat> own{};  ///< the entry itself, of a file that this program wrote
-  bool hasOwnConsumption = false;       ///< recorded in the file
 };
 
 /// A row of the file that is no entry, and why.

@@ -10,6 +10,7 @@ namespace tarvik::exchange {
 namespace {
 
 constexpr std::string_view kDigits = "0123456789";
+constexpr std::size_t kDecimals = 9;
 
 // The part of a text from its first digit, sign or decimal sign to its last digit or decimal sign. A word
 // with a digit of its own behind the figure ("12 m3") makes it no figure further on.
@@ -117,12 +118,11 @@ std::optional<core::Ratio> readFigure(std::string_view text, DecimalSign sign) {
   std::string digits;
   if (!takeWhole(rest, group, digits)) return std::nullopt;
   std::string number = (isNegative(before) ? "-" : "") + digits;
-  if (rest.starts_with(decimal)) {
-    number += ',';
-    number += rest.substr(1);
-  } else if (!rest.empty()) {
-    return std::nullopt;
-  }
+  if (rest.empty()) return core::localeNumber(number);
+  const std::string_view decimals = rest.substr(1);
+  if (rest.front() != decimal || leadingDigits(decimals) != decimals.size()) return std::nullopt;
+  number += ',';
+  number += decimals.substr(0, kDecimals);
   return core::localeNumber(number);
 }
 

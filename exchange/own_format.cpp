@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
+#include <variant>
 
 #include "core/day.h"
 #include "core/number_text.h"
@@ -18,28 +18,33 @@ using core::NapiAdat;
 
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
 
-constexpr std::array<std::string_view, 14> kHeads = {"Dátum",
-                                                     "Km óra állás",
-                                                     "Liter",
-                                                     "Tankolt költség (Ft)",
-                                                     "Üzemanyag ár (Ft/liter)",
-                                                     "Tele tankolva",
-                                                     "Olajcsere",
-                                                     "Szűrőbetét csere",
-                                                     "Gyertya csere",
-                                                     "Alkatrész megnevezése",
-                                                     "Alkatrész költség (Ft)",
-                                                     "Megjegyzés",
-                                                     "Megjegyzés költsége (Ft)",
-                                                     "Fogyasztás (liter/100 km)"};
+using Text = core::FixedText<50>;
+using Field = std::variant<double NapiAdat::*, std::int32_t NapiAdat::*, core::Amount NapiAdat::*,
+                           std::int16_t NapiAdat::*, Text NapiAdat::*>;
 
-constexpr std::size_t kPartColumn = 9;
-constexpr std::size_t kNoteColumn = 11;
+// A column of the file, in which a field of the record stands by the field's type: a day, a whole number, an
+// amount, a flag or a text.
+struct OwnColumn {
+  std::string_view head;
+  Meaning meaning;
+  Field field;
+};
 
-constexpr auto kMeaningsOfHeads = std::to_array<Meaning>(
-    {Meaning::Day, Meaning::Odometer, Meaning::Volume, Meaning::TotalCost, Meaning::UnitPrice, Meaning::Full,
-     Meaning::OilChange, Meaning::FilterChange, Meaning::PlugChange, Meaning::Part, Meaning::PartCost,
-     Meaning::Note, Meaning::NoteCost, Meaning::Consumption});
+constexpr auto kColumns =
+    std::to_array<OwnColumn>({{"Dátum", Meaning::Day, &NapiAdat::Datum},
+                              {"Km óra állás", Meaning::Odometer, &NapiAdat::KmOra},
+                              {"Liter", Meaning::Volume, &NapiAdat::TankoltLiter},
+                              {"Tankolt költség (Ft)", Meaning::TotalCost, &NapiAdat::TankoltKtg},
+                              {"Üzemanyag ár (Ft/liter)", Meaning::UnitPrice, &NapiAdat::FtPerLiter},
+                              {"Tele tankolva", Meaning::Full, &NapiAdat::Teletank},
+                              {"Olajcsere", Meaning::OilChange, &NapiAdat::Olajcsere},
+                              {"Szűrőbetét csere", Meaning::FilterChange, &NapiAdat::Szurocsere},
+                              {"Gyertya csere", Meaning::PlugChange, &NapiAdat::Gyertyacsere},
+                              {"Alkatrész megnevezése", Meaning::Part, &NapiAdat::Alkatresz},
+                              {"Alkatrész költség (Ft)", Meaning::PartCost, &NapiAdat::AlkatreszKtg},
+                              {"Megjegyzés", Meaning::Note, &NapiAdat::Megjegyzes},
+                              {"Megjegyzés költsége (Ft)", Meaning::NoteCost, &NapiAdat::MegjKtg},
+                              {"Fogyasztás (liter/100 km)", Meaning::Consumption, &NapiAdat::Fogyasztas}});
 
 constexpr std::string_view kYes = "igen";
 constexpr std::string_view kNo = "nem";
@@ -91,124 +96,74 @@ std::string twoDigits(int number) {
   return (number < 10 ? "0" : "") + std::to_string(number);
 }
 
-std::string flagText(std::int16_t flag) {
+std::string cellOf(double day) {
+  return isoDay(day);
+}
+std::string cellOf(std::int32_t number) {
+  return std::to_string(number);
+}
+std::string cellOf(core::Amount amount) {
+  return core::plainText(amount);
+}
+std::string cellOf(std::int16_t flag) {
   if (flag == core::kFlagSet) return std::string(kYes);
   return flag == 0 ? std::string(kNo) : std::to_string(flag);
 }
-
-// The text of a record with the spaces at its beginning, which the padding at its end is not.
-std::string textOf(const core::FixedText<50>& text) {
+// With the spaces at its beginning, which the padding at its end is not.
+std::string cellOf(const Text& text) {
   std::string stored = text.asStored();
   stored.erase(stored.find_last_not_of(' ') + 1);
   return harmless(std::move(stored));
 }
 
 std::vector<std::string> cellsOf(const NapiAdat& entry) {
-  return {isoDay(entry.Datum),
-          std::to_string(entry.KmOra),
-          core::plainText(entry.TankoltLiter),
-          std::to_string(entry.TankoltKtg),
-          core::plainText(entry.FtPerLiter),
-          flagText(entry.Teletank),
-          flagText(entry.Olajcsere),
-          flagText(entry.Szurocsere),
-          flagText(entry.Gyertyacsere),
-          textOf(entry.Alkatresz),
-          std::to_string(entry.AlkatreszKtg),
-          textOf(entry.Megjegyzes),
-          std::to_string(entry.MegjKtg),
-          core::plainText(entry.Fogyasztas)};
+  std::vector<std::string> cells;
+  for (const OwnColumn& column : kColumns)
+    cells.push_back(std::visit([&](auto field) { return cellOf(entry.*field); }, column.field));
+  return cells;
 }
 
-bool isFlagPlace(std::size_t place) {
-  constexpr std::size_t kFirst = 5;
-  constexpr std::size_t kLast = 8;
-  return place >= kFirst && place <= kLast;
+// A figure as a spreadsheet may leave it: a point for the decimal comma, or nothing at all.
+std::optional<core::Ratio> numberIn(std::string_view cell) {
+  std::string text(core::trimmed(cell));
+  if (text.empty()) return core::Ratio(0);
+  if (text.find(',') == std::string::npos) std::ranges::replace(text, '.', ',');
+  return core::localeNumber(text);
 }
 
-// A cell as it was written: a spreadsheet may have put a point for the decimal comma, a space between the
-// groups or nothing at all.
-std::string ownCell(std::string cell, std::size_t place, bool isThere) {
-  if (place == kPartColumn || place == kNoteColumn) return cell;
-  cell = std::string(core::trimmed(cell));
-  if (cell.empty()) return isFlagPlace(place) ? std::string(kNo) : isThere || place != 1 ? "0" : "";
-  if (isFlagPlace(place) && (folded(cell) == "IGEN" || folded(cell) == "TRUE" || folded(cell) == "IGAZ"))
-    return std::string(kYes);
-  if (isFlagPlace(place) && (folded(cell) == "NEM" || folded(cell) == "FALSE" || folded(cell) == "HAMIS"))
-    return std::string(kNo);
-  if (cell.find(',') == std::string::npos) std::ranges::replace(cell, '.', ',');
-  return cell;
+// False where a cell is not as cellOf writes it.
+bool readCell(std::string_view cell, double& day) {
+  const auto read = readDay(cell, DayOrder::YearFirst);
+  if (read) day = core::toStored(*read);
+  return read.has_value();
 }
-
-// A figure that lies within the limits of a field, both of them in it.
-std::optional<core::Ratio> numberWithin(std::string_view cell, const core::Ratio& lowest,
-                                        const core::Ratio& highest) {
-  const auto number = core::localeNumber(cell);
-  return number && *number >= lowest && *number <= highest ? number : std::nullopt;
+bool readCell(std::string_view cell, std::int32_t& number) {
+  const auto read = numberIn(cell);
+  if (!read || !fits<std::int32_t>(*read)) return false;
+  number = core::toWhole32(*read);
+  return true;
 }
-
-// Reads the cells of a row one after the other, and notes the first that is not as it was written.
-class OwnRow {
- public:
-  explicit OwnRow(const CsvRow& row) : row_(row) {}
-
-  std::optional<std::size_t> fault() const { return fault_; }
-
-  double day() {
-    const auto day = readDay(next(), DayOrder::DayFirst);
-    return core::toStored(day ? *day : missing<core::Day>());
+bool readCell(std::string_view cell, core::Amount& amount) {
+  const auto read = numberIn(cell);
+  if (!read || !fits<std::int64_t>(*read, kPartsOfAmount)) return false;
+  amount = core::toAmount(*read);
+  return true;
+}
+bool readCell(std::string_view cell, std::int16_t& flag) {
+  const std::string word = folded(cell);
+  const bool isYes = isListed(word, "IGEN, IGAZ, TRUE");
+  if (isYes || isListed(word, "NEM, HAMIS, FALSE")) {
+    flag = core::toFlag(isYes);
+    return true;
   }
-  std::int32_t whole() {
-    const auto number = numberWithin(next(), std::numeric_limits<std::int32_t>::min(),
-                                     std::numeric_limits<std::int32_t>::max());
-    return core::toWhole32(number ? *number : missing<core::Ratio>());
-  }
-  core::Amount amount() {
-    constexpr core::Int128 kUnits = 10'000;
-    const auto number = numberWithin(next(), {std::numeric_limits<std::int64_t>::min(), kUnits},
-                                     {std::numeric_limits<std::int64_t>::max(), kUnits});
-    return core::toAmount(number ? *number : missing<core::Ratio>());
-  }
-  std::int16_t flag() {
-    const std::string_view cell = next();
-    if (cell == kYes || cell == kNo) return core::toFlag(cell == kYes);
-    const auto number = numberWithin(cell, std::numeric_limits<std::int16_t>::min(),
-                                     std::numeric_limits<std::int16_t>::max());
-    return core::toWhole16(number ? *number : missing<core::Ratio>());
-  }
-  core::FixedText<50> text() { return core::FixedText<50>(restored(std::string(next()))); }
-
- private:
-  std::string_view next() { return row_.cell(following_++); }
-
-  template <typename Value>
-  Value missing() {
-    if (!fault_) fault_ = following_ - 1;
-    return {};
-  }
-
-  const CsvRow& row_;
-  std::optional<std::size_t> fault_;
-  std::size_t following_ = 0;
-};
-
-NapiAdat readEntry(OwnRow& row) {
-  NapiAdat entry;
-  entry.Datum = row.day();
-  entry.KmOra = row.whole();
-  entry.TankoltLiter = row.amount();
-  entry.TankoltKtg = row.whole();
-  entry.FtPerLiter = row.amount();
-  entry.Teletank = row.flag();
-  entry.Olajcsere = row.flag();
-  entry.Szurocsere = row.flag();
-  entry.Gyertyacsere = row.flag();
-  entry.Alkatresz = row.text();
-  entry.AlkatreszKtg = row.whole();
-  entry.Megjegyzes = row.text();
-  entry.MegjKtg = row.whole();
-  entry.Fogyasztas = row.amount();
-  return entry;
+  const auto read = numberIn(cell);
+  if (!read || !fits<std::int16_t>(*read)) return false;
+  flag = core::toWhole16(*read);
+  return true;
+}
+bool readCell(std::string_view cell, Text& text) {
+  text = Text(restored(std::string(cell)));
+  return true;
 }
 
 }  // namespace
@@ -247,52 +202,42 @@ std::string tabbedOf(const TextTable& table) {
 }
 
 std::string csvOf(const core::Listing& listing) {
+  std::vector<std::string> heads;
+  for (const OwnColumn& column : kColumns) heads.emplace_back(column.head);
   std::string file(kMark);
-  appendRow(file, {kHeads.begin(), kHeads.end()}, ';', "\r\n");
+  appendRow(file, heads, ';', "\r\n");
   for (int row = 0; row < listing.rows(); ++row) appendRow(file, cellsOf(listing.entry(row)), ';', "\r\n");
   return file;
 }
 
 bool areOwnHeads(const std::vector<std::string>& heads) {
   constexpr std::ptrdiff_t kEnough = 10;
-  const auto isThere = [&](std::string_view own) { return std::ranges::find(heads, own) != heads.end(); };
-  return std::ranges::count_if(kHeads, isThere) >= kEnough;
+  return std::ranges::count_if(kColumns, [&](const OwnColumn& column) {
+           return std::ranges::find(heads, column.head) != heads.end();
+         }) >= kEnough;
 }
 
 std::vector<Meaning> ownMeanings(const std::vector<std::string>& heads) {
   std::vector<Meaning> meanings(heads.size(), Meaning::NotNeeded);
-  for (std::size_t i = 0; i < kHeads.size(); ++i) {
-    const auto found = std::ranges::find(heads, kHeads[i]);
-    if (found != heads.end()) meanings[static_cast<std::size_t>(found - heads.begin())] = kMeaningsOfHeads[i];
+  for (const auto& [head, meaning, field] : kColumns) {
+    const auto found = std::ranges::find(heads, head);
+    if (found != heads.end()) meanings[static_cast<std::size_t>(found - heads.begin())] = meaning;
   }
   return meanings;
 }
 
-std::size_t ownColumn(const Reading& reading, std::size_t place) {
-  return place < kMeaningsOfHeads.size() ? reading.columnOf(kMeaningsOfHeads[place]) : reading.columns.size();
-}
-
-CsvRow ownRow(const CsvRow& row, const Reading& reading, core::Day day) {
-  CsvRow own{.line = row.line, .cells = {isoDay(core::toStored(day))}};
-  for (std::size_t place = 1; place < kHeads.size(); ++place) {
-    const std::size_t column = ownColumn(reading, place);
-    const bool isThere = column < reading.columns.size();
-    own.cells.push_back(ownCell(isThere ? std::string(row.cell(column)) : std::string(), place, isThere));
+OwnRow readOwnRow(const CsvRow& row, const Reading& reading, core::Day day) {
+  OwnRow own;
+  for (const OwnColumn& column : kColumns) {
+    const std::size_t at = reading.columnOf(column.meaning);
+    std::string cell = at < reading.columns.size() ? std::string(row.cell(at)) : std::string();
+    if (column.meaning == Meaning::Day) cell = isoDay(core::toStored(day));
+    const auto read = [&](auto field) { return readCell(cell, own.entry.*field); };
+    if (!std::visit(read, column.field)) own.fault = own.fault.value_or(at);
+    if (column.meaning == Meaning::Part) own.part = restored(cell);
+    if (column.meaning == Meaning::Note) own.note = restored(cell);
   }
   return own;
-}
-
-OwnTexts ownTexts(const CsvRow& row) {
-  return {.part = restored(std::string(row.cell(kPartColumn))),
-          .note = restored(std::string(row.cell(kNoteColumn)))};
-}
-
-std::optional<NapiAdat> ownEntry(const CsvRow& row, std::size_t& column) {
-  OwnRow reader(row);
-  const NapiAdat entry = readEntry(reader);
-  if (!reader.fault()) return entry;
-  column = *reader.fault();
-  return std::nullopt;
 }
 
 }  // namespace tarvik::exchange

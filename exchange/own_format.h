@@ -44,22 +44,16 @@ bool areOwnHeads(const std::vector<std::string>& heads);
 /// What the columns under such heads are; those that csvOf does not write are not needed.
 std::vector<Meaning> ownMeanings(const std::vector<std::string>& heads);
 
-/// A row under such heads as csvOf writes it: its columns in their order, what is missing with nothing in it,
-/// days and figures in csvOf's form.
-CsvRow ownRow(const CsvRow& row, const Reading& reading, core::Day day);
-
-/// Where a file has the column that csvOf writes at that place; columns.size() for nowhere.
-std::size_t ownColumn(const Reading& reading, std::size_t place);
-
-/// The entry of a row as csvOf writes it, field for field, the consumption too; nothing where a cell is not
-/// so, and column tells which then.
-std::optional<core::NapiAdat> ownEntry(const CsvRow& row, std::size_t& column);
-
-/// The texts of such a row whole, as somebody may have changed them: the entry keeps what fits its fields.
-struct OwnTexts {
-  std::string part;
-  std::string note;
+/// A row under such heads.
+struct OwnRow {
+  core::NapiAdat entry{};  ///< field for field, the consumption too
+  std::string part{};      ///< whole, as somebody may have changed it: the entry keeps what fits its field
+  std::string note{};
+  std::optional<std::size_t> fault{};  ///< the first column whose cell is not as csvOf writes it
 };
-OwnTexts ownTexts(const CsvRow& row);
+
+/// Reads a row of a day; what is missing has nothing in it, and figures are taken as a spreadsheet leaves
+/// them.
+OwnRow readOwnRow(const CsvRow& row, const Reading& reading, core::Day day);
 
 }  // namespace tarvik::exchange

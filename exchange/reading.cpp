@@ -1,7 +1,6 @@
 #include "exchange/reading.h"
 
 #include <algorithm>
-#include <array>
 
 #include "exchange/columns.h"
 #include "exchange/own_format.h"
@@ -35,7 +34,6 @@ void findDayOrder(const std::vector<ColumnFacts>& facts, const Choices& choices,
     rows.push_back(
         {facts[day].cells[i], odometer < facts.size() ? facts[odometer].figures[i] : std::nullopt});
   const ShownDayOrder shown = shownDayOrder(rows);
-  reading.possibleOrders = shown.possible;
   reading.dayOrder = choices.dayOrder.value_or(shown.order());
   if (!shown.isCertain()) ask(reading, Question::DayOrder, choices.dayOrder.has_value());
 }
@@ -62,8 +60,6 @@ void askForUnknown(const ProposedMeanings& proposed, Reading& reading) {
 }
 
 bool isSignOpen(const std::vector<ColumnFacts>& facts, const Reading& reading) {
-  constexpr std::array kFigures = {Meaning::Odometer,  Meaning::Trip,      Meaning::Volume,
-                                   Meaning::TotalCost, Meaning::UnitPrice, Meaning::NoteCost};
   for (std::size_t i = 0; i < facts.size(); ++i)
     if (facts[i].isSignOpen && std::ranges::find(kFigures, reading.columns[i].meaning) != kFigures.end())
       return true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -47,6 +48,10 @@ enum class Meaning {
   Vehicle,
 };
 inline constexpr int kMeanings = static_cast<int>(Meaning::Vehicle) + 1;
+
+/// The columns whose figures a row is made of.
+inline constexpr std::array kFigures = {Meaning::Odometer,  Meaning::Trip,      Meaning::Volume,
+                                        Meaning::TotalCost, Meaning::UnitPrice, Meaning::NoteCost};
 
 /// A column and how it is read.
 struct ColumnReading {
@@ -118,20 +123,19 @@ struct Choices {
 /// value; reading again with other choices gives another.
 struct Reading {
   bool isOwn = false;  ///< written by this program
-  std::vector<ColumnReading> columns;
+  bool hasCosts = false;
+  bool isCurrencySaid = false;    ///< the person named the only one: what cells name does not count
+  bool saysWhichAreFull = false;  ///< otherwise every fill-up counts as full
   DayOrder dayOrder = DayOrder::DayFirst;
-  std::vector<DayOrder> possibleOrders;
   DecimalSign sign = DecimalSign::Point;
   DistanceUnit distance = DistanceUnit::Kilometre;
   VolumeUnit volume = VolumeUnit::Litre;
-  bool hasCosts = false;
+  std::vector<ColumnReading> columns;
   std::string currency;                 ///< of costs that name none
   std::vector<std::string> currencies;  ///< foreign ones, each with a rate to be known
   std::map<std::string, core::Ratio> rates;
-  std::string dollar = "USD";     ///< whose dollars they are where only their sign stands
-  bool isCurrencySaid = false;    ///< the person named the only one: what cells name does not count
-  std::int64_t priceShare = 1;    ///< 100 where prices of a litre are in cents or pence
-  bool saysWhichAreFull = false;  ///< otherwise every fill-up counts as full
+  std::string dollar = "USD";   ///< whose dollars they are where only their sign stands
+  std::int64_t priceShare = 1;  ///< 100 where prices of a litre are in cents or pence
   std::vector<FullWord> fullWords;
   std::vector<VehicleRows> vehicles;      ///< empty: one
   std::vector<std::size_t> vehicleOfRow;  ///< of each row of the table's data, where only the readings tell

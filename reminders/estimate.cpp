@@ -13,16 +13,19 @@ namespace {
 constexpr int kStartEntry = 2;
 constexpr std::size_t kDateCharacters = 10;
 
-std::int64_t dailyAverage(const core::NapiAdat& start, const core::NapiAdat& last) {
+// Nothing without a day between them.
+std::optional<std::int64_t> dailyAverage(const core::NapiAdat& start, const core::NapiAdat& last) {
   const std::int64_t days = core::daysBetween(core::dayOfEntry(last), core::dayOfEntry(start));
+  if (days == 0) return std::nullopt;
   return core::wholeQuotient(core::checkedDifference(start.KmOra, last.KmOra), days);
 }
 
-// Fills what it gets to; the first step that fails throws and leaves the rest.
+// Fills what it gets to. Throws Failure for a damaged record and for a day past the calendar.
 void fill(Estimate& estimate, const core::Logbook& logbook, const FigyelRec& reminder, core::Day today) {
   const std::optional<core::NapiAdat> last = lastWithReading(logbook);
   if (!last) return;
   estimate.dailyAverage = dailyAverage(logbook.record(kStartEntry), *last);
+  if (estimate.dailyAverage.value_or(0) == 0) return;
   const std::int64_t due = std::int64_t{reminder.KmAllas} + reminder.KmMulva;
   const std::int64_t daysLeft = core::wholeQuotient(due - last->KmOra, *estimate.dailyAverage);
   estimate.overdue = daysLeft < 0;
@@ -41,7 +44,7 @@ Estimate estimated(const core::Logbook& logbook, const FigyelRec& reminder, core
   Estimate estimate;
   try {
     fill(estimate, logbook, reminder, today);
-  } catch (const core::Failure&) {  // an estimate that cannot be made is no fault of the person's click
+  } catch (const core::Failure&) {  // a damaged record is no fault of the person's click
   }
   return estimate;
 }

@@ -257,16 +257,17 @@ TEST(FullFillTrail, LeavesDamagedFlagsOutOfTheFullFills) {
   NapiAdat damaged = test::fuelling({2013, 1, 3}, 10'100, 100'000, true);
   damaged.Teletank = 1;
   trail.pass(damaged);
-  const FullFillSearch found = trail.reach(10, 10'500);
+  const FullFillSearch found = trail.reach(10, 10'500).value();
   EXPECT_EQ(found.distance, Ratio(500));
-  EXPECT_EQ(found.consumption, "4,00");  // 10 + 10 litres on 500 km
+  EXPECT_EQ(found.consumption, "4,00");   // 10 + 10 litres on 500 km
+  EXPECT_FALSE(trail.reach(10, 10'000));  // no distance
 }
 
 TEST(FullFillTrail, FindsNothingBehindTheFirstEntry) {
   FullFillTrail trail;
-  EXPECT_EQ(trail.reach(40, 10'000).consumption, "");
+  EXPECT_EQ(trail.reach(40, 10'000).value().consumption, "");
   trail.pass(test::fuelling({2013, 1, 1}, 9'000, 100'000, true));
-  EXPECT_EQ(trail.reach(40, 10'000).distance, Ratio(0));
+  EXPECT_EQ(trail.reach(40, 10'000).value().distance, Ratio(0));
 }
 
 // Modifying.

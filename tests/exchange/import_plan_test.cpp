@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <limits>
+
 #include "core/entry_editing.h"
 #include "core/failure.h"
 #include "core/record_file.h"
@@ -269,6 +271,30 @@ TEST(APlan, HasEveryRowOfItsFile) {
   EXPECT_EQ(plan.unread[2].why, exchange::UnreadRow::Why::DayNotUnderstood);
   EXPECT_EQ(plan.unread[3].why, exchange::UnreadRow::Why::FigureTooLarge);
   EXPECT_EQ(plan.unread[4].why, exchange::UnreadRow::Why::Empty);
+}
+
+TEST(APlan, GivesNoConsumptionBehindARowWithAFigureTooLargeForTheLogbook) {
+  for (const char* row : {"3000000000,40,24000", "2000,1000000000000000,24000", "2000,40,3000000000"}) {
+    const auto plan = planOf(readLog(
+        logOf("2024-01-01,1000,40,24000,1,0,\n2024-01-02,1500,40,24000,1,0,\n2024-01-03," + std::string(row) +
+              ",1,0,\n2024-01-04,2500,40,24000,1,0,\n2024-01-05,3000,40,24000,1,0,\n")));
+    ASSERT_EQ(plan.entries.size(), 4U) << row;
+    EXPECT_THAT(plan.entries[2].doubts, ElementsAre(Doubt::LeftOutBefore)) << row;
+    EXPECT_TRUE(plan.entries[2].entry.Fogyasztas.isZero()) << row;
+    ASSERT_EQ(plan.unread.size(), 2U) << row;  // the heads, too
+    EXPECT_EQ(plan.unread[1].why, exchange::UnreadRow::Why::FigureTooLarge) << row;
+    EXPECT_EQ(plan.unread[1].day, "2024-01-03") << row;
+  }
+}
+
+// 9,223,372,036 litres over one kilometre: a hundred times that is more than a record keeps.
+TEST(APlan, LeavesAnEntryAloneWhoseConsumptionNoRecordCanKeep) {
+  const core::Logbook logbook =
+      bookOf({fuelling({2023, 12, 1}, 100, 400'000, true), fuelling({2023, 12, 2}, 500, 400'000, true),
+              fuelling({2023, 12, 3}, 501, std::numeric_limits<std::int64_t>::max(), true)});
+  const auto plan = planOf(readLog(logOf("2024-01-01,1000,40,24000,1,0,\n")), logbook);
+  EXPECT_EQ(plan.changed, 0);
+  EXPECT_EQ(plan.whole.size(), 4U);
 }
 
 // January to March into a logbook from April on: 500 km a month. The first entry that is there had no

@@ -325,6 +325,17 @@ TEST(ALogOfDistances, IsAskedForItsReading) {
   EXPECT_THAT(readings(false, 10'000), ElementsAre(9'010, 9'520, 10'000));
 }
 
+TEST(ALogOfDistances, ThatRunsPastWhatALogbookKeepsIsLeftOut) {
+  const ReadLog log =
+      readLog("Dátum;Megtett km;Liter;Ft\n2024.01.05.;640;41;25575\n2024.01.19.;510;31;18600\n",
+              {.tripStart = exchange::TripStart{true, Ratio(2'147'483'000)}});
+  const auto plan = planOf(log);
+  ASSERT_EQ(plan.entries.size(), 1U);
+  EXPECT_EQ(plan.entries[0].entry.KmOra, 2'147'483'640);
+  EXPECT_EQ(plan.unread.back().why, Why::FigureTooLarge);
+  EXPECT_EQ(plan.unread.back().line, 3);
+}
+
 // 640, then 250 without a fill-up, then 510.
 TEST(ALogOfDistances, CountsThoseOfRowsThatAreLeftOut) {
   const std::string rows[] = {"2024.01.05.;640;41;25575\n", "2024.01.09.;250;;\n",
@@ -454,6 +465,28 @@ TEST(ARow, OfAServiceIsAnEntryWithANote) {
   EXPECT_TRUE(log.rows.rows[1].litres.isZero());
   EXPECT_EQ(log.rows.rows[1].note, "oil");
   EXPECT_EQ(log.rows.rows[2].note, "Service");
+}
+
+// Two costs that only together are too much, and a product that no fraction holds.
+TEST(ARow, OfFiguresTooLargeToBeWorkedOutIsLeftOut) {
+  const ReadLog log = readLog(
+      "Dátum;Km;Liter;Ft;Megjegyzés;Megjegyzés költsége\n2024.01.05.;48210;;2000000000;olaj;147483647\n"
+      "2024.01.06.;48211;;2000000000;olaj;147483648\n");
+  ASSERT_EQ(log.rows.rows.size(), 1U);
+  EXPECT_EQ(log.rows.rows[0].noteForints, Ratio(2'147'483'647));
+  EXPECT_THAT(leftOut(log), ElementsAre(Pair(3, Why::FigureTooLarge)));
+  EXPECT_THAT(leftOut(readLog("Dátum;Km;Liter;Egységár\n2024.01.05.;48210;900000000000000,123456789;"
+                              "999999999999999999,123456789\n")),
+              ElementsAre(Pair(2, Why::FigureTooLarge)));
+}
+
+// As a program writes that counts in binary: 41.27 litres at 1.589, 65.578 euros.
+TEST(ARow, MayHaveFiguresWithMoreDecimalsThanTellAnything) {
+  const ReadLog log =
+      readLog("Dátum;Km;Liter;€/l\n2024.01.05.;48210;41,270000000000003126;1,588999999999999968\n",
+              {.rates = {{"EUR", Ratio(390'123'456, 1'000'000)}}});
+  ASSERT_EQ(log.rows.rows.size(), 1U);
+  EXPECT_EQ(core::toWhole(log.rows.rows[0].forints), 25'584);  // 25,583.5
 }
 
 TEST(ALog, WithoutHeadsIsUnderstoodByItsValues) {

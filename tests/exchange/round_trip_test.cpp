@@ -185,6 +185,22 @@ TEST(ALogbook, ThatWasChangedTellsWhichCellsItCannotRead) {
   EXPECT_EQ(reading.head, "Km óra állás");
   EXPECT_EQ(reading.cell, "sok");
   EXPECT_EQ(readWith("nem", "talán").rows.unread.at(1).head, "Tele tankolva");
+  EXPECT_EQ(readWith("12345;0;0;0;nem", "12345;x;0;0;talán").rows.unread.at(1).head, "Liter");
+}
+
+// The marks as spreadsheets turn them round.
+TEST(ALogbook, HasItsMarksAsASpreadsheetLeavesThem) {
+  NapiAdat entry;
+  entry.Datum = 41'000;
+  std::string text = textOf(fileOf({entry}));
+  const auto markOf = [&](const std::string& word) {
+    std::string changed = text;
+    changed.replace(changed.find("nem"), 3, word);
+    return readLog(changed).rows.rows.at(0).own->Teletank;
+  };
+  for (const char* word : {"igen", "Igen ", "IGAZ", "TRUE", "-1"})
+    EXPECT_EQ(markOf(word), core::kFlagSet) << word;
+  for (const char* word : {"nem", "NEM", "HAMIS", "false", "", "0"}) EXPECT_EQ(markOf(word), 0) << word;
 }
 
 TEST(ADay, IsWrittenWithFourTwoAndTwoDigits) {

@@ -28,9 +28,11 @@ TEST(ARowLeftOut, IsShownWithItsOwnCellsAndWhole) {
   EXPECT_EQ(row.volume, "");
   EXPECT_EQ(row.cost, "12519");
   EXPECT_EQ(row.text, "2024.13.01. | 49 391 | 12519");
-  const ReadLog trips = readLog("Dátum;Megtett km;Liter;Ft\n2024.01.05.;510;41;25575\n2024.02.05.;510;41;25575\n2024.02.31.;480;4;9\n");
+  const ReadLog trips = readLog(
+      "Dátum;Megtett km;Liter;Ft\n2024.01.05.;510;41;25575\n2024.02.05.;510;41;25575\n2024.02.31.;480;4;9\n");
   EXPECT_EQ(trips.rows.unread.at(1).odometer, "480");
-  const ReadLog apart = readLog("Év;Hónap;Nap;Km;Liter;Ft\n2024;1;5;48210;41;25575\n2024;2;x;48800;41;25575\n");
+  const ReadLog apart =
+      readLog("Év;Hónap;Nap;Km;Liter;Ft\n2024;1;5;48210;41;25575\n2024;2;x;48800;41;25575\n");
   EXPECT_EQ(apart.rows.unread.at(1).head, "Nap");
   EXPECT_EQ(apart.rows.unread.at(1).cell, "x");
   EXPECT_EQ(apart.rows.unread.at(1).day, "");
@@ -45,7 +47,8 @@ TEST(ARowLeftOut, IsShownAsFarAsThreeHundredBytesReach) {
 }
 
 TEST(ARowLeftOut, ForAColumnThatIsNotThereNamesNoCell) {
-  const ReadLog log = readLog("Dátum;Liter\n2024.01.05.;41;500\n", {.columns = {{0, Meaning::Day}, {1, Meaning::Volume}}});
+  const ReadLog log =
+      readLog("Dátum;Liter\n2024.01.05.;41;500\n", {.columns = {{0, Meaning::Day}, {1, Meaning::Volume}}});
   EXPECT_EQ(log.rows.unread.at(1).why, Why::NoOdometer);
   EXPECT_EQ(log.rows.unread.at(1).head + log.rows.unread.at(1).cell, "");
 }
@@ -56,12 +59,15 @@ TEST(ARowLeftOut, NamesItsSectionItsVehicleOrTheCellThatTells) {
   EXPECT_EQ(sections.rows.unread.back().why, Why::OtherSection);
   EXPECT_EQ(sections.rows.unread.back().head, "Costs");
   EXPECT_EQ(sections.rows.unread.back().cell, "");
-  const std::string cars = "Rendszám;Dátum;Km;Liter;Ft\nA;2024.01.05.;48210;41;25575\nB;2024.01.06.;9000;30;18000\n";
+  const std::string cars =
+      "Rendszám;Dátum;Km;Liter;Ft\nA;2024.01.05.;48210;41;25575\nB;2024.01.06.;9000;30;18000\n";
   EXPECT_EQ(readLog(cars, {.vehicle = 0}).rows.unread.at(1).head, "B");
   const ReadLog stray = readLog("Date,Odometer (km),Litres,Cost (EUR)\n2024-01-05,1000,40,5,60\n");
   EXPECT_EQ(stray.rows.unread.at(1).cell, "60");
   EXPECT_EQ(stray.rows.unread.at(1).head, "");
-  const ReadLog fuel = readLog("Fuel;Date;Odometer (km);Litres\nDiesel;2024-01-05;1000;40\nCNG kg;2024-01-06;1100;5\nKG;2024-01-07;1200;4\n");
+  const ReadLog fuel = readLog(
+      "Fuel;Date;Odometer (km);Litres\nDiesel;2024-01-05;1000;40\nCNG "
+      "kg;2024-01-06;1100;5\nKG;2024-01-07;1200;4\n");
   EXPECT_THAT(leftOut(fuel), ElementsAre(testing::Pair(4, Why::OtherFuel)));
   EXPECT_EQ(fuel.rows.unread.at(1).cell, "KG");
 }
@@ -83,32 +89,35 @@ TEST(ARowLeftOut, WasDrivenUpToAHundredThousandKilometres) {
         .entries.at(1)
         .entry.KmOra;
   };
-  EXPECT_EQ(second("0"), 1'322);            // 1,000 + 2 × 160.9344 = 1,321.8688
-  EXPECT_EQ(second("100000"), 162'256);     // and 160,934.4
+  EXPECT_EQ(second("0"), 1'322);         // 1,000 + 2 × 160.9344 = 1,321.8688
+  EXPECT_EQ(second("100000"), 162'256);  // and 160,934.4
   EXPECT_EQ(second("100001"), 1'322);
 }
 
 TEST(ARow, OfCostAndPriceAloneTookWhatTheyComeTo) {
   const ReadLog log = readLog(
-      "Dátum;Km óra;Egységár (Ft/l);Összeg (Ft);Típus\n2024.01.05.;48210;600;24000;Tankolás\n2024.01.09.;48500;;5000;Tankolás\n"
+      "Dátum;Km óra;Egységár (Ft/l);Összeg "
+      "(Ft);Típus\n2024.01.05.;48210;600;24000;Tankolás\n2024.01.09.;48500;;5000;Tankolás\n"
       "2024.01.12.;48600;600;;Tankolás\n2024.01.19.;48866;600;6000;Szerviz\n");
   ASSERT_EQ(log.rows.rows.size(), 3U);
   EXPECT_EQ(log.rows.rows[0].litres, Ratio(40));
   EXPECT_TRUE(log.rows.rows[1].litres.isZero());
-  EXPECT_EQ(log.rows.rows[1].forints, Ratio(5'000));
+  EXPECT_EQ(log.rows.rows[1].noteForints, Ratio(5'000));
   EXPECT_TRUE(log.rows.rows[2].litres.isZero());
   EXPECT_EQ(log.rows.rows[2].note, "Szerviz");
   EXPECT_THAT(leftOut(log), ElementsAre(testing::Pair(4, Why::NothingInIt)));
   const ReadLog volume = readLog(
-      "Dátum;Km óra;Liter;Egységár (Ft/l);Összeg (Ft)\n2024.01.05.;48210;40;600;24000\n2024.01.09.;48500;;600;5000\n"
+      "Dátum;Km óra;Liter;Egységár (Ft/l);Összeg "
+      "(Ft)\n2024.01.05.;48210;40;600;24000\n2024.01.09.;48500;;600;5000\n"
       "2024.01.12.;48600;10;600;\n");
   EXPECT_TRUE(volume.rows.rows[1].litres.isZero());
   EXPECT_EQ(volume.rows.rows[2].forints, Ratio(6'000));
 }
 
 TEST(ARow, HasItsNotesCostInForints) {
-  const ReadLog log = readLog("Datum;Kilometerstand;Liter;Betrag (€);Sonstige Kosten\n2024-01-05;48210;41;60;10\n",
-                              {.rates = {{"EUR", Ratio(400)}}});
+  const ReadLog log =
+      readLog("Datum;Kilometerstand;Liter;Betrag (€);Sonstige Kosten\n2024-01-05;48210;41;60;10\n",
+              {.rates = {{"EUR", Ratio(400)}}});
   EXPECT_EQ(log.rows.rows.at(0).noteForints, Ratio(4'000));
 }
 
@@ -154,12 +163,14 @@ TEST(ARow, SaysThatAFillUpBeforeItWasMissed) {
   };
   for (const char* cell : {"igen", "1", "2", "✓", "+", "3 db"}) EXPECT_TRUE(isMissed(cell)) << cell;
   for (const char* cell : {"", "nem", "0", "-", "–", "00", "talán"}) EXPECT_FALSE(isMissed(cell)) << cell;
-  EXPECT_FALSE(readLog("Dátum;Km;Liter;Ft;Kimaradt\n2024.01.05.;48210;;25575;igen\n").rows.rows.at(0).isAfterMissed);
+  EXPECT_FALSE(
+      readLog("Dátum;Km;Liter;Ft;Kimaradt\n2024.01.05.;48210;;25575;igen\n").rows.rows.at(0).isAfterMissed);
 }
 
 TEST(ARow, HasItsNotesOnOneLineAndAllOfThem) {
   const ReadLog log = readLog(
-      "Jegyzet;Dátum;Km;Liter;Ft;Leírás;Megjegyzés;Alkatrész;Típus\n\"a\n\tb\";2024.01.05.;48210;41;25575; olaj ;;Szűrő;Tankolás\n"
+      "Jegyzet;Dátum;Km;Liter;Ft;Leírás;Megjegyzés;Alkatrész;Típus\n\"a\n\tb\";2024.01.05.;48210;41;25575; "
+      "olaj ;;Szűrő;Tankolás\n"
       "jó \xEF\xBF\xBD;2024.01.09.;48300;;5000;;;;Mosás\n;2024.01.12.;48400;;5000;;;;Tankolás\n");
   ASSERT_EQ(log.rows.rows.size(), 3U);
   EXPECT_EQ(log.rows.rows[0].note, "olaj, a  b");
@@ -171,11 +182,15 @@ TEST(ARow, HasItsNotesOnOneLineAndAllOfThem) {
 }
 
 TEST(ARow, WithACellWithoutADigitOrBelowNothingIsNoFigure) {
-  const ReadLog log = readLog(std::string(kTable) + "2024.02.01.;49000;x;5000\n2024.02.02.;49100;40;-5\n2024.02.03.;49200;40;0\n2024.02.04.;49300;E10;5000\n-;-;-;-\n");
+  const ReadLog log = readLog(std::string(kTable) +
+                              "2024.02.01.;49000;x;5000\n2024.02.02.;49100;40;-5\n2024.02.03.;49200;40;"
+                              "0\n2024.02.04.;49300;E10;5000\n-;-;-;-\n");
   ASSERT_EQ(log.rows.rows.size(), 4U);
   EXPECT_TRUE(log.rows.rows[2].litres.isZero());
   EXPECT_TRUE(log.rows.rows[3].forints.isZero());
-  EXPECT_THAT(leftOut(log), ElementsAre(testing::Pair(5, Why::FigureNotUnderstood), testing::Pair(7, Why::FigureNotUnderstood), testing::Pair(8, Why::DayNotUnderstood)));
+  EXPECT_THAT(leftOut(log), ElementsAre(testing::Pair(5, Why::FigureNotUnderstood),
+                                        testing::Pair(7, Why::FigureNotUnderstood),
+                                        testing::Pair(8, Why::DayNotUnderstood)));
   EXPECT_EQ(log.rows.unread.at(1).head, "Ft");
 }
 
