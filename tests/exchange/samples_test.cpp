@@ -13,7 +13,6 @@ namespace tarvik::test {
 namespace {
 
 using exchange::Choices;
-using exchange::DayOrder;
 using exchange::DistanceUnit;
 using exchange::Question;
 using Why = exchange::UnreadRow::Why;
@@ -22,19 +21,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr const char* kShown = "6,11 Liter/100Km";
-
-// A sample as it is read once its questions are answered, which have to be these.
-ReadLog readSample(const std::string& name, const std::vector<Question>& questions = {},
-                   const Choices& answers = {}) {
-  EXPECT_EQ(readLog(sample(name)).reading.open, questions) << name;
-  ReadLog log = readLog(sample(name), answers);
-  EXPECT_THAT(log.reading.open, IsEmpty()) << name;
-  return log;
-}
-
-Choices euros(int rate) {
-  return {.currency = "EUR", .rates = {{"EUR", core::Ratio(rate)}}};
-}
 
 int countOf(const ReadLog& log, Why why) {
   return static_cast<int>(std::ranges::count(log.rows.unread, why, &exchange::UnreadRow::why));
@@ -58,49 +44,129 @@ void expectTheTenFillUps(const core::Logbook& logbook) {
   EXPECT_EQ(logbook.record(10).KmOra, 54'098);
 }
 
-TEST(ASampleLog, OfQuotedSectionsWithHashMarksIsUnderstood) {
-  const ReadLog log = readSample("hash_sections_quoted.csv", {Question::Currency}, euros(390));
-  const auto plan = planOf(log);
-  expectTheTenFillUps(logbookOf(plan));
-  // "Price" is the total there, because the price of a litre has a column of its own: 65.58 × 390.
-  EXPECT_EQ(plan.entries[0].entry.TankoltKtg, 25'576);
-  EXPECT_EQ(plan.entries[0].entry.TankoltLiter.tenThousandths, 412'700);
-  EXPECT_EQ(countOf(log, Why::OtherSection), 4);
-  EXPECT_TRUE(plan.entries[5].doubts.contains(exchange::Doubt::MissedBefore));
-  EXPECT_TRUE(plan.entries[5].entry.Fogyasztas.isZero());
+// A sample, what it asks and what is answered, and what its first fill-up then cost in forints.
+struct Sample {
+  const char* name;
+  std::vector<Question> questions;
+  Choices answers;
+  int forints = 0;
+  bool tellsMissed = false;  // that a fill-up is missing before the sixth one
+  std::vector<std::pair<int, Why>> leftOut{};
+};
+
+ReadLog readSample(const Sample& read) {
+  EXPECT_EQ(readLog(sample(read.name)).reading.open, read.questions) << read.name;
+  ReadLog log = readLog(sample(read.name), read.answers);
+  EXPECT_THAT(log.reading.open, IsEmpty()) << read.name;
+  return log;
 }
 
-TEST(ASampleLog, OfRefuellingServiceAndExpenseSectionsIsUnderstood) {
-  Choices answers = euros(400);
-  answers.distance = DistanceUnit::Kilometre;
-  const ReadLog log =
-      readSample("refuelling_service_expense.csv", {Question::DistanceUnit, Question::Currency}, answers);
-  const auto plan = planOf(log);
-  expectTheTenFillUps(logbookOf(plan));
-  EXPECT_EQ(plan.entries[0].entry.TankoltKtg, 26'232);  // 65.58 × 400
-  EXPECT_EQ(countOf(log, Why::OtherSection), 4);
+std::map<std::string, core::Ratio> rate(const char* currency, core::Ratio forints) {
+  return {{currency, forints}};
 }
 
-TEST(ASampleLog, OfNamedRecordSectionsInMilesAndAmericanGallonsIsUnderstood) {
-  const ReadLog log =
-      readSample("named_record_sections_us.csv", {Question::Rate}, {.rates = {{"USD", core::Ratio(350)}}});
-  expectTheTenFillUps(logbookOf(planOf(log)));
-  EXPECT_EQ(log.reading.distance, DistanceUnit::Mile);
-  EXPECT_EQ(log.reading.volume, VolumeUnit::UsGallon);
-  EXPECT_EQ(log.reading.dayOrder, DayOrder::MonthFirst);
+constexpr auto kKilometre = DistanceUnit::Kilometre;
+constexpr auto kMile = DistanceUnit::Mile;
+constexpr auto kLitre = VolumeUnit::Litre;
+constexpr auto kUsGallon = VolumeUnit::UsGallon;
+
+// The bill of the first fill-up is 65.58; its price of a litre, 1.589, makes 65.578 of 41.27 litres.
+const Sample kSamples[] = {
+    {.name = "hash_sections_quoted.csv",  // "Price" is the bill: the price of a litre has a column of its own
+     .questions = {Question::Currency},
+     .answers = {.currency = "EUR", .rates = rate("EUR", 390)},
+     .forints = 25'576,
+     .tellsMissed = true},
+    {.name = "refuelling_service_expense.csv",
+     .questions = {Question::DistanceUnit, Question::Currency},
+     .answers = {.distance = kKilometre, .currency = "EUR", .rates = rate("EUR", 400)},
+     .forints = 26'232},
+    {.name = "named_record_sections_us.csv",  // 37.71 dollars
+     .questions = {Question::Rate},
+     .answers = {.rates = rate("USD", 350)},
+     .forints = 13'198,
+     .tellsMissed = true},
+    {.name = "flat_partial_marks.csv",  // "price" changes little: it is that of a litre
+     .questions = {Question::Currency},
+     .answers = {.currency = "EUR", .rates = rate("EUR", 390)},
+     .forints = 25'575,
+     .tellsMissed = true},
+    {.name = "flat_fill_to_full_month_first.csv",
+     .questions = {Question::DistanceUnit, Question::VolumeUnit, Question::Currency},
+     .answers = {.distance = kKilometre, .volume = kLitre, .currency = "EUR", .rates = rate("EUR", 350)},
+     .forints = 22'953,
+     .tellsMissed = true},
+    {.name = "database_dump_two_cars.csv",
+     .questions = {Question::Vehicle, Question::DistanceUnit, Question::VolumeUnit, Question::Currency},
+     .answers = {.distance = kKilometre,
+                 .volume = kLitre,
+                 .vehicle = 1,
+                 .currency = "EUR",
+                 .rates = rate("EUR", 390)},
+     .forints = 25'576},
+    {.name = "snake_case_dump.csv",
+     .questions = {Question::DistanceUnit, Question::Rate},
+     .answers = {.distance = kKilometre, .rates = rate("EUR", 390)},
+     .forints = 25'576,
+     .tellsMissed = true},
+    {.name = "hungarian_table.csv",
+     .questions = {},
+     .answers = {},
+     .forints = 25'575,
+     .leftOut = {{1, Why::Title}, {2, Why::Empty}, {14, Why::Total}}},
+    {.name = "american_table.csv",  // 37.71 × 350 = 13,198.5, halves to even
+     .questions = {Question::DistanceUnit, Question::Gallon, Question::Rate},
+     .answers = {.distance = kMile, .volume = kUsGallon, .rates = rate("USD", 350)},
+     .forints = 13'198,
+     .leftOut = {{1, Why::Title}, {13, Why::Total}}},
+    {.name = "british_table.csv",  // 41.27 × 149.9 pence × 455 = 28,147.9
+     .questions = {Question::DistanceUnit, Question::Rate},
+     .answers = {.distance = kMile, .rates = rate("GBP", 455)},
+     .forints = 28'148},
+    {.name = "italian_table.csv",
+     .questions = {Question::Rate},
+     .answers = {.rates = rate("EUR", 390)},
+     .forints = 25'576,
+     .leftOut = {{12, Why::Total}}},
+    {.name = "german_table.csv",
+     .questions = {Question::Rate},
+     .answers = {.rates = rate("EUR", 390)},
+     .forints = 25'575,
+     .leftOut = {{1, Why::Title}, {13, Why::Total}}},
+    {.name = "indian_table.csv",  // 41.27 × 102.50 = 4,230.18 rupees: 17,766.756
+     .questions = {Question::Rate},
+     .answers = {.rates = rate("INR", core::Ratio(42, 10))},
+     .forints = 17'767}};
+
+TEST(ASampleLog, ComesToTheTenFillUps) {
+  for (const Sample& read : kSamples) {
+    SCOPED_TRACE(read.name);
+    const ReadLog log = readSample(read);
+    const auto plan = planOf(log);
+    expectTheTenFillUps(logbookOf(plan));
+    EXPECT_EQ(plan.entries[0].entry.TankoltKtg, read.forints);
+    EXPECT_EQ(plan.entries[5].doubts.contains(exchange::Doubt::MissedBefore), read.tellsMissed);
+    EXPECT_EQ(plan.entries[5].entry.Fogyasztas.isZero(), read.tellsMissed);
+    EXPECT_TRUE(read.leftOut.empty() || read.leftOut == leftOut(log));
+  }
 }
 
-TEST(ASampleLog, OfOneTableWithMarksForPartialFillUpsIsUnderstood) {
-  const auto plan = planOf(readSample("flat_partial_marks.csv", {Question::Currency}, euros(390)));
-  expectTheTenFillUps(logbookOf(plan));
-  // "price" stands alone and changes little: it is that of a litre. 41.27 × 1.589 × 390 = 25,575.4...
-  EXPECT_EQ(plan.entries[0].entry.TankoltKtg, 25'575);
-  EXPECT_TRUE(plan.entries[5].doubts.contains(exchange::Doubt::MissedBefore));
+TEST(ASampleLog, OfSeveralSectionsLeavesTheOthersOut) {
+  for (const char* name : {"hash_sections_quoted.csv", "refuelling_service_expense.csv"})
+    EXPECT_EQ(countOf(readLog(sample(name)), Why::OtherSection), 4) << name;
+}
+
+TEST(ASampleLog, OfTwoCarsUnderOneNumberIsToldByItsReadings) {
+  const ReadLog log = readLog(sample("database_dump_two_cars.csv"), {.vehicle = 1});
+  ASSERT_EQ(log.reading.vehicles.size(), 2U);
+  EXPECT_EQ(log.reading.vehicles[0].rows, 4U);
+  EXPECT_EQ(countOf(log, Why::OtherVehicle), 4);
 }
 
 TEST(ASampleLog, InGermanWithSemicolonsAndATotalIsUnderstood) {
-  const ReadLog log =
-      readSample("german_semicolons.csv", {Question::Rate}, {.rates = {{"EUR", core::Ratio(390)}}});
+  const ReadLog log = readSample({.name = "german_semicolons.csv",
+                                  .questions = {Question::Rate},
+                                  .answers = {.rates = rate("EUR", 390)}});
   const core::Logbook logbook = logbookOf(planOf(log));
   ASSERT_EQ(logbook.count(), 10);
   EXPECT_EQ(shownConsumption(logbook), kShown);
@@ -111,10 +177,10 @@ TEST(ASampleLog, InGermanWithSemicolonsAndATotalIsUnderstood) {
 }
 
 TEST(ASampleLog, OfSectionsInCapitalsWithNotesOverSeveralLinesIsUnderstood) {
-  Choices answers = euros(350);
-  answers.volume = VolumeUnit::UsGallon;
   const ReadLog log =
-      readSample("capital_record_sections.csv", {Question::Gallon, Question::Currency}, answers);
+      readSample({.name = "capital_record_sections.csv",
+                  .questions = {Question::Gallon, Question::Currency},
+                  .answers = {.volume = kUsGallon, .currency = "EUR", .rates = rate("EUR", 350)}});
   const core::Logbook logbook = logbookOf(planOf(log));
   ASSERT_EQ(logbook.count(), 10);
   EXPECT_EQ(shownConsumption(logbook), kShown);
@@ -124,21 +190,11 @@ TEST(ASampleLog, OfSectionsInCapitalsWithNotesOverSeveralLinesIsUnderstood) {
   EXPECT_EQ(log.rows.rows[3].line, 12);  // the notes of the rows before it take two lines more each
 }
 
-TEST(ASampleLog, WithTheMonthFirstIsUnderstood) {
-  Choices answers = euros(350);
-  answers.distance = DistanceUnit::Kilometre;
-  answers.volume = VolumeUnit::Litre;
-  const ReadLog log = readSample("flat_fill_to_full_month_first.csv",
-                                 {Question::DistanceUnit, Question::VolumeUnit, Question::Currency}, answers);
-  expectTheTenFillUps(logbookOf(planOf(log)));
-  EXPECT_EQ(log.reading.dayOrder, DayOrder::MonthFirst);
-}
-
 TEST(ASampleLog, WithServicesBetweenTheFillUpsTakesThemAsEntriesWithANoteAndACost) {
-  Choices answers = euros(390);
-  answers.distance = DistanceUnit::Kilometre;
   const ReadLog log =
-      readSample("services_between_fillups.csv", {Question::DistanceUnit, Question::Currency}, answers);
+      readSample({.name = "services_between_fillups.csv",
+                  .questions = {Question::DistanceUnit, Question::Currency},
+                  .answers = {.distance = kKilometre, .currency = "EUR", .rates = rate("EUR", 390)}});
   const auto plan = planOf(log);
   ASSERT_EQ(plan.entries.size(), 12U);
   const core::NapiAdat& oil = plan.entries[5].entry;
@@ -153,37 +209,11 @@ TEST(ASampleLog, WithServicesBetweenTheFillUpsTakesThemAsEntriesWithANoteAndACos
   EXPECT_EQ(shownConsumption(logbookOf(plan)), kShown);
 }
 
-TEST(ASampleLog, KeptByHandInHungarianIsUnderstood) {
-  const ReadLog log = readSample("hungarian_table.csv");
-  const core::Logbook logbook = logbookOf(planOf(log));
-  ASSERT_EQ(logbook.count(), 10);
-  EXPECT_EQ(shownConsumption(logbook), kShown);
-  EXPECT_EQ(logbook.record(1).TankoltKtg, 25'575);
-  EXPECT_THAT(leftOut(log), ElementsAre(testing::Pair(1, Why::Title), testing::Pair(2, Why::Empty),
-                                        testing::Pair(14, Why::Total)));
-}
-
-TEST(ASampleLog, OfADatabaseWithTwoCarsUnderOneNumberIsToldByItsReadings) {
-  Choices answers{.distance = DistanceUnit::Kilometre, .volume = VolumeUnit::Litre, .vehicle = 1};
-  answers.currency = "EUR";
-  answers.rates = {{"EUR", core::Ratio(390)}};
-  const ReadLog log = readSample(
-      "database_dump_two_cars.csv",
-      {Question::Vehicle, Question::DistanceUnit, Question::VolumeUnit, Question::Currency}, answers);
-  ASSERT_EQ(log.reading.vehicles.size(), 2U);
-  EXPECT_EQ(log.reading.vehicles[0].rows, 4U);
-  const auto plan = planOf(log);
-  expectTheTenFillUps(logbookOf(plan));
-  EXPECT_EQ(plan.entries[0].entry.TankoltKtg, 25'576);  // 65.58 × 390
-  EXPECT_EQ(countOf(log, Why::OtherVehicle), 4);
-}
-
 TEST(ASampleLog, WithDayMonthAndYearApartTakesItsServiceAsANote) {
-  Choices answers = euros(390);
-  answers.distance = DistanceUnit::Kilometre;
-  answers.volume = VolumeUnit::Litre;
-  const ReadLog log = readSample("day_month_year_apart.csv",
-                                 {Question::DistanceUnit, Question::VolumeUnit, Question::Currency}, answers);
+  const ReadLog log = readSample(
+      {.name = "day_month_year_apart.csv",
+       .questions = {Question::DistanceUnit, Question::VolumeUnit, Question::Currency},
+       .answers = {.distance = kKilometre, .volume = kLitre, .currency = "EUR", .rates = rate("EUR", 390)}});
   auto plan = planOf(log);
   ASSERT_EQ(plan.entries.size(), 11U);
   EXPECT_EQ(plan.entries[5].entry.Megjegyzes.trimmed(), "Engine Oil");
@@ -192,61 +222,6 @@ TEST(ASampleLog, WithDayMonthAndYearApartTakesItsServiceAsANote) {
   EXPECT_TRUE(plan.entries[6].doubts.contains(exchange::Doubt::MissedBefore));
   plan.entries[5].isTaken = false;
   expectTheTenFillUps(logbookOf(plan));
-}
-
-TEST(ASampleLog, OfSnakeCaseHeadsWithUnitsInCodesIsAskedForTheDistance) {
-  Choices answers{.distance = DistanceUnit::Kilometre};
-  answers.rates = {{"EUR", core::Ratio(390)}};
-  const auto plan =
-      planOf(readSample("snake_case_dump.csv", {Question::DistanceUnit, Question::Rate}, answers));
-  expectTheTenFillUps(logbookOf(plan));
-  EXPECT_EQ(plan.entries[0].entry.TankoltKtg, 25'576);
-  EXPECT_TRUE(plan.entries[5].doubts.contains(exchange::Doubt::MissedBefore));
-}
-
-// 37.71 × 350 = 13,198.5.
-TEST(ASampleLog, KeptByHandInAmericanIsAskedForMilesAndGallons) {
-  Choices answers{.distance = DistanceUnit::Mile, .volume = VolumeUnit::UsGallon};
-  answers.rates = {{"USD", core::Ratio(350)}};
-  const ReadLog log =
-      readSample("american_table.csv", {Question::DistanceUnit, Question::Gallon, Question::Rate}, answers);
-  const auto plan = planOf(log);
-  expectTheTenFillUps(logbookOf(plan));
-  EXPECT_EQ(plan.entries[0].entry.TankoltKtg, 13'198);  // 13,198.5, halves to even
-  EXPECT_EQ(log.reading.dayOrder, DayOrder::MonthFirst);
-  EXPECT_THAT(leftOut(log), ElementsAre(testing::Pair(1, Why::Title), testing::Pair(13, Why::Total)));
-}
-
-// 41.27 × 1.499 × 455 = 28,147.9...
-TEST(ASampleLog, KeptByHandInBritishCountsPenceAsHundredthsOfPounds) {
-  Choices answers{.distance = DistanceUnit::Mile};
-  answers.rates = {{"GBP", core::Ratio(455)}};
-  const auto plan =
-      planOf(readSample("british_table.csv", {Question::DistanceUnit, Question::Rate}, answers));
-  expectTheTenFillUps(logbookOf(plan));
-  EXPECT_EQ(plan.entries[0].entry.TankoltKtg, 28'148);
-}
-
-TEST(ASampleLog, KeptByHandInItalianAndGermanIsAskedForTheRateAlone) {
-  const Choices answers{.rates = {{"EUR", core::Ratio(390)}}};
-  const ReadLog italian = readSample("italian_table.csv", {Question::Rate}, answers);
-  const auto plan = planOf(italian);
-  expectTheTenFillUps(logbookOf(plan));
-  EXPECT_EQ(plan.entries[0].entry.TankoltKtg, 25'576);
-  EXPECT_THAT(leftOut(italian), ElementsAre(testing::Pair(12, Why::Total)));
-  const ReadLog german = readSample("german_table.csv", {Question::Rate}, answers);
-  const auto byPrice = planOf(german);
-  expectTheTenFillUps(logbookOf(byPrice));
-  EXPECT_EQ(byPrice.entries[0].entry.TankoltKtg, 25'575);  // 41.27 × 1.589 × 390 = 25,575.4...
-  EXPECT_THAT(leftOut(german), ElementsAre(testing::Pair(1, Why::Title), testing::Pair(13, Why::Total)));
-}
-
-// 41.27 × 102.50 = 4,230.18 rupees, × 4.2.
-TEST(ASampleLog, KeptByHandInIndianIsAskedForTheRateAlone) {
-  const auto plan =
-      planOf(readSample("indian_table.csv", {Question::Rate}, {.rates = {{"INR", core::Ratio(42, 10)}}}));
-  expectTheTenFillUps(logbookOf(plan));
-  EXPECT_EQ(plan.entries[0].entry.TankoltKtg, 17'767);  // 17,766.756
 }
 
 // 3,312.28 litres, 51.29 in the first, over 74,489 km: (3,312.28 - 51) / 744.89 = 4.378.
