@@ -95,7 +95,7 @@ class RowReader {
     const auto day = dayOfRow(cells, reading_);
     if (!day && isTotal(cells)) return unread(row, Why::Total, {}, {});
     if (!day) return unreadDay(row);
-    if (!isWanted(row, place)) return unread(row, Why::OtherVehicle, vehicleText(row), {});
+    if (!isWanted(place)) return unread(row, Why::OtherVehicle, vehicleName(place), {});
     if (reading_.isOwn) return readOwn(row, *day);
     if (const auto fuel = otherFuel(cells)) return unread(row, Why::OtherFuel, {}, std::string(*fuel));
     if (hasStrayFigure(cells)) return unread(row, Why::TooManyCells, {}, cells.cells.back());
@@ -163,15 +163,15 @@ class RowReader {
                       reading_.columnOf(meaning));
   }
 
-  bool isWanted(const TableRow& row, std::size_t place) const {
-    if (!reading_.vehicle || *reading_.vehicle >= reading_.vehicles.size()) return true;
-    if (!reading_.vehicleOfRow.empty()) return reading_.vehicleOfRow[place] == *reading_.vehicle;
-    return vehicleOf(row, table_, reading_) == reading_.vehicles[*reading_.vehicle].name;
+  bool isWanted(std::size_t place) const {
+    return !reading_.vehicle || *reading_.vehicle >= reading_.vehicles.size() ||
+           reading_.vehicleOfRow[place] == *reading_.vehicle;
   }
 
   // Empty where only the readings tell vehicles apart.
-  std::string vehicleText(const TableRow& row) const {
-    return reading_.vehicleOfRow.empty() ? vehicleOf(row, table_, reading_) : std::string();
+  std::string vehicleName(std::size_t place) const {
+    const std::size_t vehicle = reading_.vehicleOfRow[place];
+    return vehicle < reading_.vehicles.size() ? reading_.vehicles[vehicle].name : std::string();
   }
 
   // What a row took in that is no fuel in litres, if a cell names it: alone, or in a column that is not for

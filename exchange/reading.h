@@ -66,7 +66,7 @@ struct ColumnReading {
 struct VehicleRows {
   std::string name;  ///< empty: rows that name none
   std::size_t rows = 0;
-  double lowest = 0;  ///< of its readings, where only these tell vehicles apart
+  double lowest = 0;  ///< of its readings, where these tell vehicles of one name apart
   double highest = 0;
 };
 
@@ -138,7 +138,7 @@ struct Reading {
   std::int64_t priceShare = 1;  ///< 100 where prices of a litre are in cents or pence
   std::vector<FullWord> fullWords;
   std::vector<VehicleRows> vehicles;      ///< empty: one
-  std::vector<std::size_t> vehicleOfRow;  ///< of each row of the table's data, where only the readings tell
+  std::vector<std::size_t> vehicleOfRow;  ///< of each row of the table's data; past the vehicles for none
   std::optional<std::size_t> vehicle;     ///< the chosen one; vehicles.size(): all rows
   std::optional<TripStart> tripStart;
   std::optional<std::size_t> unknownColumn;  ///< the column that Price or UnknownColumn asks about

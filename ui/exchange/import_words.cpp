@@ -283,11 +283,13 @@ QString wordsOf(Question question, const Reading& reading) {
 
 QString wordsOf(const exchange::VehicleRows& vehicle) {
   const QString rows = QStringLiteral(" (%1 sor)").arg(vehicle.rows);
-  if (!vehicle.name.empty()) return toQt(vehicle.name) + rows;
-  if (vehicle.highest <= 0) return QStringLiteral("gépkocsi nélküli sorok") + rows;
-  return QStringLiteral("%1–%2").arg(grouped(static_cast<std::int64_t>(vehicle.lowest)),
-                                     grouped(static_cast<std::int64_t>(vehicle.highest))) +
-         rows;
+  QStringList words;
+  if (!vehicle.name.empty()) words.append(toQt(vehicle.name));
+  if (vehicle.highest > 0)
+    words.append(QStringLiteral("%1–%2").arg(grouped(static_cast<std::int64_t>(vehicle.lowest)),
+                                             grouped(static_cast<std::int64_t>(vehicle.highest))));
+  if (words.isEmpty()) words.append(QStringLiteral("gépkocsi nélküli sorok"));
+  return words.join(QStringLiteral(", ")) + rows;
 }
 
 QString wordsOf(const LogSummary& summary) {

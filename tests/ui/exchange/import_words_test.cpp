@@ -148,6 +148,16 @@ class ImportWordsTest : public QObject {
              wordsOfThePage("question"));
   }
 
+  void aVehicleIsSaidByItsNameOrItsReadingsOrBoth() {
+    const auto said = [](const char* name, double lowest, double highest) {
+      return wordsOf(exchange::VehicleRows{.name = name, .rows = 7, .lowest = lowest, .highest = highest});
+    };
+    QCOMPARE(said("Opel", 0, 0), QStringLiteral("Opel (7 sor)"));
+    QCOMPARE(said("", 48'500, 51'500), QStringLiteral("48 500–51 500 (7 sor)"));
+    QCOMPARE(said("Opel", 48'500, 51'500), QStringLiteral("Opel, 48 500–51 500 (7 sor)"));
+    QCOMPARE(said("", 0, 0), QStringLiteral("gépkocsi nélküli sorok (7 sor)"));
+  }
+
   void everyNoticeIsSaidAsThePageSays() {
     const Words page = wordsOfThePage("notice");
     exchange::LogTable table;

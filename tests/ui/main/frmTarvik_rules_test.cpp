@@ -1,3 +1,4 @@
+#include <QGroupBox>
 #include <QScreen>
 #include <QScrollBar>
 
@@ -18,6 +19,15 @@ std::vector<core::NapiAdat> threeEntries() {
           fuelling({2024, 2, 1}, 10'500, 350'000, true, 17'500)};
 }
 
+// A car with three entries, its logbook listed.
+struct Car : MainScreen {
+  explicit Car(const std::vector<core::NapiAdat>& entries = threeEntries()) {
+    writeLogbook("ABC123", entries);
+    choosePlateAtStart("ABC123");
+    open();
+  }
+};
+
 }  // namespace
 
 // Rules of the main screen that show only when two of its parts meet.
@@ -27,7 +37,7 @@ class FrmTarvikRulesTest : public QObject {
  private slots:
   // The list is ABC123's all the while: the entry of that number in the other logbook is meant.
   void aModificationGoesToTheLogbookOfTheChosenPlate() {
-    ListedCar main(threeEntries());
+    Car main;
     main.writeLogbook("XYZ789",
                       {fuelling({2024, 5, 1}, 70000, 0, false), fuelling({2024, 5, 2}, 71000, 0, false)});
     const std::string own = main.folder.read("ABC123/napiadat.dat");
@@ -43,7 +53,7 @@ class FrmTarvikRulesTest : public QObject {
   }
 
   void anEntryWithoutLitresKeepsThePriceThatWasShown() {
-    ListedCar main(threeEntries());
+    Car main;
     main.type("txKmOra", "20000");
     main.type("txTankoltLiter", "40");
     main.type("txTankoltKtg", "16000");
@@ -60,7 +70,7 @@ class FrmTarvikRulesTest : public QObject {
   void leavingTheCostUneditedWorksThePriceOut() {
     std::vector<core::NapiAdat> entries = threeEntries();
     entries[0].FtPerLiter = {1'234'567};
-    ListedCar main(entries);
+    Car main(entries);
     main.clickRow(0);
     QCOMPARE(main.label("lbFtperLiter"), QString("123,4567"));
     main.edit("txTankoltLiter")->setFocus();
@@ -72,7 +82,7 @@ class FrmTarvikRulesTest : public QObject {
   }
 
   void theDropDownsTakeWhatIsTypedAndCompleteNothing() {
-    ListedCar main(threeEntries());
+    Car main(threeEntries());
     for (const char* name : {"Combo1", "txAlkatresz", "txMegjegyzes"}) {
       QComboBox* const field = main.combo(name);
       QVERIFY2(field->isEditable(), name);
@@ -83,8 +93,15 @@ class FrmTarvikRulesTest : public QObject {
     }
   }
 
+  void hoveringTheCostOfAFuellingHintsNothing() {
+    Car main;
+    QEvent enter(QEvent::Enter);
+    QApplication::sendEvent(main.edit("txTankoltKtg"), &enter);
+    QCOMPARE(main.edit("txTankoltKtg")->toolTip(), QString());
+  }
+
   void anOptionOfTheFilterCountsForLaterListingsWithoutItsButton() {
-    ListedCar main(threeEntries());
+    Car main;
     main.press("cmd_lista");
     main.press("opSzürö_1");
     main.type("DTPSzürö", QDate(2024, 6, 1));
@@ -107,7 +124,7 @@ class FrmTarvikRulesTest : public QObject {
   void aBlankPlateStopsAModificationAndADeletion() {
     QFETCH(QString, button);
     QFETCH(QString, said);
-    ListedCar main(threeEntries());
+    Car main;
     const std::string before = main.folder.read("ABC123/napiadat.dat");
     main.clickRow(1);
     main.type("Combo1", "  ");
@@ -160,7 +177,7 @@ class FrmTarvikRulesTest : public QObject {
     QFETCH(int, year);
     std::vector<core::NapiAdat> entries = threeEntries();
     entries[1].Datum = core::toStored(core::dayOf({year, 9, 13}));
-    ListedCar main(entries);
+    Car main(entries);
     const auto storedDay = [&] { return main.folder.read("ABC123/napiadat.dat").substr(156 + 4, 8); };
     const std::string before = storedDay();
     main.clickRow(1);
@@ -170,10 +187,18 @@ class FrmTarvikRulesTest : public QObject {
     QVERIFY(storedDay() == before);
   }
 
+  void theFilterTakesEveryDayThatAnEntryCanHave() {
+    MainScreen main;
+    main.open();
+    const auto* day = main.find<QDateEdit>("DTPSzürö");
+    QCOMPARE(day->minimumDate(), QDate(100, 1, 1));
+    QCOMPARE(day->maximumDate(), QDate(9999, 12, 31));
+  }
+
   void afterAModificationTheListKeepsItsPlaceAndNothingIsChosen() {
     std::vector<core::NapiAdat> entries;
     for (int i = 1; i <= 80; ++i) entries.push_back(fuelling({2024, 1, 1}, 1'000 * i, 100'000, true));
-    ListedCar main(entries);
+    Car main(entries);
     main.clickRow(50);
     const int scrolled = main.list()->verticalScrollBar()->value();
     QVERIFY(scrolled > 0);
@@ -189,7 +214,7 @@ class FrmTarvikRulesTest : public QObject {
   }
 
   void aRecordingMakesTheTyreFileEvenWithoutADistance() {
-    ListedCar main({});
+    Car main(std::vector<core::NapiAdat>{});
     main.type("txKmOra", "1000");
     BoxScript boxes({QMessageBox::Yes});
     main.press("cmd_rogzit");

@@ -1,5 +1,6 @@
 #include "tests/ui/screen_test.h"
 
+#include <QGroupBox>
 #include <QTimer>
 
 #include "tests/ui/day_ways.h"

@@ -1,5 +1,7 @@
 #include <QListWidget>
+#include <QMenu>
 #include <QScopeGuard>
+#include <QSignalSpy>
 #include <QTabWidget>
 #include <filesystem>
 
@@ -12,6 +14,7 @@
 #include "ui/lists/list_delegate.h"
 #include "ui/lists/list_view.h"
 #include "ui/windows/frmGumik.h"
+#include "ui/windows/frmMelyGrafikon.h"
 #include "ui/windows/frmSetup.h"
 #include "ui/windows/frmSzerviz.h"
 
@@ -290,7 +293,11 @@ class UndoTest : public QObject {
   void aChartThatIsShownFollowsAnUndoing() {
     Household main;
     main.deleteRow(1);
-    main.showChart("Option2");
+    onNextDialog<ui::frmMelyGrafikon>([](ui::frmMelyGrafikon& chooser) {
+      test::press(*part<QRadioButton>(chooser, "Option2"));
+      test::press(*part<QPushButton>(chooser, "cmdMegjelenit"));
+    });
+    main.press("cmdGrafikon");
     auto* chart = main.find<ui::ChartView>("MSChart1");
     QCOMPARE(chart->rowCount(), 2);
     main.undo(chart);
