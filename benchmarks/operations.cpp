@@ -175,56 +175,25 @@ class Household {
 /// The measurements in one place: each takes its times and writes its rows.
 class Measurements {
  public:
-  Measurements(const std::string& folder, int rounds)
-      : folder_(folder), rounds_(rounds), full_(folder + "/full", kFullLogbook) {}
+  Measurements(std::string folder, int rounds) : folder_(std::move(folder)), rounds_(rounds) {}
 
-  void reading() {
-    SqlitePeer peer(folder_ + "/peer.sqlite", kFullLogbook);
-    const Times times = takeTimes({{.name = "load", .act = [&] { full_.load(); }},
-                                   {.name = "floor", .act = [&] { readBarely(full_.logbookPath()); }},
-                                   {.name = "year", .act = [&] { full_.filter(core::kYearList); }},
-                                   {.name = "click", .act = [&] { full_.click(); }},
-                                   {.name = "km", .act = [&] { full_.checkKm(); }},
-                                   {.name = "select", .act = [&] { peer.select(); }}},
-                                  rounds_);
-    const Beside floor{"one read + barest decoding", times.at("floor").wall};
-    writeAgainstFloor("load and decode", times.at("load").wall, floor, 1.25);
-    writeAgainstPeer("load and decode", times.at("load").wall, {"SQLite SELECT", times.at("select").wall}, 5);
-    writeAgainstFloor("filter to a year", times.at("year").wall, floor, 1.5);
-    writeAgainstFloor("click with statistics", times.at("click").wall, floor, 1.5);
-    writeAgainstFloor("km check, 1,000 reminders", times.at("km").wall, floor, 1.5);
-  }
-
-  void writing() {
-    SqlitePeer peer(folder_ + "/peer.sqlite", kFullLogbook);
-    Operations bare(folder_ + "/floor", kFullLogbook);
-    const std::vector<std::byte> record = core::encoded(entryOf(1));
-    full_.restore(kDurableActs);
-    const auto restore = [&] { full_.takeBack(); };
-    const auto restoreBare = [&] { bare.restore(kDurableActs); };
-    const Times times = takeTimes(
-        {durable(
-             "append", [&] { full_.record(); }, restore),
-         durable(
-             "append floor", [&] { appendBarely(bare.logbookPath(), record); }, restoreBare),
-         durable(
-             "insert", [&] { peer.insert(); }, settle),
-         durable(
-             "modify", [&] { full_.modify(); }, restore),
-         durable(
-             "replace floor", [&] { replaceBarely(bare.logbookFolder(), "napiadat.dat"); }, restoreBare),
-         durable(
-             "delete", [&] { full_.remove(); }, restore)},
-        rounds_);
-    full_.takeBack();
-    full_.restore(0);
-    writeAgainstFloor("durable append", times.at("append").wall,
-                      {"raw write + sync", times.at("append floor").wall}, 1.5);
-    writeAgainstPeer("durable append", times.at("append").wall, {"SQLite insert", times.at("insert").wall},
-                     3);
-    const Beside floor{"raw copy + sync + rename + folder sync", times.at("replace floor").wall};
-    writeAgainstFloor("durable modify", times.at("modify").wall, floor, 1.25);
-    writeAgainstFloor("durable delete", times.at("delete").wall, floor, 1.25);
+  /// The operations on logbooks of four sizes.
+  void operations() {
+    const std::vector<int> sizes{1'024, 4'096, 16'384, kFullLogbook};
+    std::map<std::string, std::vector<double>> medians;
+    Times full;
+    for (const int size : sizes) {
+      full = timesAt(size, size == kFullLogbook ? rounds_ : (rounds_ + 1) / 2);
+      for (const auto& [name, times] : full) medians[name].push_back(median(times.wall));
+    }
+    writeFull(full);
+    const auto writeGrown = [&](const char* name, const char* floor) {
+      writeGrowth(name + std::string(" at 1 k / 4 k / 16 k / 32 k"), sizes, medians.at(name),
+                  medians.at(floor));
+    };
+    for (const char* name : {kLoad, kFilter, kClick, kKmCheck, kPages}) writeGrown(name, kRead);
+    writeGrown(kAppend, kRawAppend);
+    for (const char* name : {kModify, kDelete}) writeGrown(name, kRawReplace);
   }
 
   void takingBack() {
@@ -250,33 +219,26 @@ class Measurements {
               .met = megabytes <= 1});
   }
 
-  void printing() {
-    const Times times = takeTimes({{.name = "pages", .act = [&] { full_.makePages(); }, .acts = 1}}, 3);
-    writeTime("print-out of everything as pages", times.at("pages"), 1'000 * kMillisecond);
-  }
-
-  void growth() {
-    const std::vector<int> sizes{1'024, 4'096, 16'384, kFullLogbook};
-    std::map<std::string, std::vector<double>> medians;
-    for (const int size : sizes)
-      for (const auto& [name, times] : timesAt(size)) medians[name].push_back(median(times.wall));
-    for (const char* name : {"load and decode", "filter to a year", "click with statistics", "km check"})
-      writeGrowth(std::string(name) + kSizes, sizes, medians.at(name), medians.at("read"));
-    writeGrowth(std::string("durable append") + kSizes, sizes, medians.at("append"),
-                medians.at("append floor"));
-    for (const char* name : {"durable modify", "durable delete"})
-      writeGrowth(std::string(name) + kSizes, sizes, medians.at(name), medians.at("replace"));
-    writeGrowth(std::string("print-out as pages") + kSizes, sizes, medians.at("pages"), medians.at("read"));
-  }
-
  private:
-  static constexpr const char* kSizes = " at 1 k / 4 k / 16 k / 32 k";
+  static constexpr const char* kLoad = "load and decode";
+  static constexpr const char* kFilter = "filter to a year";
+  static constexpr const char* kClick = "click with statistics";
+  static constexpr const char* kKmCheck = "km check, 1,000 reminders";
+  static constexpr const char* kPages = "print-out of everything as pages";
+  static constexpr const char* kAppend = "durable append";
+  static constexpr const char* kModify = "durable modify";
+  static constexpr const char* kDelete = "durable delete";
+  static constexpr const char* kRead = "one read + barest decoding";
+  static constexpr const char* kRawAppend = "raw write + sync";
+  static constexpr const char* kRawReplace = "raw copy + sync + rename + folder sync";
+  static constexpr const char* kSelect = "SQLite SELECT";
+  static constexpr const char* kInsert = "SQLite insert";
 
   static Measured durable(const char* name, std::function<void()> act, std::function<void()> prepare) {
     return {.name = name, .act = std::move(act), .prepare = std::move(prepare), .acts = kDurableActs};
   }
 
-  Times timesAt(int size) {
+  Times timesAt(int size, int rounds) {
     Operations sized(folder_ + "/sized", size);
     sized.restore(kDurableActs);
     const auto restore = [&] { sized.takeBack(); };
@@ -284,29 +246,48 @@ class Measurements {
     Operations bare(folder_ + "/floor", size);
     const auto restoreBare = [&] { bare.restore(kDurableActs); };
     const std::vector<std::byte> record = core::encoded(entryOf(1));
+    SqlitePeer peer(folder_ + "/peer.sqlite", size);
     return takeTimes(
-        {{.name = "load and decode", .act = [&] { sized.load(); }},
-         {.name = "read", .act = [&] { readBarely(logbook); }},
-         {.name = "filter to a year", .act = [&] { sized.filter(core::kYearList); }},
-         {.name = "click with statistics", .act = [&] { sized.click(); }},
-         {.name = "km check", .act = [&] { sized.checkKm(); }},
-         {.name = "pages", .act = [&] { sized.makePages(); }},
+        {{.name = kLoad, .act = [&] { sized.load(); }},
+         {.name = kRead, .act = [&] { readBarely(logbook); }},
+         {.name = kFilter, .act = [&] { sized.filter(core::kYearList); }},
+         {.name = kClick, .act = [&] { sized.click(); }},
+         {.name = kKmCheck, .act = [&] { sized.checkKm(); }},
+         {.name = kPages, .act = [&] { sized.makePages(); }},
+         {.name = kSelect, .act = [&] { peer.select(); }},
          durable(
-             "append", [&] { sized.record(); }, restore),
+             kAppend, [&] { sized.record(); }, restore),
          durable(
-             "append floor", [&] { appendBarely(bare.logbookPath(), record); }, restoreBare),
+             kRawAppend, [&] { appendBarely(bare.logbookPath(), record); }, restoreBare),
          durable(
-             "durable modify", [&] { sized.modify(); }, restore),
+             kInsert, [&] { peer.insert(); }, settle),
          durable(
-             "replace", [&] { replaceBarely(bare.logbookFolder(), "napiadat.dat"); }, restoreBare),
+             kModify, [&] { sized.modify(); }, restore),
          durable(
-             "durable delete", [&] { sized.remove(); }, restore)},
-        (rounds_ + 1) / 2);
+             kRawReplace, [&] { replaceBarely(bare.logbookFolder(), "napiadat.dat"); }, restoreBare),
+         durable(
+             kDelete, [&] { sized.remove(); }, restore)},
+        rounds);
+  }
+
+  static void writeFull(const Times& times) {
+    const auto against = [&](const char* floor, const char* name, double mostTimes) {
+      writeAgainstFloor(name, times.at(name).wall, {floor, times.at(floor).wall}, mostTimes);
+    };
+    const auto againstPeer = [&](const char* peer, const char* name, double leastTimesFaster) {
+      writeAgainstPeer(name, times.at(name).wall, {peer, times.at(peer).wall}, leastTimesFaster);
+    };
+    against(kRead, kLoad, 1.25);
+    againstPeer(kSelect, kLoad, 5);
+    for (const char* name : {kFilter, kClick, kKmCheck}) against(kRead, name, 1.5);
+    against(kRawAppend, kAppend, 1.5);
+    againstPeer(kInsert, kAppend, 3);
+    for (const char* name : {kModify, kDelete}) against(kRawReplace, name, 1.25);
+    writeTime(kPages, times.at(kPages), 1'000 * kMillisecond);
   }
 
   std::string folder_;
   int rounds_;
-  Operations full_;
 };
 
 }  // namespace
@@ -319,11 +300,8 @@ int main(int argc, char** argv) {
   }
   try {
     tarvik::bench::Measurements measurements(argv[1], std::atoi(argv[2]));
-    measurements.reading();
-    measurements.writing();
+    measurements.operations();
     measurements.takingBack();
-    measurements.printing();
-    measurements.growth();
   } catch (const tarvik::core::Failure& failure) {
     std::fprintf(stderr, "failure %d at %s %s, system error %d\n", static_cast<int>(failure.kind()),
                  failure.file().c_str(), failure.field().c_str(), failure.systemError());

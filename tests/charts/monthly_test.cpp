@@ -44,33 +44,27 @@ TEST(MonthlyCharts, SumTheFuellingsOfAMonth) {
   EXPECT_EQ(points, (Points{{"2013. 7. hó", whole(20'500)}, {"2013. 8. hó", whole(20'000)}}));
 }
 
-TEST(MonthlyCharts, ReadNothingOfALogbookOfOneRecord) {
-  for (int choice = 3; choice <= 7; ++choice)
+TEST(MonthlyCharts, ReadNothingOfLessThanTwoRecords) {
+  for (int choice = 3; choice <= 7; ++choice) {
+    EXPECT_TRUE(series(choice, {}, "7").empty()) << choice;
     EXPECT_TRUE(series(choice, {fuelling(stored(2013, 7, 1), 12'000)}, "7").empty()) << choice;
+  }
 }
 
-TEST(MonthlyCharts, ReadNothingOfAnEmptyLogbook) {
-  for (int choice = 3; choice <= 7; ++choice) EXPECT_TRUE(series(choice, {}, "7").empty()) << choice;
-}
+// Of so many months, how many are shown, and the first of them.
+struct Shown {
+  int months;
+  std::size_t shown;
+  int first;
+};
 
-TEST(MonthlyCharts, LeaveOutRecordOneOfTenRecords) {
-  const Points points = series(3, numberedMonths(10));
-  ASSERT_EQ(points.size(), 9u);
-  EXPECT_EQ(points.front(), (ChartPoint{"2000. 2. hó", whole(2)}));
-  EXPECT_EQ(points.back(), (ChartPoint{"2000. 10. hó", whole(10)}));
-}
-
-TEST(MonthlyCharts, LeaveOutRecordOneOfNinetyNineRecords) {
-  const Points points = series(3, numberedMonths(99));
-  ASSERT_EQ(points.size(), 98u);
-  EXPECT_EQ(points.front().value, whole(2));
-}
-
-TEST(MonthlyCharts, CountRecordOneOfExactlyAHundredIntoTheUnshownSlot) {
-  const Points points = series(3, numberedMonths(100));
-  ASSERT_EQ(points.size(), 99u);
-  EXPECT_EQ(points.front().value, whole(2));
-  EXPECT_EQ(points.back().value, whole(100));
+TEST(MonthlyCharts, LeaveOutRecordOneAndShowAHundredAtTheMost) {
+  for (const Shown& of : {Shown{10, 9, 2}, {99, 98, 2}, {100, 99, 2}, {101, 100, 2}, {150, 100, 51}}) {
+    const Points points = series(3, numberedMonths(of.months));
+    ASSERT_EQ(points.size(), of.shown);
+    EXPECT_EQ(points.front().value, whole(of.first));
+    EXPECT_EQ(points.back().value, whole(of.months));
+  }
 }
 
 TEST(MonthlyCharts, AddToTheUnshownSlotWhileTheMonthOfRecordOneLasts) {
@@ -79,19 +73,6 @@ TEST(MonthlyCharts, AddToTheUnshownSlotWhileTheMonthOfRecordOneLasts) {
   const Points points = series(3, entries);
   ASSERT_EQ(points.size(), 98u);
   EXPECT_EQ(points.front(), (ChartPoint{"2000. 3. hó", whole(3)}));
-}
-
-TEST(MonthlyCharts, StartWithRecordTwoOfAHundredAndOne) {
-  const Points points = series(3, numberedMonths(101));
-  ASSERT_EQ(points.size(), 100u);
-  EXPECT_EQ(points.front().value, whole(2));
-}
-
-TEST(MonthlyCharts, UseRecords51To150OfAHundredAndFifty) {
-  const Points points = series(3, numberedMonths(150));
-  ASSERT_EQ(points.size(), 100u);
-  EXPECT_EQ(points.front().value, whole(51));
-  EXPECT_EQ(points.back().value, whole(150));
 }
 
 TEST(MonthlyCharts, PutTheSameMonthOfTwoYearsIntoOneBucketLabelledWithTheLater) {

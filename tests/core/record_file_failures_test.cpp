@@ -65,6 +65,14 @@ class RecordFileFailuresTest : public testing::Test {
     file.remove(file.seen(number), temporary);
   }
 
+  // From now on such calls fail with that error.
+  void fail(test::Call which, int error) {
+    files_.before = [which, error](test::Call call) {
+      errno = error;
+      return call != which;
+    };
+  }
+
   // From now on the next such call fails with that error; later ones work.
   void failOnce(test::Call which, int error) {
     files_.before = [this, which, error](test::Call call) {
@@ -180,10 +188,7 @@ TEST_F(RecordFileFailuresTest, ALaterChangeOfTheSameFileBuildsOnItsReplacement) 
 TEST_F(RecordFileFailuresTest, AFileSystemWithoutLocksKeepsNobodyFromAChange) {
   for (const int error : {ENOLCK, EOPNOTSUPP}) {
     disk_.put(kPath, "old1");
-    files_.before = [&](test::Call call) {
-      errno = error;
-      return call != test::Call::TryLock;
-    };
+    fail(test::Call::TryLock, error);
     append("more");
     EXPECT_EQ(disk_.contents(kPath), "old1more");
   }
@@ -229,10 +234,7 @@ TEST_F(RecordFileFailuresTest, AFileThatIsNeverLetGoOfIsToldAfterTwoSeconds) {
 TEST_F(RecordFileFailuresTest, PermissionBitsThatAreRightAlreadyAreNotSet) {
   disk_.put(kPath, "old1");
   disk_.setModeOf(kPath, 0600);
-  files_.before = [&](test::Call call) {
-    errno = EPERM;
-    return call != test::Call::SetMode;
-  };
+  fail(test::Call::SetMode, EPERM);
   append("more");
   EXPECT_EQ(disk_.contents(kPath), "old1more");
 }
@@ -325,20 +327,11 @@ TEST_F(SeenRecordTest, IsTheOneThatChanges) {
   EXPECT_EQ(disk_.contents(kPath), "new!rec3");
 }
 
-TEST_F(SeenRecordTest, ThatMovedAwayLeavesTheOneInItsPlace) {
-  expectRefused(seen(2, "rec3"));
-}
-
-TEST_F(SeenRecordTest, ThatWasChangedStays) {
-  expectRefused(seen(2, "rec9"));
-}
-
-TEST_F(SeenRecordTest, BehindTheEndByNowIsTold) {
-  expectRefused(seen(4, "rec4"));
-}
-
-TEST_F(SeenRecordTest, ThatWasNoneIsNotTheOneThatCameSince) {
-  expectRefused({.number = 3});
+TEST_F(SeenRecordTest, IsRefusedWhereSomethingElseStands) {
+  expectRefused(seen(2, "rec3"));  // it moved away
+  expectRefused(seen(2, "rec9"));  // it was changed
+  expectRefused(seen(4, "rec4"));  // it is behind the end by now
+  expectRefused({.number = 3});    // it was none, and one came since
 }
 
 TEST_F(SeenRecordTest, ThatNeitherWasNorIsRemovesNothing) {
@@ -355,12 +348,6 @@ class LeftoverFailuresTest : public RecordFileFailuresTest {
   }
   void removeFirst() { remove(1, kTemporary); }
 };
-
-TEST_F(LeftoverFailuresTest, TheSurplusBecomesPartOfTheFile) {
-  removeFirst();
-  EXPECT_EQ(disk_.contents(kPath), "rec2surp");
-  EXPECT_FALSE(disk_.has(kTemporary));
-}
 
 TEST_F(LeftoverFailuresTest, AFailedRenameKeepsTheSurplus) {
   int renames = 0;
@@ -461,29 +448,15 @@ TEST_F(LeftoverOnAnotherDeviceTest, IsReportedWhereItCannotEvenBeEmptied) {
   }
 }
 
-TEST(ReadRecordsPlacesTest, AMissingFileThatCannotBeMadeHasNoRecords) {
-  test::MemoryFileSystem disk;
-  disk.putFolder("/data");
-  HookedFileSystem files(disk);
-  bool isFirst = true;
-  files.before = [&](test::Call call) {
-    if (call != test::Call::Open || !std::exchange(isFirst, false)) return true;
-    errno = EROFS;
-    return false;
-  };
-  EXPECT_EQ(readRecords(files, kPath, kLength).size, 0U);
+TEST_F(RecordFileFailuresTest, AMissingFileThatCannotBeMadeHasNoRecords) {
+  failOnce(test::Call::Open, EROFS);
+  EXPECT_EQ(readRecords(files_, kPath, kLength).size, 0U);
 }
 
-TEST(ReadRecordsPlacesTest, AFileThatNobodyMayOpenIsReported) {
-  test::MemoryFileSystem disk;
-  disk.putFolder("/data");
-  disk.put(kPath, "old1");
-  HookedFileSystem files(disk);
-  files.before = [&](test::Call call) {
-    errno = EACCES;
-    return call != test::Call::Open;
-  };
-  test::expectFailure(FailureKind::OpenFailed, [&] { readRecords(files, kPath, kLength); });
+TEST_F(RecordFileFailuresTest, AFileThatNobodyMayOpenIsReported) {
+  disk_.put(kPath, "old1");
+  fail(test::Call::Open, EACCES);
+  test::expectFailure(FailureKind::OpenFailed, [&] { readRecords(files_, kPath, kLength); });
 }
 
 TEST(RecordFilePathsTest, ABarePathLiesInTheCurrentFolderAndOneMayLieInTheRoot) {

@@ -113,16 +113,10 @@ TEST_F(RecordFileTest, AFileInTheFoldersPlaceCountsAsAMissingFolder) {
 
 TEST_F(RecordFileTest, AFolderInTheFilesPlaceCannotBeOpened) {
   folder_.makeFolder("data.dat");
-  expectFailure(FailureKind::OpenFailed, [&] { loaded(); });
-  expectFailure(FailureKind::OpenFailed, [&] { opened(); });
+  test::expectSystemFailure(FailureKind::OpenFailed, EISDIR, [&] { loaded(); });
+  test::expectFileFailure(FailureKind::OpenFailed, path_, [&] { opened(); });
   expectFailure(FailureKind::OpenFailed, [&] { createIfMissing(files_, path_); });
   EXPECT_EQ(folder_.names(), Names{"data.dat"});
-}
-
-TEST_F(RecordFileTest, FailureNamesTheFile) {
-  folder_.makeFolder("data.dat");
-  test::expectFileFailure(FailureKind::OpenFailed, path_, [&] { loaded(); });
-  test::expectSystemFailure(FailureKind::OpenFailed, EISDIR, [&] { loaded(); });
 }
 
 TEST_F(RecordFileTest, CreateIfMissingLeavesAnExistingFileAlone) {
@@ -201,20 +195,6 @@ TEST_F(RecordFileTest, DeletionClosesTheGap) {
   EXPECT_EQ(stored(), "BBBBDDDDEEEE");
   remove(3);
   EXPECT_EQ(stored(), "BBBBDDDD");
-  EXPECT_EQ(folder_.names(), Names{"data.dat"});
-}
-
-TEST_F(RecordFileTest, DeletingTheOnlyRecordLeavesAnEmptyFile) {
-  write("AAAA");
-  remove(1);
-  EXPECT_EQ(stored(), "");
-}
-
-TEST_F(RecordFileTest, DeletionTakesTheEmptyTemporaryFileAway) {
-  write("AAAABBBB");
-  folder_.write("datax.dat", "");
-  remove(1);
-  EXPECT_EQ(stored(), "BBBB");
   EXPECT_EQ(folder_.names(), Names{"data.dat"});
 }
 

@@ -5,7 +5,6 @@ import unittest
 
 from accessible import wait_for
 import keyboard
-import mouse
 from program import Program
 
 DATE, KM, LITRES, OIL = 0, 1, 2, 4
@@ -191,14 +190,6 @@ class Keys(unittest.TestCase):
         self.main.wait_focus("text", "Liter")
         self.assertIsNone(self.list.selected_row())
 
-    def test_escape_closes_the_filter_and_goes_back(self):
-        self.tab_to("Liter")
-        keyboard.press("alt+l")
-        self.main.wait_focus("radio button", "Teljes lista")
-        keyboard.press("Escape")
-        self.main.wait_focus("text", "Liter")
-        self.assertFalse(self.main.has("radio button", "Teljes lista"))
-
     def test_alt_g_always_means_the_chart_and_arrows_take_the_first_option(self):
         for _ in range(2):
             keyboard.press("alt+g")
@@ -212,25 +203,6 @@ class Keys(unittest.TestCase):
             self.main.part("chart")
             keyboard.press("alt+g")
             wait_for(lambda: not self.main.has("chart"), "the chart to go")
-
-    def test_the_wheel_passes_over_what_is_typed(self):
-        self.fill("Megjegyzés", "fék")
-        self.tab_to("Km óra állás")
-        before = [self.main.part("text", name).text for name in ("Rendszám", "Megjegyzés")]
-        day = self.main.part("spin button", "Dátum").text
-        for role, name in (("text", "Rendszám"), ("text", "Megjegyzés"), ("spin button", "Dátum")):
-            mouse.turn_wheel(self.main.part(role, name))
-        self.main.wait_focus("text", "Km óra állás")
-        self.assertEqual([self.main.part("text", name).text for name in ("Rendszám", "Megjegyzés")], before)
-        self.assertEqual(self.main.part("spin button", "Dátum").text, day)
-
-    def test_a_right_click_leaves_what_is_half_typed(self):
-        self.fill("Km óra állás", "28")
-        mouse.click(self.list.cell(self.list.row_count() - 1, KM), button=3)
-        keyboard.press("Escape")
-        self.main.wait_focus("table", "Napló")
-        self.assertEqual(self.km(), "28")
-        self.assertIsNone(self.list.selected_row())
 
     def test_f10_opens_the_menu_and_reaches_the_tyres(self):
         keyboard.press("F10")

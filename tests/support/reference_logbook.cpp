@@ -139,11 +139,4 @@ std::string referenceLogbook(const std::vector<FillUp>& fillUps) {
   return bytes;
 }
 
-std::int32_t referenceTyreKm(const std::vector<FillUp>& fillUps) {
-  std::int32_t km = 0;
-  for (int i = 0; i < static_cast<int>(fillUps.size()); ++i)
-    if (const int reference = referenceFill(fillUps, i); reference >= 0) km += kmSince(fillUps, reference, i);
-  return km;
-}
-
 }  // namespace tarvik::test

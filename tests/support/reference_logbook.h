@@ -58,7 +58,4 @@ std::vector<FillUp> readFuelLog(const std::string& path);
 /// logbook, with "Tankolás" as note. Readings must grow and litres be above 0.
 std::string referenceLogbook(const std::vector<FillUp>& fillUps);
 
-/// The km that the fitted tyres ran by the same recording: with each fill-up those since the last full one.
-std::int32_t referenceTyreKm(const std::vector<FillUp>& fillUps);
-
 }  // namespace tarvik::test

@@ -47,6 +47,18 @@ TyreFields fieldsOf(std::string maxKm) {
           .kmRun = "500"};
 }
 
+// Those fields with a maximum of 35 000 km, stored as a set on the car.
+TyreSet typedSet(std::string_view plate) {
+  return {.plate = core::FixedText<10>(plate),
+          .kmWhenFitted = 120'000,
+          .season = kSummer,
+          .type = core::FixedText<30>("Barum"),
+          .size = core::FixedText<15>("175/70 R13"),
+          .maxKm = 35'000,
+          .onCar = kFitted,
+          .kmRun = 500};
+}
+
 class TyreRegisterTest : public testing::Test {
  protected:
   void store(const std::vector<TyreSet>& sets) {
@@ -134,15 +146,7 @@ TEST_F(TyreRegisterTest, ListingAnEmptyFileLeavesTheBuffer) {
 TEST_F(TyreRegisterTest, RecordingAppendsTheSetAsTyped) {
   store({setOf("ABC-123")});
   tyres_.record({.plate = " DEF-456", .isFitted = true, .fields = fieldsOf("35000")});
-  const TyreSet expected{.plate = core::FixedText<10>(" DEF-456"),
-                         .kmWhenFitted = 120'000,
-                         .season = kSummer,
-                         .type = core::FixedText<30>("Barum"),
-                         .size = core::FixedText<15>("175/70 R13"),
-                         .maxKm = 35'000,
-                         .onCar = kFitted,
-                         .kmRun = 500};
-  EXPECT_THAT(stored(), ElementsAre(setOf("ABC-123"), expected));
+  EXPECT_THAT(stored(), ElementsAre(setOf("ABC-123"), typedSet(" DEF-456")));
 }
 
 TEST_F(TyreRegisterTest, RecordingChecksNoOtherFieldThanTheMaximum) {
@@ -228,15 +232,7 @@ TEST_F(TyreRegisterTest, WhatIsChangedIsTheSetThatWasListedLast) {
 TEST_F(TyreRegisterTest, ChangingKeepsThePlateAndTheMark) {
   store({setOf("A"), fitted(setOf("ABC-123"))});
   tyres_.change(seen(2), fieldsOf("35 000,4"));
-  const TyreSet expected{.plate = core::FixedText<10>("ABC-123"),
-                         .kmWhenFitted = 120'000,
-                         .season = kSummer,
-                         .type = core::FixedText<30>("Barum"),
-                         .size = core::FixedText<15>("175/70 R13"),
-                         .maxKm = 35'000,
-                         .onCar = kFitted,
-                         .kmRun = 500};
-  EXPECT_THAT(stored(), ElementsAre(setOf("A"), expected));
+  EXPECT_THAT(stored(), ElementsAre(setOf("A"), typedSet("ABC-123")));
 }
 
 TEST_F(TyreRegisterTest, ChangingWithoutASeasonKeepsTheSetsOwn) {

@@ -3,10 +3,19 @@
 #include <QDate>
 #include <QList>
 #include <QStringList>
+#include <QTest>
 #include <cmath>
 
 /// Labels and values with which the charts are tested.
 namespace tarvik::ui::samples {
+
+/// The rows of a test of each type of chart, in the column "type".
+inline void addTypes() {
+  QTest::addColumn<int>("type");
+  int type = 0;
+  for (const char* name : {"3D bar", "2D bar", "3D line", "2D line", "3D area", "2D area"})
+    QTest::newRow(name) << type++;
+}
 
 /// The labels of so many months from January 2007 on.
 inline QStringList monthLabels(int count) {

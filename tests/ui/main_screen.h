@@ -21,7 +21,9 @@
 #include "tests/ui/box_script.h"
 #include "tests/ui/by_hand.h"
 #include "tests/ui/dressed.h"
+#include "tests/ui/next_dialog.h"
 #include "ui/main/frmTarvik.h"
+#include "ui/windows/frmMelyGrafikon.h"
 
 namespace tarvik::test {
 
@@ -67,6 +69,16 @@ struct MainScreen {
     typeInto(*edit(name), text);
   }
   void pick(const char* item) { test::pick(*screen->menuBar(), item); }
+  /// Shows the chart of an option of the chooser; the main screen is in front again afterwards.
+  void showChart(const char* option) {
+    onNextDialog<ui::frmMelyGrafikon>([option](ui::frmMelyGrafikon& chooser) {
+      test::press(*chooser.findChild<QRadioButton*>(QString::fromUtf8(option)));
+      test::press(*chooser.findChild<QPushButton*>(QStringLiteral("cmdMegjelenit")));
+    });
+    press("cmdGrafikon");
+    screen->activateWindow();
+    if (!QTest::qWaitForWindowActive(screen.get())) qFatal("the main screen did not come back");
+  }
   void type(const char* name, QDate day) { typeInto(*find<QDateEdit>(name), day); }
 
   int rows() { return list()->model()->rowCount(); }
@@ -87,6 +99,12 @@ struct MainScreen {
   /// The middle of a row's first cell, in the list's viewport.
   QPoint middleOf(int row) { return list()->visualRect(list()->model()->index(row, 0)).center(); }
 
+  /// The list of vehicles: plates of up to eight letters, and tanks of 45 litres.
+  void writeVehicles(std::initializer_list<const char*> plates) {
+    std::string bytes;
+    for (const char* plate : plates) bytes += padded(plate, 8) + std::string("\x2D\0", 2);
+    folder.write("rendsz.dat", bytes);
+  }
   void writeLogbook(const char* plate, const std::vector<core::NapiAdat>& entries) {
     folder.makeFolder(plate);
     std::string bytes;
@@ -109,6 +127,17 @@ struct MainScreen {
   FixedClock clock{{2026, 11, 21}};
   ui::Context context;
   std::unique_ptr<ui::frmTarvik> screen;
+};
+
+/// The main screen with the logbook of a car ABC123 listed; which vehicles there are is said apart.
+struct ListedCar : MainScreen {
+  explicit ListedCar(const std::vector<core::NapiAdat>& entries,
+                     std::initializer_list<const char*> vehicles = {}) {
+    writeVehicles(vehicles);
+    writeLogbook("ABC123", entries);
+    choosePlateAtStart("ABC123");
+    open();
+  }
 };
 
 /// An entry of the logbook with the fields that most tests need.

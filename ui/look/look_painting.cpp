@@ -218,10 +218,7 @@ void paintCheckBox(QPainter& painter, const QStyleOption& option) {
   const auto at = [&](double x, double y) {
     return QPointF(place.x() + x * place.width(), place.y() + y * place.height());
   };
-  if (is(option, QStyle::State_NoChange))
-    painter.drawLine(at(0.3, 0.5), at(0.7, 0.5));
-  else
-    painter.drawPolyline(QPolygonF{at(0.26, 0.52), at(0.43, 0.7), at(0.75, 0.32)});
+  painter.drawPolyline(QPolygonF{at(0.26, 0.52), at(0.43, 0.7), at(0.75, 0.32)});
   painter.restore();
 }
 

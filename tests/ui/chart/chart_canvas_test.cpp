@@ -169,10 +169,7 @@ class ChartCanvasTest : public QObject {
     QVERIFY(canvas_->testAttribute(Qt::WA_TransparentForMouseEvents));
   }
 
-  void everyTextIsWrittenOnce_data() {
-    QTest::addColumn<int>("type");
-    for (int type = 0; type < 6; ++type) QTest::addRow("%d", type) << type;
-  }
+  void everyTextIsWrittenOnce_data() { addTypes(); }
   void everyTextIsWrittenOnce() {
     QFETCH(int, type);
     show(static_cast<ChartType>(type), {"január", "február", "március"}, {0, 90, 40});

@@ -1,4 +1,3 @@
-#include <QApplication>
 #include <QImage>
 #include <QTest>
 #include <cmath>
@@ -76,12 +75,6 @@ QColor at(const QImage& picture, const QPointF& position) {
   return picture.pixelColor(position.toPoint());
 }
 
-void addTypes() {
-  QTest::addColumn<int>("type");
-  const char* const names[kTypes] = {"3D bar", "2D bar", "3D line", "2D line", "3D area", "2D area"};
-  for (int type = 0; type < kTypes; ++type) QTest::newRow(names[type]) << type;
-}
-
 }  // namespace
 
 /// What is drawn is in the picture.
@@ -89,13 +82,6 @@ class ChartDrawingTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void flatBarsBelowZeroHangFromIt() {
-    const auto chart = newChart(ChartType::Bars2D, {500, -800});
-    const QImage picture = pictureOf(*chart);
-    QCOMPARE(at(picture, chart->pointRect(2).center()), kSeries);
-    QVERIFY(tint(at(picture, chart->pointRect(2).center() - QPointF(0, chart->pointRect(2).height()))) < 10);
-  }
-
   void selectedPointHasAColourOfItsOwn_data() { addTypes(); }
   void selectedPointHasAColourOfItsOwn() {
     QFETCH(int, type);
@@ -104,42 +90,6 @@ class ChartDrawingTest : public QObject {
     const QImage picture = pictureOf(*chart);
     QVERIFY(isClose(at(picture, chart->pointRect(3).center()), kSelected));
     QVERIFY(!isClose(at(picture, chart->pointRect(2).center()), kSelected));
-  }
-
-  void textsAreWhereTheAxisLabelsAreSaidToBe_data() { addTypes(); }
-  void textsAreWhereTheAxisLabelsAreSaidToBe() {
-    QFETCH(int, type);
-    const auto chart = newChart(type, monthLabels(60), waves(60));
-    const QImage picture = pictureOf(*chart);
-    for (const QPolygonF& outline : chart->axisLabelOutlines()) {
-      const QRect box = outline.boundingRect().toAlignedRect();
-      QVERIFY(countIn(picture, box, [](const QColor& color) { return color.lightness() < 160; }) > 8);
-    }
-  }
-
-  void firstAndLastLabelAreShown_data() { addTypes(); }
-  void firstAndLastLabelAreShown() {
-    QFETCH(int, type);
-    for (const int width : {400, 690, 1300}) {
-      for (const int count : {1, 2, 3, 9, 26, 27, 31, 50, 78, 100, 401, 5000}) {
-        for (const QStringList& labels : {monthLabels(count), dateLabels(count)}) {
-          const auto chart = newChart(type, labels, waves(count));
-          chart->resize(width, 300);
-          const QList<QPolygonF> outlines = chart->axisLabelOutlines();
-          const double first = chart->pointRect(1).center().x();
-          const double last = chart->pointRect(count).center().x();
-          const double bottom = outlines.first().boundingRect().bottom();
-          int ends = 0;
-          for (const QPolygonF& outline : outlines) {
-            const QRectF box = outline.boundingRect().adjusted(-30, 0, 30, 0);
-            if (box.bottom() < bottom - 40) continue;  // a number of the other axis
-            ends += box.left() <= first && box.right() >= first ? 1 : 0;
-            ends += count > 1 && box.left() <= last && box.right() >= last ? 1 : 0;
-          }
-          QVERIFY2(ends >= std::min(count, 2), qPrintable(QString("%1 of %2").arg(count).arg(width)));
-        }
-      }
-    }
   }
 
   void typeLeavesNothingOfTheOneBefore_data() { addTypes(); }

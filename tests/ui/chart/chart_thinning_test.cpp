@@ -3,6 +3,7 @@
 #include <QTest>
 #include <cmath>
 
+#include "tests/ui/chart_samples.h"
 #include "tests/ui/screen_test.h"
 #include "ui/chart/chart_view.h"
 
@@ -49,10 +50,7 @@ class ChartThinningTest : public QObject {
     QCOMPARE(nearestDrawn({}, 1), 0);
   }
 
-  void selectsTheRowsOfALongSeriesByTheirOwnNumbers_data() {
-    QTest::addColumn<int>("type");
-    for (int type = 0; type < 6; ++type) QTest::addRow("%d", type) << type;
-  }
+  void selectsTheRowsOfALongSeriesByTheirOwnNumbers_data() { samples::addTypes(); }
   void selectsTheRowsOfALongSeriesByTheirOwnNumbers() {
     QFETCH(int, type);
     ChartView chart;

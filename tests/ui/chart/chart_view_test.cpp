@@ -17,8 +17,6 @@ using namespace tarvik::ui::samples;
 
 namespace {
 
-constexpr int kTypes = 6;
-
 QPoint centreOf(const ChartView& chart, int row) {
   return chart.pointRect(row).center().toPoint();
 }
@@ -45,12 +43,6 @@ class ChartViewTest : public QObject {
   void show(ChartType type, const QStringList& labels, const QList<double>& values) {
     chart_->setChartType(static_cast<int>(type));
     chart_->setPoints(labels, values);
-  }
-
-  static void addTypes() {
-    QTest::addColumn<int>("type");
-    const char* const names[kTypes] = {"3D bar", "2D bar", "3D line", "2D line", "3D area", "2D area"};
-    for (int type = 0; type < kTypes; ++type) QTest::newRow(names[type]) << type;
   }
 
  private slots:
@@ -121,21 +113,6 @@ class ChartViewTest : public QObject {
     QCOMPARE(chart_->rowLabels(), QStringList({"a", "b"}));
   }
 
-  void emptySeriesShowsTitleAndAxes_data() { addTypes(); }
-  void emptySeriesShowsTitleAndAxes() {
-    QFETCH(int, type);
-    chart_->setChartType(type);
-    chart_->setTitleText("Havi megtett kilométer");
-    chart_->setPoints(monthLabels(5), waves(5));
-    chart_->setPoints({}, {});
-    QCOMPARE(chart_->rowCount(), 0);
-    QCOMPARE(chart_->titleText(), QStringLiteral("Havi megtett kilométer"));
-    QVERIFY(!chart_->axisLabelOutlines().isEmpty());
-    QVERIFY(!chart_->grab().isNull());
-    QTest::mouseClick(chart_, Qt::LeftButton, {}, chart_->rect().center());
-    QCOMPARE(chart_->selectedRow(), 0);
-  }
-
   void clickOnPointSelectsIt_data() { addTypes(); }
   void clickOnPointSelectsIt() {
     QFETCH(int, type);
@@ -151,76 +128,6 @@ class ChartViewTest : public QObject {
     }
   }
 
-  void clickAboveShortBarSelectsNothing_data() { addTypes(); }
-  void clickAboveShortBarSelectsNothing() {
-    QFETCH(int, type);
-    show(static_cast<ChartType>(type), monthLabels(3), {9000, 1000, 1200});
-    QSignalSpy selected(chart_, &ChartView::pointSelected);
-    QTest::mouseClick(chart_, Qt::LeftButton, {}, QPoint(centreOf(*chart_, 2).x() + 5, 70));
-    QCOMPARE(selected.count(), 0);
-    QCOMPARE(chart_->selectedRow(), 0);
-  }
-
-  void clickBesideBarSelectsNothing() {
-    for (const ChartType type : {ChartType::Bars2D, ChartType::Bars3D}) {
-      show(type, monthLabels(3), {9000, 1000, 1200});
-      const QRectF bar = chart_->pointRect(2);
-      for (const double x : {bar.left() - 8, bar.right() + 40}) {
-        QTest::mouseClick(chart_, Qt::LeftButton, {}, QPointF(x, bar.center().y()).toPoint());
-        QCOMPARE(chart_->selectedRow(), 0);
-      }
-    }
-  }
-
-  void clickOnTopOrSideOfSolidBarSelectsIt() {
-    show(ChartType::Bars3D, monthLabels(3), {5000, 6000, 1200});
-    const QRectF front = chart_->pointRect(2);
-    QCOMPARE(chart_->rowAtPosition(front.topRight() + QPointF(5, 10)), 2);
-    QCOMPARE(chart_->rowAtPosition(front.topLeft() + QPointF(10, -3)), 2);
-    QCOMPARE(chart_->rowAtPosition(front.topLeft() + QPointF(-3, -3)), 0);
-  }
-
-  void clickOnLineBetweenPointsSelectsNothing() {
-    for (const ChartType type : {ChartType::Line2D, ChartType::Line3D}) {
-      show(type, monthLabels(3), {4000, 4000, 4000});
-      const QPointF between = (chart_->pointRect(1).center() + chart_->pointRect(2).center()) / 2;
-      QCOMPARE(chart_->rowAtPosition(between), 0);
-      QCOMPARE(chart_->rowAtPosition(chart_->pointRect(2).center() + QPointF(0, 14)), 0);
-    }
-  }
-
-  void clickInsideAreaSelectsNearestPoint() {
-    for (const ChartType type : {ChartType::Area2D, ChartType::Area3D}) {
-      show(type, monthLabels(3), {4000, 5000, 4500});
-      const double half = (chart_->pointRect(2).center().x() - chart_->pointRect(1).center().x()) / 2;
-      const QPointF inside(chart_->pointRect(2).center().x(), chart_->pointRect(1).bottom() + 40);
-      QCOMPARE(chart_->rowAtPosition(inside), 2);
-      QCOMPARE(chart_->rowAtPosition(inside - QPointF(half - 5, 0)), 2);
-      QCOMPARE(chart_->rowAtPosition(inside - QPointF(half + 5, 0)), 1);
-      QCOMPARE(chart_->rowAtPosition(inside + QPointF(half + 5, 0)), 3);
-      QCOMPARE(chart_->rowAtPosition(inside - QPointF(2 * half + 10, 0)), 0);
-    }
-  }
-
-  void negativeBarHangsBelowZero() {
-    for (const ChartType type : {ChartType::Bars2D, ChartType::Bars3D}) {
-      show(type, monthLabels(2), {500, -800});
-      QVERIFY(std::abs(chart_->pointRect(1).bottom() - chart_->pointRect(2).top()) < 1);
-      QVERIFY(chart_->pointRect(2).height() > 1.5 * chart_->pointRect(1).height());
-      QTest::mouseClick(chart_, Qt::LeftButton, {}, centreOf(*chart_, 2));
-      QCOMPARE(chart_->selectedRow(), 2);
-    }
-  }
-
-  void negativeAreaIsHitBelowZero() {
-    for (const ChartType type : {ChartType::Area2D, ChartType::Area3D}) {
-      show(type, monthLabels(3), {-500, -800, -600});
-      const QPointF lowest = chart_->pointRect(2).center();
-      QCOMPARE(chart_->rowAtPosition(lowest - QPointF(0, 30)), 2);
-      QCOMPARE(chart_->rowAtPosition(lowest + QPointF(-20, 12)), 0);
-    }
-  }
-
   void gapIsNotDrawnAndNotSelected_data() { addTypes(); }
   void gapIsNotDrawnAndNotSelected() {
     QFETCH(int, type);
@@ -231,36 +138,6 @@ class ChartViewTest : public QObject {
     chart_->selectRow(2);
     QCOMPARE(selected.count(), 0);
     QVERIFY(!chart_->grab().isNull());
-  }
-
-  void zeroIsDrawnAndSelectable_data() { addTypes(); }
-  void zeroIsDrawnAndSelectable() {
-    QFETCH(int, type);
-    show(static_cast<ChartType>(type), monthLabels(3), {0, 0, 0});
-    QCOMPARE(rowsDrawn(*chart_), 3);
-    QTest::mouseClick(chart_, Qt::LeftButton, {}, centreOf(*chart_, 2));
-    QCOMPARE(chart_->selectedRow(), 2);
-  }
-
-  void barsNeverOverlap() {
-    for (const ChartType type : {ChartType::Bars2D, ChartType::Bars3D}) {
-      for (const int count : {2, 26, 78, 100}) {
-        show(type, monthLabels(count), waves(count));
-        for (int row = 2; row <= count; ++row) {
-          QVERIFY(chart_->pointRect(row - 1).right() < chart_->pointRect(row).left());
-        }
-      }
-    }
-  }
-
-  void pointsLieInsideTheWidget_data() { addTypes(); }
-  void pointsLieInsideTheWidget() {
-    QFETCH(int, type);
-    for (const QSize& size : {QSize(650, 260), QSize(1200, 640)}) {
-      chart_->resize(size);
-      show(static_cast<ChartType>(type), dateLabels(100), waves(100));
-      for (int row = 1; row <= 100; ++row) QVERIFY(QRectF(chart_->rect()).contains(chart_->pointRect(row)));
-    }
   }
 
   void axisLabelsNeverOverlap_data() { addTypes(); }
@@ -382,15 +259,6 @@ class ChartViewTest : public QObject {
     QCOMPARE(selected.count(), 4);
   }
 
-  void selectionChangesThePicture_data() { addTypes(); }
-  void selectionChangesThePicture() {
-    QFETCH(int, type);
-    show(static_cast<ChartType>(type), monthLabels(5), waves(5));
-    const QImage before = chart_->grab().toImage();
-    chart_->selectRow(3);
-    QVERIFY(chart_->grab().toImage() != before);
-  }
-
   void wishesForAWidthAndCanDoWithLess() {
     QCOMPARE(chart_->sizeHint().width(), 700);
     QCOMPARE(chart_->minimumSizeHint().width(), 320);
@@ -426,15 +294,6 @@ class ChartViewTest : public QObject {
     QTRY_VERIFY(plotted.count() > 0);
     QCoreApplication::processEvents();
     QCOMPARE(plotted.count(), 1);
-  }
-
-  void paletteChangesTheBackground() {
-    chart_->setPoints(monthLabels(3), waves(3));
-    QPalette dark;
-    dark.setColor(QPalette::Base, QColor(30, 30, 34));
-    dark.setColor(QPalette::Text, QColor(230, 230, 230));
-    chart_->setPalette(dark);
-    QCOMPARE(chart_->grab().toImage().pixelColor(2, 2), QColor(30, 30, 34));
   }
 };
 

@@ -102,22 +102,6 @@ class DayFieldTest : public QObject {
           }
   }
 
-  void everyDayOfSomeYearsIsTypedOverEveryOther() {
-    std::mt19937 chance(22);
-    Bench bench;
-    for (int round = 0; round < 1'500; ++round) {
-      const QDate day = QDate(1999, 1, 1).addDays(chance() % 12'000);
-      const Way way = kWays[chance() % std::size(kWays)];
-      bench.before.setFocus();
-      enter(bench.field, way);
-      const QString form = QStringList{"yyyy.MM.dd.", "yyyyMMdd", "yyyy M d", "yyyy-MM-dd"}.at(chance() % 4);
-      typeWithMoves(day.toString(form));
-      pressKey(Qt::Key_Return);
-      QCOMPARE(bench.field.date(), day);
-      QCOMPARE(bench.text(), shown(day));
-    }
-  }
-
   void aPartAloneChangesThatPart() {
     const auto typed = [](Way way, const QString& keys) {
       Bench bench;
@@ -160,22 +144,6 @@ class DayFieldTest : public QObject {
           finish(bench, end);
           QVERIFY2(bench.text() == "2013.07.05.", what);
         }
-  }
-
-  void aShortYearIsNone() {
-    for (const char* year : {"15", "0612", "612", "1", "0", "0000", "201"})
-      for (const End end : kEnds) {
-        Bench bench;
-        enter(bench.field, Way::Tab);
-        typeWithMoves(year);
-        QCOMPARE(bench.field.date(), kOld);
-        finish(bench, end);
-        QCOMPARE(bench.text(), "2013.07.05.");
-      }
-    Bench bench;
-    enter(bench.field, Way::Tab);
-    typeWithMoves("15>06>21>");
-    QCOMPARE(bench.text(), "2013.07.05.");
   }
 
   void aButtonsLetterFindsTheDayWhileItIsTyped() {
@@ -238,16 +206,6 @@ class DayFieldTest : public QObject {
           finish(bench, End::Enter);
           QCOMPARE(bench.field.date(), QDate(2013, 6, 21));
         }
-  }
-
-  void aPastedDayReplacesAHalfTypedOne() {
-    Bench bench;
-    QApplication::clipboard()->setText("2013.06.21.");
-    enter(bench.field, Way::Tab);
-    typeWithMoves("20");
-    pressKey(Qt::Key_V, Qt::ControlModifier);
-    QCOMPARE(bench.text(), "2013.06.21.");
-    QCOMPARE(bench.field.date(), QDate(2013, 6, 21));
   }
 
   void theMenuLeavesWhatIsTyped() {

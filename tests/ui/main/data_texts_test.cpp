@@ -3,7 +3,6 @@
 #include "tests/ui/main_screen.h"
 #include "tests/ui/next_dialog.h"
 #include "tests/ui/screen_test.h"
-#include "ui/windows/frmMelyGrafikon.h"
 
 // What a person typed is shown letter for letter: an & marks no letter of a menu, tags are no HTML, and a %
 // with a number is no place to be filled.
@@ -42,11 +41,7 @@ class DataTextsTest : public QObject {
     main.open();
     QCOMPARE(main.label("lbNaplo"), plate + " naplója – teljes lista, 1 bejegyzés");
     isPlain(main, "lbNaplo");
-    onNextDialog<ui::frmMelyGrafikon>([](ui::frmMelyGrafikon& chooser) {
-      press(*chooser.findChild<QRadioButton*>("Option2"));
-      press(*chooser.findChild<QPushButton*>("cmdMegjelenit"));
-    });
-    main.press("cmdGrafikon");
+    main.showChart("Option2");
     QCOMPARE(main.label("lbGrafikon"), plate + " naplójából, a lista szűrőjétől függetlenül");
     isPlain(main, "lbGrafikon");
     main.type("Combo1", "<b>X");

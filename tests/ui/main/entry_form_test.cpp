@@ -1,9 +1,5 @@
 #include "ui/main/entry_form.h"
 
-#include <QCheckBox>
-#include <QLabel>
-#include <QSignalSpy>
-
 #include "tests/ui/screen_test.h"
 #include "tests/ui/support.h"
 
@@ -66,6 +62,18 @@ class EntryFormTest : public QObject {
                                                 "mosás|800|2013.07.05.|-|x|x|x"));
   }
 
+  void eachMarkIsShownInItsOwnBox() {
+    Form form;
+    form.part.load();
+    core::EntryInput input = anInput();
+    for (bool core::EntryInput::*mark : {&core::EntryInput::teletank, &core::EntryInput::olajcsere,
+                                         &core::EntryInput::szurocsere, &core::EntryInput::gyertyacsere}) {
+      input.*mark = !(input.*mark);
+      form.part.showInput(input);
+      QCOMPARE(lineOf(form.part.input()), lineOf(input));
+    }
+  }
+
   void anEntryBringsItsDayAndOneWithADamagedDayLeavesIt() {
     Form form;
     form.part.showEntry({anInput(), core::dayOf({1999, 12, 31})});
@@ -94,24 +102,6 @@ class EntryFormTest : public QObject {
     note->setFocus();
     QCOMPARE(note->currentText(), QString("Tankolás"));
     QCOMPARE(note->lineEdit()->selectedText(), QString("Tankolás"));
-  }
-
-  void eachButtonAsksForItsWorkAlone() {
-    Form form;
-    form.part.setChosen(true);
-    const std::pair<const char*, void (EntryForm::*)()> buttons[] = {
-        {"cmd_rogzit", &EntryForm::recordWanted},
-        {"cmd_modosit", &EntryForm::modifyWanted},
-        {"cmd_del", &EntryForm::deleteWanted},
-        {"cmd_lista", &EntryForm::listWanted},
-        {"cmd_figyel", &EntryForm::remindersWanted}};
-    for (const auto& [name, signal] : buttons) {
-      std::vector<std::unique_ptr<QSignalSpy>> spies;
-      for (const auto& [other, its] : buttons) spies.push_back(std::make_unique<QSignalSpy>(&form.part, its));
-      test::press(form.button(name));
-      for (std::size_t i = 0; i < spies.size(); ++i)
-        QCOMPARE(spies[i]->size(), buttons[i].first == name ? 1 : 0);
-    }
   }
 
   void onlyAChosenEntryCanBeModifiedOrDeleted() {

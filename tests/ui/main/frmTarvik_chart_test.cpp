@@ -31,8 +31,7 @@ std::vector<core::NapiAdat> numbered(int count) {
 // Two cars, the first one listed.
 struct Household : MainScreen {
   explicit Household(int ofFirst = 3, int ofSecond = 5) {
-    folder.write("rendsz.dat", padded("ABC123", 8) + std::string("\x2D\0", 2) + padded("KLM456", 8) +
-                                   std::string("\x2D\0", 2));
+    writeVehicles({"ABC123", "KLM456"});
     writeLogbook("ABC123", numbered(ofFirst));
     writeLogbook("KLM456", numbered(ofSecond));
     choosePlateAtStart("ABC123");
@@ -40,13 +39,6 @@ struct Household : MainScreen {
   }
   ui::ChartView& chart() { return *find<ui::ChartView>("MSChart1"); }
   QScrollBar& scrollBar() { return *find<QScrollBar>("HScroll1"); }
-  void openChart(const char* option) {
-    onNextDialog<ui::frmMelyGrafikon>([option](ui::frmMelyGrafikon& chooser) {
-      test::press(*part<QRadioButton>(chooser, option));
-      test::press(*part<QPushButton>(chooser, "cmdMegjelenit"));
-    });
-    press("cmdGrafikon");
-  }
   void list(int car) {
     choose(*combo("Combo1"), car);
     press("cmdSzürés");
@@ -62,7 +54,7 @@ class FrmTarvikChartTest : public QObject {
  private slots:
   void showingKeepsTheKeyboardOnTheButtonAndHidingGivesItToTheList() {
     Household main;
-    main.openChart("Option2");
+    main.showChart("Option2");
     QCOMPARE(main.screen->focusWidget()->objectName(), QString("cmdGrafikon"));
     main.press("cmdGrafikon");
     QCOMPARE(main.screen->focusWidget()->objectName(), QString("ListView1"));
@@ -70,19 +62,19 @@ class FrmTarvikChartTest : public QObject {
 
   void theWordsBesideTheTickAreTheTicksToo() {
     Household main;
-    main.openChart("Option1");
+    main.showChart("Option1");
     auto* words = main.find<QLabel>("lbGrafDb");
     QVERIFY(words->isVisible());
     QTest::mouseClick(words, Qt::LeftButton);
     QVERIFY(main.box("chkGrafikon")->isChecked());
     main.press("cmdGrafikon");
-    main.openChart("Option3");
+    main.showChart("Option3");
     QVERIFY(!words->isVisible());
   }
 
   void theChooserOpensOnTheChartThatWasSeenLastAfterACancelledQuestionToo() {
     Household main;
-    main.openChart("Option4");
+    main.showChart("Option4");
     main.press("cmdGrafikon");
     bool isSeenChecked = false;
     for (int time = 0; time < 2; ++time) {
@@ -98,7 +90,7 @@ class FrmTarvikChartTest : public QObject {
 
   void aListedCarsChartTakesThePlaceOfTheOneBefore() {
     Household main;
-    main.openChart("Option2");
+    main.showChart("Option2");
     QCOMPARE(main.chart().rowCount(), 3);
     QCOMPARE(main.label("lbGrafikon"), QString("ABC123 naplójából, a lista szűrőjétől függetlenül"));
     main.list(1);
@@ -110,7 +102,7 @@ class FrmTarvikChartTest : public QObject {
 
   void whatIsRecordedIsOnTheChartAtOnce() {
     Household main;
-    main.openChart("Option2");
+    main.showChart("Option2");
     main.type("txKmOra", "4000");
     main.type("txTankoltLiter", "40");
     main.type("txTankoltKtg", "20000");
@@ -122,21 +114,21 @@ class FrmTarvikChartTest : public QObject {
   void whatIsModifiedOrDeletedIsOnTheChartAtOnce() {
     Household main;
     main.clickRow(2);
-    main.openChart("Option2");
+    main.showChart("Option2");
     main.type("txTankoltKtg", "18000");
     BoxScript boxes({QMessageBox::Yes, QMessageBox::Yes});
     main.press("cmd_modosit");
     QCOMPARE(main.chart().rowValues(), QStringList({"400", "400", "450"}));
     main.press("cmdGrafikon");
     main.clickRow(2);
-    main.openChart("Option2");
+    main.showChart("Option2");
     main.press("cmd_del");
     QCOMPARE(main.chart().rowValues(), QStringList({"400", "400"}));
   }
 
   void theFilterOfTheListLeavesTheChartWhole() {
     Household main;
-    main.openChart("Option2");
+    main.showChart("Option2");
     main.press("cmd_lista");
     main.press("opSzürö_1");
     main.press("cmdSzürés");
@@ -146,7 +138,7 @@ class FrmTarvikChartTest : public QObject {
 
   void theTypeTheCountAndThePlaceStay() {
     Household main(120, 150);
-    main.openChart("Option1");
+    main.showChart("Option1");
     test::choose(*main.combo("Combo2"), 2);
     test::press(*main.box("chkGrafikon"));
     main.type("txtGrafDb", "7");
@@ -161,7 +153,7 @@ class FrmTarvikChartTest : public QObject {
 
   void aPlaceThatTheLogbookDoesNotReachGivesTheLatestEntries() {
     Household main(120, 60);
-    main.openChart("Option1");
+    main.showChart("Option1");
     test::scrollTo(main.scrollBar(), 60);
     main.list(1);
     QCOMPARE(main.scrollBar().value(), 1);
@@ -171,7 +163,7 @@ class FrmTarvikChartTest : public QObject {
 
   void aChartThatWasNotScrolledGoesOnWithTheLatestEntries() {
     Household main(120, 150);
-    main.openChart("Option1");
+    main.showChart("Option1");
     main.list(1);
     QCOMPARE(main.chart().rowValues().first(), QString("101"));
     QCOMPARE(main.chart().rowValues().last(), QString("150"));
@@ -185,7 +177,7 @@ class FrmTarvikChartTest : public QObject {
   void aCarThatCannotBeReadLeavesNoOthersChart() {
     QFETCH(bool, vanished);
     Household main;
-    main.openChart("Option2");
+    main.showChart("Option2");
     std::filesystem::remove_all(main.folder / "KLM456");
     if (!vanished) main.folder.makeFolder("KLM456/napiadat.dat");
     BoxScript boxes;
@@ -199,7 +191,7 @@ class FrmTarvikChartTest : public QObject {
 
   void aHiddenChartIsLeftAlone() {
     Household main;
-    main.openChart("Option2");
+    main.showChart("Option2");
     main.press("cmdGrafikon");
     const QStringList before = main.chart().rowLabels();
     main.list(1);
@@ -209,7 +201,7 @@ class FrmTarvikChartTest : public QObject {
 
   void itsPictureIsProposedWithTheCarTheChartAndTheDay() {
     Household main;
-    main.openChart("Option3");
+    main.showChart("Option3");
     main.list(1);
     QString proposed;
     onNextDialog<QFileDialog>([&](QFileDialog& dialog) {

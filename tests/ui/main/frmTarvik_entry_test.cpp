@@ -13,12 +13,6 @@ const SeenBox kModifyQuestion = questionBox(" Módosítás az adatállományban 
 const SeenBox kNoKm = errorBox(" H i b a !", "Nincs beírva kilométer óra állás!\nÍgy nem rögzíthető...");
 const SeenBox kNoPlate = errorBox(" H i b a !", "Nincs megadva rendszám!\nÍgy nem rögzíthető...");
 
-QList<QString> titles(const BoxScript& boxes) {
-  QList<QString> all;
-  for (const SeenBox& box : boxes.seen) all.append(box.title);
-  return all;
-}
-
 }  // namespace
 
 class FrmTarvikEntryTest : public QObject {
@@ -46,10 +40,7 @@ class FrmTarvikEntryTest : public QObject {
   }
 
   void answeringNoRecordsNothing() {
-    MainScreen main;
-    main.writeLogbook("ABC123", {});
-    main.choosePlateAtStart("ABC123");
-    main.open();
+    ListedCar main({});
     main.type("txKmOra", "1000");
     BoxScript boxes({QMessageBox::No});
     main.press("cmd_rogzit");
@@ -58,43 +49,8 @@ class FrmTarvikEntryTest : public QObject {
     QCOMPARE(main.edit("txKmOra")->text(), QString("1000"));
   }
 
-  void recordsTheFirstEntry() {
-    MainScreen main;
-    main.writeLogbook("ABC123", {});
-    main.choosePlateAtStart("ABC123");
-    main.open();
-    main.type("txKmOra", "10000");
-    main.type("txTankoltLiter", "40,5");
-    main.type("txTankoltKtg", "16200");
-    QCOMPARE(main.label("lbFtperLiter"), QString("400,00"));
-    BoxScript boxes({QMessageBox::Yes});
-    main.press("cmd_rogzit");
-    QCOMPARE(boxes.seen, (QList{kRecordQuestion}));
-
-    // KmOra 10000, day 46347 (21 November 2026), full, 40.5 l, 16200 Ft, no part, 400 Ft/l, note of 50.
-    std::string bytes("\x10\x27\0\0", 4);
-    bytes += std::string("\0\0\0\0\x60\xA1\xE6\x40", 8);
-    bytes += "\xFF\xFF";
-    bytes += std::string("\x08\x2E\x06\0\0\0\0\0", 8);
-    bytes += std::string("\x48\x3F\0\0", 4);
-    bytes += std::string(4, '\0');
-    bytes += std::string("\0\x09\x3D\0\0\0\0\0", 8);
-    bytes += std::string(6, '\0');
-    bytes += std::string(50, ' ');
-    bytes += std::string(4, '\0');
-    bytes += "Tankol\xE1s" + std::string(42, ' ');
-    bytes += std::string(8, '\0');
-    QCOMPARE(QByteArray::fromStdString(main.folder.read("ABC123/napiadat.dat")).toHex(' '),
-             QByteArray::fromStdString(bytes).toHex(' '));
-    QCOMPARE(main.rows(), 1);
-    QCOMPARE(main.row(0), QString("2026.11.21.|10000|40,50|0|||||Tankolás|1"));
-  }
-
   void afterRecordingTheFieldsAreClearedAndTheTankIsFullAgain() {
-    MainScreen main;
-    main.writeLogbook("ABC123", {});
-    main.choosePlateAtStart("ABC123");
-    main.open();
+    ListedCar main({});
     main.type("txKmOra", "10000");
     main.type("txAlkatreszKtg", "500");
     main.type("txAlkatresz", "Olajszűrő");
@@ -113,19 +69,6 @@ class FrmTarvikEntryTest : public QObject {
     QVERIFY(!main.find<QPushButton>("cmd_del")->isEnabled());
     QVERIFY(!main.find<QPushButton>("cmd_modosit")->isEnabled());
     QCOMPARE(main.cell(0, 0), QString("2024.02.29."));
-  }
-
-  void anEmptyLitreFieldIsNeverAFullFill() {
-    MainScreen main;
-    main.writeLogbook("ABC123", {});
-    main.choosePlateAtStart("ABC123");
-    main.open();
-    main.type("txKmOra", "10000");
-    QVERIFY(main.box("ChkTeletank")->isChecked());
-    BoxScript boxes({QMessageBox::Yes});
-    main.press("cmd_rogzit");
-    QCOMPARE(main.stored("ABC123", 1).Teletank, std::int16_t{0});
-    QCOMPARE(main.stored("ABC123", 1).TankoltLiter.tenThousandths, std::int64_t{0});
   }
 
   void consumptionRunsSinceTheLastFullFillAndTheFittedTyresRunAlong() {
@@ -154,28 +97,8 @@ class FrmTarvikEntryTest : public QObject {
     QVERIFY(main.folder.read("Gumik.dat") == after);
   }
 
-  void aDistanceOfZeroRecordsNothingAndKeepsTheFields() {
-    MainScreen main;
-    const std::vector entries{fuelling({2024, 1, 1}, 9000, 300'000, true),
-                              fuelling({2024, 1, 2}, 10000, 400'000, true)};
-    main.writeLogbook("ABC123", entries);
-    main.choosePlateAtStart("ABC123");
-    main.open();
-    main.type("txKmOra", "10000");
-    main.type("txTankoltLiter", "15");
-    BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
-    main.press("cmd_rogzit");
-    QCOMPARE(titles(boxes), (QList<QString>{" Rögzítés az adatállományban !", " H i b a !"}));
-    QCOMPARE(main.folder.read("ABC123/napiadat.dat").size(), std::size_t{2 * 156});
-    QCOMPARE(main.edit("txKmOra")->text(), QString("10000"));
-    QCOMPARE(main.edit("txTankoltLiter")->text(), QString("15"));
-  }
-
   void aKmThatDoesNotFitIsRefused() {
-    MainScreen main;
-    main.writeLogbook("ABC123", {});
-    main.choosePlateAtStart("ABC123");
-    main.open();
+    ListedCar main({});
     main.type("txKmOra", "3000000000");
     BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
     main.press("cmd_rogzit");
@@ -185,37 +108,6 @@ class FrmTarvikEntryTest : public QObject {
     QCOMPARE(main.edit("txKmOra")->text(), QString("3000000000"));
   }
 
-  void aListThatFailsAfterRecordingSaysThatTheEntryIsIn() {
-    MainScreen main;
-    main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 1, 1, true, 2'000'000'000)});
-    main.choosePlateAtStart("ABC123");
-    main.open();
-    main.type("txKmOra", "100");
-    main.type("txTankoltKtg", "2000000000");
-    BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
-    main.press("cmd_rogzit");
-    QCOMPARE(boxes.seen.size(), 2);
-    QCOMPARE(boxes.seen[1].text,
-             QString("Túl nagy szám: Eddigi Költség\n\n"
-                     "A bejegyzés rögzítve van. A lista vagy az összesítése nem teljes."));
-    QCOMPARE(main.folder.read("ABC123/napiadat.dat").size(), std::size_t{2 * 156});
-  }
-
-  void lettersInTheNotesCostAreRefused() {
-    MainScreen main;
-    main.writeLogbook("ABC123", {});
-    main.choosePlateAtStart("ABC123");
-    main.open();
-    main.type("txKmOra", "100");
-    main.type("txMegjKtg", "abc");
-    BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
-    main.press("cmd_rogzit");
-    QCOMPARE(boxes.seen.size(), 2);
-    QCOMPARE(boxes.seen[1].text,
-             QString("Nem szám van a mezőben: Megjegyzés költsége\n\nSemmi sem változott."));
-    QCOMPARE(main.folder.read("ABC123/napiadat.dat"), std::string());
-  }
-
   void whatIsRefusedGetsTheKeyboardAtRecordingAndAtModifying_data() {
     QTest::addColumn<QString>("button");
     QTest::newRow("recording") << "cmd_rogzit";
@@ -223,56 +115,35 @@ class FrmTarvikEntryTest : public QObject {
   }
   void whatIsRefusedGetsTheKeyboardAtRecordingAndAtModifying() {
     QFETCH(QString, button);
-    MainScreen main;
-    main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 9000, 300'000, true)});
-    main.choosePlateAtStart("ABC123");
-    main.open();
+    ListedCar main({fuelling({2024, 1, 1}, 9000, 300'000, true)});
     main.clickRow(0);
     main.type("txMegjKtg", "abc");
     BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
     main.press(qPrintable(button));
+    QCOMPARE(boxes.seen.last().text,
+             QString("Nem szám van a mezőben: Megjegyzés költsége\n\nSemmi sem változott."));
     QCOMPARE(main.screen->focusWidget(), main.edit("txMegjKtg"));
   }
 
-  void aMissingVehicleFolderIsNamedAndNothingIsMade() {
-    MainScreen main;
-    main.choosePlateAtStart("ABC123");
-    main.open();
-    main.type("txKmOra", "100");
-    BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
-    main.press("cmd_rogzit");
-    QCOMPARE(boxes.seen.size(), 2);
-    QVERIFY(boxes.seen[1].text.contains(QString::fromStdString(main.folder / "ABC123")));
-    QVERIFY(!main.folder.has("ABC123"));
-  }
-
-  void aPlateThatLeavesTheFolderIsRefused_data() {
-    QTest::addColumn<QString>("plate");
-    for (const char* plate : {"..", ".", "a/b", "a\\b", "../x"}) QTest::newRow(plate) << QString(plate);
-  }
   void aPlateThatLeavesTheFolderIsRefused() {
-    QFETCH(QString, plate);
     MainScreen main;
     main.open();
-    main.type("Combo1", plate);
+    main.type("Combo1", "../x");
     main.type("txKmOra", "100");
     const auto before = main.folder.names();
     BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
     main.press("cmd_rogzit");
     QCOMPARE(boxes.seen.size(), 2);
     QCOMPARE(boxes.seen[1].text,
-             "Ez a rendszám nem lehet mappa neve:\n" + plate + "\n\nSemmi sem változott.");
+             QString("Ez a rendszám nem lehet mappa neve:\n../x\n\nSemmi sem változott."));
     QVERIFY(main.folder.names() == before);
   }
 
   // The settings store a plate in ten characters, the list of vehicles in eight.
   void theSameCarChosenAgainIsStillTheOneThatWasSeen() {
-    MainScreen main;
-    main.folder.write("rendsz.dat", padded("ABC123", 8) + std::string("\x2D\0", 2));
-    main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 9000, 300'000, true),
-                                 fuelling({2024, 1, 2}, 10000, 400'000, true)});
-    main.choosePlateAtStart("ABC123");
-    main.open();
+    ListedCar main(
+        {fuelling({2024, 1, 1}, 9000, 300'000, true), fuelling({2024, 1, 2}, 10000, 400'000, true)},
+        {"ABC123"});
     choose(*main.combo("Combo1"), 0);
     QCOMPARE(main.combo("Combo1")->currentText(), QString("ABC123  "));
     main.clickRow(0);
@@ -321,32 +192,8 @@ class FrmTarvikEntryTest : public QObject {
     QCOMPARE(main.cell(2, 1), QString("10600"));
   }
 
-  void deletingTheThirdOfFiveMovesTheOthersUp() {
-    MainScreen main;
-    std::vector<core::NapiAdat> entries;
-    for (int i = 1; i <= 5; ++i) entries.push_back(fuelling({2024, 1, i}, 1000 * i, 100'000, true));
-    main.writeLogbook("ABC123", entries);
-    main.choosePlateAtStart("ABC123");
-    main.open();
-    main.clickRow(2);
-    BoxScript boxes({QMessageBox::Yes});
-    main.press("cmd_del");
-    QCOMPARE(boxes.seen,
-             (QList{questionBox(" TÖRLÉS az adatállományból !",
-                                "Biztos T Ö R Ö L H E T Ő\na 2024.01.03. tétel? ", QMessageBox::No)}));
-    QCOMPARE(main.folder.read("ABC123/napiadat.dat").size(), std::size_t{4 * 156});
-    QCOMPARE(main.stored("ABC123", 3).KmOra, 4000);
-    QCOMPARE(main.stored("ABC123", 4).KmOra, 5000);
-    QCOMPARE(main.rows(), 4);
-    QVERIFY(!main.folder.has("ABC123/napiadatx.dat"));
-    QVERIFY(!main.find<QPushButton>("cmd_del")->isEnabled());
-  }
-
   void decliningADeletionLeavesAnEmptyTemporaryFile() {
-    MainScreen main;
-    main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 1000, 100'000, true)});
-    main.choosePlateAtStart("ABC123");
-    main.open();
+    ListedCar main({fuelling({2024, 1, 1}, 1000, 100'000, true)});
     const std::string before = main.folder.read("ABC123/napiadat.dat");
     main.clickRow(0);
     BoxScript boxes({QMessageBox::No});
@@ -354,36 +201,6 @@ class FrmTarvikEntryTest : public QObject {
     QVERIFY(main.folder.read("ABC123/napiadat.dat") == before);
     QCOMPARE(main.folder.read("ABC123/napiadatx.dat"), std::string());
     QVERIFY(main.find<QPushButton>("cmd_del")->isEnabled());
-  }
-
-  void aFullClickLoadsTheEntryInPlainText() {
-    MainScreen main;
-    core::NapiAdat entry = fuelling({2024, 2, 29}, 123456, 405'000, true, 16200);
-    entry.FtPerLiter = {4'001'234};
-    entry.AlkatreszKtg = 1'000;
-    entry.MegjKtg = 250;
-    entry.Alkatresz = core::FixedText<50>("Olajszűrő");
-    entry.Megjegyzes = core::FixedText<50>("Tankolás + mosás");
-    entry.Olajcsere = 1;  // not the stored form of set
-    entry.Gyertyacsere = -1;
-    main.writeLogbook("ABC123", {entry});
-    main.choosePlateAtStart("ABC123");
-    main.open();
-    main.clickRow(0);
-    QCOMPARE(main.edit("txKmOra")->text(), QString("123456"));
-    QCOMPARE(main.edit("txTankoltLiter")->text(), QString("40,5"));
-    QCOMPARE(main.edit("txTankoltKtg")->text(), QString("16200"));
-    QCOMPARE(main.label("lbFtperLiter"), QString("400,1234"));
-    QCOMPARE(main.edit("txAlkatreszKtg")->text(), QString("1000"));
-    QCOMPARE(main.edit("txMegjKtg")->text(), QString("250"));
-    QCOMPARE(main.combo("txAlkatresz")->currentText(), QString("Olajszűrő"));
-    QCOMPARE(main.combo("txMegjegyzes")->currentText(), QString("Tankolás + mosás"));
-    QCOMPARE(main.find<QDateEdit>("DTPicker1")->date(), QDate(2024, 2, 29));
-    QVERIFY(main.box("ChkTeletank")->isChecked());
-    QVERIFY(!main.box("ChkOlajcsere")->isChecked());
-    QVERIFY(main.box("ChkGyertyacsere")->isChecked());
-    QVERIFY(main.find<QPushButton>("cmd_del")->isEnabled());
-    QVERIFY(main.find<QPushButton>("cmd_modosit")->isEnabled());
   }
 
   void quickAddAsksForEveryKnownTextThatContainsTheNewOne() {
@@ -420,34 +237,6 @@ class FrmTarvikEntryTest : public QObject {
     QCOMPARE(boxes.seen[1].text, QString("Ez az megjegyzés már szerepel az adatbázisban\n \n'' Tankolás ''  "
                                          "néven!\n \nMég is felveszed?"));
     QCOMPARE(main.folder.read("megjegyz.dat").size(), std::size_t{100});
-  }
-
-  void lettersTypedOrPastedIntoANumberFieldGo_data() {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("kept");
-    QTest::newRow("letter behind") << "12a"
-                                   << "12";
-    QTest::newRow("letters only") << "abc"
-                                  << "";
-    QTest::newRow("decimal comma") << "40,5"
-                                   << "40,5";
-    QTest::newRow("point") << "40.5"
-                           << "405";
-  }
-  void lettersTypedOrPastedIntoANumberFieldGo() {
-    QFETCH(QString, typed);
-    QFETCH(QString, kept);
-    MainScreen main;
-    main.open();
-    for (const char* name : {"txKmOra", "txTankoltLiter", "txTankoltKtg", "txAlkatreszKtg"}) {
-      main.type(name, typed);
-      QCOMPARE(main.edit(name)->text(), kept);
-    }
-    main.type("txKmOra", "");
-    main.edit("txKmOra")->insert("1x2");
-    QCOMPARE(main.edit("txKmOra")->text(), QString("12"));
-    main.edit("txKmOra")->insert("7őű");
-    QCOMPARE(main.edit("txKmOra")->text(), QString("127"));
   }
 
   void aStrayLetterInsideANumberGoesAloneAndTheCursorStays() {
@@ -515,31 +304,6 @@ class FrmTarvikEntryTest : public QObject {
     QCOMPARE(note->text(), QString("TA"));
     QTest::keyClicks(note, "xi");
     QCOMPARE(note->text(), QString("TAxi"));
-  }
-
-  void comingToTheNoteFieldSelectsItsText() {
-    MainScreen main;
-    main.open();
-    QLineEdit* note = main.combo("txMegjegyzes")->lineEdit();
-    main.type("txMegjegyzes", "");
-    main.edit("txKmOra")->setFocus();
-    main.combo("txMegjegyzes")->setFocus(Qt::TabFocusReason);
-    QCOMPARE(note->text(), QString("Tankolás"));
-    QTRY_COMPARE(note->selectedText(), QString("Tankolás"));
-  }
-
-  void longTextsAreCutAtFiftyCharacters() {
-    MainScreen main;
-    main.writeLogbook("ABC123", {});
-    main.choosePlateAtStart("ABC123");
-    main.open();
-    main.type("txKmOra", "1");
-    main.type("txAlkatresz", QString(50, QChar(0x151)));
-    main.type("txMegjegyzes", QString(400, QChar(0x171)));
-    BoxScript boxes({QMessageBox::Yes});
-    main.press("cmd_rogzit");
-    QVERIFY(main.folder.read("ABC123/napiadat.dat").substr(44, 50) == std::string(50, '\xF5'));
-    QVERIFY(main.folder.read("ABC123/napiadat.dat").substr(98, 50) == std::string(50, '\xFB'));
   }
 };
 

@@ -3,9 +3,7 @@
 #include "tests/ui/main_screen.h"
 #include "tests/ui/next_dialog.h"
 #include "tests/ui/screen_test.h"
-#include "tests/ui/support.h"
 #include "ui/look/main_button.h"
-#include "ui/windows/frmMelyGrafikon.h"
 
 using namespace tarvik;
 using namespace tarvik::test;
@@ -28,15 +26,6 @@ struct Household : MainScreen {
     return screen->focusWidget() == nullptr ? QString() : screen->focusWidget()->objectName();
   }
   bool isFilterOpen() { return find<QWidget>("FrameSzürö")->isVisible(); }
-  void openChart() {
-    onNextDialog<ui::frmMelyGrafikon>([](ui::frmMelyGrafikon& chooser) {
-      test::press(*part<QRadioButton>(chooser, "Option2"));
-      test::press(*part<QPushButton>(chooser, "cmdMegjelenit"));
-    });
-    press("cmdGrafikon");
-    screen->activateWindow();
-    if (!QTest::qWaitForWindowActive(screen.get())) qFatal("the main screen did not come back");
-  }
 };
 
 }  // namespace
@@ -78,7 +67,7 @@ class FrmTarvikKeyboardTest : public QObject {
 
   void whileAChartCoversTheListTheyGoToTheChart() {
     Household main;
-    main.openChart();
+    main.showChart("Option2");
     main.edit("txKmOra")->setFocus();
     main.key(Qt::Key_F6);
     QCOMPARE(main.focus(), "Combo2");
@@ -99,8 +88,7 @@ class FrmTarvikKeyboardTest : public QObject {
 
   void aPlateChosenWithEnterShowsTheFilterAndListsNothing() {
     Household main;
-    main.folder.write("rendsz.dat", padded("ABC123", 8) + std::string("\x2D\0", 2) + padded("KLM456", 8) +
-                                        std::string("\x2D\0", 2));
+    main.writeVehicles({"ABC123", "KLM456"});
     main.open();
     auto* const plates = main.combo("Combo1");
     plates->setFocus();
@@ -121,9 +109,7 @@ class FrmTarvikKeyboardTest : public QObject {
 
   void arrowsInThePlateStayThereAndEnterGoesToTheOpenFilter() {
     Household main;
-    main.folder.write("rendsz.dat", padded("KLM456", 8) + std::string("\x2D\0", 2) + padded("ABC123", 8) +
-                                        std::string("\x2D\0", 2) + padded("XYZ789", 8) +
-                                        std::string("\x2D\0", 2));
+    main.writeVehicles({"KLM456", "ABC123", "XYZ789"});
     main.open();
     auto* const plates = main.combo("Combo1");
     plates->setFocus();

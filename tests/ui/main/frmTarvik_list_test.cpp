@@ -1,5 +1,3 @@
-#include <QAbstractItemModelTester>
-#include <QCloseEvent>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <filesystem>
@@ -54,10 +52,7 @@ class FrmTarvikListTest : public QObject {
   }
 
   void whatIsTypedAtOnceAfterTheStartIsAReadingAndNoPlate() {
-    MainScreen main;
-    main.writeLogbook("ABC123", twoFills());
-    main.choosePlateAtStart("ABC123");
-    main.open();
+    ListedCar main(twoFills());
     QCOMPARE(QApplication::focusWidget(), main.edit("txKmOra"));
     QTest::keyClicks(QApplication::focusWidget(), "12600");
     QCOMPARE(main.edit("txKmOra")->text(), QString("12600"));
@@ -65,10 +60,7 @@ class FrmTarvikListTest : public QObject {
   }
 
   void aBlankPlateIsRefusedWhileTheFilterIsOpen() {
-    MainScreen main;
-    main.writeLogbook("ABC123", twoFills());
-    main.choosePlateAtStart("ABC123");
-    main.open();
+    ListedCar main(twoFills());
     main.press("cmd_lista");
     main.type("Combo1", "  ");
     BoxScript boxes({QMessageBox::Ok});
@@ -79,10 +71,7 @@ class FrmTarvikListTest : public QObject {
   }
 
   void aFolderThatVanishedIsNotListedAsEmptyNorImportedInto() {
-    MainScreen main;
-    main.writeLogbook("ABC123", twoFills());
-    main.choosePlateAtStart("ABC123");
-    main.open();
+    ListedCar main(twoFills());
     std::filesystem::remove_all(main.folder / "ABC123");
     main.press("cmd_lista");
     main.press("cmdSzürés");
@@ -120,32 +109,12 @@ class FrmTarvikListTest : public QObject {
   }
 
   void aDistanceAfterASlipIsSeenWithAllItsDigits() {
-    MainScreen main;
-    main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 214'859, 405'000, true, 16'200),
-                                 fuelling({2024, 1, 11}, 21'576, 300'000, true, 12'000)});
-    main.choosePlateAtStart("ABC123");
-    main.open();
+    ListedCar main({fuelling({2024, 1, 1}, 214'859, 405'000, true, 16'200),
+                    fuelling({2024, 1, 11}, 21'576, 300'000, true, 12'000)});
     const QModelIndex distance = main.list()->model()->index(1, core::kKmColumn);
     QCOMPARE(distance.data().toString(), QString("-193283"));
     const int needed = main.list()->fontMetrics().horizontalAdvance("-193283");
     QVERIFY(main.list()->header()->sectionSize(core::kKmColumn) > needed);
-  }
-
-  void aLogbookThatCannotBeReadIsNotSaidToBeListed() {
-    MainScreen main;
-    main.writeLogbook("ABC123", twoFills());
-    main.choosePlateAtStart("ABC123");
-    main.open();
-    main.folder.makeFolder("DEF456");
-    main.folder.makeFolder("DEF456/napiadat.dat");  // a folder in the file's place
-    main.combo("Combo1")->setEditText("DEF456");
-    BoxScript boxes({QMessageBox::Ok});
-    main.press("cmd_lista");
-    main.press("cmdSzürés");
-    QCOMPARE(main.rows(), 0);
-    QCOMPARE(main.label("lbNaplo"), QString("DEF456 naplója nem olvasható"));
-    const auto* hint = main.list()->viewport()->findChild<QLabel*>();
-    QVERIFY(hint->text().startsWith("DEF456 naplója nem olvasható."));
   }
 
   void filesFollowTheirOwnFolders() {
@@ -161,10 +130,7 @@ class FrmTarvikListTest : public QObject {
   }
 
   void listsTheColumnsAndTotals() {
-    MainScreen main;
-    main.writeLogbook("ABC123", twoFills());
-    main.choosePlateAtStart("ABC123");
-    main.open();
+    ListedCar main(twoFills());
     QStringList headers;
     for (int column = 0; column < 10; ++column)
       headers.append(main.list()->model()->headerData(column, Qt::Horizontal).toString());
@@ -180,51 +146,8 @@ class FrmTarvikListTest : public QObject {
     QCOMPARE(main.edit("tx_fogyaszt")->text(), QString("7,63 Liter/100Km"));
   }
 
-  void theModelKeepsItsPromises() {
-    MainScreen main;
-    main.writeLogbook("ABC123", twoFills());
-    main.choosePlateAtStart("ABC123");
-    main.open();
-    const QAbstractItemModelTester tester(main.list()->model(),
-                                          QAbstractItemModelTester::FailureReportingMode::QtTest);
-    main.screen->beolvas();
-    QCOMPARE(main.rows(), 2);
-  }
-
-  void theMonthFilterListsThatMonthOfThatYear() {
-    MainScreen main;
-    main.writeLogbook("ABC123",
-                      {fuelling({2012, 3, 5}, 1000, 1, true), fuelling({2013, 3, 1}, 2000, 1, true),
-                       fuelling({2013, 3, 31}, 2500, 1, true), fuelling({2013, 4, 1}, 3000, 1, true)});
-    main.choosePlateAtStart("ABC123");
-    main.open();
-    main.press("cmd_lista");
-    QVERIFY(!main.find<QWidget>("FrameSzürö")->isHidden());
-    QVERIFY(main.find<QDateEdit>("DTPSzürö")->isHidden());
-    main.press("opSzürö_2");
-    QVERIFY(!main.find<QDateEdit>("DTPSzürö")->isHidden());
-    main.type("DTPSzürö", QDate(2013, 3, 15));
-    main.press("cmdSzürés");
-    QVERIFY(main.find<QWidget>("FrameSzürö")->isHidden());
-    QCOMPARE(main.rows(), 2);
-    QCOMPARE(main.row(0), QString("2013.03.01.|2000|,00|0|||||Tankolás|2"));
-    QCOMPARE(main.row(1), QString("2013.03.31.|2500|,00|500|||||Tankolás|3"));
-    main.press("cmd_lista");
-    main.press("opSzürö_1");
-    main.press("cmdSzürés");
-    QCOMPARE(main.rows(), 3);
-    main.press("cmd_lista");
-    main.press("opSzürö_0");
-    QVERIFY(main.find<QDateEdit>("DTPSzürö")->isHidden());
-    main.press("cmdSzürés");
-    QCOMPARE(main.rows(), 4);
-  }
-
   void aListingPutsTheKeyboardIntoTheListWhereverItWas() {
-    MainScreen main;
-    main.writeLogbook("ABC123", twoFills());
-    main.choosePlateAtStart("ABC123");
-    main.open();
+    ListedCar main(twoFills());
     main.press("cmd_lista");
     main.edit("txKmOra")->setFocus();
     main.find<QPushButton>("cmdSzürés")->click();  // as an assistive tool does
@@ -232,10 +155,7 @@ class FrmTarvikListTest : public QObject {
   }
 
   void aListingBringsTheNewestRowInView() {
-    MainScreen main;
-    main.writeLogbook("ABC123", std::vector(100, fuelling({2013, 7, 1}, 10'000, 405'000, true)));
-    main.choosePlateAtStart("ABC123");
-    main.open();
+    ListedCar main(std::vector(100, fuelling({2013, 7, 1}, 10'000, 405'000, true)));
     main.list()->scrollToTop();
     main.press("cmd_lista");
     main.press("cmdSzürés");
@@ -255,8 +175,7 @@ class FrmTarvikListTest : public QObject {
 
   void choosingAPlateShowsTheFilterAndListsOnlyWhenConfirmed() {
     MainScreen main;
-    main.folder.write("rendsz.dat", padded("ABC123", 8) + std::string("\x2D\0", 2) + padded("XYZ789", 8) +
-                                        std::string("\x2D\0", 2));
+    main.writeVehicles({"ABC123", "XYZ789"});
     main.writeLogbook("ABC123", twoFills());
     main.writeLogbook("XYZ789", {fuelling({2024, 5, 5}, 77, 10'000, true)});
     main.choosePlateAtStart("ABC123");
@@ -277,7 +196,7 @@ class FrmTarvikListTest : public QObject {
   void leavingThePlateChoosesNothing() {
     QFETCH(bool, enters);
     MainScreen main;
-    main.folder.write("rendsz.dat", padded("ABCD-123", 8) + std::string("\x2D\0", 2));
+    main.writeVehicles({"ABCD-123"});
     main.open();
     main.type("Combo1", "ABCD-123");
     if (enters) QTest::keyClick(main.combo("Combo1"), Qt::Key_Return);
@@ -321,10 +240,7 @@ class FrmTarvikListTest : public QObject {
   }
 
   void aRowThatCannotBeChosenLeavesTheOneChosenBefore() {
-    MainScreen main;
-    main.writeLogbook("ABC123", twoFills());
-    main.choosePlateAtStart("ABC123");
-    main.open();
+    ListedCar main(twoFills());
     main.clickRow(0);
     main.type("Combo1", "XYZ789");
     BoxScript boxes;
@@ -335,45 +251,8 @@ class FrmTarvikListTest : public QObject {
     QVERIFY(main.list()->selectionModel()->isRowSelected(0));
   }
 
-  void oneRowHasNoDistanceAndKeepsTheConsumption() {
-    MainScreen main;
-    main.folder.write("rendsz.dat", padded("XYZ789", 8) + std::string("\x2D\0", 2));
-    main.writeLogbook("ABC123", twoFills());
-    main.writeLogbook("XYZ789", {fuelling({2024, 5, 5}, 77, 123'400, true)});
-    main.choosePlateAtStart("ABC123");
-    main.open();
-    main.type("Combo1", "XYZ789");
-    main.screen->beolvas();
-    QCOMPARE(main.edit("tx_fogyaszt")->text(), QString("7,63 Liter/100Km"));
-    QCOMPARE(main.edit("tx_liter")->text(), QString("12,34 Liter"));
-    QCOMPARE(main.edit("tx_megtett_km")->text(), QString(" Km."));
-  }
-
-  void anEmptyLogbookClearsThreeFieldsAndKeepsTheCosts() {
-    MainScreen main;
-    main.writeLogbook("ABC123", twoFills());
-    main.choosePlateAtStart("ABC123");
-    main.open();
-    BoxScript boxes;
-    for (const char* plate : {"", "GHOST1", ".."}) {
-      main.type("Combo1", plate);
-      main.screen->beolvas();
-      QCOMPARE(main.rows(), 0);
-      QCOMPARE(main.edit("tx_megtett_km")->text(), QString());
-      QCOMPARE(main.edit("tx_liter")->text(), QString());
-      QCOMPARE(main.edit("tx_fogyaszt")->text(), QString());
-      QCOMPARE(main.edit("tx_teljes_ktg")->text(), QString("28 200 Ft."));
-    }
-    QCOMPARE(boxes.seen.size(), 0);
-    QVERIFY(!main.folder.has("napiadat.dat"));
-    QVERIFY(!main.folder.has("GHOST1"));
-  }
-
   void hintsADayComeWithTwoRowsAndTwoDays() {
-    MainScreen main;
-    main.writeLogbook("ABC123", twoFills());
-    main.choosePlateAtStart("ABC123");
-    main.open();
+    ListedCar main(twoFills());
     for (const char* name : {"tx_teljes_ktg", "ob_ktg", "txAlkatreszKoltseg", "tx_liter", "tx_megtett_km"})
       hover(main.edit(name));
     QCOMPARE(main.edit("tx_teljes_ktg")->toolTip(), QString("2820,-Ft/nap"));
@@ -385,18 +264,6 @@ class FrmTarvikListTest : public QObject {
     main.screen->beolvas();
     hover(main.edit("ob_ktg"));
     QCOMPARE(main.edit("ob_ktg")->toolTip(), QString("2820,-Ft/nap"));
-  }
-
-  void aDamagedFlagShowsNoMark() {
-    MainScreen main;
-    auto entries = twoFills();
-    entries[0].Olajcsere = 1;
-    entries[1].Olajcsere = -1;
-    main.writeLogbook("ABC123", entries);
-    main.choosePlateAtStart("ABC123");
-    main.open();
-    QCOMPARE(main.cell(0, 4), QString());
-    QCOMPARE(main.cell(1, 4), QString("X"));
   }
 
   void aLogbookThatIsAFolderIsToldInOneBox() {
@@ -423,31 +290,6 @@ class FrmTarvikListTest : public QObject {
     QCOMPARE(boxes.seen[0].text,
              QString("Túl nagy szám: Eddigi Költség\n\nA lista vagy az összesítése nem teljes."));
     QCOMPARE(main.edit("tx_teljes_ktg")->text(), QString("2000 000 000 Ft."));
-  }
-
-  void clickingEntryOneEmptiesTheConsumption() {
-    MainScreen main;
-    main.folder.write("rendsz.dat", padded("ABC123", 8) + std::string("\x32\0", 2));
-    main.writeLogbook("ABC123", {fuelling({2024, 1, 1}, 9000, 300'000, true, 1),
-                                 fuelling({2024, 1, 2}, 10000, 400'000, true, 1),
-                                 fuelling({2024, 1, 12}, 10500, 350'000, true, 1)});
-    main.choosePlateAtStart("ABC123");
-    main.open();
-    main.clickRow(2);
-    main.clickRow(0);
-    QCOMPARE(main.label("lbPillAtlag"), QString());
-    QCOMPARE(main.edit("txKmOra")->text(), QString("9000"));
-  }
-
-  void aTankOfUnknownSizeLeavesTheStatistics() {
-    MainScreen main;
-    main.writeLogbook("ABC123", twoFills());
-    main.choosePlateAtStart("ABC123");
-    main.open();
-    main.clickRow(1);
-    for (const char* name : {"lbPillAtlag", "lbDatum", "lbKm", "lb_ft_km"})
-      QCOMPARE(main.label(name), QString());
-    QCOMPARE(main.edit("txKmOra")->text(), QString("10400"));
   }
 
   void theChartsOpenByTheirLetterThoughTheMenuHasItToo() {

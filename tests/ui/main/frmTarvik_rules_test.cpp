@@ -1,4 +1,3 @@
-#include <QGroupBox>
 #include <QScreen>
 #include <QScrollBar>
 
@@ -19,15 +18,6 @@ std::vector<core::NapiAdat> threeEntries() {
           fuelling({2024, 2, 1}, 10'500, 350'000, true, 17'500)};
 }
 
-// A car with three entries, its logbook listed.
-struct Car : MainScreen {
-  explicit Car(const std::vector<core::NapiAdat>& entries = threeEntries()) {
-    writeLogbook("ABC123", entries);
-    choosePlateAtStart("ABC123");
-    open();
-  }
-};
-
 }  // namespace
 
 // Rules of the main screen that show only when two of its parts meet.
@@ -37,7 +27,7 @@ class FrmTarvikRulesTest : public QObject {
  private slots:
   // The list is ABC123's all the while: the entry of that number in the other logbook is meant.
   void aModificationGoesToTheLogbookOfTheChosenPlate() {
-    Car main;
+    ListedCar main(threeEntries());
     main.writeLogbook("XYZ789",
                       {fuelling({2024, 5, 1}, 70000, 0, false), fuelling({2024, 5, 2}, 71000, 0, false)});
     const std::string own = main.folder.read("ABC123/napiadat.dat");
@@ -53,7 +43,7 @@ class FrmTarvikRulesTest : public QObject {
   }
 
   void anEntryWithoutLitresKeepsThePriceThatWasShown() {
-    Car main;
+    ListedCar main(threeEntries());
     main.type("txKmOra", "20000");
     main.type("txTankoltLiter", "40");
     main.type("txTankoltKtg", "16000");
@@ -70,7 +60,7 @@ class FrmTarvikRulesTest : public QObject {
   void leavingTheCostUneditedWorksThePriceOut() {
     std::vector<core::NapiAdat> entries = threeEntries();
     entries[0].FtPerLiter = {1'234'567};
-    Car main(entries);
+    ListedCar main(entries);
     main.clickRow(0);
     QCOMPARE(main.label("lbFtperLiter"), QString("123,4567"));
     main.edit("txTankoltLiter")->setFocus();
@@ -82,7 +72,7 @@ class FrmTarvikRulesTest : public QObject {
   }
 
   void theDropDownsTakeWhatIsTypedAndCompleteNothing() {
-    Car main(threeEntries());
+    ListedCar main(threeEntries());
     for (const char* name : {"Combo1", "txAlkatresz", "txMegjegyzes"}) {
       QComboBox* const field = main.combo(name);
       QVERIFY2(field->isEditable(), name);
@@ -93,15 +83,8 @@ class FrmTarvikRulesTest : public QObject {
     }
   }
 
-  void hoveringTheCostOfAFuellingHintsNothing() {
-    Car main;
-    QEvent enter(QEvent::Enter);
-    QApplication::sendEvent(main.edit("txTankoltKtg"), &enter);
-    QCOMPARE(main.edit("txTankoltKtg")->toolTip(), QString());
-  }
-
   void anOptionOfTheFilterCountsForLaterListingsWithoutItsButton() {
-    Car main;
+    ListedCar main(threeEntries());
     main.press("cmd_lista");
     main.press("opSzürö_1");
     main.type("DTPSzürö", QDate(2024, 6, 1));
@@ -124,7 +107,7 @@ class FrmTarvikRulesTest : public QObject {
   void aBlankPlateStopsAModificationAndADeletion() {
     QFETCH(QString, button);
     QFETCH(QString, said);
-    Car main;
+    ListedCar main(threeEntries());
     const std::string before = main.folder.read("ABC123/napiadat.dat");
     main.clickRow(1);
     main.type("Combo1", "  ");
@@ -177,7 +160,7 @@ class FrmTarvikRulesTest : public QObject {
     QFETCH(int, year);
     std::vector<core::NapiAdat> entries = threeEntries();
     entries[1].Datum = core::toStored(core::dayOf({year, 9, 13}));
-    Car main(entries);
+    ListedCar main(entries);
     const auto storedDay = [&] { return main.folder.read("ABC123/napiadat.dat").substr(156 + 4, 8); };
     const std::string before = storedDay();
     main.clickRow(1);
@@ -187,18 +170,10 @@ class FrmTarvikRulesTest : public QObject {
     QVERIFY(storedDay() == before);
   }
 
-  void theFilterTakesEveryDayThatAnEntryCanHave() {
-    MainScreen main;
-    main.open();
-    const auto* day = main.find<QDateEdit>("DTPSzürö");
-    QCOMPARE(day->minimumDate(), QDate(100, 1, 1));
-    QCOMPARE(day->maximumDate(), QDate(9999, 12, 31));
-  }
-
   void afterAModificationTheListKeepsItsPlaceAndNothingIsChosen() {
     std::vector<core::NapiAdat> entries;
     for (int i = 1; i <= 80; ++i) entries.push_back(fuelling({2024, 1, 1}, 1'000 * i, 100'000, true));
-    Car main(entries);
+    ListedCar main(entries);
     main.clickRow(50);
     const int scrolled = main.list()->verticalScrollBar()->value();
     QVERIFY(scrolled > 0);
@@ -214,7 +189,7 @@ class FrmTarvikRulesTest : public QObject {
   }
 
   void aRecordingMakesTheTyreFileEvenWithoutADistance() {
-    Car main(std::vector<core::NapiAdat>{});
+    ListedCar main({});
     main.type("txKmOra", "1000");
     BoxScript boxes({QMessageBox::Yes});
     main.press("cmd_rogzit");

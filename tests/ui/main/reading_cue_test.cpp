@@ -1,6 +1,5 @@
 #include "tests/ui/screen_test.h"
 
-#include <QGroupBox>
 #include <QTimer>
 
 #include "tests/ui/day_ways.h"

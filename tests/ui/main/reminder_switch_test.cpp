@@ -2,11 +2,8 @@
 
 #include <QCheckBox>
 
-#include "tests/reminders/builders.h"
-#include "tests/ui/next_dialog.h"
 #include "tests/ui/screen_test.h"
 #include "tests/ui/support.h"
-#include "ui/windows/riaszt.h"
 
 namespace tarvik::ui {
 namespace {
@@ -81,25 +78,6 @@ class ReminderSwitchTest : public QObject {
     reminders.part.setOn(false);
     reminders.part.show();
     QVERIFY(!reminders.timer().isActive());
-  }
-
-  void theVehicleThatWasSetLastIsChecked() {
-    Switch reminders;
-    for (const char* plate : {"ABC123", "XYZ789"}) reminders.program.makeFolder(plate);
-    reminders.program.write("ABC123/napiadat.dat", test::fileOf({test::entry(900, 41'456)}));
-    reminders.program.write("XYZ789/napiadat.dat", test::fileOf({test::entry(999, 41'456)}));
-    reminders.current.write("figyel.dat", test::fileOf({test::kmReminder(900, 50, "Olajcsere", "XYZ789")}));
-    QString alerted;
-    const auto tick = [&] { QMetaObject::invokeMethod(&reminders.timer(), "timeout"); };
-    reminders.part.setPlate("ABC123  ");
-    tick();
-    reminders.part.setPlate("XYZ789  ");
-    test::onNextDialog<riaszt>([&](riaszt& alert) {
-      alerted = test::part<QLineEdit>(alert, "tx_utolso_km")->text();
-      alert.close();
-    });
-    tick();
-    QCOMPARE(alerted, QString("999"));
   }
 };
 

@@ -12,7 +12,6 @@
 #include "ui/windows/figy.h"
 #include "ui/windows/frmDatumFigyelmeztetes.h"
 #include "ui/windows/frmGumik.h"
-#include "ui/windows/frmMelyGrafikon.h"
 #include "ui/windows/frmSetup.h"
 #include "ui/windows/frmSzerviz.h"
 #include "ui/windows/riaszt.h"
@@ -288,23 +287,10 @@ class BetweenScreensTest : public QObject {
                      "Kilométer összesen: -2 000 km. Tankolás összesen: 135,00 liter"));
   }
 
-  void anEmptyListIsNotPrinted() {
-    Household main;
-    main.choosePlateAtStart("XYZ789");
-    main.open();
-    BoxScript boxes({QMessageBox::Ok});
-    main.pick("mnuPrint");
-    QCOMPARE(boxes.seen, QList{errorBox(" H i b a !", "A listamező üres!\nÍgy nincs mit nyomtatni...")});
-  }
-
   void theChartButtonShowsTheChosenChartOverTheListAndHidesItAgain() {
     Household main;
     main.open();
-    main.visit<ui::frmMelyGrafikon>([&] { main.press("cmdGrafikon"); },
-                                    [](ui::frmMelyGrafikon& chooser) {
-                                      press(*part<QRadioButton>(chooser, "Option2"));
-                                      press(*part<QPushButton>(chooser, "cmdMegjelenit"));
-                                    });
+    main.showChart("Option2");
     auto* const chart = main.find<QWidget>("MSChart1");
     QVERIFY(isInReach(*chart));
     QVERIFY(main.list()->visibleRegion().isEmpty());

@@ -57,23 +57,6 @@ class ByHandTest : public QObject {
     QCOMPARE(steps, (QStringList{"", "á", "áű", "áű1"}));
   }
 
-  void aDayIsTypedWholeWhateverTheFieldHeld() {
-    Bench bench;
-    for (const QDate day : {QDate(2013, 7, 31), QDate(2023, 2, 28), QDate(2024, 2, 29)}) {
-      typeInto(bench.date, day);
-      QCOMPARE(bench.date.date(), day);
-    }
-  }
-
-  void anEntryIsChosenAsTheMouseDoes() {
-    Bench bench;
-    int activated = -1;
-    connect(&bench.chooser, &QComboBox::activated, this, [&](int entry) { activated = entry; });
-    choose(bench.chooser, 2);
-    QCOMPARE(activated, 2);
-    QCOMPARE(bench.chooser.currentText(), "három");
-  }
-
   void boxesAreAnsweredInTurnAndTheRestAsEscapeDoes() {
     BoxScript boxes({QMessageBox::Yes});
     const auto ask = [] {

@@ -1,7 +1,5 @@
 #include "tests/ui/screen_test.h"
 
-#include <QRadioButton>
-
 #include "core/record_file.h"
 #include "repairs/repair_log.h"
 #include "tests/ui/day_ways.h"
@@ -39,10 +37,7 @@ class DaysTypedTest : public QObject {
 
  private slots:
   void aFillUpIsStoredWithTheTypedDay() {
-    MainScreen main;
-    main.writeLogbook("ABC123", {});
-    main.choosePlateAtStart("ABC123");
-    main.open();
+    ListedCar main({});
     int entries = 0;
     typeIntoEach(dayField(*main.screen, "DTPicker1"), kTyped21June2013, [&](const QString& typed) {
       recordByLetter(main, entries);
@@ -66,11 +61,7 @@ class DaysTypedTest : public QObject {
   }
 
   void theFilterListsTheTypedYear() {
-    MainScreen main;
-    main.writeLogbook("ABC123",
-                      {fuelling({2013, 6, 5}, 1000, 1, true), fuelling({2014, 6, 1}, 2000, 1, true)});
-    main.choosePlateAtStart("ABC123");
-    main.open();
+    ListedCar main({fuelling({2013, 6, 5}, 1000, 1, true), fuelling({2014, 6, 1}, 2000, 1, true)});
     typeIntoFilter(main, "opSzürö_1", {"2013.06.21", "20130621", "2013-06-21", "2013. 6. 21."});
     typeIntoFilter(main, "opSzürö_2", {"2013.06.21", "20130621", "2013 06 21", "2013. 6. 21."});
   }

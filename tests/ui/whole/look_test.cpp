@@ -303,22 +303,6 @@ class LookTest : public QObject {
     check(chooser);
   }
 
-  void resultsAreNoTabStopsAndHaveNoNameInPlaceOfTheirText() {
-    EveryScreen desk;
-    desk.open();
-    for (const char* name :
-         {"tx_teljes_ktg", "ob_ktg", "txAlkatreszKoltseg", "tx_megtett_km", "tx_liter", "tx_fogyaszt"})
-      QVERIFY2(!(desk.edit(name)->focusPolicy() & Qt::TabFocus), name);
-    for (const char* name : {"lbFtperLiter", "lbPillAtlag", "lbDatum", "lbKm", "lb_ft_km"}) {
-      QVERIFY2(desk.find<QLabel>(name)->accessibleName().isEmpty(), name);
-      QVERIFY2(desk.find<QLabel>(name)->focusPolicy() == Qt::NoFocus ||
-                   !(desk.find<QLabel>(name)->focusPolicy() & Qt::TabFocus),
-               name);
-    }
-    QCOMPARE(desk.box("Check1")->accessibleName(), QStringLiteral("Figyelmeztetések"));
-    QVERIFY(desk.find<QPushButton>("Command1")->isHidden());
-  }
-
   void theLabelAndThePickerOfTheFilterComeAndGoTogether() {
     EveryScreen desk;
     desk.open();
@@ -329,33 +313,6 @@ class LookTest : public QObject {
     QVERIFY(!desk.find<QDateEdit>("DTPSzürö")->isHidden());
     desk.press("opSzürö_0");
     QVERIFY(desk.find<QLabel>("Label4")->isHidden());
-  }
-
-  void theLineOverTheListStandsOutWhileAnotherPlateIsChosen() {
-    EveryScreen desk;
-    desk.open();
-    const QLabel* line = desk.find<QLabel>("lbNaplo");
-    QCOMPARE(line->text(), QStringLiteral("ABC-123 naplója – teljes lista, 2 bejegyzés"));
-    desk.combo("Combo1")->setEditText("DEF-456");
-    QVERIFY(line->text().contains("ABC-123") && line->text().contains("DEF-456"));
-    QVERIFY(line->font().bold() && line->autoFillBackground());
-    desk.combo("Combo1")->setEditText("ABC-123 ");
-    QCOMPARE(line->text(), QStringLiteral("ABC-123 naplója – teljes lista, 2 bejegyzés"));
-    QVERIFY(!line->font().bold() && !line->autoFillBackground());
-  }
-
-  void anEmptyListSaysWhatToDoFirst() {
-    test::MainScreen desk;
-    desk.open();
-    const auto* hint = desk.list()->viewport()->findChild<QLabel*>();
-    QVERIFY(hint != nullptr && hint->isVisible());
-    QVERIFY(hint->text().contains(QStringLiteral("Beállítások")));
-  }
-
-  void theHintLeavesAListThatHasRows() {
-    EveryScreen desk;
-    desk.open();
-    QVERIFY(desk.list()->viewport()->findChild<QLabel*>()->isHidden());
   }
 
   void aRecordingShowsAndMarksItsRowAndAsksForTheNextReading() {
@@ -395,17 +352,6 @@ class LookTest : public QObject {
     QVERIFY(hint->text() != first);
   }
 
-  void theGridIsHalfALineRoundedUpAndARowIsALineAndAStep() {
-    for (int points = 4; points <= 24; ++points) {
-      QFont font = QApplication::font();
-      font.setPointSize(points);
-      QApplication::setFont(font);
-      const int line = QFontMetrics(font).height();
-      QCOMPARE(ui::gridStep(), line < 8 ? 4 : line / 2 + line % 2);
-      QCOMPARE(ui::rowHeight(), line + ui::gridStep());
-    }
-  }
-
   void aScrollBarsHandleCanBeSeenOnABlackDesktop() {
     QPalette black(Qt::white, Qt::black, Qt::black, Qt::black, Qt::black, Qt::white, Qt::black);
     QScrollBar bar(Qt::Vertical);
@@ -418,15 +364,6 @@ class LookTest : public QObject {
     for (int y = between; y < picture.height() - between; ++y)
       for (int x = 0; x < picture.width(); ++x) seen += qGray(picture.pixel(x, y)) > 90 ? 1 : 0;
     QVERIFY2(seen > picture.height() / 2, qPrintable(QString::number(seen)));
-  }
-
-  void aWindowThatIsWantedOutsideOfTheDisplayIsPutInside() {
-    QDialog dialog;
-    auto* layout = new QVBoxLayout(&dialog);
-    layout->addWidget(new QLabel("x"));
-    ui::keepWithinReach(dialog);
-    ui::openAt(dialog, {100'000, 100'000}, {5'000, 5'000});
-    QVERIFY(dialog.screen()->availableGeometry().contains(QRect(dialog.pos(), dialog.size())));
   }
 };
 

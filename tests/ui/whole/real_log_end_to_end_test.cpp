@@ -46,14 +46,6 @@ QByteArray firstDifference(const std::string& file, const std::string& other) {
          QByteArray::fromStdString(bytes).toHex(' ');
 }
 
-// The bytes of a tyre set: plate, km when fitted, season, type, size, maximum, fitted, km run.
-std::string tyreSet(const char* plate, bool fitted, std::int32_t kmRun) {
-  std::string bytes = padded(plate, 10) + std::string(6, '\0') + padded("Dunlop", 30) + padded("185/65", 15) +
-                      std::string("\x50\xC3\0\0", 4) + std::string(fitted ? "\1\0" : "\0\0", 2);
-  for (int i = 0; i < 4; ++i) bytes += static_cast<char>((kmRun >> (8 * i)) & 0xFF);
-  return bytes;
-}
-
 }  // namespace
 
 class RealLogEndToEndTest : public QObject {
@@ -85,23 +77,6 @@ class RealLogEndToEndTest : public QObject {
     QCOMPARE(main.edit("tx_liter")->text(), QString("3 312,28 Liter"));
     QCOMPARE(main.edit("tx_megtett_km")->text(), QString("74 489 Km."));
     QCOMPARE(main.edit("tx_fogyaszt")->text(), QString("4,38 Liter/100Km"));
-  }
-
-  void theFirstFittedSetOfTheVehicleRunsAlong() {
-    std::vector<FillUp> fillUps = readFuelLog(TARVIK_TEST_DATA "/fuel_log_estate.csv");
-    fillUps.resize(25);  // one of them not full: its km count once more with the next
-    MainScreen main;
-    main.writeLogbook("ABC123", {});
-    main.choosePlateAtStart("ABC123", false);
-    const std::string ahead = tyreSet("XYZ999", true, 5) + tyreSet("ABC123", false, 6);
-    const std::string behind = tyreSet("ABC123", true, 8);
-    main.folder.write("Gumik.dat", ahead + tyreSet("ABC123", true, 7) + behind);
-    main.open();
-    for (const FillUp& fill : fillUps) enter(main, fill);
-
-    const std::int32_t km = referenceTyreKm(fillUps);
-    QCOMPARE(km, 222118 - 206429 + (221237 - 220277));
-    QVERIFY(main.folder.read("Gumik.dat") == ahead + tyreSet("ABC123", true, 7 + km) + behind);
   }
 };
 

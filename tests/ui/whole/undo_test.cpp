@@ -1,7 +1,5 @@
 #include <QListWidget>
-#include <QMenu>
 #include <QScopeGuard>
-#include <QSignalSpy>
 #include <QTabWidget>
 #include <filesystem>
 
@@ -14,7 +12,6 @@
 #include "ui/lists/list_delegate.h"
 #include "ui/lists/list_view.h"
 #include "ui/windows/frmGumik.h"
-#include "ui/windows/frmMelyGrafikon.h"
 #include "ui/windows/frmSetup.h"
 #include "ui/windows/frmSzerviz.h"
 
@@ -293,11 +290,7 @@ class UndoTest : public QObject {
   void aChartThatIsShownFollowsAnUndoing() {
     Household main;
     main.deleteRow(1);
-    onNextDialog<ui::frmMelyGrafikon>([](ui::frmMelyGrafikon& chooser) {
-      test::press(*part<QRadioButton>(chooser, "Option2"));
-      test::press(*part<QPushButton>(chooser, "cmdMegjelenit"));
-    });
-    main.press("cmdGrafikon");
+    main.showChart("Option2");
     auto* chart = main.find<ui::ChartView>("MSChart1");
     QCOMPARE(chart->rowCount(), 2);
     main.undo(chart);

@@ -62,8 +62,7 @@ void turnOverAllParts(QWidget& screen, QWidget& focus) {
 
 struct Household : MainScreen {
   Household() {
-    folder.write("rendsz.dat", padded("ABC123", 8) + std::string("\x2D\0", 2) + padded("KLM456", 8) +
-                                   std::string("\x2D\0", 2));
+    writeVehicles({"ABC123", "KLM456"});
     folder.write("alkatr.dat", padded("OLAJ", 50) + padded("SZURO", 50));
     folder.write("megjegyz.dat", padded("MOSAS", 50) + padded("OLAJ", 50));
     std::vector<core::NapiAdat> entries;
@@ -94,13 +93,7 @@ class WheelEverywhereTest : public QObject {
     turnOverAllParts(*main_.screen, *main_.edit("txKmOra"));
   }
   void theChart() {
-    onNextDialog<ui::frmMelyGrafikon>([](ui::frmMelyGrafikon& chooser) {
-      test::press(*part<QRadioButton>(chooser, "Option1"));
-      test::press(*part<QPushButton>(chooser, "cmdMegjelenit"));
-    });
-    main_.press("cmdGrafikon");
-    main_.screen->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(main_.screen.get()));
+    main_.showChart("Option1");
     main_.find<QScrollBar>("HScroll1")->setValue(5);
     turnOverAllParts(*main_.screen, *main_.edit("txKmOra"));
   }
