@@ -15,56 +15,33 @@ using core::FailureKind;
 
 // What each kind of failure is called; %1 is the file.
 QString headline(FailureKind kind) {
-  switch (kind) {
-    case FailureKind::OpenFailed:
-      return QStringLiteral("A fájl nem nyitható meg:\n%1");
-    case FailureKind::ReadFailed:
-      return QStringLiteral("A fájl nem olvasható:\n%1");
-    case FailureKind::WriteFailed:
-      return QStringLiteral("A fájl nem írható (talán megtelt a lemez):\n%1");
-    case FailureKind::SyncFailed:
-      return QStringLiteral("A rendszer nem igazolta vissza a mentést:\n%1");
-    case FailureKind::ReplaceFailed:
-      return QStringLiteral("A fájl nem cserélhető le az új változatára:\n%1");
-    case FailureKind::NotAFile:
-      return QStringLiteral("Ezen a néven nem fájl van, hanem cső vagy eszköz:\n%1");
-    case FailureKind::DataFile:
-      return QStringLiteral("Ez a név a program adatfájljaié, más nem menthető a helyükre:\n%1");
-    case FailureKind::NotOwnFile:
-      return QStringLiteral("Ezen a néven hivatkozás vagy másvalaki fájlja van:\n%1");
-    case FailureKind::FileBusy:
-      return QStringLiteral("A fájlt egy másik program használja:\n%1");
-    case FailureKind::FolderMissing:
-      return QStringLiteral("Nincs meg a mappa, ahol ennek a fájlnak a helye van:\n%1");
-    case FailureKind::FolderGone:
-      return QStringLiteral("Már nincs meg az a mappa, ahonnan a programot elindítottad.");
-    case FailureKind::FolderUnreadable:
-      return QStringLiteral(
-          "Ez a mappa nem érhető el a neve alapján (talán olvashatatlan betű van benne):\n%1");
-    case FailureKind::PathUnusable:
-      return QStringLiteral("Sortörés vagy más vezérlőjel van ennek a mappának a nevében:\n%1");
-    case FailureKind::RemoveFailed:
-      return QStringLiteral("A fájl nem törölhető:\n%1");
-    case FailureKind::PlateUnusable:
-      return QStringLiteral("Ez a rendszám nem lehet mappa neve:\n%1");
-    case FailureKind::NotANumber:
-      return QStringLiteral("Nem szám van a mezőben: %1");
-    case FailureKind::OutOfRange:
-      return QStringLiteral("Túl nagy szám: %1");
-    case FailureKind::DivisionByZero:
-      return QStringLiteral("Nullával kellene osztani: %1");
-    case FailureKind::FileFull:
-      return QStringLiteral("A fájl betelt, több tétel nem fér bele:\n%1");
-    case FailureKind::FileTooLong:
-      return QStringLiteral("A fájlban több tétel van, mint amennyit a program kezelni tud:\n%1");
-    case FailureKind::FileChanged:
-      return QStringLiteral("A fájl közben megváltozott, egy másik program írhatott bele:\n%1");
-    case FailureKind::RecordMissing:
-      return QStringLiteral("Ez a tétel már nincs a fájlban:\n%1");
-    case FailureKind::RecordChanged:
-      return QStringLiteral("Az adatok közben máshol megváltoztak:\n%1");
-  }
-  return {};
+  static const QHash<FailureKind, QString> headlines{
+      {FailureKind::OpenFailed, "A fájl nem nyitható meg:\n%1"},
+      {FailureKind::ReadFailed, "A fájl nem olvasható:\n%1"},
+      {FailureKind::WriteFailed, "A fájl nem írható (talán megtelt a lemez):\n%1"},
+      {FailureKind::SyncFailed, "A rendszer nem igazolta vissza a mentést:\n%1"},
+      {FailureKind::ReplaceFailed, "A fájl nem cserélhető le az új változatára:\n%1"},
+      {FailureKind::NotAFile, "Ezen a néven nem fájl van, hanem cső vagy eszköz:\n%1"},
+      {FailureKind::DataFile, "Ez a név a program adatfájljaié, más nem menthető a helyükre:\n%1"},
+      {FailureKind::NotOwnFile, "Ezen a néven hivatkozás vagy másvalaki fájlja van:\n%1"},
+      {FailureKind::FileBusy, "A fájlt egy másik program használja:\n%1"},
+      {FailureKind::FolderMissing, "Nincs meg a mappa, ahol ennek a fájlnak a helye van:\n%1"},
+      {FailureKind::FolderGone, "Már nincs meg az a mappa, ahonnan a programot elindítottad."},
+      {FailureKind::FolderUnreadable,
+       "Ez a mappa nem érhető el a neve alapján (talán olvashatatlan betű van benne):\n%1"},
+      {FailureKind::PathUnusable, "Sortörés vagy más vezérlőjel van ennek a mappának a nevében:\n%1"},
+      {FailureKind::RemoveFailed, "A fájl nem törölhető:\n%1"},
+      {FailureKind::PlateUnusable, "Ez a rendszám nem lehet mappa neve:\n%1"},
+      {FailureKind::NotANumber, "Nem szám van a mezőben: %1"},
+      {FailureKind::OutOfRange, "Túl nagy szám: %1"},
+      {FailureKind::DivisionByZero, "Nullával kellene osztani: %1"},
+      {FailureKind::FileFull, "A fájl betelt, több tétel nem fér bele:\n%1"},
+      {FailureKind::FileTooLong, "A fájlban több tétel van, mint amennyit a program kezelni tud:\n%1"},
+      {FailureKind::FileChanged, "A fájl közben megváltozott, egy másik program írhatott bele:\n%1"},
+      {FailureKind::RecordMissing, "Ez a tétel már nincs a fájlban:\n%1"},
+      {FailureKind::RecordChanged, "Az adatok közben máshol megváltoztak:\n%1"},
+  };
+  return headlines.value(kind);
 }
 
 // The name of a field as its label on the screen says it.

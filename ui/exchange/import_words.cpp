@@ -1,5 +1,6 @@
 #include "ui/exchange/import_words.h"
 
+#include <QHash>
 #include <algorithm>
 
 #include "core/number_format.h"
@@ -69,52 +70,6 @@ bool hasDamagedLetters(const LogTable& table) {
 
 }  // namespace
 
-QString wordsOf(Doubt doubt) {
-  switch (doubt) {
-    case Doubt::AlreadyThere:
-      return QStringLiteral("már megvan a naplóban");
-    case Doubt::TwiceInFile:
-      return QStringLiteral("kétszer van a fájlban");
-    case Doubt::DayRunsBackwards:
-      return QStringLiteral("a dátum visszafelé halad");
-    case Doubt::DayInFuture:
-      return QStringLiteral("a dátum a jövőben van");
-    case Doubt::DayTooEarly:
-      return QStringLiteral("a dátum 1950 előtti");
-    case Doubt::OdometerFalls:
-      return QStringLiteral("a km óra csökken");
-    case Doubt::OdometerJumps:
-      return QStringLiteral("több mint 3000 km-t ugrik a km óra");
-    case Doubt::MoreThanTank:
-      return QStringLiteral("több liter, mint amennyi a tankba fér");
-    case Doubt::ConsumptionOdd:
-      return QStringLiteral("hihetetlen fogyasztás");
-    case Doubt::PriceOdd:
-      return QStringLiteral("hihetetlen literenkénti ár");
-    case Doubt::MissedBefore:
-      return QStringLiteral("előtte kimaradt egy tankolás: nincs fogyasztása");
-    case Doubt::LeftOutBefore:
-      return QStringLiteral("előtte egy sor kimarad: nincs fogyasztása");
-    case Doubt::UntickedBefore:
-      return QStringLiteral("az előtte álló nincs kijelölve: nincs fogyasztása");
-    case Doubt::NoConsumption:
-      return QStringLiteral("nem számolható fogyasztás: nincs megtett út");
-    case Doubt::OdometerTaken:
-      return QStringLiteral("nincs km óra állása: az előző bejegyzését kapja");
-    case Doubt::LettersDamaged:
-      return QStringLiteral("sérült betű van benne");
-    case Doubt::NoteCut:
-      return QStringLiteral("a megjegyzés vége elmarad: 50 betű fér el");
-    case Doubt::LettersLost:
-      return QStringLiteral("a megjegyzés egyes betűi helyén ? áll majd");
-    case Doubt::PartCut:
-      return QStringLiteral("az alkatrész nevének vége elmarad: 50 betű fér el");
-    case Doubt::PartLettersLost:
-      return QStringLiteral("az alkatrész nevének egyes betűi helyén ? áll majd");
-  }
-  return {};
-}
-
 QString wordsOf(const TextFile& file, const QString& name) {
   switch (file.fault) {
     case TextFile::Fault::TooLarge:
@@ -161,8 +116,30 @@ QString wordsOf(const LogTable& table, const QString& name) {
 }
 
 QString wordsOf(const std::set<Doubt>& doubts) {
+  static const QHash<Doubt, QString> kWords{
+      {Doubt::AlreadyThere, "már megvan a naplóban"},
+      {Doubt::TwiceInFile, "kétszer van a fájlban"},
+      {Doubt::DayRunsBackwards, "a dátum visszafelé halad"},
+      {Doubt::DayInFuture, "a dátum a jövőben van"},
+      {Doubt::DayTooEarly, "a dátum 1950 előtti"},
+      {Doubt::OdometerFalls, "a km óra csökken"},
+      {Doubt::OdometerJumps, "több mint 3000 km-t ugrik a km óra"},
+      {Doubt::MoreThanTank, "több liter, mint amennyi a tankba fér"},
+      {Doubt::ConsumptionOdd, "hihetetlen fogyasztás"},
+      {Doubt::PriceOdd, "hihetetlen literenkénti ár"},
+      {Doubt::MissedBefore, "előtte kimaradt egy tankolás: nincs fogyasztása"},
+      {Doubt::LeftOutBefore, "előtte egy sor kimarad: nincs fogyasztása"},
+      {Doubt::UntickedBefore, "az előtte álló nincs kijelölve: nincs fogyasztása"},
+      {Doubt::NoConsumption, "nem számolható fogyasztás: nincs megtett út"},
+      {Doubt::OdometerTaken, "nincs km óra állása: az előző bejegyzését kapja"},
+      {Doubt::LettersDamaged, "sérült betű van benne"},
+      {Doubt::NoteCut, "a megjegyzés vége elmarad: 50 betű fér el"},
+      {Doubt::LettersLost, "a megjegyzés egyes betűi helyén ? áll majd"},
+      {Doubt::PartCut, "az alkatrész nevének vége elmarad: 50 betű fér el"},
+      {Doubt::PartLettersLost, "az alkatrész nevének egyes betűi helyén ? áll majd"},
+  };
   QStringList words;
-  for (const Doubt doubt : doubts) words.append(wordsOf(doubt));
+  for (const Doubt doubt : doubts) words.append(kWords.value(doubt));
   return words.join(QStringLiteral("; "));
 }
 
@@ -174,42 +151,35 @@ bool isOdd(const std::set<Doubt>& doubts) {
 }
 
 QString wordsOf(const UnreadRow& row) {
+  using Why = UnreadRow::Why;
+  static const QHash<Why, QString> words{
+      {Why::NoDay, "nincs benne dátum"},
+      {Why::NoOdometer, "nincs benne km óra állás"},
+      {Why::FigureTooLarge, "túl nagy szám van benne"},
+      {Why::NothingInIt, "nincs benne tankolás, költség, megjegyzés"},
+      {Why::Total, "összesítő sor"},
+      {Why::TooManyCells, "több adat, mint oszlop: tizedesvessző lehet"},
+      {Why::Heads, "fejléc"},
+      {Why::Title, "cím"},
+      {Why::Comment, "megjegyzés a fájlban"},
+      {Why::BeforeTable, "a táblázat előtt áll"},
+      {Why::Empty, "üres sor"},
+  };
   switch (row.why) {
-    case UnreadRow::Why::NoDay:
-      return QStringLiteral("nincs benne dátum");
-    case UnreadRow::Why::DayNotUnderstood:
+    case Why::DayNotUnderstood:
       return QStringLiteral("nem érthető dátum: „%1”").arg(toQt(row.cell));
-    case UnreadRow::Why::NoOdometer:
-      return QStringLiteral("nincs benne km óra állás");
-    case UnreadRow::Why::FigureNotUnderstood:
+    case Why::FigureNotUnderstood:
       return QStringLiteral("nem érthető szám („%1” oszlop): „%2”").arg(toQt(row.head), toQt(row.cell));
-    case UnreadRow::Why::FigureTooLarge:
-      return QStringLiteral("túl nagy szám van benne");
-    case UnreadRow::Why::NothingInIt:
-      return QStringLiteral("nincs benne tankolás, költség, megjegyzés");
-    case UnreadRow::Why::OtherFuel:
+    case Why::OtherFuel:
       return QStringLiteral("nem literben mért üzemanyag: „%1”").arg(toQt(row.cell));
-    case UnreadRow::Why::Total:
-      return QStringLiteral("összesítő sor");
-    case UnreadRow::Why::TooManyCells:
-      return QStringLiteral("több adat, mint oszlop: tizedesvessző lehet");
-    case UnreadRow::Why::OtherVehicle:
+    case Why::OtherVehicle:
       return row.head.empty() ? QStringLiteral("más gépkocsié")
                               : QStringLiteral("más gépkocsié: „%1”").arg(toQt(row.head));
-    case UnreadRow::Why::OtherSection:
+    case Why::OtherSection:
       return QStringLiteral("más rész: „%1”").arg(toQt(row.head));
-    case UnreadRow::Why::Heads:
-      return QStringLiteral("fejléc");
-    case UnreadRow::Why::Title:
-      return QStringLiteral("cím");
-    case UnreadRow::Why::Comment:
-      return QStringLiteral("megjegyzés a fájlban");
-    case UnreadRow::Why::BeforeTable:
-      return QStringLiteral("a táblázat előtt áll");
-    case UnreadRow::Why::Empty:
-      return QStringLiteral("üres sor");
+    default:
+      return words.value(row.why);
   }
-  return {};
 }
 
 QString wordsOf(Meaning meaning) {
@@ -245,40 +215,25 @@ QString wordsOf(Meaning meaning) {
 }
 
 QString wordsOf(Question question, const Reading& reading) {
-  switch (question) {
-    case Question::DayColumn:
-      return QStringLiteral("Válaszd ki, melyik oszlop a dátum!");
-    case Question::OdometerColumn:
-      return QStringLiteral("Válaszd ki, melyik oszlop a km óra állása vagy a megtett út!");
-    case Question::VolumeColumn:
-      return QStringLiteral("Válaszd ki, melyik oszlop a tankolt mennyiség!");
-    case Question::DayOrder:
-      return QStringLiteral("Válaszd ki a dátumok sorrendjét!");
-    case Question::DecimalSign:
-      return QStringLiteral("Válaszd ki, vessző vagy pont a tizedesjel!");
-    case Question::DistanceUnit:
-      return QStringLiteral("Válaszd ki, kilométer vagy mérföld!");
-    case Question::VolumeUnit:
-      return QStringLiteral("Válaszd ki, liter vagy gallon!");
-    case Question::Gallon:
-      return QStringLiteral("Válaszd ki, milyen gallon van a fájlban!");
-    case Question::Price:
-      return QStringLiteral("Válaszd ki az ár oszlopa fölött, hogy az egész költség vagy egységár!");
-    case Question::UnknownColumn:
-      return QStringLiteral("Válaszd ki a(z) „%1” oszlop fölött, mit jelent; ha semmit, azt, hogy nem kell!")
-          .arg(unknownHead(reading));
-    case Question::FullWord:
-      return QStringLiteral("Válaszd ki, melyik szó jelenti, hogy tele lett a tank!");
-    case Question::Vehicle:
-      return QStringLiteral("Válaszd ki, melyik gépkocsi tankolásai kellenek!");
-    case Question::TripStart:
-      return QStringLiteral("Írd be a km óra állását!");
-    case Question::Currency:
-      return QStringLiteral("Válaszd ki, milyen pénzben vannak a költségek!");
-    case Question::Rate:
-      return QStringLiteral("Írd be, hány forint a fájl pénzneme!");
-  }
-  return {};
+  static const QHash<Question, QString> words{
+      {Question::DayColumn, "Válaszd ki, melyik oszlop a dátum!"},
+      {Question::OdometerColumn, "Válaszd ki, melyik oszlop a km óra állása vagy a megtett út!"},
+      {Question::VolumeColumn, "Válaszd ki, melyik oszlop a tankolt mennyiség!"},
+      {Question::DayOrder, "Válaszd ki a dátumok sorrendjét!"},
+      {Question::DecimalSign, "Válaszd ki, vessző vagy pont a tizedesjel!"},
+      {Question::DistanceUnit, "Válaszd ki, kilométer vagy mérföld!"},
+      {Question::VolumeUnit, "Válaszd ki, liter vagy gallon!"},
+      {Question::Gallon, "Válaszd ki, milyen gallon van a fájlban!"},
+      {Question::Price, "Válaszd ki az ár oszlopa fölött, hogy az egész költség vagy egységár!"},
+      {Question::UnknownColumn,
+       "Válaszd ki a(z) „%1” oszlop fölött, mit jelent; ha semmit, azt, hogy nem kell!"},
+      {Question::FullWord, "Válaszd ki, melyik szó jelenti, hogy tele lett a tank!"},
+      {Question::Vehicle, "Válaszd ki, melyik gépkocsi tankolásai kellenek!"},
+      {Question::TripStart, "Írd be a km óra állását!"},
+      {Question::Currency, "Válaszd ki, milyen pénzben vannak a költségek!"},
+      {Question::Rate, "Írd be, hány forint a fájl pénzneme!"},
+  };
+  return words.value(question).replace(QLatin1String("%1"), unknownHead(reading));
 }
 
 QString wordsOf(const exchange::VehicleRows& vehicle) {

@@ -16,9 +16,7 @@ namespace tarvik::ui {
 QString wordsOf(const TextFile& file, const QString& name);
 QString wordsOf(const exchange::LogTable& table, const QString& name);
 
-/// What was noticed of an entry.
-QString wordsOf(exchange::Doubt doubt);
-/// The same of all, one after the other; empty for nothing.
+/// What was noticed of an entry, one after the other; empty for nothing.
 QString wordsOf(const std::set<exchange::Doubt>& doubts);
 /// Whether it is a figure that is outside of what cars do, to be looked at.
 bool isOdd(const std::set<exchange::Doubt>& doubts);

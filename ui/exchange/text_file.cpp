@@ -1,5 +1,6 @@
 #include "ui/exchange/text_file.h"
 
+#include <QHash>
 #include <QStringDecoder>
 #include <algorithm>
 #include <array>
@@ -119,27 +120,18 @@ std::string decodedByQt(QStringConverter::Encoding encoding, const QByteArray& b
 }  // namespace
 
 QString nameOf(Encoding encoding) {
-  switch (encoding) {
-    case Encoding::Utf8:
-      return QStringLiteral("UTF-8");
-    case Encoding::Windows1250:
-      return QStringLiteral("közép-európai (Windows-1250)");
-    case Encoding::Windows1252:
-      return QStringLiteral("nyugat-európai (Windows-1252)");
-    case Encoding::Latin2:
-      return QStringLiteral("közép-európai (ISO 8859-2)");
-    case Encoding::Dos852:
-      return QStringLiteral("közép-európai (DOS 852)");
-    case Encoding::Windows1251:
-      return QStringLiteral("cirill (Windows-1251)");
-    case Encoding::Koi8:
-      return QStringLiteral("cirill (KOI8-R)");
-    case Encoding::Utf16Le:
-      return QStringLiteral("UTF-16 (LE)");
-    case Encoding::Utf16Be:
-      return QStringLiteral("UTF-16 (BE)");
-  }
-  return {};
+  static const QHash<Encoding, QString> names{
+      {Encoding::Utf8, "UTF-8"},
+      {Encoding::Windows1250, "közép-európai (Windows-1250)"},
+      {Encoding::Windows1252, "nyugat-európai (Windows-1252)"},
+      {Encoding::Latin2, "közép-európai (ISO 8859-2)"},
+      {Encoding::Dos852, "közép-európai (DOS 852)"},
+      {Encoding::Windows1251, "cirill (Windows-1251)"},
+      {Encoding::Koi8, "cirill (KOI8-R)"},
+      {Encoding::Utf16Le, "UTF-16 (LE)"},
+      {Encoding::Utf16Be, "UTF-16 (BE)"},
+  };
+  return names.value(encoding);
 }
 
 Encoding encodingOf(const QByteArray& bytes) {

