@@ -18,18 +18,11 @@
 namespace tarvik::ui {
 namespace {
 
-const FileKind& csvToWrite() {
-  static const FileKind kKind{QStringLiteral("Mentés CSV-fájlba"), QStringLiteral("CSV-fájl (*.csv)"),
-                              QStringLiteral("csv")};
-  return kKind;
-}
-
-const FileKind& csvToRead() {
-  static const FileKind kKind{QStringLiteral("Beolvasás CSV-fájlból"),
-                              QStringLiteral("CSV-fájl (*.csv *.txt *.tsv);;Minden fájl (*)"),
-                              QStringLiteral("csv")};
-  return kKind;
-}
+const FileKind kCsvToWrite{QStringLiteral("Mentés CSV-fájlba"), QStringLiteral("CSV-fájl (*.csv)"),
+                           QStringLiteral("csv")};
+const FileKind kCsvToRead{QStringLiteral("Beolvasás CSV-fájlból"),
+                          QStringLiteral("CSV-fájl (*.csv *.txt *.tsv);;Minden fájl (*)"),
+                          QStringLiteral("csv")};
 
 bool refuses(const QString& words, QWidget* parent) {
   if (words.isEmpty()) return false;
@@ -49,7 +42,7 @@ void tellOutcome(const ImportPreview& preview, QWidget* parent) {
 
 void saveCsvFile(Context& context, const QString& what, const std::string& bytes, QWidget* parent) {
   const QString name = datedName(what, context.clock.today()) + QStringLiteral(".csv");
-  saveDocument(context, csvToWrite(), name, parent, [&](OutputFile& file) {
+  saveDocument(context, kCsvToWrite, name, parent, [&](OutputFile& file) {
     file.write(bytes.data(), static_cast<qint64>(bytes.size()));
     return true;
   });
@@ -57,7 +50,7 @@ void saveCsvFile(Context& context, const QString& what, const std::string& bytes
 
 bool importCsvFile(Context& context, const std::string& plate, QWidget* parent,
                    const std::function<void()>& list) {
-  const QString path = askFileToRead(csvToRead(), parent);
+  const QString path = askFileToRead(kCsvToRead, parent);
   return !path.isEmpty() && importCsvFileAt(context, plate, path, parent, list);
 }
 

@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QScopedValueRollback>
@@ -20,17 +19,9 @@
 namespace tarvik::ui {
 namespace {
 
-std::vector<int> shownColumns(const ListView& list) {
-  std::vector<int> columns;
-  for (int column = 0; column < list.model()->columnCount(); ++column)
-    if (!list.isColumnHidden(column)) columns.push_back(column);
-  return columns;
-}
-
-std::vector<std::string> rowCells(const ListView& list, int row, const std::vector<int>& columns,
-                                  Figures figures) {
+std::vector<std::string> rowCells(const ListView& list, int row, Figures figures) {
   std::vector<std::string> cells;
-  for (const int column : columns) {
+  for (int column = 0; column < list.shownColumns(); ++column) {
     const QModelIndex index = list.model()->index(row, column);
     const QVariant copied = figures == Figures::AsCopied ? index.data(kCopiedRole) : QVariant();
     cells.push_back(toLogic((copied.isValid() ? copied : index.data()).toString().trimmed()));
@@ -38,19 +29,13 @@ std::vector<std::string> rowCells(const ListView& list, int row, const std::vect
   return cells;
 }
 
-bool opensMenu(const QKeyEvent& event) {
-  return event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier;
-}
-
 }  // namespace
 
 exchange::TextTable tableOf(const ListView& list, Figures figures) {
-  const std::vector<int> columns = shownColumns(list);
   exchange::TextTable table;
-  for (const int column : columns)
+  for (int column = 0; column < list.shownColumns(); ++column)
     table.heads.push_back(toLogic(list.model()->headerData(column, Qt::Horizontal).toString()));
-  for (int row = 0; row < list.model()->rowCount(); ++row)
-    table.rows.push_back(rowCells(list, row, columns, figures));
+  for (int row = 0; row < list.model()->rowCount(); ++row) table.rows.push_back(rowCells(list, row, figures));
   return table;
 }
 
@@ -85,17 +70,17 @@ void ListMenu::addAsking(const char* name, const QString& text, const std::funct
 bool ListMenu::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::ContextMenu) {
     const auto* menu = static_cast<QContextMenuEvent*>(event);
-    if (menu->reason() == QContextMenuEvent::Mouse)
-      openAt(menu->globalPos(), list_->indexAt(list_->viewport()->mapFromGlobal(menu->globalPos())));
+    const QPoint at = menu->globalPos();
+    if (menu->reason() != QContextMenuEvent::Mouse)
+      openBesideRow();
     else
-      openAt(besideRow(), {});
+      openAt(at, list_->indexAt(list_->viewport()->mapFromGlobal(at)));
     return true;
   }
-  if (watched == list_ && event->type() == QEvent::KeyPress && opensMenu(*static_cast<QKeyEvent*>(event))) {
-    openAt(besideRow(), {});
-    return true;
-  }
-  return QObject::eventFilter(watched, event);
+  const bool isByKeys = watched == list_ && event->type() == QEvent::KeyPress &&
+                        static_cast<QKeyEvent*>(event)->keyCombination() == (Qt::SHIFT | Qt::Key_F10);
+  if (isByKeys) openBesideRow();
+  return isByKeys;
 }
 
 void ListMenu::openAt(const QPoint& global, const QModelIndex& meant) {
@@ -104,16 +89,16 @@ void ListMenu::openAt(const QPoint& global, const QModelIndex& meant) {
 }
 
 // Where a menu opens that no pointer asked for: under the row where the keyboard stands.
-QPoint ListMenu::besideRow() const {
+void ListMenu::openBesideRow() {
   const QRect row = list_->visualRect(list_->currentIndex()).intersected(list_->viewport()->rect());
-  return list_->viewport()->mapToGlobal(row.isEmpty() ? QPoint() : row.bottomLeft());
+  openAt(list_->viewport()->mapToGlobal(row.isEmpty() ? QPoint() : row.bottomLeft()), {});
 }
 
 exchange::TextTable ListMenu::copiedTable() const {
   const QModelIndex chosen = list_->selectionModel()->selectedRows().value(0);
   const int only = underPointer_.isValid() ? underPointer_.row() : chosen.row();
   if (only < 0) return tableOf(*list_, Figures::AsCopied);
-  return {.heads = {}, .rows = {rowCells(*list_, only, shownColumns(*list_), Figures::AsCopied)}};
+  return {.heads = {}, .rows = {rowCells(*list_, only, Figures::AsCopied)}};
 }
 
 void ListMenu::copy() {

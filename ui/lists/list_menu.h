@@ -42,8 +42,8 @@ class ListMenu : public QObject {
   QAction* add(const char* name, const QString& text);
   void addAsking(const char* name, const QString& text, const std::function<void()>& act);
   void openAt(const QPoint& global, const QModelIndex& meant);
+  void openBesideRow();
   exchange::TextTable copiedTable() const;
-  QPoint besideRow() const;
   void copy();
 
   ListView* list_;

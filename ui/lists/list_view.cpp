@@ -49,20 +49,23 @@ QString ListView::highlightedRecord() const {
   return choice_->row() < 0 ? QString() : recordOfRow(*this, choice_->row());
 }
 
-void ListView::highlightRecord(int record) {
+int ListView::rowOf(int record) const {
   const QString wanted = QString::number(record);
   int row = model()->rowCount() - 1;
   while (row >= 0 && recordOfRow(*this, row) != wanted) --row;
-  choice_->highlight(row);
+  return row;
+}
+
+void ListView::highlightRecord(int record) {
+  choice_->highlight(rowOf(record));
 }
 
 bool ListView::markRecord(int record) {
-  const QString wanted = QString::number(record);
-  int row = model()->rowCount() - 1;
-  while (row >= 0 && recordOfRow(*this, row) != wanted) --row;
+  const int row = rowOf(record);
   if (row < 0) return false;
   scrollTo(model()->index(row, 0));
-  if (auto* delegate = qobject_cast<ListDelegate*>(itemDelegate())) delegate->mark(wanted, *this);
+  if (auto* delegate = qobject_cast<ListDelegate*>(itemDelegate()))
+    delegate->mark(QString::number(record), *this);
   return true;
 }
 

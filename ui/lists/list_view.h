@@ -47,6 +47,8 @@ class ListView : public QTreeView {
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
  private:
+  int rowOf(int record) const;
+
   RowChoice* choice_ = nullptr;
   bool isQtTelling_ = false;
 };

@@ -17,16 +17,11 @@
 namespace tarvik::ui {
 namespace {
 
-constexpr int kPatienceMilliseconds =
-    40;  // a print-out that takes longer shows its progress: the window lives on
+constexpr int kPatienceMilliseconds = 40;  // a longer print-out shows its progress: the window lives on
 
-QString commandTitle() {
-  return QStringLiteral("Listamező nyomtatása");
-}
-
-FileKind pdfFile() {
-  return {QStringLiteral("Mentés PDF-fájlba"), QStringLiteral("PDF-fájl (*.pdf)"), QStringLiteral("pdf")};
-}
+const QString kTitle = QStringLiteral("Listamező nyomtatása");
+const FileKind kPdf{QStringLiteral("Mentés PDF-fájlba"), QStringLiteral("PDF-fájl (*.pdf)"),
+                    QStringLiteral("pdf")};
 
 // Draws all pages; false when the person cancelled it. A page that is refused ends it early and is the
 // device's to tell.
@@ -38,7 +33,7 @@ bool drawDocument(const Document& document, const Sheets& sheets, QWidget* paren
   const QString cancel = sheets.canBeTakenBack ? QStringLiteral("Mégse") : QString();
   QProgressDialog progress(QStringLiteral("A lista oldalai készülnek..."), cancel, 0, document.pageCount(),
                            parent);
-  progress.setWindowTitle(commandTitle());
+  progress.setWindowTitle(kTitle);
   progress.setWindowModality(Qt::WindowModal);
   makeRoomForTitle(progress);
   progress.setMinimumDuration(kPatienceMilliseconds);
@@ -63,11 +58,11 @@ struct PrintOut {
 };
 
 void saveAsPdf(Context& context, const PrintOut& printOut, QWidget* parent) {
-  if (!ask(parent, commandTitle(), QStringLiteral("Nincs nyomtató ezen a gépen.\nElmented PDF-fájlba?"),
+  if (!ask(parent, kTitle, QStringLiteral("Nincs nyomtató ezen a gépen.\nElmented PDF-fájlba?"),
            DefaultAnswer::Yes))
     return;
   const QString name = datedName(printOut.file, context.clock.today()) + QStringLiteral(".pdf");
-  saveDocument(context, pdfFile(), name, parent,
+  saveDocument(context, kPdf, name, parent,
                [&](OutputFile& file) { return drawPdf(file, printOut.title, printOut.draw); });
 }
 
@@ -87,7 +82,7 @@ bool refusesEmpty(bool isEmpty, QWidget* parent) {
 }
 
 std::optional<QString> askHeading(QWidget* parent) {
-  return askText(parent, commandTitle(), QStringLiteral("Kérem adja meg a fejléc szövegét..."));
+  return askText(parent, kTitle, QStringLiteral("Kérem adja meg a fejléc szövegét..."));
 }
 
 // Of a vehicle, under the name of a file.

@@ -1,6 +1,5 @@
 #include <QFile>
 #include <QLibrary>
-#include <QPrinterInfo>
 
 #include "ui/print/print_system.h"
 
@@ -40,12 +39,6 @@ class CupsLibrary {
 
 class CupsPrintSystem final : public PdfPrintSystem {
  public:
-  QString printer() override {
-    const QString byDefault = QPrinterInfo::defaultPrinterName();
-    if (!byDefault.isEmpty()) return byDefault;
-    return QPrinterInfo::availablePrinterNames().value(0);
-  }
-
   QString send(const QString& printer, const QString& file, const QString& title) override {
     const CupsLibrary cups;
     if (!cups.isUsable()) return cups.errorString();

@@ -1,6 +1,7 @@
 #include "ui/print/print_system.h"
 
 #include <QPdfWriter>
+#include <QPrinterInfo>
 #include <QTemporaryDir>
 
 #include "ui/base/text.h"
@@ -11,6 +12,11 @@ bool drawPdf(OutputFile& file, const QString& title, const DrawDocument& draw) {
   QPdfWriter writer(&file);
   writer.setTitle(title);
   return draw({.device = writer, .isRefused = [&file] { return file.hasFailed(); }});
+}
+
+QString PrintSystem::printer() {
+  const QString byDefault = QPrinterInfo::defaultPrinterName();
+  return byDefault.isEmpty() ? QPrinterInfo::availablePrinterNames().value(0) : byDefault;
 }
 
 QString PdfPrintSystem::print(const QString& printer, const QString& title, core::FileSystem& files,

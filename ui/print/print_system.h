@@ -31,7 +31,7 @@ class PrintSystem {
   virtual ~PrintSystem() = default;
 
   /// The name of the default printer, or of the first one where none is the default; empty without any.
-  virtual QString printer() = 0;
+  virtual QString printer();
 
   /// Prints a document. Returns empty when it was taken or the person cancelled it, otherwise why not, in the
   /// system's own words. Throws Failure for a file that could not be written on the way.

@@ -46,12 +46,6 @@ class LoggedRefusal {
 // Printing where the system takes drawing, sheet by sheet. Qt cannot take a sheet back here.
 class WindowsPrintSystem final : public PrintSystem {
  public:
-  QString printer() override {
-    const QString byDefault = QPrinterInfo::defaultPrinterName();
-    if (!byDefault.isEmpty()) return byDefault;
-    return QPrinterInfo::availablePrinterNames().value(0);
-  }
-
   QString print(const QString& printer, const QString& title, core::FileSystem&,
                 const DrawDocument& draw) override {
     QPrinter device(QPrinterInfo::printerInfo(printer), QPrinter::HighResolution);

@@ -76,12 +76,6 @@ class ListMenuTest : public QObject {
   static std::string clipboard() { return ui::toLogic(QGuiApplication::clipboard()->text()); }
 
  private slots:
-  void theLogbookListHasItsItems() {
-    Screen screen;
-    QCOMPARE(itemsOf(*screen.list()),
-             (QStringList{"Másolás", "Mentés CSV-fájlba…", "Beolvasás CSV-fájlból…", "Keresés…"}));
-  }
-
   void theMenuOpensByMouseMenuKeyAndShiftF10() {
     Screen screen;
     int opened = 0;

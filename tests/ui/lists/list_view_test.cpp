@@ -3,7 +3,6 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QLabel>
-#include <QPainter>
 #include <QRegularExpression>
 #include <QTest>
 #include <QToolTip>
@@ -130,20 +129,6 @@ class ListViewTest : public QObject {
     QCOMPARE(list.view.minimumWidth(), list.view.columnWidth(1) + head + bar + 2 * list.view.frameWidth());
     QCOMPARE(list.view.minimumHeight(),
              list.view.header()->sizeHint().height() + 3 * rowHeight() + 2 * list.view.frameWidth());
-  }
-
-  void aWiderFrameTakesItsRoomOnBothSides() {
-    test::dressOnce();
-    TextListModel model({"Szöveg", "Km"});
-    ListView view;
-    view.setModel(&model);
-    view.setFrameStyle(QFrame::Box | QFrame::Plain);
-    view.setLineWidth(5);
-    layOutList(view, {"9", "9"});
-    const int columns = view.header()->sectionSizeHint(0) + view.header()->sectionSizeHint(1);
-    const int bar = view.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    QCOMPARE(view.minimumWidth(), columns + bar + 2 * 5);
-    QCOMPARE(view.minimumHeight(), view.header()->sizeHint().height() + 3 * rowHeight() + 2 * 5);
   }
 
   void aColumnIsNotNarrowerThanItsHead() {
