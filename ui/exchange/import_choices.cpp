@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QFormLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <algorithm>
 
@@ -71,100 +72,116 @@ ImportChoices::ImportChoices(QWidget* parent) : QWidget(parent), form_(new QForm
   form_->setContentsMargins({});
   form_->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
   form_->setRowWrapPolicy(QFormLayout::WrapLongRows);
-  vehicle_ = addBox("cmbJarmu", QStringLiteral("Gépk&ocsi:"), {});
-  days_ = addBox(
-      "cmbNapok", QStringLiteral("&Dátumok sorrendje:"),
-      {QStringLiteral("nap, hónap, év"), QStringLiteral("hónap, nap, év"), QStringLiteral("év, hónap, nap")});
-  distance_ = addBox("cmbTavolsag", QStringLiteral("&Távolság:"),
-                     {QStringLiteral("kilométer"), QStringLiteral("mérföld (1,609 km)")});
-  volume_ = addBox("cmbMennyiseg", QStringLiteral("M&ennyiség:"),
-                   {QStringLiteral("liter"), QStringLiteral("amerikai gallon (3,785 liter)"),
-                    QStringLiteral("angol gallon (4,546 liter)")});
-  setUpTrips();
-  fullWord_ = addBox("cmbTele", QStringLiteral("Te&le tank szava:"), {});
-  currency_ = addBox("cmbPenznem", QStringLiteral("&Pénznem:"), moneyNames());
-  setUpRates();
-  place_ = addBox("cmbHely", QStringLiteral("&Helye a naplóban:"),
-                  {QStringLiteral("nap szerint a helyére"), QStringLiteral("a napló végére")});
-  place_->setCurrentIndex(0);
-  sign_ = addBox("cmbTizedes", QStringLiteral("Ti&zedesjel:"),
-                 {QStringLiteral("vessző (40,5)"), QStringLiteral("pont (40.5)")});
-  separator_ = addBox("cmbElvalaszto", QStringLiteral("Elvála&sztó:"),
-                      {QStringLiteral("pontosvessző"), QStringLiteral("vessző"), QStringLiteral("tabulátor"),
-                       QStringLiteral("függőleges vonal")});
-  QStringList encodings;
-  for (int i = 0; i < kEncodings; ++i) encodings.append(nameOf(static_cast<Encoding>(i)));
-  encoding_ = addBox("cmbKodolas", QStringLiteral("&Kódolás:"), encodings);
-  listen();
+  addUnits();
+  addWords();
+  addMoney();
+  addShape();
+  fields_ = {{Question::Vehicle, vehicle_},       {Question::DayOrder, days_},
+             {Question::DistanceUnit, distance_}, {Question::VolumeUnit, volume_},
+             {Question::Gallon, volume_},         {Question::TripStart, tripReading_},
+             {Question::FullWord, fullWord_},     {Question::Currency, currency_},
+             {Question::Rate, rates_.front()},    {Question::DecimalSign, sign_}};
+  isShowing_ = false;
 }
 
-QComboBox* ImportChoices::addBox(const char* name, const QString& label, const QStringList& items) {
+void ImportChoices::addUnits() {
+  vehicle_ = addAnswer("cmbJarmu", QStringLiteral("Gépk&ocsi:"), {},
+                       [this](int index) { choices_.vehicle = static_cast<std::size_t>(index); });
+  days_ = addAnswer(
+      "cmbNapok", QStringLiteral("&Dátumok sorrendje:"),
+      {QStringLiteral("nap, hónap, év"), QStringLiteral("hónap, nap, év"), QStringLiteral("év, hónap, nap")},
+      [this](int index) { choices_.dayOrder = static_cast<exchange::DayOrder>(index); });
+  distance_ =
+      addAnswer("cmbTavolsag", QStringLiteral("&Távolság:"),
+                {QStringLiteral("kilométer"), QStringLiteral("mérföld (1,609 km)")},
+                [this](int index) { choices_.distance = static_cast<exchange::DistanceUnit>(index); });
+  volume_ = addAnswer("cmbMennyiseg", QStringLiteral("M&ennyiség:"),
+                      {QStringLiteral("liter"), QStringLiteral("amerikai gallon (3,785 liter)"),
+                       QStringLiteral("angol gallon (4,546 liter)")},
+                      [this](int index) { choices_.volume = static_cast<exchange::VolumeUnit>(index); });
+}
+
+void ImportChoices::addWords() {
+  tripStart_ = addAnswer("cmbKmKezdet", QStringLiteral("Km ó&ra állása:"),
+                         {QStringLiteral("az első tankolás előtt"), QStringLiteral("az utolsó tankoláskor")},
+                         [](int) {});
+  tripStart_->setCurrentIndex(0);
+  tripReading_ = addField("txKmKezdet", QStringLiteral("E&nnyit mutatott, km:"));
+  fullWord_ = addAnswer("cmbTele", QStringLiteral("Te&le tank szava:"), {}, [this](int index) {
+    choices_.fullWord = toLogic(fullWord_->itemData(index).toString());
+  });
+}
+
+void ImportChoices::addMoney() {
+  currency_ = addAnswer("cmbPenznem", QStringLiteral("&Pénznem:"), moneyNames(),
+                        [this](int index) { choices_.currency = kMoney[index].code; });
+  rates_.push_back(addField("txValto", QStringLiteral("&Váltószám:")));
+  for (int i = 1; i < kMostRates; ++i)
+    rates_.push_back(addField(QStringLiteral("txValto_%1").arg(i), QStringLiteral("&Váltószám:")));
+}
+
+void ImportChoices::addShape() {
+  place_ = addBox("cmbHely", QStringLiteral("&Helye a naplóban:"),
+                  {QStringLiteral("nap szerint a helyére"), QStringLiteral("a napló végére")},
+                  [this](int) { emit placeChanged(); });
+  place_->setCurrentIndex(0);
+  sign_ = addAnswer("cmbTizedes", QStringLiteral("Ti&zedesjel:"),
+                    {QStringLiteral("vessző (40,5)"), QStringLiteral("pont (40.5)")},
+                    [this](int index) { choices_.sign = static_cast<exchange::DecimalSign>(index); });
+  separator_ = addBox("cmbElvalaszto", QStringLiteral("Elvála&sztó:"),
+                      {QStringLiteral("pontosvessző"), QStringLiteral("vessző"), QStringLiteral("tabulátor"),
+                       QStringLiteral("függőleges vonal")},
+                      [this](int) { emit shapeChanged(); });
+  QStringList encodings;
+  for (int i = 0; i < kEncodings; ++i) encodings.append(nameOf(static_cast<Encoding>(i)));
+  encoding_ =
+      addBox("cmbKodolas", QStringLiteral("&Kódolás:"), encodings, [this](int) { emit shapeChanged(); });
+}
+
+// The label's name is the field's, with lb for the letters of its kind.
+void ImportChoices::addRow(const QString& name, int kindLetters, const QString& label, QWidget* field) {
+  field->setObjectName(name);
+  auto* text = new QLabel(label, this);
+  text->setObjectName(QStringLiteral("lb") + name.mid(kindLetters));
+  text->setBuddy(field);
+  form_->addRow(text, field);
+}
+
+QComboBox* ImportChoices::addBox(const QString& name, const QString& label, const QStringList& items,
+                                 const std::function<void(int)>& chosen) {
   auto* box = new QComboBox(this);
-  box->setObjectName(QString::fromLatin1(name));
   box->setPlaceholderText(QStringLiteral("Válaszd ki!"));
   box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   box->addItems(items);
   box->setCurrentIndex(-1);
-  auto* text = new QLabel(label, this);
-  text->setObjectName(QStringLiteral("lb") + box->objectName().mid(3));
-  text->setBuddy(box);
-  form_->addRow(text, box);
+  connect(box, &QComboBox::currentIndexChanged, this, [this, chosen](int index) {
+    if (!isShowing_) chosen(index);
+  });
+  addRow(name, 3, label, box);
   return box;
 }
 
-QLineEdit* ImportChoices::addField(const char* name, const QString& label) {
-  auto* field = new QLineEdit(this);
-  field->setObjectName(QString::fromLatin1(name));
-  field->setProperty("longest", QStringLiteral("9999999,99"));
-  field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  auto* text = new QLabel(label, this);
-  text->setObjectName(QStringLiteral("lb") + field->objectName().mid(2));
-  text->setBuddy(field);
-  form_->addRow(text, field);
-  return field;
-}
-
-void ImportChoices::setUpRates() {
-  for (int i = 0; i < kMostRates; ++i) {
-    const QString name = i == 0 ? QStringLiteral("txValto") : QStringLiteral("txValto_%1").arg(i);
-    rates_.push_back(addField(name.toLatin1().constData(), QStringLiteral("&Váltószám:")));
-  }
-}
-
-void ImportChoices::setUpTrips() {
-  tripStart_ = addBox("cmbKmKezdet", QStringLiteral("Km ó&ra állása:"),
-                      {QStringLiteral("az első tankolás előtt"), QStringLiteral("az utolsó tankoláskor")});
-  tripStart_->setCurrentIndex(0);
-  tripReading_ = addField("txKmKezdet", QStringLiteral("E&nnyit mutatott, km:"));
-}
-
-void ImportChoices::listen() {
-  for (QComboBox* box : {vehicle_, days_, distance_, volume_, fullWord_, currency_, sign_, tripStart_})
-    connect(box, &QComboBox::currentIndexChanged, this, &ImportChoices::chosen);
-  for (QLineEdit* field : rates_) connect(field, &QLineEdit::textChanged, this, &ImportChoices::chosen);
-  connect(tripReading_, &QLineEdit::textChanged, this, &ImportChoices::chosen);
-  for (QComboBox* box : {encoding_, separator_})
-    connect(box, &QComboBox::currentIndexChanged, this, [this] {
-      if (!isShowing_) emit shapeChanged();
-    });
-  connect(place_, &QComboBox::currentIndexChanged, this, [this] {
-    if (!isShowing_) emit placeChanged();
+// Only the field that was changed is an answer; what the others show was found out.
+QComboBox* ImportChoices::addAnswer(const QString& name, const QString& label, const QStringList& items,
+                                    const std::function<void(int)>& take) {
+  return addBox(name, label, items, [this, take](int index) {
+    if (index >= 0) take(index);
+    takeTyped();
   });
 }
 
-// Only the field that was changed is an answer; what the others show was found out.
-void ImportChoices::chosen() {
-  if (isShowing_) return;
-  const QObject* field = sender();
-  const auto* box = qobject_cast<const QComboBox*>(field);
-  const int index = box == nullptr ? -1 : box->currentIndex();
-  if (box == days_ && index >= 0) choices_.dayOrder = static_cast<exchange::DayOrder>(index);
-  if (box == distance_ && index >= 0) choices_.distance = static_cast<exchange::DistanceUnit>(index);
-  if (box == volume_ && index >= 0) choices_.volume = static_cast<exchange::VolumeUnit>(index);
-  if (box == sign_ && index >= 0) choices_.sign = static_cast<exchange::DecimalSign>(index);
-  if (box == vehicle_ && index >= 0) choices_.vehicle = static_cast<std::size_t>(index);
-  if (box == currency_ && index >= 0) choices_.currency = kMoney[index].code;
-  if (box == fullWord_ && index >= 0) choices_.fullWord = toLogic(box->currentData().toString());
+QLineEdit* ImportChoices::addField(const QString& name, const QString& label) {
+  auto* field = new QLineEdit(this);
+  field->setProperty("longest", QStringLiteral("9999999,99"));
+  field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  connect(field, &QLineEdit::textChanged, this, [this] {
+    if (!isShowing_) takeTyped();
+  });
+  addRow(name, 2, label, field);
+  return field;
+}
+
+void ImportChoices::takeTyped() {
   takeTrip();
   takeRates();
   emit choiceChanged();
@@ -266,32 +283,6 @@ FileShape ImportChoices::shape() const {
 
 exchange::Place ImportChoices::place() const {
   return place_->currentIndex() == 1 ? exchange::Place::AtEnd : exchange::Place::InOrder;
-}
-
-QWidget* ImportChoices::fieldOf(Question question) const {
-  switch (question) {
-    case Question::DayOrder:
-      return days_;
-    case Question::DecimalSign:
-      return sign_;
-    case Question::DistanceUnit:
-      return distance_;
-    case Question::VolumeUnit:
-    case Question::Gallon:
-      return volume_;
-    case Question::FullWord:
-      return fullWord_;
-    case Question::Vehicle:
-      return vehicle_;
-    case Question::TripStart:
-      return tripReading_;
-    case Question::Currency:
-      return currency_;
-    case Question::Rate:
-      return rates_.front();
-    default:
-      return nullptr;
-  }
 }
 
 }  // namespace tarvik::ui

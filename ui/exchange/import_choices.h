@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QLabel>
+#include <QHash>
 #include <QWidget>
+#include <functional>
 #include <vector>
 
 #include "exchange/import_plan.h"
@@ -35,7 +36,7 @@ class ImportChoices : public QWidget {
   FileShape shape() const;
   exchange::Place place() const;
   /// The field that answers a question; null where it is answered over a column.
-  QWidget* fieldOf(exchange::Question question) const;
+  QWidget* fieldOf(exchange::Question question) const { return fields_.value(question); }
 
  signals:
   /// Another encoding or separator was chosen.
@@ -46,12 +47,17 @@ class ImportChoices : public QWidget {
   void placeChanged();
 
  private:
-  QComboBox* addBox(const char* name, const QString& label, const QStringList& items);
-  QLineEdit* addField(const char* name, const QString& label);
-  void setUpRates();
-  void setUpTrips();
-  void listen();
-  void chosen();
+  void addUnits();
+  void addWords();
+  void addMoney();
+  void addShape();
+  void addRow(const QString& name, int kindLetters, const QString& label, QWidget* field);
+  QComboBox* addBox(const QString& name, const QString& label, const QStringList& items,
+                    const std::function<void(int)>& chosen);
+  QComboBox* addAnswer(const QString& name, const QString& label, const QStringList& items,
+                       const std::function<void(int)>& take);
+  QLineEdit* addField(const QString& name, const QString& label);
+  void takeTyped();
   void takeTrip();
   void takeRates();
   void showUnits(const exchange::Reading& reading);
@@ -76,7 +82,8 @@ class ImportChoices : public QWidget {
   QComboBox* separator_;
   exchange::Choices choices_;
   exchange::Reading reading_;
-  bool isShowing_ = false;
+  QHash<exchange::Question, QWidget*> fields_;  // that answer them
+  bool isShowing_ = true;                       // the fields change by the program, not by a person
 };
 
 }  // namespace tarvik::ui

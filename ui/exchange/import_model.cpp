@@ -195,7 +195,7 @@ QString ImportModel::text(const UnreadRow& unread, int column) const {
   }
 }
 
-// What is left out stands in slanted letters, a figure to be looked at in the colour of what is overdue.
+// What is left out is in italics, a figure to be looked at in the colour of what is overdue.
 QVariant ImportModel::look(const QModelIndex& index, int role) const {
   const PlannedEntry* planned = entryOf(index);
   if (role == kOverdueRole)

@@ -10,6 +10,7 @@
 #include "core/record_file.h"
 #include "ui/base/change.h"
 #include "ui/base/guarded.h"
+#include "ui/base/handlers.h"
 #include "ui/base/text.h"
 #include "ui/exchange/import_words.h"
 #include "ui/lists/list_delegate.h"
@@ -35,7 +36,8 @@ ImportPreview::ImportPreview(Context& context, ImportSource source, QWidget* par
       rows_(new ImportModel(this)) {
   ui_->setupUi(this);
   makeAccessible(*this);
-  setUpList();
+  ui_->ListViewBejegyzesek->setModel(rows_);
+  layOutList(*ui_->ListViewBejegyzesek, ImportModel::longestTexts(), ListDelegate::Ticks::Boxes);
   shape_.encoding = encodingOf(source_.bytes);
   table_ = exchange::readTable(decodedText(source_.bytes, shape_.encoding));
   shape_.separator = table_.shape.separator;
@@ -49,27 +51,17 @@ ImportPreview::ImportPreview(Context& context, ImportSource source, QWidget* par
 
 ImportPreview::~ImportPreview() = default;
 
-void ImportPreview::setUpList() {
-  ui_->ListViewBejegyzesek->setModel(rows_);
-  layOutList(*ui_->ListViewBejegyzesek, ImportModel::longestTexts(), ListDelegate::Ticks::Boxes);
-}
-
 void ImportPreview::listen() {
-  connect(ui_->cmdAtvesz, &QPushButton::clicked, this, &ImportPreview::takeOver);
+  onClick(this, ui_->cmdAtvesz, &ImportPreview::takeOver);
   connect(ui_->cmdMegsem, &QPushButton::clicked, this, &QDialog::reject);
-  connect(ui_->cmdMind, &QPushButton::clicked, this,
-          [this] { guarded(this, [this] { rows_->tickAll(true); }); });
-  connect(ui_->cmdEgyikSem, &QPushButton::clicked, this,
-          [this] { guarded(this, [this] { rows_->tickAll(false); }); });
+  onClick(this, ui_->cmdMind, &ImportPreview::tickAll);
+  onClick(this, ui_->cmdEgyikSem, &ImportPreview::tickNone);
   connect(rows_, &ImportModel::ticksChanged, this, &ImportPreview::showState);
   connect(ui_->oszlopok, &ImportColumns::meaningChosen, this,
           [this](int column, int meaning) { guarded(this, [&] { chooseMeaning(column, meaning); }); });
-  connect(ui_->valasztasok, &ImportChoices::choiceChanged, this,
-          [this] { guarded(this, [this] { understand(); }); });
-  connect(ui_->valasztasok, &ImportChoices::placeChanged, this,
-          [this] { guarded(this, [this] { planAgain(); }); });
-  connect(ui_->valasztasok, &ImportChoices::shapeChanged, this,
-          [this] { guarded(this, [this] { readFile(); }); });
+  onSignal(ui_->valasztasok, &ImportChoices::choiceChanged, this, &ImportPreview::understand);
+  onSignal(ui_->valasztasok, &ImportChoices::placeChanged, this, &ImportPreview::planAgain);
+  onSignal(ui_->valasztasok, &ImportChoices::shapeChanged, this, &ImportPreview::readFile);
 }
 
 // Wide enough for what is noticed of an entry, as far as the display goes.

@@ -44,7 +44,6 @@ class ImportPreview : public QDialog {
   int changedEntries() const { return changedEntries_; }
 
  private:
-  void setUpList();
   void listen();
   QSize wantedSize() const;
   void readFile();
@@ -58,6 +57,8 @@ class ImportPreview : public QDialog {
   void showSums();
   void focusQuestion();
   QString missing() const;
+  void tickAll() { rows_->tickAll(true); }
+  void tickNone() { rows_->tickAll(false); }
   void takeOver();
 
   std::unique_ptr<Ui::ImportPreview> ui_;

@@ -4,8 +4,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTabWidget>
-#include <QToolTip>
 #include <QTreeView>
 #include <QtTest>
 #include <filesystem>
@@ -24,7 +22,6 @@
 
 using namespace tarvik;
 using test::BoxScript;
-using test::errorBox;
 using test::fuelling;
 using test::onNextDialog;
 
@@ -32,9 +29,7 @@ namespace {
 
 constexpr const char* kPlate = "ABC-123";
 constexpr const char* kFile = "ABC-123/napiadat.dat";
-constexpr auto kNothing = "\n\nSemmi sem változott.";
-
-const QString kError = QStringLiteral(" H i b a !");
+using Preview = ui::ImportPreview;
 
 // Two fill-ups in kilometres, litres and forints.
 const std::string kForintLog =
@@ -75,15 +70,15 @@ class ImportPreviewTest : public QObject {
     }
     // Reads a file of that text in and lets the box at the end go; act is what the person does in the
     // preview.
-    bool take(const std::string& text, std::function<void(ui::ImportPreview&)> act) {
+    bool take(const std::string& text, std::function<void(Preview&)> act) {
       BoxScript boxes({QMessageBox::Ok});
       const bool isTaken = read(text, std::move(act));
       told = boxes.seen.isEmpty() ? QString() : boxes.seen.last().text;
       return isTaken;
     }
-    bool read(const std::string& text, std::function<void(ui::ImportPreview&)> act = {}) {
+    bool read(const std::string& text, std::function<void(Preview&)> act = {}) {
       desk.current.write("log.csv", text);
-      if (act) onNextDialog<ui::ImportPreview>(std::move(act));
+      if (act) onNextDialog<Preview>(std::move(act));
       bool isTaken = false;
       ui::guarded(nullptr, [&] {
         isTaken =
@@ -97,15 +92,23 @@ class ImportPreviewTest : public QObject {
     QString told;  // by the box at the end
   };
 
-  static QPushButton* button(ui::ImportPreview& preview) {
-    return test::part<QPushButton>(preview, "cmdAtvesz");
+  static QPushButton* button(const Preview& preview) { return test::part<QPushButton>(preview, "cmdAtvesz"); }
+  static void takeOver(const Preview& preview) { test::press(*button(preview)); }
+  static QString label(const Preview& preview, const char* name) {
+    return test::part<QLabel>(preview, name)->text();
   }
-  static QString state(ui::ImportPreview& preview) { return test::part<QLabel>(preview, "lbState")->text(); }
-  static QAbstractItemModel* list(ui::ImportPreview& preview, const char* name) {
-    return test::part<QTreeView>(preview, name)->model();
+  static QString state(const Preview& preview) { return label(preview, "lbState"); }
+  static QAbstractItemModel* rowsOf(const Preview& preview) {
+    return test::part<QTreeView>(preview, "ListViewBejegyzesek")->model();
   }
-  static void choose(ui::ImportPreview& preview, const char* name, int index) {
-    test::part<QComboBox>(preview, name)->setCurrentIndex(index);
+  static QComboBox* box(const Preview& preview, const char* name) {
+    return test::part<QComboBox>(preview, name);
+  }
+  static void choose(const Preview& preview, const char* name, int index) {
+    box(preview, name)->setCurrentIndex(index);
+  }
+  static void type(const Preview& preview, const char* name, const QString& text) {
+    test::typeInto(*test::part<QLineEdit>(preview, name), text);
   }
   static QString row(const QAbstractItemModel* model, int number, int columns) {
     QStringList cells;
@@ -120,8 +123,8 @@ class ImportPreviewTest : public QObject {
     desk.program.makeFolder("ABC%2");
     desk.current.write("50%3&x.csv", "Dátum;Km óra;Liter;Költség (Ft)\n2024.01.05.;1000;40,5;24300\n");
     QString shown;
-    onNextDialog<ui::ImportPreview>([&](ui::ImportPreview& preview) {
-      shown = test::part<QLabel>(preview, "lbFile")->text();
+    onNextDialog<Preview>([&](Preview& preview) {
+      shown = label(preview, "lbFile");
       preview.close();
     });
     ui::guarded(nullptr, [&] {
@@ -132,419 +135,371 @@ class ImportPreviewTest : public QObject {
 
   void ctrlCInItsListAsksForNoRowThatIsNotThere() {
     QTest::failOnWarning(QRegularExpression("QModelIndex"));
-    Import import;
-    import.read(kForintLog, [](ui::ImportPreview& preview) {
+    Import csv;
+    csv.read(kForintLog, [](Preview& preview) {
       auto* const list = test::part<QTreeView>(preview, "ListViewBejegyzesek");
-    list->setCurrentIndex({});
-    QTest::keyClick(list, Qt::Key_C, Qt::ControlModifier);
-    preview.close();
-  });
-}
+      list->setCurrentIndex({});
+      QTest::keyClick(list, Qt::Key_C, Qt::ControlModifier);
+      preview.close();
+    });
+  }
 
   void thePreviewOpensNineTenthsOfTheDisplayHigh() {
-  Import import;
-  import.writeLogbook({});
-  QVERIFY(!import.read(kForintLog, [&](ui::ImportPreview& preview) {
-    const int display = preview.screen()->availableGeometry().height();
-    QCOMPARE(preview.height(), std::max(preview.sizeHint().height(), display * 9 / 10));
-    preview.reject();
-  }));
-}
+    Import csv;
+    QVERIFY(!csv.read(kForintLog, [&](Preview& preview) {
+      const int display = preview.screen()->availableGeometry().height();
+      QCOMPARE(preview.height(), std::max(preview.sizeHint().height(), display * 9 / 10));
+      preview.reject();
+    }));
+  }
 
-void whatIsTickedComesIntoTheLogbookAndIsTold() {
-  Import import;
-  const core::NapiAdat old = fuelling({2011, 12, 1}, 600, 400'000, true);
-  import.writeLogbook({old});
-  QVERIFY(import.take(kForintLog, [&](ui::ImportPreview& preview) {
-    const auto* rows = list(preview, "ListViewBejegyzesek");
-    QCOMPARE(row(rows, 0, 9),
-             QStringLiteral("|||||||Dátum | Km óra | Liter | Költség (Ft) | Tele | Megjegyzés|"
-                            "kimarad: fejléc"));
-    QCOMPARE(row(rows, 1, 9), QStringLiteral("2012.01.05.|1000|40,50|400|X||24 300|első|"));
-    QCOMPARE(row(rows, 2, 7), QStringLiteral("2012.01.19.|1500|30,00|500|X|6,00|18 000"));
-    QCOMPARE(state(preview), QStringLiteral("Kijelölve: 2 bejegyzés"));
-    QCOMPARE(import.stored().size(), 1U);
-    test::press(*button(preview));
-  }));
-  QCOMPARE(import.told, QStringLiteral("2 bejegyzés került a naplóba."));
-  const auto entries = import.stored();
-  QCOMPARE(entries.size(), 3U);
-  QVERIFY(entries[0] == old);
-  QCOMPARE(entries[1].KmOra, 1000);
-  QCOMPARE(entries[2].Fogyasztas.tenThousandths, 60'000);  // 30 litres over 500 km
-  QVERIFY(!import.desk.program.has("Gumik.dat"));
-}
+  void whatIsTickedComesIntoTheLogbookAndIsTold() {
+    Import csv;
+    const core::NapiAdat old = fuelling({2011, 12, 1}, 600, 400'000, true);
+    csv.writeLogbook({old});
+    QVERIFY(csv.take(kForintLog, [&](Preview& preview) {
+      const auto* rows = rowsOf(preview);
+      QCOMPARE(row(rows, 0, 9),
+               QStringLiteral("|||||||Dátum | Km óra | Liter | Költség (Ft) | Tele | Megjegyzés|"
+                              "kimarad: fejléc"));
+      QCOMPARE(row(rows, 1, 9), QStringLiteral("2012.01.05.|1000|40,50|400|X||24 300|első|"));
+      QCOMPARE(row(rows, 2, 7), QStringLiteral("2012.01.19.|1500|30,00|500|X|6,00|18 000"));
+      QCOMPARE(state(preview), QStringLiteral("Kijelölve: 2 bejegyzés"));
+      QCOMPARE(csv.stored().size(), 1U);
+      takeOver(preview);
+    }));
+    QCOMPARE(csv.told, QStringLiteral("2 bejegyzés került a naplóba."));
+    const auto entries = csv.stored();
+    QCOMPARE(entries.size(), 3U);
+    QVERIFY(entries[0] == old);
+    QCOMPARE(entries[1].KmOra, 1000);
+    QCOMPARE(entries[2].Fogyasztas.tenThousandths, 60'000);  // 30 litres over 500 km
+    QVERIFY(!csv.desk.program.has("Gumik.dat"));
+  }
 
-// 70.5 litres for 42,300 Ft: 600 Ft a litre; without the first fill 30 litres over 500 km.
-void oneLineSaysWhatWillComeOfItBesideTheLogbook() {
-  Import import;
-  import.writeLogbook({});
-    import.read(kForintLog, [](ui::ImportPreview& preview) {
-      QCOMPARE(test::part<QLabel>(preview, "lbOsszeg")->text(),
-               QStringLiteral("A fájlból:  2 bejegyzés  ·  2012.01.05.–2012.01.19.  ·  500 km  ·  70,50 l  ·  "
-                              "6,00 l/100 km  ·  600 Ft/l  ·  42 300 Ft"));
-    QCOMPARE(test::part<QLabel>(preview, "lbOsszegNaplo")->text(),
-             QStringLiteral(
-                 "A naplóban:  0 bejegyzés  ·  –  ·  0 km  ·  0,00 l  ·  – l/100 km  ·  – Ft/l  ·  0 Ft"));
-    QCOMPARE(
-        test::part<QLabel>(preview, "lbFile")->text(),
-        QStringLiteral("ABC-123 naplójához: log.csv – 3 sor: 2 bejegyzés, ebből 2 kijelölve, 1 sor kimarad"));
-    choose(preview, "cmbTavolsag", 1);
-    QVERIFY(test::part<QLabel>(preview, "lbOsszeg")->text().contains("805 km"));
-    preview.reject();
-});
-}
+  // 70.5 litres for 42,300 Ft: 600 Ft a litre; without the first fill 30 litres over 500 km.
+  void oneLineSaysWhatWillComeOfItBesideTheLogbook() {
+    Import csv;
+    csv.read(kForintLog, [](Preview& preview) {
+      QCOMPARE(
+          label(preview, "lbOsszeg"),
+          QStringLiteral("A fájlból:  2 bejegyzés  ·  2012.01.05.–2012.01.19.  ·  500 km  ·  70,50 l  ·  "
+                         "6,00 l/100 km  ·  600 Ft/l  ·  42 300 Ft"));
+      QCOMPARE(label(preview, "lbOsszegNaplo"),
+               QStringLiteral(
+                   "A naplóban:  0 bejegyzés  ·  –  ·  0 km  ·  0,00 l  ·  – l/100 km  ·  – Ft/l  ·  0 Ft"));
+      QCOMPARE(label(preview, "lbFile"),
+               QStringLiteral(
+                   "ABC-123 naplójához: log.csv – 3 sor: 2 bejegyzés, ebből 2 kijelölve, 1 sor kimarad"));
+      choose(preview, "cmbTavolsag", 1);
+      QVERIFY(label(preview, "lbOsszeg").contains("805 km"));
+      preview.reject();
+    });
+  }
 
-void takingOverIsNeverWhatEnterDoes() {
-  Import import;
-  QVERIFY(
-      import.take("Dátum;Km óra;Liter;Költség (€)\n2012.01.05.;1000;40;60\n", [](ui::ImportPreview& preview) {
-        auto* rate = test::part<QLineEdit>(preview, "txValto");
-        test::typeInto(*rate, "400");
-        QTest::keyClick(rate, Qt::Key_Return);
-        QVERIFY(preview.isVisible());
-        QVERIFY(!button(preview)->isDefault() && !button(preview)->autoDefault());
-        QVERIFY(button(preview)->isEnabled());
-        test::press(*button(preview));
-      }));
-  QCOMPARE(import.stored().at(0).TankoltKtg, 24'000);
-}
+  void takingOverIsNeverWhatEnterDoes() {
+    Import csv;
+    QVERIFY(csv.take("Dátum;Km óra;Liter;Költség (€)\n2012.01.05.;1000;40;60\n", [](Preview& preview) {
+      auto* rate = test::part<QLineEdit>(preview, "txValto");
+      test::typeInto(*rate, "400");
+      QTest::keyClick(rate, Qt::Key_Return);
+      QVERIFY(preview.isVisible());
+      QVERIFY(!button(preview)->isDefault() && !button(preview)->autoDefault());
+      QVERIFY(button(preview)->isEnabled());
+      takeOver(preview);
+    }));
+    QCOMPARE(csv.stored().at(0).TankoltKtg, 24'000);
+  }
 
-void allOrNoneCanBeTickedAtOnce() {
-  Import import;
-    import.read(kForintLog, [](ui::ImportPreview& preview) {
+  void allOrNoneCanBeTickedAtOnce() {
+    Import csv;
+    csv.read(kForintLog, [](Preview& preview) {
       test::press(*test::part<QPushButton>(preview, "cmdEgyikSem"));
-    QCOMPARE(state(preview), QStringLiteral("Kijelölve: 0 bejegyzés"));
-    QVERIFY(!button(preview)->isEnabled());
-    test::press(*test::part<QPushButton>(preview, "cmdMind"));
-    QCOMPARE(state(preview), QStringLiteral("Kijelölve: 2 bejegyzés"));
-    preview.reject();
-});
-}
+      QCOMPARE(state(preview), QStringLiteral("Kijelölve: 0 bejegyzés"));
+      QVERIFY(!button(preview)->isEnabled());
+      test::press(*test::part<QPushButton>(preview, "cmdMind"));
+      QCOMPARE(state(preview), QStringLiteral("Kijelölve: 2 bejegyzés"));
+      preview.reject();
+    });
+  }
 
-void nothingEntersWhenThePersonGivesUp() {
-  Import import;
-  QVERIFY(!import.read(kForintLog, [](ui::ImportPreview& preview) {
-    test::press(*test::part<QPushButton>(preview, "cmdMegsem"));
-  }));
-  QVERIFY(import.stored().empty());
-}
+  void nothingEntersWhenThePersonGivesUp() {
+    Import csv;
+    QVERIFY(!csv.read(kForintLog,
+                      [](Preview& preview) { test::press(*test::part<QPushButton>(preview, "cmdMegsem")); }));
+    QVERIFY(csv.stored().empty());
+  }
 
-void anEntryWithoutATickStaysOut() {
-  Import import;
-  QVERIFY(import.take(kForintLog, [](ui::ImportPreview& preview) {
-    auto* model = list(preview, "ListViewBejegyzesek");
-    QVERIFY(model->setData(model->index(1, 0), Qt::Unchecked, Qt::CheckStateRole));
-    QVERIFY(!model->setData(model->index(0, 0), Qt::Checked, Qt::CheckStateRole));
-    QCOMPARE(state(preview), QStringLiteral("Kijelölve: 1 bejegyzés"));
-    test::press(*button(preview));
-  }));
-  QCOMPARE(import.stored().size(), 1U);
-  QCOMPARE(import.stored()[0].KmOra, 1500);
-}
+  void anEntryWithoutATickStaysOut() {
+    Import csv;
+    QVERIFY(csv.take(kForintLog, [](Preview& preview) {
+      auto* model = rowsOf(preview);
+      QVERIFY(model->setData(model->index(1, 0), Qt::Unchecked, Qt::CheckStateRole));
+      QVERIFY(!model->setData(model->index(0, 0), Qt::Checked, Qt::CheckStateRole));
+      QCOMPARE(state(preview), QStringLiteral("Kijelölve: 1 bejegyzés"));
+      takeOver(preview);
+    }));
+    QCOMPARE(csv.stored().size(), 1U);
+    QCOMPARE(csv.stored()[0].KmOra, 1500);
+  }
 
-void anEntryThatIsThereAlreadyIsNotTicked() {
-  Import import;
-  import.writeLogbook(
-      {fuelling({2012, 1, 5}, 1000, 405'000, true), fuelling({2012, 1, 19}, 1500, 300'000, true)});
-  QVERIFY(!import.read(kForintLog, [](ui::ImportPreview& preview) {
-    QCOMPARE(state(preview), QStringLiteral("Kijelölve: 0 bejegyzés"));
-    QVERIFY(!button(preview)->isEnabled());
-    QVERIFY(row(list(preview, "ListViewBejegyzesek"), 1, 9).contains("már megvan a naplóban"));
-    preview.reject();
-  }));
-}
+  void anEntryThatIsThereAlreadyIsNotTicked() {
+    Import csv;
+    csv.writeLogbook(
+        {fuelling({2012, 1, 5}, 1000, 405'000, true), fuelling({2012, 1, 19}, 1500, 300'000, true)});
+    QVERIFY(!csv.read(kForintLog, [](Preview& preview) {
+      QCOMPARE(state(preview), QStringLiteral("Kijelölve: 0 bejegyzés"));
+      QVERIFY(!button(preview)->isEnabled());
+      QVERIFY(row(rowsOf(preview), 1, 9).contains("már megvan a naplóban"));
+      preview.reject();
+    }));
+  }
 
-// The past comes before what is there, unless the person says otherwise.
-void thePastComesBeforeWhatIsThere() {
-  Import import;
-  const core::NapiAdat later = fuelling({2012, 4, 1}, 2000, 400'000, true);
-  import.writeLogbook({later});
-  QVERIFY(import.take(kForintLog, [](ui::ImportPreview& preview) {
-    auto* place = test::part<QComboBox>(preview, "cmbHely");
-    QVERIFY(place->isVisible());
-    QCOMPARE(place->currentText(), QStringLiteral("nap szerint a helyére"));
-    QVERIFY(test::part<QLabel>(preview, "lbValtozik")->isVisible());
-    test::press(*button(preview));
-  }));
-  QCOMPARE(import.told, QStringLiteral("2 bejegyzés került a naplóba.\n\nA napló 1 bejegyzésének más lett a "
-                                       "fogyasztása, mert elé került valami."));
-  QCOMPARE(import.stored().size(), 3U);
-  QCOMPARE(import.stored()[2].KmOra, 2000);
-  QCOMPARE(import.stored()[2].Fogyasztas.tenThousandths, 80'000);  // 40 litres over 500 km
-}
+  // The past comes before what is there, unless the person says otherwise.
+  void thePastComesBeforeWhatIsThere() {
+    Import csv;
+    const core::NapiAdat later = fuelling({2012, 4, 1}, 2000, 400'000, true);
+    csv.writeLogbook({later});
+    QVERIFY(csv.take(kForintLog, [](Preview& preview) {
+      auto* place = box(preview, "cmbHely");
+      QVERIFY(place->isVisible());
+      QCOMPARE(place->currentText(), QStringLiteral("nap szerint a helyére"));
+      QVERIFY(test::part<QLabel>(preview, "lbValtozik")->isVisible());
+      takeOver(preview);
+    }));
+    QCOMPARE(csv.told, QStringLiteral("2 bejegyzés került a naplóba.\n\nA napló 1 bejegyzésének más lett a "
+                                      "fogyasztása, mert elé került valami."));
+    QCOMPARE(csv.stored().size(), 3U);
+    QCOMPARE(csv.stored()[2].KmOra, 2000);
+    QCOMPARE(csv.stored()[2].Fogyasztas.tenThousandths, 80'000);  // 40 litres over 500 km
+  }
 
-void thePastComesToTheEndWhereThePersonSaysSo() {
-  Import import;
-  import.writeLogbook({fuelling({2012, 4, 1}, 2000, 400'000, true)});
-  QVERIFY(import.take(kForintLog, [](ui::ImportPreview& preview) {
-    choose(preview, "cmbHely", 1);
-    test::press(*button(preview));
-  }));
-  QCOMPARE(import.stored().at(0).KmOra, 2000);
-  QCOMPARE(import.stored().at(2).KmOra, 1500);
-}
+  void thePastComesToTheEndWhereThePersonSaysSo() {
+    Import csv;
+    csv.writeLogbook({fuelling({2012, 4, 1}, 2000, 400'000, true)});
+    QVERIFY(csv.take(kForintLog, [](Preview& preview) {
+      choose(preview, "cmbHely", 1);
+      takeOver(preview);
+    }));
+    QCOMPARE(csv.stored().at(0).KmOra, 2000);
+    QCOMPARE(csv.stored().at(2).KmOra, 1500);
+  }
 
-void aForeignCurrencyIsAskedFor() {
-  Import import;
-  QVERIFY(import.take("Date,Odometer (mi),Gallons (US),Total ($),Full\n2012-01-05,1000,10,40,1\n",
-                      [](ui::ImportPreview& preview) {
-                        QVERIFY(!button(preview)->isEnabled());
-                        QCOMPARE(state(preview), QStringLiteral("Írd be, hány forint a fájl pénzneme!"));
-                        QCOMPARE(test::part<QLabel>(preview, "lbValto")->text(),
-                                 QStringLiteral("1 USD hány &forint:"));
-                        test::typeInto(*test::part<QLineEdit>(preview, "txValto"), "360,5");
-                        QVERIFY(button(preview)->isEnabled());
-                        test::press(*button(preview));
-                      }));
-  const core::NapiAdat entry = import.stored()[0];
-  QCOMPARE(entry.KmOra, 1609);
-  QCOMPARE(entry.TankoltLiter.tenThousandths, 378'541);
-  QCOMPARE(entry.TankoltKtg, 14'420);
-}
+  void aForeignCurrencyIsAskedFor() {
+    Import csv;
+    QVERIFY(csv.take("Date,Odometer (mi),Gallons (US),Total ($),Full\n2012-01-05,1000,10,40,1\n",
+                     [](Preview& preview) {
+                       QCOMPARE(state(preview), QStringLiteral("Írd be, hány forint a fájl pénzneme!"));
+                       QVERIFY(!button(preview)->isEnabled());
+                       QCOMPARE(label(preview, "lbValto"), QStringLiteral("1 USD hány &forint:"));
+                       type(preview, "txValto", "360,5");
+                       QVERIFY(button(preview)->isEnabled());
+                       takeOver(preview);
+                     }));
+    const core::NapiAdat entry = csv.stored()[0];
+    QCOMPARE(entry.KmOra, 1609);
+    QCOMPARE(entry.TankoltLiter.tenThousandths, 378'541);
+    QCOMPARE(entry.TankoltKtg, 14'420);
+  }
 
-void unitsThatTheFileDoesNotStateAreAskedFor() {
-  Import import;
-  QVERIFY(import.take("Date,Odometer,Gallons\n2012-01-05,1000,10\n", [](ui::ImportPreview& preview) {
-    QVERIFY(!button(preview)->isEnabled());
-    QCOMPARE(state(preview), QStringLiteral("Válaszd ki, kilométer vagy mérföld!"));
-    choose(preview, "cmbTavolsag", 0);
-    QCOMPARE(state(preview), QStringLiteral("Válaszd ki, milyen gallon van a fájlban!"));
-    choose(preview, "cmbMennyiseg", 2);
-    QVERIFY(button(preview)->isEnabled());
-    test::press(*button(preview));
-  }));
-  QCOMPARE(import.stored()[0].TankoltLiter.tenThousandths, 454'609);
-  QCOMPARE(import.stored()[0].KmOra, 1000);
-}
+  void unitsThatTheFileDoesNotStateAreAskedFor() {
+    Import csv;
+    QVERIFY(csv.take("Date,Odometer,Gallons\n2012-01-05,1000,10\n", [](Preview& preview) {
+      QCOMPARE(state(preview), QStringLiteral("Válaszd ki, kilométer vagy mérföld!"));
+      QVERIFY(!button(preview)->isEnabled());
+      choose(preview, "cmbTavolsag", 0);
+      QCOMPARE(state(preview), QStringLiteral("Válaszd ki, milyen gallon van a fájlban!"));
+      choose(preview, "cmbMennyiseg", 2);
+      QVERIFY(button(preview)->isEnabled());
+      takeOver(preview);
+    }));
+    QCOMPARE(csv.stored()[0].TankoltLiter.tenThousandths, 454'609);
+    QCOMPARE(csv.stored()[0].KmOra, 1000);
+  }
 
-void anOpenOrderOfDaysAndSeveralVehiclesAreAskedFor() {
-  Import import;
-  QVERIFY(import.take(
-      "Rendszám,Dátum,Km óra,Liter\nA,1/2/2012,1000,40\nB,2/2/2012,500,30\n", [](ui::ImportPreview& preview) {
-        QVERIFY(!button(preview)->isEnabled());
-        QCOMPARE(test::part<QComboBox>(preview, "cmbJarmu")->itemText(1), QStringLiteral("B (1 sor)"));
-        choose(preview, "cmbJarmu", 0);
-        choose(preview, "cmbNapok", 1);
-        QVERIFY(button(preview)->isEnabled());
-        test::press(*button(preview));
-      }));
-  QCOMPARE(import.stored().size(), 1U);
-  QCOMPARE(import.stored()[0].Datum, core::toStored(core::dayOf({2012, 1, 2})));
-}
+  void anOpenOrderOfDaysAndSeveralVehiclesAreAskedFor() {
+    Import csv;
+    QVERIFY(csv.take("Rendszám,Dátum,Km óra,Liter\nA,1/2/2012,1000,40\nB,2/2/2012,500,30\n",
+                     [](Preview& preview) {
+                       QVERIFY(!button(preview)->isEnabled());
+                       QCOMPARE(box(preview, "cmbJarmu")->itemText(1), QStringLiteral("B (1 sor)"));
+                       choose(preview, "cmbJarmu", 0);
+                       choose(preview, "cmbNapok", 1);
+                       QVERIFY(button(preview)->isEnabled());
+                       takeOver(preview);
+                     }));
+    QCOMPARE(csv.stored().size(), 1U);
+    QCOMPARE(csv.stored()[0].Datum, core::toStored(core::dayOf({2012, 1, 2})));
+  }
 
-void aLogOfDistancesIsAskedForItsReading() {
-  Import import;
-  QVERIFY(import.take("Dátum;Megtett km;Liter;Ft\n2012.01.05.;640;41;25575\n2012.01.19.;510;31;18600\n",
-                      [](ui::ImportPreview& preview) {
-                        QCOMPARE(state(preview), QStringLiteral("Írd be a km óra állását!"));
-                        choose(preview, "cmbKmKezdet", 1);
-                        test::typeInto(*test::part<QLineEdit>(preview, "txKmKezdet"), "10000");
-                        test::press(*button(preview));
-                      }));
-  QCOMPARE(import.stored().at(0).KmOra, 9'490);
-  QCOMPARE(import.stored().at(1).KmOra, 10'000);
-}
+  void aLogOfDistancesIsAskedForItsReading() {
+    Import csv;
+    QVERIFY(csv.take("Dátum;Megtett km;Liter;Ft\n2012.01.05.;640;41;25575\n2012.01.19.;510;31;18600\n",
+                     [](Preview& preview) {
+                       QCOMPARE(state(preview), QStringLiteral("Írd be a km óra állását!"));
+                       choose(preview, "cmbKmKezdet", 1);
+                       type(preview, "txKmKezdet", "10000");
+                       takeOver(preview);
+                     }));
+    QCOMPARE(csv.stored().at(0).KmOra, 9'490);
+    QCOMPARE(csv.stored().at(1).KmOra, 10'000);
+  }
 
-void unknownWordsForAFullTankAreAskedFor() {
-  Import import;
-  QVERIFY(import.take(
-      "Dátum;Km óra;Liter;Ft;Tele\n2012.01.05.;1000;41;25575;csurig\n2012.01.19.;1500;31;18600;feles\n",
-      [](ui::ImportPreview& preview) {
-        QCOMPARE(state(preview), QStringLiteral("Válaszd ki, melyik szó jelenti, hogy tele lett a tank!"));
-        QCOMPARE(test::part<QComboBox>(preview, "cmbTele")->itemText(0), QStringLiteral("„csurig” (1 sor)"));
-        choose(preview, "cmbTele", 0);
-        test::press(*button(preview));
-      }));
-  QCOMPARE(import.stored().at(0).Teletank, core::kFlagSet);
-  QCOMPARE(import.stored().at(1).Teletank, std::int16_t{0});
-}
+  void unknownWordsForAFullTankAreAskedFor() {
+    Import csv;
+    QVERIFY(csv.take(
+        "Dátum;Km óra;Liter;Ft;Tele\n2012.01.05.;1000;41;25575;csurig\n2012.01.19.;1500;31;18600;feles\n",
+        [](Preview& preview) {
+          QCOMPARE(state(preview), QStringLiteral("Válaszd ki, melyik szó jelenti, hogy tele lett a tank!"));
+          QCOMPARE(box(preview, "cmbTele")->itemText(0), QStringLiteral("„csurig” (1 sor)"));
+          choose(preview, "cmbTele", 0);
+          takeOver(preview);
+        }));
+    QCOMPARE(csv.stored().at(0).Teletank, core::kFlagSet);
+    QCOMPARE(csv.stored().at(1).Teletank, std::int16_t{0});
+  }
 
-// Nothing is understood of this file; the person says what its columns are.
-void everyColumnHasItsMeaningOverIt() {
-  Import import;
-  QVERIFY(import.take(
-      "A&B <b>%1;ennyit ment;ennyi kellett;ennyibe fájt\nalma;1000;40;24000\n2012.01.05.;1500;41;24600\n",
-      [](ui::ImportPreview& preview) {
-        auto* first = test::part<QComboBox>(preview, "cmbOszlop_0");
-        QCOMPARE(first->accessibleName(), QStringLiteral("A(z) „A&B <b>%1” oszlop jelentése"));
-        QCOMPARE(test::part<QLabel>(preview, "lbOszlop_0")->text(), QStringLiteral("A&B <b>%1"));
-        choose(preview, "cmbOszlop_0", static_cast<int>(exchange::Meaning::Day));
-        choose(preview, "cmbOszlop_1", static_cast<int>(exchange::Meaning::Odometer));
-        QCOMPARE(state(preview), QStringLiteral("Válaszd ki, melyik oszlop a tankolt mennyiség!"));
-        choose(preview, "cmbOszlop_2", static_cast<int>(exchange::Meaning::Volume));
-        choose(preview, "cmbOszlop_3", static_cast<int>(exchange::Meaning::NotNeeded));
-        QVERIFY(row(list(preview, "ListViewBejegyzesek"), 1, 9).contains("nem érthető dátum: „alma”"));
-        test::press(*button(preview));
-      }));
-  QCOMPARE(import.stored().size(), 1U);
-  QCOMPARE(import.stored()[0].KmOra, 1500);
-  QCOMPARE(import.stored()[0].TankoltLiter.tenThousandths, 410'000);
-}
+  // Nothing is understood of this file; the person says what its columns are.
+  void everyColumnHasItsMeaningOverIt() {
+    Import csv;
+    QVERIFY(csv.take(
+        "A&B <b>%1;ennyit ment;ennyi kellett;ennyibe fájt\nalma;1000;40;24000\n2012.01.05.;1500;41;24600\n",
+        [](Preview& preview) {
+          auto* first = box(preview, "cmbOszlop_0");
+          QCOMPARE(first->accessibleName(), QStringLiteral("A(z) „A&B <b>%1” oszlop jelentése"));
+          QCOMPARE(label(preview, "lbOszlop_0"), QStringLiteral("A&B <b>%1"));
+          choose(preview, "cmbOszlop_0", static_cast<int>(exchange::Meaning::Day));
+          choose(preview, "cmbOszlop_1", static_cast<int>(exchange::Meaning::Odometer));
+          QCOMPARE(state(preview), QStringLiteral("Válaszd ki, melyik oszlop a tankolt mennyiség!"));
+          choose(preview, "cmbOszlop_2", static_cast<int>(exchange::Meaning::Volume));
+          choose(preview, "cmbOszlop_3", static_cast<int>(exchange::Meaning::NotNeeded));
+          QVERIFY(row(rowsOf(preview), 1, 9).contains("nem érthető dátum: „alma”"));
+          takeOver(preview);
+        }));
+    QCOMPARE(csv.stored().size(), 1U);
+    QCOMPARE(csv.stored()[0].KmOra, 1500);
+    QCOMPARE(csv.stored()[0].TankoltLiter.tenThousandths, 410'000);
+  }
 
-// The drop-down over the column that is asked about has the keyboard, and what is missing is in the colour of
-// what is overdue until it is there.
-void aColumnThatMaySayWhichFillsWereFullIsAskedFor() {
-  Import import;
-  const std::string log =
-      "Dátum;Km óra;Liter;Ft;Pukk\n2012.01.05.;1000;40;24000;i\n2012.01.19.;1500;41;24600;n\n";
-  QVERIFY(import.take(log, [](ui::ImportPreview& preview) {
-    auto* state = test::part<QLabel>(preview, "lbState");
-    QVERIFY(state->text().contains("„Pukk”"));
-    QCOMPARE(state->palette().color(QPalette::WindowText), ui::overdueColour(state->palette()));
-    auto* box = test::part<QComboBox>(preview, "cmbOszlop_4");
-    QCOMPARE(preview.focusWidget(), box);
-    QCOMPARE(box->currentText(), QStringLiteral("nem értem"));
-    box->setCurrentIndex(static_cast<int>(exchange::Meaning::Full));
-    QCOMPARE(state->text(), QStringLiteral("Kijelölve: 2 bejegyzés"));
-    QCOMPARE(state->palette().color(QPalette::WindowText), preview.palette().color(QPalette::WindowText));
-    test::press(*button(preview));
-  }));
-  QCOMPARE(import.stored()[1].Teletank, 0);
-}
+  // The drop-down over the column that is asked about has the keyboard, and what is missing is in the colour
+  // of what is overdue until it is there.
+  void aColumnThatMaySayWhichFillsWereFullIsAskedFor() {
+    Import csv;
+    const std::string log =
+        "Dátum;Km óra;Liter;Ft;Pukk\n2012.01.05.;1000;40;24000;i\n2012.01.19.;1500;41;24600;n\n";
+    QVERIFY(csv.take(log, [](Preview& preview) {
+      auto* state = test::part<QLabel>(preview, "lbState");
+      QVERIFY(state->text().contains("„Pukk”"));
+      QCOMPARE(state->palette().color(QPalette::WindowText), ui::overdueColour(state->palette()));
+      auto* meaning = box(preview, "cmbOszlop_4");
+      QCOMPARE(preview.focusWidget(), meaning);
+      QCOMPARE(meaning->currentText(), QStringLiteral("nem értem"));
+      meaning->setCurrentIndex(static_cast<int>(exchange::Meaning::Full));
+      QCOMPARE(state->text(), QStringLiteral("Kijelölve: 2 bejegyzés"));
+      QCOMPARE(state->palette().color(QPalette::WindowText), preview.palette().color(QPalette::WindowText));
+      takeOver(preview);
+    }));
+    QCOMPARE(csv.stored()[1].Teletank, 0);
+  }
 
-void encodingAndSeparatorCanBeChanged() {
-  Import import;
-    import.read("Dátum;Km óra;Liter;Ft\n2012.01.05.;1000;40,5;24300\n", [](ui::ImportPreview& preview) {
-      QCOMPARE(test::part<QComboBox>(preview, "cmbKodolas")->currentText(), QStringLiteral("UTF-8"));
-    QCOMPARE(test::part<QComboBox>(preview, "cmbElvalaszto")->currentText(), QStringLiteral("pontosvessző"));
-    choose(preview, "cmbElvalaszto", 1);
-    QVERIFY(!button(preview)->isEnabled());
-    choose(preview, "cmbElvalaszto", 0);
-    QVERIFY(button(preview)->isEnabled());
-    preview.reject();
-});
-}
+  void encodingAndSeparatorCanBeChanged() {
+    Import csv;
+    csv.read("Dátum;Km óra;Liter;Ft\n2012.01.05.;1000;40,5;24300\n", [](Preview& preview) {
+      QCOMPARE(box(preview, "cmbKodolas")->currentText(), QStringLiteral("UTF-8"));
+      QCOMPARE(box(preview, "cmbElvalaszto")->currentText(), QStringLiteral("pontosvessző"));
+      choose(preview, "cmbElvalaszto", 1);
+      QVERIFY(!button(preview)->isEnabled());
+      choose(preview, "cmbElvalaszto", 0);
+      QVERIFY(button(preview)->isEnabled());
+      preview.reject();
+    });
+  }
 
-void whatThePersonUntickedStaysSoWhenAQuestionIsAnswered() {
-  Import import;
-    import.take("Date;Odometer (km);Litres;Cost (EUR)\n2012-01-05;1000;40;60\n2012-01-19;1500;30;45\n",
-                [](ui::ImportPreview& preview) {
-                  auto* entries = list(preview, "ListViewBejegyzesek");
-    entries->setData(entries->index(1, 0), Qt::Unchecked, Qt::CheckStateRole);
-    test::part<QLineEdit>(preview, "txValto")->setText("400");
-    QCOMPARE(entries->index(1, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
-    QCOMPARE(state(preview), QStringLiteral("Kijelölve: 1 bejegyzés"));
-    test::press(*button(preview));
-});
-QCOMPARE(import.stored().size(), 1U);
-QCOMPARE(import.stored()[0].KmOra, 1500);
-QCOMPARE(import.stored()[0].TankoltKtg, 18'000);
-}
+  void whatThePersonUntickedStaysSoWhenAQuestionIsAnswered() {
+    Import csv;
+    csv.take("Date;Odometer (km);Litres;Cost (EUR)\n2012-01-05;1000;40;60\n2012-01-19;1500;30;45\n",
+             [](Preview& preview) {
+               auto* entries = rowsOf(preview);
+               entries->setData(entries->index(1, 0), Qt::Unchecked, Qt::CheckStateRole);
+               test::part<QLineEdit>(preview, "txValto")->setText("400");
+               QCOMPARE(entries->index(1, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+               QCOMPARE(state(preview), QStringLiteral("Kijelölve: 1 bejegyzés"));
+               takeOver(preview);
+             });
+    QCOMPARE(csv.stored().size(), 1U);
+    QCOMPARE(csv.stored()[0].KmOra, 1500);
+    QCOMPARE(csv.stored()[0].TankoltKtg, 18'000);
+  }
 
-void aLogbookThatChangedMeanwhileIsReadAnewBeforeItIsTold() {
-  Import import;
-  const core::NapiAdat other = fuelling({2012, 1, 5}, 1000, 405'000, true);
-  QStringList shown;
-  int listings = 0;
-  import.list = [&] { ++listings;
+  void aLogbookThatChangedMeanwhileIsReadAnewBeforeItIsTold() {
+    Import csv;
+    const core::NapiAdat other = fuelling({2012, 1, 5}, 1000, 405'000, true);
+    QStringList shown;
+    int listings = 0;
+    csv.list = [&] { ++listings; };
+    BoxScript boxes({QMessageBox::Ok, QMessageBox::Ok});
+    QVERIFY(csv.read(kForintLog, [&](Preview& preview) {
+      boxes.whileOpen = [&](QMessageBox& box) {
+        if (box.icon() != QMessageBox::Critical) return;
+        shown << state(preview) << row(rowsOf(preview), 1, 9);
+        QCOMPARE(listings, 1);
+        QCOMPARE(csv.stored().size(), 1U);
+      };
+      csv.writeLogbook({other});
+      takeOver(preview);
+      takeOver(preview);
+    }));
+    QCOMPARE(boxes.seen.size(), 2);
+    QCOMPARE(boxes.seen[0].text,
+             QStringLiteral("A fájl közben megváltozott, egy másik program írhatott bele:\n%1\n\n"
+                            "Semmi sem változott.\n\n"
+                            "Az előnézet már a napló mostani állapotát veszi alapul.")
+                 .arg(ui::toQt(csv.desk.program / kFile)));
+    QCOMPARE(shown, (QStringList{"Kijelölve: 1 bejegyzés",
+                                 "2012.01.05.|1000|40,50|0|X||24 300|első|már megvan a naplóban"}));
+    QCOMPARE(csv.stored().size(), 2U);
+    QVERIFY(csv.stored()[0] == other);
+    QCOMPARE(csv.stored()[1].KmOra, 1500);
+  }
+
+  void anImportThatTheSystemDoesNotConfirmIsListedBeforeItIsTold() {
+    Import csv;
+    UnsyncedFolders disk;
+    ui::Context context{disk, csv.desk.context.folders, csv.desk.clock, "1.0.0"};
+    csv.desk.current.write("log.csv", kForintLog);
+    int listings = 0;
+    QStringList states;
+    BoxScript boxes({QMessageBox::Ok});
+    onNextDialog<Preview>([&](Preview& preview) {
+      auto* model = rowsOf(preview);
+      for (const Qt::CheckState tick : {Qt::Unchecked, Qt::Checked})
+        model->setData(model->index(1, 0), tick, Qt::CheckStateRole);
+      boxes.whileOpen = [&](QMessageBox&) {
+        states << state(preview);
+        QCOMPARE(listings, 1);
+      };
+      takeOver(preview);
+      QVERIFY(!button(preview)->isEnabled());
+      preview.reject();
+    });
+    QVERIFY(!ui::importCsvFileAt(context, kPlate, ui::toQt(csv.desk.current / "log.csv"), nullptr,
+                                 [&] { ++listings; }));
+    QCOMPARE(states, QStringList{"Kijelölve: 0 bejegyzés"});
+    QCOMPARE(csv.stored().size(), 2U);
+    QVERIFY(boxes.seen[0].text.startsWith("A rendszer nem igazolta vissza a mentést:"));
+    QVERIFY(boxes.seen[0].text.contains("\n\nNézd meg a listát, mielőtt megismétled!\n\n"));
+  }
+
+  void aFileThatIsGoneIsToldInABox() {
+    Import csv;
+    BoxScript boxes({QMessageBox::Ok});
+    ui::guarded(nullptr, [&] {
+      ui::importCsvFileAt(csv.desk.context, kPlate, ui::toQt(csv.desk.current / "none.csv"), nullptr, [] {});
+    });
+    QCOMPARE(boxes.seen.size(), 1);
+    QVERIFY(boxes.seen[0].text.startsWith("A fájl nem nyitható meg:\n"));
+  }
 };
-BoxScript boxes({QMessageBox::Ok, QMessageBox::Ok});
-QVERIFY(import.read(kForintLog, [&](ui::ImportPreview& preview) {
-  boxes.whileOpen = [&](QMessageBox& box) {
-    if (box.icon() != QMessageBox::Critical) return;
-    shown << state(preview) << row(list(preview, "ListViewBejegyzesek"), 1, 9);
-    QCOMPARE(listings, 1);
-    QCOMPARE(import.stored().size(), 1U);
-  };
-  import.writeLogbook({other});
-  test::press(*button(preview));
-  test::press(*button(preview));
-}));
-QCOMPARE(boxes.seen.size(), 2);
-QCOMPARE(boxes.seen[0].text,
-         QStringLiteral("A fájl közben megváltozott, egy másik program írhatott bele:\n%1\n\n"
-                        "Semmi sem változott.\n\n"
-                        "Az előnézet már a napló mostani állapotát veszi alapul.")
-             .arg(ui::toQt(import.desk.program / kFile)));
-QCOMPARE(shown, (QStringList{"Kijelölve: 1 bejegyzés",
-                             "2012.01.05.|1000|40,50|0|X||24 300|első|már megvan a naplóban"}));
-QCOMPARE(import.stored().size(), 2U);
-QVERIFY(import.stored()[0] == other);
-QCOMPARE(import.stored()[1].KmOra, 1500);
-}
-
-void anImportThatTheSystemDoesNotConfirmIsListedBeforeItIsTold() {
-  Import import;
-  UnsyncedFolders disk;
-  ui::Context context{disk, import.desk.context.folders, import.desk.clock, "1.0.0"};
-  import.desk.current.write("log.csv", kForintLog);
-  int listings = 0;
-  QStringList states;
-  BoxScript boxes({QMessageBox::Ok});
-  onNextDialog<ui::ImportPreview>([&](ui::ImportPreview& preview) {
-    auto* model = list(preview, "ListViewBejegyzesek");
-    for (const Qt::CheckState tick : {Qt::Unchecked, Qt::Checked})
-      model->setData(model->index(1, 0), tick, Qt::CheckStateRole);
-    boxes.whileOpen = [&](QMessageBox&) {
-      states << state(preview);
-      QCOMPARE(listings, 1);
-    };
-    test::press(*button(preview));
-    QVERIFY(!button(preview)->isEnabled());
-    preview.reject();
-  });
-  QVERIFY(!ui::importCsvFileAt(context, kPlate, ui::toQt(import.desk.current / "log.csv"), nullptr,
-                               [&] { ++listings; }));
-  QCOMPARE(states, QStringList{"Kijelölve: 0 bejegyzés"});
-  QCOMPARE(import.stored().size(), 2U);
-  QVERIFY(boxes.seen[0].text.startsWith("A rendszer nem igazolta vissza a mentést:"));
-  QVERIFY(boxes.seen[0].text.contains("\n\nNézd meg a listát, mielőtt megismétled!\n\n"));
-}
-
-void aFileWithoutALogbookIsToldInABox() {
-  Import import;
-  BoxScript boxes({QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok});
-  import.read("alma\nkörte\n");
-  import.read("Date,Odometer,Litres\n");
-  import.read(std::string("PK\3\4\0\0\0\0", 8));
-  import.read(std::string("a\0\0\0b\0\0\0c", 9));
-  QCOMPARE(
-      boxes.seen,
-      (QList{errorBox(kError,
-                      QStringLiteral("Ebben a fájlban nincs táblázat:\nlog.csv\n\nEgy naplónak soronként "
-                                     "több adata van: dátum, km óra állása, tankolt mennyiség.") +
-                          kNothing),
-             errorBox(kError, QStringLiteral("Ebben a fájlban csak fejléc van, bejegyzés nincs:\nlog.csv") +
-                                  kNothing),
-             errorBox(kError,
-                      QStringLiteral("Ez tömörített (ZIP) fájl:\nlog.csv\n\nCsomagold ki: a benne lévő "
-                                     "CSV-fájl a napló. Ha táblázat (XLSX, ODS), mentsd el CSV-fájlként, "
-                                     "és azt olvasd be.") +
-                          kNothing),
-             errorBox(kError, QStringLiteral("Ez nem szövegfájl:\nlog.csv\n\nHa táblázat, mentsd el "
-                                             "CSV-fájlként, és azt olvasd be.") +
-                                  kNothing)}));
-}
-
-void aFileOfAHundredMegabytesAndAnEndlessLineEndInABox() {
-  Import import;
-  BoxScript boxes({QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok});
-  import.read(std::string(ui::kLargestTextFile, 'x'));
-  import.read("Date,Odometer,Litres\n2012-01-05,1000,\"" + std::string(10'000'000, '\n'));
-  import.desk.current.write("huge.csv", "");
-  std::filesystem::resize_file(import.desk.current / "huge.csv", 100 * 1024 * 1024);
-  ui::importCsvFileAt(import.desk.context, kPlate, ui::toQt(import.desk.current / "huge.csv"), nullptr,
-                      [] {});
-  QCOMPARE(boxes.seen.size(), 3);
-  QVERIFY(boxes.seen[0].text.startsWith("Ez a fájl nem olvasható naplóként:\nlog.csv\n\nA(z) 1. sorban"));
-  QVERIFY(boxes.seen[1].text.contains("A(z) 2. sorban kezdődő rész túl hosszú"));
-  QVERIFY(
-      boxes.seen[2].text.startsWith("Ez a fájl túl nagy ahhoz, hogy egy napló legyen:\nhuge.csv (100 MB)"));
-}
-
-void aFileThatIsGoneIsToldInABox() {
-  Import import;
-  BoxScript boxes({QMessageBox::Ok});
-  ui::guarded(nullptr, [&] {
-    ui::importCsvFileAt(import.desk.context, kPlate, ui::toQt(import.desk.current / "none.csv"), nullptr,
-                        [] {});
-  });
-  QCOMPARE(boxes.seen.size(), 1);
-  QVERIFY(boxes.seen[0].text.startsWith("A fájl nem nyitható meg:\n"));
-}
-}
-;
 
 TARVIK_SCREEN_TEST(ImportPreviewTest)
 #include "import_preview_test.moc"
