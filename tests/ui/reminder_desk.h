@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QTest>
-#include <initializer_list>
+#include <vector>
 
 #include "tests/reminders/builders.h"
 #include "tests/ui/support.h"
@@ -9,22 +9,53 @@
 
 namespace tarvik::test {
 
+/// What is there when a screen of reminders opens.
+struct Reminders {
+  std::vector<reminders::FigyelRec> km = {};
+  std::vector<reminders::FigyDatumRec> dates = {};
+  std::vector<core::NapiAdat> logbook = {};  ///< of ABC-123
+  std::int16_t selected = 0;                 ///< program-wide
+  std::int32_t reading = 0;                  ///< that the km check found
+};
+
 /// A desk with reminders and a logbook to write on. Today is kToday.
 struct ReminderDesk : Desk {
-  void storeKm(std::initializer_list<reminders::FigyelRec> stored) const {
-    current.write("figyel.dat", fileOf(stored));
+  explicit ReminderDesk(const Reminders& stored = {}) {
+    context.state.selectedReminder = stored.selected;
+    context.state.currentReading = stored.reading;
+    if (!stored.km.empty()) storeKm(stored.km);
+    if (!stored.dates.empty()) storeDates(stored.dates);
+    if (!stored.logbook.empty()) storeLogbook(stored.logbook);
   }
-  void storeDates(std::initializer_list<reminders::FigyDatumRec> stored) const {
-    current.write("figyDatum.dat", fileOf(stored));
+
+  void storeKm(const std::vector<reminders::FigyelRec>& stored) const {
+    current.write("figyel.dat", bytesOf(stored));
+  }
+  void storeDates(const std::vector<reminders::FigyDatumRec>& stored) const {
+    current.write("figyDatum.dat", bytesOf(stored));
   }
   /// The logbook of ABC-123.
-  void storeLogbook(std::initializer_list<core::NapiAdat> entries) const {
+  void storeLogbook(const std::vector<core::NapiAdat>& entries) const {
     program.makeFolder("ABC-123");
-    program.write("ABC-123/napiadat.dat", fileOf(entries));
+    program.write("ABC-123/napiadat.dat", bytesOf(entries));
   }
   std::string storedKm() const { return current.read("figyel.dat"); }
   std::string storedDates() const { return current.read("figyDatum.dat"); }
+
+ private:
+  template <core::Record R>
+  static std::string bytesOf(const std::vector<R>& records) {
+    std::string bytes;
+    for (const R& record : records) bytes += toText(core::encoded(record));
+    return bytes;
+  }
 };
+
+/// Shows a screen and waits until it is in front.
+inline void bringUp(QWidget& screen) {
+  screen.show();
+  if (!QTest::qWaitForWindowActive(&screen)) QTest::qFail("the screen did not come up", __FILE__, __LINE__);
+}
 
 /// Clicks a row of a list as the mouse does.
 inline void clickRow(const ui::ListView& view, int row) {
@@ -56,7 +87,6 @@ inline bool isCentred(const QWidget& window) {
 }
 
 inline const QString kErrorTitle = QStringLiteral(" H i b a !");
-inline const QString kDeleteTitle = QStringLiteral(" Törlés az adatállományból !");
 inline const QString kNothingSelected = QStringLiteral("A listáról nincs kijelőlve\na törölni kívánt sor !");
 
 }  // namespace tarvik::test

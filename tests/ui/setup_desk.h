@@ -66,6 +66,15 @@ struct Setup : Desk {
   ui::frmSetup screen;
 };
 
+/// The settings as they come up over files of that text.
+struct ShownSetup : Setup {
+  using Files = std::vector<std::pair<std::string, std::string>>;
+  explicit ShownSetup(const Files& stored = {}) {
+    for (const auto& [name, bytes] : stored) current.write(name, bytes);
+    show();
+  }
+};
+
 /// What is asked before a text of a list goes.
 inline const SeenBox kDeletionQuestion = questionBox(
     " TÖRLÉS az adatállományból !", "Biztos T Ö R Ö L H E T Ő\na kijelölt tétel? ", QMessageBox::No);

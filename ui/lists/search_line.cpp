@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QTimer>
@@ -44,6 +45,7 @@ SearchLine::SearchLine(ListView& list, TextOf textOf, QWidget* parent)
       textOf_(std::move(textOf)),
       item_(new QAction(QStringLiteral("&Keresés…"), &list)) {
   ui_->setupUi(this);
+  layout()->setContentsMargins({});
   ui_->lbTalalat->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("nincs találat")));
   list_.setMinimumWidth(std::max(list_.minimumWidth(), minimumSizeHint().width()));
   putBeforeList();

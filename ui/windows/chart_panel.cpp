@@ -15,6 +15,7 @@
 #include "ui/base/handlers.h"
 #include "ui/base/text.h"
 #include "ui/look/access.h"
+#include "ui/windows/figure_fields.h"
 #include "ui/windows/frmMelyGrafikon.h"
 #include "ui_chart_panel.h"
 
@@ -24,9 +25,17 @@ namespace {
 constexpr int kFirstRecord = 1;
 constexpr int kMostGridRows = 100;
 
-// The chart types in the order of the list.
-constexpr std::array kTypes{ChartType::Area2D, ChartType::Bars2D, ChartType::Line2D,
-                            ChartType::Area3D, ChartType::Bars3D, ChartType::Line3D};
+struct NamedType {
+  ChartType type;
+  const char* name;
+};
+
+// In the order of the list.
+constexpr std::array kTypes{
+    NamedType{ChartType::Area2D, "2D terület"}, NamedType{ChartType::Bars2D, "2D oszlop"},
+    NamedType{ChartType::Line2D, "2D vonal"},   NamedType{ChartType::Area3D, "3D terület"},
+    NamedType{ChartType::Bars3D, "3D oszlop"},  NamedType{ChartType::Line3D, "3D vonal"}};
+constexpr int kFirstType = 1;
 
 double toChart(core::Amount value) {
   return static_cast<double>(value.tenThousandths) / 10'000;
@@ -40,6 +49,9 @@ ChartPanel::ChartPanel(Context& context, ChartSources sources, QWidget* parent)
       sources_(std::move(sources)),
       ui_(std::make_unique<Ui::FrmGrafikon>()) {
   ui_->setupUi(this);
+  for (const NamedType& type : kTypes) ui_->Combo2->addItem(QString::fromUtf8(type.name));
+  ui_->Combo2->setCurrentIndex(kFirstType);
+  makeFigureFields({ui_->txtGrafDb}, QStringLiteral("99999"));
   makeAccessible(*this);
   takeOutOfUse(*ui_->Check2);
   setFocusProxy(ui_->Combo2);
@@ -189,8 +201,7 @@ bool ChartPanel::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void ChartPanel::setType(int index) {
-  if (index >= 0 && index < static_cast<int>(kTypes.size()))
-    ui_->MSChart1->setChartType(static_cast<int>(kTypes[static_cast<std::size_t>(index)]));
+  if (index >= 0) ui_->MSChart1->setChartType(static_cast<int>(kTypes[static_cast<std::size_t>(index)].type));
   ui_->MSChart1->update();
 }
 

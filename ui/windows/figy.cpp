@@ -10,12 +10,12 @@
 #include "ui/exchange/csv_files.h"
 #include "ui/lists/list_menu.h"
 #include "ui/lists/list_tables.h"
-#include "ui/lists/reminder_rows.h"
 #include "ui/look/access.h"
 #include "ui/look/dialog_parts.h"
 #include "ui/look/enter_key.h"
 #include "ui/look/placement.h"
 #include "ui/look/undo_line.h"
+#include "ui/windows/figure_fields.h"
 #include "ui/windows/reminder_parts.h"
 #include "ui_figy.h"
 
@@ -40,11 +40,25 @@ bool confirmsRecording(QWidget* screen, const QString& whose, bool isNew) {
 figy::figy(Context& context, QString plate, QWidget* parent)
     : QDialog(parent), context_(context), plate_(std::move(plate)), ui_(std::make_unique<Ui::figy>()) {
   ui_->setupUi(this);
+  km_ = {.list = ui_->ListView1,
+         .deletion = ui_->cmd_del,
+         .file = "figyel.dat",
+         .load = &figy::BeolvasFigyel,
+         .choose = &figy::chooseKm,
+         .csvName = QStringLiteral("figyelmeztetesek_km"),
+         .csv = &kmRemindersCsv};
+  dates_ = {.list = ui_->ListView2,
+            .deletion = ui_->cmdDel2,
+            .file = "figyDatum.dat",
+            .load = &figy::BeolvasFigyDatum,
+            .choose = &figy::chooseDate,
+            .csvName = QStringLiteral("figyelmeztetesek_datum"),
+            .csv = &dateRemindersCsv};
   makeAccessible(*this);
   addClosingMenu(*this, ui_->mnu_bezar);
   prepareFields();
-  prepareLists();
-  addListMenus();
+  prepareTab(km_);
+  prepareTab(dates_);
   connectButtons();
   followEnterRule(*this);
   new UndoLine(context_, *this, *ui_->mainLayout,
@@ -59,6 +73,9 @@ figy::figy(Context& context, QString plate, QWidget* parent)
 figy::~figy() = default;
 
 void figy::prepareFields() {
+  makeFigureFields({ui_->tx_km_allas, ui_->tx_km_mulva}, kLongestGrouped);
+  makeFigureFields({ui_->tx_atlag_km}, kLongestFigure);
+  makeResults({ui_->lb_varh_datum});
   QSizePolicy keepsItsPlace = ui_->Label3->sizePolicy();
   keepsItsPlace.setRetainSizeWhenHidden(true);
   ui_->Label3->setSizePolicy(keepsItsPlace);
@@ -66,24 +83,14 @@ void figy::prepareFields() {
   ui_->DTPMikor->setDate(toQt(context_.clock.today()));
 }
 
-void figy::prepareLists() {
-  const QStringList headers{QStringLiteral("Dátum"), QStringLiteral("Szöveg"), QStringLiteral("Rendszám")};
-  kmRows_ = prepareReminderList(ui_->ListView1, headers);
-  dateRows_ = prepareReminderList(ui_->ListView2, headers);
-  ui_->ListView1->sortByHeaderClicks();
-  ui_->ListView2->sortByHeaderClicks();
-  ui_->ListView1->onRowChosen([this](int row) { return chooseKm(row); });
-  ui_->ListView2->onRowChosen([this](int row) { return chooseDate(row); });
-}
-
-void figy::addListMenus() {
-  new ListMenu(ui_->ListView1, {.save = [this] {
-                 saveCsvFile(context_, QStringLiteral("figyelmeztetesek_km"),
-                             kmRemindersCsv(context_.files, context_.folders, *kmRows_), this);
-               }});
-  new ListMenu(ui_->ListView2, {.save = [this] {
-                 saveCsvFile(context_, QStringLiteral("figyelmeztetesek_datum"),
-                             dateRemindersCsv(context_.files, context_.folders, *dateRows_), this);
+void figy::prepareTab(Tab& tab) {
+  tab.rows = prepareReminderList(
+      tab.list, {QStringLiteral("Dátum"), QStringLiteral("Szöveg"), QStringLiteral("Rendszám")});
+  tab.list->sortByHeaderClicks();
+  tab.list->onRowChosen([this, &tab](int row) { return (this->*tab.choose)(row); });
+  new ListMenu(tab.list, {.save = [this, &tab] {
+                 saveCsvFile(context_, tab.csvName, tab.csv(context_.files, context_.folders, *tab.rows),
+                             this);
                }});
 }
 
@@ -95,35 +102,34 @@ void figy::connectButtons() {
 }
 
 void figy::BeolvasFigyel() {
-  kmRows_->setRows({});
+  km_.rows->setRows({});
   kmReminders_ = reminders::loadKmReminders(context_.files, context_.folders);
-  kmRows_->setRows(toTextRows(reminders::kmReminderRows(kmReminders_)));
+  km_.rows->setRows(toTextRows(reminders::kmReminderRows(kmReminders_)));
   showChosen();
 }
 
 void figy::BeolvasFigyDatum() {
-  dateRows_->setRows({});
+  dates_.rows->setRows({});
   dateReminders_ = reminders::loadDateReminders(context_.files, context_.folders);
-  dateRows_->setRows(toTextRows(reminders::dateReminderRows(dateReminders_)));
+  dates_.rows->setRows(toTextRows(reminders::dateReminderRows(dateReminders_)));
   showChosen();
 }
 
 // A button that is disabled deletes nothing, so its list highlights nothing.
-void figy::showChosen() {
-  showChosen(ui_->ListView1, ui_->cmd_del);
-  showChosen(ui_->ListView2, ui_->cmdDel2);
+void figy::showChosen(const Tab& tab) {
+  tab.list->highlightRecord(tab.deletion->isEnabled() ? context_.state.selectedReminder : 0);
 }
 
-void figy::showChosen(ListView* list, const QAbstractButton* deletion) {
-  list->highlightRecord(deletion->isEnabled() ? context_.state.selectedReminder : 0);
+void figy::showChosen() {
+  showChosen(km_);
+  showChosen(dates_);
 }
 
 // The other list then shows what its own button would delete by now.
-void figy::select(std::int16_t number, QAbstractButton* deletion) {
+void figy::select(std::int16_t number, const Tab& tab, const Tab& other) {
   context_.state.selectedReminder = number;
-  if (number != 0) deletion->setEnabled(true);
-  if (deletion == ui_->cmd_del) return showChosen(ui_->ListView2, ui_->cmdDel2);
-  showChosen(ui_->ListView1, ui_->cmd_del);
+  if (number != 0) tab.deletion->setEnabled(true);
+  showChosen(other);
 }
 
 // The number is one for both lists: without it neither button has anything to delete.
@@ -133,30 +139,43 @@ void figy::forgetChosen() {
   ui_->cmdDel2->setEnabled(false);
 }
 
-bool figy::changeKm(const QString& done, const std::function<void()>& make) {
-  return carryOut(this, {.done = done,
-                         .make = make,
-                         .forget = [this] { forgetChosen(); },
-                         .list = [this] { ui_->ListView1->keepPlace([this] { BeolvasFigyel(); }); }});
+void figy::loadInPlace(const Tab& tab) {
+  tab.list->keepPlace([&] { (this->*tab.load)(); });
 }
 
-bool figy::changeDates(const QString& done, const std::function<void()>& make) {
-  return carryOut(this, {.done = done,
-                         .make = make,
-                         .forget = [this] { forgetChosen(); },
-                         .list = [this] { ui_->ListView2->keepPlace([this] { BeolvasFigyDatum(); }); }});
+void figy::change(const Tab& tab, const QString& done, const std::function<void()>& make) {
+  carryOut(
+      this,
+      {.done = done, .make = make, .forget = [this] { forgetChosen(); }, .list = [&] { loadInPlace(tab); }});
+}
+
+void figy::record(const Tab& tab, const QLineEdit& text, const std::function<void()>& make) {
+  const QString what = text.text().trimmed();
+  const Step step(this, QStringLiteral("figyelmeztetés rögzítése, %1").arg(what),
+                  QStringLiteral("Rögzítve: %1").arg(what));
+  change(tab, QStringLiteral("A figyelmeztetés rögzítve van."), make);
+}
+
+void figy::remove(const Tab& tab, const QString& text, const std::function<void()>& make) {
+  const Step step(this, QStringLiteral("figyelmeztetés törlése"), QStringLiteral("Törölve: %1").arg(text));
+  change(tab, QStringLiteral("A figyelmeztetés törölve van."), [&] {
+    make();
+    context_.state.selectedReminder = 0;
+    tab.deletion->setEnabled(false);
+  });
+  tab.list->setFocus();
 }
 
 void figy::followChange(const core::Travelled& travelled) {
-  const std::string km = context_.folders.inCurrent("figyel.dat");
-  const std::string dates = context_.folders.inCurrent("figyDatum.dat");
-  if (!concerns(travelled, km) && !concerns(travelled, dates)) return;
+  const auto pathOf = [this](const Tab& tab) { return context_.folders.inCurrent(tab.file); };
+  const bool isKm = concerns(travelled, pathOf(km_));
+  if (!isKm && !concerns(travelled, pathOf(dates_))) return;
   forgetChosen();
-  ui_->SSTab1->setCurrentIndex(concerns(travelled, km) ? 0 : 1);
-  ui_->ListView1->keepPlace([this] { BeolvasFigyel(); });
-  ui_->ListView2->keepPlace([this] { BeolvasFigyDatum(); });
-  ui_->ListView1->markRecord(recordThatCameBack(travelled, km));
-  ui_->ListView2->markRecord(recordThatCameBack(travelled, dates));
+  ui_->SSTab1->setCurrentIndex(isKm ? 0 : 1);
+  for (const Tab* tab : {&km_, &dates_}) {
+    loadInPlace(*tab);
+    tab->list->markRecord(recordThatCameBack(travelled, pathOf(*tab)));
+  }
 }
 
 void figy::recordKm() {
@@ -165,10 +184,7 @@ void figy::recordKm() {
                                          .after = toLogic(ui_->tx_km_mulva->text()),
                                          .plate = toLogic(plate_)};
   if (!confirmsRecording(this, QString(), reminders::addsReminder(kmReminders_, entry))) return;
-  const QString what = ui_->tx_szoveg->text().trimmed();
-  const Step step(this, QStringLiteral("figyelmeztetés rögzítése, %1").arg(what),
-                  QStringLiteral("Rögzítve: %1").arg(what));
-  changeKm(QStringLiteral("A figyelmeztetés rögzítve van."), [&] {
+  record(km_, *ui_->tx_szoveg, [&] {
     reminders::recordKmReminder(context_.files, context_.folders, entry, context_.clock.today());
   });
 }
@@ -178,10 +194,10 @@ bool figy::chooseKm(int row) {
   reminders::FigyelRec reminder;
   const bool isChosen = guarded(this, [&] {
     const auto stored = reminders::loadKmReminders(context_.files, context_.folders);
-    const std::int16_t number = reminders::recordNumber(toLogic(kmRows_->record(row)));
+    const std::int16_t number = reminders::recordNumber(toLogic(km_.rows->record(row)));
     reminder = stored.record(number);
     ui_->Label3->hide();
-    select(number, ui_->cmd_del);
+    select(number, km_, dates_);
   });
   if (!isChosen) return false;
   if (context_.state.selectedReminder == 0) return leavePlaceholder(ui_->ListView1);
@@ -214,16 +230,10 @@ void figy::showExpectedDate(const QString& caption) {
 void figy::deleteKm() {
   if (!confirmsDeletion()) return;
   const core::SeenRecord seen = kmReminders_.seen(context_.state.selectedReminder);
-  const Step step(this, QStringLiteral("figyelmeztetés törlése"),
-                  QStringLiteral("Törölve: %1").arg(reminderText<reminders::FigyelRec>(seen)));
-  changeKm(QStringLiteral("A figyelmeztetés törölve van."), [this] {
-    reminders::blankKmReminder(context_.files, context_.folders,
-                               kmReminders_.seen(context_.state.selectedReminder));
-    context_.state.selectedReminder = 0;
-    ui_->cmd_del->setEnabled(false);
+  remove(km_, reminderText<reminders::FigyelRec>(seen), [&] {
+    reminders::blankKmReminder(context_.files, context_.folders, seen);
     clearKmFields();
   });
-  ui_->ListView1->setFocus();
 }
 
 void figy::clearKmFields() {
@@ -239,32 +249,22 @@ void figy::recordDate() {
                                            .plate = toLogic(plate_)};
   const QString whose = plate_ + QStringLiteral(" gépkocsira?");
   if (!confirmsRecording(this, whose, reminders::addsReminder(dateReminders_, entry))) return;
-  const QString what = ui_->txtMire->text().trimmed();
-  const Step step(this, QStringLiteral("figyelmeztetés rögzítése, %1").arg(what),
-                  QStringLiteral("Rögzítve: %1").arg(what));
-  changeDates(QStringLiteral("A figyelmeztetés rögzítve van."), [&] {
+  record(dates_, *ui_->txtMire, [&] {
     reminders::recordDateReminder(context_.files, context_.folders, entry, context_.clock.today());
   });
 }
 
 bool figy::chooseDate(int row) {
   const bool isChosen =
-      guarded(this, [&] { select(reminders::recordNumber(toLogic(dateRows_->record(row))), ui_->cmdDel2); });
+      guarded(this, [&] { select(reminders::recordNumber(toLogic(dates_.rows->record(row))), dates_, km_); });
   return isChosen && (context_.state.selectedReminder != 0 || leavePlaceholder(ui_->ListView2));
 }
 
 void figy::deleteDate() {
   if (!confirmsDeletion()) return;
   const core::SeenRecord seen = dateReminders_.seen(context_.state.selectedReminder);
-  const Step step(this, QStringLiteral("figyelmeztetés törlése"),
-                  QStringLiteral("Törölve: %1").arg(reminderText<reminders::FigyDatumRec>(seen)));
-  changeDates(QStringLiteral("A figyelmeztetés törölve van."), [this] {
-    reminders::deleteDateReminder(context_.files, context_.folders,
-                                  dateReminders_.seen(context_.state.selectedReminder));
-    context_.state.selectedReminder = 0;
-    ui_->cmdDel2->setEnabled(false);
-  });
-  ui_->ListView2->setFocus();
+  remove(dates_, reminderText<reminders::FigyDatumRec>(seen),
+         [&] { reminders::deleteDateReminder(context_.files, context_.folders, seen); });
 }
 
 bool figy::confirmsDeletion() {

@@ -11,6 +11,7 @@
 #include "ui/lists/text_list_model.h"
 
 class QAbstractButton;
+class QLineEdit;
 
 namespace Ui {
 class figy;
@@ -32,9 +33,20 @@ class figy : public QDialog {
   ~figy() override;
 
  private:
+  /// What the tabs have alike: a file of reminders, the list that shows them, the button that deletes.
+  struct Tab {
+    ListView* list;
+    QAbstractButton* deletion;
+    const char* file;
+    void (figy::*load)();
+    bool (figy::*choose)(int row);
+    QString csvName;
+    std::string (*csv)(core::FileSystem&, const core::DataFolders&, const TextListModel&);
+    TextListModel* rows = nullptr;
+  };
+
   void prepareFields();
-  void prepareLists();
-  void addListMenus();
+  void prepareTab(Tab& tab);
   void connectButtons();
 
   void BeolvasFigyel();
@@ -55,17 +67,19 @@ class figy : public QDialog {
   bool confirmsDeletion();
   void forgetChosen();
   void followChange(const core::Travelled& travelled);
-  void select(std::int16_t number, QAbstractButton* deletion);
+  void select(std::int16_t number, const Tab& tab, const Tab& other);
   void showChosen();
-  void showChosen(ListView* list, const QAbstractButton* deletion);
-  bool changeKm(const QString& done, const std::function<void()>& make);
-  bool changeDates(const QString& done, const std::function<void()>& make);
+  void showChosen(const Tab& tab);
+  void loadInPlace(const Tab& tab);
+  void change(const Tab& tab, const QString& done, const std::function<void()>& make);
+  void record(const Tab& tab, const QLineEdit& text, const std::function<void()>& make);
+  void remove(const Tab& tab, const QString& text, const std::function<void()>& make);
 
   Context& context_;
   QString plate_;
   std::unique_ptr<Ui::figy> ui_;
-  TextListModel* kmRows_;
-  TextListModel* dateRows_;
+  Tab km_;
+  Tab dates_;
   // What the lists hold.
   reminders::KmReminders kmReminders_;
   reminders::DateReminders dateReminders_;

@@ -7,11 +7,11 @@
 #include "ui/base/message_boxes.h"
 #include "ui/base/text.h"
 #include "ui/lists/list_delegate.h"
-#include "ui/lists/reminder_rows.h"
 #include "ui/look/enter_key.h"
 #include "ui/look/look.h"
 #include "ui/look/placement.h"
 #include "ui/look/undo_line.h"
+#include "ui/windows/figure_fields.h"
 #include "ui/windows/reminder_parts.h"
 #include "ui_frmDatumFigyelmeztetes.h"
 
@@ -19,6 +19,7 @@ namespace tarvik::ui {
 frmDatumFigyelmeztetes::frmDatumFigyelmeztetes(Context& context, QWidget* parent)
     : QDialog(parent), context_(context), ui_(std::make_unique<Ui::frmDatumFigyelmeztetes>()) {
   ui_->setupUi(this);
+  makeResults({ui_->lbDatum, ui_->lbSzoveg, ui_->lbBeirva, ui_->lbRendszam});
   rows_ = prepareReminderList(
       ui_->ListView1,
       {QStringLiteral("Dátum"), QStringLiteral("Figyelmeztetés Szövege"), QStringLiteral("Rendszám")});
@@ -60,9 +61,9 @@ void frmDatumFigyelmeztetes::choose(int row) {
 
 void frmDatumFigyelmeztetes::forgetChosen() {
   selected_ = 0;
-  for (ResultLabel* figure : {ui_->lbDatum, ui_->lbSzoveg, ui_->lbBeirva, ui_->lbRendszam})
-    showCaption(figure, QString());
-  showCaption(ui_->lbNapok, QString());
+  for (QLabel* caption : std::initializer_list<QLabel*>{ui_->lbDatum, ui_->lbSzoveg, ui_->lbBeirva,
+                                                        ui_->lbRendszam, ui_->lbNapok})
+    showCaption(caption, QString());
 }
 
 void frmDatumFigyelmeztetes::followChange(const core::Travelled& travelled) {

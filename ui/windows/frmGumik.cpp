@@ -11,6 +11,7 @@
 #include "ui/look/look.h"
 #include "ui/look/plate_chooser.h"
 #include "ui/look/undo_line.h"
+#include "ui/windows/figure_fields.h"
 #include "ui_frmGumik.h"
 
 namespace tarvik::ui {
@@ -57,8 +58,20 @@ frmGumik::frmGumik(Context& context, const QString& plate, const QStringList& pl
       tyres_(context.files, context.folders) {
   ui_->setupUi(this);
   ui_->frameGumiModosit->hide();
-  opGumiEvszak_ = groupOf(this, {ui_->opGumiEvszak_0, ui_->opGumiEvszak_1, ui_->opGumiEvszak_2});
-  opMEszak_ = groupOf(this, {ui_->opMEszak_0, ui_->opMEszak_1, ui_->opMEszak_2});
+  new_ = {.type = ui_->txtGumiTipusa,
+          .size = ui_->txtGumiMeret,
+          .maxKm = ui_->txtGumiMaxKm,
+          .season = groupOf(this, {ui_->opGumiEvszak_0, ui_->opGumiEvszak_1, ui_->opGumiEvszak_2}),
+          .kmWhenFitted = ui_->txtGumiKmFelszerelKor,
+          .kmRun = ui_->txtGumiAzotaFutottKm};
+  change_ = {.type = ui_->txtMtipus,
+             .size = ui_->txtMMeret,
+             .maxKm = ui_->txtMMaxKm,
+             .season = groupOf(this, {ui_->opMEszak_0, ui_->opMEszak_1, ui_->opMEszak_2}),
+             .kmWhenFitted = ui_->txtMKmFelszKor,
+             .kmRun = ui_->txtMAzotaFutott};
+  for (const Fields& fields : {new_, change_})
+    makeFigureFields({fields.maxKm, fields.kmWhenFitted, fields.kmRun}, kLongestFigure);
   new PlateChooser(ui_->cmbRendszam, [this] { guarded(this, [this] { BeolvasGumi(); }); });
   connectButtons();
   open({.layout = ui_->mainLayout,
@@ -112,9 +125,14 @@ QString frmGumik::plateOf(int number) {
 void frmGumik::showRecord(int number) {
   const tyres::TyreSet& set = tyres_.read(number);
   ui_->cmdGumiModositKeret->setEnabled(true);
-  fillNewFields(set);
-  fillChangeFields(set);
   const bool isOnCar = set.onCar != tyres::kNotFitted;
+  ui_->cmbRendszam->setEditText(toQt(set.plate.asStored()));
+  fillField(new_.type, set.type.asStored());
+  fillField(new_.size, set.size.asStored());
+  ui_->chkGumiFentVan->setChecked(isOnCar);
+  fillField(change_.type, set.type.trimmed());
+  fillField(change_.size, set.size.trimmed());
+  for (const Fields& fields : {new_, change_}) fields.show(set);
   ui_->cmdGumiFel->setEnabled(!isOnCar);
   ui_->cmdGumiLe->setEnabled(isOnCar);
 }
@@ -126,42 +144,20 @@ void frmGumik::forgetChosen() {
   ui_->frameGumiModosit->hide();
 }
 
-void frmGumik::fillNewFields(const tyres::TyreSet& set) {
-  ui_->cmbRendszam->setEditText(toQt(set.plate.asStored()));
-  fillField(ui_->txtGumiTipusa, set.type.asStored());
-  fillField(ui_->txtGumiMeret, set.size.asStored());
-  ui_->txtGumiMaxKm->setText(numberText(set.maxKm));
-  selectSeason(opGumiEvszak_, set.season);
-  ui_->chkGumiFentVan->setChecked(set.onCar != tyres::kNotFitted);
-  ui_->txtGumiKmFelszerelKor->setText(numberText(set.kmWhenFitted));
-  ui_->txtGumiAzotaFutottKm->setText(numberText(set.kmRun));
+void frmGumik::Fields::show(const tyres::TyreSet& set) const {
+  maxKm->setText(numberText(set.maxKm));
+  selectSeason(season, set.season);
+  kmWhenFitted->setText(numberText(set.kmWhenFitted));
+  kmRun->setText(numberText(set.kmRun));
 }
 
-void frmGumik::fillChangeFields(const tyres::TyreSet& set) {
-  fillField(ui_->txtMtipus, set.type.trimmed());
-  fillField(ui_->txtMMeret, set.size.trimmed());
-  ui_->txtMMaxKm->setText(numberText(set.maxKm));
-  selectSeason(opMEszak_, set.season);
-  ui_->txtMKmFelszKor->setText(numberText(set.kmWhenFitted));
-  ui_->txtMAzotaFutott->setText(numberText(set.kmRun));
-}
-
-tyres::TyreFields frmGumik::newFields() const {
-  return {.type = toLogic(ui_->txtGumiTipusa->text()),
-          .size = toLogic(ui_->txtGumiMeret->text()),
-          .maxKm = toLogic(ui_->txtGumiMaxKm->text()),
-          .season = selectedSeason(opGumiEvszak_),
-          .kmWhenFitted = toLogic(ui_->txtGumiKmFelszerelKor->text()),
-          .kmRun = toLogic(ui_->txtGumiAzotaFutottKm->text())};
-}
-
-tyres::TyreFields frmGumik::changeFields() const {
-  return {.type = toLogic(ui_->txtMtipus->text()),
-          .size = toLogic(ui_->txtMMeret->text()),
-          .maxKm = toLogic(ui_->txtMMaxKm->text()),
-          .season = selectedSeason(opMEszak_),
-          .kmWhenFitted = toLogic(ui_->txtMKmFelszKor->text()),
-          .kmRun = toLogic(ui_->txtMAzotaFutott->text())};
+tyres::TyreFields frmGumik::Fields::typed() const {
+  return {.type = toLogic(type->text()),
+          .size = toLogic(size->text()),
+          .maxKm = toLogic(maxKm->text()),
+          .season = selectedSeason(season),
+          .kmWhenFitted = toLogic(kmWhenFitted->text()),
+          .kmRun = toLogic(kmRun->text())};
 }
 
 // Neither the list nor the fields change: the set is seen at the next listing.
@@ -174,7 +170,7 @@ void frmGumik::recordSet() {
                       [&] {
                         tyres_.record({.plate = toLogic(ui_->cmbRendszam->currentText()),
                                        .isFitted = ui_->chkGumiFentVan->isChecked(),
-                                       .fields = newFields()});
+                                       .fields = new_.typed()});
                         isRecorded = true;
                       },
                   .forget = [this] { forgetChosen(); },
@@ -209,7 +205,7 @@ void frmGumik::changeSet() {
   const Step step(this, QStringLiteral("gumi módosítása, %1").arg(what),
                   QStringLiteral("Módosítva: %1").arg(what));
   change(QStringLiteral("A gumi adatai módosítva vannak."), [this] {
-    tyres_.change(tyres_.seen(chosen()), changeFields());
+    tyres_.change(tyres_.seen(chosen()), change_.typed());
     ui_->cmdGumiModositKeret->setEnabled(false);
     ui_->frameGumiModosit->hide();
   });

@@ -6,6 +6,7 @@
 #include "ui/windows/register_screen.h"
 
 class QButtonGroup;
+class QLineEdit;
 
 namespace Ui {
 class frmGumik;
@@ -35,21 +36,29 @@ class frmGumik : public RegisterScreen {
   void forgetChosen() override;
   QString typeOf(int number) const;
 
-  void fillNewFields(const tyres::TyreSet& set);
-  void fillChangeFields(const tyres::TyreSet& set);
-  tyres::TyreFields newFields() const;
-  tyres::TyreFields changeFields() const;
-
   void recordSet();
   void fitSet();
   void takeSetOff();
   void changeSet();
   void deleteSet();
 
+  /// The fields of a set: those of a new one, or those in which the chosen one is changed.
+  struct Fields {
+    QLineEdit* type;
+    QLineEdit* size;
+    QLineEdit* maxKm;
+    QButtonGroup* season;
+    QLineEdit* kmWhenFitted;
+    QLineEdit* kmRun;
+
+    void show(const tyres::TyreSet& set) const;
+    tyres::TyreFields typed() const;
+  };
+
   std::unique_ptr<Ui::frmGumik> ui_;
   tyres::TyreRegister tyres_;
-  QButtonGroup* opGumiEvszak_;
-  QButtonGroup* opMEszak_;
+  Fields new_;
+  Fields change_;
 };
 
 }  // namespace tarvik::ui

@@ -1,5 +1,7 @@
 #include "ui/windows/frmMelyGrafikon.h"
 
+#include <QButtonGroup>
+
 #include "ui/look/access.h"
 #include "ui/look/enter_key.h"
 #include "ui/look/placement.h"
@@ -15,14 +17,16 @@ constexpr int kDownTwips = 3'500;
 }  // namespace
 
 frmMelyGrafikon::frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* parent, int seenLast)
-    : QDialog(parent), context_(context), ui_(std::make_unique<Ui::frmMelyGrafikon>()) {
+    : QDialog(parent),
+      context_(context),
+      ui_(std::make_unique<Ui::frmMelyGrafikon>()),
+      options_(new QButtonGroup(this)) {
   ui_->setupUi(this);
   makeAccessible(*this);
-  // The group holds the options in the order of the form, which is that of their numbers.
   int number = 0;
-  for (QAbstractButton* option : ui_->choices->buttons()) ui_->choices->setId(option, ++number);
+  for (QRadioButton* option : findChildren<QRadioButton*>()) options_->addButton(option, ++number);
   const int choice = context_.state.chartChoice;
-  if (QAbstractButton* last = ui_->choices->button(choice != 0 ? choice : seenLast)) {
+  if (QAbstractButton* last = options_->button(choice != 0 ? choice : seenLast)) {
     last->setChecked(true);
     last->setFocus();
   }
@@ -37,7 +41,7 @@ frmMelyGrafikon::frmMelyGrafikon(Context& context, QPoint mainTopLeft, QWidget* 
 frmMelyGrafikon::~frmMelyGrafikon() = default;
 
 void frmMelyGrafikon::takeChecked() {
-  const int checked = ui_->choices->checkedId();
+  const int checked = options_->checkedId();
   if (checked > 0) context_.state.chartChoice = static_cast<std::int16_t>(checked);
   accept();
 }

@@ -6,6 +6,8 @@
 
 #include "ui/base/context.h"
 
+class QButtonGroup;
+
 namespace Ui {
 class frmMelyGrafikon;
 }
@@ -31,6 +33,7 @@ class frmMelyGrafikon : public QDialog {
 
   Context& context_;
   std::unique_ptr<Ui::frmMelyGrafikon> ui_;
+  QButtonGroup* options_;  // by their numbers
 };
 
 }  // namespace tarvik::ui

@@ -17,6 +17,7 @@
 #include "ui/look/placement.h"
 #include "ui/look/plate_chooser.h"
 #include "ui/look/undo_line.h"
+#include "ui/windows/figure_fields.h"
 #include "ui/windows/restore_pane.h"
 #include "ui_frmSetup.h"
 
@@ -42,6 +43,9 @@ void tellMissing(QWidget* screen, const QString& prompt, QWidget* field) {
 frmSetup::frmSetup(Context& context, QPoint mainTopLeft, QWidget* parent)
     : QDialog(parent), context_(context), mainTopLeft_(mainTopLeft), ui_(std::make_unique<Ui::frmSetup>()) {
   ui_->setupUi(this);
+  partNames_ = {.list = ui_->listAlkatr, .deletion = ui_->cmdAlkatrDel, .file = settings::kPartNames};
+  notes_ = {.list = ui_->listMegj, .deletion = ui_->cmdMegjDel, .file = settings::kNotes};
+  makeFigureFields({ui_->txTank}, QStringLiteral("WWWWWWWW"));
   new PlateChooser(ui_->cmbRendszam);
   addCopies();
   makeAccessible(*this);
@@ -84,14 +88,15 @@ void frmSetup::connectButtons() {
 void frmSetup::connectLists() {
   new ListHint(*ui_->List1,
                QStringLiteral("Még nincs gépkocsi.\nÍrd be fent a rendszámot és a tank méretét!"));
-  for (QListWidget* list : {ui_->listAlkatr, ui_->listMegj})
-    new ListHint(*list, QStringLiteral("Még üres.\nA főképernyő Felvesz gombja bővíti."));
   chosenVehicle_ = enableWhileChosen(ui_->List1, ui_->cmdRendszamDel);
-  chosenPartName_ = enableWhileChosen(ui_->listAlkatr, ui_->cmdAlkatrDel);
-  chosenNote_ = enableWhileChosen(ui_->listMegj, ui_->cmdMegjDel);
+  for (Lookup* lookup : {&partNames_, &notes_}) {
+    new ListHint(*lookup->list, QStringLiteral("Még üres.\nA főképernyő Felvesz gombja bővíti."));
+    lookup->chosen = enableWhileChosen(lookup->list, lookup->deletion);
+  }
 }
 
 RowChoice* frmSetup::enableWhileChosen(QListWidget* list, QAbstractButton* button) {
+  list->setAlternatingRowColors(true);
   connect(list->model(), &QAbstractItemModel::modelReset, button, [button] { button->setEnabled(false); });
   return new RowChoice(list, [button](int) {
     button->setEnabled(true);
@@ -107,19 +112,11 @@ void frmSetup::showEvent(QShowEvent* event) {
 // Each file by itself: one that cannot be read does not keep the others from the person.
 void frmSetup::load() {
   loaded_ = true;
-  place();
-  for (const Handler part : {&frmSetup::loadVehicleLists, &frmSetup::loadStartSettings,
-                             &frmSetup::loadPartNames, &frmSetup::loadNotes})
-    guarded(this, [&] { (this->*part)(); });
-}
-
-void frmSetup::place() {
   openAt(*this, mainTopLeft_ + QPoint(pixelsOfTwips(kRightTwips, *this), pixelsOfTwips(kDownTwips, *this)),
          kWishedSteps * gridStep());
-}
-
-void frmSetup::loadVehicleLists() {
-  fillVehicles();
+  guarded(this, [this] { fillVehicles(); });
+  guarded(this, [this] { loadStartSettings(); });
+  for (Lookup* lookup : {&partNames_, &notes_}) guarded(this, [&] { loadTexts(*lookup); });
 }
 
 void frmSetup::loadStartSettings() {
@@ -134,12 +131,11 @@ void frmSetup::showStartPlate(const QString& plate) {
   ui_->cmbRendszam->lineEdit()->selectAll();
 }
 
-void frmSetup::loadPartNames() {
-  fillLookupList(ui_->listAlkatr, settings::kPartNames, partNames_);
-}
-
-void frmSetup::loadNotes() {
-  fillLookupList(ui_->listMegj, settings::kNotes, notes_);
+void frmSetup::loadTexts(Lookup& lookup) {
+  lookup.list->clear();
+  lookup.texts = settings::loadLookupTexts(context_.files, context_.folders, lookup.file);
+  for (int number = 1; number <= lookup.texts.count(); ++number)
+    lookup.list->addItem(toQt(lookup.texts.record(number).text.asStored()));
 }
 
 // What came back into a list is chosen there.
@@ -155,13 +151,11 @@ void frmSetup::followList(RowChoice& chosen, const std::string& file, const core
 // The switch keeps its state: it is no part of what is stored.
 void frmSetup::followChange(const core::Travelled& travelled) {
   followList(*chosenVehicle_, "rendsz.dat", travelled, [this] { fillVehicles(); });
-  followList(*chosenPartName_, settings::kPartNames.name, travelled, [this] { loadPartNames(); });
-  followList(*chosenNote_, settings::kNotes.name, travelled, [this] { loadNotes(); });
+  for (Lookup* lookup : {&partNames_, &notes_})
+    followList(*lookup->chosen, lookup->file.name, travelled, [&] { loadTexts(*lookup); });
   if (!concerns(travelled, context_.folders.inCurrent("set.dat"))) return;
-  const settings::SetRecord stored = settings::loadStartSettings(context_.files, context_.folders);
-  showStartPlate(stored.plate.isBlank() ? QString() : toQt(stored.plate.asStored()));
   const QSignalBlocker unswitched(ui_->chkRiaszt);
-  ui_->chkRiaszt->setChecked(stored.remindersOn == core::kFlagSet);
+  loadStartSettings();
 }
 
 void frmSetup::addVehicle() {
@@ -224,45 +218,30 @@ QStringList frmSetup::fillVehicles() {
   return plates;
 }
 
-void frmSetup::deletePartName() {
-  if (confirmsDeletion())
-    return deleteLookupText(*chosenPartName_, settings::kPartNames, partNames_, &frmSetup::loadPartNames);
-  chosenPartName_->highlight(-1);
-  ui_->cmdAlkatrDel->setEnabled(false);
-}
-
-void frmSetup::deleteNote() {
-  ui_->cmdMegjDel->setEnabled(false);
-  if (confirmsDeletion())
-    return deleteLookupText(*chosenNote_, settings::kNotes, notes_, &frmSetup::loadNotes);
-  chosenNote_->highlight(-1);
+// The notes' button is disabled before the question already.
+void frmSetup::deleteText(Lookup& lookup) {
+  if (&lookup == &notes_) lookup.deletion->setEnabled(false);
+  if (!confirmsDeletion()) {
+    lookup.chosen->highlight(-1);
+    lookup.deletion->setEnabled(false);
+    return;
+  }
+  const int number = lookup.chosen->row() + 1;
+  const QString what = toQt(lookup.texts.record(number).text.trimmed());
+  const Step step(this, QStringLiteral("törlés, %1").arg(what), QStringLiteral("Törölve: %1").arg(what));
+  carryOut(this, {.done = QStringLiteral("A tétel törölve van."),
+                  .make =
+                      [&] {
+                        settings::removeLookupText(context_.files, context_.folders, lookup.file,
+                                                   lookup.texts.seen(number));
+                      },
+                  .list = [&] { lookup.chosen->keepPlace([&] { loadTexts(lookup); }); }});
+  lookup.list->setFocus();
 }
 
 bool frmSetup::confirmsDeletion() {
   return ask(this, QStringLiteral(" TÖRLÉS az adatállományból !"),
              QStringLiteral("Biztos T Ö R Ö L H E T Ő\na kijelölt tétel? "), DefaultAnswer::No);
-}
-
-void frmSetup::deleteLookupText(RowChoice& chosen, const settings::LookupFile& file,
-                                const settings::LookupTexts& listed, Handler refill) {
-  const QString what = toQt(listed.record(chosen.row() + 1).text.trimmed());
-  const Step step(this, QStringLiteral("törlés, %1").arg(what), QStringLiteral("Törölve: %1").arg(what));
-  carryOut(this, {.done = QStringLiteral("A tétel törölve van."),
-                  .make =
-                      [&] {
-                        settings::removeLookupText(context_.files, context_.folders, file,
-                                                   listed.seen(chosen.row() + 1));
-                      },
-                  .list = [&] { chosen.keepPlace([&] { (this->*refill)(); }); }});
-  chosen.view().setFocus();
-}
-
-void frmSetup::fillLookupList(QListWidget* list, const settings::LookupFile& file,
-                              settings::LookupTexts& listed) {
-  list->clear();
-  listed = settings::loadLookupTexts(context_.files, context_.folders, file);
-  for (int number = 1; number <= listed.count(); ++number)
-    list->addItem(toQt(listed.record(number).text.asStored()));
 }
 
 void frmSetup::saveStartSettings() {

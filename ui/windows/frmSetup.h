@@ -42,8 +42,16 @@ class frmSetup : public QDialog {
   void showEvent(QShowEvent* event) override;
 
  private:
-  using Handler = void (frmSetup::*)();
   using VehicleText = std::string (*)(const settings::Vehicle&);
+
+  /// A list of texts to choose from on the main screen.
+  struct Lookup {
+    QListWidget* list;
+    QAbstractButton* deletion;
+    settings::LookupFile file;
+    RowChoice* chosen = nullptr;
+    settings::LookupTexts texts = {};  ///< what the list holds
+  };
 
   void addCopies();
   void connectButtons();
@@ -51,16 +59,14 @@ class frmSetup : public QDialog {
   RowChoice* enableWhileChosen(QListWidget* list, QAbstractButton* button);
 
   void load();
-  void place();
-  void loadVehicleLists();
   void loadStartSettings();
-  void loadPartNames();
-  void loadNotes();
+  void loadTexts(Lookup& lookup);
 
   void addVehicle();
   void deleteVehicle();
-  void deletePartName();
-  void deleteNote();
+  void deletePartName() { deleteText(partNames_); }
+  void deleteNote() { deleteText(notes_); }
+  void deleteText(Lookup& lookup);
   void saveStartSettings();
   void switchReminders();
 
@@ -71,22 +77,16 @@ class frmSetup : public QDialog {
   QStringList fillVehicles();
   void showStartPlate(const QString& plate);
   bool confirmsDeletion();
-  void fillLookupList(QListWidget* list, const settings::LookupFile& file, settings::LookupTexts& listed);
   void changeVehicles(const QString& done, const std::function<void()>& make);
-  void deleteLookupText(RowChoice& chosen, const settings::LookupFile& file,
-                        const settings::LookupTexts& listed, Handler refill);
 
   Context& context_;
   QPoint mainTopLeft_;
   std::unique_ptr<Ui::frmSetup> ui_;
   RowChoice* chosenVehicle_ = nullptr;
-  RowChoice* chosenPartName_ = nullptr;
-  RowChoice* chosenNote_ = nullptr;
   VehicleText vehicleText_ = &settings::listText;
-  // What the lists hold.
-  settings::Vehicles vehicles_;
-  settings::LookupTexts partNames_;
-  settings::LookupTexts notes_;
+  settings::Vehicles vehicles_;  // what the list holds
+  Lookup partNames_;
+  Lookup notes_;
   bool loaded_ = false;
 };
 

@@ -7,6 +7,7 @@
 #include "ui/look/look.h"
 #include "ui/look/plate_chooser.h"
 #include "ui/look/undo_line.h"
+#include "ui/windows/figure_fields.h"
 #include "ui_frmSzerviz.h"
 
 namespace tarvik::ui {
@@ -33,6 +34,8 @@ frmSzerviz::frmSzerviz(Context& context, const QString& plate, const QStringList
       ui_(std::make_unique<Ui::frmSzerviz>()),
       log_(context.files, context.folders) {
   ui_->setupUi(this);
+  makeFigureFields({ui_->txtSzervizKoltseg, ui_->txtKMora}, kLongestFigure);
+  makeResults({ui_->lbKoltseg});
   ui_->DTPSzerviz->setDate(toQt(context.clock.today()));
   new PlateChooser(ui_->cmbRendszam2);
   onClick(this, ui_->cmdSzervizSzures, &frmSzerviz::filter);

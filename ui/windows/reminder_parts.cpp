@@ -4,12 +4,9 @@
 #include <algorithm>
 
 #include "ui/base/message_boxes.h"
-#include "ui/base/text.h"
 #include "ui/lists/list_delegate.h"
 #include "ui/lists/list_hint.h"
 #include "ui/lists/list_view.h"
-#include "ui/lists/text_list_model.h"
-#include "ui/look/dialog_parts.h"
 
 namespace tarvik::ui {
 namespace {
@@ -27,6 +24,13 @@ TextListModel* prepareReminderList(ListView* view, const QStringList& headers) {
       std::max(view->minimumWidth(), kReminderCharacters * view->fontMetrics().averageCharWidth()));
   new ListHint(*view, QStringLiteral("Nincs figyelmeztetés."));
   return rows;
+}
+
+std::vector<TextRow> toTextRows(const std::vector<reminders::ReminderRow>& rows) {
+  std::vector<TextRow> texts;
+  for (const reminders::ReminderRow& row : rows)
+    texts.push_back({.cells = {toQt(row.date), toQt(row.text), toQt(row.plate)}, .record = toQt(row.record)});
+  return texts;
 }
 
 // The accessible name says what the label is, so that its text has to be told apart.

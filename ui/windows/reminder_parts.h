@@ -4,10 +4,11 @@
 #include <QStringList>
 #include <vector>
 
-#include "reminders/km_alert.h"
-
 #include "core/record_list.h"
+#include "reminders/km_alert.h"
+#include "reminders/reminder_row.h"
 #include "ui/base/text.h"
+#include "ui/lists/text_list_model.h"
 
 class QLabel;
 class QWidget;
@@ -15,11 +16,13 @@ class QWidget;
 namespace tarvik::ui {
 
 class ListView;
-class TextListModel;
 
 /// Puts a list of reminders on a view under three headers (date, text, plate), wide enough for what
 /// reminders hold; the model belongs to the view.
 TextListModel* prepareReminderList(ListView* view, const QStringList& headers);
+
+/// The reminders as rows of that list.
+std::vector<TextRow> toTextRows(const std::vector<reminders::ReminderRow>& rows);
 
 /// Shows a text on a label that stands for a figure or a stored text, to assistive tools too.
 void showCaption(QLabel* label, const QString& text);

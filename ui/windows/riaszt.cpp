@@ -15,6 +15,7 @@
 #include "ui/look/enter_key.h"
 #include "ui/look/placement.h"
 #include "ui/look/undo_line.h"
+#include "ui/windows/figure_fields.h"
 #include "ui/windows/reminder_parts.h"
 #include "ui_riaszt.h"
 
@@ -41,6 +42,7 @@ riaszt::riaszt(Context& context, const QString& plate, QWidget* parent)
   makeAccessible(*this);
   addClosingMenu(*this, ui_->mnu_bezar);
   prepareList();
+  prepareFigures();
   choice_ = new RowChoice(ui_->List1, [this](int row) { return guarded(this, [&] { chooseLine(row); }); });
   onClick(this, ui_->cmd_torles, &riaszt::deleteChosen);
   connect(ui_->cmdBezar, &QPushButton::clicked, this, &QDialog::close);
@@ -61,6 +63,20 @@ void riaszt::prepareList() {
   const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
   ui_->List1->setMinimumWidth(kLineCharacters * character + 2 * border + scrollBar);
   ui_->lbRogzDatuma->setMinimumWidth(kTextColumn * character + border);
+}
+
+// They can be read and copied, and the Tab key passes them by.
+void riaszt::prepareFigures() {
+  makeFigureFields(
+      {ui_->tx_km_allas, ui_->tx_km_mulva, ui_->tx_megtett_km, ui_->tx_tullepve, ui_->tx_utolso_km},
+      kLongestGrouped);
+  QFont bold;
+  bold.setBold(true);
+  for (QLineEdit* figure : ui_->detailsBand->findChildren<QLineEdit*>()) {
+    figure->setReadOnly(true);
+    figure->setFocusPolicy(Qt::ClickFocus);
+    figure->setFont(bold);
+  }
 }
 
 void riaszt::showEvent(QShowEvent* event) {

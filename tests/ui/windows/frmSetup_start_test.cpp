@@ -12,53 +12,19 @@ class SettingsStartTest : public QObject {
 
  private slots:
   void theStartPlateIsTheTenCharactersStored() {
-    Setup setup;
-    setup.current.write("rendsz.dat", kTwoVehicles);
-    setup.current.write("set.dat", kRemindersOff);
-    setup.show();
+    ShownSetup setup({{"rendsz.dat", kTwoVehicles}, {"set.dat", kRemindersOff}});
     QCOMPARE(setup.startPlate()->currentText(), "ABC123    ");
   }
 
-  void aStoredOnChangesNothing() {
-    for (const auto state : {std::int16_t{0}, std::int16_t{1}}) {
-      Setup setup;
-      setup.current.write("set.dat", kRemindersOn);
-      const QSignalSpy switched(&setup.screen, &ui::frmSetup::reminderTimerWanted);
-      setup.context.state.reminderState = state;
-      setup.show();
-      QVERIFY(setup.reminders()->isChecked());
-      QCOMPARE(setup.context.state.reminderState, state);
-      QCOMPARE(setup.reminders()->text(), " Bekapcsolva ");
-      QCOMPARE(switched.count(), 0);
-    }
-  }
-
-  void aStoredOffRunsTheSwitchOnce() {
-    Setup setup;
-    setup.current.write("set.dat", kRemindersOff);
-    const QSignalSpy switched(&setup.screen, &ui::frmSetup::reminderTimerWanted);
-    setup.show();
-    QVERIFY(!setup.reminders()->isChecked());
-    QCOMPARE(setup.context.state.reminderState, 1);
-    QCOMPARE(setup.reminders()->text(), kOff);
-    QCOMPARE(switched.count(), 1);
-    QCOMPARE(switched.first().first().toBool(), false);
-  }
-
   void onlyTheStoredMinusOneCountsAsOn() {
-    Setup setup;
-    setup.current.write("set.dat", std::string("\x01\x00"
-                                               "ABC123    ",
-                                               12));
-    setup.show();
+    ShownSetup setup({{"set.dat", std::string("\x01\x00"
+                                              "ABC123    ",
+                                              12)}});
     QVERIFY(!setup.reminders()->isChecked());
   }
 
   void theStartPlateStaysWhileItsListIsFilled() {
-    Setup setup;
-    setup.current.write("rendsz.dat", kTwoVehicles);
-    setup.current.write("set.dat", kRemindersOff);
-    setup.show();
+    ShownSetup setup({{"rendsz.dat", kTwoVehicles}, {"set.dat", kRemindersOff}});
     setup.add("DEF456", "50");
     QCOMPARE(setup.startPlate()->currentText(), "ABC123    ");
     setup.clickRow("List1", 0);
@@ -67,9 +33,7 @@ class SettingsStartTest : public QObject {
   }
 
   void savingWritesThePlateAndTheFlagWithoutAMessage() {
-    Setup setup;
-    setup.current.write("rendsz.dat", kTwoVehicles);
-    setup.show();
+    ShownSetup setup({{"rendsz.dat", kTwoVehicles}});
     setup.openPage(1);
     BoxScript boxes;
     choose(*setup.startPlate(), 0);
@@ -83,8 +47,7 @@ class SettingsStartTest : public QObject {
   }
 
   void savingCutsThePlateToTenCharacters() {
-    Setup setup;
-    setup.show();
+    ShownSetup setup;
     setup.openPage(1);
     typeInto(*setup.startPlate(), "ŐBCDEFGHIJK");
     setup.press("cmdSetup");
@@ -94,9 +57,7 @@ class SettingsStartTest : public QObject {
   }
 
   void typingReplacesTheStoredStartPlate() {
-    Setup setup;
-    setup.current.write("set.dat", kRemindersOff);
-    setup.show();
+    ShownSetup setup({{"set.dat", kRemindersOff}});
     setup.openPage(1);
     setup.startPlate()->setFocus();
     QTest::keyClicks(setup.startPlate(), "XYZ987");
@@ -105,9 +66,7 @@ class SettingsStartTest : public QObject {
   }
 
   void enterOnTheStartPageGoesToTheButtonWhichSavesThePlateAsTyped() {
-    Setup setup;
-    setup.current.write("rendsz.dat", kTwoVehicles);
-    setup.show();
+    ShownSetup setup({{"rendsz.dat", kTwoVehicles}});
     setup.openPage(1);
     typeInto(*setup.startPlate(), "abc123  ");
     QTest::keyClick(setup.startPlate(), Qt::Key_Return);
@@ -123,8 +82,7 @@ class SettingsStartTest : public QObject {
   }
 
   void theSwitchTogglesTheStateWhateverTheBoxShows() {
-    Setup setup;
-    setup.show();
+    ShownSetup setup;
     setup.openPage(1);
     const QSignalSpy switched(&setup.screen, &ui::frmSetup::reminderTimerWanted);
     setup.context.state.reminderState = 1;
@@ -146,9 +104,7 @@ class SettingsStartTest : public QObject {
   }
 
   void theSwitchChangesNothingOnDisk() {
-    Setup setup;
-    setup.current.write("set.dat", kRemindersOff);
-    setup.show();
+    ShownSetup setup({{"set.dat", kRemindersOff}});
     setup.openPage(1);
     press(*setup.reminders());
     QCOMPARE(setup.current.read("set.dat"), kRemindersOff);

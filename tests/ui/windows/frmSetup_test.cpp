@@ -1,7 +1,6 @@
 #include "tests/ui/screen_test.h"
 #include "tests/ui/setup_desk.h"
 
-#include <QScreen>
 #include <QSignalSpy>
 
 // The settings as a window, and what they show first.
@@ -18,19 +17,8 @@ class SettingsTest : public QObject {
     QCOMPARE(setup.screen.pos(), QPoint(33, 187));
   }
 
-  void theScreenStaysOnTheMonitor() {
-    const QRect monitor = QGuiApplication::primaryScreen()->availableGeometry();
-    Setup low(monitor.bottomRight());
-    low.show();
-    QVERIFY(monitor.contains(low.screen.geometry()));
-    Setup high({-5000, -5000});
-    high.show();
-    QCOMPARE(high.screen.pos(), monitor.topLeft());
-  }
-
   void escapeAndTheBackButtonClose() {
-    Setup setup;
-    setup.show();
+    ShownSetup setup;
     QTest::keyClick(&setup.screen, Qt::Key_Escape);
     QVERIFY(!setup.screen.isVisible());
     setup.show();
