@@ -117,11 +117,6 @@ class GuardedTest : public QObject {
                QString("Nincs kitöltve a mező: Rendszám\n\nSemmi sem változott."));
   }
 
-  void anErrorWithoutWordsIsSaidByItsNumber() {
-    QVERIFY(ui::failureText(Failure(FailureKind::OpenFailed).file("/a").systemError(99999))
-                .contains("(99999. számú rendszerhiba)"));
-  }
-
   void aFailureOfNoFieldIsOneOfTheResult() {
     QCOMPARE(ui::failureText(Failure(FailureKind::OutOfRange)),
              QString("Túl nagy szám: a számítás eredménye\n\nSemmi sem változott."));

@@ -223,13 +223,6 @@ class ImportPreviewTest : public QObject {
     });
   }
 
-  void nothingEntersWhenThePersonGivesUp() {
-    Import csv;
-    QVERIFY(!csv.read(kForintLog,
-                      [](Preview& preview) { test::press(*test::part<QPushButton>(preview, "cmdMegsem")); }));
-    QVERIFY(csv.stored().empty());
-  }
-
   void anEntryWithoutATickStaysOut() {
     Import csv;
     QVERIFY(csv.take(kForintLog, [](Preview& preview) {
@@ -241,18 +234,6 @@ class ImportPreviewTest : public QObject {
     }));
     QCOMPARE(csv.stored().size(), 1U);
     QCOMPARE(csv.stored()[0].KmOra, 1500);
-  }
-
-  void anEntryThatIsThereAlreadyIsNotTicked() {
-    Import csv;
-    csv.writeLogbook(
-        {fuelling({2012, 1, 5}, 1000, 405'000, true), fuelling({2012, 1, 19}, 1500, 300'000, true)});
-    QVERIFY(!csv.read(kForintLog, [](Preview& preview) {
-      QCOMPARE(state(preview), QStringLiteral("Kijelölve: 0 bejegyzés"));
-      QVERIFY(!button(preview)->isEnabled());
-      QVERIFY(row(rowsOf(preview), 1, 9).contains("már megvan a naplóban"));
-      preview.reject();
-    }));
   }
 
   // The past comes before what is there, unless the person says otherwise.
@@ -488,16 +469,6 @@ class ImportPreviewTest : public QObject {
     QCOMPARE(csv.stored().size(), 2U);
     QVERIFY(boxes.seen[0].text.startsWith("A rendszer nem igazolta vissza a mentést:"));
     QVERIFY(boxes.seen[0].text.contains("\n\nNézd meg a listát, mielőtt megismétled!\n\n"));
-  }
-
-  void aFileThatIsGoneIsToldInABox() {
-    Import csv;
-    BoxScript boxes({QMessageBox::Ok});
-    ui::guarded(nullptr, [&] {
-      ui::importCsvFileAt(csv.desk.context, kPlate, ui::toQt(csv.desk.current / "none.csv"), nullptr, [] {});
-    });
-    QCOMPARE(boxes.seen.size(), 1);
-    QVERIFY(boxes.seen[0].text.startsWith("A fájl nem nyitható meg:\n"));
   }
 };
 

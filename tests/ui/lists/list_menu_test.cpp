@@ -152,15 +152,6 @@ class ListMenuTest : public QObject {
     QCOMPARE(copyRow(screen.list()->viewport()->rect().bottomLeft()), clipboard());
   }
 
-  void aRightClickOnARowThatCannotBeReadBringsNoBox() {
-    Screen screen;
-    screen.folder.write("ABC-123/napiadat.dat", "");
-    test::BoxScript boxes;
-    test::rightClick(*screen.list()->viewport(), screen.middleOf(1),
-                     [](QMenu& menu) { QTest::keyClick(&menu, Qt::Key_Escape); });
-    QVERIFY(boxes.seen.isEmpty());
-  }
-
   void copyingTakesTheChosenRowAlone() {
     Screen screen;
     screen.clickRow(1);

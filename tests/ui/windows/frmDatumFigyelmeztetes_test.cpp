@@ -82,12 +82,6 @@ class FrmDatumFigyelmeztetesTest : public QObject {
                                            "14 nap múlva esedékes!"}));
   }
 
-  void aClickOnTodaysSaysToday() {
-    const Alert alert;
-    clickRow(alert.list(), 1);
-    QCOMPARE(alert.caption("lbNapok"), QStringLiteral(" MA ESEDÉKES!!!!"));
-  }
-
   void aClickOnAnOverdueOneKeepsTheMinusSign() {
     const Alert alert;
     clickRow(alert.list(), 2);

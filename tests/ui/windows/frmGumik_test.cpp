@@ -241,17 +241,6 @@ class frmGumikTest : public QObject {
     QVERIFY(tyres.screen->isVisible());
   }
 
-  void oneButtonAtMostIsTheMainAction() {
-    Tyres tyres({setOf("ABC-123", "a")});
-    tyres.clickRow(0);
-    QVERIFY(isMainAction(*tyres.button("cmdGumiRogzites")));
-    tyres.press("cmdGumiModositKeret");
-    QVERIFY(isMainAction(*tyres.button("cmdGumiModosit")));
-    QVERIFY(!isMainAction(*tyres.button("cmdGumiRogzites")));
-    tyres.press("cmdGumiModositMegsem");
-    QVERIFY(isMainAction(*tyres.button("cmdGumiRogzites")));
-  }
-
   void aChangeThatIsRefusedKeepsItsFrameOpen() {
     Tyres tyres({setOf("ABC-123", "a")});
     tyres.clickRow(0);
@@ -262,19 +251,6 @@ class frmGumikTest : public QObject {
     QCOMPARE(boxes.seen.value(0).text, "Nem szám van a mezőben: Max. km\n\nSemmi sem változott.");
     QVERIFY(tyres.isChangeOpen());
     QVERIFY(tyres.stored(1) == setOf("ABC-123", "a"));
-  }
-
-  void deletingTakesTheRowThatADragHighlightedLast() {
-    Tyres tyres({setOf("ABC-123", "a"), setOf("ABC-123", "b"), setOf("ABC-123", "c")});
-    QWidget* viewport = tyres.list()->viewport();
-    tyres.clickRow(0);
-    QTest::mousePress(viewport, Qt::LeftButton, {}, tyres.middleOf(1));
-    QTest::mouseRelease(viewport, Qt::LeftButton, {}, tyres.middleOf(2));
-    const QString highlighted = tyres.list()->highlightedRecord();
-    QVERIFY(highlighted != "1");
-    tyres.press("cmdGumiDel");
-    QVERIFY(tyres.texts().contains("a"));
-    QVERIFY(!tyres.texts().contains(highlighted == "2" ? "b" : "c"));
   }
 
   void afterADeletionTheRememberedNumberNamesTheNextSet() {
@@ -328,13 +304,6 @@ class frmGumikTest : public QObject {
     QVERIFY(tyres.stored(1) == setOf("ABC-123", "a", tyres::kWinter, true));
   }
 
-  void typingAPlateListsNothingByItself() {
-    Tyres tyres({setOf("ABC-123", "a"), setOf("DEF-456", "b")});
-    test::typeInto(*part<QComboBox>(*tyres.screen, "cmbRendszam"), "DEF-456");
-    part<QLineEdit>(*tyres.screen, "txtGumiTipusa")->setFocus();
-    QCOMPARE(tyres.texts(), QStringList{"a"});
-  }
-
   void afterDeletingTheLastSetFittingTellsThatItIsGone() {
     Tyres tyres({setOf("ABC-123", "a")});
     tyres.clickRow(0);
@@ -353,15 +322,6 @@ class frmGumikTest : public QObject {
     tyres.open();
     QVERIFY(boxes.seen.value(0).text.startsWith("A fájl nem nyitható meg:\n"));
     QCOMPARE(tyres.list()->model()->rowCount(), 0);
-  }
-
-  void escapeAndTheMenuClose() {
-    Tyres tyres;
-    QTest::keyClick(tyres.screen.get(), Qt::Key_Escape);
-    QVERIFY(!tyres.screen->isVisible());
-    tyres.screen->show();
-    part<QAction>(*tyres.screen, "mnuBezar")->trigger();
-    QVERIFY(!tyres.screen->isVisible());
   }
 };
 

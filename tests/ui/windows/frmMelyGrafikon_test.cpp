@@ -15,18 +15,15 @@ class ChooserTest : public QObject {
  private slots:
   void init() { context().state = {}; }
 
-  void storesTheCheckedOption_data() {
-    QTest::addColumn<int>("number");
-    for (int number = 1; number <= 7; ++number) QTest::addRow("%d", number) << number;
-  }
   void storesTheCheckedOption() {
-    QFETCH(int, number);
-    frmMelyGrafikon chooser(context(), {}, nullptr);
-    chooser.show();
-    option(chooser, number)->click();
-    button(chooser, "cmdMegjelenit")->click();
-    QCOMPARE(context().state.chartChoice, static_cast<std::int16_t>(number));
-    QVERIFY(!chooser.isVisible());
+    for (int number = 1; number <= 7; ++number) {
+      frmMelyGrafikon chooser(context(), {}, nullptr);
+      chooser.show();
+      option(chooser, number)->click();
+      button(chooser, "cmdMegjelenit")->click();
+      QCOMPARE(context().state.chartChoice, static_cast<std::int16_t>(number));
+      QVERIFY(!chooser.isVisible());
+    }
   }
 
   void keepsTheEarlierChoiceWhenNothingIsPicked() {
@@ -44,17 +41,20 @@ class ChooserTest : public QObject {
     QCOMPARE(context().state.chartChoice, std::int16_t{0});
   }
 
-  void cancelsByTheButton() {
-    frmMelyGrafikon chooser(context(), {}, nullptr);
-    expectCancelled(chooser, [&] { button(chooser, "cmdMegsem")->click(); });
-  }
-  void cancelsByEscape() {
-    frmMelyGrafikon chooser(context(), {}, nullptr);
-    expectCancelled(chooser, [&] { QTest::keyClick(&chooser, Qt::Key_Escape); });
-  }
-  void cancelsByTheFrame() {
-    frmMelyGrafikon chooser(context(), {}, nullptr);
-    expectCancelled(chooser, [&] { chooser.close(); });
+  void cancelsByTheButtonEscapeAndTheFrame() {
+    const std::function<void(frmMelyGrafikon&)> ways[] = {
+        [](frmMelyGrafikon& chooser) { button(chooser, "cmdMegsem")->click(); },
+        [](frmMelyGrafikon& chooser) { QTest::keyClick(&chooser, Qt::Key_Escape); },
+        [](frmMelyGrafikon& chooser) { chooser.close(); }};
+    for (const auto& cancel : ways) {
+      frmMelyGrafikon chooser(context(), {}, nullptr);
+      chooser.show();
+      option(chooser, 3)->click();
+      context().state.chartChoice = 2;
+      cancel(chooser);
+      QCOMPARE(context().state.chartChoice, std::int16_t{0});
+      QVERIFY(!chooser.isVisible());
+    }
   }
 
   void showsOnEnter() {
@@ -98,15 +98,6 @@ class ChooserTest : public QObject {
   static QPushButton* button(const QDialog& chooser, const char* name) {
     return chooser.findChild<QPushButton*>(name);
   }
-  void expectCancelled(frmMelyGrafikon& chooser, const std::function<void()>& cancel) {
-    chooser.show();
-    option(chooser, 3)->click();
-    context().state.chartChoice = 2;
-    cancel();
-    QCOMPARE(context().state.chartChoice, std::int16_t{0});
-    QVERIFY(!chooser.isVisible());
-  }
-
   ui::Context& context() { return desk_.context; }
 
   test::Desk desk_;

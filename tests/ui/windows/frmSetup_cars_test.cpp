@@ -144,6 +144,15 @@ class SettingsCarsTest : public QObject {
     QVERIFY(setup.program.has("ABC123"));
   }
 
+  void deletingOneOfTwoEqualPlatesRemovesTheSelectedOne() {
+    ShownSetup setup;
+    setup.add("ABC123", "45");
+    setup.add("ABC123", "50");
+    setup.clickRow("List1", 0);
+    setup.press("cmdRendszamDel");
+    QCOMPARE(setup.current.read("rendsz.dat"), std::string("ABC123  \x32\x00", 10));
+  }
+
   void addingAfterADeletionShowsTheTanksAgain() {
     ShownSetup setup({{"rendsz.dat", kTwoVehicles}});
     setup.clickRow("List1", 1);

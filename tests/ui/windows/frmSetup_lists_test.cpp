@@ -1,7 +1,6 @@
 #include "tests/ui/screen_test.h"
 #include "tests/ui/setup_desk.h"
 
-
 // The settings' page of the lists of parts and notes.
 
 namespace tarvik::test {
