@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <utility>
 
 #include "tests/support/expect_failure.h"
 
@@ -81,14 +82,22 @@ TEST(EntryFromInput, EveryFieldIsConverted) {
   EXPECT_EQ(toEntry(filledInput()), expected);
 }
 
-TEST(EntryFromInput, UncheckedBoxesAreStoredAsZero) {
-  EntryInput input = filledInput();
-  input.teletank = input.olajcsere = input.szurocsere = input.gyertyacsere = false;
-  const NapiAdat entry = toEntry(input);
-  EXPECT_EQ(entry.Teletank, 0);
-  EXPECT_EQ(entry.Olajcsere, 0);
-  EXPECT_EQ(entry.Szurocsere, 0);
-  EXPECT_EQ(entry.Gyertyacsere, 0);
+TEST(EntryFromInput, EachBoxHasItsFlagBothWays) {
+  const std::pair<bool EntryInput::*, std::int16_t NapiAdat::*> kinds[] = {
+      {&EntryInput::teletank, &NapiAdat::Teletank},
+      {&EntryInput::olajcsere, &NapiAdat::Olajcsere},
+      {&EntryInput::szurocsere, &NapiAdat::Szurocsere},
+      {&EntryInput::gyertyacsere, &NapiAdat::Gyertyacsere}};
+  for (const auto& [unchecked, clear] : kinds) {
+    EntryInput input = filledInput();
+    input.*unchecked = false;
+    const NapiAdat entry = toEntry(input);
+    const EntryInput shown = toInput(entry).input;
+    for (const auto& [box, flag] : kinds) {
+      EXPECT_EQ(entry.*flag, flag == clear ? kFlagClear : kFlagSet);
+      EXPECT_EQ(shown.*box, flag != clear);
+    }
+  }
 }
 
 TEST(EntryFromInput, WholeFieldsRoundHalvesToEven) {
