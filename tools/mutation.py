@@ -133,8 +133,8 @@ def removed_calls(masked):
     found = []
     for match in STATEMENT.finditer(masked):
         start = match.start("call")
-        if re.match(r"[A-Za-z_]+", match["call"])[0] in NO_CALLS:
-            continue
+        if re.match(r"[A-Za-z_]+", match["call"])[0] in NO_CALLS or match["call"].endswith(".reserve("):
+            continue  # without room made for them a container grows as its values come
         end = closing(masked, match.end("call") - 1)
         while end >= 0 and (link := re.match(r"\)\s*(?:\.|->)\w+\(", masked[end:])):
             end = closing(masked, end + link.end() - 1)

@@ -62,6 +62,7 @@ class Sources(unittest.TestCase):
         self.assertEqual(results("{ a(1).b(2); }", "removed call"), ["{ ; }"])
         self.assertEqual(results("if (x) a();", "removed call"), ["if (x) ;"])
         self.assertEqual(results("{ return a(); }", "removed call"), [])
+        self.assertEqual(results("{ a.reserve(b.size()); }", "removed call"), [])
         self.assertEqual(results("{ int a = b(); }", "removed call"), [])
 
     def test_neighbouring_arguments_change_places(self):

@@ -151,7 +151,7 @@ class ChartAxisLabelsTest : public QObject {
         ticks << place.tickX;
       return ticks.size();
     };
-    QCOMPARE(shown((width + 6.1) / 4), 3);
+    QCOMPARE(shown((width + 6) / 4), 3);
     QCOMPARE(shown((width + 5.9) / 4), 2);
     QCOMPARE(placeLabels({}, same(1), metrics(), frameOf(1, 100), 800).size(), 1);
     QVERIFY(placeLabels({}, {}, metrics(), frameOf(0, 100), 800).isEmpty());
