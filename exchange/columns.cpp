@@ -83,13 +83,6 @@ class Proposal {
     return !isTaken(meaning) && take(best(word, fits), meaning);
   }
 
-  // What is left of a kind of heads is understood and not needed.
-  void dismiss(std::initializer_list<HeadWord> words) {
-    for (std::size_t i = 0; i < facts_.size(); ++i)
-      if (!isSettled_[i] && std::ranges::find(words, facts_[i].head.word) != words.end())
-        settle(i, Meaning::NotNeeded);
-  }
-
   std::size_t firstUnknown(const Fits& fits) const {
     for (std::size_t i = 0; i < facts_.size(); ++i)
       if (!isSettled_[i] && facts_[i].head.word == HeadWord::Unknown && fits(facts_[i])) return i;
@@ -103,7 +96,6 @@ class Proposal {
       const std::size_t other = firstUnknown([](const ColumnFacts& facts) { return facts.areDays(); });
       if (!take(other, Meaning::Day)) take(firstOfPlainDays(), Meaning::Day);
     }
-    dismiss({HeadWord::Day, HeadWord::Year, HeadWord::Month, HeadWord::DayOfMonth});
   }
 
   // Days that are no figures as well, whatever their head says ("Tankolás").
@@ -151,8 +143,6 @@ class Proposal {
                }),
                Meaning::Odometer);
     }
-    if (isTaken(Meaning::Odometer) || isTaken(Meaning::Trip))
-      dismiss({HeadWord::Odometer, HeadWord::Distance, HeadWord::Trip});
   }
 
   void settleVolumes() {
@@ -165,7 +155,8 @@ class Proposal {
       takeBest(HeadWord::Volume, Meaning::Volume, areFilled) ||
           takeBest(HeadWord::Fuel, Meaning::Volume, areFilled) || takeAmount() ||
           takeBest(HeadWord::Volume, Meaning::Volume, areFigures) ||
-          takeBest(HeadWord::Fuel, Meaning::Volume, areVolumes) || takeProduct();
+          takeBest(HeadWord::Fuel, Meaning::Volume, areVolumes);
+    if (!isTaken(Meaning::Volume)) takeProduct();
   }
 
   // "Amount" is of fuel where no other column is and another one is of money.
@@ -195,23 +186,22 @@ class Proposal {
 
   // Three columns of figures of which one is the product of the others: volume, price and cost, whatever
   // their heads.
-  bool takeProduct() {
+  void takeProduct() {
     std::vector<std::size_t> open;
     for (std::size_t i = 0; i < facts_.size(); ++i)
       if (!isSettled_[i] && facts_[i].areFigures() && facts_[i].head.word != HeadWord::Known)
         open.push_back(i);
     constexpr std::size_t kMost = 12;
-    if (open.size() > kMost) return false;
+    if (open.size() > kMost) return;
     for (const std::size_t product : open)
       for (const std::size_t a : open)
         for (const std::size_t b : open)
           if (a < b && a != product && b != product && facts_[a].distinct > 2 && facts_[b].distinct > 2 &&
               isProduct(a, b, product))
             return takeProductOf(a, b, product);
-    return false;
   }
 
-  bool takeProductOf(std::size_t a, std::size_t b, std::size_t product) {
+  void takeProductOf(std::size_t a, std::size_t b, std::size_t product) {
     const auto isMoney = [&](std::size_t column) {
       const HeadWord word = facts_[column].head.word;
       return word == HeadWord::Price || word == HeadWord::UnitPrice;
@@ -223,7 +213,6 @@ class Proposal {
     settle(isFirstVolume ? a : b, Meaning::Volume);
     if (!isTaken(Meaning::UnitPrice)) settle(isFirstVolume ? b : a, Meaning::UnitPrice);
     if (!isTaken(Meaning::TotalCost)) settle(product, Meaning::TotalCost);
-    return true;
   }
 
   bool isMoneyHead(std::size_t column) const {
@@ -243,7 +232,7 @@ class Proposal {
 
   void settleMoney() {
     const bool isFree = !isTaken(Meaning::TotalCost) && !isTaken(Meaning::UnitPrice);
-    if (isFree && isTaken(Meaning::Volume) && takeMoneyProduct()) return dismissMoney();
+    if (isFree && isTaken(Meaning::Volume) && takeMoneyProduct()) return;
     const auto any = [](const ColumnFacts& facts) {
       return (facts.areFigures() && !areRunningSums(facts)) || facts.filled == 0;
     };
@@ -259,11 +248,6 @@ class Proposal {
       takeBest(HeadWord::Amount, Meaning::TotalCost,
                [&](const ColumnFacts& facts) { return any(facts) && !areAnswers(facts); });
     takeThirdOfProduct();
-    dismissMoney();
-  }
-
-  void dismissMoney() {
-    dismiss({HeadWord::TotalCost, HeadWord::UnitPrice, HeadWord::Price, HeadWord::Volume});
   }
 
   // Of several columns of money one may be the product of another and the volume.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <string>
 
 #include "core/text.h"
@@ -48,7 +49,7 @@ struct DayParts {
 
 std::size_t takeNumber(std::string_view& text, int& number) {
   std::size_t digits = 0;
-  for (number = 0; digits < text.size() && isDigit(text[digits]) && digits < 4; ++digits)
+  for (; digits < text.size() && isDigit(text[digits]) && digits < 4; ++digits)
     number = number * 10 + (text[digits] - '0');
   text.remove_prefix(digits);
   return digits;
@@ -65,28 +66,30 @@ void skip(std::string_view& text, std::string_view characters) {
   text.remove_prefix(std::min(text.find_first_not_of(characters), text.size()));
 }
 
+// What may stand between a month's name and a number.
+constexpr std::string_view kBesideName = " ./-,'";
+
 // The next part: a number, or the name of a month.
 bool takePart(std::string_view& text, DayParts& parts, std::size_t i) {
   parts.digits[i] = takeNumber(text, parts.numbers[i]);
   if (parts.digits[i] > 0) return true;
   const auto month = monthOfName(takeLetters(text));
-  parts.numbers[i] = month.value_or(0);
+  if (month) parts.numbers[i] = *month;
   return month.has_value();
 }
 
 // What stands between two parts: a sign, with a month's name also a space or nothing.
 bool takeSeparator(std::string_view& text, bool isBesideName) {
-  const std::size_t before = text.size();
   if (isBesideName) {
     for (const std::string_view ending : {"st", "nd", "rd", "th"})
-      if (text.starts_with(ending) && text.size() > 2 && !isLetter(text[2])) text.remove_prefix(2);
-    skip(text, " ./-,'");
+      if (text.starts_with(ending)) text.remove_prefix(ending.size());
+    skip(text, kBesideName);
     return true;
   }
   if (text.empty() || std::string_view("./-").find(text.front()) == std::string_view::npos) return false;
   text.remove_prefix(1);
   skip(text, " ");
-  return text.size() < before;
+  return true;
 }
 
 // What may stand behind a day: nothing, or a time of day set apart from it.
@@ -109,14 +112,12 @@ void skipWeekday(std::string_view& text) {
 void skipTime(std::string_view& text) {
   const std::size_t colon = text.find(':');
   const std::size_t space = text.find(' ');
-  if (colon < 3 && space != std::string_view::npos && space < 9) text = core::trimmed(text.substr(space));
+  if (colon < 3 && space < 9) text = core::trimmed(text.substr(space));
 }
 
 bool isBesideName(const DayParts& parts, std::size_t i, std::string_view rest) {
   if (parts.digits[0] == 0 || parts.digits[i] == 0) return true;
-  skip(rest, " ./-,'");
-  if (rest.starts_with("st") || rest.starts_with("nd") || rest.starts_with("rd") || rest.starts_with("th"))
-    return true;
+  skip(rest, kBesideName);
   return !rest.empty() && isLetter(rest.front());
 }
 
@@ -149,14 +150,10 @@ core::CalendarDate dateOf(const DayParts& parts, DayOrder order) {
   const auto [a, b, c] = parts.numbers;
   if (std::ranges::count(parts.digits, std::size_t{0}) > 0) return dateWithName(parts, order);
   if (parts.digits[0] == 4) return {a, b, c};
-  if (parts.digits[0] > 2 || (order == DayOrder::YearFirst && parts.digits[2] > 2)) return {};
+  if (parts.digits[0] > 2 || (order == DayOrder::YearFirst && parts.digits[2] > 2)) return {.year = 0};
   if (order == DayOrder::YearFirst) return {wholeYear(a), b, c};
   if (order == DayOrder::DayFirst) return {wholeYear(c), b, a};
   return {wholeYear(c), a, b};
-}
-
-std::optional<core::Day> dayIfAny(const core::CalendarDate& date) {
-  return date == core::CalendarDate{} ? std::nullopt : core::existingDay(date);
 }
 
 // Digits alone: year, month and day, with a time of day in six more or not; seconds or thousandths since
@@ -167,11 +164,11 @@ std::optional<core::Day> dayOfDigits(std::string_view text) {
   constexpr std::int32_t kFirstOf1980 = 29'221;
   constexpr std::int32_t kFirstOf2080 = 65'746;
   std::int64_t number = 0;
-  for (const char c : text.substr(0, 14)) number = number * 10 + (c - '0');
+  std::from_chars(text.data(), text.data() + text.size(), number);
   if (text.size() == 14) number /= 1'000'000;
   if (text.size() == 8 || text.size() == 14)
-    return dayIfAny({static_cast<int>(number / 10'000), static_cast<int>(number / 100 % 100),
-                     static_cast<int>(number % 100)});
+    return core::existingDay({static_cast<int>(number / 10'000), static_cast<int>(number / 100 % 100),
+                              static_cast<int>(number % 100)});
   if (text.size() == 13) number /= 1'000;
   if (text.size() == 10 || text.size() == 13)
     return core::Day{kFirstOf1970 + static_cast<std::int32_t>(number / kSecondsOfADay)};
@@ -182,12 +179,12 @@ std::optional<core::Day> dayOfDigits(std::string_view text) {
 std::optional<core::Day> dayOfText(std::string_view text, DayOrder order) {
   constexpr std::size_t kLongest = 60;
   text = core::trimmed(text);
-  if (text.empty() || text.size() > kLongest) return std::nullopt;
+  if (text.size() > kLongest) return std::nullopt;
   if (std::ranges::all_of(text, isDigit)) return dayOfDigits(text);
   if (text.size() == 15 && text[8] == 'T' && std::ranges::all_of(text.substr(0, 8), isDigit))
     return dayOfDigits(text.substr(0, 8));
   const auto parts = partsOf(text);
-  return parts ? dayIfAny(dateOf(*parts, order)) : std::nullopt;
+  return parts ? core::existingDay(dateOf(*parts, order)) : std::nullopt;
 }
 
 constexpr std::array kOrders = {DayOrder::DayFirst, DayOrder::MonthFirst, DayOrder::YearFirst};
@@ -204,8 +201,10 @@ struct Trial {
 std::size_t turns(const std::vector<core::Day>& days) {
   std::size_t up = 0;
   std::size_t down = 0;
-  for (std::size_t i = 1; i < days.size(); ++i)
-    if (days[i] != days[i - 1]) ++(days[i] > days[i - 1] ? up : down);
+  for (std::size_t i = 1; i < days.size(); ++i) {
+    if (days[i] > days[i - 1]) ++up;
+    if (days[i] < days[i - 1]) ++down;
+  }
   return std::min(up, down);
 }
 
@@ -294,7 +293,7 @@ ShownDayOrder shownDayOrder(std::span<const DatedReading> days) {
   std::vector<Trial> trials;
   for (const DayOrder order : kOrders) trials.push_back(trialOf(days, order));
   std::ranges::stable_sort(trials, [](const Trial& a, const Trial& b) {
-    return a.read != b.read ? a.read > b.read : a.against < b.against;
+    return std::pair(b.read, a.against) < std::pair(a.read, b.against);
   });
   ShownDayOrder shown = shownOf(trials);
   if (shown.isCertain() && startWithYear(days, trials.front())) shown.possible = {DayOrder::YearFirst};

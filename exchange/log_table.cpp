@@ -45,7 +45,7 @@ std::string_view firstFilled(const CsvRow& row) {
 // Marked as a comment or a title; "#1" is a number.
 bool isMarked(const CsvRow& row) {
   const std::string_view text = firstFilled(row);
-  return text.starts_with('#') && (text.size() < 2 || text[1] < '0' || text[1] > '9');
+  return text.starts_with('#') && (text.size() < 2 || !core::isDigit(text[1]));
 }
 
 std::string titleText(const CsvRow& row) {
@@ -59,21 +59,17 @@ constexpr int kScoreOfNeeded = 100;
 // How well the cells of a row serve as the heads of fill-ups: nothing without two of a day, how far the car
 // had come and how much was taken.
 int headScore(const CsvRow& row) {
-  std::set<HeadWord> words;
-  int known = 0;
-  for (const std::string& cell : row.cells) {
-    const HeadWord word = isFilled(cell) ? readHead(cell).word : HeadWord::Unknown;
-    if (word == HeadWord::Unknown) continue;
-    ++known;
-    words.insert(word);
-  }
+  if (!couldBeHeads(row)) return 0;
+  std::vector<HeadWord> words;
+  for (const std::string& cell : row.cells)
+    if (const HeadWord word = readHead(cell).word; word != HeadWord::Unknown) words.push_back(word);
   const auto hasOneOf = [&](std::initializer_list<HeadWord> list) {
-    return std::ranges::any_of(list, [&](HeadWord word) { return words.contains(word); }) ? 1 : 0;
+    return std::ranges::find_first_of(words, list) == words.end() ? 0 : 1;
   };
   const int needed = hasOneOf({HeadWord::Day, HeadWord::Year}) +
                      hasOneOf({HeadWord::Odometer, HeadWord::Distance, HeadWord::Trip}) +
                      hasOneOf({HeadWord::Volume, HeadWord::Fuel, HeadWord::Amount});
-  return needed < 2 ? 0 : kScoreOfNeeded * needed + known;
+  return needed < 2 ? 0 : kScoreOfNeeded * needed + static_cast<int>(words.size());
 }
 
 bool namesDay(const CsvRow& row) {
@@ -138,9 +134,9 @@ class Cutter {
     if (filledCells(row) == 0) return put(RowKind::Empty);
     if (isTitle(row)) return open(row);
     if (!sections.empty() && isUnitRow(row)) return addUnits(row);
-    const int score = couldBeHeads(row) ? headScore(row) : 0;
+    const int score = headScore(row);
     if (isMarked(row) && score == 0) return put(RowKind::Comment);
-    if (score > 0 && isAgain(row)) return put(RowKind::Heads);
+    if (isAgain(row)) return put(RowKind::Heads);
     if (score > 0 || (couldBeHeads(row) && (isOpen_ || namesDay(row)))) return begin(row, score);
     if (!sections.empty()) ++sections.back().rows;
     put(sections.empty() || isOpen_ ? RowKind::BeforeTable : RowKind::Data);
@@ -154,7 +150,7 @@ class Cutter {
   }
 
   void begin(const CsvRow& row, int score) {
-    sections.push_back({.title = std::exchange(title_, {}), .heads = row, .score = score, .rows = 0});
+    sections.push_back({.title = std::exchange(title_, {}), .heads = row, .score = score});
     isOpen_ = false;
     put(RowKind::Heads);
   }
@@ -166,9 +162,9 @@ class Cutter {
 
   // Units may stand in a row of their own below the heads.
   bool isUnitRow(const CsvRow& row) const {
-    if (sections.back().rows > 0 || sections.back().score == 0) return false;
-    return std::ranges::all_of(row.cells,
-                               [](const std::string& cell) { return !isFilled(cell) || isUnitText(cell); });
+    return sections.back().rows == 0 && std::ranges::all_of(row.cells, [](const std::string& cell) {
+             return !isFilled(cell) || isUnitText(cell);
+           });
   }
 
   void addUnits(const CsvRow& row) {
@@ -184,30 +180,29 @@ class Cutter {
   bool isOpen_ = false;
 };
 
-// A separator and how well a file reads with it.
+// How well a file reads with a separator.
 struct Fit {
   int heads = 0;
   std::size_t steadyRows = 0;  // that have as many cells as most of them have, times those cells
+  bool isApostrophed = false;  // most of the heads are in apostrophes
 
   friend auto operator<=>(const Fit&, const Fit&) = default;
 };
 
-Fit fitOf(std::string_view text, CsvShape shape, bool& isApostrophed) {
+bool isApostrophed(const std::string& cell) {
+  return cell.size() >= 2 && cell.starts_with('\'') && cell.ends_with('\'');
+}
+
+Fit fitOf(std::string_view text, char separator) {
   constexpr std::size_t kEnough = 400;
   Fit fit;
   std::size_t rows = 0;
   std::map<std::size_t, std::size_t> lengths;
-  readCsv(text, shape, [&](CsvRow&& row) {
-    const int heads = couldBeHeads(row) ? headScore(row) : 0;
-    if (heads > fit.heads) {
+  readCsv(text, {.separator = separator, .quote = '"'}, [&](CsvRow&& row) {
+    if (const int heads = headScore(row); heads > fit.heads) {
       fit.heads = heads;
-      isApostrophed = 2 * static_cast<std::size_t>(std::ranges::count_if(row.cells,
-                                                                         [](const std::string& cell) {
-                                                                           return cell.size() >= 2 &&
-                                                                                  cell.starts_with('\'') &&
-                                                                                  cell.ends_with('\'');
-                                                                         })) >
-                      row.cells.size();
+      const auto marked = static_cast<std::size_t>(std::ranges::count_if(row.cells, isApostrophed));
+      fit.isApostrophed = 2 * marked > row.cells.size();
     }
     if (row.cells.size() > 1) ++lengths[row.cells.size()];
     return ++rows <= kEnough;
@@ -220,17 +215,13 @@ Fit fitOf(std::string_view text, CsvShape shape, bool& isApostrophed) {
 CsvShape findShape(std::string_view text, std::optional<char> given) {
   CsvShape best;
   Fit bestFit;
-  bool isApostrophed = false;
   for (const char separator : {';', ',', '\t', '|'}) {
     if (given && *given != separator) continue;
-    bool isApostrophedHere = false;
-    const Fit fit = fitOf(text, {.separator = separator, .quote = '"'}, isApostrophedHere);
+    const Fit fit = fitOf(text, separator);
     if (!given && fit <= bestFit) continue;
-    best.separator = separator;
+    best = {.separator = separator, .quote = fit.isApostrophed ? '\'' : '"'};
     bestFit = fit;
-    isApostrophed = isApostrophedHere;
   }
-  if (isApostrophed) best.quote = '\'';
   return best;
 }
 
@@ -251,16 +242,10 @@ std::vector<CsvRow> rowsOf(std::string_view text, LogTable& table) {
   return rows;
 }
 
-int bestSection(const std::vector<Section>& sections) {
-  int best = -1;
-  for (int i = 0; i < static_cast<int>(sections.size()); ++i) {
-    const Section& section = sections[static_cast<std::size_t>(i)];
-    const auto worth = [](const Section& found) {
-      return std::tuple(found.score / kScoreOfNeeded, found.rows, found.score);
-    };
-    if (best < 0 || worth(section) > worth(sections[static_cast<std::size_t>(best)])) best = i;
-  }
-  return best;
+const Section& bestSection(const std::vector<Section>& sections) {
+  return *std::ranges::max_element(sections, {}, [](const Section& found) {
+    return std::tuple(found.score / kScoreOfNeeded, found.rows, found.score);
+  });
 }
 
 // "Km" is a reading where another table of the same file has "Km óra".
@@ -323,8 +308,8 @@ void rearrange(CsvRow& row, const std::vector<std::size_t>& places, std::size_t 
 // The sections that belong to the table of fill-ups: the best one, those with the same heads and those whose
 // columns can be put under them.
 void settleSections(Cutter& cutter, LogTable& table) {
-  const auto best = static_cast<std::size_t>(bestSection(cutter.sections));
-  table.heads = cutter.sections[best].heads.cells;
+  const Section& best = bestSection(cutter.sections);
+  table.heads = best.heads.cells;
   table.hasHeads = true;
   std::vector<std::optional<std::vector<std::size_t>>> places;
   for (const Section& section : cutter.sections) places.push_back(placesOf(section, table.heads));
@@ -335,7 +320,7 @@ void settleSections(Cutter& cutter, LogTable& table) {
     if (cutter.places[i] >= 0) {
       const auto at = static_cast<std::size_t>(cutter.places[i]);
       const Section& section = cutter.sections[at];
-      const bool isSame = section.key() == cutter.sections[best].key();
+      const bool isSame = section.key() == best.key();
       const bool isLog = isSame || places[at];
       row.section = section.name();
       if (isLog && row.kind == RowKind::Data) titles.insert(section.title);

@@ -35,9 +35,7 @@ TEST(Figures, AreAsSteadyAsTheirStepsGoOneWay) {
 }
 
 TEST(Distances, AreReadingsOrNotByTheirSizeAndTheirGrowth) {
-  const auto kind = [](const char* head, const Cells& cells) {
-    return distanceKind(Column(head, cells));
-  };
+  const auto kind = [](const char* head, const Cells& cells) { return distanceKind(Column(head, cells)); };
   EXPECT_EQ(kind("Km", {}), DistanceKind::Either);
   EXPECT_EQ(kind("Km", {"", ""}), DistanceKind::Either);
   EXPECT_EQ(kind("Km", {"sok", "kevés"}), DistanceKind::None);
@@ -74,7 +72,8 @@ TEST(Octanes, AreFourWholeNumbersFrom80To100) {
 }
 
 TEST(Answers, AreThreeWordsOrMarksOfYesAndNo) {
-  for (const Cells& cells : std::vector<Cells>{{"yes", "no", "", "x"}, {"✓", "----", "+"}, {"i", "I", "n", "N"}})
+  for (const Cells& cells :
+       std::vector<Cells>{{"yes", "no", "", "x"}, {"✓", "----", "+"}, {"i", "I", "n", "N"}})
     EXPECT_TRUE(areAnswers(column(cells))) << cells.front();
   for (const Cells& cells : std::vector<Cells>{
            {"yes", "no", "x", "1"}, {"✓", "✗", "-", "+"}, {"-----"}, {"Zutty"}, {"igen", "2"}, {"", ""}})
@@ -108,7 +107,8 @@ TEST(Words, AndNamesMayBeFewFigures) {
 }
 
 TEST(Fills, AreNamedByOneOfSixWords) {
-  for (const Cells& cells : std::vector<Cells>{{"tele", "a", "b", "c", "d", "e", "", "a"}, {"részleges", "a"}})
+  for (const Cells& cells :
+       std::vector<Cells>{{"tele", "a", "b", "c", "d", "e", "", "a"}, {"részleges", "a"}})
     EXPECT_TRUE(namesFills(column(cells))) << cells.front();
   for (const Cells& cells : std::vector<Cells>{
            {"tele", "a", "b", "c", "d", "e", "f"}, {"a", "b"}, {"Zutty tele volt"}, {"Liter"}, {"i", "n"}})
@@ -122,13 +122,12 @@ TEST(Fills, AreNamedByOneOfSixWords) {
 TEST(Values, LieAsFarFromTheMiddleOneAsTheyDoInAll) {
   EXPECT_EQ(spread({}), 0);
   EXPECT_EQ(spread({0, 0}), 0);
-  EXPECT_EQ(spread({3, 1, 2}), 1);     // 1 + 0 + 1, in shares of 2
+  EXPECT_EQ(spread({3, 1, 2}), 1);        // 1 + 0 + 1, in shares of 2
   EXPECT_EQ(spread({4, 1, 2, 8}), 2.25);  // 3 + 2 + 0 + 4, in shares of 4
 }
 
 TEST(Money, IsSetBesideTheVolumesAboveNothing) {
-  const Paid paid =
-      paidOf(column({"10", "1", "0", "30", "x", "2"}), column({"4", "5", "6", "0", "7", "1"}));
+  const Paid paid = paidOf(column({"10", "1", "0", "30", "x", "2"}), column({"4", "5", "6", "0", "7", "1"}));
   EXPECT_THAT(paid.money, ElementsAre(10, 1, 2));
   EXPECT_THAT(paid.perVolume, ElementsAre(2.5, 0.2, 2));
 }

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <vector>
 
 namespace tarvik::exchange {
@@ -15,10 +16,10 @@ ShownDayOrder shown(const std::vector<DatedReading>& days) {
 }
 
 TEST(ADay, ThatBeginsWithItsYearIsReadInAnyOrder) {
-  for (const char* text :
-       {"2013-07-05", "2013.07.05.", "2013. 07. 05.", "2013/7/5", "20130705", "2013-07-05 14:03",
-        "2013-07-05T14:03:00Z", "2013.07.05. 14:03", "20130705140300", "20130705T1403Z0", "2013. július 5.",
-        "2013. júl. 5.", "1372982400", "1372982400000", "41460"})
+  for (const char* text : {"2013-07-05", "2013.07.05.", "2013. 07. 05.", "2013/7/5", "20130705",
+                           "2013-07-05 14:03", "2013-07-05T14:03:00Z", "2013.07.05. 14:03", "20130705140300",
+                           "20130705T1403Z0", "2013. július 5.", "2013. júl. 5.", "1372982400", "1373068799",
+                           "1372982400000", "41460", "2013/Jul/5", "среда 2013.07.05", "2013-07-05, 14:03"})
     for (const DayOrder order : {DayOrder::DayFirst, DayOrder::MonthFirst, DayOrder::YearFirst})
       EXPECT_EQ(readDay(text, order), dayOf({2013, 7, 5})) << text;
 }
@@ -33,10 +34,19 @@ TEST(ADay, ThatEndsWithItsYearFollowsTheOrder) {
 }
 
 TEST(ADay, MayHaveTheNameOfItsMonth) {
-  for (const char* text : {"5 July 2013", "July 5, 2013", "Jul 5 2013", "5. Juli 2013", "05-Jul-13",
-                           "5th July 2013", "Fri, 5 Jul 2013 10:00", "2013 július 5", "péntek 2013.07.05"})
+  for (const char* text :
+       {"5 July 2013", "July 5, 2013", "Jul 5 2013", "5. Juli 2013", "05-Jul-13", "5th July 2013",
+        "July 5th, 2013", "2013.5.July", "Fri, 5 Jul 2013 10:00", "2013 július 5", "péntek 2013.07.05"})
     EXPECT_EQ(readDay(text, DayOrder::DayFirst), dayOf({2013, 7, 5})) << text;
   EXPECT_EQ(readDay("13-Jul-05", DayOrder::YearFirst), dayOf({2013, 7, 5}));
+  EXPECT_EQ(readDay("05-Jul-2013", DayOrder::YearFirst), dayOf({2013, 7, 5}));
+  EXPECT_EQ(readDay("5-MARZO-2013", DayOrder::YearFirst), dayOf({2013, 3, 5}));
+  for (const char* text : {"1st July 2013", "1 July 2013"})
+    EXPECT_EQ(readDay(text, DayOrder::DayFirst), dayOf({2013, 7, 1})) << text;
+  EXPECT_EQ(readDay("2nd July 2013", DayOrder::DayFirst), dayOf({2013, 7, 2}));
+  EXPECT_EQ(readDay("3rd July 2013", DayOrder::DayFirst), dayOf({2013, 7, 3}));
+  EXPECT_EQ(readMonth("1"), 1);
+  for (const char* text : {"0", "5x", "", "x"}) EXPECT_EQ(readMonth(text), std::nullopt) << text;
   EXPECT_EQ(readMonth("március"), 3);
   EXPECT_EQ(readMonth("Okt."), 10);
   EXPECT_EQ(readMonth("12"), 12);
@@ -46,15 +56,94 @@ TEST(ADay, MayHaveTheNameOfItsMonth) {
 TEST(ADay, OfATwoDigitYearLiesFrom1980To2079) {
   EXPECT_EQ(readDay("1.2.80", DayOrder::DayFirst), dayOf({1980, 2, 1}));
   EXPECT_EQ(readDay("1.2.79", DayOrder::DayFirst), dayOf({2079, 2, 1}));
+  EXPECT_EQ(readDay("1.2.99", DayOrder::DayFirst), dayOf({1999, 2, 1}));
+  EXPECT_EQ(readDay("1.2.100", DayOrder::DayFirst), dayOf({100, 2, 1}));
 }
 
 TEST(ADay, IsNoneWhereItDoesNotExistOrOtherTextStands) {
-  for (const char* text :
-       {"",           "2013-02-30",  "31.12",         "20131301",      "2013-07-05x",  "2013-07-05 tegnap",
-        "1,2,2013",   "99999999",    "2013x7x5",      "2013-07",       "-07-05",       "2013--05",
-        "2013 07 05", "02013-07-05", "2013-07-05 14", "2013-07-05:14", "2013-07-05..", "123",
-        "400123",     "Foo 5 2013"})
+  for (const char* text : {"",
+                           "2013-02-30",
+                           "31.12",
+                           "20131301",
+                           "2013-07-05x",
+                           "2013-07-05 tegnap",
+                           "1,2,2013",
+                           "99999999",
+                           "2013x7x5",
+                           "2013-07",
+                           "-07-05",
+                           "2013--05",
+                           "2013 07 05",
+                           "02013-07-05",
+                           "2013-07-05 14",
+                           "2013-07-05:14",
+                           "2013-07-05..",
+                           "123",
+                           "400123",
+                           "Foo 5 2013",
+                           "5xJuly 2013",
+                           "July 5th",
+                           "2013-07-05 x:y",
+                           "2013-07-05X14:03",
+                           "Fri x5.7.2013",
+                           "123:45 5.7.2013",
+                           "14:03:000 5.7.2013",
+                           "5 July August",
+                           "29220",
+                           "65746",
+                           "1372982400123456789"})
     EXPECT_EQ(readDay(text, DayOrder::DayFirst), std::nullopt) << text;
+}
+
+TEST(ADay, OfASpreadsheetsCountLiesFrom1980To2079) {
+  EXPECT_EQ(readDay("29221", DayOrder::DayFirst), dayOf({1980, 1, 1}));
+  EXPECT_EQ(readDay("65745", DayOrder::DayFirst), dayOf({2079, 12, 31}));
+}
+
+TEST(ADay, WithItsYearFirstHasTwoOrFourDigitsThere) {
+  for (const char* text : {"123.4.5", "13.7.005"})
+    EXPECT_EQ(readDay(text, DayOrder::YearFirst), std::nullopt) << text;
+}
+
+TEST(ADay, HasAtMostSixtyCharacters) {
+  const std::string text = "2013-07-05 14:03 ";
+  EXPECT_EQ(readDay(text + std::string(43, 'x'), DayOrder::DayFirst), dayOf({2013, 7, 5}));
+  EXPECT_EQ(readDay(text + std::string(44, 'x'), DayOrder::DayFirst), std::nullopt);
+}
+
+// Days of a year with the month first, and readings that rise from row to row.
+std::vector<DatedReading> rising(const std::vector<std::string_view>& days) {
+  std::vector<DatedReading> rows;
+  for (const std::string_view day : days) rows.push_back({day, 100.0 * static_cast<double>(rows.size())});
+  return rows;
+}
+
+TEST(TheOrderOfDays, IsWorseWithTwoFallsAndMoreThanThreeTimesThoseOfTheBest) {
+  const auto monthFirst = ElementsAre(DayOrder::MonthFirst);
+  // With the day first one, two, and beside one of the best three and four.
+  EXPECT_EQ(shown(rising({"1/9/2024", "2/3/2024", "3/9/2024"})).possible.size(), 2U);
+  EXPECT_THAT(shown(rising({"1/9/2024", "2/3/2024", "3/9/2024", "4/3/2024"})).possible, monthFirst);
+  EXPECT_EQ(
+      shown(rising({"3/9/2024", "4/3/2024", "5/9/2024", "6/3/2024", "7/9/2024", "8/3/2024", "7/4/2024"}))
+          .possible.size(),
+      2U);
+  EXPECT_THAT(shown(rising({"1/9/2024", "2/3/2024", "3/9/2024", "4/3/2024", "5/9/2024", "6/3/2024",
+                            "7/9/2024", "8/3/2024", "7/4/2024"}))
+                  .possible,
+              monthFirst);
+  EXPECT_THAT(shown(rising({"1/9/2024", "2/3/2024", "3/9/2024", "4/3/2024", "4/3/2024"})).possible,
+              monthFirst);
+}
+
+TEST(TheOrderOfDays, IsTheOneInWhichTheyTurnBackLeastWhereThereAreNoReadings) {
+  const std::vector<std::string_view> days{"1/2/2024",  "1/9/2024", "2/3/2024",
+                                           "2/11/2024", "3/1/2024", "3/1/2024"};
+  std::vector<DatedReading> rows;
+  for (const std::string_view day : days) rows.push_back({day, {}});
+  EXPECT_THAT(shown(rows).possible, ElementsAre(DayOrder::MonthFirst));
+  std::ranges::reverse(rows);
+  EXPECT_THAT(shown(rows).possible, ElementsAre(DayOrder::MonthFirst));
+  EXPECT_THAT(shown({{"zutty", {}}}).possible, ElementsAre(DayOrder::DayFirst));
 }
 
 TEST(TheOrderOfDays, IsToldByAPartOverTwelveAnywhereInTheFile) {
@@ -88,6 +177,12 @@ TEST(TheOrderOfDays, IsTheOneInWhichTheReadingsRise) {
 }
 
 TEST(TheOrderOfDays, IsOpenInAFileThatHasBoth) {
+  EXPECT_EQ(
+      shown({{"13/1/2024", {}}, {"14/1/2024", {}}, {"15/1/2024", {}}, {"1/13/2024", {}}, {"1/14/2024", {}}})
+          .possible.size(),
+      2U);
+  EXPECT_TRUE(
+      shown({{"13/1/2024", {}}, {"14/1/2024", {}}, {"15/1/2024", {}}, {"1/14/2024", {}}}).isCertain());
   EXPECT_FALSE(
       shown({{"13/1/2024", {}}, {"14/1/2024", {}}, {"1/13/2024", {}}, {"1/14/2024", {}}}).isCertain());
 }

@@ -37,7 +37,12 @@ TEST(AWord, OfEachLanguageNamesAMonth) {
         "janeiro, fevereiro, março, abril, maio, junho, julho, agosto, setembro, outubro, novembro, "
         "dezembro"}) {
     int month = 0;
-    for (const std::string& name : listed(names)) EXPECT_EQ(exchange::readMonth(name), ++month) << name;
+    for (const std::string& name : listed(names)) {
+      EXPECT_EQ(exchange::readMonth(name), ++month) << name;
+      EXPECT_EQ(exchange::readDay("5 " + name + " 2013", exchange::DayOrder::YearFirst),
+                core::dayOf({2013, month, 5}))
+          << name;
+    }
     EXPECT_EQ(month, 12);
   }
   EXPECT_EQ(exchange::readMonth("Ja"), std::nullopt);  // three letters at least
