@@ -125,7 +125,7 @@ std::optional<DayParts> partsOf(std::string_view text) {
   skipWeekday(text);
   skipTime(text);
   DayParts parts;
-  for (std::size_t i = 0; i < 3; ++i) {
+  for (std::size_t i = 0;; ++i) {
     if (!takePart(text, parts, i)) return std::nullopt;
     if (i == 2) break;
     if (!takeSeparator(text, isBesideName(parts, i, text))) return std::nullopt;
@@ -164,7 +164,8 @@ std::optional<core::Day> dayOfDigits(std::string_view text) {
   constexpr std::int32_t kFirstOf1980 = 29'221;
   constexpr std::int32_t kFirstOf2080 = 65'746;
   std::int64_t number = 0;
-  std::from_chars(text.data(), text.data() + text.size(), number);
+  const char* end = text.data() + text.size();
+  if (std::from_chars(text.data(), end, number).ptr != end) return std::nullopt;
   if (text.size() == 14) number /= 1'000'000;
   if (text.size() == 8 || text.size() == 14)
     return core::existingDay({static_cast<int>(number / 10'000), static_cast<int>(number / 100 % 100),
@@ -181,8 +182,7 @@ std::optional<core::Day> dayOfText(std::string_view text, DayOrder order) {
   text = core::trimmed(text);
   if (text.size() > kLongest) return std::nullopt;
   if (std::ranges::all_of(text, isDigit)) return dayOfDigits(text);
-  if (text.size() == 15 && text[8] == 'T' && std::ranges::all_of(text.substr(0, 8), isDigit))
-    return dayOfDigits(text.substr(0, 8));
+  if (text.size() == 15 && text[8] == 'T') return dayOfDigits(text.substr(0, 8));
   const auto parts = partsOf(text);
   return parts ? core::existingDay(dateOf(*parts, order)) : std::nullopt;
 }

@@ -39,6 +39,7 @@ TEST(AWord, OfEachLanguageNamesAMonth) {
     int month = 0;
     for (const std::string& name : listed(names)) {
       EXPECT_EQ(exchange::readMonth(name), ++month) << name;
+      EXPECT_EQ(exchange::readMonth(name + "x"), std::nullopt) << name;
       EXPECT_EQ(exchange::readDay("5 " + name + " 2013", exchange::DayOrder::YearFirst),
                 core::dayOf({2013, month, 5}))
           << name;
