@@ -12,6 +12,7 @@
 
 #include "core/machine_file_system.h"
 #include "tests/support/forwarding_file_system.h"
+#include "tests/support/posix_device.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/ui/screen_test.h"
 
@@ -142,7 +143,8 @@ class OutputFileTest : public QObject {
     QFETCH(int, kind);
     test::TemporaryFolder folder;
     QCOMPARE(::mkfifo((folder / "pipe").c_str(), 0600), 0);
-    fs::create_symlink("/dev/null", folder / "device");
+    test::makeDevice(folder / "taker");
+    fs::create_symlink("taker", folder / "device");
     fs::create_symlink("gone", folder / "nowhere");
     folder.makeFolder("folder");
     folder.write("readonly", "old");
