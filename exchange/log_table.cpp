@@ -37,9 +37,9 @@ bool couldBeHeads(const CsvRow& row) {
   return filledCells(row) >= 2 && std::ranges::none_of(row.cells, isValue);
 }
 
+// Of a row that has one.
 std::string_view firstFilled(const CsvRow& row) {
-  const auto found = std::ranges::find_if(row.cells, isFilled);
-  return found == row.cells.end() ? std::string_view() : core::trimmed(*found);
+  return core::trimmed(*std::ranges::find_if(row.cells, isFilled));
 }
 
 // Marked as a comment or a title; "#1" is a number.
@@ -125,10 +125,10 @@ class Cutter {
     if (filledCells(row) != 1 || next == nullptr || isValue(firstFilled(row))) return false;
     return isMarked(row) ? couldBeHeads(*next) || firstFilled(row).starts_with("##")
                          : couldBeHeads(*next) &&
-                               (sections.empty() || namesDay(*next) || headScore(*next) > 0 || isApart());
+                               (sections.empty() || namesDay(*next) || headScore(*next) != 0 || isApart());
   }
 
-  bool isApart() const { return at_ > 0 && filledCells(rows_[at_ - 1]) == 0; }
+  bool isApart() const { return filledCells(rows_[at_ - 1]) == 0; }
 
   void place(const CsvRow& row) {
     if (filledCells(row) == 0) return put(RowKind::Empty);
@@ -137,7 +137,7 @@ class Cutter {
     const int score = headScore(row);
     if (isMarked(row) && score == 0) return put(RowKind::Comment);
     if (isAgain(row)) return put(RowKind::Heads);
-    if (score > 0 || (couldBeHeads(row) && (isOpen_ || namesDay(row)))) return begin(row, score);
+    if (score != 0 || (couldBeHeads(row) && (isOpen_ || namesDay(row)))) return begin(row, score);
     if (!sections.empty()) ++sections.back().rows;
     put(sections.empty() || isOpen_ ? RowKind::BeforeTable : RowKind::Data);
   }

@@ -25,7 +25,8 @@ constexpr const char* kRow = "2024-01-05;1000;40\n";
 
 TEST(ARowOfAFile, ThatBeginsWithAHashAndADigitIsNoComment) {
   std::string text = kHeads;
-  for (const char* first : {"#", "# x", "#/", "#:", "#x", "#0", "#9", "#12"}) text += std::string(first) + "\n" + kRow;
+  for (const char* first : {"#", "# x", "#/", "#:", "#x", "#0", "#9", "#12"})
+    text += std::string(first) + "\n" + kRow;
   const auto found = kinds(readTable(text));
   ASSERT_EQ(found.size(), 17U);
   for (std::size_t i = 1; i < 17; i += 2) EXPECT_EQ(found[i], i < 10 ? RowKind::Comment : RowKind::Data) << i;
@@ -60,7 +61,8 @@ TEST(ATitle, StandsAloneApartOrMarkedBeforeHeads) {
   EXPECT_THAT(after("szerviz\nfoo;bar\na;b\n"), ElementsAre(RowKind::Data, RowKind::Data, RowKind::Data));
   EXPECT_THAT(after("\nszerviz\nfoo;bar\na;b\n"),
               ElementsAre(RowKind::Empty, RowKind::Title, RowKind::Heads, RowKind::OtherSection));
-  EXPECT_THAT(after("szerviz\nDate;foo\na;b\n"), ElementsAre(RowKind::Title, RowKind::Heads, RowKind::OtherSection));
+  EXPECT_THAT(after("szerviz\nDate;foo\na;b\n"),
+              ElementsAre(RowKind::Title, RowKind::Heads, RowKind::OtherSection));
   EXPECT_THAT(after("# szerviz\nfoo;bar\na;b\n"),
               ElementsAre(RowKind::Title, RowKind::Heads, RowKind::OtherSection));
   EXPECT_THAT(after("## szerviz\n1;2\n"), ElementsAre(RowKind::Title, RowKind::BeforeTable));
@@ -88,7 +90,9 @@ TEST(TheSeparator, IsTheOneWithWhichMostRowsReadAlike) {
 }
 
 TEST(TheQuote, IsAnApostropheWhereMostHeadsHaveIt) {
-  const auto quote = [](const std::string& heads) { return readTable(heads + "\n2024-01-05;1000;40;x\n").shape.quote; };
+  const auto quote = [](const std::string& heads) {
+    return readTable(heads + "\n2024-01-05;1000;40;x\n").shape.quote;
+  };
   EXPECT_EQ(quote("'Date';'Odometer';'Litres';'x'"), '\'');
   EXPECT_EQ(quote("'Date';'Odometer';'';x"), '\'');
   EXPECT_EQ(quote("'Date';'Odometer';Litres;x"), '"');
@@ -97,6 +101,7 @@ TEST(TheQuote, IsAnApostropheWhereMostHeadsHaveIt) {
   EXPECT_EQ(quote("'Date';'Odometer';';x"), '"');
   EXPECT_EQ(readTable("a;b\n1;2\n").shape.quote, '"');
   EXPECT_EQ(readTable("x\n").shape.quote, '"');
+  EXPECT_EQ(readTable("'1';'2'\n'3';'4'\n").shape.quote, '"');
 }
 
 TEST(TheTable, IsTheOneWithAllThatIsNeededAndMostRows) {
@@ -104,23 +109,28 @@ TEST(TheTable, IsTheOneWithAllThatIsNeededAndMostRows) {
       "Date;Odo (km);Litres;Note;Station\n2024-01-05;1000;40;;\n\nDate;Odo (mi);Litres\n2024-01-05;1000;40\n"
       "2024-01-09;1100;40\n");
   EXPECT_THAT(table.heads, ElementsAre("Date", "Odo (mi)", "Litres"));
-  const LogTable first = readTable("Date;Odo (km);Litres\n2024-01-05;1000;40\n\nDate;Odo (mi);Litres\n2024-01-05;1000;40\n");
+  const LogTable first =
+      readTable("Date;Odo (km);Litres\n2024-01-05;1000;40\n\nDate;Odo (mi);Litres\n2024-01-05;1000;40\n");
   EXPECT_THAT(first.heads, ElementsAre("Date", "Odo (km)", "Litres"));
-  const LogTable more = readTable("Date;Odo (km)\n2024-01-05;1000\n2024-01-06;1000\n\nDate;Odo (mi);Litres\n2024-01-05;1000;40\n");
+  const LogTable more = readTable(
+      "Date;Odo (km)\n2024-01-05;1000\n2024-01-06;1000\n\nDate;Odo (mi);Litres\n2024-01-05;1000;40\n");
   EXPECT_THAT(more.heads, ElementsAre("Date", "Odo (mi)", "Litres"));
 }
 
 // A second table under heads of its own, whose rows come under those of the first or are left out.
 std::size_t rowsWith(const std::string& heads, const std::string& row) {
-  const ReadLog log = readLog("Date;Odo;Litres;Cost\n2023-12-05;48210;41;60\n2023-12-19;48866;44;61\n\n" + heads + "\n" + row + "\n");
-  return static_cast<std::size_t>(std::ranges::count(log.table.rows, RowKind::Data, &exchange::TableRow::kind));
+  const ReadLog log = readLog("Date;Odo;Litres;Cost\n2023-12-05;48210;41;60\n2023-12-19;48866;44;61\n\n" +
+                              heads + "\n" + row + "\n");
+  return static_cast<std::size_t>(
+      std::ranges::count(log.table.rows, RowKind::Data, &exchange::TableRow::kind));
 }
 
 TEST(ASecondTable, IsTakenUnderTheFirstInTheSameUnitsAndMoney) {
   for (const char* heads : {"Date;Odo;Litres;Cost", "Litres;Date;Km;Cost", "Date;Odo (km);Litres;Cost (EUR)",
                             "Date;Odo;Litres;Cost;Zutty", "Date;Odo;Litres;Cost;Station;Note"})
     EXPECT_EQ(rowsWith(heads, "2024-01-06;49400;30;50"), 3U) << heads;
-  for (const char* heads : {"Date;Odo;Gallons;Cost", "Date;Odo;Volume (l);Price", "Date;Odo;Litres;Cost;Trip", "Date;Litres;Cost", "Date;Odo;Litres;Litres"})
+  for (const char* heads : {"Date;Odo;Gallons;Cost", "Date;Odo;Volume (l);Price", "Date;Odo;Litres;Cost;Trip",
+                            "Date;Litres;Cost", "Date;Odo;Litres;Litres"})
     EXPECT_EQ(rowsWith(heads, "2024-01-06;49400;30;50"), 2U) << heads;
   const auto rows = [](const char* first, const char* second) {
     const std::string row = "2024-01-06;49400;30;50\n";
@@ -136,7 +146,8 @@ TEST(ASecondTable, IsTakenUnderTheFirstInTheSameUnitsAndMoney) {
 
 TEST(ASecondTable, HasItsCellsUnderTheHeadsAndTheRestBehindThem) {
   const LogTable table = readTable(
-      "Date;Odo;Litres\n2023-12-05;48210;41\n2023-12-19;48866;44\n\nLitres;Zutty;Date;Km\n30;z;2024-01-06;49400;behind\n40\n");
+      "Date;Odo;Litres\n2023-12-05;48210;41\n2023-12-19;48866;44\n\nLitres;Zutty;Date;Km\n30;z;2024-01-06;"
+      "49400;behind\n40\n");
   EXPECT_THAT(table.heads, ElementsAre("Date", "Odo", "Litres", "Zutty"));
   EXPECT_THAT(table.rows.at(5).row.cells, ElementsAre("2024-01-06", "49400", "30", "z", "behind"));
   EXPECT_THAT(table.rows.at(6).row.cells, ElementsAre("", "", "40", ""));
