@@ -94,13 +94,6 @@ class RowChoiceTest : public QObject {
     }
   }
 
-  void aClickChoosesTheRowOnce() {
-    Rows rows(3);
-    rows.click(1);
-    QCOMPARE(rows.chosen, QList<int>{1});
-    QCOMPARE(rows.view.highlightedRecord(), "2");
-  }
-
   void aRowPressedAndAnotherReleasedChoosesTheHighlightedOne() {
     Rows rows(3);
     rows.press(0);
