@@ -105,7 +105,7 @@ bool isKnown(const ColumnFacts& facts) {
 std::optional<DecimalSign> shownByAll(const std::vector<ColumnFacts>& facts) {
   std::vector<std::string_view> cells;
   for (const ColumnFacts& column : facts)
-    if (column.areFigures() && !column.areDays() && !isKnown(column))
+    if (column.areFigures() && !isKnown(column))
       cells.insert(cells.end(), column.cells.begin(), column.cells.end());
   if (const auto shown = shownDecimalSign(cells)) return shown;
   for (const ColumnFacts& column : facts)

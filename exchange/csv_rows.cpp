@@ -15,7 +15,6 @@ class CsvFeed {
     if (csv_init(&parser_, 0) != 0) throw std::bad_alloc();
     csv_set_delim(&parser_, static_cast<unsigned char>(shape.separator));
     csv_set_quote(&parser_, static_cast<unsigned char>(shape.quote));
-    csv_set_blk_size(&parser_, 4096);
   }
   CsvFeed(const CsvFeed&) = delete;
   CsvFeed& operator=(const CsvFeed&) = delete;
@@ -26,8 +25,9 @@ class CsvFeed {
     if (!isOpen_ && isBlank(line)) return take_({.line = number, .cells = {std::string()}});
     if (!isOpen_) begin(number);
     length_ += line.size();
-    if (line.size() > kLongestLine || length_ > kLongestRow) return !(isTooLong_ = true);
-    if (csv_parse(&parser_, line.data(), line.size(), &onCell, &onRow, this) != line.size())
+    if (line.size() > kLongestLine || length_ > kLongestRow)
+      isTooLong_ = true;
+    else if (csv_parse(&parser_, line.data(), line.size(), &onCell, &onRow, this) != line.size())
       throw std::bad_alloc();
     return isWanted_ && !isTooLong_;
   }

@@ -119,9 +119,8 @@ class LongestPhrase {
 
 // Phrases that stand in the words of a head.
 HeadReading phraseIn(const Words& words) {
-  constexpr std::size_t kMostWords = 24;
   LongestPhrase longest(4, 2);
-  const std::size_t count = std::min(words.size(), kMostWords);
+  const std::size_t count = words.size();
   for (std::size_t from = 0; from < count; ++from) {
     std::string phrase;
     for (std::size_t to = from; to < count; ++to) longest.consider(phrase += words[to]);
@@ -218,7 +217,7 @@ HeadReading readHead(std::string_view head) {
   if (countsNoLitres(words)) return {HeadWord::Known, 4};
   const Quotient quotient = quotientIn(head, words);
   if (quotient.isConsumption) return {HeadWord::Known, 4};
-  HeadReading reading = words.empty() ? readUnits(words, !currencyOf(head).empty()) : readWords(head, words);
+  HeadReading reading = readWords(head, words);
   if (quotient.isByDistance && (isMoney(reading.word) || !currencyOf(head).empty()))
     return {HeadWord::Known, 4};
   const bool mayBeMoney = reading.word == HeadWord::Unknown || reading.word == HeadWord::Volume ||

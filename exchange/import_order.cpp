@@ -25,8 +25,8 @@ bool isBefore(const NapiAdat& a, const NapiAdat& b) {
 
 std::vector<Slot> slotsAtEnd(ImportPlan& plan, const core::Logbook& logbook) {
   std::vector<Slot> slots;
-  for (int number = 1; number <= logbook.count(); ++number) slots.push_back({number, nullptr});
-  for (PlannedEntry& planned : plan.entries) slots.push_back({0, &planned});
+  for (int number = 1; number <= logbook.count(); ++number) slots.push_back({.number = number});
+  for (PlannedEntry& planned : plan.entries) slots.push_back({.planned = &planned});
   return slots;
 }
 
@@ -36,10 +36,11 @@ std::vector<Slot> slotsInOrder(ImportPlan& plan, const core::Logbook& logbook) {
   auto next = plan.entries.begin();
   for (int number = 1; number <= logbook.count(); ++number) {
     const NapiAdat there = logbook.record(number);
-    for (; next != plan.entries.end() && isBefore(next->entry, there); ++next) slots.push_back({0, &*next});
-    slots.push_back({number, nullptr});
+    for (; next != plan.entries.end() && isBefore(next->entry, there); ++next)
+      slots.push_back({.planned = &*next});
+    slots.push_back({.number = number});
   }
-  for (; next != plan.entries.end(); ++next) slots.push_back({0, &*next});
+  for (; next != plan.entries.end(); ++next) slots.push_back({.planned = &*next});
   return slots;
 }
 

@@ -132,5 +132,47 @@ TEST(Money, IsSetBesideTheVolumesAboveNothing) {
   EXPECT_THAT(paid.perVolume, ElementsAre(2.5, 0.2, 2));
 }
 
+// The figures that are not kept tell, where the kept ones could be read either way.
+TEST(TheSignOfAColumn, IsThatOfTheOthersOrUsual) {
+  const auto signs = [](const std::vector<std::vector<std::string>>& columns) {
+    std::vector<DecimalSign> found;
+    for (const ColumnFacts& facts : lookAt(test::tableOf(columns), std::nullopt)) found.push_back(facts.sign);
+    return found;
+  };
+  const std::vector<std::string> open{"Ft", "1.234", "1.300"};
+  EXPECT_THAT(signs({open}), ElementsAre(DecimalSign::Point));
+  EXPECT_THAT(signs({open, {"Fogyasztás", "7,1", "6,7"}}),
+              ElementsAre(DecimalSign::Comma, DecimalSign::Comma));
+  EXPECT_THAT(signs({open, {"Fogyasztás", "7,1", "6,7"}, {"Zutty", "1.5", "2.5"}}),
+              ElementsAre(DecimalSign::Point, DecimalSign::Comma, DecimalSign::Point));
+  EXPECT_THAT(signs({open, {"Jegyzet", "7,1", "a", "b"}}),
+              ElementsAre(DecimalSign::Point, DecimalSign::Comma));
+  EXPECT_THAT(signs({{"Liter", "1,234"}, {"Ft", "1.234"}}),
+              ElementsAre(DecimalSign::Comma, DecimalSign::Comma));
+  EXPECT_THAT(signs({{"Km óra", "48.210", "x"}, {"Ft", "1,234"}}),
+              ElementsAre(DecimalSign::Comma, DecimalSign::Point));
+  EXPECT_THAT(signs({{"Km óra", "48,210"}}), ElementsAre(DecimalSign::Point));
+  EXPECT_THAT(signs({{"Km", "48.210"}}), ElementsAre(DecimalSign::Comma));
+}
+
+TEST(AColumn, IsOfFiguresOrDaysWhereMoreThanHalfOfItsCellsAre) {
+  const auto facts = [](const char* head, const Cells& cells) {
+    const ColumnFacts& found = Column(head, cells);
+    return std::pair(found.areFigures(), found.areDays());
+  };
+  EXPECT_EQ(facts("Zutty", {"1", "x"}), std::pair(false, false));
+  EXPECT_EQ(facts("Zutty", {"1", "2", "x", ""}), std::pair(true, false));
+  EXPECT_EQ(facts("Zutty", {"2024.01.05.", "x"}), std::pair(false, false));
+  EXPECT_EQ(facts("Zutty", {"2024.01.05.", "2024.01.06.", "x"}), std::pair(false, true));
+  EXPECT_EQ(facts("Zutty", {"41460", "41461"}), std::pair(true, false));
+  EXPECT_EQ(facts("Dátum", {"41460", "41461"}), std::pair(true, true));
+  EXPECT_EQ(facts("Zutty", {"20240105"}), std::pair(true, true));
+  EXPECT_EQ(facts("Zutty", {"20240105120000"}).second, true);
+  EXPECT_EQ(facts("Zutty", {""}), std::pair(false, false));
+  EXPECT_TRUE(isFigureCell("40,5 l"));
+  EXPECT_TRUE(isFigureCell("+1'234.5"));
+  for (const char* cell : {"E10", "Super 95", "l", "", "40 zutty"}) EXPECT_FALSE(isFigureCell(cell)) << cell;
+}
+
 }  // namespace
 }  // namespace tarvik::exchange

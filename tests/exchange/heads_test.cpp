@@ -19,6 +19,7 @@ TEST(AText, IsFoldedToPlainCapitalsAndParted) {
   EXPECT_EQ(folded("Пробег"), "PROBEG");
   EXPECT_EQ(folded("Preț/litru"), "PRET LITRU");
   EXPECT_EQ(folded("ÓRAÁLLÁS"), "ORAALLAS");
+  EXPECT_EQ(folded("km×l🚗"), "KM L");
   EXPECT_EQ(squeezed("KM ORA"), "KMORA");
 }
 
@@ -64,6 +65,19 @@ TEST(AHead, OfMoneyIsSettledByWhatItIsFor) {
   EXPECT_EQ(readHead("Üzemanyag összeg").word, HeadWord::TotalCost);
   EXPECT_EQ(readHead("ct/l").word, HeadWord::UnitPrice);
   EXPECT_EQ(readHead("Pence/litre").word, HeadWord::UnitPrice);
+}
+
+TEST(AHead, IsTheStrongerTheMoreOfItIsUnderstood) {
+  const std::vector<std::pair<std::string, int>> heads{{"Liter", 4},           {"€", 3},
+                                                       {"gallonban", 3},       {"kilométerben", 3},
+                                                       {"Megjegyzés (km)", 3}, {"Zutty megjegyzés", 2},
+                                                       {"Zuttymegjegyzés", 1}, {"Zutty (l)", 1},
+                                                       {"Zutty (km)", 1},      {"Zutty", 0}};
+  for (const auto& [head, strength] : heads) EXPECT_EQ(readHead(head).strength, strength) << head;
+  EXPECT_EQ(readHead("Benzin (Ft/l)").word, HeadWord::UnitPrice);
+  EXPECT_EQ(readHead("Megjegyzés (Ft/l)").word, HeadWord::Note);
+  EXPECT_EQ(readHead("Odometer" + std::string(191, '.') + "x").strength, 2);
+  EXPECT_EQ(readHead("Odometer" + std::string(192, '.') + "x").word, HeadWord::Unknown);
 }
 
 TEST(AHead, ThatOnlyItsUnitTellsOfIsWhatIsCountedInIt) {

@@ -26,7 +26,8 @@ std::vector<Question> open(const std::string& text, const Choices& choices = {})
 bool isMoneyAsked(const std::vector<std::string>& litresAndCost) {
   std::string text = "Dátum;Km óra;Liter;Összeg\n";
   for (std::size_t i = 0; i < litresAndCost.size(); ++i)
-    text += "2024.01.0" + std::to_string(i + 1) + ".;" + std::to_string(48'000 + 500 * i) + ";" + litresAndCost[i] + "\n";
+    text += "2024.01.0" + std::to_string(i + 1) + ".;" + std::to_string(48'000 + 500 * i) + ";" +
+            litresAndCost[i] + "\n";
   return readLog(text).asks(Question::Currency);
 }
 
@@ -35,8 +36,8 @@ TEST(Money, OfHungarianHeadsAreForintsWhereALitreCostsFrom50To2000) {
   EXPECT_TRUE(isMoneyAsked({"40;1999"}));
   EXPECT_FALSE(isMoneyAsked({"40;80000"}));
   EXPECT_TRUE(isMoneyAsked({"40;80001"}));
-  EXPECT_TRUE(isMoneyAsked({"40;1600", "40;2400", "40;1200"}));   // 40, 60, 30: 40 in the middle
-  EXPECT_FALSE(isMoneyAsked({"40;2400", "0;9000"}));              // the one without litres does not count
+  EXPECT_TRUE(isMoneyAsked({"40;1600", "40;2400", "40;1200"}));  // 40, 60, 30: 40 in the middle
+  EXPECT_FALSE(isMoneyAsked({"40;2400", "0;9000"}));             // the one without litres does not count
   EXPECT_TRUE(isMoneyAsked({"1;49"}));
   const std::string row = "\n2024.01.05.;48000;40;";
   EXPECT_THAT(open("Dátum;Km óra;Liter;Egységár;Összeg" + row + "600;10"), IsEmpty());
@@ -55,29 +56,39 @@ TEST(Money, ThatSomeCellsNameIsAskedForTheOthers) {
   EXPECT_THAT(open(text("€60", "61", "€62"), rates), IsEmpty());
   EXPECT_THAT(open(text("€60", "61", "CHF 62"), rates), ElementsAre(Question::Currency));
   EXPECT_THAT(open(text("€60", "", "CHF 62"), rates), IsEmpty());
-  EXPECT_THAT(open(text("€60", "CHF 61", "€62"), {.rates = {{"EUR", Ratio(400)}}}), ElementsAre(Question::Rate));
-  const std::string currencies = "Date;Odo (km);Litres;Cost;Currency\n2024-01-05;48210;41;60;EUR\n2024-01-19;48866;44;61;CHF\n";
+  EXPECT_THAT(open(text("€60", "CHF 61", "€62"), {.rates = {{"EUR", Ratio(400)}}}),
+              ElementsAre(Question::Rate));
+  const std::string currencies =
+      "Date;Odo (km);Litres;Cost;Currency\n2024-01-05;48210;41;60;EUR\n2024-01-19;48866;44;61;CHF\n";
   EXPECT_THAT(open(currencies, rates), IsEmpty());
   EXPECT_THAT(open(currencies + "2024-02-02;49391;20;62;\n", rates), ElementsAre(Question::Currency));
-  EXPECT_EQ(readLog("Date;Odo (km);Litres;Cost (EUR);Price (CHF/l)\n2024-01-05;48210;41;60;1.5\n").reading.currency, "EUR");
+  EXPECT_EQ(
+      readLog("Date;Odo (km);Litres;Cost (EUR);Price (CHF/l)\n2024-01-05;48210;41;60;1.5\n").reading.currency,
+      "EUR");
   EXPECT_EQ(readLog(text("60", "61", "62")).reading.currency, "HUF");
 }
 
 TEST(Money, ThatThePersonNamesIsTheOnlyOneWhereTheFileNamesOne) {
   const std::string text = "Date;Odo (km);Litres;Cost\n2024-01-05;48210;41;€60\n2024-01-19;48866;44;";
   EXPECT_THAT(readLog(text + "61\n", {.currency = "CHF"}).reading.currencies, ElementsAre("CHF"));
-  EXPECT_THAT(readLog(text + "61 USD\n", {.currency = "CHF"}).reading.currencies, ElementsAre("EUR", "USD", "CHF"));
+  EXPECT_THAT(readLog(text + "61 USD\n", {.currency = "CHF"}).reading.currencies,
+              ElementsAre("EUR", "USD", "CHF"));
   const ReadLog dollars = readLog("Date;Odo (km);Litres;Cost;Price\n2024-01-05;48210;41;CAD 60;$1.5\n");
   EXPECT_EQ(dollars.reading.dollar, "CAD");
-  EXPECT_THAT(readLog("Date;Odo (km);Litres;PPL\n2024-01-05;48210;41;20\n", {.currency = "EUR"}).reading.priceShare, 1);
-  EXPECT_THAT(readLog("Date;Odo (km);Litres;PPL\n2024-01-05;48210;41;20.1\n", {.currency = "EUR"}).reading.priceShare, 100);
+  EXPECT_THAT(
+      readLog("Date;Odo (km);Litres;PPL\n2024-01-05;48210;41;20\n", {.currency = "EUR"}).reading.priceShare,
+      1);
+  EXPECT_THAT(
+      readLog("Date;Odo (km);Litres;PPL\n2024-01-05;48210;41;20.1\n", {.currency = "EUR"}).reading.priceShare,
+      100);
 }
 
 // Words for full fills --------------------------------------------------------------------------------------
 
 TEST(TheWordsForFull, ThatAreKnownStayWhatTheyAreBesideTheOneThatIsChosen) {
   const std::string text =
-      "Dátum;Km;Liter;Tele\n2024.01.01.;48000;40;igen\n2024.01.02.;48500;40;csurig\n2024.01.03.;49000;40;nem\n"
+      "Dátum;Km;Liter;Tele\n2024.01.01.;48000;40;igen\n2024.01.02.;48500;40;csurig\n2024.01.03.;49000;40;"
+      "nem\n"
       "2024.01.04.;49500;40;feles\n2024.01.05.;50000;40;Igen\n2024.01.06.;50500;40;\n";
   const auto areFull = [](const ReadLog& log) {
     std::vector<std::optional<bool>> found;
@@ -97,14 +108,16 @@ TEST(TheWordsForFull, ThatAreKnownStayWhatTheyAreBesideTheOneThatIsChosen) {
   EXPECT_FALSE(readLog("Dátum;Km;Liter;Tele\n2024.01.01.;48000;40;\n").reading.saysWhichAreFull);
   const std::string partial = "Dátum;Km;Liter;Partial\n2024.01.01.;48000;40;\n2024.01.02.;48500;40;partial\n";
   EXPECT_THAT(areFull(readLog(partial)), ElementsAre(true, false));
-  EXPECT_THAT(areFull(readLog(partial + "2024.01.03.;49000;40;csurig\n")), ElementsAre(true, false, std::nullopt));
+  EXPECT_THAT(areFull(readLog(partial + "2024.01.03.;49000;40;csurig\n")),
+              ElementsAre(true, false, std::nullopt));
   EXPECT_THAT(areFull(readLog(partial + "2024.01.03.;49000;40;no\n")), ElementsAre(true, false, true));
 }
 
 // Units -----------------------------------------------------------------------------------------------------
 
 // Three fills of so many litres after 1,000 kilometres each.
-std::vector<Question> openAfter(const std::string& heads, const std::string& volume, const std::string& more = "") {
+std::vector<Question> openAfter(const std::string& heads, const std::string& volume,
+                                const std::string& more = "") {
   std::string text = heads + "\n";
   for (int i = 1; i < 4; ++i)
     text += "2024-01-0" + std::to_string(i) + ";" + std::to_string(1'000 * i) + ";" + volume + more + "\n";
@@ -119,52 +132,62 @@ TEST(Units, ThatNobodyStatesAreTakenWhereCarsUseFrom3Point5To12Point5Litres) {
   EXPECT_THAT(openAfter("Datum;Stand;Menge", "125.1"), distance);
   EXPECT_THAT(openAfter("Datum;Stand (km);Menge (l)", "34.9"), IsEmpty());
   EXPECT_THAT(openAfter("Datum;Stand (km);Menge", "34.9"), ElementsAre(Question::VolumeUnit));
-  EXPECT_THAT(open("Datum;Gefahren;Menge\n2024-01-01;510;30\n2024-01-02;490;31\n2024-01-03;500;30\n"), ElementsAre(Question::TripStart));
+  EXPECT_THAT(open("Datum;Gefahren;Menge\n2024-01-01;510;30\n2024-01-02;490;31\n2024-01-03;500;30\n"),
+              ElementsAre(Question::TripStart));
   EXPECT_THAT(open("Datum;Gefahren;Menge\n2024-01-01;510;3\n2024-01-02;490;3\n2024-01-03;500;3\n"),
               ElementsAre(Question::DistanceUnit, Question::TripStart));
   // 30 over 10,000 before the readings were in order; what stands without a volume is passed over.
-  EXPECT_THAT(open("Datum;Stand;Menge\n2024-01-03;22000;60\n2024-01-01;20000;60\n2024-01-02;21000;60\n2024-01-02;21000;x\n"
+  EXPECT_THAT(open("Datum;Stand;Menge\n2024-01-03;22000;60\n2024-01-01;20000;60\n2024-01-02;21000;60\n2024-"
+                   "01-02;21000;x\n"
                    "2024-01-02;21500;0\n"),
               IsEmpty());
   // 2, 6 and 60 for a hundred: the middle one counts.
-  EXPECT_THAT(open("Datum;Stand;Menge\n2024-01-01;20000;60\n2024-01-02;20100;60\n2024-01-03;21100;60\n2024-01-04;24100;60\n"), IsEmpty());
+  EXPECT_THAT(open("Datum;Stand;Menge\n2024-01-01;20000;60\n2024-01-02;20100;60\n2024-01-03;21100;60\n2024-"
+                   "01-04;24100;60\n"),
+              IsEmpty());
   EXPECT_THAT(open("Datum;Stand;Menge\n2024-01-01;20000;60\n"), IsEmpty());
 }
 
 TEST(Units, OfEnglishHeadsAreAskedUnlessTheMoneyTells) {
   const auto asked = [](const std::string& currency) {
     const Choices rate{.rates = {{currency, Ratio(100)}}};
-    return open("Date;Odometer;Volume;Cost (" + currency + ")\n2024-01-01;1000;60;5\n2024-01-02;2000;60;5\n", rate);
+    return open("Date;Odometer;Volume;Cost (" + currency + ")\n2024-01-01;1000;60;5\n2024-01-02;2000;60;5\n",
+                rate);
   };
   EXPECT_THAT(asked("PLN"), IsEmpty());
   EXPECT_THAT(asked("EUR"), ElementsAre(Question::DistanceUnit));
   for (const char* currency : {"USD", "GBP"})
     EXPECT_THAT(asked(currency), ElementsAre(Question::DistanceUnit, Question::VolumeUnit)) << currency;
   const Choices zloty{.rates = {{"PLN", Ratio(90)}}};
-  for (const char* text : {"Date;Odometer;Volume;Cost\n2024-01-01;1000;60;5 PLN\n2024-01-02;2000;60;5 PLN\n",
-                           "Date;Odometer;Volume;Cost;Currency\n2024-01-01;1000;60;5;PLN\n2024-01-02;2000;60;5;PLN\n",
-                           "Date;Odometer;Volume;Unit price (PLN)\n2024-01-01;1000;60;5\n2024-01-02;2000;60;5\n"})
+  for (const char* text :
+       {"Date;Odometer;Volume;Cost\n2024-01-01;1000;60;5 PLN\n2024-01-02;2000;60;5 PLN\n",
+        "Date;Odometer;Volume;Cost;Currency\n2024-01-01;1000;60;5;PLN\n2024-01-02;2000;60;5;PLN\n",
+        "Date;Odometer;Volume;Unit price (PLN)\n2024-01-01;1000;60;5\n2024-01-02;2000;60;5\n"})
     EXPECT_THAT(open(text, zloty), IsEmpty()) << text;
   EXPECT_THAT(openAfter("Date;Odometer (km);Volume", "60"), IsEmpty());
   EXPECT_THAT(openAfter("Date;Odometer;Volume (l)", "60"), ElementsAre(Question::DistanceUnit));
   EXPECT_THAT(openAfter("Date;Odometer (mi);Volume", "60"), ElementsAre(Question::VolumeUnit));
-  EXPECT_THAT(openAfter("Datum;Stand;Menge;MPG", "60", ";30"), ElementsAre(Question::DistanceUnit, Question::VolumeUnit));
+  EXPECT_THAT(openAfter("Datum;Stand;Menge;MPG", "60", ";30"),
+              ElementsAre(Question::DistanceUnit, Question::VolumeUnit));
   EXPECT_THAT(openAfter("Datum;Stand;Menge (US gal)", "10"), ElementsAre(Question::DistanceUnit));
   EXPECT_THAT(openAfter("Datum;Stand;Menge;km/l", "60", ";16"), IsEmpty());
   EXPECT_THAT(openAfter("Datum;Stand;Menge;mi/gal", "10", ";16"), ElementsAre(Question::Gallon));
-  EXPECT_THAT(open("2024.01.05.;48210;40;600;24000\n2024.01.19.;48866;44;610;26840\n2024.02.02.;49391;20;620;12400\n"
-                   "2024.02.12.;49991;41;600;24600\n"),
-              testing::Contains(Question::DistanceUnit));  // without heads
+  EXPECT_THAT(
+      open("2024.01.05.;48210;40;600;24000\n2024.01.19.;48866;44;610;26840\n2024.02.02.;49391;20;620;12400\n"
+           "2024.02.12.;49991;41;600;24600\n"),
+      testing::Contains(Question::DistanceUnit));  // without heads
 }
 
 TEST(Units, AreThoseOfTheNearestColumnThatNamesThem) {
-  const ReadLog log = readLog("Date;Odometer (mi);Litres;km/l;Distance unit\n2024-01-01;1000;40;8;\n2024-01-02;1500;41;9;km\n");
+  const ReadLog log = readLog(
+      "Date;Odometer (mi);Litres;km/l;Distance unit\n2024-01-01;1000;40;8;\n2024-01-02;1500;41;9;km\n");
   EXPECT_EQ(log.reading.distance, DistanceUnit::Kilometre);
   const ReadLog others = readLog("Date;Odometer;Volume;km/l;mi/gal\n2024-01-01;1000;40;8;5\n");
   EXPECT_EQ(others.reading.distance, DistanceUnit::Kilometre);
   EXPECT_EQ(others.reading.volume, VolumeUnit::Litre);
   EXPECT_FALSE(others.asks(Question::Gallon));
-  const ReadLog cells = readLog("Date;Odometer;Volume\n2024-01-01;1000 mi;10 UK gal\n2024-01-02;1100 mi;11 UK gal\n");
+  const ReadLog cells =
+      readLog("Date;Odometer;Volume\n2024-01-01;1000 mi;10 UK gal\n2024-01-02;1100 mi;11 UK gal\n");
   EXPECT_EQ(cells.reading.distance, DistanceUnit::Mile);
   EXPECT_EQ(cells.reading.volume, VolumeUnit::UkGallon);
   EXPECT_THAT(cells.reading.open, IsEmpty());
@@ -184,18 +207,22 @@ std::vector<exchange::VehicleRows> vehicles(const std::vector<std::pair<int, int
 
 TEST(SeveralVehicles, HaveReadingsThatAreNotThoseOfOneWay) {
   // 5,000 from one stop to the next may be one car, more are not.
-  const auto near = vehicles({{1, 1'000}, {1, 6'000}, {2, 2'000}, {2, 7'000}, {3, 3'000}, {3, 8'000}, {4, 4'000}, {4, 9'000}});
+  const auto near = vehicles(
+      {{1, 1'000}, {1, 6'000}, {2, 2'000}, {2, 7'000}, {3, 3'000}, {3, 8'000}, {4, 4'000}, {4, 9'000}});
   ASSERT_EQ(near.size(), 2U);
   EXPECT_EQ(near[0].lowest, 1'000);
   EXPECT_EQ(near[0].highest, 9'000);
   EXPECT_EQ(near[1].lowest, 2'000);
-  const auto far = vehicles({{1, 1'000}, {1, 6'001}, {2, 2'000}, {2, 7'001}, {3, 3'000}, {3, 8'001}, {4, 4'000}, {4, 9'001}});
+  const auto far = vehicles(
+      {{1, 1'000}, {1, 6'001}, {2, 2'000}, {2, 7'001}, {3, 3'000}, {3, 8'001}, {4, 4'000}, {4, 9'001}});
   ASSERT_EQ(far.size(), 2U);
   EXPECT_EQ(far[0].highest, 4'000);
   EXPECT_EQ(far[1].lowest, 6'001);
   EXPECT_EQ(far[1].rows, 4U);
-  EXPECT_THAT(vehicles({{1, 1'000}, {2, 1'100}, {3, 1'200}, {1, 90'000}, {2, 90'100}}), IsEmpty());  // two slips
-  const auto three = vehicles({{1, 90'000}, {1, 1'000}, {2, 1'100}, {3, 1'200}, {2, 90'100}, {3, 90'200}, {3, 60'000}});
+  EXPECT_THAT(vehicles({{1, 1'000}, {2, 1'100}, {3, 1'200}, {1, 90'000}, {2, 90'100}}),
+              IsEmpty());  // two slips
+  const auto three =
+      vehicles({{1, 90'000}, {1, 1'000}, {2, 1'100}, {3, 1'200}, {2, 90'100}, {3, 90'200}, {3, 60'000}});
   ASSERT_EQ(three.size(), 2U);
   EXPECT_EQ(three[0].lowest, 90'000);
   EXPECT_EQ(three[0].rows, 4U);  // the slip lies nearer to its readings
@@ -217,16 +244,20 @@ TEST(SeveralVehicles, AreOneThatWasNotWrittenDownForAWhile) {
 
 TEST(AVehicle, IsNamedByItsSectionAndAllItsColumns) {
   const ReadLog log = readLog(
-      "Make;Model;Date;Odo (km);Litres\nOpel;Astra;2024-01-05;48210;41\nOpel;;2024-01-06;9000;30\nOpel;Astra;2024-01-07;48800;40\n"
+      "Make;Model;Date;Odo "
+      "(km);Litres\nOpel;Astra;2024-01-05;48210;41\nOpel;;2024-01-06;9000;30\nOpel;Astra;2024-01-07;48800;"
+      "40\n"
       ";x;sok;5;5\n");
   ASSERT_EQ(log.reading.vehicles.size(), 2U);
   EXPECT_EQ(log.reading.vehicles[0].name, "Opel Astra");
   EXPECT_EQ(log.reading.vehicles[0].rows, 2U);
   EXPECT_EQ(log.reading.vehicles[1].name, "Opel");
-  const ReadLog chosen = readLog(
-      "Plate;Date;Odo (km);Litres\nA;2024-01-05;48210;41\nB;2024-01-06;9000;30\n", {.vehicle = 3});
+  const ReadLog chosen =
+      readLog("Plate;Date;Odo (km);Litres\nA;2024-01-05;48210;41\nB;2024-01-06;9000;30\n", {.vehicle = 3});
   EXPECT_TRUE(chosen.asks(Question::Vehicle));
-  EXPECT_THAT(readLog("Plate;Date;Odo (km);Litres\nA;2024-01-05;48210;41\nA;2024-01-06;49000;30\n").reading.vehicles, IsEmpty());
+  EXPECT_THAT(
+      readLog("Plate;Date;Odo (km);Litres\nA;2024-01-05;48210;41\nA;2024-01-06;49000;30\n").reading.vehicles,
+      IsEmpty());
 }
 
 // Days and signs --------------------------------------------------------------------------------------------
@@ -234,7 +265,8 @@ TEST(AVehicle, IsNamedByItsSectionAndAllItsColumns) {
 TEST(DaysOfALog, InThreeColumnsHaveYearsOfTwoDigitsOrFour) {
   const auto day = [](const std::string& row) {
     const ReadLog log = readLog("Year;Month;Day;Odo (km);Litres\n" + row + ";1000;40\n2024;1;7;1100;40\n");
-    return log.rows.rows.empty() || log.rows.rows.size() == 1 ? std::nullopt : std::optional(log.rows.rows[0].day);
+    return log.rows.rows.empty() || log.rows.rows.size() == 1 ? std::nullopt
+                                                              : std::optional(log.rows.rows[0].day);
   };
   EXPECT_EQ(day("24.;1;5."), core::dayOf({2024, 1, 5}));
   EXPECT_EQ(day("99;12;31"), core::dayOf({2099, 12, 31}));
@@ -254,7 +286,8 @@ TEST(TheDecimalSign, IsShownAsThatOfTheVolumes) {
 
 TEST(TheDecimalSign, IsAskedOfFiguresThatTheLogbookKeeps) {
   const auto asks = [](const std::string& head) {
-    return readLog("Dátum\tKm óra\tLiter\t" + head + "\n2024.01.05.\t1000\t40\t1.234\n").asks(Question::DecimalSign);
+    return readLog("Dátum\tKm óra\tLiter\t" + head + "\n2024.01.05.\t1000\t40\t1.234\n")
+        .asks(Question::DecimalSign);
   };
   for (const char* head : {"Ft", "Egyéb költség (Ft)"}) EXPECT_TRUE(asks(head)) << head;
   for (const char* head : {"Fogyasztás", "Jegyzet"}) EXPECT_FALSE(asks(head)) << head;

@@ -10,8 +10,9 @@
 
 namespace tarvik::test {
 
-/// Makes a device under that name that takes everything and has nothing. It is one of the test's own where it may
-/// be made: root, who may, would lose the machine's /dev/null to code that is broken. Else it is a link to that one.
+/// Makes a device under that name that takes everything and has nothing. It is one of the test's own where it
+/// may be made: root, who may, would lose the machine's /dev/null to code that is broken. Else it is a link
+/// to that one.
 inline void makeDevice(const std::string& path) {
   constexpr unsigned kMemoryDevices = 1;
   constexpr unsigned kNull = 3;

@@ -1,0 +1,103 @@
+#include <gmock/gmock.h>
+
+#include "exchange/own_format.h"
+#include "tests/core/entries.h"
+#include "tests/exchange/reading.h"
+
+// What is noticed of the entries of a plan, at each bound, and what goes when a tick changes.
+
+namespace tarvik::test {
+namespace {
+
+using core::NapiAdat;
+using core::Ratio;
+using exchange::Doubt;
+using exchange::ImportPlan;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+ImportPlan planOfRows(const std::string& rows, const core::Logbook& logbook = {}) {
+  return planOf(readLog("Date,Odometer (km),Litres,Cost (Ft),Full,Missed,Notes\n" + rows), logbook);
+}
+
+std::vector<int> wholeReadings(const ImportPlan& plan) {
+  std::vector<int> found;
+  for (const NapiAdat& entry : plan.whole) found.push_back(entry.KmOra);
+  return found;
+}
+
+TEST(APlan, NoticesALitreOfLessThan50OrMoreThan2000Forints) {
+  const auto doubts = [](const std::string& cost) {
+    return planOfRows("2024-01-01,1000,40," + cost + ",1,0,\n").entries.at(0).doubts;
+  };
+  for (const char* cost : {"2000", "80000", "0"}) EXPECT_THAT(doubts(cost), IsEmpty()) << cost;
+  for (const char* cost : {"1999", "80001"}) EXPECT_THAT(doubts(cost), ElementsAre(Doubt::PriceOdd)) << cost;
+}
+
+TEST(APlan, NoticesNoPriceWhoseMoneyIsNotKnown) {
+  const auto doubts = [](const std::string& head, const exchange::Choices& choices) {
+    return planOf(readLog("Datum;Kilometerstand;Liter;" + head + "\n2024-01-05;48210;40;60\n", choices)).entries.at(0).doubts;
+  };
+  EXPECT_THAT(doubts("Betrag", {}), IsEmpty());
+  EXPECT_THAT(doubts("Betrag (€)", {}), IsEmpty());
+  EXPECT_THAT(doubts("Betrag (€)", {.rates = {{"EUR", Ratio(1)}}}), ElementsAre(Doubt::PriceOdd));
+  NapiAdat own = fuelling({2024, 1, 5}, 1'000, 400'000, true);
+  own.TankoltKtg = 1;
+  const core::Listing listing{core::Logbook::of(std::vector<NapiAdat>{own}), {1}};
+  EXPECT_THAT(planOf(readLog(exchange::csvOf(listing).substr(3))).entries.at(0).doubts, Not(Contains(Doubt::PriceOdd)));
+}
+
+TEST(APlan, ForgetsAJumpOrAFallWithTheEntryBeforeIt) {
+  for (const auto& [first, doubt] : std::vector<std::pair<const char*, Doubt>>{
+           {"1000", Doubt::OdometerJumps}, {"5000", Doubt::OdometerFalls}}) {
+    auto plan = planOfRows(std::string("2024-01-01,") + first + ",40,24000,1,0,\n2024-01-02,4001,40,24000,1,0,\n");
+    EXPECT_THAT(plan.entries[1].doubts, Contains(doubt));
+    plan.entries[0].isTaken = false;
+    exchange::settle(plan, {.logbook = {}});
+    EXPECT_THAT(plan.entries[1].doubts, Not(Contains(doubt)));
+    EXPECT_EQ(plan.entries[1].distance, 0);
+  }
+  EXPECT_THAT(planOfRows("2024-01-01,1000,40,24000,1,0,\n2024-01-02,4000,400,240000,1,0,\n").entries[1].doubts,
+              Not(Contains(Doubt::OdometerJumps)));
+}
+
+TEST(APlan, TellsAnEntryOfOneBeforeItThatIsUntickedAndTookFuel) {
+  const core::Logbook logbook = core::Logbook::of(std::vector<NapiAdat>{fuelling({2024, 1, 1}, 1'000, 400'000, true)});
+  EXPECT_THAT(planOfRows("2024-01-01,1000,40,24000,1,0,\n2024-01-02,1500,40,24000,1,0,\n", logbook).entries[1].doubts,
+              Not(Contains(Doubt::UntickedBefore)));
+  auto plan = planOfRows("2024-01-01,1000,,500,0,0,wash\n2024-01-02,1500,40,24000,1,0,\n2024-01-03,1600,,500,0,0,wash\n2024-01-04,2000,40,24000,1,0,\n");
+  plan.entries[0].isTaken = false;
+  exchange::settle(plan, {.logbook = {}});
+  EXPECT_THAT(plan.entries[1].doubts, Not(Contains(Doubt::UntickedBefore)));
+  plan.entries[1].isTaken = false;
+  exchange::settle(plan, {.logbook = {}});
+  EXPECT_THAT(plan.entries[2].doubts, Not(Contains(Doubt::UntickedBefore)));
+  EXPECT_THAT(plan.entries[3].doubts, Contains(Doubt::UntickedBefore));
+  plan.entries[1].isTaken = true;
+  exchange::settle(plan, {.logbook = {}});
+  EXPECT_THAT(plan.entries[3].doubts, Not(Contains(Doubt::UntickedBefore)));
+}
+
+TEST(APlan, PutsEachEntryBeforeTheFirstLaterOneByDayThenReading) {
+  const core::Logbook logbook = core::Logbook::of(std::vector<NapiAdat>{
+      fuelling({2024, 1, 5}, 1'500, 400'000, true), fuelling({2024, 1, 9}, 2'000, 400'000, true)});
+  const auto plan = planOfRows(
+      "2024-01-04,1900,40,24000,1,0,\n2024-01-05,1000,40,24000,1,0,\n2024-01-05,1600,40,24000,1,0,\n2024-01-09,2000,30,18000,1,0,\n", logbook);
+  EXPECT_THAT(wholeReadings(plan), ElementsAre(1'900, 1'000, 1'500, 1'600, 2'000, 2'000));
+}
+
+TEST(ALogOfDistances, AddsNothingForARowWithoutOne) {
+  const std::string text = "Dátum;Megtett km;Liter;Ft;Megjegyzés\n2024.01.05.;640;41;25575;\n2024.01.09.;;;500;mosás\n2024.01.19.;510;31;18600;\n";
+  const auto readings = [&](const exchange::Choices& choices) {
+    std::vector<int> found;
+    for (const auto& planned : planOf(readLog(text, choices)).entries) found.push_back(planned.entry.KmOra);
+    return found;
+  };
+  EXPECT_THAT(readings({.tripStart = exchange::TripStart{true, Ratio(1'000)}}), ElementsAre(1'640, 1'640, 2'150));
+  EXPECT_THAT(readings({}), ElementsAre(640, 640, 1'150));
+}
+
+}  // namespace
+}  // namespace tarvik::test
