@@ -150,7 +150,6 @@ void RowChoice::keepPlace(const std::function<void()>& refill) {
   const QString record = recordOfRow(*view_, current);
   const auto restored = qScopeGuard([&] {
     if (row() < 0) standOn(rowOfRecord(record, current));
-    view_->doItemsLayout();
     view_->verticalScrollBar()->setValue(scrolled);
   });
   refill();
