@@ -273,6 +273,18 @@ class ChartCanvasTest : public QObject {
     }
   }
 
+  void zeroIsALineAcrossAFlatChartAmongNegativeValues() {
+    for (const ChartType type : {ChartType::Bars2D, ChartType::Line2D, ChartType::Area2D}) {
+      show(type, {"a", "b"}, {-80, 90});
+      Paper paper(*canvas_);
+      const double zero = paper.boxOf("0").center().y();
+      const auto isZero = [&](const DrawnLine& drawn) {
+        return drawn.line.dx() > 500 && std::abs(drawn.line.y1() - zero) < 2 && isClose(drawn.color, kAxis);
+      };
+      QCOMPARE(std::count_if(paper.lines().begin(), paper.lines().end(), isZero), 1);
+    }
+  }
+
   void anEmptyChartSaysThatThereIsNothing() {
     show(ChartType::Bars2D, {}, {});
     Paper paper(*canvas_);

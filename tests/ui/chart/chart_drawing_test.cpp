@@ -128,29 +128,6 @@ class ChartDrawingTest : public QObject {
     QCOMPARE(pictureOf(*chart), light);
   }
 
-  void zeroIsALineOfItsOwnAmongNegativeValues_data() {
-    QTest::addColumn<int>("type");
-    for (const ChartType type : {ChartType::Bars2D, ChartType::Line2D, ChartType::Area2D})
-      QTest::addRow("%d", static_cast<int>(type)) << static_cast<int>(type);
-  }
-  void zeroIsALineOfItsOwnAmongNegativeValues() {
-    QFETCH(int, type);
-    const auto bars = newChart(ChartType::Bars2D, {500, -800, 300});
-    const double zero = bars->pointRect(1).bottom();
-    const auto chart = newChart(type, monthLabels(3), {500, -800, 300});
-    const QImage picture = pictureOf(*chart);
-    const int x = static_cast<int>(bars->pointRect(1).left()) - 6;  // left of what any type draws
-    int darkest = 255;
-    int darkestY = 0;
-    for (int y = 40; y < 260; ++y) {
-      if (picture.pixelColor(x, y).lightness() >= darkest) continue;
-      darkest = picture.pixelColor(x, y).lightness();
-      darkestY = y;
-    }
-    QVERIFY(std::abs(darkestY - zero) <= 1.5);
-    QVERIFY(darkest < 170);
-  }
-
   void longSeriesIsDrawnInItsPlace_data() { addTypes(); }
   void longSeriesIsDrawnInItsPlace() {
     QFETCH(int, type);
