@@ -26,7 +26,7 @@ struct LogSummary {
   bool isPriceOdd() const;
 };
 
-/// Sums entries up. Figures too large to be added count as none.
+/// Sums entries up. More than a hundred million litres of one, which only a damaged entry has, count as those.
 LogSummary summaryOf(std::span<const core::NapiAdat> entries);
 
 }  // namespace tarvik::exchange

@@ -108,9 +108,10 @@ Reading understand(const LogTable& table, const Choices& choices) {
   findUnits(table, facts, choices, reading);
   findFullWords(facts, choices, reading);
   findVehicles(table, facts, choices, reading);
+  if (choices.tripStart && fits<std::int32_t>(choices.tripStart->reading))
+    reading.tripStart = choices.tripStart;
   if (reading.has(Meaning::Trip) && !reading.has(Meaning::Odometer))
-    ask(reading, Question::TripStart, choices.tripStart.has_value());
-  reading.tripStart = choices.tripStart;
+    ask(reading, Question::TripStart, reading.tripStart.has_value());
   findMoney(table, facts, choices, reading);
   std::ranges::sort(reading.open);
   return reading;
