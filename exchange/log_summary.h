@@ -26,7 +26,8 @@ struct LogSummary {
   bool isPriceOdd() const;
 };
 
-/// Sums entries up. More than a hundred million litres of one, which only a damaged entry has, count as those.
+/// Sums entries up. More than a hundred million litres of one, which only a damaged entry has, count as
+/// those.
 LogSummary summaryOf(std::span<const core::NapiAdat> entries);
 
 }  // namespace tarvik::exchange
