@@ -241,6 +241,21 @@ class frmGumikTest : public QObject {
     QVERIFY(tyres.screen->isVisible());
   }
 
+  void twoEntersNeitherFitNorTakeOffNorDelete() {
+    for (const bool isFitted : {false, true}) {
+      const TyreSet set = setOf("ABC-123", "a", tarvik::tyres::kWinter, isFitted);
+      Tyres tyres({set});
+      tyres.clickRow(0);
+      for (const char* name : {isFitted ? "cmdGumiLe" : "cmdGumiFel", "cmdGumiDel"}) {
+        QVERIFY2(tyres.isEnabled(name), name);
+        tyres.button(name)->setFocus();
+        for (int time = 0; time < 2; ++time) tyres.key(Qt::Key_Return);
+        QCOMPARE(tyres.storedCount(), 1);
+        QVERIFY2(tyres.stored(1) == set, name);
+      }
+    }
+  }
+
   void aChangeThatIsRefusedKeepsItsFrameOpen() {
     Tyres tyres({setOf("ABC-123", "a")});
     tyres.clickRow(0);

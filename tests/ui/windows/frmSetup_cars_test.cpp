@@ -144,6 +144,17 @@ class SettingsCarsTest : public QObject {
     QVERIFY(setup.program.has("ABC123"));
   }
 
+  void twoEntersOnItsDeletionDeleteNothing() {
+    ShownSetup setup({{"rendsz.dat", kTwoVehicles}});
+    setup.clickRow("List1", 0);
+    auto* const deletion = setup.button("cmdRendszamDel");
+    deletion->setFocus();
+    for (int time = 0; time < 2; ++time) QTest::keyClick(deletion, Qt::Key_Return);
+    QCOMPARE(setup.current.read("rendsz.dat"), kTwoVehicles);
+    QTest::keyClick(deletion, Qt::Key_Space);
+    QCOMPARE(setup.rows("List1").size(), 1);
+  }
+
   void deletingOneOfTwoEqualPlatesRemovesTheSelectedOne() {
     ShownSetup setup;
     setup.add("ABC123", "45");

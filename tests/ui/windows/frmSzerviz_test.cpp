@@ -120,6 +120,16 @@ class frmSzervizTest : public QObject {
     QCOMPARE(log.storedCount(), 3);
   }
 
+  void twoEntersOnItsDeletionDeleteNothing() {
+    Log log({repairOf("ABC-123", "a")});
+    log.clickRow(0);
+    log.button("cmdDelSzerviz")->setFocus();
+    for (int time = 0; time < 2; ++time) log.key(Qt::Key_Return);
+    QCOMPARE(log.storedCount(), 1);
+    log.key(Qt::Key_Space);
+    QCOMPARE(log.storedCount(), 0);
+  }
+
   void recordingClearsTheFieldsAndListsTheChosenCarAgain() {
     Log log({repairOf("ABC-123", "a", 100), repairOf("DEF-456", "b", 200)});
     log.press("chkOsszesAuto");

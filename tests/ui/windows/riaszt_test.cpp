@@ -172,6 +172,17 @@ class RiasztTest : public QObject {
     QVERIFY(!other.screen.isVisible());
   }
 
+  void twoEntersOnItsDeletionDeleteNothing() {
+    const Alert alert;
+    const std::string before = alert.storedKm();
+    auto* const deletion = part<QPushButton>(alert.screen, "cmd_torles");
+    deletion->setFocus();
+    for (int time = 0; time < 2; ++time) QTest::keyClick(deletion, Qt::Key_Return);
+    QCOMPARE(alert.storedKm(), before);
+    QTest::keyClick(deletion, Qt::Key_Space);
+    QVERIFY(alert.storedKm() != before);
+  }
+
   void theLastButtonClosesAndDeletesNothing() {
     const Alert alert;
     const std::string before = alert.storedKm();
