@@ -37,6 +37,23 @@ class RestorePaneTest : public QObject {
     QVERIFY(!isOpen);
     QVERIFY(!desk.current.has("alkatr.dat"));
   }
+
+  void twoEntersOnItsButtonTakeNothingBack() {
+    test::Desk desk;
+    desk.program.makeFolder("Mentések/2013-07-01");
+    desk.program.write("Mentések/2013-07-01/alkatr.dat", std::string(50, 'x'));
+    bool isOffered = false;
+    test::onNextDialog<QDialog>([&](QDialog& screen) {
+      auto* take = test::part<QPushButton>(screen, "cmdVisszaallit");
+      isOffered = take->isEnabled();
+      take->setFocus();
+      test::enterIntoWhatIsOpen(screen);
+      screen.close();
+    });
+    openRestoreScreen(desk.context, nullptr);
+    QVERIFY(isOffered);
+    QVERIFY(!desk.current.has("alkatr.dat"));
+  }
 };
 
 }  // namespace tarvik::ui
