@@ -172,11 +172,15 @@ class FrmTarvikKeyboardTest : public QObject {
     main.open();
     const std::string before = main.folder.read("ABC123/napiadat.dat");
     main.clickRow(2);
-    for (const char* button : {"cmd_rogzit", "cmd_modosit", "cmd_del"}) {
+    const auto isWholeAfterEntersOn = [&](const char* button) {
       main.find<QPushButton>(button)->setFocus();
       enterIntoWhatIsOpen(*main.screen);
-      QCOMPARE(main.folder.read("ABC123/napiadat.dat"), before);
-    }
+      return main.folder.read("ABC123/napiadat.dat") == before;
+    };
+    QVERIFY(isWholeAfterEntersOn("cmd_rogzit"));
+    main.type("txMegjKtg", "77");  // or it would be overwritten by itself
+    QVERIFY(isWholeAfterEntersOn("cmd_modosit"));
+    QVERIFY(isWholeAfterEntersOn("cmd_del"));
     main.list()->setFocus();
     main.key(Qt::Key_Return);
     QCOMPARE(main.folder.read("ABC123/napiadat.dat"), before);
