@@ -10,6 +10,7 @@
 #include "tests/ui/dressed.h"
 #include "tests/ui/screen_test.h"
 #include "ui/look/editable_box.h"
+#include "ui/look/look.h"
 #include "ui/look/main_button.h"
 
 namespace tarvik::ui {
@@ -159,8 +160,14 @@ class EnterKeyTest : public QObject {
     QVERIFY(isMainAction(form.unasked));
     QVERIFY(!isMainAction(form.asks));
     QVERIFY(!isMainAction(form.harmless));
+    const auto surfaceOf = [](QPushButton& button) {
+      return button.grab().toImage().pixelColor(gridStep(), button.height() / 2);
+    };
+    QVERIFY(surfaceOf(form.unasked) != surfaceOf(form.harmless));
+    QCOMPARE(surfaceOf(form.asks), surfaceOf(form.harmless));
     form.unasked.hide();
     QVERIFY(isMainAction(form.asks));
+    QVERIFY(surfaceOf(form.asks) != surfaceOf(form.harmless));
   }
 
   void aMainButtonIsPaintedAnewWhenAnotherComesOrGoes() {
