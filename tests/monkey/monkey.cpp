@@ -58,16 +58,18 @@ QStringList& warnings() {
   return all;
 }
 
-// Of the display that there is none of: it neither raises a window nor keeps it from sizes.
-bool isOfNoDisplay(const QString& text) {
-  return text.startsWith(QLatin1String("This plugin does not support "));
+// Not of the program: the display that there is none of raises no window and knows no sizes, and a click may
+// come where nothing takes it.
+bool isKnown(const QString& text) {
+  return text.startsWith(QLatin1String("This plugin does not support ")) ||
+         text.startsWith(QLatin1String("Mouse event "));
 }
 
 void hear(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  if (isKnown(text)) return;
   const QString line = qFormatLogMessage(type, context, text);
-  const bool isWarning = type == QtWarningMsg || type == QtCriticalMsg;
-  if (isWarning && !isOfNoDisplay(text)) warnings() << line;
-  if (!isOfNoDisplay(text)) std::fprintf(stderr, "%s\n", qPrintable(line));
+  if (type == QtWarningMsg || type == QtCriticalMsg) warnings() << line;
+  std::fprintf(stderr, "%s\n", qPrintable(line));
 }
 
 class Monkey : public QObject {
