@@ -146,6 +146,14 @@ class FigyTest : public QObject {
     QCOMPARE(figy.field("tx_szoveg")->text(), "Olaj");
   }
 
+  void enterDoublesNoDateReminderThatWasJustRecorded() {
+    const Figy figy;
+    figy.openTab(1);
+    test::typeInto(*figy.field("txtMire"), "Olaj");
+    for (int times = 0; times < 6; ++times) figy.enterTwice();
+    QCOMPARE(figy.storedDates().size(), std::size_t{68});
+  }
+
   void aPlateWithALeadingSpaceIsRecordedAsItStandsUpToTenCharacters() {
     for (const auto& [plate, recorded] :
          {std::pair(" ABC-123", " ABC-123  "), std::pair(" ABCD-12345", " ABCD-1234")}) {
@@ -343,11 +351,22 @@ class FigyTest : public QObject {
     QCOMPARE(figy.screen.focusWidget(), &figy.dateList());
   }
 
-  void aColumnClickSortsNowAndAfterEveryFill() {
-    Figy figy({.km = {kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "B")}});
-    const QHeaderView* header = figy.kmList().header();
+  static void clickTextHead(const ui::ListView& list) {
+    const QHeaderView* header = list.header();
     QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
                       QPoint(header->sectionViewportPosition(1) + 5, header->height() / 2));
+  }
+
+  void theDateListSortsByItsHeadsToo() {
+    Figy figy({.dates = {dateReminder(1, "Műszaki", "A"), dateReminder(2, "Adó", "B")}});
+    figy.openTab(1);
+    clickTextHead(figy.dateList());
+    QCOMPARE(rowsOf(figy.dateList()).first(), "2013.07.07.|" + shownText("Adó") + "|B         |2");
+  }
+
+  void aColumnClickSortsNowAndAfterEveryFill() {
+    Figy figy({.km = {kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "B")}});
+    clickTextHead(figy.kmList());
     QCOMPARE(figy.kmList().model()->index(0, 3).data().toString(), QStringLiteral("2"));
     clickRow(figy.kmList(), 0);
     QCOMPARE(figy.context.state.selectedReminder, 2);
