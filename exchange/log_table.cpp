@@ -196,7 +196,7 @@ bool isApostrophed(const std::string& cell) {
 Fit fitOf(std::string_view text, char separator) {
   constexpr std::size_t kEnough = 400;
   Fit fit;
-  std::size_t rows = 0;
+  std::size_t looked = 0;
   std::map<std::size_t, std::size_t> lengths;
   readCsv(text, {.separator = separator, .quote = '"'}, [&](CsvRow&& row) {
     if (const int heads = headScore(row); heads > fit.heads) {
@@ -205,7 +205,7 @@ Fit fitOf(std::string_view text, char separator) {
       fit.isApostrophed = 2 * marked > row.cells.size();
     }
     if (row.cells.size() > 1) ++lengths[row.cells.size()];
-    return ++rows <= kEnough;
+    return ++looked <= kEnough;
   });
   for (const auto& [cells, count] : lengths)
     fit.steadyRows = std::max(fit.steadyRows, count * std::min<std::size_t>(cells, 8));

@@ -66,7 +66,6 @@ class Folding {
 
   void part() {
     if (!result_.empty() && result_.back() != ' ') result_ += ' ';
-    wasSmall_ = false;
   }
 
   std::string result_;

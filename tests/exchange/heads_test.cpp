@@ -20,6 +20,7 @@ TEST(AText, IsFoldedToPlainCapitalsAndParted) {
   EXPECT_EQ(folded("Preț/litru"), "PRET LITRU");
   EXPECT_EQ(folded("ÓRAÁLLÁS"), "ORAALLAS");
   EXPECT_EQ(folded("km×l🚗"), "KM L");
+  EXPECT_EQ(folded("CO2Ft x1B"), "CO2FT X1B");
   EXPECT_EQ(squeezed("KM ORA"), "KMORA");
 }
 

@@ -38,7 +38,9 @@ TEST(APlan, NoticesALitreOfLessThan50OrMoreThan2000Forints) {
 
 TEST(APlan, NoticesNoPriceWhoseMoneyIsNotKnown) {
   const auto doubts = [](const std::string& head, const exchange::Choices& choices) {
-    return planOf(readLog("Datum;Kilometerstand;Liter;" + head + "\n2024-01-05;48210;40;60\n", choices)).entries.at(0).doubts;
+    return planOf(readLog("Datum;Kilometerstand;Liter;" + head + "\n2024-01-05;48210;40;60\n", choices))
+        .entries.at(0)
+        .doubts;
   };
   EXPECT_THAT(doubts("Betrag", {}), IsEmpty());
   EXPECT_THAT(doubts("Betrag (€)", {}), IsEmpty());
@@ -46,28 +48,35 @@ TEST(APlan, NoticesNoPriceWhoseMoneyIsNotKnown) {
   NapiAdat own = fuelling({2024, 1, 5}, 1'000, 400'000, true);
   own.TankoltKtg = 1;
   const core::Listing listing{core::Logbook::of(std::vector<NapiAdat>{own}), {1}};
-  EXPECT_THAT(planOf(readLog(exchange::csvOf(listing).substr(3))).entries.at(0).doubts, Not(Contains(Doubt::PriceOdd)));
+  EXPECT_THAT(planOf(readLog(exchange::csvOf(listing).substr(3))).entries.at(0).doubts,
+              Not(Contains(Doubt::PriceOdd)));
 }
 
 TEST(APlan, ForgetsAJumpOrAFallWithTheEntryBeforeIt) {
   for (const auto& [first, doubt] : std::vector<std::pair<const char*, Doubt>>{
            {"1000", Doubt::OdometerJumps}, {"5000", Doubt::OdometerFalls}}) {
-    auto plan = planOfRows(std::string("2024-01-01,") + first + ",40,24000,1,0,\n2024-01-02,4001,40,24000,1,0,\n");
+    auto plan =
+        planOfRows(std::string("2024-01-01,") + first + ",40,24000,1,0,\n2024-01-02,4001,40,24000,1,0,\n");
     EXPECT_THAT(plan.entries[1].doubts, Contains(doubt));
     plan.entries[0].isTaken = false;
     exchange::settle(plan, {.logbook = {}});
     EXPECT_THAT(plan.entries[1].doubts, Not(Contains(doubt)));
     EXPECT_EQ(plan.entries[1].distance, 0);
   }
-  EXPECT_THAT(planOfRows("2024-01-01,1000,40,24000,1,0,\n2024-01-02,4000,400,240000,1,0,\n").entries[1].doubts,
-              Not(Contains(Doubt::OdometerJumps)));
+  EXPECT_THAT(
+      planOfRows("2024-01-01,1000,40,24000,1,0,\n2024-01-02,4000,400,240000,1,0,\n").entries[1].doubts,
+      Not(Contains(Doubt::OdometerJumps)));
 }
 
 TEST(APlan, TellsAnEntryOfOneBeforeItThatIsUntickedAndTookFuel) {
-  const core::Logbook logbook = core::Logbook::of(std::vector<NapiAdat>{fuelling({2024, 1, 1}, 1'000, 400'000, true)});
-  EXPECT_THAT(planOfRows("2024-01-01,1000,40,24000,1,0,\n2024-01-02,1500,40,24000,1,0,\n", logbook).entries[1].doubts,
-              Not(Contains(Doubt::UntickedBefore)));
-  auto plan = planOfRows("2024-01-01,1000,,500,0,0,wash\n2024-01-02,1500,40,24000,1,0,\n2024-01-03,1600,,500,0,0,wash\n2024-01-04,2000,40,24000,1,0,\n");
+  const core::Logbook logbook =
+      core::Logbook::of(std::vector<NapiAdat>{fuelling({2024, 1, 1}, 1'000, 400'000, true)});
+  EXPECT_THAT(
+      planOfRows("2024-01-01,1000,40,24000,1,0,\n2024-01-02,1500,40,24000,1,0,\n", logbook).entries[1].doubts,
+      Not(Contains(Doubt::UntickedBefore)));
+  auto plan = planOfRows(
+      "2024-01-01,1000,,500,0,0,wash\n2024-01-02,1500,40,24000,1,0,\n2024-01-03,1600,,500,0,0,wash\n2024-01-"
+      "04,2000,40,24000,1,0,\n");
   plan.entries[0].isTaken = false;
   exchange::settle(plan, {.logbook = {}});
   EXPECT_THAT(plan.entries[1].doubts, Not(Contains(Doubt::UntickedBefore)));
@@ -84,18 +93,71 @@ TEST(APlan, PutsEachEntryBeforeTheFirstLaterOneByDayThenReading) {
   const core::Logbook logbook = core::Logbook::of(std::vector<NapiAdat>{
       fuelling({2024, 1, 5}, 1'500, 400'000, true), fuelling({2024, 1, 9}, 2'000, 400'000, true)});
   const auto plan = planOfRows(
-      "2024-01-04,1900,40,24000,1,0,\n2024-01-05,1000,40,24000,1,0,\n2024-01-05,1600,40,24000,1,0,\n2024-01-09,2000,30,18000,1,0,\n", logbook);
+      "2024-01-04,1900,40,24000,1,0,\n2024-01-05,1000,40,24000,1,0,\n2024-01-05,1600,40,24000,1,0,\n2024-01-"
+      "09,2000,30,18000,1,0,\n",
+      logbook);
   EXPECT_THAT(wholeReadings(plan), ElementsAre(1'900, 1'000, 1'500, 1'600, 2'000, 2'000));
 }
 
+TEST(APlan, KnowsAServiceAgainByItsTextsAndCosts) {
+  NapiAdat there{.KmOra = 1'000, .Datum = core::toStored(core::dayOf({2024, 1, 5}))};
+  there.Megjegyzes = core::FixedText<50>("mosás");
+  there.Alkatresz = core::FixedText<50>("szűrő");
+  const core::Logbook logbook = core::Logbook::of(std::vector<NapiAdat>{there});
+  std::vector<NapiAdat> others(5, there);
+  others[1].Megjegyzes = core::FixedText<50>("olaj");
+  others[2].Alkatresz = core::FixedText<50>("olaj");
+  others[3].MegjKtg = 1;
+  others[4].AlkatreszKtg = 1;
+  for (std::size_t i = 0; i < others.size(); ++i) {
+    const core::Listing listing{core::Logbook::of(std::vector<NapiAdat>{others[i]}), {1}};
+    const auto plan = planOf(readLog(exchange::csvOf(listing).substr(3)), logbook);
+    EXPECT_EQ(plan.entries.at(0).doubts.contains(Doubt::AlreadyThere), i == 0) << i;
+    EXPECT_EQ(plan.entries.at(0).isTaken, i != 0) << i;
+  }
+}
+
+TEST(APlan, OfAnOwnFileWithoutItsConsumptionsWorksThemOut) {
+  const core::Listing listing{
+      core::Logbook::of(std::vector<NapiAdat>{fuelling({2024, 1, 5}, 1'000, 400'000, true)}), {1}};
+  const std::string whole = exchange::csvOf(listing).substr(3);
+  EXPECT_TRUE(planOf(readLog(whole)).isOwn);
+  std::string without = whole;
+  without.replace(without.find(";Fogyasztás (liter/100 km)"),
+                  std::string(";Fogyasztás (liter/100 km)").size(), "");
+  without.erase(without.rfind(";0"), 2);
+  EXPECT_FALSE(planOf(readLog(without)).isOwn);
+  EXPECT_EQ(planOf(readLog(without)).entries.size(), 1U);
+}
+
+TEST(APlan, TellsLettersThatCouldNotBeDecoded) {
+  EXPECT_THAT(planOfRows("2024-01-01,1000,40,24000,1,0,j\xEF\xBF\xBD\n").entries.at(0).doubts,
+              Contains(Doubt::LettersDamaged));
+}
+
+TEST(APlan, HasTheRowsThatAreLeftOutInTheirOrder) {
+  const auto plan = planOf(
+      readLog("Dátum;Megtett "
+              "km;Liter;Ft\n2024.01.05.;640;41;25575\n2024.01.09.;640;41;25575\n2024.02.31.;640;41;25575\n",
+              {.tripStart = exchange::TripStart{true, Ratio(2'147'482'500)}}));
+  ASSERT_EQ(plan.entries.size(), 1U);
+  std::vector<int> lines;
+  for (const auto& row : plan.unread) lines.push_back(row.line);
+  EXPECT_THAT(lines, ElementsAre(1, 3, 4));
+}
+
 TEST(ALogOfDistances, AddsNothingForARowWithoutOne) {
-  const std::string text = "Dátum;Megtett km;Liter;Ft;Megjegyzés\n2024.01.05.;640;41;25575;\n2024.01.09.;;;500;mosás\n2024.01.19.;510;31;18600;\n";
+  const std::string text =
+      "Dátum;Megtett "
+      "km;Liter;Ft;Megjegyzés\n2024.01.05.;640;41;25575;\n2024.01.09.;;;500;mosás\n2024.01.19.;510;31;18600;"
+      "\n";
   const auto readings = [&](const exchange::Choices& choices) {
     std::vector<int> found;
     for (const auto& planned : planOf(readLog(text, choices)).entries) found.push_back(planned.entry.KmOra);
     return found;
   };
-  EXPECT_THAT(readings({.tripStart = exchange::TripStart{true, Ratio(1'000)}}), ElementsAre(1'640, 1'640, 2'150));
+  EXPECT_THAT(readings({.tripStart = exchange::TripStart{true, Ratio(1'000)}}),
+              ElementsAre(1'640, 1'640, 2'150));
   EXPECT_THAT(readings({}), ElementsAre(640, 640, 1'150));
 }
 

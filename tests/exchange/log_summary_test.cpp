@@ -17,7 +17,8 @@ using test::fuelling;
 // 30 litres over the 500 kilometres behind the first fill-up; 42,000 forints for 70 litres.
 TEST(ASummary, SumsFillUpsAndCostsUp) {
   std::vector<NapiAdat> entries{fuelling({2024, 1, 9}, 1'500, 300'000, true),
-                                fuelling({2024, 1, 5}, 1'000, 400'000, true), fuelling({2024, 2, 5}, 1'600, 0, false)};
+                                fuelling({2024, 1, 5}, 1'000, 400'000, true),
+                                fuelling({2024, 2, 5}, 1'600, 0, false)};
   entries[0].TankoltKtg = 18'000;
   entries[1].TankoltKtg = 24'000;
   entries[2].TankoltKtg = 0;
@@ -57,10 +58,13 @@ TEST(ASummary, TakesAHundredMillionLitresAtMostOfAnEntry) {
 }
 
 TEST(ASummary, IsOddOutsideOfWhatCarsDo) {
-  for (const int usual : {2, 30}) EXPECT_FALSE(LogSummary{.consumption = Ratio(usual)}.isConsumptionOdd()) << usual;
+  for (const int usual : {2, 30})
+    EXPECT_FALSE(LogSummary{.consumption = Ratio(usual)}.isConsumptionOdd()) << usual;
   for (const int odd : {1, 31}) EXPECT_TRUE(LogSummary{.consumption = Ratio(odd)}.isConsumptionOdd()) << odd;
-  for (const int usual : {50, 2'000}) EXPECT_FALSE(LogSummary{.forintsPerLitre = Ratio(usual)}.isPriceOdd()) << usual;
-  for (const int odd : {49, 2'001}) EXPECT_TRUE(LogSummary{.forintsPerLitre = Ratio(odd)}.isPriceOdd()) << odd;
+  for (const int usual : {50, 2'000})
+    EXPECT_FALSE(LogSummary{.forintsPerLitre = Ratio(usual)}.isPriceOdd()) << usual;
+  for (const int odd : {49, 2'001})
+    EXPECT_TRUE(LogSummary{.forintsPerLitre = Ratio(odd)}.isPriceOdd()) << odd;
   EXPECT_FALSE(LogSummary{}.isConsumptionOdd() || LogSummary{}.isPriceOdd());
 }
 
