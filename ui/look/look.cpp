@@ -245,7 +245,7 @@ QRect LookStyle::subControlRect(ComplexControl control, const QStyleOptionComple
   if (control != CC_GroupBox) return QProxyStyle::subControlRect(control, option, part, widget);
   const QRect all = option->rect;
   const int top = gridStep() * 3 / 4;
-  const int title = titleOf(option).isEmpty() ? 0 : titleHeight(widget);
+  const int title = titleHeight(widget);
   switch (part) {
     case SC_GroupBoxLabel:
       return {all.left() + gridStep(), all.top() + top, all.width() - 2 * gridStep(), title};

@@ -76,6 +76,12 @@ int nearestTo(const QColor& colour, const QImage& picture, const QRect& box) {
   return nearest;
 }
 
+bool hasPaint(const QImage& picture, const QRect& box) {
+  QImage untouched(box.size(), picture.format());
+  untouched.fill(kNothing);
+  return picture.copy(box) != untouched;
+}
+
 QImage button(QStyle::State state, bool isMain = false) {
   const auto option = optionIn(state);
   return painted(option, [&](QPainter& painter) { paintButton(painter, option, isMain); });
@@ -182,6 +188,19 @@ class LookPaintingTest : public QObject {
     const QImage plain = selector(QStyle::State_None);
     QVERIFY(nearestTo(QColor(168, 138, 156), plain, QRect(46, 8, 9, 8)) < 60);
     QVERIFY(nearestTo(kButtonText, plain, QRect(46, 8, 9, 8)) > 160);
+  }
+
+  void theLineAroundARowOrAListIsItsOutermostPixels() {
+    const auto option = optionIn(QStyle::State_Enabled);
+    const QRect all = option.rect;
+    for (const auto& paint : {paintKeyboardsPlace, paintOutline}) {
+      const QImage picture = painted(option, [&](QPainter& painter) { paint(painter, option); });
+      QVERIFY(!hasPaint(picture, all.adjusted(1, 1, -1, -1)));
+      QVERIFY(hasPaint(picture, {1, 0, all.width() - 2, 1}));
+      QVERIFY(hasPaint(picture, {1, all.bottom(), all.width() - 2, 1}));
+      QVERIFY(hasPaint(picture, {0, 1, 1, all.height() - 2}));
+      QVERIFY(hasPaint(picture, {all.right(), 1, 1, all.height() - 2}));
+    }
   }
 
   void whatIsOverdueIsRedOnLightAndOnDark() {

@@ -250,9 +250,7 @@ class BoxesTest : public QObject {
     Desk desk;
     desk.program.makeFolder("ABC123");
     const QString path = ui::toQt(desk.current / "log.csv");
-    const auto read = [&] {
-      QVERIFY(!ui::importCsvFileAt(desk.context, "ABC123", path, nullptr, [] {}));
-    };
+    const auto read = [&] { QVERIFY(!ui::importCsvFileAt(desk.context, "ABC123", path, nullptr, [] {})); };
     const auto expectOf = [&](const char* name, const std::string& text) {
       desk.current.write("log.csv", text);
       expect(name, read);
