@@ -34,7 +34,7 @@ constexpr bool isForbidden(char character) {
 bool isPort(std::string_view name) {
   if (!name.starts_with("COM") && !name.starts_with("LPT")) return false;
   const std::string_view digit = name.substr(3);
-  if (digit.size() == 1) return digit >= "1" && digit <= "9";
+  if (digit.size() == 1) return digit[0] >= '1' && digit[0] <= '9';
   return digit == "¹" || digit == "²" || digit == "³";
 }
 

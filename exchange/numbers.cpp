@@ -103,8 +103,8 @@ std::optional<DecimalSign> shownDecimalSign(std::span<const std::string_view> fi
   int points = 0;
   for (const std::string_view figure : figures)
     if (const auto sign = signOf(figure)) ++(*sign == DecimalSign::Comma ? commas : points);
-  if (commas == points) return std::nullopt;
-  return commas > points ? DecimalSign::Comma : DecimalSign::Point;
+  if (commas > points) return DecimalSign::Comma;
+  return points > commas ? std::optional(DecimalSign::Point) : std::nullopt;
 }
 
 std::optional<core::Ratio> readFigure(std::string_view text, DecimalSign sign) {

@@ -128,6 +128,12 @@ TEST(APlan, OfAnOwnFileWithoutItsConsumptionsWorksThemOut) {
   without.erase(without.rfind(";0"), 2);
   EXPECT_FALSE(planOf(readLog(without)).isOwn);
   EXPECT_EQ(planOf(readLog(without)).entries.size(), 1U);
+  const ReadLog own = readLog(whole);
+  EXPECT_TRUE(own.reading.saysWhichAreFull && own.reading.hasCosts);
+  EXPECT_EQ(own.reading.currency, "HUF");
+  std::string unnamed = whole;
+  unnamed.replace(unnamed.find("Km óra állás"), std::string("Km óra állás").size(), "Zutty");
+  EXPECT_THAT(readLog(unnamed).reading.open, ElementsAre(exchange::Question::OdometerColumn));
 }
 
 TEST(APlan, TellsLettersThatCouldNotBeDecoded) {

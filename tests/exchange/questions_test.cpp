@@ -37,7 +37,8 @@ TEST(Money, OfHungarianHeadsAreForintsWhereALitreCostsFrom50To2000) {
   EXPECT_FALSE(isMoneyAsked({"40;80000"}));
   EXPECT_TRUE(isMoneyAsked({"40;80001"}));
   EXPECT_TRUE(isMoneyAsked({"40;1600", "40;2400", "40;1200"}));  // 40, 60, 30: 40 in the middle
-  EXPECT_FALSE(isMoneyAsked({"40;2400", "0;9000"}));             // the one without litres does not count
+  EXPECT_FALSE(isMoneyAsked({"40;1600", "40;2400", "40;1200", "40;2800"}));
+  EXPECT_FALSE(isMoneyAsked({"40;2400", "0;9000"}));  // the one without litres does not count
   EXPECT_TRUE(isMoneyAsked({"1;49"}));
   const std::string row = "\n2024.01.05.;48000;40;";
   EXPECT_THAT(open("Dátum;Km óra;Liter;Egységár;Összeg" + row + "600;10"), IsEmpty());
@@ -45,6 +46,8 @@ TEST(Money, OfHungarianHeadsAreForintsWhereALitreCostsFrom50To2000) {
   EXPECT_THAT(open("Dátum;Km óra;Liter;Egységár;Összeg" + row + ";10"), ElementsAre(Question::Currency));
   EXPECT_THAT(open("Dátum;Km óra;Liter;Egyéb költség" + row + "5"), IsEmpty());
   EXPECT_THAT(open("Dátum;Km óra;Liter;Összeg" + row + "\n"), IsEmpty());
+  EXPECT_FALSE(readLog("Dátum;Km óra;Liter;Összeg" + row + "\n").reading.hasCosts);
+  EXPECT_TRUE(readLog("Dátum;Km óra;Liter;Összeg" + row + "5\n").reading.hasCosts);
 }
 
 TEST(Money, ThatSomeCellsNameIsAskedForTheOthers) {
@@ -106,6 +109,10 @@ TEST(TheWordsForFull, ThatAreKnownStayWhatTheyAreBesideTheOneThatIsChosen) {
   const std::string known = "Dátum;Km;Liter;Tele\n2024.01.01.;48000;40;igen\n2024.01.02.;48500;40;nem\n";
   EXPECT_THAT(areFull(readLog(known, {.fullWord = "nem"})), ElementsAre(false, true));
   EXPECT_FALSE(readLog("Dátum;Km;Liter;Tele\n2024.01.01.;48000;40;\n").reading.saysWhichAreFull);
+  EXPECT_EQ(
+      readLog("Dátum;Km;Liter;Tele\n2024.01.01.;48000;40;✓\n2024.01.02.;48500;40;\n2024.01.03.;49000;40;✗\n")
+          .reading.fullWords.size(),
+      3U);
   const std::string partial = "Dátum;Km;Liter;Partial\n2024.01.01.;48000;40;\n2024.01.02.;48500;40;partial\n";
   EXPECT_THAT(areFull(readLog(partial)), ElementsAre(true, false));
   EXPECT_THAT(areFull(readLog(partial + "2024.01.03.;49000;40;csurig\n")),
@@ -273,6 +280,20 @@ TEST(DaysOfALog, InThreeColumnsHaveYearsOfTwoDigitsOrFour) {
   EXPECT_EQ(day("100;1;5"), core::dayOf({100, 1, 5}));
   for (const char* row : {"x;1;5", "2024;13;5", "2024;1;5x", "2024;1;32", "0;1;5", "2024;;5", "123456;1;5"})
     EXPECT_EQ(day(row), std::nullopt) << row;
+}
+
+TEST(DaysOfALog, AreAskedForUnlessOneColumnOrThreeHaveThem) {
+  using M = exchange::Meaning;
+  const auto asks = [](const std::map<std::size_t, M>& columns) {
+    return readLog("a;b;c;d\n1;2;3;4\n5;6;7;8\n", {.columns = columns}).asks(Question::DayColumn);
+  };
+  EXPECT_FALSE(asks({{0, M::Day}}));
+  EXPECT_FALSE(asks({{0, M::Year}, {1, M::Month}, {2, M::DayOfMonth}}));
+  for (const auto& [a, b] :
+       std::vector<std::pair<M, M>>{{M::Year, M::Month}, {M::Year, M::DayOfMonth}, {M::Month, M::DayOfMonth}})
+    EXPECT_TRUE(asks({{0, a}, {1, b}}));
+  EXPECT_FALSE(
+      readLog("Date;Odo (km);Litres\n13/1/2024;1000;40\n1/2/2024;2000;60\n").asks(Question::DayOrder));
 }
 
 TEST(TheDecimalSign, IsShownAsThatOfTheVolumes) {

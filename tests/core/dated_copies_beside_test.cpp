@@ -1,0 +1,97 @@
+#include <gmock/gmock.h>
+
+#include "core/dated_copies.h"
+#include "core/dated_sets.h"
+#include "tests/support/expect_failure.h"
+#include "tests/support/fixed_clock.h"
+#include "tests/support/intercepted_file_system.h"
+#include "tests/support/memory_file_system.h"
+
+// Copies beside another program, and what a call that fails leaves behind.
+
+namespace tarvik::core {
+namespace {
+
+using test::MemoryFileSystem;
+using testing::ElementsAre;
+
+const std::string kToday = "/p/Mentések/2026-03-21";
+
+MemoryFileSystem household() {
+  MemoryFileSystem disk;
+  disk.putFolder("/p");
+  disk.put("/p/Gumik.dat", "tyres");
+  return disk;
+}
+
+// Another program makes the day's set while this one waits for the lock.
+class BesideAnother : public test::InterceptedFileSystem {
+ public:
+  explicit BesideAnother(MemoryFileSystem& disk) : InterceptedFileSystem(disk), disk_(disk) {}
+  int open(const std::string& path, OpenMode mode) override {
+    if (path.ends_with("/zár")) {
+      disk_.putFolder(kToday);
+      disk_.put(kToday + "/Gumik.dat", "theirs");
+    }
+    return InterceptedFileSystem::open(path, mode);
+  }
+
+ private:
+  bool admitted(test::Call) override { return true; }
+
+  MemoryFileSystem& disk_;
+};
+
+TEST(DatedCopies, LeaveASetThatAnotherProgramMadeMeanwhile) {
+  MemoryFileSystem disk = household();
+  BesideAnother files(disk);
+  const test::FixedClock clock{{2026, 3, 21}};
+  DatedCopies copies(files, {.program = "/p", .current = "/p"}, clock);
+  copies.beforeChange();
+  EXPECT_EQ(copies.takeFailure(), std::nullopt);
+  EXPECT_EQ(disk.contents(kToday + "/Gumik.dat"), "theirs");
+}
+
+TEST(DatedCopies, LeaveNothingUnfinishedBehindACallThatFails) {
+  const test::FixedClock clock{{2026, 3, 21}};
+  for (int nth = 1;; ++nth) {
+    MemoryFileSystem disk = household();
+    test::FailingFileSystem failing(disk, {nth, EIO, false});
+    DatedCopies copies(failing, {.program = "/p", .current = "/p"}, clock);
+    copies.beforeChange();
+    EXPECT_FALSE(disk.hasFolder(kToday + ".tmp")) << nth;
+    if (!failing.hasFailed()) break;
+  }
+}
+
+// What lies in a current folder of its own goes back there, tyres and repairs to the program's.
+TEST(DatedSets, KnowWhereTheirFilesBelong) {
+  const auto places = [](const std::string& part) {
+    MemoryFileSystem disk = household();
+    disk.putFolder("/p/Mentések");
+    disk.putFolder(kToday);
+    if (!part.empty()) disk.putFolder(kToday + part);
+    for (const DataFileKind& kind : kSharedFiles)
+      disk.put(kToday + part + "/" + std::string(kind.name), "x");
+    std::vector<std::string> found;
+    const auto sets = datedSets(disk, {.program = "/p", .current = "/c"});
+    for (const SetFile& file : sets.at(0).files) found.push_back(file.place);
+    return found;
+  };
+  EXPECT_THAT(places(""), ElementsAre("/c/rendsz.dat", "/p/Gumik.dat", "/p/Szerviz.dat", "/c/figyel.dat",
+                                      "/c/figyDatum.dat", "/c/alkatr.dat", "/c/megjegyz.dat", "/c/set.dat"));
+  EXPECT_THAT(places("/Indítási mappa"),
+              ElementsAre("/c/rendsz.dat", "/c/Gumik.dat", "/c/Szerviz.dat", "/c/figyel.dat", "/c/figyDatum.dat",
+                          "/c/alkatr.dat", "/c/megjegyz.dat", "/c/set.dat"));
+}
+
+TEST(TheVehicleList, IsEmptyWhereItIsMissingAndTellsWhyElse) {
+  MemoryFileSystem disk = household();
+  EXPECT_THAT(platesIn(disk, "/p"), ElementsAre());
+  EXPECT_THAT(platesIn(disk, "/p/Gumik.dat"), ElementsAre());
+  test::FailingFileSystem failing(disk, {1, EACCES, true});
+  test::expectFailure(FailureKind::OpenFailed, [&] { platesIn(failing, "/p"); });
+}
+
+}  // namespace
+}  // namespace tarvik::core
