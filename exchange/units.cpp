@@ -14,8 +14,7 @@ std::string currencyStated(const LogTable& table, const std::vector<ColumnFacts>
        {Meaning::Currency, Meaning::TotalCost, Meaning::UnitPrice, Meaning::NoteCost}) {
     const std::size_t column = reading.columnOf(meaning);
     if (column >= facts.size()) continue;
-    if (std::string currency = table.hasHeads ? currencyOf(table.heads[column]) : ""; !currency.empty())
-      return currency;
+    if (std::string currency = currencyOf(table.heads[column]); !currency.empty()) return currency;
     for (const std::string_view cell : facts[column].cells)
       if (std::string currency = currencyOf(cell); !currency.empty()) return currency;
   }

@@ -64,7 +64,7 @@ STATEMENT = re.compile(r"(?:(?<=[;{})])|\belse)\s+(?P<call>(?:emit )?[A-Za-z_][\
 CALL = re.compile(r"(?P<name>[A-Za-z_]\w*)(?:<[\w:]+>)?\(")
 NO_CALLS = {"if", "for", "while", "switch", "return", "sizeof", "decltype", "catch", "static_assert", "alignof"}
 # Whose two arguments may stand either way.
-SYMMETRIC = {"max", "min", "qMax", "qMin", "hypot"}
+SYMMETRIC = {"max", "min", "qMax", "qMin", "hypot", "gcd"}
 # Whose first two arguments may.
 SYMMETRIC_FIRST = {"__builtin_add_overflow", "__builtin_mul_overflow", "clamp"}
 DECLARATION = re.compile(r"^\s*(?:const\s+)?[\w:]+(?:<.*>)?(?:\s*[&*]+\s*|\s+)(?:const\s+)?\w*(?:\s*=.*)?$", re.S)

@@ -2,6 +2,7 @@
 
 #include "core/dated_copies.h"
 #include "core/dated_sets.h"
+#include "core/machine_file_system.h"
 #include "tests/support/expect_failure.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/intercepted_file_system.h"
@@ -71,8 +72,7 @@ TEST(DatedSets, KnowWhereTheirFilesBelong) {
     disk.putFolder("/p/Mentések");
     disk.putFolder(kToday);
     if (!part.empty()) disk.putFolder(kToday + part);
-    for (const DataFileKind& kind : kSharedFiles)
-      disk.put(kToday + part + "/" + std::string(kind.name), "x");
+    for (const DataFileKind& kind : kSharedFiles) disk.put(kToday + part + "/" + std::string(kind.name), "x");
     std::vector<std::string> found;
     const auto sets = datedSets(disk, {.program = "/p", .current = "/c"});
     for (const SetFile& file : sets.at(0).files) found.push_back(file.place);
@@ -81,8 +81,8 @@ TEST(DatedSets, KnowWhereTheirFilesBelong) {
   EXPECT_THAT(places(""), ElementsAre("/c/rendsz.dat", "/p/Gumik.dat", "/p/Szerviz.dat", "/c/figyel.dat",
                                       "/c/figyDatum.dat", "/c/alkatr.dat", "/c/megjegyz.dat", "/c/set.dat"));
   EXPECT_THAT(places("/Indítási mappa"),
-              ElementsAre("/c/rendsz.dat", "/c/Gumik.dat", "/c/Szerviz.dat", "/c/figyel.dat", "/c/figyDatum.dat",
-                          "/c/alkatr.dat", "/c/megjegyz.dat", "/c/set.dat"));
+              ElementsAre("/c/rendsz.dat", "/c/Gumik.dat", "/c/Szerviz.dat", "/c/figyel.dat",
+                          "/c/figyDatum.dat", "/c/alkatr.dat", "/c/megjegyz.dat", "/c/set.dat"));
 }
 
 TEST(TheVehicleList, IsEmptyWhereItIsMissingAndTellsWhyElse) {
@@ -91,6 +91,13 @@ TEST(TheVehicleList, IsEmptyWhereItIsMissingAndTellsWhyElse) {
   EXPECT_THAT(platesIn(disk, "/p/Gumik.dat"), ElementsAre());
   test::FailingFileSystem failing(disk, {1, EACCES, true});
   test::expectFailure(FailureKind::OpenFailed, [&] { platesIn(failing, "/p"); });
+}
+
+TEST(TheMachinesFiles, AreListedWithoutAFailure) {
+  MachineFileSystem files;
+  std::vector<std::string> names;
+  EXPECT_EQ(files.list(".", names), 0);
+  EXPECT_EQ(files.list("./no such folder", names), -1);
 }
 
 }  // namespace

@@ -131,6 +131,7 @@ TEST(APlan, OfAnOwnFileWithoutItsConsumptionsWorksThemOut) {
   const ReadLog own = readLog(whole);
   EXPECT_TRUE(own.reading.saysWhichAreFull && own.reading.hasCosts);
   EXPECT_EQ(own.reading.currency, "HUF");
+  EXPECT_EQ(own.reading.sign, exchange::DecimalSign::Comma);
   std::string unnamed = whole;
   unnamed.replace(unnamed.find("Km óra állás"), std::string("Km óra állás").size(), "Zutty");
   EXPECT_THAT(readLog(unnamed).reading.open, ElementsAre(exchange::Question::OdometerColumn));

@@ -137,6 +137,9 @@ TEST(Units, ThatNobodyStatesAreTakenWhereCarsUseFrom3Point5To12Point5Litres) {
   EXPECT_THAT(openAfter("Datum;Stand;Menge", "34.9"), distance);
   EXPECT_THAT(openAfter("Datum;Stand;Menge", "125"), IsEmpty());
   EXPECT_THAT(openAfter("Datum;Stand;Menge", "125.1"), distance);
+  EXPECT_THAT(openAfter("Datum;Stand;Menge", "1"), distance);
+  EXPECT_THAT(open("Datum;Stand;Menge\n2024-01-01;1000;5\n2024-01-02;2000;5\n"), distance);
+  EXPECT_THAT(openAfter("Datum;Stand (mi);Menge", "160"), IsEmpty());  // 9.9 for 100 km
   EXPECT_THAT(openAfter("Datum;Stand (km);Menge (l)", "34.9"), IsEmpty());
   EXPECT_THAT(openAfter("Datum;Stand (km);Menge", "34.9"), ElementsAre(Question::VolumeUnit));
   EXPECT_THAT(open("Datum;Gefahren;Menge\n2024-01-01;510;30\n2024-01-02;490;31\n2024-01-03;500;30\n"),
@@ -148,8 +151,8 @@ TEST(Units, ThatNobodyStatesAreTakenWhereCarsUseFrom3Point5To12Point5Litres) {
                    "01-02;21000;x\n"
                    "2024-01-02;21500;0\n"),
               IsEmpty());
-  // 2, 6 and 60 for a hundred: the middle one counts.
-  EXPECT_THAT(open("Datum;Stand;Menge\n2024-01-01;20000;60\n2024-01-02;20100;60\n2024-01-03;21100;60\n2024-"
+  // 6, 60 and 2 for a hundred: the middle one counts.
+  EXPECT_THAT(open("Datum;Stand;Menge\n2024-01-01;20000;60\n2024-01-02;21000;60\n2024-01-03;21100;60\n2024-"
                    "01-04;24100;60\n"),
               IsEmpty());
   EXPECT_THAT(open("Datum;Stand;Menge\n2024-01-01;20000;60\n"), IsEmpty());
@@ -215,7 +218,7 @@ std::vector<exchange::VehicleRows> vehicles(const std::vector<std::pair<int, int
 TEST(SeveralVehicles, HaveReadingsThatAreNotThoseOfOneWay) {
   // 5,000 from one stop to the next may be one car, more are not.
   const auto near = vehicles(
-      {{1, 1'000}, {1, 6'000}, {2, 2'000}, {2, 7'000}, {3, 3'000}, {3, 8'000}, {4, 4'000}, {4, 9'000}});
+      {{1, 6'000}, {1, 1'000}, {2, 7'000}, {2, 2'000}, {3, 8'000}, {3, 3'000}, {4, 9'000}, {4, 4'000}});
   ASSERT_EQ(near.size(), 2U);
   EXPECT_EQ(near[0].lowest, 1'000);
   EXPECT_EQ(near[0].highest, 9'000);
@@ -292,6 +295,9 @@ TEST(DaysOfALog, AreAskedForUnlessOneColumnOrThreeHaveThem) {
   for (const auto& [a, b] :
        std::vector<std::pair<M, M>>{{M::Year, M::Month}, {M::Year, M::DayOfMonth}, {M::Month, M::DayOfMonth}})
     EXPECT_TRUE(asks({{0, a}, {1, b}}));
+  const std::string twoOrders = "Date;Odo (km);Litres\n1/2/2024;1000;40\n2/3/2024;2000;60\n";
+  EXPECT_THAT(readLog(twoOrders, {.dayOrder = exchange::DayOrder::DayFirst}).reading.asked,
+              ElementsAre(Question::DayOrder));
   EXPECT_FALSE(
       readLog("Date;Odo (km);Litres\n13/1/2024;1000;40\n1/2/2024;2000;60\n").asks(Question::DayOrder));
 }
