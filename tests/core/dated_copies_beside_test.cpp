@@ -65,6 +65,51 @@ TEST(DatedCopies, LeaveNothingUnfinishedBehindACallThatFails) {
   }
 }
 
+// A disk that refuses some calls, and to open the household's files.
+class Refusing : public test::InterceptedFileSystem {
+ public:
+  Refusing(MemoryFileSystem& disk, std::optional<test::Call> refused)
+      : InterceptedFileSystem(disk), refused_(refused) {}
+  int open(const std::string& path, OpenMode mode) override {
+    if (!path.ends_with("Gumik.dat")) return InterceptedFileSystem::open(path, mode);
+    errno = EACCES;
+    return -1;
+  }
+
+ private:
+  bool admitted(test::Call call) override {
+    errno = EACCES;
+    return call != refused_;
+  }
+
+  std::optional<test::Call> refused_;
+};
+
+TEST(DatedCopies, AreNotMadeWhereNothingCanBeCopiedOrNoFolderBeMade) {
+  const test::FixedClock clock{{2026, 3, 21}};
+  for (const auto refused : {std::optional<test::Call>(), std::optional(test::Call::MakeFolder)}) {
+    MemoryFileSystem disk = household();
+    Refusing files(disk, refused);
+    DatedCopies copies(files, {.program = "/p", .current = "/p"}, clock);
+    copies.beforeChange();
+    EXPECT_FALSE(disk.hasFolder(kToday));
+    const auto failure = copies.takeFailure();
+    EXPECT_EQ(failure ? failure->file() : "", refused ? "/p/Mentések" : "");
+    EXPECT_EQ(copies.takeLeftOut().size(), refused ? 0U : 1U);
+  }
+}
+
+TEST(DatedCopies, ThatFailTellNothingOfWhatIsNotInThem) {
+  const test::FixedClock clock{{2026, 3, 21}};
+  MemoryFileSystem disk = household();
+  disk.put("/p/set.dat", "settings");
+  Refusing files(disk, test::Call::Rename);
+  DatedCopies copies(files, {.program = "/p", .current = "/p"}, clock);
+  copies.beforeChange();
+  EXPECT_TRUE(copies.takeFailure().has_value());
+  EXPECT_TRUE(copies.takeLeftOut().empty());
+}
+
 // What lies in a current folder of its own goes back there, tyres and repairs to the program's.
 TEST(DatedSets, KnowWhereTheirFilesBelong) {
   const auto places = [](const std::string& part) {
