@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "core/file_steps.h"
+#include "main/ui_frmTarvik.h"
 #include "settings/start_settings.h"
 #include "settings/vehicles.h"
 #include "ui/base/about.h"
@@ -37,7 +38,6 @@
 #include "ui/windows/frmSetup.h"
 #include "ui/windows/frmSzerviz.h"
 #include "ui/windows/restore_pane.h"
-#include "ui_frmTarvik.h"
 
 namespace tarvik::ui {
 namespace {
