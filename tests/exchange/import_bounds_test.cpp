@@ -121,6 +121,10 @@ TEST(APlan, OfAnOwnFileWithoutItsConsumptionsWorksThemOut) {
   const core::Listing listing{
       core::Logbook::of(std::vector<NapiAdat>{fuelling({2024, 1, 5}, 1'000, 400'000, true)}), {1}};
   const std::string whole = exchange::csvOf(listing).substr(3);
+  EXPECT_EQ(whole.substr(0, whole.find('\r')),
+            "Dátum;Km óra állás;Liter;Tankolt költség (Ft);Üzemanyag ár (Ft/liter);Tele tankolva;Olajcsere;"
+            "Szűrőbetét csere;Gyertya csere;Alkatrész megnevezése;Alkatrész költség (Ft);Megjegyzés;"
+            "Megjegyzés költsége (Ft);Fogyasztás (liter/100 km)");
   EXPECT_TRUE(planOf(readLog(whole)).isOwn);
   std::string without = whole;
   without.replace(without.find(";Fogyasztás (liter/100 km)"),

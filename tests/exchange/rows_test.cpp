@@ -121,6 +121,25 @@ TEST(ARow, HasItsNotesCostInForints) {
   EXPECT_EQ(log.rows.rows.at(0).noteForints, Ratio(4'000));
 }
 
+TEST(ARow, WithAFigureThatIsTooLargeInKilometresIsLeftOut) {
+  const ReadLog log = readLog(
+      "Date,Odometer (mi),Litres (l),Cost "
+      "(Ft)\n2024-01-05,1000,40,24000\n2024-01-09,999999999999999999,40,24000\n");
+  EXPECT_THAT(leftOut(log), ElementsAre(testing::Pair(3, Why::FigureTooLarge)));
+}
+
+TEST(ARow, WithoutAReadingIsOfNoneOfTheVehiclesThatOnlyReadingsTell) {
+  std::string text = "Dátum;Km;Liter\n";
+  for (int i = 1; i < 4; ++i) {
+    const std::string day = "2024.01.0" + std::to_string(i) + ".;";
+    text += day + std::to_string(1'000 * i) + ";40\n" + day + std::to_string(90'000 + 1'000 * i) + ";40\n";
+  }
+  const ReadLog log = readLog(text + "2024.01.09.;;40\n", {.vehicle = 0});
+  EXPECT_EQ(log.rows.rows.size(), 3U);
+  EXPECT_EQ(log.rows.unread.back().why, Why::OtherVehicle);
+  EXPECT_EQ(log.rows.unread.back().head, "");
+}
+
 TEST(ARow, NamesItsOwnUnits) {
   const std::string text =
       "Date,Odometer,Volume,Cost (Ft)\n2024-01-05,1000 km,40 l,24000\n2024-01-09,1000 mi,10 gal,24000\n"
