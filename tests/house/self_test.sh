@@ -16,7 +16,7 @@ fresh_tree() {
   mkdir -p "$scratch"/tree/{core,tyres,ui/{base,chart,lists,windows,main},app,objects/core}
   printf '#pragma once\n#include <string>\n' > "$scratch/tree/core/day.h"
   printf '#include "core/day.h"\n' > "$scratch/tree/tyres/rules.cpp"
-  printf '#include "tyres/rules.h"\n#include "ui/base/text.h"\n#include "main/ui_frmX.h"\n' > "$scratch/tree/ui/main/frmX.cpp"
+  printf '#include "tyres/rules.h"\n#include "ui/base/text.h"\n#include "ui_frmX.h"\n' > "$scratch/tree/ui/main/frmX.cpp"
   printf '#include "ui/chart/chart_view.h"\n' > "$scratch/tree/ui/windows/chart_panel.cpp"
   printf '      return EIO;\n' > "$scratch/tree/core/windows_errors.cpp"
   printf '      {EIO, "baj"},\n' > "$scratch/tree/ui/base/guarded.cpp"

@@ -38,7 +38,7 @@ wrong_arrows() {
     [ -d "$folder" ] || continue
     allowed="${arrows[$folder]// /|}"
     # What the build generates from forms and classes lies beside them.
-    includes_of "$folder" '"' | grep -vE "include \"(($allowed)/|[a-z]+/ui_[A-Za-z_]+\.h\"|[A-Za-z_]+\.moc\")" || true
+    includes_of "$folder" '"' | grep -vE "include \"(($allowed)/|ui_[A-Za-z_]+\.h\"|[A-Za-z_]+\.moc\")" || true
   done
 }
 

@@ -8,7 +8,6 @@
 
 #include "core/entry_editing.h"
 #include "core/record_file.h"
-#include "exchange/ui_import_preview.h"
 #include "ui/base/change.h"
 #include "ui/base/guarded.h"
 #include "ui/base/handlers.h"
@@ -20,6 +19,7 @@
 #include "ui/look/look.h"
 #include "ui/look/placement.h"
 #include "ui/look/undo_line.h"
+#include "ui_import_preview.h"
 
 namespace tarvik::ui {
 namespace {

@@ -13,13 +13,13 @@
 
 #include "core/search.h"
 #include "core/text.h"
-#include "lists/ui_search_line.h"
 #include "ui/base/guarded.h"
 #include "ui/base/handlers.h"
 #include "ui/base/text.h"
 #include "ui/lists/list_delegate.h"
 #include "ui/lists/list_view.h"
 #include "ui/look/dialog_parts.h"
+#include "ui_search_line.h"
 
 namespace tarvik::ui {
 namespace {

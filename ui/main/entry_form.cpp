@@ -5,7 +5,6 @@
 #include <QLineEdit>
 #include <QSignalBlocker>
 
-#include "main/ui_entry_form.h"
 #include "ui/base/change.h"
 #include "ui/base/message_boxes.h"
 #include "ui/base/text.h"
@@ -14,6 +13,7 @@
 #include "ui/look/undo_line.h"
 #include "ui/main/entry_day.h"
 #include "ui/main/reading_cue.h"
+#include "ui_entry_form.h"
 
 namespace tarvik::ui {
 

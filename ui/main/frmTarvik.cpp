@@ -8,7 +8,6 @@
 #include <algorithm>
 
 #include "core/file_steps.h"
-#include "main/ui_frmTarvik.h"
 #include "settings/start_settings.h"
 #include "settings/vehicles.h"
 #include "ui/base/about.h"
@@ -38,6 +37,7 @@
 #include "ui/windows/frmSetup.h"
 #include "ui/windows/frmSzerviz.h"
 #include "ui/windows/restore_pane.h"
+#include "ui_frmTarvik.h"
 
 namespace tarvik::ui {
 namespace {

@@ -10,7 +10,6 @@
 #include "core/search.h"
 #include "core/statistics.h"
 #include "exchange/own_format.h"
-#include "main/ui_logbook_pane.h"
 #include "settings/vehicles.h"
 #include "ui/base/change.h"
 #include "ui/base/guarded.h"
@@ -25,6 +24,7 @@
 #include "ui/look/access.h"
 #include "ui/main/list_cues.h"
 #include "ui/main/result_band.h"
+#include "ui_logbook_pane.h"
 
 namespace tarvik::ui {
 

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QSignalBlocker>
 
-#include "main/ui_reminder_switch.h"
 #include "reminders/date_reminders.h"
 #include "reminders/km_alert.h"
 #include "settings/start_settings.h"
@@ -17,6 +16,7 @@
 #include "ui/windows/frmSetup.h"
 #include "ui/windows/frmSzerviz.h"
 #include "ui/windows/riaszt.h"
+#include "ui_reminder_switch.h"
 
 namespace tarvik::ui {
 namespace {

@@ -3,10 +3,10 @@
 #include <QEvent>
 #include <QLineEdit>
 
-#include "main/ui_result_band.h"
 #include "ui/base/guarded.h"
 #include "ui/base/text.h"
 #include "ui/look/look.h"
+#include "ui_result_band.h"
 
 namespace tarvik::ui {
 namespace {

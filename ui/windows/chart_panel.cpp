@@ -17,7 +17,7 @@
 #include "ui/look/access.h"
 #include "ui/windows/figure_fields.h"
 #include "ui/windows/frmMelyGrafikon.h"
-#include "windows/ui_chart_panel.h"
+#include "ui_chart_panel.h"
 
 namespace tarvik::ui {
 namespace {

@@ -13,7 +13,7 @@
 #include "ui/look/undo_line.h"
 #include "ui/windows/figure_fields.h"
 #include "ui/windows/reminder_parts.h"
-#include "windows/ui_frmDatumFigyelmeztetes.h"
+#include "ui_frmDatumFigyelmeztetes.h"
 
 namespace tarvik::ui {
 frmDatumFigyelmeztetes::frmDatumFigyelmeztetes(Context& context, QWidget* parent)

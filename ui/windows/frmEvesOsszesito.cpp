@@ -19,7 +19,7 @@
 #include "ui/look/look.h"
 #include "ui/look/placement.h"
 #include "ui/print/list_printer.h"
-#include "windows/ui_frmEvesOsszesito.h"
+#include "ui_frmEvesOsszesito.h"
 
 namespace tarvik::ui {
 namespace {

@@ -12,7 +12,7 @@
 #include "ui/look/plate_chooser.h"
 #include "ui/look/undo_line.h"
 #include "ui/windows/figure_fields.h"
-#include "windows/ui_frmGumik.h"
+#include "ui_frmGumik.h"
 
 namespace tarvik::ui {
 namespace {

@@ -6,7 +6,7 @@
 #include "ui/look/enter_key.h"
 #include "ui/look/placement.h"
 #include "ui/look/undo_line.h"
-#include "windows/ui_frmMelyGrafikon.h"
+#include "ui_frmMelyGrafikon.h"
 
 namespace tarvik::ui {
 namespace {

@@ -19,7 +19,7 @@
 #include "ui/look/undo_line.h"
 #include "ui/windows/figure_fields.h"
 #include "ui/windows/restore_pane.h"
-#include "windows/ui_frmSetup.h"
+#include "ui_frmSetup.h"
 
 namespace tarvik::ui {
 namespace {

@@ -8,7 +8,7 @@
 #include "ui/look/plate_chooser.h"
 #include "ui/look/undo_line.h"
 #include "ui/windows/figure_fields.h"
-#include "windows/ui_frmSzerviz.h"
+#include "ui_frmSzerviz.h"
 
 namespace tarvik::ui {
 namespace {

@@ -17,7 +17,7 @@
 #include "ui/look/undo_line.h"
 #include "ui/windows/figure_fields.h"
 #include "ui/windows/reminder_parts.h"
-#include "windows/ui_riaszt.h"
+#include "ui_riaszt.h"
 
 namespace tarvik::ui {
 namespace {

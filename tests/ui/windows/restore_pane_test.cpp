@@ -2,12 +2,29 @@
 
 #include <QDialog>
 #include <QListWidget>
+#include <cerrno>
 
+#include "tests/support/forwarding_file_system.h"
+#include "tests/ui/box_script.h"
 #include "tests/ui/next_dialog.h"
 #include "tests/ui/screen_test.h"
 #include "tests/ui/support.h"
+#include "ui/base/text.h"
 
 namespace tarvik::ui {
+namespace {
+
+/// A disk that replaces any file but the notes'.
+class NotesStay final : public test::ForwardingFileSystem {
+ public:
+  int rename(const std::string& from, const std::string& to) override {
+    if (!to.ends_with("megjegyz.dat")) return ForwardingFileSystem::rename(from, to);
+    errno = EIO;
+    return -1;
+  }
+};
+
+}  // namespace
 
 class RestorePaneTest : public QObject {
   Q_OBJECT
@@ -53,6 +70,30 @@ class RestorePaneTest : public QObject {
     openRestoreScreen(desk.context, nullptr);
     QVERIFY(isOffered);
     QVERIFY(!desk.current.has("alkatr.dat"));
+  }
+
+  void whatCameBackAndWhatDidNotIsToldWhereTheDiskFailsHalfWay() {
+    test::Desk desk;
+    NotesStay disk;
+    Context context{disk, desk.context.folders, desk.clock, "1.0.0"};
+    const std::string notes(50, 'n');
+    desk.current.write("megjegyz.dat", notes);
+    desk.program.makeFolder("Mentések/2013-07-01");
+    for (const char* name : {"alkatr.dat", "megjegyz.dat"})
+      desk.program.write(std::string("Mentések/2013-07-01/") + name, std::string(50, 'x'));
+    test::BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
+    test::onNextDialog<QDialog>([&](QDialog& screen) {
+      QTest::mouseClick(test::part<QPushButton>(screen, "cmdVisszaallit"), Qt::LeftButton);
+      screen.close();
+    });
+    openRestoreScreen(context, nullptr);
+    QCOMPARE(desk.current.read("alkatr.dat"), std::string(50, 'x'));
+    QCOMPARE(desk.current.read("megjegyz.dat"), notes);
+    QCOMPARE(boxes.seen.size(), 2);
+    QCOMPARE(boxes.seen[1].text,
+             QStringLiteral("A fájl nem cserélhető le az új változatára:\n%1\n(a lemez hibát jelzett)\n\n"
+                            "Visszaállítva: Alkatrészek.\nElmaradt: Megjegyzések.")
+                 .arg(toQt(desk.current / "megjegyz.dat")));
   }
 };
 
