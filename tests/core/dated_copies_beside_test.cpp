@@ -17,6 +17,7 @@ using test::MemoryFileSystem;
 using testing::ElementsAre;
 
 const std::string kToday = "/p/Mentések/2026-03-21";
+const DataFolders kFolders{.program = "/p", .current = "/p"};
 
 MemoryFileSystem household() {
   MemoryFileSystem disk;
@@ -47,7 +48,7 @@ TEST(DatedCopies, LeaveASetThatAnotherProgramMadeMeanwhile) {
   MemoryFileSystem disk = household();
   BesideAnother files(disk);
   const test::FixedClock clock{{2026, 3, 21}};
-  DatedCopies copies(files, {.program = "/p", .current = "/p"}, clock);
+  DatedCopies copies(files, kFolders, clock);
   copies.beforeChange();
   EXPECT_EQ(copies.takeFailure(), std::nullopt);
   EXPECT_EQ(disk.contents(kToday + "/Gumik.dat"), "theirs");
@@ -58,7 +59,7 @@ TEST(DatedCopies, LeaveNothingUnfinishedBehindACallThatFails) {
   for (int nth = 1;; ++nth) {
     MemoryFileSystem disk = household();
     test::FailingFileSystem failing(disk, {nth, EIO, false});
-    DatedCopies copies(failing, {.program = "/p", .current = "/p"}, clock);
+    DatedCopies copies(failing, kFolders, clock);
     copies.beforeChange();
     EXPECT_FALSE(disk.hasFolder(kToday + ".tmp")) << nth;
     if (!failing.hasFailed()) break;
@@ -90,7 +91,7 @@ TEST(DatedCopies, AreNotMadeWhereNothingCanBeCopiedOrNoFolderBeMade) {
   for (const auto refused : {std::optional<test::Call>(), std::optional(test::Call::MakeFolder)}) {
     MemoryFileSystem disk = household();
     Refusing files(disk, refused);
-    DatedCopies copies(files, {.program = "/p", .current = "/p"}, clock);
+    DatedCopies copies(files, kFolders, clock);
     copies.beforeChange();
     EXPECT_FALSE(disk.hasFolder(kToday));
     const auto failure = copies.takeFailure();
@@ -104,7 +105,7 @@ TEST(DatedCopies, ThatFailTellNothingOfWhatIsNotInThem) {
   MemoryFileSystem disk = household();
   disk.put("/p/set.dat", "settings");
   Refusing files(disk, test::Call::Rename);
-  DatedCopies copies(files, {.program = "/p", .current = "/p"}, clock);
+  DatedCopies copies(files, kFolders, clock);
   copies.beforeChange();
   EXPECT_TRUE(copies.takeFailure().has_value());
   EXPECT_TRUE(copies.takeLeftOut().empty());
