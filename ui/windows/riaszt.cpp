@@ -30,7 +30,6 @@ QFont fixedPitchFont(const QFont& like) {
   QFont font = like;
   font.setFamilies({QStringLiteral("Courier New"), QStringLiteral("Liberation Mono")});
   font.setStyleHint(QFont::Monospace);
-  font.setFixedPitch(true);
   return font;
 }
 

@@ -181,6 +181,10 @@ class UndoTest : public QObject {
       QApplication::setActiveWindow(&screen);
       QTest::keyClick(list, Qt::Key_Z, Qt::ControlModifier);
       QCOMPARE(list->model()->rowCount(), 1);
+      QTest::keyClick(list, Qt::Key_Y, Qt::ControlModifier);
+      QCOMPARE(list->model()->rowCount(), 0);
+      QTest::keyClick(list, Qt::Key_Z, Qt::ControlModifier);
+      QCOMPARE(list->model()->rowCount(), 1);
     });
     main.pick("mnuGumik");
     QVERIFY(main.folder.read("Gumik.dat") == before);
