@@ -157,7 +157,8 @@ TEST(TheSignOfAColumn, IsThatOfTheOthersOrUsual) {
 
 TEST(AColumn, IsOfFiguresOrDaysWhereMoreThanHalfOfItsCellsAre) {
   const auto facts = [](const char* head, const Cells& cells) {
-    const ColumnFacts& found = Column(head, cells);
+    const Column column(head, cells);
+    const ColumnFacts& found = column;
     return std::pair(found.areFigures(), found.areDays());
   };
   EXPECT_EQ(facts("Zutty", {"1", "x"}), std::pair(false, false));
