@@ -72,8 +72,13 @@ def _tab(screen, name):
     def opened(program):
         window = screen(program)
         tab = window.part("page tab", name)
-        tab.press()
-        wait_for(lambda: tab.is_selected, f"the page {name!r}")
+
+        def is_open():
+            if not tab.is_selected:
+                tab.press()  # a window that is just coming up may miss it
+            return tab.is_selected
+
+        wait_for(is_open, f"the page {name!r}")
         return window
     return opened
 
