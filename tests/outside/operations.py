@@ -71,14 +71,7 @@ REMINDERS = _behind("Figyelmeztetés", lambda main: main.part("push button", "Fi
 def _tab(screen, name):
     def opened(program):
         window = screen(program)
-        tab = window.part("page tab", name)
-
-        def is_open():
-            if not tab.is_selected:
-                tab.press()  # a window that is just coming up may miss it
-            return tab.is_selected
-
-        wait_for(is_open, f"the page {name!r}")
+        window.part("page tab", name).press()
         return window
     return opened
 
@@ -125,7 +118,8 @@ OPERATIONS = [
     Operation("a note is added", "megjegyz.dat", 50, main_screen, _fill(Megjegyzés="Qwx"),
               "Felvesz: megjegyzés a listába", " Rögzítés "),
     Operation("a vehicle is added", "rendsz.dat", 10, SETTINGS,
-              _fill(**{"Új rendszám": "NEW001", "Üzemanyag tank mérete literben": "40"}), "Felvesz",
+              _fill(**{"Új rendszám": "NEW001", "Üzemanyag tank mérete literben": "40"}),
+              "Felvesz: új gépkocsi",
               in_place=True),
     Operation("a vehicle is deleted", "rendsz.dat", 10, SETTINGS, _choose("Gépkocsik", "list"),
               "Töröl: a kijelölt rendszám"),

@@ -23,7 +23,7 @@ EVERY = [("pwrite64", "ENOSPC"), ("fsync", "EIO"), ("flock", "EIO")]
 IN_PLACE = EVERY + [("ftruncate", "EIO"), ("sync_file_range", "EIO")]
 REPLACING = EVERY + [("rename,renameat,renameat2", "EACCES"), ("fchmod", "EPERM"), ("unlink,unlinkat", "EACCES")]
 TASTE = [("an entry is recorded", "pwrite64"), ("an entry is deleted", "fsync"),
-         ("a repair is deleted", "rename,renameat,renameat2")]
+         ("a repair is deleted", "rename,renameat,renameat2"), ("a vehicle is added", "flock")]
 IS_WHOLE = os.environ.get("TARVIK_FAULTS") == "all"
 PLACE = os.environ.get("TARVIK_FOLDERS")
 SECONDS = float(os.environ.get("TARVIK_SECONDS", "inf"))
