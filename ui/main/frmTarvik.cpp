@@ -222,6 +222,7 @@ void frmTarvik::setPlates(const QStringList& plates) {
 void frmTarvik::followPlate() {
   logbook_->setPlate(plate(), ui_->Combo1->count() > 0);
   reminders_->setPlate(plate());
+  if (logbook_->listsChosenPlate()) chart_->redraw();
   if (isVisible()) showEarlier();  // a start lists the logbook right after, and reads it once for both
 }
 

@@ -95,6 +95,10 @@ std::string LogbookPane::trimmedPlate() const {
   return std::string(core::trimmed(toLogic(plate_)));
 }
 
+bool LogbookPane::listsChosenPlate() const {
+  return trimmedPlate() == listed_.plate;
+}
+
 void LogbookPane::beolvas() {
   rows_->refill([this] { listed_.listing = {}; });
   select(0);
@@ -131,13 +135,12 @@ void LogbookPane::relistInPlace() {
 }
 
 core::SeenRecord LogbookPane::seenEntry() const {
-  if (trimmedPlate() == listed_.plate) return listed_.listing.logbook.seen(listed_.selected);
+  if (listsChosenPlate()) return listed_.listing.logbook.seen(listed_.selected);
   return core::loadLogbook(context_.files, context_.folders, toLogic(plate_)).seen(listed_.selected);
 }
 
 core::EarlierReadings LogbookPane::earlierReadings() const {
-  if (trimmedPlate() == listed_.plate)
-    return core::earlierReadings(listed_.listing.logbook, listed_.selected);
+  if (listsChosenPlate()) return core::earlierReadings(listed_.listing.logbook, listed_.selected);
   core::EarlierReadings found;
   quietly([&] {
     const auto logbook = core::foundLogbook(context_.files, context_.folders, toLogic(plate_));

@@ -40,6 +40,8 @@ class LogbookPane : public QWidget {
   /// The vehicle whose logbook is listed and changed from now on, its plate as it stands on the screen. What
   /// is listed stays; the line says so while it is another vehicle's.
   void setPlate(const QString& plate, bool hasVehicles);
+  /// Whether the list is of that vehicle.
+  bool listsChosenPlate() const;
 
   /// Rebuilds the list and the totals from the logbook of the vehicle, by the filter's options; nothing is
   /// chosen then. A logbook whose folder is not there is said to be unreadable, as one that cannot be read,

@@ -1,6 +1,7 @@
 #include "ui/windows/chart_panel.h"
 
 #include <QEvent>
+#include <QMouseEvent>
 #include <QSignalBlocker>
 #include <algorithm>
 #include <array>
@@ -196,7 +197,9 @@ void ChartPanel::drawView(const core::Logbook& entries) {
 
 // The words between the tick and the number are the tick's too.
 bool ChartPanel::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::MouseButtonPress) ui_->chkGrafikon->click();
+  const bool isClick = event->type() == QEvent::MouseButtonPress &&
+                       static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
+  if (isClick) ui_->chkGrafikon->click();
   return QFrame::eventFilter(watched, event);
 }
 

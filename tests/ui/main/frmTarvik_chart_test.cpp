@@ -65,6 +65,8 @@ class FrmTarvikChartTest : public QObject {
     main.showChart("Option1");
     auto* words = main.find<QLabel>("lbGrafDb");
     QVERIFY(words->isVisible());
+    QTest::mouseClick(words, Qt::RightButton);
+    QVERIFY(!main.box("chkGrafikon")->isChecked());
     QTest::mouseClick(words, Qt::LeftButton);
     QVERIFY(main.box("chkGrafikon")->isChecked());
     main.press("cmdGrafikon");
@@ -98,6 +100,17 @@ class FrmTarvikChartTest : public QObject {
     QCOMPARE(main.label("lbGrafikon"), QString("KLM456 naplójából, a lista szűrőjétől függetlenül"));
     QCOMPARE(main.chart().titleText(), QString("Üzemanyag árak"));
     QVERIFY(main.find<QWidget>("FrmGrafikon")->isVisible());
+  }
+
+  void aChartOfAnotherCarGoesWhenTheListedOneIsChosenAgain() {
+    Household main;
+    choose(*main.combo("Combo1"), 1);
+    main.showChart("Option2");
+    QCOMPARE(main.label("lbGrafikon"), QString("KLM456 naplójából, a lista szűrőjétől függetlenül"));
+    choose(*main.combo("Combo1"), 0);
+    QCOMPARE(main.label("lbNaplo"), QString("ABC123 naplója – teljes lista, 3 bejegyzés"));
+    QCOMPARE(main.label("lbGrafikon"), QString("ABC123 naplójából, a lista szűrőjétől függetlenül"));
+    QCOMPARE(main.chart().rowCount(), 3);
   }
 
   void whatIsRecordedIsOnTheChartAtOnce() {
