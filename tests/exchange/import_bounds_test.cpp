@@ -19,7 +19,7 @@ using testing::IsEmpty;
 using testing::Not;
 
 ImportPlan planOfRows(const std::string& rows, const core::Logbook& logbook = {}) {
-  return planOf(readLog("Date,Odometer (km),Litres,Cost (Ft),Full,Missed,Notes\n" + rows), logbook);
+  return planOf(readLog(logOf(rows)), logbook);
 }
 
 std::vector<int> wholeReadings(const ImportPlan& plan) {

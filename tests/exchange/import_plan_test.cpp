@@ -42,10 +42,6 @@ std::vector<int> readings(const ImportPlan& plan) {
   return found;
 }
 
-std::string logOf(const std::string& rows) {
-  return "Date,Odometer (km),Litres,Cost (Ft),Full,Missed,Notes\n" + rows;
-}
-
 TEST(APlan, OrdersEntriesByDayThenReading) {
   const auto plan =
       planOf(readLog(logOf("2024-01-09,1900,40,24000,1,0,\n2024-01-09,1500,40,24000,1,0,\n"

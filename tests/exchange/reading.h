@@ -22,6 +22,11 @@ inline std::string sample(const std::string& name) {
   return {std::istreambuf_iterator<char>(in), {}};
 }
 
+/// A log of such rows, the day first.
+inline std::string logOf(const std::string& rows) {
+  return "Date,Odometer (km),Litres,Cost (Ft),Full,Missed,Notes\n" + rows;
+}
+
 /// A file as it is understood with what a person says of it.
 struct ReadLog {
   exchange::LogTable table;

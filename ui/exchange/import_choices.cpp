@@ -9,6 +9,7 @@
 #include "core/number_text.h"
 #include "ui/base/text.h"
 #include "ui/exchange/import_words.h"
+#include "ui/look/figure_fields.h"
 
 namespace tarvik::ui {
 namespace {
@@ -24,8 +25,8 @@ struct Money {
   const char* name;
 };
 
-// The code of ISO 4217 for no currency: the person knows which it is, and names its rate alone.
-constexpr const char* kUnlisted = "XXX";
+// No currency's code: the person knows which it is, and names its rate alone.
+constexpr const char* kUnlisted = "other";
 
 constexpr Money kMoney[] = {{"HUF", "forint"},        {"EUR", "euró"},           {"USD", "amerikai dollár"},
                             {"GBP", "angol font"},    {"CHF", "svájci frank"},   {"CZK", "cseh korona"},
@@ -172,8 +173,7 @@ QComboBox* ImportChoices::addAnswer(const QString& name, const QString& label, c
 
 QLineEdit* ImportChoices::addField(const QString& name, const QString& label) {
   auto* field = new QLineEdit(this);
-  field->setProperty("longest", QStringLiteral("9999999,99"));
-  field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  makeFigureFields({field}, QStringLiteral("9999999,99"));
   connect(field, &QLineEdit::textChanged, this, [this] {
     if (!isShowing_) takeTyped();
   });

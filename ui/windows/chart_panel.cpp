@@ -16,7 +16,7 @@
 #include "ui/base/handlers.h"
 #include "ui/base/text.h"
 #include "ui/look/access.h"
-#include "ui/windows/figure_fields.h"
+#include "ui/look/figure_fields.h"
 #include "ui/windows/frmMelyGrafikon.h"
 #include "ui_chart_panel.h"
 

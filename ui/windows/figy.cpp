@@ -13,9 +13,9 @@
 #include "ui/look/access.h"
 #include "ui/look/dialog_parts.h"
 #include "ui/look/enter_key.h"
+#include "ui/look/figure_fields.h"
 #include "ui/look/placement.h"
 #include "ui/look/undo_line.h"
-#include "ui/windows/figure_fields.h"
 #include "ui/windows/reminder_parts.h"
 #include "ui_figy.h"
 

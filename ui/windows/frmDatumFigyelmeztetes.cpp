@@ -8,10 +8,10 @@
 #include "ui/base/text.h"
 #include "ui/lists/list_delegate.h"
 #include "ui/look/enter_key.h"
+#include "ui/look/figure_fields.h"
 #include "ui/look/look.h"
 #include "ui/look/placement.h"
 #include "ui/look/undo_line.h"
-#include "ui/windows/figure_fields.h"
 #include "ui/windows/reminder_parts.h"
 #include "ui_frmDatumFigyelmeztetes.h"
 

@@ -8,10 +8,10 @@
 #include "ui/base/text.h"
 #include "ui/lists/list_tables.h"
 #include "ui/look/dialog_parts.h"
+#include "ui/look/figure_fields.h"
 #include "ui/look/look.h"
 #include "ui/look/plate_chooser.h"
 #include "ui/look/undo_line.h"
-#include "ui/windows/figure_fields.h"
 #include "ui_frmGumik.h"
 
 namespace tarvik::ui {

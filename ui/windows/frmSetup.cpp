@@ -13,11 +13,11 @@
 #include "ui/lists/row_choice.h"
 #include "ui/look/access.h"
 #include "ui/look/enter_key.h"
+#include "ui/look/figure_fields.h"
 #include "ui/look/look.h"
 #include "ui/look/placement.h"
 #include "ui/look/plate_chooser.h"
 #include "ui/look/undo_line.h"
-#include "ui/windows/figure_fields.h"
 #include "ui/windows/restore_pane.h"
 #include "ui_frmSetup.h"
 

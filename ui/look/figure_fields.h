@@ -5,6 +5,8 @@
 #include <QString>
 #include <initializer_list>
 
+#include "ui/look/look_painting.h"
+
 namespace tarvik::ui {
 
 /// The longest figure of 32 bits, as digits and in groups.
@@ -22,12 +24,10 @@ inline void makeFigureFields(std::initializer_list<QLineEdit*> fields, const QSt
 
 /// Makes labels show results: bold, as they are written, to be copied.
 inline void makeResults(std::initializer_list<QLabel*> labels) {
-  QFont bold;
-  bold.setBold(true);
   for (QLabel* label : labels) {
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    label->setFont(bold);
+    label->setFont(bold(label->font()));
   }
 }
 
