@@ -138,11 +138,16 @@ TEST(Statistics, ShortLogbooksHaveNone) {
   EXPECT_EQ(clicked({}, 1), kNothing);
   EXPECT_EQ(clicked({entries[0]}, 1), kNothing);
   EXPECT_EQ(clicked({entries[0], entries[1]}, 2), kNothing);  // no days between entry 2 and itself
+  // More km than there are days since 1899.
+  EXPECT_EQ(clicked({fuelling({2013, 1, 1}, 120'000, 400'000, true)}, 1), kNothing);
 }
 
 TEST(Statistics, LogbookWithoutAFuellingHasNone) {
   Entries entries = fourEntries();
-  for (NapiAdat& entry : entries) entry.TankoltLiter = {};
+  for (NapiAdat& entry : entries) {
+    entry.TankoltLiter = {};
+    entry.KmOra += 120'000;
+  }
   EXPECT_EQ(clicked(entries, 4), kNothing);
 }
 

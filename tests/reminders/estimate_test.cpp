@@ -85,6 +85,12 @@ TEST(Estimate, OfReadingsFurtherApartThan32BitsIsEmpty) {
   EXPECT_EQ(estimateOf({entry(1, 1), entry(-kHighest, 41410), entry(kHighest, 41440)}, 1, 1), Estimate{});
 }
 
+// 2^31 km in 30 days; their negative number is the lowest that 32 bits hold.
+TEST(Estimate, OfReadingsAsFarApartAs32BitsHoldIsFound) {
+  EXPECT_EQ(estimateOf({entry(1, 1), entry(-1, 41410), entry(kHighest, 41440)}, kHighest, 0),
+            (Estimate{71'582'788, false, kToday}));
+}
+
 TEST(Estimate, OfADamagedDateIsEmpty) {
   core::NapiAdat damaged = entry(12000, 0);
   damaged.Datum = std::numeric_limits<double>::quiet_NaN();
