@@ -101,10 +101,10 @@ bool LogbookPane::listsChosenPlate() const {
 
 void LogbookPane::beolvas() {
   rows_->refill([this] { listed_.listing = {}; });
-  select(0);
   listed_.plate = trimmedPlate();
   listed_.filter = {.mode = listMode_, .picked = toLogic(ui_->DTPSzürö->date())};
   listed_.isRead = false;
+  select(0);
   showCues();
   try {
     fillList();

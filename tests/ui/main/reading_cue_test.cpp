@@ -2,6 +2,7 @@
 
 #include <QTimer>
 
+#include "tests/support/forwarding_file_system.h"
 #include "tests/ui/day_ways.h"
 #include "tests/ui/main_screen.h"
 
@@ -33,6 +34,16 @@ struct Readings : MainScreen {
     if (timer->isActive()) QMetaObject::invokeMethod(timer, "timeout");
   }
   QString hint() { return edit("txKmOra")->placeholderText(); }
+};
+
+// The files that are opened, in turn.
+struct WatchedFiles final : ForwardingFileSystem {
+  int open(const std::string& path, core::OpenMode mode) override {
+    opened.append(QString::fromStdString(path));
+    return ForwardingFileSystem::open(path, mode);
+  }
+
+  QStringList opened;
 };
 
 }  // namespace
@@ -67,6 +78,18 @@ class ReadingCueTest : public QObject {
     QCOMPARE(main.hint(), QString("5000"));
     main.type("Combo1", "KLM45");
     QCOMPARE(main.hint(), QString());
+  }
+
+  void theListAndTheHintReadTheLogbookOnce() {
+    Readings main;
+    WatchedFiles files;
+    ui::Context context{
+        .files = files, .folders = main.context.folders, .clock = main.clock, .version = "1.0.0"};
+    ui::frmTarvik screen(context);
+    screen.load();
+    const QString logbook = QString::fromStdString(main.context.folders.logbook("ABC123"));
+    QCOMPARE(files.opened.count(logbook), 1);
+    QCOMPARE(screen.findChild<QLineEdit*>("txKmOra")->placeholderText(), QString("241419"));
   }
 
   void aReadingThatIsLessIsCuedAsSoonAsNoDigitCanMendIt() {
