@@ -80,8 +80,8 @@ struct FullWord {
 /// Where the readings of a log of distances begin: at the reading before its first fill, or so that its last
 /// one is that.
 struct TripStart {
-  bool isAtStart = true;
-  core::Ratio reading = 0;
+  bool isAtStart;
+  core::Ratio reading;
 
   friend bool operator==(const TripStart&, const TripStart&) = default;
 };

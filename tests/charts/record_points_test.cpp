@@ -75,7 +75,8 @@ TEST(RecordCharts, LabelWithTheDateWhateverItsYear) {
 }
 
 TEST(RecordCharts, HaveNoPointsForAChoiceThatIsNoChart) {
-  for (int choice : {-1, 0, 8}) EXPECT_TRUE(series(choice, numbered(20)).empty()) << choice;
+  for (int choice : {-1, int{charts::kNoChart}, 8})
+    EXPECT_TRUE(series(choice, numbered(20)).empty()) << choice;
 }
 
 TEST(ScrollView, ShowsOneRecordMoreThanTheCountUpToTheEnd) {

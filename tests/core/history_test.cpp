@@ -298,6 +298,17 @@ TEST_F(HistoryTest, ForgetsTheOldestStepsPastItsBoundAndNeverTheNewest) {
   EXPECT_EQ(at("a"), std::string(400, 'a'));
 }
 
+TEST_F(HistoryTest, KeepsTheStepsThatFillItsBoundWhole) {
+  for (int i = 0; i < 3; ++i) add("a", "aaaa");
+  for (const std::size_t lacking : {0U, 1U}) {
+    History full(history_.bytes() - lacking);
+    disk_.watch(&full);
+    foreign("a", "");
+    for (int i = 0; i < 3; ++i) add("a", "aaaa");
+    EXPECT_EQ(full.steps(), 3U - lacking);
+  }
+}
+
 TEST_F(HistoryTest, KeepsAThousandChangesOfALongFileSmall) {
   foreign("a", std::string(32'000 * kLength, 'a'));
   for (int i = 0; i < 1'000; ++i) rewrite("a", 16'000 + i, "bbbb");

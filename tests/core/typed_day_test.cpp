@@ -62,6 +62,8 @@ TEST(DayOfText, UnderstandsAMonthByItsName) {
     EXPECT_EQ(whole(text), day) << text;
   for (int month = 1; month <= 12; ++month)
     EXPECT_EQ(whole("2013. " + std::string(monthName(month)) + " 1."), dayOf({2013, month, 1}));
+  EXPECT_EQ(whole("2013. MÁRCIUS 1."), dayOf({2013, 3, 1}));
+  EXPECT_EQ(whole("2013. Aug. 1."), dayOf({2013, 8, 1}));
   EXPECT_EQ(whole("2013. márc. 1."), dayOf({2013, 3, 1}));
   EXPECT_EQ(whole("2013. máj. 1."), dayOf({2013, 5, 1}));
 }

@@ -122,6 +122,15 @@ TEST(AFigure, IsBareWithoutLetters) {
   EXPECT_FALSE(looksLikeFigure("litres"));
 }
 
+TEST(AFigure, FitsAFieldUpToBothItsEnds) {
+  for (const std::int64_t whole : {std::int64_t{-2'147'483'648}, std::int64_t{2'147'483'647}})
+    EXPECT_TRUE(fits<std::int32_t>(Ratio(whole))) << whole;
+  for (const std::int64_t whole : {-2'147'483'649, 2'147'483'648})
+    EXPECT_FALSE(fits<std::int32_t>(Ratio(whole))) << whole;
+  EXPECT_TRUE(fits<std::int32_t>(Ratio(-2'147'483'648, 10), 10));
+  EXPECT_FALSE(fits<std::int32_t>(Ratio(2'147'483'648, 10), 10));
+}
+
 TEST(AFigure, MayBeGroupedAsInIndia) {
   EXPECT_EQ(readFigure("1,23,456.50", DecimalSign::Point), Ratio(1'234'565, 10));
   EXPECT_EQ(readFigure("12,34,567", DecimalSign::Point), Ratio(1'234'567));

@@ -318,6 +318,8 @@ TEST(TheDecimalSign, IsAskedOfFiguresThatTheLogbookKeeps) {
   };
   for (const char* head : {"Ft", "Egyéb költség (Ft)"}) EXPECT_TRUE(asks(head)) << head;
   for (const char* head : {"Fogyasztás", "Jegyzet"}) EXPECT_FALSE(asks(head)) << head;
+  EXPECT_TRUE(
+      readLog("Ft\tDátum\tKm óra\tLiter\n1.234\t2024.01.05.\t1000\t40\n").asks(Question::DecimalSign));
 }
 
 }  // namespace

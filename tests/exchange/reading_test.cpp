@@ -425,7 +425,7 @@ TEST(ARow, OfAServiceIsAnEntryWithANote) {
   EXPECT_EQ(log.rows.rows[2].note, "Service");
 }
 
-// Two costs that only together are too much, and a product that no fraction holds.
+// Two costs that only together are too much, and a product of 2^128, of which 128 bits would keep a 0.
 TEST(ARow, OfFiguresTooLargeToBeWorkedOutIsLeftOut) {
   const ReadLog log = readLog(
       "Dátum;Km;Liter;Ft;Megjegyzés;Megjegyzés költsége\n2024.01.05.;48210;;2000000000;olaj;147483647\n"
@@ -433,8 +433,9 @@ TEST(ARow, OfFiguresTooLargeToBeWorkedOutIsLeftOut) {
   ASSERT_EQ(log.rows.rows.size(), 1U);
   EXPECT_EQ(log.rows.rows[0].noteForints, Ratio(2'147'483'647));
   EXPECT_THAT(leftOut(log), ElementsAre(Pair(3, Why::FigureTooLarge)));
-  EXPECT_THAT(leftOut(readLog("Dátum;Km;Liter;Egységár\n2024.01.05.;48210;900000000000000,123456789;"
-                              "999999999999999999,123456789\n")),
+  EXPECT_THAT(leftOut(readLog("Dátum;Km;Liter;Ft/l\n2024.01.05.;48210;302231454903657,293676544;"
+                              "576460752303423488\n",
+                              {.columns = {{3, Meaning::UnitPrice}}})),
               ElementsAre(Pair(2, Why::FigureTooLarge)));
 }
 

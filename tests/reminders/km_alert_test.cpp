@@ -89,12 +89,12 @@ TEST_F(KmCheckTest, FindsNothingAtTheDueReading) {
 
 TEST_F(KmCheckTest, OfAnEmptyLogbookLooksAtNoReminder) {
   storeLogbook({});
-  EXPECT_EQ(check("ABC-123"), KmCheck{.hasLogbook = true});
+  EXPECT_EQ(check("ABC-123"), (KmCheck{true, false, 0, std::nullopt}));
   EXPECT_TRUE(current_.names().empty());
 }
 
 TEST_F(KmCheckTest, TakesAMissingFolderAndAnUnusablePlateForNoLogbook) {
-  EXPECT_EQ(check("XYZ-999"), KmCheck{});
+  EXPECT_EQ(check("XYZ-999"), (KmCheck{false, false, 0, std::nullopt}));
   EXPECT_EQ(check(""), KmCheck{});
   EXPECT_EQ(check("../ABC"), KmCheck{});
   EXPECT_TRUE(program_.names().empty());
