@@ -1,7 +1,6 @@
 #include "exchange/import_plan.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <map>
 #include <optional>
 #include <utility>
@@ -159,15 +158,17 @@ PlannedEntry planned(const Candidate& candidate, const Reading& reading, const P
   return entry;
 }
 
-bool isNear(std::int64_t a, std::int64_t b, std::int64_t most) {
-  return std::abs(a - b) <= most;
+// How far apart two numbers are may be more than 63 bits hold.
+bool isNear(std::int64_t a, std::int64_t b, std::uint64_t most) {
+  const auto [least, greatest] = std::minmax(a, b);
+  return static_cast<std::uint64_t>(greatest) - static_cast<std::uint64_t>(least) <= most;
 }
 
 // Whether two entries are the same: another program may have rounded the reading to a mile and the litres to
 // a tenth.
 bool areSame(const NapiAdat& a, const NapiAdat& b) {
-  constexpr std::int64_t kTenth = 1'000;
-  constexpr std::int64_t kSameKilometre = 1;
+  constexpr std::uint64_t kTenth = 1'000;
+  constexpr std::uint64_t kSameKilometre = 1;
   if (a.Datum != b.Datum || !isNear(a.KmOra, b.KmOra, kSameKilometre)) return false;
   if (a.TankoltLiter.isZero() != b.TankoltLiter.isZero()) return false;
   if (a.TankoltLiter.isZero())

@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <limits>
+
 #include "exchange/own_format.h"
 #include "tests/core/entries.h"
 #include "tests/exchange/reading.h"
@@ -115,6 +117,15 @@ TEST(APlan, KnowsAServiceAgainByItsTextsAndCosts) {
     EXPECT_EQ(plan.entries.at(0).doubts.contains(Doubt::AlreadyThere), i == 0) << i;
     EXPECT_EQ(plan.entries.at(0).isTaken, i != 0) << i;
   }
+}
+
+TEST(APlan, TakesNoLitresForThoseOfADamagedRecordAtTheOtherEndOfTheirField) {
+  NapiAdat damaged = fuelling({2024, 1, 5}, 1'000, 0, true);
+  damaged.TankoltLiter = {std::numeric_limits<std::int64_t>::min()};
+  const auto plan = planOfRows("2024-01-05,1000,922337203685477.5807,24000,1,0,\n",
+                               core::Logbook::of(std::vector<NapiAdat>{damaged}));
+  EXPECT_EQ(plan.entries.at(0).entry.TankoltLiter.tenThousandths, std::numeric_limits<std::int64_t>::max());
+  EXPECT_THAT(plan.entries.at(0).doubts, Not(Contains(Doubt::AlreadyThere)));
 }
 
 TEST(APlan, OfAnOwnFileWithoutItsConsumptionsWorksThemOut) {
