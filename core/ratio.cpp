@@ -20,7 +20,7 @@ constexpr UInt128 kHighest64 = std::numeric_limits<std::uint64_t>::max();
 
 // Works for the lowest value too, whose magnitude has no signed form.
 constexpr UInt128 magnitude(Int128 value) {
-  return value < 0 ? UInt128{0} - static_cast<UInt128>(value) : static_cast<UInt128>(value);
+  return value < 0 ? -static_cast<UInt128>(value) : static_cast<UInt128>(value);
 }
 
 // The figures of daily use need the 64-bit division alone, which is several times faster.
@@ -36,7 +36,7 @@ UInt128 greatestCommonDivisor(UInt128 a, UInt128 b) {
 
 Int128 withSign(UInt128 size, bool negative) {
   if (size > kHighest128 + (negative ? 1 : 0)) failOutOfRange();
-  return static_cast<Int128>(negative ? UInt128{0} - size : size);
+  return static_cast<Int128>(negative ? -size : size);
 }
 
 Int128 checkedProduct(Int128 a, Int128 b) {

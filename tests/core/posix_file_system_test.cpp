@@ -195,12 +195,15 @@ TEST_F(PosixFileTest, APrivateFileIsItsOwnersAlone) {
   const mode_t mask = ::umask(0022);
   const OpenFile common(files_, files_.open(folder_ / "common", OpenMode::CreateNew));
   const OpenFile ours(files_, files_.open(folder_ / "ours", OpenMode::CreatePrivate));
+  EXPECT_EQ(files_.makeFolder(folder_ / "sub"), 0);
   ::umask(mask);
   FileStatus status;
   EXPECT_EQ(files_.status(common.descriptor(), status), 0);
   EXPECT_EQ(status.mode, 0644U);
   EXPECT_EQ(files_.status(ours.descriptor(), status), 0);
   EXPECT_EQ(status.mode, 0600U);
+  EXPECT_EQ(files_.statusOf(folder_ / "sub", status), 0);
+  EXPECT_EQ(status.mode, 0755U);
 }
 
 TEST_F(PosixFileTest, TellsWhatKindOfThingHasAName) {

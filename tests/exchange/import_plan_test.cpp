@@ -273,10 +273,13 @@ TEST(APlan, GivesNoConsumptionBehindARowWithAFigureTooLargeForTheLogbook) {
   for (const char* row : {"3000000000,40,24000", "2000,1000000000000000,24000", "2000,40,3000000000"}) {
     const auto plan = planOf(readLog(
         logOf("2024-01-01,1000,40,24000,1,0,\n2024-01-02,1500,40,24000,1,0,\n2024-01-03," + std::string(row) +
-              ",1,0,\n2024-01-04,2500,40,24000,1,0,\n2024-01-05,3000,40,24000,1,0,\n")));
-    ASSERT_EQ(plan.entries.size(), 4U) << row;
+              ",1,0,\n2024-01-04,2500,20,12000,0,0,\n2024-01-05,3000,40,24000,1,0,\n"
+              "2024-01-06,3500,40,24000,1,0,\n")));
+    ASSERT_EQ(plan.entries.size(), 5U) << row;
     EXPECT_THAT(plan.entries[2].doubts, ElementsAre(Doubt::LeftOutBefore)) << row;
     EXPECT_TRUE(plan.entries[2].entry.Fogyasztas.isZero()) << row;
+    EXPECT_TRUE(plan.entries[3].entry.Fogyasztas.isZero()) << row;  // the full fill behind a part fill
+    EXPECT_EQ(plan.entries[4].entry.Fogyasztas.tenThousandths, 80'000) << row;
     ASSERT_EQ(plan.unread.size(), 2U) << row;  // the heads, too
     EXPECT_EQ(plan.unread[1].why, exchange::UnreadRow::Why::FigureTooLarge) << row;
     EXPECT_EQ(plan.unread[1].day, "2024-01-03") << row;
