@@ -49,12 +49,11 @@ constexpr auto kColumns =
 constexpr std::string_view kYes = "igen";
 constexpr std::string_view kNo = "nem";
 
-// Where the part of a text begins that a spreadsheet would compute; npos where it has none.
-std::size_t computedFrom(std::string_view text) {
+// Whether a spreadsheet would compute a text, or would without the apostrophes before it.
+bool isFormula(std::string_view text) {
   const std::size_t first = text.find_first_not_of("' ");
-  if (first == std::string_view::npos) return first;
-  return std::string_view("=+-@\t\r\n").find(text[first]) == std::string_view::npos ? std::string_view::npos
-                                                                                    : first;
+  return first != std::string_view::npos &&
+         std::string_view("=+-@\t\r\n").find(text[first]) != std::string_view::npos;
 }
 
 bool needsQuotes(std::string_view cell, char separator) {
@@ -177,13 +176,12 @@ std::string isoDay(double stored) {
 }
 
 std::string harmless(std::string text) {
-  if (computedFrom(text) != std::string::npos) text.insert(text.begin(), '\'');
+  if (isFormula(text)) text.insert(text.begin(), '\'');
   return text;
 }
 
 std::string restored(std::string text) {
-  if (text.starts_with('\'') && computedFrom(std::string_view(text).substr(1)) != std::string::npos)
-    text.erase(text.begin());
+  if (text.starts_with('\'') && isFormula(text)) text.erase(text.begin());
   return text;
 }
 

@@ -64,9 +64,10 @@ STATEMENT = re.compile(r"(?:(?<=[;{})])|\belse)\s+(?P<call>(?:emit )?[A-Za-z_][\
 CALL = re.compile(r"(?P<name>[A-Za-z_]\w*)(?:<[\w:]+>)?\(")
 NO_CALLS = {"if", "for", "while", "switch", "return", "sizeof", "decltype", "catch", "static_assert", "alignof"}
 # Whose two arguments may stand either way.
-SYMMETRIC = {"max", "min", "qMax", "qMin", "hypot", "gcd"}
+SYMMETRIC = {"max", "min", "qMax", "qMin", "hypot", "gcd", "checkedSum", "checkedProduct", "product", "areSame", "agree"}
 # Whose first two arguments may.
-SYMMETRIC_FIRST = {"__builtin_add_overflow", "__builtin_mul_overflow", "clamp"}
+SYMMETRIC_FIRST = {"__builtin_add_overflow", "__builtin_mul_overflow", "clamp", "isProduct", "takeProductOf",
+                   "isNear"}
 DECLARATION = re.compile(r"^\s*(?:const\s+)?[\w:]+(?:<.*>)?(?:\s*[&*]+\s*|\s+)(?:const\s+)?\w*(?:\s*=.*)?$", re.S)
 
 
