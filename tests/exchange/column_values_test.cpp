@@ -172,6 +172,7 @@ TEST(AColumn, IsOfFiguresOrDaysWhereMoreThanHalfOfItsCellsAre) {
   EXPECT_EQ(facts("Zutty", {""}), std::pair(false, false));
   EXPECT_TRUE(isFigureCell("40,5 l"));
   EXPECT_TRUE(isFigureCell("+1'234.5"));
+  EXPECT_TRUE(isFigureCell("R971.70"));
   for (const char* cell : {"E10", "Super 95", "l", "", "40 zutty"}) EXPECT_FALSE(isFigureCell(cell)) << cell;
 }
 

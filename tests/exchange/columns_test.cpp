@@ -48,7 +48,8 @@ TEST(TheDay, IsInTheColumnWhoseHeadOrWhoseValuesSaySo) {
   EXPECT_THAT(meanings({{"Dátum", "", ""}, {"Km", "1", "2"}}), ElementsAre(M::Day, testing::_));
   EXPECT_THAT(meanings({{"Dátum", "a", "b"}, named("Zutty", kDays)}), ElementsAre(M::NotNeeded, M::Day));
   EXPECT_THAT(meanings({named("Zutty", kDays), kKm}), ElementsAre(M::Day, M::Odometer));
-  EXPECT_THAT(meanings({named("Tankolás", kDays), kKm}), ElementsAre(M::Day, M::Odometer));
+  for (const char* head : {"Tankolás", "Filled on", "Teletank"})
+    EXPECT_THAT(meanings({named(head, kDays), kKm}), ElementsAre(M::Day, M::Odometer)) << head;
   EXPECT_THAT(meanings({{"ID", "20240105", "20240119", "20240202"}}), ElementsAre(M::NotNeeded));
   EXPECT_THAT(meanings({kDays, named("Zutty", kDays)}, {{1, M::Day}}), ElementsAre(M::NotNeeded, M::Day));
 }
@@ -85,6 +86,7 @@ TEST(TheDistance, IsTheReadingThatTheHeadsSayMostPlainly) {
       meanings({kSixTrips, named("Zutty", {"", "48000", "48500", "49000", "49500", "50000", "50500"})}),
       ElementsAre(M::Trip, M::NotUnderstood));
   EXPECT_THAT(meanings({kDays, unknown}), ElementsAre(M::Day, M::Odometer));
+  EXPECT_NE(meanings({kDays, {"Mileage", "18.5", "19.1", "18.7", "18.1"}})[1], M::Odometer);
   EXPECT_THAT(meanings({kTrips, named("Km", kKm)}, {{0, M::Trip}}), ElementsAre(M::Trip, M::Odometer));
   EXPECT_THAT(meanings({kTrips, unknown}, {{0, M::Trip}}), ElementsAre(M::Trip, M::NotUnderstood));
 }
@@ -125,7 +127,9 @@ TEST(TheVolume, IsTheColumnThatTheHeadsSayMostPlainly) {
     EXPECT_EQ(std::ranges::count(meanings(columns), M::Volume), 1) << i;
   }
   EXPECT_THAT(meanings({{"Liter", "", "", ""}}), ElementsAre(M::Volume));
-  EXPECT_THAT(meanings({{"Benzin", "95", "95", "98", "95"}, kLitres}), ElementsAre(M::NotNeeded, M::Volume));
+  for (const char* kind : {"95", "E10", "Super 95", "Benzin 95"})
+    EXPECT_THAT(meanings({{"Benzin", kind, kind, kind, kind}, kLitres}), ElementsAre(M::NotNeeded, M::Volume))
+        << kind;
   EXPECT_THAT(meanings({{"Amount", "95", "95", "98", "95"}, kCosts}),
               ElementsAre(M::NotNeeded, M::TotalCost));
   EXPECT_THAT(meanings({{"Amount", "1", "0", "1", "0"}, kCosts}), ElementsAre(M::Full, M::TotalCost));
@@ -235,6 +239,8 @@ TEST(Money, WithoutVolumesIsWhatTheHeadsSay) {
 }
 
 TEST(Money, ThatNoHeadNamesIsFoundFromTheOtherTwo) {
+  EXPECT_THAT(meanings({kDays, kKm, named("Zutty", kLitres), kPrices, kCosts}),
+              ElementsAre(M::Day, M::Odometer, M::Volume, M::UnitPrice, M::TotalCost));
   EXPECT_THAT(behind({kPrices, named("Zutty", kCosts)}), ElementsAre(M::UnitPrice, M::TotalCost));
   EXPECT_THAT(behind({kPrices, {"Zutty", "24000", "26840", "12400", "sok"}}),
               ElementsAre(M::UnitPrice, M::TotalCost));
@@ -303,6 +309,8 @@ TEST(FullFills, AreSaidByOneColumn) {
   EXPECT_THAT(behind({named("Amount", kFills), partial}), ElementsAre(M::Full, M::NotNeeded));
   EXPECT_THAT(behind({partial, named("Típus", words)}), ElementsAre(M::Partial, M::Kind));
   EXPECT_THAT(behind({{"Tele", "1", "2", "3", "4"}}), ElementsAre(M::Full));
+  EXPECT_THAT(meanings({named("Litres filled", kLitres), {"Fill?", "1", "0", "1", "0"}, kCosts}),
+              ElementsAre(M::Volume, M::Full, M::TotalCost));
   EXPECT_THAT(behind({named("Típus", words), named("Fajta", kFills), named("Benzin", words)}),
               ElementsAre(M::Full, M::Kind, M::NotNeeded));
   EXPECT_THAT(behind({named("Benzin", kFills)}), ElementsAre(M::Full));
@@ -338,6 +346,7 @@ TEST(AnUnknownColumn, IsAskedAboutWhereItMayHoldWhatNoOtherDoes) {
   EXPECT_EQ(unknown({figures}), 3U);
   EXPECT_EQ(unknown({kCosts, figures}), std::nullopt);
   EXPECT_EQ(unknown({kPrices, figures}), std::nullopt);
+  EXPECT_EQ(unknown({named("Hatótáv", figures)}), std::nullopt);
   EXPECT_EQ(unknown({named("Egyéb költség", kCosts), figures}), std::nullopt);
   EXPECT_EQ(unknown({{"Zutty", "91", "95", "98", "100"}}), std::nullopt);
   EXPECT_EQ(unknown({{"Zutty", "a", "b", "c", "d"}}), std::nullopt);

@@ -87,6 +87,8 @@ TEST(TheSeparator, IsTheOneWithWhichMostRowsReadAlike) {
   EXPECT_EQ(readTable("1|2|3;4\n1|2|3;4\n").shape.separator, '|');
   EXPECT_EQ(readTable("1|2|3;4\n1|2|3;4\n", ';').shape.separator, ';');
   EXPECT_EQ(readTable("x\n", '|').shape.separator, '|');
+  EXPECT_EQ(readTable("Date\tOdometer\tLitres\n2024-01-05\t1000\t40,5\n").shape.separator, '\t');
+  EXPECT_EQ(readTable("Date;Odometer;Litres;Notes\n2024-01-05;1000;40,5;a,b,c,d,e,f\n").shape.separator, ';');
 }
 
 TEST(TheQuote, IsAnApostropheWhereMostHeadsHaveIt) {

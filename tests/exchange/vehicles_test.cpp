@@ -43,21 +43,6 @@ TEST(SeveralVehicles, AreToldBySections) {
   EXPECT_EQ(fiat.rows.rows[0].kilometres, Ratio(9'000));
 }
 
-TEST(SeveralVehicles, AreToldByTwoRunsOfReadings) {
-  std::string text = "Dátum;Km;Liter;Ft\n";
-  for (int i = 1; i < 8; ++i) {
-    const std::string day = "2024.01.0" + std::to_string(i) + ".;";
-    text += day + std::to_string(48'000 + 500 * i) + ";35;21000\n" + day + std::to_string(150'000 + 600 * i) +
-            ";40;24000\n";
-  }
-  const ReadLog log = readLog(text);
-  ASSERT_EQ(log.reading.vehicles.size(), 2U);
-  EXPECT_EQ(log.reading.vehicles[0].rows, 7U);
-  EXPECT_TRUE(log.asks(Question::Vehicle));
-  EXPECT_EQ(readLog(text, {.vehicle = 1}).rows.rows.size(), 7U);
-  EXPECT_EQ(readLog(text, {.vehicle = 1}).rows.rows[0].kilometres, Ratio(150'600));
-}
-
 std::string fillUps(const std::string& name, int year, int from, int step, int count) {
   std::string rows;
   for (int i = 0; i < count; ++i)
