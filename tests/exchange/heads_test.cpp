@@ -33,39 +33,34 @@ TEST(AText, IsListedWhole) {
   for (const char* text : {"", "ES", "TANK", "XY"}) EXPECT_FALSE(beginsListed(text, kList)) << text;
 }
 
+// What one kilometre cost is nothing that a logbook keeps; a price is one however short its word is. Where
+// only the unit tells, the head is of what is counted in it; money alone may be that of the car wash.
 TEST(AHead, IsUnderstoodInManyLanguages) {
   const std::vector<std::pair<HeadWord, std::vector<const char*>>> words{
       {HeadWord::Day, {"Dátum", "fuelup_date", "Fecha"}},
       {HeadWord::Odometer,
        {"Km óra", "kmóraállás", "odometerReading", "Total Miles", "Kilometerstand", "Przebieg",
-        "Stav tachometru", "Пробег", "Contachilometri"}},
-      {HeadWord::Distance, {"Km", "Kilométer"}},
+        "Stav tachometru", "Пробег", "Contachilometri", "Km coche"}},
+      {HeadWord::Distance, {"Km", "Kilométer", "Zutty (km)"}},
       {HeadWord::Trip, {"Megtett km", "Gefahrene km"}},
-      {HeadWord::Volume, {"Liter", "Benzin (l)", "Litros", "Množství", "Fuel amount in tank"}},
+      {HeadWord::Volume,
+       {"Liter", "Benzin (l)", "Litros", "Množství", "Fuel amount in tank", "total_gallons", "Zutty (l)"}},
       {HeadWord::Fuel, {"Gázolaj"}},
       {HeadWord::TotalCost,
-       {"Ft", "Összesen", "Fizetve", "Bruttó", "total_price_kc", "Gesamtpreis", "Valor total",
-        "Cena celkem"}},
-      {HeadWord::Price, {"Ár"}},
-      {HeadWord::UnitPrice, {"$/gal", "Ft/l", "unit_price_kc", "Preis pro Liter", "Prezzo al litro"}},
+       {"Ft", "Összesen", "Fizetve", "Bruttó", "total_price_kc", "Gesamtpreis", "Valor total", "Cena celkem",
+        "Üzemanyag összeg"}},
+      {HeadWord::Price, {"Ár", "Benzin ára"}},
+      {HeadWord::UnitPrice,
+       {"$/gal", "Ft/l", "unit_price_kc", "Preis pro Liter", "Prezzo al litro", "ct/l", "Pence/litre"}},
       {HeadWord::Full, {"Teletankolás", "isFullTank", "Tanque cheio", "Do pełna"}},
       {HeadWord::Partial, {"Partial Fuel-Up"}},
       {HeadWord::Note, {"Megjegyzések", "Poznámka"}},
       {HeadWord::Vehicle, {"Rendszám", "car_id"}},
-      {HeadWord::Known, {"l/100km", "MPG", "Fuel Economy", "Cost per km", "Reifen"}},
-      {HeadWord::Unknown, {"Vérnyomás", ""}}};
+      {HeadWord::Known,
+       {"l/100km", "MPG", "Fuel Economy", "Cost per km", "Reifen", "Coût/km", "Kosten pro km"}},
+      {HeadWord::Unknown, {"Vérnyomás", "", "Zutty/l", "Zutty (€)"}}};
   for (const auto& [word, heads] : words)
     for (const char* head : heads) EXPECT_EQ(readHead(head).word, word) << head;
-}
-
-// What one kilometre cost is nothing that a logbook keeps; a price is one however short its word is.
-TEST(AHead, OfMoneyIsSettledByWhatItIsFor) {
-  EXPECT_EQ(readHead("Coût/km").word, HeadWord::Known);
-  EXPECT_EQ(readHead("Kosten pro km").word, HeadWord::Known);
-  EXPECT_EQ(readHead("Benzin ára").word, HeadWord::Price);
-  EXPECT_EQ(readHead("Üzemanyag összeg").word, HeadWord::TotalCost);
-  EXPECT_EQ(readHead("ct/l").word, HeadWord::UnitPrice);
-  EXPECT_EQ(readHead("Pence/litre").word, HeadWord::UnitPrice);
 }
 
 TEST(AHead, IsTheStrongerTheMoreOfItIsUnderstood) {
@@ -79,24 +74,6 @@ TEST(AHead, IsTheStrongerTheMoreOfItIsUnderstood) {
   EXPECT_EQ(readHead("Megjegyzés (Ft/l)").word, HeadWord::Note);
   EXPECT_EQ(readHead("Odometer" + std::string(191, '.') + "x").strength, 2);
   EXPECT_EQ(readHead("Odometer" + std::string(192, '.') + "x").word, HeadWord::Unknown);
-}
-
-TEST(AHead, ThatOnlyItsUnitTellsOfIsWhatIsCountedInIt) {
-  EXPECT_EQ(readHead("Zutty (l)").word, HeadWord::Volume);
-  EXPECT_EQ(readHead("Zutty (km)").word, HeadWord::Distance);
-  EXPECT_EQ(readHead("Zutty/l").word, HeadWord::Unknown);
-  EXPECT_EQ(readHead("Zutty (€)").word, HeadWord::Unknown);  // fuel, or the car wash
-  EXPECT_EQ(readHead("Km coche").word, HeadWord::Odometer);
-  EXPECT_EQ(readHead("total_gallons").word, HeadWord::Volume);
-}
-
-TEST(AUnit, IsNamedByHeadsAndCells) {
-  EXPECT_EQ(unitHintOf("Odometer (mi)").distance, DistanceUnit::Mile);
-  EXPECT_EQ(unitHintOf("40,5 l").volume, VolumeUnit::Litre);
-  EXPECT_EQ(unitHintOf("Imp. gal").volume, VolumeUnit::UkGallon);
-  EXPECT_FALSE(unitHintOf("US_GALLON").isGallonOpen);
-  EXPECT_TRUE(unitHintOf("Gal").isGallonOpen);
-  EXPECT_FALSE(unitHintOf("Odometer").distance.has_value());
 }
 
 TEST(AUnit, HasItsExactSize) {

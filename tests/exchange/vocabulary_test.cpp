@@ -125,8 +125,9 @@ TEST(AWord, OfEachLanguageNamesAUnit) {
            "km, kms, kilometer, kilometers, kilometre, kilometres, kilométerben, Kilometern, /100km, kmpl, "
            "kml, chilometri, kilómetros, quilómetros, kilometry"))
     EXPECT_EQ(exchange::unitHintOf(word).distance, exchange::DistanceUnit::Kilometre) << word;
-  for (const std::string& word : listed("mi, mile, miles, Meile, Meilen, mérföld"))
+  for (const std::string& word : listed("mi, mile, miles, Meile, Meilen, mérföld, Odometer (mi)"))
     EXPECT_EQ(exchange::unitHintOf(word).distance, exchange::DistanceUnit::Mile) << word;
+  EXPECT_FALSE(exchange::unitHintOf("Odometer").distance.has_value());
   for (const std::string& word :
        listed("l, lt, ltr, ltrs, lit., liter, liters, litre, litres, literben, Litern, litri, litros, litro, "
               "litry, litr, litru, litrov, km/l, kml, kmpl"))
@@ -136,7 +137,8 @@ TEST(AWord, OfEachLanguageNamesAUnit) {
     EXPECT_EQ(exchange::unitHintOf(word).volume, VolumeUnit::UsGallon) << word;
     EXPECT_TRUE(exchange::unitHintOf(word).isGallonOpen) << word;
   }
-  for (const std::string& word : listed("US gal, gal (USA), amerikai gallon, amerikanische Gallone")) {
+  for (const std::string& word :
+       listed("US gal, US_GALLON, gal (USA), amerikai gallon, amerikanische Gallone")) {
     EXPECT_EQ(exchange::unitHintOf(word).volume, VolumeUnit::UsGallon) << word;
     EXPECT_FALSE(exchange::unitHintOf(word).isGallonOpen) << word;
   }
