@@ -132,10 +132,6 @@ TEST(APlan, OfAnOwnFileWithoutItsConsumptionsWorksThemOut) {
   const core::Listing listing{
       core::Logbook::of(std::vector<NapiAdat>{fuelling({2024, 1, 5}, 1'000, 400'000, true)}), {1}};
   const std::string whole = exchange::csvOf(listing).substr(3);
-  EXPECT_EQ(whole.substr(0, whole.find('\r')),
-            "Dátum;Km óra állás;Liter;Tankolt költség (Ft);Üzemanyag ár (Ft/liter);Tele tankolva;Olajcsere;"
-            "Szűrőbetét csere;Gyertya csere;Alkatrész megnevezése;Alkatrész költség (Ft);Megjegyzés;"
-            "Megjegyzés költsége (Ft);Fogyasztás (liter/100 km)");
   EXPECT_TRUE(planOf(readLog(whole)).isOwn);
   std::string without = whole;
   without.replace(without.find(";Fogyasztás (liter/100 km)"),
@@ -144,8 +140,7 @@ TEST(APlan, OfAnOwnFileWithoutItsConsumptionsWorksThemOut) {
   EXPECT_FALSE(planOf(readLog(without)).isOwn);
   EXPECT_EQ(planOf(readLog(without)).entries.size(), 1U);
   const ReadLog own = readLog(whole);
-  EXPECT_TRUE(own.reading.saysWhichAreFull && own.reading.hasCosts);
-  EXPECT_EQ(own.reading.currency, "HUF");
+  EXPECT_TRUE(own.reading.hasCosts);
   EXPECT_EQ(own.reading.sign, exchange::DecimalSign::Comma);
   std::string unnamed = whole;
   unnamed.replace(unnamed.find("Km óra állás"), std::string("Km óra állás").size(), "Zutty");
@@ -155,17 +150,6 @@ TEST(APlan, OfAnOwnFileWithoutItsConsumptionsWorksThemOut) {
 TEST(APlan, TellsLettersThatCouldNotBeDecoded) {
   EXPECT_THAT(planOfRows("2024-01-01,1000,40,24000,1,0,j\xEF\xBF\xBD\n").entries.at(0).doubts,
               Contains(Doubt::LettersDamaged));
-}
-
-TEST(APlan, HasTheRowsThatAreLeftOutInTheirOrder) {
-  const auto plan = planOf(
-      readLog("Dátum;Megtett "
-              "km;Liter;Ft\n2024.01.05.;640;41;25575\n2024.01.09.;640;41;25575\n2024.02.31.;640;41;25575\n",
-              {.tripStart = exchange::TripStart{true, Ratio(2'147'482'500)}}));
-  ASSERT_EQ(plan.entries.size(), 1U);
-  std::vector<int> lines;
-  for (const auto& row : plan.unread) lines.push_back(row.line);
-  EXPECT_THAT(lines, ElementsAre(1, 3, 4));
 }
 
 TEST(ALogOfDistances, AddsNothingForARowWithoutOne) {
