@@ -187,7 +187,7 @@ void ChartCanvas::arrange() {
   labels_->setTexts(placedTexts(fit, frame), frame, style_);
   walls_->setVisible(drawsDepth(content_.type));
   walls_->setRoom(frame, style_);
-  solids_->setSeries(content_, frame, chartFaces(content_.type, frame, points_), style_);
+  solids_->setSeries(content_, chartFaces(content_.type, frame, points_), style_);
   plotted_ = false;
 }
 

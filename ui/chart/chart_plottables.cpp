@@ -65,28 +65,11 @@ void ChartWalls::draw(QCPPainter* painter) {
 
 ChartSolids::ChartSolids(QCPAxis* keyAxis, QCPAxis* valueAxis) : QCPAbstractPlottable(keyAxis, valueAxis) {}
 
-void ChartSolids::setSeries(const ChartContent& content, const ChartFrame& frame,
-                            const QList<ChartFace>& faces, const ChartStyle& style) {
+void ChartSolids::setSeries(const ChartContent& content, const QList<ChartFace>& faces,
+                            const ChartStyle& style) {
   content_ = content;
-  frame_ = frame;
   faces_ = faces;
   style_ = style;
-}
-
-double ChartSolids::selectTest(const QPointF& position, bool, QVariant* details) const {
-  const int row = rowAt(faces_, position);
-  if (row > 0 && details) *details = row;
-  return row > 0 ? 0 : -1;
-}
-
-QCPRange ChartSolids::getKeyRange(bool& foundRange, QCP::SignDomain) const {
-  foundRange = frame_.rows > 0;
-  return {0.5, std::max(frame_.rows, 1) + 0.5};
-}
-
-QCPRange ChartSolids::getValueRange(bool& foundRange, QCP::SignDomain, const QCPRange&) const {
-  foundRange = frame_.rows > 0;
-  return {frame_.scale.lower, frame_.scale.upper};
 }
 
 // The depth and the markers reach beyond the rectangle of the axes.
@@ -152,10 +135,6 @@ void ChartSolids::drawMarker(QCPPainter& painter, const ChartFace& face) const {
     painter.setBrush(depth ? QColor(Qt::white) : style_.background);
   }
   painter.drawEllipse(disc);
-}
-
-void ChartSolids::drawLegendIcon(QCPPainter* painter, const QRectF& rect) const {
-  fill(painter, QPolygonF(rect), style_.series);
 }
 
 }  // namespace tarvik::ui

@@ -32,21 +32,20 @@ class ChartSolids : public QCPAbstractPlottable {
   /// Creates the plottable on two axes of a plot.
   ChartSolids(QCPAxis* keyAxis, QCPAxis* valueAxis);
 
-  /// Replaces what is drawn from the next replot on; the faces are of the content on the frame.
-  void setSeries(const ChartContent& content, const ChartFrame& frame, const QList<ChartFace>& faces,
-                 const ChartStyle& style);
+  /// Replaces what is drawn from the next replot on; the faces are of the content.
+  void setSeries(const ChartContent& content, const QList<ChartFace>& faces, const ChartStyle& style);
   /// The faces last set, in painter's order.
   const QList<ChartFace>& faces() const { return faces_; }
 
-  double selectTest(const QPointF& position, bool onlySelectable, QVariant* details) const override;
-  QCPRange getKeyRange(bool& foundRange, QCP::SignDomain signDomain) const override;
-  QCPRange getValueRange(bool& foundRange, QCP::SignDomain signDomain,
-                         const QCPRange& keyRange) const override;
+  // Asked of a plot that has the mouse, finds its own ranges or has a legend; the chart's does not.
+  double selectTest(const QPointF&, bool, QVariant*) const override { return {}; }
+  QCPRange getKeyRange(bool&, QCP::SignDomain) const override { return {}; }
+  QCPRange getValueRange(bool&, QCP::SignDomain, const QCPRange&) const override { return {}; }
 
  protected:
   QRect clipRect() const override;
   void draw(QCPPainter* painter) override;
-  void drawLegendIcon(QCPPainter* painter, const QRectF& rect) const override;
+  void drawLegendIcon(QCPPainter*, const QRectF&) const override {}
 
  private:
   bool standsOut(const ChartFace& face) const;
@@ -56,7 +55,6 @@ class ChartSolids : public QCPAbstractPlottable {
   void drawMarker(QCPPainter& painter, const ChartFace& face) const;
 
   ChartContent content_;
-  ChartFrame frame_;
   QList<ChartFace> faces_;
   ChartStyle style_;
 };

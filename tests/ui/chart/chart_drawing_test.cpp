@@ -92,6 +92,18 @@ class ChartDrawingTest : public QObject {
     QVERIFY(!isClose(at(picture, chart->pointRect(2).center()), kSelected));
   }
 
+  // From its middle along the line: the disc, paper around it, the line.
+  void aSelectedMarkerIsCutOutOfItsLine() {
+    const auto chart = newChart(ChartType::Line2D, {10, 10, 10});
+    chart->selectRow(2);
+    const QImage picture = pictureOf(*chart);
+    const QPoint middle = chart->pointRect(2).center().toPoint();
+    const QRect right(middle, QSize(14, 1));
+    QVERIFY(isClose(picture.pixelColor(right.topLeft()), kSelected));
+    QVERIFY(countIn(picture, right, [](const QColor& color) { return color.lightness() > 200; }) > 0);
+    QVERIFY(isClose(picture.pixelColor(right.topRight()), kSeries));
+  }
+
   void typeLeavesNothingOfTheOneBefore_data() { addTypes(); }
   void typeLeavesNothingOfTheOneBefore() {
     QFETCH(int, type);
