@@ -334,6 +334,8 @@ class ImportPreviewTest : public QObject {
           QCOMPARE(state(preview), QStringLiteral("Válaszd ki, melyik szó jelenti, hogy tele lett a tank!"));
           QCOMPARE(box(preview, "cmbTele")->itemText(0), QStringLiteral("„csurig” (1 sor)"));
           choose(preview, "cmbTele", 0);
+          QCOMPARE(rowsOf(preview)->index(1, 4).data().toString(), QStringLiteral("X"));
+          QCOMPARE(rowsOf(preview)->index(2, 4).data().toString(), QString());
           takeOver(preview);
         }));
     QCOMPARE(csv.stored().at(0).Teletank, core::kFlagSet);
@@ -349,6 +351,9 @@ class ImportPreviewTest : public QObject {
           auto* first = box(preview, "cmbOszlop_0");
           QCOMPARE(first->accessibleName(), QStringLiteral("A(z) „A&B <b>%1” oszlop jelentése"));
           QCOMPARE(label(preview, "lbOszlop_0"), QStringLiteral("A&B <b>%1"));
+          const auto* head = preview.findChild<QLabel*>("lbOszlop_0");
+          QVERIFY(first->geometry().bottom() < head->y());
+          QVERIFY(head->geometry().bottom() < preview.findChild<QLabel*>("lbErtek_0_0")->y());
           choose(preview, "cmbOszlop_0", static_cast<int>(exchange::Meaning::Day));
           choose(preview, "cmbOszlop_1", static_cast<int>(exchange::Meaning::Odometer));
           QCOMPARE(state(preview), QStringLiteral("Válaszd ki, melyik oszlop a tankolt mennyiség!"));

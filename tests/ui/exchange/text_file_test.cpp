@@ -32,6 +32,8 @@ class TextFileTest : public QObject {
     QCOMPARE(decoded(""), "");
     QCOMPARE(decoded("Km \xC5\x91r"), "Km őr");
     QCOMPARE(decoded("Vid\xE9"), "Vidé");  // half a letter: Windows-1250
+    for (const char* letter : {"\u0080", "\u07FF", "\u0800", "\uFFFD", "\U00010000", "\U0010FFFF"})
+      QCOMPARE(decoded(letter), QString::fromUtf8(letter));  // the first and the last of two to four bytes
   }
 
   void oneDamagedLetterDoesNotMakeItAnotherEncoding() {
