@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cerrno>
 
 #include "core/dated_sets.h"
@@ -18,7 +17,6 @@
 #include "settings/vehicles.h"
 #include "tests/support/expect_failure.h"
 #include "tests/support/fixed_clock.h"
-#include "tests/support/intercepted_file_system.h"
 #include "tests/support/memory_file_system.h"
 #include "tyres/tyre_set.h"
 
@@ -214,38 +212,6 @@ TEST_F(DatedCopiesTest, AreNotMadeOfAHouseholdThatHasNothingYet) {
   change(disk);
   EXPECT_FALSE(disk.hasFolder(kSets));
   EXPECT_EQ(net.copies().takeFailure(), std::nullopt);
-}
-
-// The first change goes on whatever call of the copy fails, and no half set has a day's name.
-TEST_F(DatedCopiesTest, KeepNobodyFromTheChangeWhenACallFails) {
-  disk_.put("/p/alkatr.dat", "old");
-  const MemoryFileSystem before = disk_;
-  int cases = 0;
-  for (const int error : {EIO, ENOSPC, EACCES, EROFS, test::FailurePlan::kShortWrite})
-    for (const bool staysBroken : {false, true})
-      for (int nth = 1; nth <= 400; ++nth) {
-        MemoryFileSystem disk = before;
-        test::FailingFileSystem failing(disk, {nth, error, staysBroken});
-        DatedCopies copies(failing, folders_, clock_);
-        copies.beforeChange();
-        const bool hasFailed = failing.hasFailed();
-        const auto failure = copies.takeFailure();
-        if (disk.hasFolder(kToday)) {
-          for (const char* file : {"/rendsz.dat", "/alkatr.dat"})
-            ASSERT_TRUE(!disk.has(kToday + file) ||
-                        disk.contents(kToday + file) == disk.contents("/p" + std::string(file)));
-        } else {
-          ASSERT_TRUE(failure.has_value()) << nth << " " << error;
-        }
-        ASSERT_EQ(disk.openFiles(), 0);
-        DatedCopies again(disk, folders_, clock_);
-        again.beforeChange();
-        ASSERT_TRUE(disk.hasFolder(kToday)) << nth << " " << error;
-        ASSERT_FALSE(disk.hasFolder(kToday + ".tmp") && !disk.hasFolder(kToday));
-        if (!hasFailed) break;
-        ++cases;
-      }
-  EXPECT_GE(cases, 300);
 }
 
 // The rule.

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "core/failure.h"
 #include "core/machine_file_system.h"
 #include "tests/core/entries.h"
@@ -84,41 +82,6 @@ class EntryEditing : public testing::Test {
 using Names = std::vector<std::string>;
 
 // Loading.
-
-TEST_F(EntryEditing, MissingLogbookIsEmptyAndCreated) {
-  EXPECT_EQ(load().count(), 0);
-  EXPECT_EQ(file(), "");
-}
-
-TEST_F(EntryEditing, PlateWithSpacesAroundItIsTheSameVehicle) {
-  write({stored(10'000, 400'000, true)});
-  EXPECT_EQ(load("  ABC123    ").count(), 1);
-  recordEntry(files_, folders_, " ABC123 ", typed("10100", "1"));
-  EXPECT_EQ(load().count(), 2);
-}
-
-TEST_F(EntryEditing, MissingVehicleFolderLoadsAsAnEmptyLogbookAndIsNotCreated) {
-  EXPECT_EQ(load("XYZ999").count(), 0);
-  EXPECT_FALSE(folder_.has("XYZ999"));
-}
-
-TEST_F(EntryEditing, PlateThatNamesNoFolderLoadsEmptyAndCreatesNothing) {
-  for (const char* plate : {"", "   ", ".", "..", "a/b", "../ABC123", "a\\b"})
-    EXPECT_EQ(load(plate).count(), 0) << plate;
-  EXPECT_EQ(folder_.names(), Names{"ABC123"});
-  EXPECT_EQ(current_.names(), Names{});
-}
-
-TEST_F(EntryEditing, PlateThatNamesNoFolderIsRefusedByEveryChange) {
-  for (const char* plate : {"", "..", "a/b", "a\\b"}) {
-    expectFailure(FailureKind::PlateUnusable, [&] { recordEntry(files_, folders_, plate, typed("1", "1")); });
-    expectFailure(FailureKind::PlateUnusable,
-                  [&] { modifyEntry(files_, folders_, plate, {.number = 1}, typed("1", "1"), ""); });
-    expectFailure(FailureKind::PlateUnusable, [&] { openDeletion(files_, folders_, plate); });
-    expectFailure(FailureKind::PlateUnusable, [&] { deleteEntry(files_, folders_, plate, {.number = 1}); });
-  }
-  EXPECT_EQ(folder_.names(), Names{"ABC123"});
-}
 
 TEST_F(EntryEditing, PlateTooLongForAFolderSaysSo) {
   const std::string plate(300, 'A');

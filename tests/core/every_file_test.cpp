@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "core/failure.h"
 #include "tests/safety/prepared_disk.h"
-#include "tests/support/expect_failure.h"
 
 // What holds for each of the program's files alike, whatever its records are.
 
@@ -62,16 +60,6 @@ TEST(EveryDeletion, TakesOverTheSurplusOfItsOwnTemporaryFileAlone) {
               deletion.record(1) + deletion.record(3) + deletion.record(3));
     EXPECT_FALSE(disk.has(own));
     for (const std::string& other : others) EXPECT_EQ(disk.contents(other), "theirs");
-  }
-}
-
-TEST(EveryChange, FailsWhereAFolderHasTheFilesName) {
-  for (const Operation& operation : operations(kCount)) {
-    SCOPED_TRACE(operation.name);
-    MemoryFileSystem disk = preparedDisk("", "");
-    disk.putFolder(operation.file(kDiskFolders));
-    expectFailure(core::FailureKind::OpenFailed, [&] { operation.run(disk, kDiskFolders); });
-    EXPECT_EQ(disk.openFiles(), 0);
   }
 }
 

@@ -2,13 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <limits>
 
-#include "core/entry_editing.h"
-#include "core/machine_file_system.h"
 #include "tests/core/entries.h"
-#include "tests/support/temporary_folder.h"
 
 namespace tarvik::core {
 namespace {
@@ -51,17 +47,13 @@ TEST(ListFilter, MonthListKeepsTheMonthOfThatYearAlone) {
   const std::vector entries{onDay({2012, 3, 15}), onDay({2013, 2, 28}), onDay({2013, 3, 1}),
                             onDay({2013, 3, 31}), onDay({2013, 4, 1}),  onDay({2014, 3, 15})};
   EXPECT_EQ(numbersOf(entries, kMonthList, {2013, 3, 20}), (Numbers{3, 4}));
+  EXPECT_EQ(numbersOf({onDay({2024, 2, 29}), onDay({2024, 3, 1})}, kMonthList, {2024, 2, 1}), (Numbers{1}));
 }
 
 TEST(ListFilter, MonthListOfDecemberEndsWithTheYear) {
   const std::vector entries{onDay({2013, 11, 30}), onDay({2013, 12, 1}), onDay({2013, 12, 31}),
                             onDay({2014, 1, 1})};
   EXPECT_EQ(numbersOf(entries, kMonthList, {2013, 12, 5}), (Numbers{2, 3}));
-}
-
-TEST(ListFilter, MonthListKnowsTheLeapDay) {
-  const std::vector entries{onDay({2024, 2, 29}), onDay({2024, 3, 1})};
-  EXPECT_EQ(numbersOf(entries, kMonthList, {2024, 2, 1}), (Numbers{1}));
 }
 
 TEST(ListFilter, YearListKeepsTheYear) {
@@ -173,8 +165,10 @@ NapiAdat atKm(std::int32_t km, CalendarDate date = {2013, 7, 5}) {
   return fuelling(date, km, kLitre, false);
 }
 
-TEST(ListDistance, RunsFromRowToRow) {
+TEST(ListDistance, RunsFromRowToRowAndStartsAnewAfterAReadingOfZero) {
   EXPECT_EQ(distances(listingOf({atKm(10'000), atKm(10'400), atKm(10'350)})), (Cells{"0", "400", "-50"}));
+  EXPECT_EQ(distances(listingOf({atKm(0), atKm(10'000), atKm(0), atKm(10'500), atKm(10'600)})),
+            (Cells{"0", "0", "-10000", "0", "100"}));
 }
 
 TEST(ListDistance, EntriesLeftOutByTheFilterDoNotCount) {
@@ -183,11 +177,6 @@ TEST(ListDistance, EntriesLeftOutByTheFilterDoNotCount) {
   const Listing listing = listingOf(entries, {kYearList, dayOf({2013, 1, 1})});
   EXPECT_EQ(distances(listing), (Cells{"0", "900"}));
   EXPECT_EQ(listing.cell(1, kRecColumn), "3");
-}
-
-TEST(ListDistance, AfterAReadingOfZeroItStartsAnew) {
-  EXPECT_EQ(distances(listingOf({atKm(0), atKm(10'000), atKm(0), atKm(10'500), atKm(10'600)})),
-            (Cells{"0", "0", "-10000", "0", "100"}));
 }
 
 TEST(ListDistance, BetweenTheFarthestReadingsIsShownWhole) {
@@ -211,33 +200,6 @@ TEST(LongestDistance, TakesTheSignForALetter) {
 TEST(LongestDistance, IsWholeBetweenTheFarthestReadings) {
   using Limits = std::numeric_limits<std::int32_t>;
   EXPECT_EQ(longestDistance(listingOf({atKm(Limits::max()), atKm(Limits::min())})), "-4294967295");
-}
-
-// Files that nobody wrote.
-
-class ListedFile : public testing::Test {
- protected:
-  Listing listed(ListFilter filter = {}) {
-    Listing listing{loadLogbook(files_, folders_, "ABC123"), {}};
-    listing.numbers = listedEntries(listing.logbook, filter);
-    return listing;
-  }
-  void write(std::string_view contents) {
-    folder_.makeFolder("ABC123");
-    folder_.write("ABC123/napiadat.dat", contents);
-  }
-
-  test::TemporaryFolder folder_;
-  MachineFileSystem files_;
-  DataFolders folders_{folder_.path(), folder_.path()};
-};
-
-TEST_F(ListedFile, Of100MegabytesShowsItsFirst32767Entries) {
-  write("");
-  std::filesystem::resize_file(folder_ / "ABC123/napiadat.dat", 100'000'000);
-  const Listing listing = listed();
-  EXPECT_EQ(listing.rows(), 32'767);
-  EXPECT_EQ(listing.cell(32'766, kRecColumn), "32767");
 }
 
 }  // namespace

@@ -1,8 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "core/record_file.h"
-#include "tests/safety/prepared_disk.h"
 #include "tests/support/looking.h"
+#include "tests/support/operations.h"
 
 // Damaged files: nothing that is done with them may crash, hang or be undefined (the sanitizers watch), and
 // every record that can be read is shown.
@@ -94,16 +93,6 @@ TEST_P(DamageTest, AnyCountOfRecords) {
 
 INSTANTIATE_TEST_SUITE_P(Files, DamageTest, testing::ValuesIn(recordKinds()),
                          [](const auto& kind) { return kind.param.name; });
-
-// More records than numbers: as many as have one are read, and none can be added.
-TEST(DamageOnDiskTest, RecordsPastTheHighestNumberAreNotRead) {
-  for (const Operation& operation : operations(1)) {
-    const std::size_t length = operation.recordLength;
-    MemoryFileSystem disk = preparedDisk(operation.file(kDiskFolders), std::string(32'768 * length, '\0'));
-    EXPECT_EQ(core::readRecords(disk, operation.file(kDiskFolders), length).size, 32'767 * length)
-        << operation.name;
-  }
-}
 
 }  // namespace
 }  // namespace tarvik::test

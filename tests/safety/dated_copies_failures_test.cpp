@@ -139,9 +139,14 @@ TEST_F(DatedCopiesFailuresTest, LeaveWholeSetsWhateverCallFails) {
         FailingFileSystem failing(disk, {nth, error, staysBroken});
         core::DatedCopies copies(failing, folders_, clock_);
         copies.beforeChange();
-        const bool isTold = copies.takeFailure().has_value() || !copies.takeLeftOut().empty();
+        const bool hasFailed = copies.takeFailure().has_value();
+        const bool isTold = hasFailed || !copies.takeLeftOut().empty();
         expectData(disk);
-        ASSERT_TRUE(isTold || disk.hasFolder(kSets + kNow));
+        ASSERT_EQ(disk.openFiles(), 0);
+        ASSERT_TRUE(hasFailed || disk.hasFolder(kSets + kNow));
+        for (const std::string file : {"/rendsz.dat", "/Gumik.dat", "/ABC-123/napiadat.dat"})
+          ASSERT_TRUE(!disk.has(kSets + kNow + file) ||
+                      disk.contents(kSets + kNow + file) == disk.contents("/p" + file));
         ASSERT_GE(setsOn(disk), 15U) << "an old set went before the new one was there";
         if (!isTold) expectWholeSets(disk);
         if (HasFatalFailure()) return;

@@ -242,6 +242,9 @@ TEST_F(PlacesTest, APlateNeverLeavesTheProgramFolder) {
     expectFailure(core::FailureKind::PlateUnusable,
                   [&] { core::recordEntry(files_, folders_, plate, entry); });
     expectFailure(core::FailureKind::PlateUnusable,
+                  [&] { core::modifyEntry(files_, folders_, plate, {.number = 1}, entry, ""); });
+    expectFailure(core::FailureKind::PlateUnusable, [&] { core::openDeletion(files_, folders_, plate); });
+    expectFailure(core::FailureKind::PlateUnusable,
                   [&] { core::deleteEntry(files_, folders_, plate, {.number = 1}); });
     EXPECT_EQ(core::loadLogbook(files_, folders_, plate).count(), 0);
   }
