@@ -5,6 +5,7 @@
 #include <cerrno>
 
 #include "core/record_file.h"
+#include "tests/support/bytes.h"
 #include "tests/support/expect_failure.h"
 #include "tests/support/intercepted_file_system.h"
 #include "tests/support/memory_file_system.h"
@@ -12,13 +13,10 @@
 namespace tarvik::core {
 namespace {
 
+using test::bytesOf;
 using test::expectFailure;
 
 constexpr std::size_t kLength = 4;
-
-std::span<const std::byte> bytes(std::string_view text) {
-  return std::as_bytes(std::span(text.data(), text.size()));
-}
 
 // Records of four characters in the files /f/a and /f/b.
 class HistoryTest : public testing::Test {
@@ -29,10 +27,10 @@ class HistoryTest : public testing::Test {
   }
 
   RecordFile opened(const std::string& name) { return RecordFile(disk_, "/f/" + name, kLength); }
-  void add(const std::string& name, std::string_view record) { opened(name).append(bytes(record)); }
+  void add(const std::string& name, std::string_view record) { opened(name).append(bytesOf(record)); }
   void rewrite(const std::string& name, std::int64_t number, std::string_view record) {
     RecordFile file = opened(name);
-    file.rewrite(file.seen(number), bytes(record));
+    file.rewrite(file.seen(number), bytesOf(record));
   }
   void remove(const std::string& name, std::int64_t number) {
     RecordFile file = opened(name);
@@ -105,7 +103,7 @@ TEST_F(HistoryTest, MakesNoStepOfAnActionThatChangesNothingOrFails) {
     const History::Action action(history_, "semmi");
     rewrite("a", 1, "aaaa");
     expectFailure(FailureKind::RecordChanged, [&] {
-      opened("a").rewrite({.number = 1, .bytes = std::vector<std::byte>(4)}, bytes("bbbb"));
+      opened("a").rewrite({.number = 1, .bytes = std::vector<std::byte>(4)}, bytesOf("bbbb"));
     });
     EXPECT_FALSE(action.hasChanged());
   }
@@ -121,7 +119,7 @@ TEST_F(HistoryTest, MakesNoStepOfAWriteThatTheDiskRefused) {
     History history;
     failing.watch(&history);
     try {
-      RecordFile(failing, "/f/a", kLength).append(bytes("bbbb"));
+      RecordFile(failing, "/f/a", kLength).append(bytesOf("bbbb"));
     } catch (const Failure&) {
     }
     EXPECT_EQ(history.canUndo(), disk.contents("/f/a") == "aaaabbbb") << nth;
@@ -272,12 +270,12 @@ TEST_F(HistoryTest, RefusesWhereItTookAFileForUntouchedThatAnotherProgramHadChan
   TicklessFileSystem files(disk_);
   files.watch(&history_);
   const auto addZ = [&](const char* name) {
-    RecordFile(files, std::string("/f/") + name, kLength).append(bytes(std::string_view("zzz\0", 4)));
+    RecordFile(files, std::string("/f/") + name, kLength).append(bytesOf(std::string_view("zzz\0", 4)));
   };
   foreign("a", "aaaa");
   addZ("a");
   const int other = disk_.open("/f/a", OpenMode::Create);
-  disk_.write(other, bytes("AAAA"), 0);  // the same file, as long as before
+  disk_.write(other, bytesOf("AAAA"), 0);  // the same file, as long as before
   disk_.close(other);
   addZ("a");
   const std::string changed = at("a");
@@ -292,7 +290,7 @@ TEST_F(HistoryTest, ForgetsTheOldestStepsPastItsBoundAndNeverTheNewest) {
   for (int i = 0; i < 100; ++i) add("a", "aaaa");
   EXPECT_LT(small.steps(), 20U);
   EXPECT_LE(small.bytes(), 2'000U);
-  opened("a").replaceAll(bytes(at("a") + std::string(8'000, 'b')));
+  opened("a").replaceAll(bytesOf(at("a") + std::string(8'000, 'b')));
   EXPECT_EQ(small.steps(), 1U);
   small.undo(disk_);
   EXPECT_EQ(at("a"), std::string(400, 'a'));

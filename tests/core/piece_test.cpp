@@ -4,25 +4,22 @@
 
 #include <string>
 
+#include "tests/support/bytes.h"
+
 namespace tarvik::core {
 namespace {
 
-std::span<const std::byte> bytes(std::string_view text) {
-  return std::as_bytes(std::span(text.data(), text.size()));
-}
-
-std::string textOf(std::span<const std::byte> bytes) {
-  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
-}
+using test::bytesOf;
+using test::textOf;
 
 TEST(DifferingPieceTest, IsTheSmallest) {
-  const Piece piece = differingPiece(bytes("aabbcc"), bytes("aaxcc"));
+  const Piece piece = differingPiece(bytesOf("aabbcc"), bytesOf("aaxcc"));
   EXPECT_EQ(piece.at, 2U);
   EXPECT_EQ(textOf(piece.removed), "bb");
   EXPECT_EQ(textOf(piece.added), "x");
-  EXPECT_EQ(textOf(differingPiece(bytes("aaa"), bytes("aaaa")).added), "a");
-  EXPECT_EQ(textOf(differingPiece(bytes("aaaa"), bytes("aaa")).removed), "a");
-  EXPECT_TRUE(differingPiece(bytes("aaa"), bytes("aaa")).isEmpty());
+  EXPECT_EQ(textOf(differingPiece(bytesOf("aaa"), bytesOf("aaaa")).added), "a");
+  EXPECT_EQ(textOf(differingPiece(bytesOf("aaaa"), bytesOf("aaa")).removed), "a");
+  EXPECT_TRUE(differingPiece(bytesOf("aaa"), bytesOf("aaa")).isEmpty());
   EXPECT_TRUE(differingPiece({}, {}).isEmpty());
 }
 
@@ -32,23 +29,23 @@ TEST(DifferingPieceTest, IsFoundAtAnyPlaceOfLongContents) {
   for (const std::size_t at : {0U, 1U, 4'095U, 4'096U, 4'097U, 8'191U, 8'192U, 15'903U, 15'904U, 19'999U}) {
     std::string after = before;
     after[at] = 'b';
-    const Piece piece = differingPiece(bytes(before), bytes(after));
+    const Piece piece = differingPiece(bytesOf(before), bytesOf(after));
     EXPECT_EQ(piece.at, at);
     EXPECT_EQ(textOf(piece.removed), "a") << at;
     EXPECT_EQ(textOf(piece.added), "b") << at;
-    EXPECT_FALSE(isEqual(bytes(before), bytes(after))) << at;
+    EXPECT_FALSE(isEqual(bytesOf(before), bytesOf(after))) << at;
   }
-  EXPECT_TRUE(isEqual(bytes(before), bytes(std::string(20'000, 'a'))));
-  EXPECT_FALSE(isEqual(bytes(before), bytes(std::string(19'999, 'a'))));
+  EXPECT_TRUE(isEqual(bytesOf(before), bytesOf(std::string(20'000, 'a'))));
+  EXPECT_FALSE(isEqual(bytesOf(before), bytesOf(std::string(19'999, 'a'))));
 }
 
 TEST(PieceTest, LeadsFromTheBytesBeforeToThoseAfterAndBack) {
   for (const auto& [before, after] : {std::pair("aabbcc", "aaxcc"), std::pair("aacc", "aaxyzcc"),
                                       std::pair("", "xyz"), std::pair("xyz", ""), std::pair("abc", "xyz")}) {
-    const Patch patch(differingPiece(bytes(before), bytes(after)));
-    EXPECT_EQ(textOf(applied(patch.forth(), bytes(before))), after);
-    EXPECT_EQ(textOf(applied(patch.back(), bytes(after))), before);
-    std::vector<std::byte> inPlace(bytes(before).begin(), bytes(before).end());
+    const Patch patch(differingPiece(bytesOf(before), bytesOf(after)));
+    EXPECT_EQ(textOf(applied(patch.forth(), bytesOf(before))), after);
+    EXPECT_EQ(textOf(applied(patch.back(), bytesOf(after))), before);
+    std::vector<std::byte> inPlace(bytesOf(before).begin(), bytesOf(before).end());
     applyInPlace(patch.forth(), inPlace);
     EXPECT_EQ(textOf(inPlace), after);
     applyInPlace(patch.back(), inPlace);

@@ -4,25 +4,22 @@
 #include <utility>
 #include <vector>
 
-#include "core/machine_file_system.h"
 #include "core/record_file.h"
+#include "tests/support/bytes.h"
 #include "tests/support/expect_failure.h"
 #include "tests/support/intercepted_file_system.h"
 #include "tests/support/memory_file_system.h"
-#include "tests/support/temporary_folder.h"
 
 // What happens to a record file between the calls that change it, and where a disk answers oddly.
 
 namespace tarvik::core {
 namespace {
 
+using test::bytesOf;
+
 constexpr std::size_t kLength = 4;
 const std::string kPath = "/data/file.dat";
 const std::string kTemporary = "/data/filex.dat";
-
-std::span<const std::byte> bytesOf(std::string_view text) {
-  return {reinterpret_cast<const std::byte*>(text.data()), text.size()};
-}
 
 // Does something of its own before a call, or answers in its place.
 class HookedFileSystem final : public test::InterceptedFileSystem {
@@ -334,10 +331,13 @@ TEST_F(SeenRecordTest, IsRefusedWhereSomethingElseStands) {
   expectRefused({.number = 3});    // it was none, and one came since
 }
 
-TEST_F(SeenRecordTest, ThatNeitherWasNorIsRemovesNothing) {
-  for (const std::int64_t number : {0, -1, 4}) removeSeen({.number = number});
+TEST_F(SeenRecordTest, ThatNeitherWasNorIsCannotBeRewrittenAndRemovesNothing) {
+  for (const std::int64_t number :
+       {std::int64_t{0}, std::int64_t{-1}, std::int64_t{4}, INT64_MAX, INT64_MIN}) {
+    test::expectFailure(FailureKind::RecordMissing, [&] { rewrite(number, "new!"); });
+    remove(number, kTemporary);
+  }
   EXPECT_EQ(disk_.contents(kPath), "rec1rec2rec3");
-  test::expectFailure(FailureKind::RecordMissing, [&] { rewriteSeen({.number = 4}); });
 }
 
 class LeftoverFailuresTest : public RecordFileFailuresTest {

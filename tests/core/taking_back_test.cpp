@@ -8,6 +8,7 @@
 
 #include "core/entry_editing.h"
 #include "core/safety_net.h"
+#include "tests/support/bytes.h"
 #include "tests/support/expect_failure.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/intercepted_file_system.h"
@@ -19,9 +20,7 @@ namespace {
 using test::MemoryFileSystem;
 
 std::string entry(int reading, const CalendarDate& date) {
-  const NapiAdat record{.KmOra = reading, .Datum = toStored(dayOf(date))};
-  const std::vector<std::byte> bytes = encoded(record);
-  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+  return test::textOf(encoded(NapiAdat{.KmOra = reading, .Datum = toStored(dayOf(date))}));
 }
 
 // A household whose set of yesterday has two entries of the one car, which has three by now, and the same

@@ -10,6 +10,7 @@
 #include "exchange/own_format.h"
 #include "tests/core/entries.h"
 #include "tests/exchange/reading.h"
+#include "tests/support/bytes.h"
 #include "tests/support/expect_failure.h"
 #include "tests/support/memory_file_system.h"
 
@@ -30,10 +31,6 @@ MemoryFileSystem emptyDisk() {
   MemoryFileSystem disk;
   disk.putFolder("/program");
   return disk;
-}
-
-std::string bytesOf(const core::Logbook& logbook) {
-  return {reinterpret_cast<const char*>(logbook.bytes().data()), logbook.bytes().size()};
 }
 
 std::vector<int> readings(const ImportPlan& plan) {
@@ -166,7 +163,8 @@ TEST(AnImport, IsRefusedWhenTheLogbookIsNoLongerWhatWasSeen) {
       core::Logbook::of(std::vector<NapiAdat>{fuelling({2024, 1, 1}, 500, 300'000, true)});
   const core::Logbook now =
       core::Logbook::of(std::vector<NapiAdat>{fuelling({2024, 1, 1}, 501, 300'000, true)});
-  for (const std::string& contents : {bytesOf(now), std::string(), bytesOf(seen) + bytesOf(now)}) {
+  for (const std::string& contents :
+       {textOf(now.bytes()), std::string(), textOf(seen.bytes()) + textOf(now.bytes())}) {
     MemoryFileSystem disk = emptyDisk();
     disk.put(kPath, contents);
     expectFailure(core::FailureKind::FileChanged,
@@ -336,19 +334,19 @@ TEST(AnImport, PutsTheWholeLogbookInThePlaceOfTheOneThatWasSeen) {
   const std::vector<NapiAdat> whole{fuelling({2023, 1, 5}, 100, 400'000, true), seen.record(1),
                                     fuelling({2024, 1, 9}, 1'400, 400'000, false)};
   MemoryFileSystem disk = emptyDisk();
-  disk.put(kPath, bytesOf(seen));
+  disk.put(kPath, textOf(seen.bytes()));
   exchange::importEntries(disk, kPath, seen, whole);
-  EXPECT_EQ(disk.contents(kPath), bytesOf(core::Logbook::of(whole)));
+  EXPECT_EQ(disk.contents(kPath), textOf(core::Logbook::of(whole).bytes()));
   EXPECT_EQ(disk.openFiles(), 0);
 }
 
 TEST(AnImport, PastTheHighestRecordNumberIsRefusedBeforeAnythingHappens) {
   const core::Logbook seen = bookOf({fuelling({2024, 1, 1}, 500, 300'000, true)});
   MemoryFileSystem disk = emptyDisk();
-  disk.put(kPath, bytesOf(seen));
+  disk.put(kPath, textOf(seen.bytes()));
   const std::vector<NapiAdat> many(core::kHighestRecordNumber + 1, seen.record(1));
   expectFailure(core::FailureKind::FileFull, [&] { exchange::importEntries(disk, kPath, seen, many); });
-  EXPECT_EQ(disk.contents(kPath), bytesOf(seen));
+  EXPECT_EQ(disk.contents(kPath), textOf(seen.bytes()));
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "core/text.h"
 #include "exchange/own_format.h"
 #include "tests/exchange/reading.h"
+#include "tests/support/bytes.h"
 #include "tests/support/memory_file_system.h"
 
 // What goes out comes in again unchanged, record for record.
@@ -113,10 +114,7 @@ TEST(ALogbook, InTheOrderOfItsDaysComesBackByteForByteIntoAnEmptyOne) {
     disk.putFolder("/program");
     const exchange::ImportPlan plan = planOf(readLog(textOf(fileOf(entries))));
     exchange::importEntries(disk, "/program/napiadat.dat", {}, plan.whole);
-    const core::Logbook logbook = core::Logbook::of(entries);
-    const auto bytes = logbook.bytes();
-    ASSERT_EQ(disk.contents("/program/napiadat.dat"),
-              std::string(reinterpret_cast<const char*>(bytes.data()), bytes.size()))
+    ASSERT_EQ(disk.contents("/program/napiadat.dat"), test::textOf(core::Logbook::of(entries).bytes()))
         << seed;
   }
 }

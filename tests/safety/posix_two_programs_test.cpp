@@ -15,6 +15,7 @@
 #include "core/history.h"
 #include "core/record_file.h"
 #include "core/record_list.h"
+#include "tests/support/bytes.h"
 #include "tests/support/forwarding_file_system.h"
 #include "tests/support/shared_memory_folder.h"
 #include "tests/support/temporary_folder.h"
@@ -43,10 +44,6 @@ std::string recordOf(const Kind& kind, const std::string& identity) {
 
 std::string identityIn(std::string_view record) {
   return std::string(record.substr(0, record.find(' ')));
-}
-
-std::string_view textOf(std::span<const std::byte> bytes) {
-  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
 // Waits for the other program a moment only, so that the two take turns as often as can be.
@@ -122,13 +119,13 @@ class Program {
   }
 
   bool add(const Kind& kind, const std::string& identity) {
-    opened(kind).append(std::as_bytes(std::span<const char>(recordOf(kind, identity))));
+    opened(kind).append(bytesOf(recordOf(kind, identity)));
     note('+', kind, identity);
     return true;
   }
 
   bool rewrite(const Kind& kind, const core::SeenRecord& seen, const std::string& identity) {
-    opened(kind).rewrite(seen, std::as_bytes(std::span<const char>(recordOf(kind, identity))));
+    opened(kind).rewrite(seen, bytesOf(recordOf(kind, identity)));
     note('+', kind, identity);
     note('-', kind, identityIn(textOf(seen.bytes)));
     return true;

@@ -7,6 +7,7 @@
 #include "core/record_file.h"
 #include "tests/safety/crash_checks.h"
 #include "tests/safety/prepared_disk.h"
+#include "tests/support/bytes.h"
 #include "tests/support/intercepted_file_system.h"
 
 namespace tarvik::test {
@@ -179,8 +180,7 @@ class AppendAfterAppendTest : public testing::TestWithParam<int> {
   static std::string recordOf(char fill) { return std::string(kLength - 1, fill) + '\0'; }
 
   void append(core::FileSystem& files, char fill) const {
-    const std::string record = recordOf(fill);
-    core::RecordFile(files, file_, kLength).append(std::as_bytes(std::span(record)));
+    core::RecordFile(files, file_, kLength).append(bytesOf(recordOf(fill)));
   }
 
   // The first append is stopped by the plan, the second is not; the power goes anywhere in the second.

@@ -4,6 +4,7 @@
 #include "core/record_file.h"
 #include "tests/safety/crash_checks.h"
 #include "tests/safety/prepared_disk.h"
+#include "tests/support/bytes.h"
 #include "tests/support/intercepted_file_system.h"
 
 // Savers that are wrong in the usual ways. That each is caught shows that the checks of the right ones see.
@@ -18,10 +19,6 @@ using core::OpenMode;
 const std::string kFile = "/program/data.dat";
 const std::string kNew = "/program/data.new";
 constexpr std::size_t kLength = 156;
-
-std::span<const std::byte> bytesOf(const std::string& text) {
-  return {reinterpret_cast<const std::byte*>(text.data()), text.size()};
-}
 
 // Where a wrong saver is right it reports what fails.
 void must(std::int64_t result) {
