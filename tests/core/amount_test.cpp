@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <utility>
+#include <vector>
 
 #include "tests/support/expect_failure.h"
 
@@ -22,24 +24,18 @@ TEST(Amount, IsTenThousandths) {
   EXPECT_LT(Amount{-1}, Amount{0});
 }
 
-TEST(Amount, Sum) {
+TEST(Amount, SumFailsPast64Bits) {
   EXPECT_EQ(Amount{405'000} + Amount{-5'000}, Amount{400'000});
-}
-
-TEST(Amount, SumPast64BitsFails) {
   EXPECT_EQ(kHighest + Amount{0}, kHighest);
   expectFailure(FailureKind::OutOfRange, [] { kHighest + Amount{1}; });
   expectFailure(FailureKind::OutOfRange, [] { kLowest + Amount{-1}; });
 }
 
-TEST(ToAmount, KeepsFourDecimals) {
+TEST(ToAmount, KeepsFourDecimalsRoundedHalvesToEven) {
   EXPECT_EQ(toAmount(Ratio(7)), Amount{70'000});
   EXPECT_EQ(toAmount(Ratio(-81, 2)), Amount{-405'000});
   EXPECT_EQ(toAmount(Ratio(1, 3)), Amount{3'333});
   EXPECT_EQ(toAmount(Ratio(2, 3)), Amount{6'667});
-}
-
-TEST(ToAmount, HalvesGoToTheEvenNeighbour) {
   EXPECT_EQ(toAmount(Ratio(5, 100'000)), Amount{0});
   EXPECT_EQ(toAmount(Ratio(15, 100'000)), Amount{2});
   EXPECT_EQ(toAmount(Ratio(25, 100'000)), Amount{2});
@@ -53,28 +49,21 @@ TEST(ToAmount, FailsPast64Bits) {
   expectFailure(FailureKind::OutOfRange, [] { toAmount(Ratio(1'000'000'000'000'000)); });
 }
 
-TEST(PlainText, HasAsManyDecimalsAsNeeded) {
-  EXPECT_EQ(plainText({0}), "0");
-  EXPECT_EQ(plainText({4'000'000}), "400");
-  EXPECT_EQ(plainText({405'000}), "40,5");
-  EXPECT_EQ(plainText({405'600}), "40,56");
-  EXPECT_EQ(plainText({4'051'234}), "405,1234");
-  EXPECT_EQ(plainText({5'000}), "0,5");
-  EXPECT_EQ(plainText({1}), "0,0001");
-}
-
-TEST(PlainText, NegativeAmounts) {
-  EXPECT_EQ(plainText({-1}), "-0,0001");
-  EXPECT_EQ(plainText({-70'000}), "-7");
-}
-
-TEST(PlainText, HasNoGroups) {
-  EXPECT_EQ(plainText({12'345'675'000}), "1234567,5");
-}
-
-TEST(PlainText, WholeRange) {
-  EXPECT_EQ(plainText(kHighest), "922337203685477,5807");
-  EXPECT_EQ(plainText(kLowest), "-922337203685477,5808");
+TEST(PlainText, HasAsManyDecimalsAsNeededAndNoGroups) {
+  const std::vector<std::pair<std::int64_t, const char*>> cases{
+      {0, "0"},
+      {4'000'000, "400"},
+      {405'000, "40,5"},
+      {405'600, "40,56"},
+      {4'051'234, "405,1234"},
+      {5'000, "0,5"},
+      {1, "0,0001"},
+      {-1, "-0,0001"},
+      {-70'000, "-7"},
+      {12'345'675'000, "1234567,5"},
+      {kHighest.tenThousandths, "922337203685477,5807"},
+      {kLowest.tenThousandths, "-922337203685477,5808"}};
+  for (const auto& [amount, text] : cases) EXPECT_EQ(plainText({amount}), text);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <vector>
 
 #include "tests/support/expect_failure.h"
 
@@ -25,23 +26,17 @@ constexpr DatedDay kKnownDays[] = {
     {{2012, 2, 29}, 40'968}, {{2013, 7, 5}, 41'460}, {{9999, 12, 31}, 2'958'465},
 };
 
-TEST(DayOf, CountsFrom30December1899) {
-  for (const DatedDay& known : kKnownDays) EXPECT_EQ(dayOf(known.date), Day{known.number}) << known.number;
+TEST(DayOf, CountsFrom30December1899AndBack) {
+  for (const DatedDay& known : kKnownDays) {
+    EXPECT_EQ(dayOf(known.date), Day{known.number}) << known.number;
+    EXPECT_EQ(calendarDate(Day{known.number}), known.date) << known.number;
+  }
 }
 
 TEST(DayOf, DateThatDoesNotExistFails) {
-  expectFailure(FailureKind::OutOfRange, [] { dayOf({2013, 2, 29}); });
-  expectFailure(FailureKind::OutOfRange, [] { dayOf({99, 12, 31}); });
-  expectFailure(FailureKind::OutOfRange, [] { dayOf({10'000, 1, 1}); });
-  expectFailure(FailureKind::OutOfRange, [] { dayOf({2013, 0, 1}); });
-  expectFailure(FailureKind::OutOfRange, [] { dayOf({2013, 257, 1}); });
-  expectFailure(FailureKind::OutOfRange, [] { dayOf({2013, 1, 257}); });
-  expectFailure(FailureKind::OutOfRange, [] { dayOf({2013 + 65'536, 1, 1}); });
-}
-
-TEST(CalendarDateOf, TakesTheDayApart) {
-  for (const DatedDay& known : kKnownDays)
-    EXPECT_EQ(calendarDate(Day{known.number}), known.date) << known.number;
+  const std::vector<CalendarDate> dates{{2013, 2, 29},  {99, 12, 31},   {10'000, 1, 1},       {2013, 0, 1},
+                                        {2013, 257, 1}, {2013, 1, 257}, {2013 + 65'536, 1, 1}};
+  for (const CalendarDate& date : dates) expectFailure(FailureKind::OutOfRange, [&] { dayOf(date); });
 }
 
 TEST(CalendarDateOf, DayOutsideTheCalendarFails) {
@@ -49,32 +44,21 @@ TEST(CalendarDateOf, DayOutsideTheCalendarFails) {
   expectFailure(FailureKind::OutOfRange, [] { calendarDate({2'958'466}); });
 }
 
-TEST(DayFromStored, DropsTheTimeOfDay) {
+TEST(DayFromStored, DropsTheTimeOfDayBeforeDayZeroToo) {
   EXPECT_EQ(dayFromStored(41'460.0), Day{41'460});
   EXPECT_EQ(dayFromStored(41'460.999), Day{41'460});
   EXPECT_EQ(dayFromStored(0.5), Day{0});
-}
-
-TEST(DayFromStored, NegativeFractionIsATimeOfDayToo) {
   EXPECT_EQ(dayFromStored(-1.0), Day{-1});
   EXPECT_EQ(dayFromStored(-1.75), Day{-1});
   EXPECT_EQ(dayFromStored(-0.5), Day{0});
   EXPECT_EQ(dayFromStored(-0.0), Day{0});
 }
 
-TEST(DayFromStored, EndsOfTheCalendar) {
+TEST(DayFromStored, OutsideTheCalendarOrOfNoNumberIsNone) {
   EXPECT_EQ(dayFromStored(2'958'465.999), kLastDay);
-  EXPECT_EQ(dayFromStored(2'958'466.0), std::nullopt);
   EXPECT_EQ(dayFromStored(-657'434.999), kFirstDay);
-  EXPECT_EQ(dayFromStored(-657'435.0), std::nullopt);
-}
-
-TEST(DayFromStored, NoNumberIsNoDay) {
-  EXPECT_EQ(dayFromStored(kNoNumber), std::nullopt);
-  EXPECT_EQ(dayFromStored(kInfinity), std::nullopt);
-  EXPECT_EQ(dayFromStored(-kInfinity), std::nullopt);
-  EXPECT_EQ(dayFromStored(1e300), std::nullopt);
-  EXPECT_EQ(dayFromStored(-1e300), std::nullopt);
+  for (const double stored : {2'958'466.0, -657'435.0, kNoNumber, kInfinity, -kInfinity, 1e300, -1e300})
+    EXPECT_EQ(dayFromStored(stored), std::nullopt) << stored;
 }
 
 TEST(ToStored, IsTheDayNumber) {
@@ -104,19 +88,13 @@ TEST(DaysBetween, IsNegativeBackwards) {
       4'294'967'295);
 }
 
-TEST(ShortDate, HasElevenCharacters) {
+TEST(ShortDate, HasElevenCharactersAndADamagedOneAQuestionMark) {
   EXPECT_EQ(shortDate(dayOf({2013, 7, 5})), "2013.07.05.");
   EXPECT_EQ(shortDate(dayOf({2013, 12, 31})), "2013.12.31.");
   EXPECT_EQ(shortDate(kFirstDay), "0100.01.01.");
   EXPECT_EQ(shortDate(kLastDay), "9999.12.31.");
   EXPECT_EQ(shortDate(Day{}), "1899.12.30.");
-}
-
-TEST(ShortDate, DayOutsideTheCalendarFails) {
   expectFailure(FailureKind::OutOfRange, [] { shortDate({2'958'466}); });
-}
-
-TEST(ShortDateOfStored, DamagedDateIsAQuestionMark) {
   EXPECT_EQ(shortDateOfStored(41'460.25), "2013.07.05.");
   EXPECT_EQ(shortDateOfStored(kNoNumber), "?");
   EXPECT_EQ(shortDateOfStored(1e9), "?");
@@ -130,16 +108,15 @@ TEST(DayFromShortDate, WithAndWithoutTheFinalPoint) {
   EXPECT_EQ(dayFromShortDate("9999.12.31"), kLastDay);
 }
 
-TEST(DayFromShortDate, DateThatDoesNotExistIsNone) {
-  for (const char* text : {"2013.02.30", "2013.02.29.", "2013.13.01", "2013.00.10", "2013.04.31",
-                           "2013.04.00", "0099.12.31", "0000.00.00"})
-    EXPECT_EQ(dayFromShortDate(text), std::nullopt) << text;
-}
-
-TEST(DayFromShortDate, AnyOtherTextIsNone) {
-  for (const char* text :
-       {"", "?", ".", "2013.07.0", "2013.7.5.", "2013-07-05", "2013.07.05..", "2013.07.05,", " 2013.07.05",
-        "2013.07.05. ", "2013.07.0a", "-013.07.05", "2013.07.05.x", "13.07.05."})
+TEST(DayFromShortDate, OfAnotherTextOrADateThatDoesNotExistIsNone) {
+  for (const char* text : {"2013.02.30",  "2013.02.29.", "2013.13.01",
+                           "2013.00.10",  "2013.04.31",  "2013.04.00",
+                           "0099.12.31",  "0000.00.00",  "",
+                           "?",           ".",           "2013.07.0",
+                           "2013.7.5.",   "2013-07-05",  "2013.07.05..",
+                           "2013.07.05,", " 2013.07.05", "2013.07.05. ",
+                           "2013.07.0a",  "-013.07.05",  "2013.07.05.x",
+                           "13.07.05."})
     EXPECT_EQ(dayFromShortDate(text), std::nullopt) << text;
 }
 

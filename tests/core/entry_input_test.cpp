@@ -4,6 +4,7 @@
 
 #include <limits>
 #include <utility>
+#include <vector>
 
 #include "tests/support/expect_failure.h"
 
@@ -33,34 +34,25 @@ EntryInput filledInput() {
 
 // The defaults of blank fields.
 
-TEST(EntryDefaults, BlankCostsLitresAndPriceBecomeZero) {
+TEST(EntryDefaults, BlankCostsLitresAndPriceBecomeZeroAndTheRestStays) {
   EntryInput blank;
   blank.tankoltKtg = "   ";
-  blank.megjKtg = " ";
+  blank.alkatresz = blank.megjKtg = " ";
   const EntryInput input = withDefaults(blank);
   EXPECT_EQ(input.tankoltLiter, "0");
   EXPECT_EQ(input.tankoltKtg, "0");
   EXPECT_EQ(input.ftPerLiter, "0");
   EXPECT_EQ(input.alkatreszKtg, "0");
   EXPECT_EQ(input.megjKtg, "0");
-}
-
-TEST(EntryDefaults, BlankOdometerAndTextsStay) {
-  EntryInput blank;
-  blank.alkatresz = " ";
-  const EntryInput input = withDefaults(blank);
   EXPECT_EQ(input.kmOra, "");
   EXPECT_EQ(input.alkatresz, " ");
   EXPECT_EQ(input.megjegyzes, "");
-}
-
-TEST(EntryDefaults, FilledFieldsStay) {
-  const EntryInput input = withDefaults(filledInput());
-  EXPECT_EQ(input.tankoltLiter, "40,5");
-  EXPECT_EQ(input.tankoltKtg, "16200");
-  EXPECT_EQ(input.ftPerLiter, "400,00");
-  EXPECT_EQ(input.alkatreszKtg, "2500");
-  EXPECT_EQ(input.megjKtg, "100");
+  const EntryInput filled = withDefaults(filledInput());
+  EXPECT_EQ(filled.tankoltLiter, "40,5");
+  EXPECT_EQ(filled.tankoltKtg, "16200");
+  EXPECT_EQ(filled.ftPerLiter, "400,00");
+  EXPECT_EQ(filled.alkatreszKtg, "2500");
+  EXPECT_EQ(filled.megjKtg, "100");
 }
 
 // From the fields to the entry.
@@ -132,33 +124,23 @@ TEST(EntryFromInput, OdometerFieldTakesItsWholeRangeAndNoMore) {
   }
 }
 
-TEST(EntryFromInput, FigureThatDoesNotFitIsToldByItsField) {
-  const auto failing = [](std::string EntryInput::*member, const char* field) {
+TEST(EntryFromInput, WhatIsNoNumberOrDoesNotFitIsToldByItsField) {
+  const std::pair<std::string EntryInput::*, const char*> fields[] = {
+      {&EntryInput::kmOra, "txKmOra"},
+      {&EntryInput::tankoltLiter, "txTankoltLiter"},
+      {&EntryInput::tankoltKtg, "txTankoltKtg"},
+      {&EntryInput::ftPerLiter, "lbFtperLiter"},
+      {&EntryInput::alkatreszKtg, "txAlkatreszKtg"},
+      {&EntryInput::megjKtg, "txMegjKtg"}};
+  for (const auto& [member, field] : fields) {
     EntryInput input = filledInput();
     input.*member = "1000000000000000000";
     expectFieldFailure(FailureKind::OutOfRange, field, [&] { toEntry(input); });
-  };
-  failing(&EntryInput::tankoltLiter, "txTankoltLiter");
-  failing(&EntryInput::tankoltKtg, "txTankoltKtg");
-  failing(&EntryInput::ftPerLiter, "lbFtperLiter");
-  failing(&EntryInput::alkatreszKtg, "txAlkatreszKtg");
-  failing(&EntryInput::megjKtg, "txMegjKtg");
-}
-
-TEST(EntryFromInput, TextThatIsNoNumberIsToldByItsField) {
-  const auto failing = [](std::string EntryInput::*member, const char* field) {
     for (const char* text : {"x", "12a", "1.5", "-", "", "1,2,3"}) {
-      EntryInput input = filledInput();
       input.*member = text;
       expectFieldFailure(FailureKind::NotANumber, field, [&] { toEntry(input); });
     }
-  };
-  failing(&EntryInput::kmOra, "txKmOra");
-  failing(&EntryInput::tankoltLiter, "txTankoltLiter");
-  failing(&EntryInput::tankoltKtg, "txTankoltKtg");
-  failing(&EntryInput::ftPerLiter, "lbFtperLiter");
-  failing(&EntryInput::alkatreszKtg, "txAlkatreszKtg");
-  failing(&EntryInput::megjKtg, "txMegjKtg");
+  }
 }
 
 // From the entry to the fields.
@@ -213,53 +195,36 @@ TEST(InputFromEntry, TimeOfDayIsDropped) {
 
 // The consumption that goes with an entry.
 
-TEST(StoredConsumption, IsTheShownFigure) {
-  EXPECT_EQ(storedConsumption("7,00").tenThousandths, 70'000);
-  EXPECT_EQ(storedConsumption("12,34").tenThousandths, 123'400);
-  EXPECT_EQ(storedConsumption("-7,50").tenThousandths, -75'000);
-  EXPECT_EQ(storedConsumption("1234,56").tenThousandths, 12'345'600);
-}
-
-TEST(StoredConsumption, IsZeroForATextWithoutAFigure) {
-  for (const char* text : {"", "Nem volt teletankolva!", "Nem volt tankolás!", ",00", "0,00"})
+TEST(StoredConsumption, IsTheShownFigureAndZeroBelowOneBecauseTheCommaEndsThePlainNumber) {
+  const std::vector<std::pair<const char*, std::int64_t>> figures{
+      {"7,00", 70'000}, {"12,34", 123'400}, {"-7,50", -75'000}, {"1234,56", 12'345'600}, {"1,00", 10'000}};
+  for (const auto& [text, stored] : figures)
+    EXPECT_EQ(storedConsumption(text).tenThousandths, stored) << text;
+  for (const char* text :
+       {"", "Nem volt teletankolva!", "Nem volt tankolás!", ",00", "0,00", ",50", "0,99", "-,75"})
     EXPECT_EQ(storedConsumption(text), Amount{}) << text;
-}
-
-TEST(StoredConsumption, IsZeroBelowOneBecauseTheCommaEndsThePlainNumber) {
-  EXPECT_EQ(storedConsumption(",50"), Amount{});
-  EXPECT_EQ(storedConsumption("0,99"), Amount{});
-  EXPECT_EQ(storedConsumption("-,75"), Amount{});
-  EXPECT_EQ(storedConsumption("1,00").tenThousandths, 10'000);
 }
 
 // The price while typing.
 
-TEST(PricePerLitre, IsCostByLitres) {
-  EXPECT_EQ(pricePerLitre("16200", "40,5"), Text("400,00"));
-  EXPECT_EQ(pricePerLitre("1", "3"), Text(",33"));
-  EXPECT_EQ(pricePerLitre("2", "3"), Text(",67"));
-  EXPECT_EQ(pricePerLitre("1234567", "1"), Text("1234567,00"));
-  EXPECT_EQ(pricePerLitre("-16200", "40,5"), Text("-400,00"));
-}
-
-TEST(PricePerLitre, TakesACostWithFractionAsAWholeNumber) {
-  EXPECT_EQ(pricePerLitre("100,5", "1"), Text("100,00"));
-  EXPECT_EQ(pricePerLitre("101,5", "1"), Text("102,00"));
-  EXPECT_EQ(pricePerLitre("0,4", "1"), Text(",00"));
-}
-
-TEST(PricePerLitre, RoundsHalvesAwayFromZeroOnTheTrueFraction) {
-  EXPECT_EQ(pricePerLitre("3501", "200"), Text("17,51"));  // 17.505
-  EXPECT_EQ(pricePerLitre("-3501", "200"), Text("-17,51"));
+TEST(PricePerLitre, IsTheCostAsAWholeNumberByLitresHalvesAwayFromZero) {
+  struct Price {
+    const char* cost;
+    const char* litres;
+    const char* shown;
+  };
+  for (const Price& price :
+       {Price{"16200", "40,5", "400,00"}, Price{"-16200", "40,5", "-400,00"}, Price{"1", "3", ",33"},
+        Price{"2", "3", ",67"}, Price{"1234567", "1", "1234567,00"}, Price{"100,5", "1", "100,00"},
+        Price{"101,5", "1", "102,00"}, Price{"0,4", "1", ",00"}, Price{"3501", "200", "17,51"},
+        Price{"-3501", "200", "-17,51"}})  // 17.505
+    EXPECT_EQ(pricePerLitre(price.cost, price.litres), Text(price.shown)) << price.cost;
 }
 
 TEST(PricePerLitre, StaysWhileAFieldIsEmptyZeroOrNoNumber) {
-  EXPECT_EQ(pricePerLitre("", "40"), std::nullopt);
-  EXPECT_EQ(pricePerLitre("16200", ""), std::nullopt);
-  EXPECT_EQ(pricePerLitre("0", "40"), std::nullopt);
-  EXPECT_EQ(pricePerLitre("16200", "0,00"), std::nullopt);
-  EXPECT_EQ(pricePerLitre("16200", "x"), std::nullopt);
-  EXPECT_EQ(pricePerLitre("1.5", "40"), std::nullopt);
+  for (const auto& [cost, litres] : std::vector<std::pair<const char*, const char*>>{
+           {"", "40"}, {"16200", ""}, {"0", "40"}, {"16200", "0,00"}, {"16200", "x"}, {"1.5", "40"}})
+    EXPECT_EQ(pricePerLitre(cost, litres), std::nullopt) << cost << " " << litres;
 }
 
 // What a numeric field keeps; the cursor is behind the first text.
@@ -270,45 +235,28 @@ std::string keptOf(std::string typed) {
   return kept.before;
 }
 
-TEST(NumericPart, ALetterIsRemovedAtOnce) {
-  EXPECT_EQ(keptOf("12a"), "12");
-  EXPECT_EQ(keptOf("a"), "");
-  EXPECT_EQ(keptOf("12ő"), "12");
-  EXPECT_EQ(keptOf("40.5"), "40");
-}
-
 TEST(NumericPart, ANumberStaysAsItWasTyped) {
-  for (const char* number : {"", "12", "40,", "40,5", "-3", ",5", "1 234",
-                             "1\xC2\xA0"
-                             "234"})
+  for (const char* number : {"", "12", "40,", "40,5", "-3", ",5", "1 234", "1\u00A0234"})
     EXPECT_EQ(keptOf(number), number);
 }
 
-TEST(NumericPart, AStrayLetterGoesAloneWhereverItStands) {
+TEST(NumericPart, LettersAndMalformedBytesGoAlone) {
+  const std::vector<std::pair<const char*, const char*>> typedAndKept{
+      {"12a", "12"},       {"a", ""},         {"12ő", "12"},       {"40.5", "40"},
+      {"9x1234", "91234"}, {"12 abc", "12 "}, {"1a2b3", "123"},    {"árvíztűrő", ""},
+      {"1,2,3", "1,2"},    {"12\xC5", "12"},  {"\x80\x80\x80", ""}};
+  for (const auto& [typed, kept] : typedAndKept) EXPECT_EQ(keptOf(typed), kept);
+}
+
+TEST(NumericPart, AStrayLetterOrASecondCommaGoesWhereItWasTyped) {
   EXPECT_EQ(numericPart({"9x", "1234"}), (TextAtCursor{"9", "1234"}));
   EXPECT_EQ(numericPart({"9ő", "1234,5"}), (TextAtCursor{"9", "1234,5"}));
   EXPECT_EQ(numericPart({"x", "12"}), (TextAtCursor{"", "12"}));
   EXPECT_EQ(numericPart({"12", "x"}), (TextAtCursor{"12", ""}));
-}
-
-TEST(NumericPart, ASecondCommaGoesWhereItWasTyped) {
   EXPECT_EQ(numericPart({"1,", "2,5"}), (TextAtCursor{"1", "2,5"}));
   EXPECT_EQ(numericPart({"12,5,", ""}), (TextAtCursor{"12,5", ""}));
   EXPECT_EQ(numericPart({"12-", "5"}), (TextAtCursor{"12", "5"}));
   EXPECT_EQ(numericPart({"", "1,2,3"}), (TextAtCursor{"", "1,2"}));
-}
-
-TEST(NumericPart, PastedTextLosesItsLettersAlone) {
-  EXPECT_EQ(keptOf("9x1234"), "91234");
-  EXPECT_EQ(keptOf("12 abc"), "12 ");
-  EXPECT_EQ(keptOf("1a2b3"), "123");
-  EXPECT_EQ(keptOf("árvíztűrő"), "");
-  EXPECT_EQ(keptOf("1,2,3"), "1,2");
-}
-
-TEST(NumericPart, MalformedTextGoesWithoutACrash) {
-  EXPECT_EQ(keptOf("12\xC5"), "12");
-  EXPECT_EQ(keptOf("\x80\x80\x80"), "");
 }
 
 // Whether a logbook has what is typed.

@@ -30,47 +30,35 @@ Bytes marked(std::size_t size) {
   return Bytes(size, std::byte{0xAA});
 }
 
-TEST(Int16, IsLittleEndianTwosComplement) {
-  Bytes bytes = marked(4);
-  writeField<std::int16_t>(bytes, 1, 0x1234);
-  EXPECT_EQ(bytes, bytesOf({0xAA, 0x34, 0x12, 0xAA}));
-  EXPECT_EQ(readField<std::int16_t>(bytes, 1), 0x1234);
-  writeField<std::int16_t>(bytes, 1, -2);
-  EXPECT_EQ(bytes, bytesOf({0xAA, 0xFE, 0xFF, 0xAA}));
-  EXPECT_EQ(readField<std::int16_t>(bytes, 1), -2);
-  EXPECT_EQ(readField<std::int16_t>(bytesOf({0x00, 0x80}), 0), -32'768);
+// A value is written as these bytes between two others, and read back.
+template <typename T>
+void expectBytes(T value, std::initializer_list<int> expected) {
+  Bytes bytes = marked(expected.size() + 2);
+  writeField<T>(bytes, 1, value);
+  Bytes whole = bytesOf(expected);
+  whole.insert(whole.begin(), std::byte{0xAA});
+  whole.push_back(std::byte{0xAA});
+  EXPECT_EQ(bytes, whole);
+  EXPECT_EQ(readField<T>(bytes, 1), value);
 }
 
-TEST(Int32, IsLittleEndianTwosComplement) {
-  Bytes bytes = marked(6);
-  writeField<std::int32_t>(bytes, 1, 0x12345678);
-  EXPECT_EQ(bytes, bytesOf({0xAA, 0x78, 0x56, 0x34, 0x12, 0xAA}));
-  EXPECT_EQ(readField<std::int32_t>(bytes, 1), 0x12345678);
-  writeField<std::int32_t>(bytes, 1, -2'500);
-  EXPECT_EQ(bytes, bytesOf({0xAA, 0x3C, 0xF6, 0xFF, 0xFF, 0xAA}));
-  EXPECT_EQ(readField<std::int32_t>(bytes, 1), -2'500);
-  EXPECT_EQ(readField<std::int32_t>(bytesOf({0x00, 0x00, 0x00, 0x80}), 0),
-            std::numeric_limits<std::int32_t>::min());
+TEST(IntegerField, IsLittleEndianTwosComplement) {
+  expectBytes<std::int16_t>(0x1234, {0x34, 0x12});
+  expectBytes<std::int16_t>(-2, {0xFE, 0xFF});
+  expectBytes<std::int16_t>(-32'768, {0x00, 0x80});
+  expectBytes<std::int32_t>(0x12345678, {0x78, 0x56, 0x34, 0x12});
+  expectBytes<std::int32_t>(-2'500, {0x3C, 0xF6, 0xFF, 0xFF});
+  expectBytes<std::int32_t>(std::numeric_limits<std::int32_t>::min(), {0x00, 0x00, 0x00, 0x80});
 }
 
 TEST(AmountField, IsTenThousandthsInEightBytes) {
-  Bytes bytes = marked(10);
-  writeField<Amount>(bytes, 1, {70'000});
-  EXPECT_EQ(bytes, bytesOf({0xAA, 0x70, 0x11, 0x01, 0, 0, 0, 0, 0, 0xAA}));
-  EXPECT_EQ(readField<Amount>(bytes, 1), Amount{70'000});
-  writeField<Amount>(bytes, 1, {-1});
-  EXPECT_EQ(bytes, bytesOf({0xAA, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xAA}));
-  EXPECT_EQ(readField<Amount>(bytes, 1), Amount{-1});
+  expectBytes<Amount>({70'000}, {0x70, 0x11, 0x01, 0, 0, 0, 0, 0});
+  expectBytes<Amount>({-1}, {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF});
 }
 
 TEST(DateField, IsADoubleOfDays) {
-  Bytes bytes = marked(10);
-  writeField<double>(bytes, 1, 1.0);
-  EXPECT_EQ(bytes, bytesOf({0xAA, 0, 0, 0, 0, 0, 0, 0xF0, 0x3F, 0xAA}));
-  EXPECT_EQ(readField<double>(bytes, 1), 1.0);
-  writeField<double>(bytes, 1, -1.25);
-  EXPECT_EQ(bytes, bytesOf({0xAA, 0, 0, 0, 0, 0, 0, 0xF4, 0xBF, 0xAA}));
-  EXPECT_EQ(readField<double>(bytes, 1), -1.25);
+  expectBytes<double>(1.0, {0, 0, 0, 0, 0, 0, 0xF0, 0x3F});
+  expectBytes<double>(-1.25, {0, 0, 0, 0, 0, 0, 0xF4, 0xBF});
 }
 
 TEST(DateField, DamagedOneIsReadAsItIs) {
