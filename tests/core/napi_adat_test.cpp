@@ -74,12 +74,9 @@ Bytes goldenBytes() {
       "08 DB FE FF FF FF FF FF");              // Fogyasztas -7.5 = -75,000 = -124F8 hex
 }
 
-TEST(NapiAdat, GoldenBytesAreWritten) {
+TEST(NapiAdat, GoldenBytesAreWrittenAndRead) {
   ASSERT_EQ(goldenBytes().size(), 156u);
   EXPECT_EQ(encoded(goldenEntry()), goldenBytes());
-}
-
-TEST(NapiAdat, GoldenBytesAreRead) {
   EXPECT_EQ(core::decoded<NapiAdat>(goldenBytes()), goldenEntry());
 }
 

@@ -17,14 +17,11 @@ Logbook logbookOf(const std::vector<std::int32_t>& readings) {
 
 constexpr EarlierReadings kNew{.last = 241'419, .before = 241'419};
 
-TEST(EarlierReadings, AreTheLastOneAndTheOneBeforeTheChosenEntry) {
+TEST(EarlierReadings, AreTheLastOneAndTheOneBeforeTheChosenEntryWithAReading) {
   const Logbook logbook = logbookOf({100, 200, 0, 300, 400});
   EXPECT_EQ(earlierReadings(logbook, 0), (EarlierReadings{400, 400}));
   EXPECT_EQ(earlierReadings(logbook, 5), (EarlierReadings{400, 300}));
   EXPECT_EQ(earlierReadings(logbook, 4), (EarlierReadings{400, 200}));
-}
-
-TEST(EarlierReadings, LeaveOutEntriesWithoutAReading) {
   EXPECT_EQ(earlierReadings(logbookOf({0, 200, 0, 0}), 0), (EarlierReadings{200, 200}));
 }
 
@@ -52,6 +49,8 @@ TEST(DoubtOf, NothingIsSaidOfNoReadingAndBesideNone) {
   for (const char* typed : {"", "0", "abc", "-"}) EXPECT_EQ(doubtOf(typed, kNew), std::nullopt) << typed;
   EXPECT_EQ(doubtOf("5", {}), std::nullopt);
   EXPECT_EQ(doubtOf("999999", {}), std::nullopt);
+  for (const char* typed : {"100", "999999"})
+    EXPECT_EQ(doubtOf(typed, {.last = 500, .before = 0}), std::nullopt) << typed;
 }
 
 TEST(DoubtOf, AChosenEntryMayFollowTheOneBeforeItOrTheLastOne) {
@@ -61,11 +60,6 @@ TEST(DoubtOf, AChosenEntryMayFollowTheOneBeforeItOrTheLastOne) {
   EXPECT_EQ(doubtOf("199999", both), (ReadingDoubt{Kind::Less, 200'000}));
   EXPECT_EQ(doubtOf("203001", both), (ReadingDoubt{Kind::Far, 200'000}));
   EXPECT_EQ(doubtOf("244420", both), (ReadingDoubt{Kind::Far, 241'419}));
-}
-
-TEST(DoubtOf, NothingIsSaidOfAChosenEntryThatIsTheFirst) {
-  for (const char* typed : {"100", "999999"})
-    EXPECT_EQ(doubtOf(typed, {.last = 500, .before = 0}), std::nullopt) << typed;
 }
 
 TEST(CanStillBecomeSound, WhatFurtherDigitsCanStillMakeAReading) {

@@ -25,9 +25,11 @@ Rows foundIn(const std::vector<std::string>& texts, std::string_view typed) {
                       [&](int row) { return texts[static_cast<std::size_t>(row)]; });
 }
 
-TEST(SearchedText, IsTheDayThePartAndTheNote) {
+TEST(SearchedText, IsTheDayThePartAndTheNoteAndNoFigures) {
   EXPECT_EQ(searchedText(noted("  Fékbetét ", "Autópálya-matrica")),
             "2013.07.05.\nFékbetét\nAutópálya-matrica");
+  EXPECT_FALSE(finds("123456", noted("", "")));
+  EXPECT_FALSE(finds("40,5", noted("", "")));
 }
 
 TEST(SearchedText, HasAQuestionMarkForADamagedDay) {
@@ -36,9 +38,11 @@ TEST(SearchedText, HasAQuestionMarkForADamagedDay) {
   EXPECT_EQ(searchedText(entry), "?\n\n");
 }
 
-TEST(SearchedText, HoldsTheWordsOfEachMark) {
+TEST(SearchedText, HoldsTheWordsOfEachMarkInItsStoredForm) {
   NapiAdat entry = noted("", "Tankolás");
   for (const char* word : {"olaj", "szűrő", "szürő", "gyertya"}) EXPECT_FALSE(finds(word, entry)) << word;
+  entry.Olajcsere = 1;
+  EXPECT_FALSE(finds("olaj", entry));
   entry.Olajcsere = kFlagSet;
   for (const char* word : {"olaj", "Olajcsere", "OLAJ CSERE"}) EXPECT_TRUE(finds(word, entry)) << word;
   EXPECT_FALSE(finds("szűrő", entry));
@@ -49,17 +53,6 @@ TEST(SearchedText, HoldsTheWordsOfEachMark) {
   entry.Gyertyacsere = kFlagSet;
   for (const char* word : {"gyertya", "Gyertya csere", "gyertyacsere"})
     EXPECT_TRUE(finds(word, entry)) << word;
-}
-
-TEST(SearchedText, KnowsAMarkOnlyInItsStoredForm) {
-  NapiAdat entry = noted("", "");
-  entry.Olajcsere = 1;
-  EXPECT_FALSE(finds("olaj", entry));
-}
-
-TEST(SearchedText, HasNoFigures) {
-  EXPECT_FALSE(finds("123456", noted("", "")));
-  EXPECT_FALSE(finds("40,5", noted("", "")));
 }
 
 TEST(Search, TakesDaysByTheirBeginningAndInTheMiddle) {

@@ -219,16 +219,16 @@ TEST(DailyHint, OfTheDistanceHasTwoDigitsAtLeastAndGroups) {
   EXPECT_EQ(kmPerDay(tenDays(), " Km."), Text("00 km/nap"));
 }
 
-TEST(DailyHint, NeedsTwoDays) {
+TEST(DailyHint, NeedsTwoRowsAndTwoDaysThatCanBeRead) {
   EXPECT_EQ(costPerDay(spanning({2013, 7, 1}, {2013, 7, 2}), "100"), std::nullopt);
   EXPECT_EQ(costPerDay(spanning({2013, 7, 1}, {2013, 7, 3}), "100"), Text("50,-Ft/nap"));
   EXPECT_EQ(kmPerDay(spanning({2013, 7, 1}, {2013, 7, 1}), "100"), std::nullopt);
   EXPECT_EQ(litresPerDay(spanning({2013, 7, 11}, {2013, 7, 1}), "100"), std::nullopt);
-}
-
-TEST(DailyHint, NeedsTwoRows) {
   EXPECT_EQ(costPerDay(listingOf({}), "100"), std::nullopt);
   EXPECT_EQ(litresPerDay(listingOf({fuelling({2013, 7, 1}, 1, 0, false)}), "100"), std::nullopt);
+  Entries entries = twoFuellings();
+  entries[1].Datum = std::numeric_limits<double>::quiet_NaN();
+  EXPECT_EQ(costPerDay(listingOf(entries), "100"), std::nullopt);
 }
 
 TEST(DailyHint, CountsFromTheFirstToTheLastListedRow) {
@@ -236,12 +236,6 @@ TEST(DailyHint, CountsFromTheFirstToTheLastListedRow) {
                         fuelling({2013, 7, 5}, 3, 0, false), fuelling({2014, 1, 1}, 4, 0, false)};
   const Listing listing = listingOf(entries, {kYearList, dayOf({2013, 1, 1})});
   EXPECT_EQ(costPerDay(listing, "100 Ft."), Text("25,-Ft/nap"));
-}
-
-TEST(DailyHint, DamagedDateGivesNone) {
-  Entries entries = twoFuellings();
-  entries[1].Datum = std::numeric_limits<double>::quiet_NaN();
-  EXPECT_EQ(costPerDay(listingOf(entries), "100"), std::nullopt);
 }
 
 }  // namespace
