@@ -106,14 +106,11 @@ TEST_F(DateRemindersTest, TheCheckAtStartCreatesAMissingFileAndFindsNothing) {
   EXPECT_EQ(stored(), "");
 }
 
-TEST(DueDate, BeginsFourteenDaysAheadAndNeverEnds) {
+TEST(DueDate, BeginsFourteenDaysAheadAtMidnightAndNeverEnds) {
   EXPECT_FALSE(isDue(dateReminder(15, "x", "A"), kToday));
   EXPECT_TRUE(isDue(dateReminder(14, "x", "A"), kToday));
   EXPECT_TRUE(isDue(dateReminder(0, "x", "A"), kToday));
   EXPECT_TRUE(isDue(dateReminder(-4000, "x", "A"), kToday));
-}
-
-TEST(DueDate, WithATimeOfDayBeginsADayLater) {
   FigyDatumRec noon = dateReminder(14, "x", "A");
   noon.Mikor += 0.5;
   EXPECT_FALSE(isDue(noon, kToday));
@@ -156,9 +153,6 @@ TEST(DaysLeft, AreToldInThreeForms) {
   EXPECT_EQ(daysLeftText(core::addDays(kToday, 14), kToday), "14 nap múlva esedékes!");
   EXPECT_EQ(daysLeftText(core::addDays(kToday, 5), kToday), "5 nap múlva esedékes!");
   EXPECT_EQ(daysLeftText(kToday, kToday), " MA ESEDÉKES!!!!");
-}
-
-TEST(DaysLeft, OfAnOverdueReminderKeepTheMinusSign) {
   EXPECT_EQ(daysLeftText(core::addDays(kToday, -3), kToday), "-3 nappal túllépve!!!!");
 }
 

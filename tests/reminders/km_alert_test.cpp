@@ -127,17 +127,11 @@ TEST(AlertLine, HasItsFixedLayout) {
   EXPECT_EQ(kOlajLine.size(), 59U);
 }
 
-TEST(AlertLine, GivesItsRecordNumberBack) {
+TEST(AlertLine, GivesTheLastFourDigitsOfItsRecordNumberBack) {
   EXPECT_EQ(recordOfAlertLine(kOlajLine + "7"), 7);
   EXPECT_EQ(recordOfAlertLine(kOlajLine + "123"), 123);
   EXPECT_EQ(recordOfAlertLine(kOlajLine + "9999"), 9999);
-}
-
-TEST(AlertLine, LosesTheFirstDigitOfANumberPast9999) {
   EXPECT_EQ(recordOfAlertLine(kOlajLine + "12345"), 2345);
-}
-
-TEST(AlertLine, ThatIsShortIsReadWhole) {
   EXPECT_EQ(recordOfAlertLine(""), 0);
   EXPECT_EQ(recordOfAlertLine("12"), 12);
 }
@@ -164,17 +158,11 @@ TEST_F(AlertLinesTest, AfterADeletionAreThoseOfEveryVehicle) {
             (std::vector<std::string>{kOlajLine + "2", other, kOlajLine + "5"}));
 }
 
-TEST(KmAlertFigures, AreTheDistancesAgainstTheReading) {
+TEST(KmAlertFigures, AreTheDistancesAgainstTheReadingAndEmptyOfZero) {
   EXPECT_EQ(kmAlertFigures(kmReminder(10000, 5000, "Olaj", "A"), 16234),
             (KmAlertFigures{"6 234", "1 234", "16 234"}));
-}
-
-TEST(KmAlertFigures, OfZeroAreEmpty) {
   EXPECT_EQ(kmAlertFigures(kmReminder(10000, 0, "Olaj", "A"), 10000), (KmAlertFigures{"", "", "10 000"}));
   EXPECT_EQ(kmAlertFigures(FigyelRec{}, 0), KmAlertFigures{});
-}
-
-TEST(KmAlertFigures, MayBeNegativeAfterAnOtherVehiclesReminder) {
   EXPECT_EQ(kmAlertFigures(kmReminder(12000, 5000, "Olaj", "A"), 10000),
             (KmAlertFigures{"-2 000", "-7 000", "10 000"}));
 }

@@ -5,7 +5,6 @@
 
 #include <vector>
 
-#include "core/failure.h"
 #include "core/machine_file_system.h"
 #include "tests/support/temporary_folder.h"
 
@@ -60,62 +59,44 @@ TEST_F(LookupListTest, ATextIsAppendedAsTypedToItsOwnList) {
   EXPECT_EQ(current_.read("megjegyz.dat"), padded("Mos\xE1s", kWidth));
 }
 
-TEST(Matching, AnEntryThatContainsTheNewTextIsFoundWhateverTheCase) {
-  EXPECT_THAT(matching(listOf({"OLAJSZŰRŐ BETÉT", "Ékszíj"}), "szűrő"), ElementsAre("OLAJSZŰRŐ BETÉT"));
+TEST(Matching, EveryEntryThatContainsTheNewTextIsFoundInFileOrderAndTrimmedWhateverTheCase) {
+  const LookupTexts texts = listOf({" Levegőszűrő", "Gyertya", "SZŰRŐ", "olajszűrő"});
+  EXPECT_THAT(matching(texts, "  Szűrő "), ElementsAre("Levegőszűrő", "SZŰRŐ", "olajszűrő"));
+  EXPECT_THAT(matching(listOf({"A", "B"}), "  "), ElementsAre("A", "B"));
+  EXPECT_THAT(matching(LookupTexts(), "A"), IsEmpty());
 }
 
 TEST(Matching, AnEntryThatTheNewTextContainsIsNotFound) {
   EXPECT_THAT(matching(listOf({"SZŰRŐ"}), "Olajszűrő"), IsEmpty());
 }
 
-TEST(Matching, EveryMatchIsFoundInFileOrderAndTrimmed) {
-  const LookupTexts texts = listOf({" Levegőszűrő", "Gyertya", "SZŰRŐ", "olajszűrő"});
-  EXPECT_THAT(matching(texts, "  Szűrő "), ElementsAre("Levegőszűrő", "SZŰRŐ", "olajszűrő"));
-}
+struct TypedNote {
+  const char* rule;
+  std::initializer_list<const char*> notes;
+  const char* before;
+  const char* typed;
+  std::optional<CompletedNote> completed;
+};
 
-TEST(Matching, ABlankNewTextIsContainedInEveryEntry) {
-  EXPECT_THAT(matching(listOf({"A", "B"}), "  "), ElementsAre("A", "B"));
-}
-
-TEST(Matching, AnEmptyListHasNoMatch) {
-  EXPECT_THAT(matching(LookupTexts(), "A"), IsEmpty());
-}
-
-TEST(CompletedNoteOf, TheLastMatchingNoteWins) {
-  const LookupTexts notes = listOf({"TANKOLÁS", "TANKOLÁS + MOSÁS", "Mosás"});
-  EXPECT_EQ(completedNote(notes, "Tank", "o"), (CompletedNote{"TANKOLÁS + MOSÁS", 5}));
-}
-
-TEST(CompletedNoteOf, AShorterNoteWinsWhenItIsTheLastOne) {
-  const LookupTexts notes = listOf({"TANKOLÁS + MOSÁS", "TANKOLÁS"});
-  EXPECT_EQ(completedNote(notes, "", "t"), (CompletedNote{"TANKOLÁS", 1}));
-}
-
-TEST(CompletedNoteOf, CaseIsSetAsideForAccentsTooAndCharactersAreCountedNotBytes) {
-  const LookupTexts notes = listOf({"Őszi gumi"});
-  EXPECT_EQ(completedNote(notes, "ős", "Z"), (CompletedNote{"Őszi gumi", 3}));
-  EXPECT_EQ(completedNote(notes, "", "ő"), (CompletedNote{"Őszi gumi", 1}));
-}
-
-TEST(CompletedNoteOf, SpacesAroundTheTypedTextAndTheNoteDoNotCount) {
-  EXPECT_EQ(completedNote(listOf({" Mosás"}), "  m", "o"), (CompletedNote{"Mosás", 2}));
-}
-
-TEST(CompletedNoteOf, ASpaceThatIsTypedBelongsToTheBeginning) {
-  const LookupTexts notes = listOf({"Tankolás + mosás", "Tankolás"});
-  EXPECT_EQ(completedNote(notes, "tankolás ", "+"), (CompletedNote{"Tankolás + mosás", 10}));
-  EXPECT_EQ(completedNote(notes, "tankolás", " "), (CompletedNote{"Tankolás + mosás", 9}));
-}
-
-TEST(CompletedNoteOf, ANoteTypedWholeIsGivenWithNothingLeft) {
-  EXPECT_EQ(completedNote(listOf({"Mosás"}), "mosá", "s"), (CompletedNote{"Mosás", 5}));
-}
-
-TEST(CompletedNoteOf, WithoutAMatchThereIsNone) {
-  const LookupTexts notes = listOf({"Mosás", ""});
-  EXPECT_EQ(completedNote(notes, "mosás", "s"), std::nullopt);
-  EXPECT_EQ(completedNote(notes, "", "o"), std::nullopt);
-  EXPECT_EQ(completedNote(LookupTexts(), "", "m"), std::nullopt);
+TEST(CompletedNote, IsTheLastNoteThatBeginsAsItWasTyped) {
+  const TypedNote cases[] = {
+      {"the last matching one",
+       {"TANKOLÁS", "TANKOLÁS + MOSÁS", "Mosás"},
+       "Tank",
+       "o",
+       {{"TANKOLÁS + MOSÁS", 5}}},
+      {"a shorter one that is the last", {"TANKOLÁS + MOSÁS", "TANKOLÁS"}, "", "t", {{"TANKOLÁS", 1}}},
+      {"characters are counted, not bytes", {"Őszi gumi"}, "ős", "Z", {{"Őszi gumi", 3}}},
+      {"an accent's case is set aside", {"Őszi gumi"}, "", "ő", {{"Őszi gumi", 1}}},
+      {"spaces around do not count", {" Mosás"}, "  m", "o", {{"Mosás", 2}}},
+      {"a typed space does", {"Tankolás + mosás", "Tankolás"}, "tankolás ", "+", {{"Tankolás + mosás", 10}}},
+      {"the space itself", {"Tankolás + mosás", "Tankolás"}, "tankolás", " ", {{"Tankolás + mosás", 9}}},
+      {"one that is typed whole", {"Mosás"}, "mosá", "s", {{"Mosás", 5}}},
+      {"more than there is", {"Mosás", ""}, "mosás", "s", std::nullopt},
+      {"another beginning", {"Mosás", ""}, "", "o", std::nullopt},
+      {"no notes", {}, "", "m", std::nullopt}};
+  for (const TypedNote& one : cases)
+    EXPECT_EQ(completedNote(listOf(one.notes), one.before, one.typed), one.completed) << one.rule;
 }
 
 }  // namespace
