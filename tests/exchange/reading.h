@@ -8,8 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "core/listing.h"
-#include "core/totals.h"
 #include "exchange/import_plan.h"
 #include "exchange/log_reader.h"
 
@@ -59,34 +57,12 @@ inline exchange::ImportPlan planOf(const ReadLog& log, const core::Logbook& logb
       {.logbook = logbook, .tankLitres = tankLitres, .today = core::dayOf({2026, 6, 1}), .place = place});
 }
 
-/// A logbook of the entries that a plan takes.
-inline core::Logbook logbookOf(const exchange::ImportPlan& plan) {
-  return core::Logbook::of(plan.taken());
-}
-
-/// The average consumption that the main screen shows of a logbook.
-inline std::string shownConsumption(const core::Logbook& logbook) {
-  core::Listing listing{core::Logbook::of(std::vector<core::NapiAdat>{}), {}};
-  std::vector<core::NapiAdat> entries;
-  for (int number = 1; number <= logbook.count(); ++number) entries.push_back(logbook.record(number));
-  listing.logbook = core::Logbook::of(entries);
-  listing.numbers = core::listedEntries(listing.logbook, {});
-  core::Totals totals;
-  core::updateTotals(listing, totals);
-  return totals.fogyaszt.value_or("");
-}
-
 /// Why rows are left out, by their lines; the heads are not told.
 inline std::vector<std::pair<int, exchange::UnreadRow::Why>> leftOut(const ReadLog& log) {
   std::vector<std::pair<int, exchange::UnreadRow::Why>> rows;
   for (const exchange::UnreadRow& row : log.rows.unread)
     if (row.why != exchange::UnreadRow::Why::Heads) rows.emplace_back(row.line, row.why);
   return rows;
-}
-
-/// A stored day as year, month and day.
-inline core::CalendarDate dateOf(const core::NapiAdat& entry) {
-  return core::calendarDate(core::dayFromStored(entry.Datum).value());
 }
 
 }  // namespace tarvik::test

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "core/totals.h"
+#include "tests/core/entries.h"
 #include "tests/exchange/reading.h"
 
 // The exports of other logbooks, by the structure of their heads. All but the real one at the end hold the
@@ -20,28 +22,41 @@ using exchange::VolumeUnit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+using Entries = std::vector<core::NapiAdat>;
+
 constexpr const char* kShown = "6,11 Liter/100Km";
 
 int countOf(const ReadLog& log, Why why) {
   return static_cast<int>(std::ranges::count(log.rows.unread, why, &exchange::UnreadRow::why));
 }
 
+// The average consumption that the main screen shows of a logbook.
+std::string shownConsumption(const Entries& entries) {
+  core::Totals totals;
+  core::updateTotals(listingOf(entries), totals);
+  return totals.fogyaszt.value_or("");
+}
+
+core::CalendarDate dateOf(const core::NapiAdat& entry) {
+  return core::calendarDate(core::dayFromStored(entry.Datum).value());
+}
+
 // What every sample must come to, whatever its units.
-void expectTheTenFillUps(const core::Logbook& logbook) {
-  ASSERT_EQ(logbook.count(), 10);
-  EXPECT_EQ(shownConsumption(logbook), kShown);
-  const core::NapiAdat first = logbook.record(1);
+void expectTheTenFillUps(const Entries& entries) {
+  ASSERT_EQ(entries.size(), 10U);
+  EXPECT_EQ(shownConsumption(entries), kShown);
+  const core::NapiAdat& first = entries[0];
   EXPECT_EQ(dateOf(first), (core::CalendarDate{2024, 1, 5}));
   EXPECT_EQ(first.KmOra, 48'210);
   EXPECT_EQ(first.Megjegyzes.trimmed(), "első");
-  const core::NapiAdat partial = logbook.record(3);
+  const core::NapiAdat& partial = entries[2];
   EXPECT_EQ(dateOf(partial), (core::CalendarDate{2024, 2, 2}));
   EXPECT_EQ(partial.Teletank, 0);
-  EXPECT_EQ(logbook.record(4).Teletank, core::kFlagSet);
-  EXPECT_EQ(logbook.record(8).Megjegyzes.trimmed(), "idézet: \"jó\", pont; vessző");
-  EXPECT_EQ(dateOf(logbook.record(9)), (core::CalendarDate{2024, 5, 13}));
-  EXPECT_EQ(logbook.record(9).KmOra, 53'502);
-  EXPECT_EQ(logbook.record(10).KmOra, 54'098);
+  EXPECT_EQ(entries[3].Teletank, core::kFlagSet);
+  EXPECT_EQ(entries[7].Megjegyzes.trimmed(), "idézet: \"jó\", pont; vessző");
+  EXPECT_EQ(dateOf(entries[8]), (core::CalendarDate{2024, 5, 13}));
+  EXPECT_EQ(entries[8].KmOra, 53'502);
+  EXPECT_EQ(entries[9].KmOra, 54'098);
 }
 
 // A sample, what it asks and what is answered, and what its first fill-up then cost in forints.
@@ -143,7 +158,7 @@ TEST(ASampleLog, ComesToTheTenFillUps) {
     SCOPED_TRACE(read.name);
     const ReadLog log = readSample(read);
     const auto plan = planOf(log);
-    expectTheTenFillUps(logbookOf(plan));
+    expectTheTenFillUps(plan.taken());
     EXPECT_EQ(plan.entries[0].entry.TankoltKtg, read.forints);
     EXPECT_EQ(plan.entries[5].doubts.contains(exchange::Doubt::MissedBefore), read.tellsMissed);
     EXPECT_EQ(plan.entries[5].entry.Fogyasztas.isZero(), read.tellsMissed);
@@ -167,12 +182,12 @@ TEST(ASampleLog, InGermanWithSemicolonsAndATotalIsUnderstood) {
   const ReadLog log = readSample({.name = "german_semicolons.csv",
                                   .questions = {Question::Rate},
                                   .answers = {.rates = rate("EUR", 390)}});
-  const core::Logbook logbook = logbookOf(planOf(log));
-  ASSERT_EQ(logbook.count(), 10);
-  EXPECT_EQ(shownConsumption(logbook), kShown);
-  EXPECT_EQ(logbook.record(1).KmOra, 48'210);
-  EXPECT_EQ(logbook.record(3).Teletank, 0);
-  EXPECT_EQ(logbook.record(1).TankoltKtg, 25'576);
+  const Entries entries = planOf(log).taken();
+  ASSERT_EQ(entries.size(), 10U);
+  EXPECT_EQ(shownConsumption(entries), kShown);
+  EXPECT_EQ(entries[0].KmOra, 48'210);
+  EXPECT_EQ(entries[2].Teletank, 0);
+  EXPECT_EQ(entries[0].TankoltKtg, 25'576);
   EXPECT_THAT(leftOut(log), ElementsAre(testing::Pair(12, Why::Total)));
 }
 
@@ -181,12 +196,12 @@ TEST(ASampleLog, OfSectionsInCapitalsWithNotesOverSeveralLinesIsUnderstood) {
       readSample({.name = "capital_record_sections.csv",
                   .questions = {Question::Gallon, Question::Currency},
                   .answers = {.volume = kUsGallon, .currency = "EUR", .rates = rate("EUR", 350)}});
-  const core::Logbook logbook = logbookOf(planOf(log));
-  ASSERT_EQ(logbook.count(), 10);
-  EXPECT_EQ(shownConsumption(logbook), kShown);
+  const Entries entries = planOf(log).taken();
+  ASSERT_EQ(entries.size(), 10U);
+  EXPECT_EQ(shownConsumption(entries), kShown);
   EXPECT_EQ(log.reading.distance, DistanceUnit::Mile);
-  EXPECT_EQ(logbook.record(3).Megjegyzes.trimmed(), "fél  tank");
-  EXPECT_EQ(logbook.record(3).Teletank, 0);
+  EXPECT_EQ(entries[2].Megjegyzes.trimmed(), "fél  tank");
+  EXPECT_EQ(entries[2].Teletank, 0);
   EXPECT_EQ(log.rows.rows[3].line, 12);  // the notes of the rows before it take two lines more each
 }
 
@@ -206,7 +221,7 @@ TEST(ASampleLog, WithServicesBetweenTheFillUpsTakesThemAsEntriesWithANoteAndACos
   EXPECT_EQ(parking.entry.Megjegyzes.trimmed(), "Parking");
   EXPECT_EQ(parking.entry.KmOra, 52'871);  // that of the fill-up before it
   EXPECT_TRUE(parking.doubts.contains(exchange::Doubt::OdometerTaken));
-  EXPECT_EQ(shownConsumption(logbookOf(plan)), kShown);
+  EXPECT_EQ(shownConsumption(plan.taken()), kShown);
 }
 
 TEST(ASampleLog, WithDayMonthAndYearApartTakesItsServiceAsANote) {
@@ -221,16 +236,16 @@ TEST(ASampleLog, WithDayMonthAndYearApartTakesItsServiceAsANote) {
   EXPECT_EQ(plan.entries[5].entry.TankoltKtg, 0);
   EXPECT_TRUE(plan.entries[6].doubts.contains(exchange::Doubt::MissedBefore));
   plan.entries[5].isTaken = false;
-  expectTheTenFillUps(logbookOf(plan));
+  expectTheTenFillUps(plan.taken());
 }
 
 // 3,312.28 litres, 51.29 in the first, over 74,489 km: (3,312.28 - 51) / 744.89 = 4.378.
 TEST(ARealLog, OfAnEstateShowsItsTotalLitresOverItsTotalDistance) {
   std::ifstream in(std::string(TARVIK_TEST_DATA) + "/fuel_log_estate.csv");
   const ReadLog file = readLog(std::string(std::istreambuf_iterator<char>(in), {}));
-  const core::Logbook logbook = logbookOf(planOf(file));
-  ASSERT_EQ(logbook.count(), 78);
-  EXPECT_EQ(shownConsumption(logbook), "4,38 Liter/100Km");
+  const Entries entries = planOf(file).taken();
+  ASSERT_EQ(entries.size(), 78U);
+  EXPECT_EQ(shownConsumption(entries), "4,38 Liter/100Km");
   EXPECT_THAT(file.reading.open, IsEmpty());
   EXPECT_THAT(leftOut(file), IsEmpty());
 }
