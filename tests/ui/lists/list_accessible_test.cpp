@@ -74,6 +74,25 @@ class ListAccessibleTest : public QObject {
     QVERIFY(!list.table().cellAt(0, 0)->state().focused);
   }
 
+  // While Qt tells of a row it counts the hidden column too: heads, first row, second row.
+  void the_number_that_qt_tells_is_that_of_the_part_beside() {
+    struct Telling : ListView {
+      void scrollTo(const QModelIndex& index, ScrollHint hint) override {
+        if (places.isEmpty())
+          for (int number = 0; number < 9; ++number) places.append(accessiblePlace(number));
+        ListView::scrollTo(index, hint);
+      }
+      QList<int> places;
+    };
+    Shown list;
+    Telling told;
+    told.setModel(&list.model);
+    told.show();
+    told.setCurrentIndex(list.model.index(1, 0));
+    QCOMPARE(told.places, QList<int>({0, 1, 1, 2, 3, 3, 4, 5, 5}));
+    QCOMPARE(told.accessiblePlace(4), 4);
+  }
+
   void a_selection_chooses_the_row() {
     Shown list;
     QVERIFY(list.table().selectRow(1));

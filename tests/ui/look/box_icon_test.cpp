@@ -5,6 +5,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
+#include <cstdlib>
 
 #include "tests/ui/screen_test.h"
 #include "tests/ui/support.h"
@@ -51,6 +52,17 @@ class BoxIconTest : public QObject {
                                             QStyle::SP_MessageBoxWarning, QStyle::SP_MessageBoxCritical};
     for (const auto one : icons)
       for (const auto other : icons) QCOMPARE(drawn(one, 48) == drawn(other, 48), one == other);
+  }
+
+  // But for the rounding of smooth edges.
+  void aSignIsTheSameOnBothSides() {
+    for (const auto icon :
+         {QStyle::SP_MessageBoxInformation, QStyle::SP_MessageBoxWarning, QStyle::SP_MessageBoxCritical}) {
+      const QImage sign = drawn(icon, 48);
+      for (int y = 0; y < 48; ++y)
+        for (int x = 0; x < 24; ++x)
+          QVERIFY(std::abs(sign.pixelColor(x, y).alpha() - sign.pixelColor(47 - x, y).alpha()) < 100);
+    }
   }
 
   void itIsAsLargeAsItIsAskedFor() {
