@@ -74,6 +74,23 @@ class EntryFormTest : public QObject {
     }
   }
 
+  void onALowDisplayTheFullTankTheCueOfTheDayAndTheWayBackShareALine() {
+    Form form;
+    form.part.load();
+    core::EntryInput input = anInput();
+    input.datum = core::dayOf({2013, 7, 4});
+    form.part.showInput(input);
+    form.part.setNarrowTank(true);
+    QCoreApplication::processEvents();
+    const QRect full = test::part<QCheckBox>(form.part, "ChkTeletank")->geometry();
+    const QRect cue = test::part<QLabel>(form.part, "lbNemMai")->geometry();
+    const QRect back = form.button("cmdMa").geometry();
+    QVERIFY(full.right() < cue.left() && cue.right() < back.left());
+    QVERIFY(cue.height() >= form.part.fontMetrics().height());
+    for (const QRect& beside : {cue, back}) QVERIFY(std::abs(beside.center().y() - full.center().y()) <= 1);
+    QVERIFY(full.top() > form.edit("txTankoltLiter").geometry().bottom());
+  }
+
   void anEntryBringsItsDayAndOneWithADamagedDayLeavesIt() {
     Form form;
     form.part.showEntry({anInput(), core::dayOf({1999, 12, 31})});
