@@ -60,6 +60,21 @@ class FrmTarvikChartTest : public QObject {
     QCOMPARE(main.screen->focusWidget()->objectName(), QString("ListView1"));
   }
 
+  void aChooserThatIsCancelledLeavesTheKeyboardInItsField() {
+    Household main;
+    main.edit("txKmOra")->setFocus();
+    bool wasAsked = false;
+    onNextDialog<ui::frmMelyGrafikon>([&](ui::frmMelyGrafikon& chooser) {
+      wasAsked = true;
+      chooser.reject();
+    });
+    QTest::keyClick(main.edit("txKmOra"), Qt::Key_G, Qt::AltModifier);
+    QTRY_VERIFY(wasAsked && QApplication::activeModalWidget() == nullptr);
+    main.screen->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(main.screen.get()));
+    QCOMPARE(main.screen->focusWidget()->objectName(), QString("txKmOra"));
+  }
+
   void theWordsBesideTheTickAreTheTicksToo() {
     Household main;
     main.showChart("Option1");
