@@ -125,6 +125,20 @@ class FrmDatumFigyelmeztetesTest : public QObject {
     QCOMPARE(alert.storedDates(), fileOf({kFar, kSoon, kNow, kLate}));
   }
 
+  void whatIsTakenBackIsListedAnewAndNothingIsChosen() {
+    Alert alert;
+    clickRow(alert.list(), 0);
+    alert.storeDates({kNow, kSoon});
+    emit alert.context.news.travelled({.name = "törlés",
+                                       .files = {{.path = alert.context.folders.inCurrent("figyDatum.dat"),
+                                                  .recordLength = reminders::FigyDatumRec::kLength,
+                                                  .at = reminders::FigyDatumRec::kLength,
+                                                  .inserted = reminders::FigyDatumRec::kLength}}});
+    QCOMPARE(rowsOf(alert.list()), QStringList({"2013.07.05.|" + shownText("Adó") + "|DEF-456   |1",
+                                                "2013.07.19.|" + shownText("Műszaki") + "|ABC-123   |2"}));
+    QCOMPARE(alert.details(), QStringList({"", "", "", "", ""}));
+  }
+
   void anOverdueRowSaysSoWithoutBeingClicked() {
     const Alert alert;
     const QAbstractItemModel* model = alert.list().model();

@@ -79,9 +79,11 @@ class FrmEvesOsszesitoTest : public QObject {
     QVERIFY(!years.list().model()->index(2, 0).data(Qt::CheckStateRole).isValid());
   }
 
-  void allColumnsAreInSight() {
+  void allColumnsAndTenYearsAreInSight() {
     Years years;
     QVERIFY(!years.list().horizontalScrollBar()->isVisible());
+    QVERIFY(years.list().viewport()->height() >=
+            10 * years.list().visualRect(years.list().model()->index(0, 0)).height());
   }
 
   void anEmptyLogbookSaysSo() {
