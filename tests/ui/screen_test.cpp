@@ -1,11 +1,8 @@
 #include "tests/ui/screen_test.h"
 
-#include <QApplication>
 #include <QEvent>
 #include <QFileInfo>
 #include <QProgressDialog>
-#include <QTest>
-#include <QTimer>
 #include <cstdio>
 #include <map>
 
@@ -24,8 +21,7 @@ std::map<QString, ScreenTest::Make>& knownTests() {
 class Unattended : public QObject {
  public:
   Unattended() {
-    const QByteArray patience = qgetenv("TARVIK_TEST_PATIENCE_MS");
-    timer_.setInterval(patience.isEmpty() ? kPatienceMs : patience.toInt());
+    timer_.setInterval(kPatienceMs);
     connect(&timer_, &QTimer::timeout, this, &Unattended::closeForgotten);
     qApp->installEventFilter(this);
     timer_.start();
