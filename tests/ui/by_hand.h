@@ -7,6 +7,7 @@
 #include <QContextMenuEvent>
 #include <QDateEdit>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -18,11 +19,18 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
+#include <QTreeView>
 #include <QWheelEvent>
 #include <QWindow>
 #include <functional>
 
 namespace tarvik::test {
+
+/// Shows a window and waits until it has the keyboard.
+inline void bringUp(QWidget& window) {
+  window.show();
+  if (!QTest::qWaitForWindowActive(&window)) qFatal("a window did not come to the front");
+}
 
 /// Scrolls what lies in scroll areas so that a part comes into view, as a person does.
 inline void bringIntoView(QWidget& part) {
@@ -110,6 +118,29 @@ inline void choose(QComboBox& chooser, int entry) {
   const QRect place =
       entries.visualRect(chooser.model()->index(entry, chooser.modelColumn(), chooser.rootModelIndex()));
   QTest::mouseClick(entries.viewport(), Qt::LeftButton, {}, place.center());
+}
+
+/// Clicks a row of a list, if need be by scrolling. Fails the test when a person could not.
+inline void clickRow(QAbstractItemView& list, int row) {
+  if (!isInReach(list)) return;
+  const QModelIndex index = list.model()->index(row, 0);
+  list.scrollTo(index);
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(index).center());
+}
+
+/// Clicks the head of a column.
+inline void clickHead(const QTreeView& list, int column) {
+  const QHeaderView& header = *list.header();
+  QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
+                    {header.sectionViewportPosition(column) + 5, header.height() / 2});
+}
+
+/// What a row of a list says, its hidden record number last, the columns parted by bars.
+inline QString rowText(const QAbstractItemModel& list, int row) {
+  QStringList cells;
+  for (int column = 0; column < list.columnCount(); ++column)
+    cells << list.index(row, column).data().toString();
+  return cells.join(QLatin1Char('|'));
 }
 
 /// Brings a page to the front by its tab. Fails the test when a person could not.

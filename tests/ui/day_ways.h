@@ -1,9 +1,5 @@
 #pragma once
 
-#include <QDateEdit>
-#include <QLineEdit>
-#include <QTest>
-
 #include "tests/ui/by_hand.h"
 
 namespace tarvik::test {

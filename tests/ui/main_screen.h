@@ -2,26 +2,13 @@
 
 #include <QAction>
 #include <QCheckBox>
-#include <QComboBox>
-#include <QDateEdit>
 #include <QLabel>
-#include <QLineEdit>
-#include <QMenuBar>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QTest>
-#include <QTreeView>
 #include <memory>
 
-#include "core/machine_file_system.h"
-#include "core/napi_adat.h"
 #include "core/record_list.h"
-#include "tests/support/fixed_clock.h"
-#include "tests/support/temporary_folder.h"
-#include "tests/ui/box_script.h"
-#include "tests/ui/by_hand.h"
-#include "tests/ui/dressed.h"
 #include "tests/ui/next_dialog.h"
+#include "tests/ui/support.h"
 #include "ui/main/frmTarvik.h"
 #include "ui/windows/frmMelyGrafikon.h"
 
@@ -42,8 +29,7 @@ struct MainScreen {
   void open() {
     screen = std::make_unique<ui::frmTarvik>(context);
     screen->load();
-    screen->show();
-    if (!QTest::qWaitForWindowActive(screen.get())) qFatal("the main screen did not come to the front");
+    bringUp(*screen);
   }
 
   template <typename Control>
@@ -77,24 +63,15 @@ struct MainScreen {
     });
     press("cmdGrafikon");
     screen->activateWindow();
-    if (!QTest::qWaitForWindowActive(screen.get())) qFatal("the main screen did not come back");
+    bringUp(*screen);
   }
   void type(const char* name, QDate day) { typeInto(*find<QDateEdit>(name), day); }
 
   int rows() { return list()->model()->rowCount(); }
   QString cell(int row, int column) { return list()->model()->index(row, column).data().toString(); }
   /// The shown texts of a row, the record number last, joined by '|'.
-  QString row(int number) {
-    QStringList cells;
-    for (int column = 0; column < list()->model()->columnCount(); ++column)
-      cells.append(cell(number, column));
-    return cells.join(QLatin1Char('|'));
-  }
-  void clickRow(int row) {
-    const QModelIndex index = list()->model()->index(row, 0);
-    list()->scrollTo(index);
-    QTest::mouseClick(list()->viewport(), Qt::LeftButton, {}, list()->visualRect(index).center());
-  }
+  QString row(int number) { return rowText(*list()->model(), number); }
+  void clickRow(int row) { test::clickRow(*list(), row); }
 
   /// The middle of a row's first cell, in the list's viewport.
   QPoint middleOf(int row) { return list()->visualRect(list()->model()->index(row, 0)).center(); }
@@ -107,9 +84,7 @@ struct MainScreen {
   }
   void writeLogbook(const char* plate, const std::vector<core::NapiAdat>& entries) {
     folder.makeFolder(plate);
-    std::string bytes;
-    for (const core::NapiAdat& entry : entries) bytes += toText(core::encoded(entry));
-    folder.write(std::string(plate).append("/napiadat.dat"), bytes);
+    folder.write(std::string(plate).append("/napiadat.dat"), bytesOf(entries));
   }
   void choosePlateAtStart(const char* plate, bool reminders = true) {
     folder.write("set.dat", (reminders ? std::string(2, '\xFF') : std::string(2, '\0')) + padded(plate, 10));

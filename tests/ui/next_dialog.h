@@ -1,14 +1,12 @@
 #pragma once
 
-#include <QApplication>
 #include <QByteArray>
 #include <QDialog>
 #include <QMessageBox>
 #include <QPointer>
-#include <QTest>
-#include <QTimer>
-#include <functional>
 #include <utility>
+
+#include "tests/ui/by_hand.h"
 
 namespace tarvik::test {
 
@@ -78,6 +76,15 @@ void onNextDialog(const std::function<void(Dialog&)>& act) {
       Dialog::staticMetaObject.className(),
       [] { return qobject_cast<Dialog*>(QApplication::activeModalWidget()); },
       [act](QWidget& dialog) { act(static_cast<Dialog&>(dialog)); });
+}
+
+/// Takes a file in the file dialog that opens next; proposed becomes the name that stood there.
+inline void takeFileInNextDialog(const QString& path, QString* proposed = nullptr) {
+  onNextDialog<QFileDialog>([path, proposed](QFileDialog& dialog) {
+    if (proposed != nullptr) *proposed = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text();
+    nameFile(dialog, path);
+    static_cast<QDialog&>(dialog).accept();
+  });
 }
 
 /// As onNextDialog, of the menu or list that pops up next.

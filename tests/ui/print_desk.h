@@ -1,20 +1,14 @@
 #pragma once
 
-#include <QApplication>
 #include <QDialog>
 #include <QFile>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPdfWriter>
 #include <QProgressDialog>
-#include <QPushButton>
-#include <QTest>
-#include <QTimer>
 #include <cerrno>
 #include <deque>
-#include <functional>
 
 #include "core/record_file.h"
 #include "tests/support/fixed_clock.h"

@@ -1,12 +1,7 @@
 #pragma once
 
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
 #include <memory>
-#include <vector>
 
-#include "core/record_file.h"
 #include "tests/ui/support.h"
 #include "ui/lists/list_view.h"
 
@@ -22,16 +17,10 @@ struct RegisterDesk : Desk {
     open();
   }
 
-  void store(const std::vector<R>& records) {
-    std::string bytes;
-    for (const R& record : records) bytes += toText(core::encoded(record));
-    program.write(file_, bytes);
-  }
+  void store(const std::vector<R>& records) { program.write(file_, bytesOf(records)); }
   void open() {
     screen = std::make_unique<Screen>(context, " ABC-123 ", QStringList{"ABC-123", "DEF-456"}, nullptr);
-    screen->show();
-    if (!QTest::qWaitForWindowActive(screen.get()))
-      QTest::qFail("the screen did not come up", __FILE__, __LINE__);
+    bringUp(*screen);
   }
   core::RecordList<R> stored() { return core::loadRecords<R>(files, program / file_); }
   R stored(int number) { return stored().record(number); }
@@ -44,8 +33,7 @@ struct RegisterDesk : Desk {
     for (int row = 0; row < list()->model()->rowCount(); ++row) all << cell(row, textColumn_);
     return all;
   }
-  QPoint middleOf(int row) { return list()->visualRect(list()->model()->index(row, 1)).center(); }
-  void clickRow(int row) { QTest::mouseClick(list()->viewport(), Qt::LeftButton, {}, middleOf(row)); }
+  void clickRow(int row) { test::clickRow(*list(), row); }
   QPushButton* button(const char* name) { return part<QPushButton>(*screen, name); }
   bool isEnabled(const char* name) { return button(name)->isEnabled(); }
   void press(const char* name) { test::press(*part<QAbstractButton>(*screen, name)); }

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <QTest>
-#include <vector>
-
 #include "tests/reminders/builders.h"
 #include "tests/ui/support.h"
 #include "ui/lists/list_view.h"
@@ -25,7 +22,7 @@ struct ReminderDesk : Desk {
     context.state.currentReading = stored.reading;
     if (!stored.km.empty()) storeKm(stored.km);
     if (!stored.dates.empty()) storeDates(stored.dates);
-    if (!stored.logbook.empty()) storeLogbook(stored.logbook);
+    if (!stored.logbook.empty()) writeLogbook("ABC-123", stored.logbook);
   }
 
   void storeKm(const std::vector<reminders::FigyelRec>& stored) const {
@@ -34,44 +31,14 @@ struct ReminderDesk : Desk {
   void storeDates(const std::vector<reminders::FigyDatumRec>& stored) const {
     current.write("figyDatum.dat", bytesOf(stored));
   }
-  /// The logbook of ABC-123.
-  void storeLogbook(const std::vector<core::NapiAdat>& entries) const {
-    program.makeFolder("ABC-123");
-    program.write("ABC-123/napiadat.dat", bytesOf(entries));
-  }
   std::string storedKm() const { return current.read("figyel.dat"); }
   std::string storedDates() const { return current.read("figyDatum.dat"); }
-
- private:
-  template <core::Record R>
-  static std::string bytesOf(const std::vector<R>& records) {
-    std::string bytes;
-    for (const R& record : records) bytes += toText(core::encoded(record));
-    return bytes;
-  }
 };
-
-/// Shows a screen and waits until it is in front.
-inline void bringUp(QWidget& screen) {
-  screen.show();
-  if (!QTest::qWaitForWindowActive(&screen)) QTest::qFail("the screen did not come up", __FILE__, __LINE__);
-}
-
-/// Clicks a row of a list as the mouse does.
-inline void clickRow(const ui::ListView& view, int row) {
-  const QModelIndex first = view.model()->index(row, 0);
-  QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(first).center());
-}
 
 /// A list's rows, the hidden record number last, the columns parted by bars.
 inline QStringList rowsOf(const ui::ListView& view) {
   QStringList rows;
-  for (int row = 0; row < view.model()->rowCount(); ++row) {
-    QStringList cells;
-    for (int column = 0; column < view.model()->columnCount(); ++column)
-      cells << view.model()->index(row, column).data().toString();
-    rows << cells.join(QLatin1Char('|'));
-  }
+  for (int row = 0; row < view.model()->rowCount(); ++row) rows << rowText(*view.model(), row);
   return rows;
 }
 

@@ -1,12 +1,7 @@
 #pragma once
 
 #include <QCheckBox>
-#include <QComboBox>
-#include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
-#include <QTabWidget>
-#include <QTest>
 
 #include "tests/ui/support.h"
 #include "ui/windows/frmSetup.h"
@@ -37,10 +32,7 @@ struct Setup : Desk {
   QCheckBox* reminders() const { return part<QCheckBox>(screen, "chkRiaszt"); }
   void openPage(int page) const { test::openPage(*part<QTabWidget>(screen, "SSTab1"), page); }
 
-  void show() {
-    screen.show();
-    QVERIFY(QTest::qWaitForWindowActive(&screen));
-  }
+  void show() { bringUp(screen); }
   void press(const char* name) const { test::press(*button(name)); }
   void type(const char* name, const QString& text) const { test::typeInto(*field(name), text); }
   void add(const QString& plate, const QString& tank) const {
@@ -48,10 +40,7 @@ struct Setup : Desk {
     type("txTank", tank);
     press("cmdRendszamFelvesz");
   }
-  void clickRow(const char* name, int row) const {
-    const QListWidget* rows = list(name);
-    QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, rows->visualItemRect(rows->item(row)).center());
-  }
+  void clickRow(const char* name, int row) const { test::clickRow(*list(name), row); }
   QStringList rows(const char* name) const {
     QStringList texts;
     for (int row = 0; row < list(name)->count(); ++row) texts << list(name)->item(row)->text();
@@ -74,10 +63,6 @@ struct ShownSetup : Setup {
     show();
   }
 };
-
-/// What is asked before a text of a list goes.
-inline const SeenBox kDeletionQuestion = questionBox(
-    " TÖRLÉS az adatállományból !", "Biztos T Ö R Ö L H E T Ő\na kijelölt tétel? ", QMessageBox::No);
 
 /// A text as the lists of parts and notes keep it.
 inline QString fifty(const char* text) {

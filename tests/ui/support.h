@@ -1,8 +1,11 @@
 #pragma once
 
 #include <QWidget>
+#include <vector>
 
 #include "core/machine_file_system.h"
+#include "core/napi_adat.h"
+#include "core/record_file.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/ui/box_script.h"
@@ -18,9 +21,22 @@ Widget* part(const QWidget& screen, const char* name) {
   return screen.findChild<Widget*>(QString::fromUtf8(name));
 }
 
+/// The bytes of a file of those records.
+template <core::Record R>
+std::string bytesOf(const std::vector<R>& records) {
+  std::string bytes;
+  for (const R& record : records) bytes += toText(core::encoded(record));
+  return bytes;
+}
+
 /// What a screen needs around it: empty folders of its own, the real file system, a day that stands still.
 struct Desk {
   Desk() { dressOnce(); }
+
+  void writeLogbook(const std::string& plate, const std::vector<core::NapiAdat>& entries) const {
+    program.makeFolder(plate);
+    program.write(plate + "/napiadat.dat", bytesOf(entries));
+  }
 
   TemporaryFolder program;
   TemporaryFolder current;

@@ -1,16 +1,8 @@
 #include "ui/windows/chart_panel.h"
 
 #include <QCheckBox>
-#include <QComboBox>
-#include <QFileDialog>
 #include <QImage>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QScrollBar>
-#include <QTest>
 #include <QVBoxLayout>
 #include <filesystem>
 #include <limits>
@@ -45,8 +37,7 @@ std::vector<core::NapiAdat> numbered(int count) {
 // The main screen as far as the panel needs it, a button and the panel, with a chart of such a logbook.
 struct Screen : test::Desk {
   explicit Screen(const std::vector<core::NapiAdat>& entries = {}, int choice = 0) {
-    program.makeFolder("ABC123");
-    if (!entries.empty()) write(entries);
+    writeLogbook("ABC123", entries);
     auto* const layout = new QVBoxLayout(&window);
     layout->addWidget(&button);
     layout->addWidget(&panel);
@@ -54,12 +45,6 @@ struct Screen : test::Desk {
     window.resize(700, 420);
     window.show();
     if (choice != 0) choose(choice);
-  }
-
-  void write(const std::vector<core::NapiAdat>& entries) {
-    std::string bytes;
-    for (const core::NapiAdat& entry : entries) bytes += test::toText(core::encoded(entry));
-    program.write("ABC123/napiadat.dat", bytes);
   }
 
   template <typename Control>
@@ -93,42 +78,16 @@ class ChartPanelTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void staysHiddenWhenTheChooserIsCancelled() {
-    Screen screen;
-    screen.choose(0);
-    QVERIFY(!screen.panel.isVisible());
-    QCOMPARE(screen.button.text(), kShowCaption);
-  }
-
-  void showsAndHidesWithItsCaptions() {
-    Screen screen(numbered(10), 2);
-    QVERIFY(screen.panel.isVisible());
-    QCOMPARE(screen.button.text(), kHideCaption);
-    QCOMPARE(screen.chart()->titleText(), "Üzemanyag árak");
-    QCOMPARE(screen.chart()->unitText(), "Ft/liter");
-    QCOMPARE(screen.chart()->rowCount(), 10);
-    screen.button.click();
-    QVERIFY(!screen.panel.isVisible());
-    QCOMPARE(screen.button.text(), kShowCaption);
-    QCOMPARE(screen.context.state.chartChoice, std::int16_t{2});
-  }
-
   void savesItsPictureFromTheMenuWhereThePersonSays() {
     Screen screen(numbered(10), 2);
-    QString title;
     for (const char* name : {"kép.png", "kép.pdf"}) {
-      test::onNextDialog<QFileDialog>([&](QFileDialog& dialog) {
-        title = dialog.windowTitle();
-        test::nameFile(dialog, toQt(screen.program / name));
-        static_cast<QDialog&>(dialog).accept();
-      });
+      test::takeFileInNextDialog(toQt(screen.program / name));
       test::onNextPopup<QMenu>([](QMenu& menu) {
         menu.setActiveAction(menu.actions().last());
         QTest::keyClick(&menu, Qt::Key_Return);
       });
       QTest::keyClick(screen.chart(), Qt::Key_F10, Qt::ShiftModifier);
     }
-    QCOMPARE(title, QStringLiteral("Grafikon mentése képként"));
     QCOMPARE(QImage(toQt(screen.program / "kép.png")).size(), screen.chart()->size() * 2);
     QVERIFY(screen.program.read("kép.pdf").starts_with("%PDF-"));
   }
@@ -190,7 +149,7 @@ class ChartPanelTest : public QObject {
   void fitsTheScrollRangeToALogbookThatShrank() {
     Screen screen(numbered(120), 1);
     test::press(*screen.limit());
-    screen.write(numbered(60));
+    screen.writeLogbook("ABC123", numbered(60));
     test::scrollTo(*screen.scrollBar(), 100);
     QCOMPARE(screen.scrollBar()->maximum(), 59);
     QCOMPARE(screen.scrollBar()->value(), 59);
@@ -214,7 +173,7 @@ class ChartPanelTest : public QObject {
   void anEmptyLogbookLeavesTheGridAsItWas() {
     Screen screen(numbered(7), 2);
     screen.button.click();
-    screen.write({});
+    screen.writeLogbook("ABC123", {});
     screen.choose(0);
     QCOMPARE(screen.chart()->rowLabels(), (QStringList{"1", "2", "3", "4", "5", "6", "7"}));
     QCOMPARE(screen.chart()->titleText(), "Üzemanyag árak");

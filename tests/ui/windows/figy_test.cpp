@@ -1,12 +1,7 @@
 #include "ui/windows/figy.h"
 
-#include <QAction>
-#include <QDateEdit>
-#include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QScreen>
-#include <QTabWidget>
 #include <filesystem>
 
 #include "tests/ui/next_dialog.h"
@@ -96,15 +91,6 @@ class FigyTest : public QObject {
     QCOMPARE(rowsOf(figy.dateList()), QStringList{kPlaceholder});
     QCOMPARE(figy.storedKm(), std::string());
     QCOMPARE(figy.storedDates(), std::string());
-  }
-
-  void theMenuItemAndEscapeClose() {
-    Figy figy;
-    part<QAction>(figy.screen, "mnu_bezar")->trigger();
-    QVERIFY(!figy.screen.isVisible());
-    Figy other;
-    QTest::keyClick(&other.screen, Qt::Key_Escape);
-    QVERIFY(!other.screen.isVisible());
   }
 
   void enterGoesThroughTheFieldsAndThenAsks() {
@@ -203,7 +189,7 @@ class FigyTest : public QObject {
     Figy figy({.km = {kmReminder(10000, 5000, "Olaj", "A")}, .logbook = kLogbook});
     clickRow(figy.kmList(), 0);
     const QStringList before = figy.estimate();
-    figy.storeLogbook({entry(1, 1), entry(10500, 41440), entry(12000, 41440)});
+    figy.writeLogbook("ABC-123", {entry(1, 1), entry(10500, 41440), entry(12000, 41440)});
     clickRow(figy.kmList(), 0);
     QCOMPARE(figy.estimate(), before);
     std::filesystem::remove_all(figy.program / "ABC-123");
@@ -214,7 +200,7 @@ class FigyTest : public QObject {
   void anAverageOfZeroIsShownAndTheDateStays() {
     Figy figy({.km = {kmReminder(10000, 5000, "Olaj", "A")}, .logbook = kLogbook});
     clickRow(figy.kmList(), 0);
-    figy.storeLogbook({entry(1, 1), entry(11990, 41410), entry(12000, 41440)});
+    figy.writeLogbook("ABC-123", {entry(1, 1), entry(11990, 41410), entry(12000, 41440)});
     clickRow(figy.kmList(), 0);
     QCOMPARE(figy.estimate(), (QStringList{"0", "2013.09.03.", "Kedd", ""}));
   }
@@ -351,22 +337,16 @@ class FigyTest : public QObject {
     QCOMPARE(figy.screen.focusWidget(), &figy.dateList());
   }
 
-  static void clickTextHead(const ui::ListView& list) {
-    const QHeaderView* header = list.header();
-    QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
-                      QPoint(header->sectionViewportPosition(1) + 5, header->height() / 2));
-  }
-
   void theDateListSortsByItsHeadsToo() {
     Figy figy({.dates = {dateReminder(1, "Műszaki", "A"), dateReminder(2, "Adó", "B")}});
     figy.openTab(1);
-    clickTextHead(figy.dateList());
+    test::clickHead(figy.dateList(), 1);
     QCOMPARE(rowsOf(figy.dateList()).first(), "2013.07.07.|" + shownText("Adó") + "|B         |2");
   }
 
   void aColumnClickSortsNowAndAfterEveryFill() {
     Figy figy({.km = {kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "B")}});
-    clickTextHead(figy.kmList());
+    test::clickHead(figy.kmList(), 1);
     QCOMPARE(figy.kmList().model()->index(0, 3).data().toString(), QStringLiteral("2"));
     clickRow(figy.kmList(), 0);
     QCOMPARE(figy.context.state.selectedReminder, 2);

@@ -1,7 +1,6 @@
 #include "ui/windows/frmDatumFigyelmeztetes.h"
 
 #include <QAccessible>
-#include <QHeaderView>
 #include <QLabel>
 #include <QScreen>
 
@@ -62,10 +61,7 @@ class FrmDatumFigyelmeztetesTest : public QObject {
   void aClickOnAHeaderSortsNothing() {
     const Alert alert;
     const QStringList before = rowsOf(alert.list());
-    const QHeaderView* header = alert.list().header();
-    for (int column = 0; column < 3; ++column)
-      QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
-                        QPoint(header->sectionViewportPosition(column) + 5, header->height() / 2));
+    for (int column = 0; column < 3; ++column) test::clickHead(alert.list(), column);
     QCOMPARE(rowsOf(alert.list()), before);
   }
 
@@ -174,7 +170,7 @@ class FrmDatumFigyelmeztetesTest : public QObject {
     QCOMPARE(rowsOf(alert.list()).size(), 1);
   }
 
-  void command1AndEscapeCloseWithoutAChange() {
+  void command1ClosesWithoutAChange() {
     const Alert alert;
     auto* const close = part<QPushButton>(alert.screen, "Command1");
     alert.list().setFocus();
@@ -183,9 +179,6 @@ class FrmDatumFigyelmeztetesTest : public QObject {
     close->setFocus();
     QTest::keyClick(close, Qt::Key_Return);
     QVERIFY(!alert.screen.isVisible());
-    Alert other;
-    QTest::keyClick(&other.screen, Qt::Key_Escape);
-    QVERIFY(!other.screen.isVisible());
     QCOMPARE(alert.storedDates(), fileOf({kFar, kSoon, kNow, kLate}));
   }
 };

@@ -1,8 +1,6 @@
 #include "ui/windows/frmMelyGrafikon.h"
 
-#include <QPushButton>
 #include <QRadioButton>
-#include <QTest>
 
 #include "tests/ui/screen_test.h"
 #include "tests/ui/support.h"
@@ -65,25 +63,6 @@ class ChooserTest : public QObject {
     option(chooser, 4)->click();
     QTest::keyClick(chooser.focusWidget(), Qt::Key_Return);
     QCOMPARE(context().state.chartChoice, std::int16_t{4});
-  }
-
-  void firstArrowChecksTheOptionWithTheFocusAndTheNextMoveOn() {
-    for (const Qt::Key arrow : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Right, Qt::Key_Left}) {
-      context().state.chartChoice = 0;
-      frmMelyGrafikon chooser(context(), {}, nullptr);
-      chooser.show();
-      QVERIFY(QTest::qWaitForWindowActive(&chooser));
-      QCOMPARE(chooser.focusWidget(), option(chooser, 1));
-      QTest::keyClick(chooser.focusWidget(), arrow);
-      QVERIFY(option(chooser, 1)->isChecked());
-      QTest::keyClick(chooser.focusWidget(), Qt::Key_Down);
-      QVERIFY(option(chooser, 2)->isChecked());
-      QCOMPARE(chooser.focusWidget(), option(chooser, 2));
-      QTest::keyClick(chooser.focusWidget(), Qt::Key_Up);
-      QVERIFY(option(chooser, 1)->isChecked());
-      QTest::keyClick(chooser.focusWidget(), Qt::Key_Return);
-      QCOMPARE(context().state.chartChoice, std::int16_t{1});
-    }
   }
 
   void standsOffTheMainScreensCorner() {

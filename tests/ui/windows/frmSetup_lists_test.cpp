@@ -16,50 +16,27 @@ class SettingsListsTest : public QObject {
     QCOMPARE(setup.rows("listMegj"), QStringList({fifty("Mosás")}));
   }
 
-  void decliningADeletionLeavesEverything_data() {
-    QTest::addColumn<QByteArray>("list");
-    QTest::addColumn<QByteArray>("button");
-    QTest::addColumn<QByteArray>("file");
-    QTest::newRow("part") << QByteArray("listAlkatr") << QByteArray("cmdAlkatrDel")
-                          << QByteArray("alkatr.dat");
-    QTest::newRow("note") << QByteArray("listMegj") << QByteArray("cmdMegjDel") << QByteArray("megjegyz.dat");
-  }
-
-  void decliningADeletionLeavesEverything() {
-    QFETCH(QByteArray, list);
-    QFETCH(QByteArray, button);
-    QFETCH(QByteArray, file);
-    Setup setup;
-    const std::string stored = padded("A", 50) + padded("B", 50);
-    setup.current.write(file.toStdString(), stored);
-    setup.show();
-    setup.openPage(2);
-    setup.clickRow(list, 1);
-    QVERIFY(setup.button(button)->isEnabled());
-    BoxScript boxes({QMessageBox::No});
-    setup.press(button);
-    QCOMPARE(boxes.seen, QList{kDeletionQuestion});
-    QCOMPARE(setup.rows(list), QStringList({fifty("A"), fifty("B")}));
-    QVERIFY(setup.list(list)->selectedItems().isEmpty());
-    QVERIFY(!setup.button(button)->isEnabled());
-    QCOMPARE(setup.current.read(file.toStdString()), stored);
-  }
-
-  void confirmingADeletionRemovesTheClickedText_data() { decliningADeletionLeavesEverything_data(); }
-
-  void confirmingADeletionRemovesTheClickedText() {
-    QFETCH(QByteArray, list);
-    QFETCH(QByteArray, button);
-    QFETCH(QByteArray, file);
-    ShownSetup setup({{file.toStdString(), padded("A", 50) + padded("B", 50) + padded("C", 50)}});
-    setup.openPage(2);
-    setup.clickRow(list, 1);
-    BoxScript boxes({QMessageBox::Yes});
-    setup.press(button);
-    QCOMPARE(boxes.seen, QList{kDeletionQuestion});
-    QCOMPARE(setup.rows(list), QStringList({fifty("A"), fifty("C")}));
-    QVERIFY(!setup.button(button)->isEnabled());
-    QCOMPARE(setup.current.read(file.toStdString()), padded("A", 50) + padded("C", 50));
+  void aDeclinedDeletionLeavesEverythingAndAConfirmedOneRemovesTheClickedText() {
+    for (const auto& [list, button, file] : {std::tuple("listAlkatr", "cmdAlkatrDel", "alkatr.dat"),
+                                             std::tuple("listMegj", "cmdMegjDel", "megjegyz.dat")}) {
+      const std::string stored = padded("A", 50) + padded("B", 50) + padded("C", 50);
+      ShownSetup setup({{file, stored}});
+      setup.openPage(2);
+      BoxScript boxes({QMessageBox::No, QMessageBox::Yes});
+      setup.clickRow(list, 1);
+      QVERIFY2(setup.button(button)->isEnabled(), button);
+      setup.press(button);
+      QCOMPARE(boxes.seen.size(), 1);
+      QCOMPARE(setup.rows(list), QStringList({fifty("A"), fifty("B"), fifty("C")}));
+      QVERIFY2(setup.list(list)->selectedItems().isEmpty(), list);
+      QVERIFY2(!setup.button(button)->isEnabled(), button);
+      QCOMPARE(setup.current.read(file), stored);
+      setup.clickRow(list, 1);
+      setup.press(button);
+      QCOMPARE(setup.rows(list), QStringList({fifty("A"), fifty("C")}));
+      QVERIFY2(!setup.button(button)->isEnabled(), button);
+      QCOMPARE(setup.current.read(file), padded("A", 50) + padded("C", 50));
+    }
   }
 
   void theNoteButtonIsDisabledBeforeTheQuestionThePartButtonAfterIt() {

@@ -1,13 +1,7 @@
 #include "ui/windows/frmSzerviz.h"
 
-#include <QAction>
 #include <QCheckBox>
-#include <QComboBox>
-#include <QDateEdit>
-#include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QtTest>
 #include <limits>
 
@@ -120,16 +114,6 @@ class frmSzervizTest : public QObject {
     QCOMPARE(log.storedCount(), 3);
   }
 
-  void twoEntersOnItsDeletionDeleteNothing() {
-    Log log({repairOf("ABC-123", "a")});
-    log.clickRow(0);
-    log.button("cmdDelSzerviz")->setFocus();
-    for (int time = 0; time < 2; ++time) log.key(Qt::Key_Return);
-    QCOMPARE(log.storedCount(), 1);
-    log.key(Qt::Key_Space);
-    QCOMPARE(log.storedCount(), 0);
-  }
-
   void recordingClearsTheFieldsAndListsTheChosenCarAgain() {
     Log log({repairOf("ABC-123", "a", 100), repairOf("DEF-456", "b", 200)});
     log.press("chkOsszesAuto");
@@ -196,9 +180,7 @@ class frmSzervizTest : public QObject {
 
   void deletingTakesTheHighlightedRowAfterASort() {
     Log log({repairOf("ABC-123", "c", 1), repairOf("ABC-123", "a", 2), repairOf("ABC-123", "b", 4)});
-    QHeaderView* header = log.list()->header();
-    QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
-                      QPoint(header->sectionViewportPosition(2) + 20, header->height() / 2));
+    test::clickHead(*log.list(), 2);
     QCOMPARE(log.texts(), (QStringList{"a", "b", "c"}));
     log.clickRow(1);
     log.press("cmdDelSzerviz");
@@ -260,15 +242,6 @@ class frmSzervizTest : public QObject {
     press(Qt::Key_Return);
     QCOMPARE(log.text("txtSzervizMegnev").trimmed(), "Téli gumi felrakása");
     QCOMPARE(log.list()->highlightedRecord(), "1");
-  }
-
-  void escapeAndTheMenuClose() {
-    Log log;
-    QTest::keyClick(log.screen.get(), Qt::Key_Escape);
-    QVERIFY(!log.screen->isVisible());
-    log.screen->show();
-    part<QAction>(*log.screen, "mnuBezar")->trigger();
-    QVERIFY(!log.screen->isVisible());
   }
 };
 

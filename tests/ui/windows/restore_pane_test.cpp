@@ -1,11 +1,9 @@
 #include "ui/windows/restore_pane.h"
 
-#include <QDialog>
 #include <QListWidget>
 #include <cerrno>
 
 #include "tests/support/forwarding_file_system.h"
-#include "tests/ui/box_script.h"
 #include "tests/ui/next_dialog.h"
 #include "tests/ui/screen_test.h"
 #include "tests/ui/support.h"
@@ -24,6 +22,21 @@ class NotesStay final : public test::ForwardingFileSystem {
   }
 };
 
+/// A household without parts, and a day's copy that has some.
+struct Copy : test::Desk {
+  Copy() {
+    program.makeFolder("Mentések/2013-07-01");
+    program.write("Mentések/2013-07-01/alkatr.dat", std::string(50, 'x'));
+  }
+  void open(const std::function<void(QDialog&)>& act) {
+    test::onNextDialog<QDialog>([&](QDialog& screen) {
+      act(screen);
+      screen.close();
+    });
+    openRestoreScreen(context, nullptr);
+  }
+};
+
 }  // namespace
 
 class RestorePaneTest : public QObject {
@@ -31,12 +44,10 @@ class RestorePaneTest : public QObject {
 
  private slots:
   void enterClosesByTheButtonAloneAndTakesNothingBack() {
-    test::Desk desk;
-    desk.program.makeFolder("Mentések/2013-07-01");
-    desk.program.write("Mentések/2013-07-01/alkatr.dat", std::string(50, 'x'));
+    Copy desk;
     QStringList left;
     bool isOpen = true;
-    test::onNextDialog<QDialog>([&](QDialog& screen) {
+    desk.open([&](QDialog& screen) {
       auto* close = test::part<QPushButton>(screen, "cmdBezar");
       for (const char* name : {"listMentesek", "listKulonbsegek"}) {
         auto* list = test::part<QListWidget>(screen, name);
@@ -47,40 +58,32 @@ class RestorePaneTest : public QObject {
       close->setFocus();
       QTest::keyClick(close, Qt::Key_Return);
       isOpen = screen.isVisible();
-      screen.close();
     });
-    openRestoreScreen(desk.context, nullptr);
     QCOMPARE(left, (QStringList{"listMentesek", "listKulonbsegek"}));
     QVERIFY(!isOpen);
     QVERIFY(!desk.current.has("alkatr.dat"));
   }
 
   void twoEntersOnItsButtonTakeNothingBack() {
-    test::Desk desk;
-    desk.program.makeFolder("Mentések/2013-07-01");
-    desk.program.write("Mentések/2013-07-01/alkatr.dat", std::string(50, 'x'));
+    Copy desk;
     bool isOffered = false;
-    test::onNextDialog<QDialog>([&](QDialog& screen) {
+    desk.open([&](QDialog& screen) {
       auto* take = test::part<QPushButton>(screen, "cmdVisszaallit");
       isOffered = take->isEnabled();
       take->setFocus();
       test::enterIntoWhatIsOpen(screen);
-      screen.close();
     });
-    openRestoreScreen(desk.context, nullptr);
     QVERIFY(isOffered);
     QVERIFY(!desk.current.has("alkatr.dat"));
   }
 
   void whatCameBackAndWhatDidNotIsToldWhereTheDiskFailsHalfWay() {
-    test::Desk desk;
+    Copy desk;
     NotesStay disk;
     Context context{disk, desk.context.folders, desk.clock, "1.0.0"};
     const std::string notes(50, 'n');
     desk.current.write("megjegyz.dat", notes);
-    desk.program.makeFolder("Mentések/2013-07-01");
-    for (const char* name : {"alkatr.dat", "megjegyz.dat"})
-      desk.program.write(std::string("Mentések/2013-07-01/") + name, std::string(50, 'x'));
+    desk.program.write("Mentések/2013-07-01/megjegyz.dat", std::string(50, 'x'));
     test::BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
     test::onNextDialog<QDialog>([&](QDialog& screen) {
       QTest::mouseClick(test::part<QPushButton>(screen, "cmdVisszaallit"), Qt::LeftButton);
