@@ -6,6 +6,9 @@
 #include <QTest>
 #include <cmath>
 
+#include "ui/chart/chart_content.h"
+#include "ui/chart/chart_view.h"
+
 /// Labels and values with which the charts are tested.
 namespace tarvik::ui::samples {
 
@@ -41,5 +44,18 @@ inline QList<double> waves(int count) {
   for (int index = 0; index < count; ++index) values.append(5500 + 3500 * std::sin(index * 0.8));
   return values;
 }
+
+/// A chart of 690 by 300 pixels on the screen.
+class ShownChart : public ChartView {
+ public:
+  ShownChart() {
+    resize(690, 300);
+    show();
+  }
+  void plot(ChartType type, const QStringList& labels, const QList<double>& values) {
+    setChartType(static_cast<int>(type));
+    setPoints(labels, values);
+  }
+};
 
 }  // namespace tarvik::ui::samples

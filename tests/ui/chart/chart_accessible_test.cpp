@@ -1,12 +1,8 @@
 #include <QAccessible>
 #include <QSignalSpy>
-#include <QTest>
-#include <cmath>
 
 #include "tests/ui/chart_samples.h"
 #include "tests/ui/screen_test.h"
-#include "ui/chart/chart_content.h"
-#include "ui/chart/chart_view.h"
 
 using tarvik::ui::ChartType;
 using tarvik::ui::ChartView;
@@ -16,25 +12,14 @@ class ChartAccessibleTest : public QObject {
   Q_OBJECT
 
  private:
-  ChartView* chart_ = nullptr;
-
-  void show(ChartType type, const QStringList& labels, const QList<double>& values) {
-    chart_->setChartType(static_cast<int>(type));
-    chart_->setPoints(labels, values);
-  }
+  std::unique_ptr<ShownChart> chart_;
 
  private slots:
-  void init() {
-    chart_ = new ChartView;
-    chart_->resize(690, 300);
-    chart_->show();
-  }
-
-  void cleanup() { delete chart_; }
+  void init() { chart_ = std::make_unique<ShownChart>(); }
 
   void accessibleChartIsNamedByItsTitle() {
     chart_->setTitleText("Havi átlagfogyasztás");
-    QAccessibleInterface* const chart = QAccessible::queryAccessibleInterface(chart_);
+    QAccessibleInterface* const chart = QAccessible::queryAccessibleInterface(chart_.get());
     QVERIFY(chart);
     QCOMPARE(chart->role(), QAccessible::Chart);
     QCOMPARE(chart->text(QAccessible::Name), QStringLiteral("Havi átlagfogyasztás"));
@@ -42,8 +27,8 @@ class ChartAccessibleTest : public QObject {
 
   void accessibleChartSaysWhatItShows() {
     chart_->setUnitText("Ft/liter");
-    show(ChartType::Line2D, {"2013.07.05.", "2013.07.14.", "2013.07.23."}, {425.9, 431, 429.5});
-    QAccessibleInterface* const chart = QAccessible::queryAccessibleInterface(chart_);
+    chart_->plot(ChartType::Line2D, {"2013.07.05.", "2013.07.14.", "2013.07.23."}, {425.9, 431, 429.5});
+    QAccessibleInterface* const chart = QAccessible::queryAccessibleInterface(chart_.get());
     QCOMPARE(chart->text(QAccessible::Description),
              QStringLiteral("Mértékegység: Ft/liter. 3 pont. Legkisebb érték: 425,9 (2013.07.05.). "
                             "Legnagyobb érték: 431 (2013.07.14.). Utolsó érték: 429,5 (2013.07.23.)."));
@@ -51,8 +36,9 @@ class ChartAccessibleTest : public QObject {
   }
 
   void accessiblePointsTellNameAndPlace() {
-    show(ChartType::Bars3D, {"2013. 5. hó", "2013. 6. hó", "2013. 7. hó"}, {7.6253, 12345.5, std::nan("")});
-    QAccessibleInterface* const chart = QAccessible::queryAccessibleInterface(chart_);
+    chart_->plot(ChartType::Bars3D, {"2013. 5. hó", "2013. 6. hó", "2013. 7. hó"},
+                 {7.6253, 12345.5, std::nan("")});
+    QAccessibleInterface* const chart = QAccessible::queryAccessibleInterface(chart_.get());
     QCOMPARE(chart->childCount(), 3);
     QCOMPARE(chart->child(0)->text(QAccessible::Name), QStringLiteral("2013. 5. hó: 7,6253"));
     QCOMPARE(chart->child(1)->text(QAccessible::Name), QStringLiteral("2013. 6. hó: 12\u00a0345,5"));
@@ -65,9 +51,9 @@ class ChartAccessibleTest : public QObject {
   }
 
   void accessiblePressSelectsThePoint() {
-    show(ChartType::Area2D, monthLabels(3), waves(3));
-    QSignalSpy selected(chart_, &ChartView::pointSelected);
-    QAccessibleInterface* const point = QAccessible::queryAccessibleInterface(chart_)->child(1);
+    chart_->plot(ChartType::Area2D, monthLabels(3), waves(3));
+    QSignalSpy selected(chart_.get(), &ChartView::pointSelected);
+    QAccessibleInterface* const point = QAccessible::queryAccessibleInterface(chart_.get())->child(1);
     QVERIFY(!point->state().selected);
     point->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     QCOMPARE(selected.value(0), QVariantList({1, 2}));
@@ -75,8 +61,8 @@ class ChartAccessibleTest : public QObject {
   }
 
   void accessiblePointSaysWhatItIs() {
-    show(ChartType::Bars2D, monthLabels(3), waves(3));
-    QAccessibleInterface* const chart = QAccessible::queryAccessibleInterface(chart_);
+    chart_->plot(ChartType::Bars2D, monthLabels(3), waves(3));
+    QAccessibleInterface* const chart = QAccessible::queryAccessibleInterface(chart_.get());
     QAccessibleInterface* const point = chart->child(0);
     QCOMPARE(point->role(), QAccessible::ListItem);
     QCOMPARE(point->parent(), chart);
@@ -99,8 +85,8 @@ class ChartAccessibleTest : public QObject {
   }
 
   void accessibleChartHasNoPointsBesideItsOwn() {
-    show(ChartType::Bars2D, monthLabels(3), waves(3));
-    QAccessibleInterface* const chart = QAccessible::queryAccessibleInterface(chart_);
+    chart_->plot(ChartType::Bars2D, monthLabels(3), waves(3));
+    QAccessibleInterface* const chart = QAccessible::queryAccessibleInterface(chart_.get());
     QVERIFY(chart->child(-1) == nullptr);
     QCOMPARE(chart->indexOfChild(chart), -1);
     const QPoint corner = chart_->mapToGlobal(QPoint(1, 1));
@@ -111,7 +97,7 @@ class ChartAccessibleTest : public QObject {
 
   void accessiblePointOfAShorterSeriesIsInvalid() {
     chart_->setPoints(monthLabels(3), waves(3));
-    QAccessibleInterface* const point = QAccessible::queryAccessibleInterface(chart_)->child(2);
+    QAccessibleInterface* const point = QAccessible::queryAccessibleInterface(chart_.get())->child(2);
     QVERIFY(point->isValid());
     chart_->setPoints(monthLabels(2), waves(2));
     QVERIFY(!point->isValid());

@@ -2,11 +2,8 @@
 
 #include <QPaintDevice>
 #include <QPaintEngine>
-#include <QTest>
 #include <QWidget>
 #include <algorithm>
-#include <cmath>
-#include <memory>
 
 #include "tests/ui/chart_samples.h"
 #include "tests/ui/screen_test.h"

@@ -1,8 +1,5 @@
 #include <QImage>
-#include <QTest>
-#include <cmath>
 #include <functional>
-#include <memory>
 
 #include "tests/ui/chart_samples.h"
 #include "tests/ui/screen_test.h"

@@ -1,14 +1,8 @@
-#include <QApplication>
 #include <QClipboard>
-#include <QContextMenuEvent>
-#include <QDir>
 #include <QImage>
-#include <QMenu>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include "core/machine_file_system.h"
 #include "tests/ui/chart_samples.h"
@@ -16,7 +10,6 @@
 #include "tests/ui/screen_test.h"
 #include "ui/base/output_file.h"
 #include "ui/base/text.h"
-#include "ui/chart/chart_view.h"
 
 using namespace tarvik;
 using tarvik::ui::ChartView;
@@ -47,26 +40,11 @@ class ChartPictureTest : public QObject {
     return isPicture;
   }
 
-  ChartView* chart_ = nullptr;
+  std::unique_ptr<ShownChart> chart_;
   core::MachineFileSystem files_;
 
  private slots:
-  void init() {
-    chart_ = new ChartView;
-    chart_->resize(690, 300);
-    chart_->show();
-  }
-
-  void cleanup() { delete chart_; }
-
-  void savesPngAtTwiceTheSize() {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath("grafikon.png");
-    chart_->setPoints(monthLabels(78), waves(78));
-    QVERIFY(saved(path));
-    QCOMPARE(QImage(path).size(), QSize(1380, 600));
-    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList("grafikon.png"));
-  }
+  void init() { chart_ = std::make_unique<ShownChart>(); }
 
   void savesPdf() {
     const QTemporaryDir folder;
@@ -113,24 +91,6 @@ class ChartPictureTest : public QObject {
     chart_->setPoints(monthLabels(3), waves(3));
     clickMenuItem(*chart_, 0);
     QCOMPARE(QApplication::clipboard()->image().size(), QSize(1380, 600));
-  }
-
-  void menuAsksForThePictureToBeSaved() {
-    QSignalSpy wanted(chart_, &ChartView::pictureWanted);
-    clickMenuItem(*chart_, 0);
-    QCOMPARE(wanted.size(), 0);
-    clickMenuItem(*chart_, 1);
-    QCOMPARE(wanted.size(), 1);
-  }
-
-  void shiftF10OpensTheMenu() {
-    QStringList items;
-    onNextPopup<QMenu>([&](QMenu& menu) {
-      for (const QAction* item : menu.actions()) items << item->text().remove('&');
-      menu.close();
-    });
-    QTest::keyClick(chart_, Qt::Key_F10, Qt::ShiftModifier);
-    QCOMPARE(items, (QStringList{"Kép másolása", "Mentés képként…"}));
   }
 };
 

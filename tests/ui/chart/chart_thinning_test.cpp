@@ -1,8 +1,5 @@
 #include "ui/chart/chart_thinning.h"
 
-#include <QTest>
-#include <cmath>
-
 #include "tests/ui/chart_samples.h"
 #include "tests/ui/screen_test.h"
 #include "ui/chart/chart_view.h"
