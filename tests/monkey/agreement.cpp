@@ -3,12 +3,10 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QFile>
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QLineEdit>
-#include <QTabWidget>
 
 namespace tarvik::monkey {
 namespace {
@@ -23,26 +21,7 @@ const Part& part(const QWidget& screen, const QString& name) {
   return *found;
 }
 
-QString valueOf(const QWidget& part) {
-  if (const auto* day = qobject_cast<const QDateEdit*>(&part)) return day->date().toString(Qt::ISODate);
-  if (const auto* box = qobject_cast<const QComboBox*>(&part)) return box->currentText();
-  if (const auto* field = qobject_cast<const QLineEdit*>(&part)) return field->text();
-  if (const auto* pages = qobject_cast<const QTabWidget*>(&part))
-    return QString::number(pages->currentIndex());
-  const auto* button = qobject_cast<const QAbstractButton*>(&part);
-  return button != nullptr && button->isCheckable() ? QString::number(button->isChecked()) : QString();
-}
-
 }  // namespace
-
-QHash<QString, QString> valuesOf(const QWidget& screen) {
-  QHash<QString, QString> values;
-  for (const QWidget* child : screen.findChildren<QWidget*>()) {
-    const bool isInside = child->objectName().isEmpty() || child->objectName().startsWith("qt_");
-    if (!isInside && child->window() == &screen) values[child->objectName()] = valueOf(*child);
-  }
-  return values;
-}
 
 QStringList Agreement::faultsOf(const QWidget& screen) {
   faults_.clear();

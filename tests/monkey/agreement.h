@@ -1,14 +1,10 @@
 #pragma once
 
 #include <QHash>
-#include <QMainWindow>
 #include <QStringList>
+#include <QWidget>
 
 namespace tarvik::monkey {
-
-/// What a person could have set on a screen: each field's, drop-down's, day's, box's and page's value by the
-/// part's name.
-QHash<QString, QString> valuesOf(const QWidget& screen);
 
 /// Looks at the main screen between two acts: what is highlighted is what its buttons act on, and the line
 /// over the list, the list, the totals and the chart speak of one logbook.

@@ -1,19 +1,9 @@
 #include <malloc.h>
 
-#include <QApplication>
-#include <QComboBox>
-#include <QDateEdit>
 #include <QDir>
 #include <QFile>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMenuBar>
 #include <QMessageBox>
 #include <QPointer>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QTest>
-#include <QTimer>
 #include <cstdio>
 #include <map>
 #include <memory>
@@ -24,6 +14,7 @@
 #include "tests/monkey/agreement.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/ui/by_hand.h"
+#include "tests/ui/set_values.h"
 #include "ui/look/look.h"
 #include "ui/main/frmTarvik.h"
 
@@ -125,7 +116,7 @@ class Monkey : public QObject {
   void remember(QWidget& window) {
     window_ = &window;
     focus_ = QApplication::focusWidget();
-    values_ = monkey::valuesOf(window);
+    values_ = test::setValuesOf(window);
     isQuiet_ = false;
     did_.clear();
   }
@@ -158,7 +149,7 @@ class Monkey : public QObject {
   }
 
   void lookForChanges(const QWidget& window) {
-    const auto now = monkey::valuesOf(window);
+    const auto now = test::setValuesOf(window);
     for (const auto& [name, value] : values_.asKeyValueRange())
       if (!touched_.contains(name) && now.value(name) != value)
         faults_ << QStringLiteral("%1 was %2 and is %3").arg(name, value, now.value(name));

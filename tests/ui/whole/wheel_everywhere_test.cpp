@@ -1,10 +1,7 @@
-#include <QRadioButton>
-
 #include "tests/reminders/builders.h"
 #include "tests/ui/main_screen.h"
-#include "tests/ui/next_dialog.h"
 #include "tests/ui/screen_test.h"
-#include "tests/ui/support.h"
+#include "tests/ui/set_values.h"
 #include "ui/exchange/import_preview.h"
 #include "ui/windows/figy.h"
 #include "ui/windows/frmGumik.h"
@@ -19,22 +16,12 @@ using namespace tarvik::test;
 
 namespace {
 
-// What a person could have set on a screen, part by part.
-QStringList stateOf(const QWidget& screen) {
-  QStringList state;
-  for (const QWidget* part : screen.findChildren<QWidget*>()) {
-    QString value;
-    if (const auto* field = qobject_cast<const QLineEdit*>(part)) value = field->text();
-    if (const auto* box = qobject_cast<const QComboBox*>(part)) value = QString::number(box->currentIndex());
-    if (const auto* day = qobject_cast<const QDateEdit*>(part)) value = day->date().toString(Qt::ISODate);
-    if (const auto* button = qobject_cast<const QAbstractButton*>(part))
-      value = QString::number(button->isChecked());
-    if (const auto* pages = qobject_cast<const QTabWidget*>(part))
-      value = QString::number(pages->currentIndex());
-    if (part->objectName() == "HScroll1") value = part->property("value").toString();
-    if (!value.isEmpty()) state << part->objectName() + QLatin1Char('=') + value;
-  }
-  return state;
+// What a person could have set on a screen, its chart scrolled to a place too.
+QHash<QString, QString> stateOf(const QWidget& screen) {
+  auto values = setValuesOf(screen);
+  if (const auto* bar = part<QScrollBar>(screen, "HScroll1"))
+    values["HScroll1"] = QString::number(bar->value());
+  return values;
 }
 
 bool canHoldFocus(const QWidget& part) {
@@ -44,7 +31,7 @@ bool canHoldFocus(const QWidget& part) {
 // Turns the wheel both ways over all parts in sight but the one with the focus.
 void turnOverAllParts(QWidget& screen, QWidget& focus) {
   focus.setFocus();
-  const QStringList before = stateOf(screen);
+  const auto before = stateOf(screen);
   int turned = 0;
   for (QWidget* part : screen.findChildren<QWidget*>()) {
     if (part->window() != &screen || !part->isVisible() || !part->isEnabled() || part->hasFocus()) continue;
@@ -76,8 +63,7 @@ struct Household : MainScreen {
 
 template <typename Screen>
 void turnOver(Screen&& screen, const char* focus) {
-  screen.show();
-  QVERIFY(QTest::qWaitForWindowActive(&screen));
+  bringUp(screen);
   turnOverAllParts(screen, *part<QWidget>(screen, focus));
 }
 
@@ -99,8 +85,7 @@ class WheelEverywhereTest : public QObject {
   }
   void theSettings() {
     ui::frmSetup screen(main_.context, {}, nullptr);
-    screen.show();
-    QVERIFY(QTest::qWaitForWindowActive(&screen));
+    bringUp(screen);
     auto* const pages = part<QTabWidget>(screen, "SSTab1");
     for (int page = 0; page < pages->count(); ++page) {
       openPage(*pages, page);
@@ -115,8 +100,7 @@ class WheelEverywhereTest : public QObject {
   }
   void theReminderEntry() {
     ui::figy screen(main_.context, "ABC123", nullptr);
-    screen.show();
-    QVERIFY(QTest::qWaitForWindowActive(&screen));
+    bringUp(screen);
     turnOverAllParts(screen, *part<QWidget>(screen, "tx_szoveg"));
     openPage(*part<QTabWidget>(screen, "SSTab1"), 1);
     turnOverAllParts(screen, *part<QWidget>(screen, "txtMire"));
