@@ -1,7 +1,6 @@
 #include <QAccessible>
-#include <QHeaderView>
-#include <QTest>
 
+#include "tests/ui/by_hand.h"
 #include "tests/ui/screen_test.h"
 #include "ui/lists/list_view.h"
 #include "ui/lists/text_list_model.h"
@@ -29,10 +28,8 @@ struct Shown {
       return true;
     });
     model.setRows({{{"2013.07.05.", "Olaj      "}, "4"}, {{"2013.07.06.", "Gumi      "}, "7"}});
-    view.show();
     view.setFocus();
-    view.activateWindow();
-    if (!QTest::qWaitForWindowActive(&view)) qFatal("the list does not come to the front");
+    tarvik::test::bringUp(view);
   }
   QAccessibleInterface& tree() { return *QAccessible::queryAccessibleInterface(&view); }
   QAccessibleTableInterface& table() { return *tree().tableInterface(); }

@@ -1,20 +1,14 @@
 #include "ui/lists/list_menu.h"
 
-#include <QAction>
 #include <QClipboard>
-#include <QContextMenuEvent>
-#include <QFileDialog>
 #include <QGuiApplication>
-#include <QMenu>
 #include <QtTest>
 
 #include "reminders/date_reminders.h"
 #include "reminders/km_reminders.h"
 #include "repairs/repair_log.h"
 #include "tests/ui/main_screen.h"
-#include "tests/ui/next_dialog.h"
 #include "tests/ui/screen_test.h"
-#include "tests/ui/support.h"
 #include "tyres/tyre_register.h"
 #include "ui/base/text.h"
 #include "ui/exchange/import_preview.h"
@@ -66,10 +60,7 @@ class ListMenuTest : public QObject {
 
   // What a list's CSV item puts into a new file of that name.
   static std::string saved(const QWidget& list, const test::TemporaryFolder& folder, const char* name) {
-    onNextDialog<QFileDialog>([&](QFileDialog& dialog) {
-      test::nameFile(dialog, ui::toQt(folder / name));
-      static_cast<QDialog&>(dialog).accept();
-    });
+    test::takeFileInNextDialog(ui::toQt(folder / name));
     choose(list, "mnuCsvMentes");
     return folder.read(name);
   }
@@ -166,8 +157,7 @@ class ListMenuTest : public QObject {
     }
     auto* const button = new QPushButton("x");
     layout->addWidget(button);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    test::bringUp(window);
     const auto copiedFrom = [](QWidget& part) {
       QGuiApplication::clipboard()->setText("-");
       part.setFocus();
@@ -192,10 +182,7 @@ class ListMenuTest : public QObject {
     Screen screen;
     screen.combo("Combo1")->setEditText("DEF-456");
     QString proposed;
-    onNextDialog<QFileDialog>([&](QFileDialog& dialog) {
-      proposed = QFileInfo(dialog.selectedFiles().value(0)).fileName();
-      static_cast<QDialog&>(dialog).reject();
-    });
+    test::takeFileInNextDialog(ui::toQt(screen.current / "log.csv"), &proposed);
     choose(*screen.list(), "mnuCsvMentes");
     QCOMPARE(proposed, QString("ABC-123_naplo_2026-11-21.csv"));
   }
@@ -203,12 +190,9 @@ class ListMenuTest : public QObject {
   void aFileIsReadInAndListed() {
     Screen screen;
     screen.current.write("log.csv", "Dátum;Km óra;Liter;Költség (Ft)\n2026.02.01.;2000;30;18000\n");
-    onNextDialog<QFileDialog>([&](QFileDialog& dialog) {
-      onNextDialog<ui::ImportPreview>(
-          [](ui::ImportPreview& preview) { test::press(*preview.findChild<QPushButton*>("cmdAtvesz")); });
-      test::nameFile(dialog, ui::toQt(screen.current / "log.csv"));
-      static_cast<QDialog&>(dialog).accept();
-    });
+    onNextDialog<ui::ImportPreview>(
+        [](ui::ImportPreview& preview) { test::press(*preview.findChild<QPushButton*>("cmdAtvesz")); });
+    test::takeFileInNextDialog(ui::toQt(screen.current / "log.csv"));
     test::BoxScript boxes({QMessageBox::Ok});
     choose(*screen.list(), "mnuCsvBeolvasas");
     QCOMPARE(boxes.seen.first().text, "1 bejegyzés került a naplóba.");

@@ -1,12 +1,11 @@
 #include "ui/lists/list_view.h"
 
-#include <QHeaderView>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QRegularExpression>
-#include <QTest>
 #include <QToolTip>
 
+#include "tests/ui/by_hand.h"
 #include "tests/ui/dressed.h"
 #include "tests/ui/screen_test.h"
 #include "ui/lists/list_delegate.h"
@@ -24,8 +23,7 @@ struct Shown {
     if (!longest.isEmpty()) delegate = layOutList(view, longest);
     model.setRows({{{"B", "10"}, "4"}, {{"A", "9"}, "7"}});
     view.resize(500, 300);
-    view.show();
-    if (!QTest::qWaitForWindowActive(&view)) qFatal("the list did not come to the front");
+    test::bringUp(view);
   }
   int widthOf(const QString& text) const {
     return view.fontMetrics().horizontalAdvance(text) + 2 * gridStep();
@@ -83,7 +81,6 @@ class ListViewTest : public QObject {
     QVERIFY(!list.view.itemsExpandable());
     QVERIFY(list.view.uniformRowHeights());
     QVERIFY(list.view.allColumnsShowFocus());
-    QVERIFY(list.view.alternatingRowColors());
     QCOMPARE(list.view.selectionMode(), QAbstractItemView::SingleSelection);
     QCOMPARE(list.view.selectionBehavior(), QAbstractItemView::SelectRows);
     QCOMPARE(list.view.editTriggers(), QAbstractItemView::NoEditTriggers);
@@ -99,11 +96,7 @@ class ListViewTest : public QObject {
 
   void aHeadThatIsClickedSortsAndShowsIt() {
     Shown list;
-    const auto click = [&](int column) {
-      QHeaderView* header = list.view.header();
-      const QPoint at(header->sectionViewportPosition(column) + 5, header->height() / 2);
-      QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, at);
-    };
+    const auto click = [&](int column) { test::clickHead(list.view, column); };
     click(0);
     QCOMPARE(list.model.record(0), QString("4"));
     QVERIFY(!list.view.header()->isSortIndicatorShown());
@@ -227,25 +220,13 @@ class ListViewTest : public QObject {
     QCOMPARE(list.paperOf(1), striped);
   }
 
-  void aFittedSetHasAHookInTheColourOfItsText() {
+  void theHookOfAChosenSetHasTheColourOfItsText() {
     Shown list({"", "99"});
-    list.model.setRows({{{"B", "10"}, "4", true}, {{"A", "9"}, "7", false}});
-    const auto inkOf = [&](int row) {
-      const QRect place = list.view.visualRect(list.model.index(row, 0));
-      const QImage picture =
-          list.view.viewport()->grab(QRect(place.topLeft(), QSize(place.height(), place.height()))).toImage();
-      QColor darkest = Qt::white;
-      for (int x = 0; x < picture.width(); ++x)
-        for (int y = 0; y < picture.height(); ++y)
-          if (picture.pixelColor(x, y).lightness() < darkest.lightness()) darkest = picture.pixelColor(x, y);
-      return darkest;
-    };
-    QVERIFY(inkOf(0).lightness() < 80);
-    QVERIFY(inkOf(1).lightness() > 200);
-    QPalette light = list.view.palette();
-    light.setColor(QPalette::Highlight, QColor(0, 200, 0));
-    light.setColor(QPalette::HighlightedText, QColor(255, 255, 0));
-    list.view.setPalette(light);
+    list.model.setRows({{{"B", "10"}, "4", true}});
+    QPalette palette = list.view.palette();
+    palette.setColor(QPalette::Highlight, QColor(0, 200, 0));
+    palette.setColor(QPalette::HighlightedText, QColor(255, 255, 0));
+    list.view.setPalette(palette);
     list.view.setCurrentIndex(list.model.index(0, 0));
     const QRect place = list.view.visualRect(list.model.index(0, 0));
     const QImage picture =

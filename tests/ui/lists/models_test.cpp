@@ -1,8 +1,6 @@
 #include <QAbstractItemModelTester>
 #include <QFont>
 #include <QRegularExpression>
-#include <QSignalSpy>
-#include <QTest>
 
 #include "tests/ui/main_screen.h"
 #include "tests/ui/screen_test.h"

@@ -2,10 +2,9 @@
 
 #include <QAccessible>
 #include <QListWidget>
-#include <QScrollBar>
-#include <QTest>
 
 #include "tests/ui/box_script.h"
+#include "tests/ui/by_hand.h"
 #include "tests/ui/dressed.h"
 #include "tests/ui/screen_test.h"
 #include "ui/base/message_boxes.h"
@@ -25,8 +24,7 @@ struct Rows {
       return accepts;
     });
     view.resize(300, 160);
-    view.show();
-    if (!QTest::qWaitForWindowActive(&view)) qFatal("the list did not come to the front");
+    test::bringUp(view);
     view.setFocus();
   }
   void fill(int count) {
@@ -289,14 +287,10 @@ class RowChoiceTest : public QObject {
       tellError(&list, "t", "p");
       return false;
     });
-    list.show();
-    QVERIFY(QTest::qWaitForWindowActive(&list));
-    const auto click = [&](int row) {
-      QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(row)).center());
-    };
-    click(1);
+    test::bringUp(list);
+    test::clickRow(list, 1);
     QCOMPARE(choice.row(), -1);
-    click(2);
+    test::clickRow(list, 2);
     QCOMPARE(choice.row(), 2);
     QCOMPARE(chosen, (QList<int>{1, 2}));
     QCOMPARE(boxes.seen.size(), 1);

@@ -4,10 +4,6 @@
 #include <QAction>
 #include <QDialog>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QTest>
 #include <QVBoxLayout>
 
 #include "tests/ui/by_hand.h"
@@ -39,8 +35,7 @@ struct Washes {
         view, [this](int row) { return toLogic(model.index(row, 0).data().toString()); }, &screen);
     layout->insertWidget(1, line);
     screen.resize(500, 300);
-    screen.show();
-    if (!QTest::qWaitForWindowActive(&screen)) qFatal("the screen did not come to the front");
+    test::bringUp(screen);
     field.setFocus();
     if (!wanted.isEmpty()) find(wanted);
   }
@@ -201,8 +196,7 @@ class SearchLineTest : public QObject {
 
   void escapeInTheListGivesItsRowBack() {
     Washes washes;
-    QTest::mouseClick(washes.view.viewport(), Qt::LeftButton, {},
-                      washes.view.visualRect(washes.model.index(2, 0)).center());
+    test::clickRow(washes.view, 2);
     washes.find("mosás");
     washes.key(Qt::Key_Down);
     QCOMPARE(washes.view.currentIndex().row(), 99);
@@ -238,8 +232,7 @@ class SearchLineTest : public QObject {
   void aClickIntoTheListChoosesWhatIsUnderThePointer() {
     Washes washes("mosás");
     washes.view.verticalScrollBar()->setValue(0);
-    QTest::mouseClick(washes.view.viewport(), Qt::LeftButton, {},
-                      washes.view.visualRect(washes.model.index(1, 0)).center());
+    test::clickRow(washes.view, 1);
     QCOMPARE(washes.chosen, QList<int>{1});
     QCOMPARE(washes.view.verticalScrollBar()->value(), 0);
   }

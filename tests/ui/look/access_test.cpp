@@ -1,13 +1,11 @@
 #include "ui/look/access.h"
 
-#include <QComboBox>
 #include <QFocusEvent>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
-#include <QTest>
 #include <QVBoxLayout>
 
+#include "tests/ui/by_hand.h"
 #include "tests/ui/dressed.h"
 #include "tests/ui/screen_test.h"
 
@@ -25,8 +23,7 @@ struct Form {
     (new QVBoxLayout(box))->addWidget(inner);
     makeAccessible(screen);
     if (checked > 0) options[checked - 1]->setChecked(true);
-    screen.show();
-    if (!QTest::qWaitForWindowActive(&screen)) qFatal("the form did not come to the front");
+    test::bringUp(screen);
   }
   // Which option is checked once a key was pressed on one, counted from 1; 0 when none is.
   int checkedAfter(Qt::Key key, int on) {

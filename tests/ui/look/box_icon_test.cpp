@@ -1,10 +1,6 @@
 #include "ui/look/box_icon.h"
 
-#include <QApplication>
 #include <QImage>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QTest>
 #include <cstdlib>
 
 #include "tests/ui/screen_test.h"
@@ -25,20 +21,6 @@ class BoxIconTest : public QObject {
 
  private slots:
   void initTestCase() { dressOnce(); }
-
-  void anErrorIsACrossInRed() {
-    const QImage cross = drawn(QStyle::SP_MessageBoxCritical, 48);
-    QCOMPARE(cross.pixelColor(24, 24), ui::overdueColour(QApplication::palette()));
-    QCOMPARE(cross.pixelColor(24, 12).alpha(), 0);
-    QCOMPARE(cross.pixelColor(0, 0).alpha(), 0);
-  }
-
-  void aQuestionHasTheHighlightAndADotUnderItsBow() {
-    const QImage question = drawn(QStyle::SP_MessageBoxQuestion, 48);
-    QCOMPARE(question.pixelColor(24, 34), QApplication::palette().color(QPalette::Highlight));
-    QCOMPARE(question.pixelColor(24, 20).alpha(), 0);
-    QCOMPARE(question.pixelColor(24, 31).alpha(), 0);
-  }
 
   void theMarkOfANarrowMenuBarHasTheColourOfItsTexts() {
     const QImage mark = drawn(QStyle::SP_ToolBarHorizontalExtensionButton, 48);
@@ -70,15 +52,6 @@ class BoxIconTest : public QObject {
   }
 
   void otherIconsAreLeftAlone() { QVERIFY(ui::boxIcon(QStyle::SP_TitleBarCloseButton).isNull()); }
-
-  void aBoxShowsItAndItsButtonsShowNone() {
-    QMessageBox box(QMessageBox::Critical, "H", "x", QMessageBox::Yes | QMessageBox::No);
-    box.show();
-    const int side = box.style()->pixelMetric(QStyle::PM_MessageBoxIconSize);
-    QCOMPARE(box.iconPixmap().toImage().convertToFormat(QImage::Format_ARGB32),
-             drawn(QStyle::SP_MessageBoxCritical, side));
-    for (const QAbstractButton* button : box.buttons()) QVERIFY(button->icon().isNull());
-  }
 };
 
 }  // namespace tarvik::test

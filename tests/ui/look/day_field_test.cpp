@@ -7,10 +7,7 @@
 #include <QClipboard>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QMenu>
-#include <QPushButton>
 #include <QSignalSpy>
-#include <QTimer>
 #include <random>
 
 #include "tests/ui/day_ways.h"
@@ -34,8 +31,7 @@ struct Bench {
       layout->addWidget(part);
     QObject::connect(&button, &QPushButton::clicked, &window, [this] { read << field.date(); });
     field.setDate(day);
-    window.show();
-    if (!QTest::qWaitForWindowActive(&window)) qFatal("the window did not come to the front");
+    test::bringUp(window);
     before.setFocus();
   }
 
@@ -509,22 +505,17 @@ class DayFieldTest : public QObject {
   }
 
   void aYearIsTypedAloneToo() {
-    for (const char* keys : {"2014", "2014.", "2014.06", "20140621", "2014. 6. 21."}) {
+    const QStringList noYears{"14", "0612", "20145", "2o14"};
+    for (const QString& keys :
+         QStringList{"2014", "2014.", "2014.06", "20140621", "2014. 6. 21."} + noYears) {
+      const bool isNone = noYears.contains(keys);
       Bench bench(QDate(2012, 2, 29));
       bench.field.showUpTo(DayPart::Year);
       enter(bench.field, Way::Tab);
       typeWithMoves(keys);
       finish(bench, End::Enter);
-      QCOMPARE(bench.text(), "2014");
-    }
-    for (const char* keys : {"14", "0612", "20145", "2o14"}) {
-      Bench bench(QDate(2012, 2, 29));
-      bench.field.showUpTo(DayPart::Year);
-      enter(bench.field, Way::Tab);
-      typeWithMoves(keys);
-      finish(bench, End::Enter);
-      QCOMPARE(bench.text(), "2012");
-      QCOMPARE(bench.field.date(), QDate(2012, 2, 29));
+      QVERIFY2(bench.text() == (isNone ? "2012" : "2014"), qPrintable(keys));
+      if (isNone) QCOMPARE(bench.field.date(), QDate(2012, 2, 29));
     }
   }
 

@@ -24,8 +24,7 @@ struct Form {
     box.setInsertPolicy(QComboBox::NoInsert);
     box.addItems({fifty("OLAJ"), fifty("SZURO"), fifty("GYERTYA")});
     box.setEditText({});
-    window.show();
-    if (!QTest::qWaitForWindowActive(&window)) qFatal("the form did not come to the front");
+    test::bringUp(window);
     box.setFocus();
   }
   void key(Qt::Key key, Qt::KeyboardModifiers with = {}) { QTest::keyClick(&box, key, with); }

@@ -41,8 +41,7 @@ struct Form {
     for (QPushButton* button : {&asks, &unasked, &harmless})
       QObject::connect(button, &QPushButton::clicked, [this, button] { pressed << button; });
     followEnterRule(dialog);
-    dialog.show();
-    if (!QTest::qWaitForWindowActive(&dialog)) qFatal("the form did not come to the front");
+    test::bringUp(dialog);
   }
   QWidget* enter(QWidget& from, Qt::Key key = Qt::Key_Return, Qt::KeyboardModifiers with = {}) {
     from.setFocus();

@@ -122,11 +122,9 @@ class LookPaintingTest : public QObject {
     const QStyle::State kOff = QStyle::State_MouseOver | QStyle::State_Sunken;
     QTest::addColumn<QImage>("picture");
     QTest::addColumn<QColor>("expected");
-    QTest::newRow("button") << button(kOn) << QColor(228, 235, 226);
     QTest::newRow("button, pointed at") << button(kOver) << QColor(213, 214, 211);
     QTest::newRow("button, pressed") << button(kDown) << QColor(191, 183, 189);
     QTest::newRow("button, disabled") << button(kOff) << kWindow;
-    QTest::newRow("main button") << button(kOn, true) << kHighlight;
     QTest::newRow("main button, pointed at") << button(kOver, true) << QColor(23, 95, 168);
     QTest::newRow("main button, disabled") << button(kOff, true) << kWindow;
     QTest::newRow("check box, pointed at") << checkBox(kOver | QStyle::State_Off) << QColor(230, 236, 237);

@@ -131,14 +131,6 @@ class PlacementTest : public QObject {
     QCOMPARE(window.pos(), room().bottomRight() + QPoint(1, 1) - QPoint(whole.width(), whole.height()));
   }
 
-  void anInchHas1440Twips() {
-    const Window window({1, 1});
-    const double dots = window.screen()->logicalDotsPerInchX();
-    QCOMPARE(pixelsOfTwips(1440, window), qRound(dots));
-    QCOMPARE(pixelsOfTwips(14'400'000, window), qRound(10'000 * dots));
-    QCOMPARE(pixelsOfTwips(0, window), 0);
-  }
-
   void whatADialogHoldsScrollsButItsMenuStaysInSight() {
     QDialog dialog;
     auto* column = new QVBoxLayout(&dialog);

@@ -2,9 +2,11 @@
 
 #include <QAccessible>
 #include <QImage>
+#include <QLineEdit>
 #include <QTest>
 
 #include "tests/ui/screen_test.h"
+#include "ui/look/result_accessible.h"
 
 namespace tarvik::ui {
 namespace {
@@ -35,6 +37,8 @@ class ResultLabelTest : public QObject {
   Q_OBJECT
 
  private slots:
+  void initTestCase() { tellResultsAsResults(); }
+
   void itsFigureIsSpokenWithoutPaddingAndNothingWhileThereIsNone() {
     QWidget window;
     QLabel caption("&Liter", &window);
@@ -72,6 +76,48 @@ class ResultLabelTest : public QObject {
     label.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     QVERIFY(inkOf(label).first > 50);
     QVERIFY(label.text().isEmpty());
+  }
+
+  void aReadOnlyFieldIsAResultThatCannotBeEdited() {
+    QLineEdit field;
+    field.setReadOnly(true);
+    field.setText("1 234 Ft.");
+    field.setAccessibleName("Eddigi Költség");
+    QAccessibleInterface& told = *QAccessible::queryAccessibleInterface(&field);
+    QVERIFY(told.state().readOnly);
+    QVERIFY(!told.state().editable);
+    QVERIFY(told.editableTextInterface() == nullptr);
+    QCOMPARE(told.text(QAccessible::Name), QString("Eddigi Költség"));
+    QCOMPARE(told.text(QAccessible::Value), QString("1 234 Ft."));
+  }
+
+  void itsTextIsReadAndSelected() {
+    QLineEdit field;
+    field.setReadOnly(true);
+    field.setText("1 234 Ft.");
+    QAccessibleTextInterface& text = *QAccessible::queryAccessibleInterface(&field)->textInterface();
+    QCOMPARE(text.characterCount(), 9);
+    QCOMPARE(text.text(2, 5), QString("234"));
+    QCOMPARE(text.selectionCount(), 0);
+    text.addSelection(2, 5);
+    QCOMPARE(field.selectedText(), QString("234"));
+    int start = 0;
+    int end = 0;
+    text.selection(0, &start, &end);
+    QCOMPARE(start, 2);
+    QCOMPARE(end, 5);
+    text.removeSelection(0);
+    QVERIFY(!field.hasSelectedText());
+    text.setCursorPosition(4);
+    QCOMPARE(text.cursorPosition(), 4);
+  }
+
+  void aFieldToTypeIntoStaysOne() {
+    QLineEdit field;
+    QAccessibleInterface& told = *QAccessible::queryAccessibleInterface(&field);
+    QVERIFY(told.state().editable);
+    QVERIFY(!told.state().readOnly);
+    QVERIFY(told.editableTextInterface() != nullptr);
   }
 };
 

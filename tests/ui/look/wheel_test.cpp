@@ -36,8 +36,7 @@ struct Form {
     last.setFixedHeight(2 * kHeight);
     window.setWidget(parts);
     window.resize(kHeight, kHeight);
-    window.show();
-    if (!QTest::qWaitForWindowActive(&window)) qFatal("the form did not come to the front");
+    test::bringUp(window);
     first.setFocus();
   }
   ~Form() { window.takeWidget()->setParent(nullptr); }
