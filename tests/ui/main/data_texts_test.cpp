@@ -1,7 +1,6 @@
 #include <QListWidget>
 
 #include "tests/ui/main_screen.h"
-#include "tests/ui/next_dialog.h"
 #include "tests/ui/screen_test.h"
 
 // What a person typed is shown letter for letter: an & marks no letter of a menu, tags are no HTML, and a %

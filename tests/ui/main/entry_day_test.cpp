@@ -1,7 +1,5 @@
 #include "tests/ui/screen_test.h"
 
-#include <QTimer>
-
 #include "tests/ui/day_ways.h"
 #include "tests/ui/main_screen.h"
 
@@ -48,9 +46,6 @@ class EntryDayTest : public QObject {
     main.clickRow(0);
     QCOMPARE(main.field().date(), QDate(2013, 7, 1));
     QVERIFY(main.isCued());
-    QCOMPARE(main.label("lbNemMai"), QString("Nem a mai nap!"));
-    QVERIFY(main.find<QLabel>("lbNemMai")->font().bold());
-    QCOMPARE(main.find<QLabel>("lbNemMai")->backgroundRole(), QPalette::ToolTipBase);
   }
 
   void theCueComesAndGoesWithTheTypedDay() {

@@ -9,7 +9,6 @@ namespace {
 struct Form : test::Desk {
   Form() { part.show(); }
   QLineEdit& edit(const char* name) { return *test::part<QLineEdit>(part, name); }
-  QPushButton& button(const char* name) { return *test::part<QPushButton>(part, name); }
 
   EntryForm part{context, nullptr};
 };
@@ -48,12 +47,6 @@ class EntryFormTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void beginsWithTodayAndANoteAndAFullTank() {
-    Form form;
-    form.part.load();
-    QCOMPARE(lineOf(form.part.input()), QString("||||||Tankolás||2013.07.05.|x|-|-|-"));
-  }
-
   void whatIsShownIsWhatIsInTheFieldsThePriceToo() {
     Form form;
     form.part.load();
@@ -119,16 +112,6 @@ class EntryFormTest : public QObject {
     note->setFocus();
     QCOMPARE(note->currentText(), QString("Tankolás"));
     QCOMPARE(note->lineEdit()->selectedText(), QString("Tankolás"));
-  }
-
-  void onlyAChosenEntryCanBeModifiedOrDeleted() {
-    Form form;
-    for (const bool isChosen : {false, true, false}) {
-      form.part.setChosen(isChosen);
-      QCOMPARE(form.button("cmd_modosit").isEnabled(), isChosen);
-      QCOMPARE(form.button("cmd_del").isEnabled(), isChosen);
-      QVERIFY(form.button("cmd_rogzit").isEnabled());
-    }
   }
 };
 

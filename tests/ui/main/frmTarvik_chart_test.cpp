@@ -1,13 +1,8 @@
 #include "tests/ui/main_screen.h"
-#include "tests/ui/next_dialog.h"
 #include "tests/ui/screen_test.h"
-#include "tests/ui/support.h"
 #include "ui/chart/chart_view.h"
 #include "ui/windows/frmMelyGrafikon.h"
 
-#include <QFileDialog>
-#include <QMenu>
-#include <QScrollBar>
 #include <filesystem>
 
 using namespace tarvik;
@@ -232,14 +227,10 @@ class FrmTarvikChartTest : public QObject {
     main.showChart("Option3");
     main.list(1);
     QString proposed;
-    onNextDialog<QFileDialog>([&](QFileDialog& dialog) {
-      proposed = QFileInfo(dialog.selectedFiles().value(0)).fileName();
-      dialog.reject();
-    });
-    QTimer::singleShot(0, main.screen.get(), [] {
-      auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-      menu->setActiveAction(menu->actions().last());
-      QTest::keyClick(menu, Qt::Key_Return);
+    takeFileInNextDialog(QString::fromStdString(main.current / "kép.png"), &proposed);
+    onNextPopup<QMenu>([](QMenu& menu) {
+      menu.setActiveAction(menu.actions().last());
+      QTest::keyClick(&menu, Qt::Key_Return);
     });
     main.chart().setFocus();
     QTest::keyClick(&main.chart(), Qt::Key_F10, Qt::ShiftModifier);

@@ -1,7 +1,6 @@
 #include <QCalendarWidget>
 
 #include "tests/ui/main_screen.h"
-#include "tests/ui/next_dialog.h"
 #include "tests/ui/screen_test.h"
 #include "ui/look/main_button.h"
 
@@ -11,13 +10,10 @@ using namespace tarvik::test;
 namespace {
 
 // The main screen with a car of two fills.
-struct Household : MainScreen {
-  Household() {
-    writeLogbook("ABC123", {fuelling({2024, 1, 1}, 10'000, 405'000, true, 16'200),
-                            fuelling({2025, 1, 11}, 10'400, 300'000, true, 12'000)});
-    choosePlateAtStart("ABC123");
-    open();
-  }
+struct Household : ListedCar {
+  Household()
+      : ListedCar({fuelling({2024, 1, 1}, 10'000, 405'000, true, 16'200),
+                   fuelling({2025, 1, 11}, 10'400, 300'000, true, 12'000)}) {}
   void key(int key, Qt::KeyboardModifiers with = {}) {
     QWidget* const focus = screen->focusWidget();
     QTest::keyClick(focus == nullptr ? screen.get() : focus, static_cast<Qt::Key>(key), with);
@@ -200,14 +196,6 @@ class FrmTarvikKeyboardTest : public QObject {
     QVERIFY(main.box("ChkTeletank")->isChecked());
     QCOMPARE(record("10500", QMessageBox::No), QMessageBox::No);
     QCOMPARE(record("10501", QMessageBox::No), QMessageBox::Yes);
-  }
-
-  void theOpenFilterHasTheMainAction() {
-    Household main;
-    QVERIFY(ui::isMainAction(*main.find<QPushButton>("cmd_rogzit")));
-    main.press("cmd_lista");
-    QVERIFY(!ui::isMainAction(*main.find<QPushButton>("cmd_rogzit")));
-    QVERIFY(ui::isMainAction(*main.find<QPushButton>("cmdSzürés")));
   }
 
   void theKeysOfTheFilterAreItsOwn() {

@@ -1,6 +1,5 @@
 #include <malloc.h>
 
-#include <QDialog>
 #include <QDir>
 #include <filesystem>
 
@@ -101,14 +100,6 @@ class FrmTarvikRemindersTest : public QObject {
     QCOMPARE(main.context.state.reminderState, std::int16_t{0});
     QVERIFY(main.timer()->isActive());
     QCOMPARE(main.timer()->interval(), 5000);
-  }
-
-  void aStoredOffRunsTheSwitchAtStart() {
-    Household main(15'001, false);
-    main.open();
-    QCOMPARE(main.box("Check1")->text(), QString("  Kikapcsolva  "));
-    QVERIFY(!main.timer()->isActive());
-    QCOMPARE(main.flag(), kOff);
   }
 
   void switchingWritesTheFlagAndKeepsThePlate() {

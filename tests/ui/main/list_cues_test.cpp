@@ -79,10 +79,6 @@ class ListCuesTest : public QObject {
              QString("ABC123 naplójában nincs bejegyzés erre a szűrésre: 2013. 7. hó."));
   }
 
-  void aListOfWhichNothingElseIsSaidIsWholeAndEmpty() {
-    QCOMPARE(lineOf({.plate = "ABC123"}, "ABC123"), QString("ABC123 naplója – teljes lista, 0 bejegyzés"));
-  }
-
   void aLogbookThatCannotBeReadIsSaidSo() {
     const ListedLogbook unread{.plate = "ABC123", .isRead = false};
     QCOMPARE(lineOf(unread, "ABC123"), QString("ABC123 naplója nem olvasható"));
@@ -90,25 +86,6 @@ class ListCuesTest : public QObject {
         emptyListText(unread, true),
         QString("ABC123 naplója nem olvasható.\nNézd meg, megvan-e a mappája, vagy vedd fel a rendszámot "
                 "a Beállítások menüben!"));
-  }
-
-  void theHintFillsTheListWhileItHasNoRows() {
-    ListView view;
-    TextListModel model({"Szöveg"});
-    view.setModel(&model);
-    const ListHint hint(view, "Üres.");
-    view.show();
-    QVERIFY(hint.isVisible());
-    view.resize(400, 300);
-    QCOMPARE(hint.geometry(), view.viewport()->rect());
-    QCOMPARE(hint.alignment(), Qt::AlignCenter);
-    QVERIFY(hint.wordWrap());
-    QVERIFY(hint.margin() > 0);
-    QVERIFY(hint.testAttribute(Qt::WA_TransparentForMouseEvents));
-    model.setRows({{{"a"}, "1"}});
-    QVERIFY(!hint.isVisible());
-    model.setRows({});
-    QVERIFY(hint.isVisible());
   }
 };
 

@@ -1,7 +1,5 @@
 #include "tests/ui/screen_test.h"
 
-#include <QTimer>
-
 #include "tests/support/forwarding_file_system.h"
 #include "tests/ui/day_ways.h"
 #include "tests/ui/main_screen.h"
@@ -15,8 +13,7 @@ const char* const kFar = "Több mint 3 000 km az előző állás óta: 241419";
 // The main screen with three readings in its list, and another car's of one.
 struct Readings : MainScreen {
   Readings() {
-    folder.write("rendsz.dat",
-                 padded("ABC123", 8) + std::string(2, '\0') + padded("KLM456", 8) + std::string(2, '\0'));
+    writeVehicles({"ABC123", "KLM456"});
     writeLogbook("ABC123", {fuelling({2026, 9, 1}, 200'000, 405'000, true),
                             fuelling({2026, 10, 1}, 240'649, 405'000, true),
                             fuelling({2026, 11, 18}, 241'419, 405'000, true)});

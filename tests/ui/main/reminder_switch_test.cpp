@@ -38,16 +38,6 @@ class ReminderSwitchTest : public QObject {
     QVERIFY(!reminders.timer().isActive());
   }
 
-  void theTimerRunsAndRestsWhateverTheSwitchSays() {
-    Switch reminders;
-    reminders.part.setChecking(false);
-    QVERIFY(!reminders.timer().isActive());
-    QVERIFY(reminders.box().isChecked());
-    reminders.part.setOn(false);
-    reminders.part.setChecking(true);
-    QVERIFY(reminders.timer().isActive());
-  }
-
   // Timers come in the order in which they are due, however late: a check that went on counting would come
   // before the one beside it.
   void theFirstCheckComesAFullIntervalAfterTheShowing() {

@@ -1,10 +1,4 @@
-#include <QAction>
-#include <QClipboard>
-#include <QFileDialog>
-#include <QMenu>
-
 #include "tests/ui/main_screen.h"
-#include "tests/ui/next_dialog.h"
 #include "tests/ui/opened_pages.h"
 #include "tests/ui/screen_test.h"
 #include "ui/base/text.h"
@@ -68,29 +62,21 @@ class ToolsMenuTest : public QObject {
     QCOMPARE(letters.removeDuplicates(), 0);
   }
 
-  void copiesTheChosenRowFromTheMenu() {
-    Screen main;
-    main.clickRow(1);
-    main.chooseItem("mnuMasolas");
-    QCOMPARE(QGuiApplication::clipboard()->text(), "2026.01.19.\t1500\t30,50\t500\t\t\t\t\tKézi mosás\n");
-  }
-
-  void savesTheListFromTheMenu() {
-    Screen main;
-    const std::string path = main.folder / "naplo.csv";
-    onNextDialog<QFileDialog>([&](QFileDialog& dialog) {
-      test::nameFile(dialog, ui::toQt(path));
-      static_cast<QDialog&>(dialog).accept();
-    });
-    main.chooseItem("mnuCsvMentes");
-    QVERIFY(!main.folder.read("naplo.csv").empty());
-  }
-
   void tellsWhichProgramItIs() {
     Screen main;
     test::BoxScript boxes({QMessageBox::Ok});
     main.chooseItem("mnuNevjegy");
+    QCOMPARE(boxes.seen.size(), 1);
     QCOMPARE(boxes.seen[0].title, "A Tarvik névjegye");
+    QCOMPARE(boxes.seen[0].icon, QMessageBox::Information);
+    QCOMPARE(
+        boxes.seen[0].text,
+        QString(
+            "Tarvik 1.0.0\nA háztartás gépkocsijainak költségnaplója.\n\n"
+            "Az adatok a program mappájában vannak:\n%1\n\n"
+            "Szabad szoftver a GNU General Public License szerint: LICENSE.txt. A programmal együtt adott "
+            "részek licencei a licencek mappában vannak.")
+            .arg(ui::toQt(main.folder.path())));
   }
 
   void f1OpensTheManualOfWhatIsInFront() {
