@@ -2,11 +2,11 @@
 
 #include <QLabel>
 #include <QLineEdit>
-#include <QTest>
 
 #include "core/failure.h"
 #include "tests/ui/box_script.h"
 #include "tests/ui/screen_test.h"
+#include "ui/base/change_news.h"
 
 using namespace tarvik;
 using core::Failure;
@@ -132,6 +132,17 @@ class ChangeTest : public QObject {
     change.making = std::move(Failure(FailureKind::NotANumber).field(refused.toStdString()));
     QVERIFY(!change.carryOut());
     QCOMPARE(screen.focusWidget()->objectName(), focus);
+  }
+
+  void onlyWhatWasPutInCameBack() {
+    const core::Travelled travelled{.name = "törlés",
+                                    .files = {{.path = "a", .recordLength = 71, .at = 142, .inserted = 71},
+                                              {.path = "b", .recordLength = 71, .at = 142, .inserted = 0}}};
+    QCOMPARE(ui::recordThatCameBack(travelled, "a"), 3);
+    QCOMPARE(ui::recordThatCameBack(travelled, "b"), 0);
+    QCOMPARE(ui::recordThatCameBack(travelled, "c"), 0);
+    QVERIFY(ui::concerns(travelled, "b"));
+    QVERIFY(!ui::concerns(travelled, "c"));
   }
 };
 

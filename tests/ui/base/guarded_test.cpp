@@ -2,7 +2,6 @@
 
 #include <QFile>
 #include <QRegularExpression>
-#include <QTest>
 #include <cerrno>
 #include <new>
 
@@ -44,36 +43,14 @@ QStringList namesOf(const QList<Line>& lines) {
   return names;
 }
 
-const QMap<QString, int> kErrors{{"ENOENT", ENOENT},
-                                 {"ENOTDIR", ENOTDIR},
-                                 {"EISDIR", EISDIR},
-                                 {"EACCES", EACCES},
-                                 {"EPERM", EPERM},
-                                 {"EROFS", EROFS},
-                                 {"ENOSPC", ENOSPC},
-                                 {"EDQUOT", EDQUOT},
-                                 {"EFBIG", EFBIG},
-                                 {"EIO", EIO},
-                                 {"EEXIST", EEXIST},
-                                 {"EBUSY", EBUSY},
-                                 {"EWOULDBLOCK", EWOULDBLOCK},
-                                 {"ETXTBSY", ETXTBSY},
-                                 {"EMFILE", EMFILE},
-                                 {"ENFILE", ENFILE},
-                                 {"ENAMETOOLONG", ENAMETOOLONG},
-                                 {"ELOOP", ELOOP},
-                                 {"EXDEV", EXDEV},
-                                 {"EINTR", EINTR},
-                                 {"EINVAL", EINVAL},
-                                 {"ENOTSUP", ENOTSUP},
-                                 {"ENOSYS", ENOSYS},
-                                 {"ENOMEM", ENOMEM},
-                                 {"ENOLCK", ENOLCK},
-                                 {"ESTALE", ESTALE},
-                                 {"ESPIPE", ESPIPE},
-                                 {"ENXIO", ENXIO},
-                                 {"ENOTEMPTY", ENOTEMPTY},
-                                 {"EBADF", EBADF}};
+#define NAMED(error) \
+  { #error, error }
+const QMap<QString, int> kErrors{
+    NAMED(ENOENT),      NAMED(ENOTDIR), NAMED(EISDIR), NAMED(EACCES),  NAMED(EPERM),        NAMED(EROFS),
+    NAMED(ENOSPC),      NAMED(EDQUOT),  NAMED(EFBIG),  NAMED(EIO),     NAMED(EEXIST),       NAMED(EBUSY),
+    NAMED(EWOULDBLOCK), NAMED(ETXTBSY), NAMED(EMFILE), NAMED(ENFILE),  NAMED(ENAMETOOLONG), NAMED(ELOOP),
+    NAMED(EXDEV),       NAMED(EINTR),   NAMED(EINVAL), NAMED(ENOTSUP), NAMED(ENOSYS),       NAMED(ENOMEM),
+    NAMED(ENOLCK),      NAMED(ESTALE),  NAMED(ESPIPE), NAMED(ENXIO),   NAMED(ENOTEMPTY),    NAMED(EBADF)};
 
 }  // namespace
 

@@ -1,13 +1,10 @@
 #include "ui/base/manual.h"
 
 #include <QAction>
-#include <QDesktopServices>
 #include <QDialog>
 #include <QDirIterator>
 #include <QFile>
 #include <QRegularExpression>
-#include <QTest>
-#include <QUrl>
 
 #include "tests/ui/opened_pages.h"
 #include "tests/ui/screen_test.h"
@@ -24,8 +21,7 @@ struct ManualDesk : test::Desk {
     part.setProperty("chapter", "gumik");
     screen.addAction(manual.item());
     screen.resize(300, 200);
-    screen.show();
-    if (!QTest::qWaitForWindowActive(&screen)) qFatal("the screen did not come to the front");
+    test::bringUp(screen);
     field.setFocus();
   }
 
@@ -103,8 +99,6 @@ class ManualTest : public QObject {
   void theMenuItemOpensIt() {
     ManualDesk desk;
     desk.program.write("kezikonyv.html", "");
-    QCOMPARE(desk.manual.item()->text(), "Ké&zikönyv");
-    QCOMPARE(desk.manual.item()->shortcut(), QKeySequence(Qt::Key_F1));
     desk.manual.item()->trigger();
     QCoreApplication::processEvents();
     QCOMPARE(desk.pages.chapters(), QStringList{"gumik"});

@@ -1,8 +1,5 @@
 #include "ui/base/menu_entry_action.h"
 
-#include <QMenu>
-#include <QTest>
-
 #include "tests/ui/screen_test.h"
 #include "tests/ui/support.h"
 

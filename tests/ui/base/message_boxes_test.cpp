@@ -1,10 +1,8 @@
 #include "ui/base/message_boxes.h"
 
-#include <QApplication>
 #include <QInputDialog>
 #include <QLayout>
 #include <QStyle>
-#include <QTest>
 
 #include "tests/ui/box_script.h"
 #include "tests/ui/dressed.h"

@@ -1,8 +1,5 @@
 #include "ui/base/start_folders.h"
 
-#include <QTest>
-#include <filesystem>
-
 #include "tests/ui/screen_test.h"
 #include "tests/ui/support.h"
 

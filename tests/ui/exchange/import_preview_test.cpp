@@ -1,19 +1,10 @@
 #include "ui/exchange/import_preview.h"
 
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTreeView>
 #include <QtTest>
-#include <filesystem>
 
-#include "core/record_list.h"
 #include "tests/support/forwarding_file_system.h"
 #include "tests/ui/main_screen.h"
-#include "tests/ui/next_dialog.h"
 #include "tests/ui/screen_test.h"
-#include "tests/ui/support.h"
 #include "ui/base/guarded.h"
 #include "ui/base/text.h"
 #include "ui/exchange/csv_files.h"
@@ -55,11 +46,6 @@ class ImportPreviewTest : public QObject {
   struct Import {
     Import() { desk.program.makeFolder(kPlate); }
 
-    void writeLogbook(const std::vector<core::NapiAdat>& entries) {
-      std::string bytes;
-      for (const core::NapiAdat& entry : entries) bytes += test::toText(core::encoded(entry));
-      desk.program.write(kFile, bytes);
-    }
     std::vector<core::NapiAdat> stored() {
       const std::string bytes = desk.program.read(kFile);
       std::vector<core::NapiAdat> entries;
@@ -156,7 +142,7 @@ class ImportPreviewTest : public QObject {
   void whatIsTickedComesIntoTheLogbookAndIsTold() {
     Import csv;
     const core::NapiAdat old = fuelling({2011, 12, 1}, 600, 400'000, true);
-    csv.writeLogbook({old});
+    csv.desk.writeLogbook(kPlate, {old});
     QVERIFY(csv.take(kForintLog, [&](Preview& preview) {
       const auto* rows = rowsOf(preview);
       QCOMPARE(row(rows, 0, 9),
@@ -240,7 +226,7 @@ class ImportPreviewTest : public QObject {
   void thePastComesBeforeWhatIsThere() {
     Import csv;
     const core::NapiAdat later = fuelling({2012, 4, 1}, 2000, 400'000, true);
-    csv.writeLogbook({later});
+    csv.desk.writeLogbook(kPlate, {later});
     QVERIFY(csv.take(kForintLog, [](Preview& preview) {
       auto* place = box(preview, "cmbHely");
       QVERIFY(place->isVisible());
@@ -257,7 +243,7 @@ class ImportPreviewTest : public QObject {
 
   void thePastComesToTheEndWhereThePersonSaysSo() {
     Import csv;
-    csv.writeLogbook({fuelling({2012, 4, 1}, 2000, 400'000, true)});
+    csv.desk.writeLogbook(kPlate, {fuelling({2012, 4, 1}, 2000, 400'000, true)});
     QVERIFY(csv.take(kForintLog, [](Preview& preview) {
       choose(preview, "cmbHely", 1);
       takeOver(preview);
@@ -431,7 +417,7 @@ class ImportPreviewTest : public QObject {
         QCOMPARE(listings, 1);
         QCOMPARE(csv.stored().size(), 1U);
       };
-      csv.writeLogbook({other});
+      csv.desk.writeLogbook(kPlate, {other});
       takeOver(preview);
       takeOver(preview);
     }));

@@ -163,13 +163,6 @@ class ListPrinterTest : public QObject {
     QVERIFY(bench.system.sent.isEmpty());
   }
 
-  void theNameGetsItsEndingWhenItHasNone() {
-    Bench bench(1);
-    bench.answerWithoutPrinter("lista");
-    QVERIFY(bench.print());
-    QCOMPARE(bench.documents(), std::vector<std::string>{"lista.pdf"});
-  }
-
   void decliningThePdfChangesNothing() {
     Bench bench(1);
     bench.system.name.clear();

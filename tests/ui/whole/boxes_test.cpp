@@ -1,15 +1,10 @@
-#include <QContextMenuEvent>
 #include <QFile>
-#include <QFileDialog>
 #include <QInputDialog>
 #include <QListWidget>
-#include <QMenu>
 #include <QRegularExpression>
 #include <filesystem>
 
-#include "tests/reminders/builders.h"
 #include "tests/ui/main_screen.h"
-#include "tests/ui/next_dialog.h"
 #include "tests/ui/reminder_desk.h"
 #include "tests/ui/screen_test.h"
 #include "ui/base/text.h"
@@ -141,13 +136,9 @@ class BoxesTest : public QObject {
     typeInto(*part<QLineEdit>(screen, "txTank"), "45");
     expect("add-car-without-plate", [&] { press("cmdRendszamFelvesz"); });
     openPage(*part<QTabWidget>(screen, "SSTab1"), 2);
-    const auto click = [&](const char* name) {
-      const auto* list = part<QListWidget>(screen, name);
-      QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(0)).center());
-    };
-    click("listAlkatr");
+    clickRow(*part<QListWidget>(screen, "listAlkatr"), 0);
     expect("delete-part", [&] { press("cmdAlkatrDel"); });
-    click("listMegj");
+    clickRow(*part<QListWidget>(screen, "listMegj"), 0);
     expect("delete-note", [&] { press("cmdMegjDel"); });
   }
 
@@ -174,10 +165,8 @@ class BoxesTest : public QObject {
 
   void theBoxOfTakingBack() {
     Desk desk;
-    for (const char* folder : {"ABC123", "Mentések", "Mentések/2013-07-01", "Mentések/2013-07-01/ABC123"})
-      desk.program.makeFolder(folder);
-    desk.program.write("Mentések/2013-07-01/ABC123/napiadat.dat",
-                       toText(core::encoded(fuelling({2013, 6, 1}, 10000, 300'000, true))));
+    desk.program.makeFolder("ABC123");
+    desk.writeLogbook("Mentések/2013-07-01/ABC123", {fuelling({2013, 6, 1}, 10000, 300'000, true)});
     onNextDialog<QDialog>([&](QDialog& screen) {
       expect("take-back", [&] { press(*part<QPushButton>(screen, "cmdVisszaallit")); });
       screen.close();

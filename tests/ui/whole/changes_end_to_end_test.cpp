@@ -3,9 +3,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTest>
 #include <algorithm>
-#include <memory>
 
 #include "core/machine_file_system.h"
 #include "repairs/repair_log.h"
@@ -62,6 +60,12 @@ struct House {
     made.plate = core::FixedText<10>("ABC-123");
     made.description = core::FixedText<80>(description);
     return made;
+  }
+  std::vector<std::string> contents() const {
+    std::vector<std::string> all;
+    for (const char* file : {"rendsz.dat", "figyel.dat", "Gumik.dat", "Szerviz.dat"})
+      all.push_back(folder.read(file));
+    return all;
   }
 
   TemporaryFolder folder;
@@ -294,6 +298,23 @@ class ChangesEndToEndTest : public QObject {
     QVERIFY2(boxes.seen[0].text.endsWith("\n\nA kapcsoló úgy maradt, ahogy volt."),
              qPrintable(boxes.seen[0].text));
     QCOMPARE(box->isChecked(), before);
+  }
+
+  void whatIsNotAskedIsDoneBySpaceAndByNoEnter_data() { addOffers(); }
+  void whatIsNotAskedIsDoneBySpaceAndByNoEnter() {
+    QFETCH(int, index);
+    const Offer& offer = offers()[static_cast<std::size_t>(index)];
+    House house;
+    Opened opened(house, offer);
+    auto* const button = opened.screen->findChild<QPushButton*>(offer.button);
+    if (!offer.answers.isEmpty() || !button->isVisible()) return;
+    QVERIFY(QTest::qWaitForWindowActive(opened.screen.get()));
+    const auto before = house.contents();
+    button->setFocus();
+    for (int time = 0; time < 2; ++time) QTest::keyClick(button, Qt::Key_Return);
+    QVERIFY(house.contents() == before);
+    QTest::keyClick(button, Qt::Key_Space);
+    QVERIFY(house.contents() != before);
   }
 
   void aSavedChangeIsListedWithoutAWord_data() { addOffers(); }

@@ -1,7 +1,6 @@
 #include <QAccessible>
 #include <QFile>
 #include <QGroupBox>
-#include <QHeaderView>
 #include <QListWidget>
 #include <QRegularExpression>
 #include <QScopeGuard>
@@ -9,9 +8,7 @@
 
 #include "exchange/own_format.h"
 #include "tests/ui/main_screen.h"
-#include "tests/ui/next_dialog.h"
 #include "tests/ui/screen_test.h"
-#include "tests/ui/support.h"
 #include "ui/exchange/import_preview.h"
 #include "ui/lists/list_view.h"
 #include "ui/windows/figy.h"
@@ -280,7 +277,7 @@ void compareWithPage(const QWidget& screen) {
     QTest::qFail(qPrintable(difference), __FILE__, __LINE__);
 }
 
-// What every screen has beside its page: arrows check options, and padding is not told.
+// What every screen has beside its page: arrows check options, padding is not told, and Escape closes it.
 void tryWithoutEyesAndMouse(QWidget& screen) {
   const auto isTold = [](const QVariant& told) {
     if (told != "x") QTest::qFail("an item is told with its padding", __FILE__, __LINE__);
@@ -303,6 +300,9 @@ void tryWithoutEyesAndMouse(QWidget& screen) {
     if (std::ranges::none_of(options, &QRadioButton::isChecked))
       QTest::qFail("an arrow checks no option", __FILE__, __LINE__);
   }
+  if (qobject_cast<QDialog*>(&screen) == nullptr) return;
+  QTest::keyClick(&screen, Qt::Key_Escape);
+  if (screen.isVisible()) QTest::qFail("Escape does not close the screen", __FILE__, __LINE__);
 }
 
 }  // namespace

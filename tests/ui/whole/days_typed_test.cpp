@@ -1,6 +1,5 @@
 #include "tests/ui/screen_test.h"
 
-#include "core/record_file.h"
 #include "repairs/repair_log.h"
 #include "tests/ui/day_ways.h"
 #include "tests/ui/main_screen.h"
@@ -102,9 +101,8 @@ class DaysTypedTest : public QObject {
 
  private:
   static void show(QWidget& screen) {
-    screen.show();
     screen.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&screen));
+    bringUp(screen);
   }
 
   // The field shows the day that is stored while the question is asked already.

@@ -2,19 +2,11 @@
 
 #include <QAbstractSpinBox>
 #include <QGroupBox>
-#include <QHeaderView>
-#include <QMenuBar>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QStyleOptionFrame>
-#include <QTabWidget>
 
-#include "core/record_list.h"
 #include "reminders/km_reminders.h"
 #include "tests/ui/main_screen.h"
-#include "tests/ui/next_dialog.h"
 #include "tests/ui/screen_test.h"
-#include "tests/ui/support.h"
 #include "ui/lists/list_delegate.h"
 #include "ui/look/placement.h"
 #include "ui/windows/figy.h"
@@ -303,18 +295,6 @@ class LookTest : public QObject {
     check(chooser);
   }
 
-  void theLabelAndThePickerOfTheFilterComeAndGoTogether() {
-    EveryScreen desk;
-    desk.open();
-    desk.press("cmd_lista");
-    QVERIFY(desk.find<QLabel>("Label4")->isHidden());
-    desk.press("opSzürö_1");
-    QVERIFY(!desk.find<QLabel>("Label4")->isHidden());
-    QVERIFY(!desk.find<QDateEdit>("DTPSzürö")->isHidden());
-    desk.press("opSzürö_0");
-    QVERIFY(desk.find<QLabel>("Label4")->isHidden());
-  }
-
   void aRecordingShowsAndMarksItsRowAndAsksForTheNextReading() {
     EveryScreen desk;
     desk.open();
@@ -350,20 +330,6 @@ class LookTest : public QObject {
     desk.combo("Combo1")->setEditText("ABC-123");
     desk.combo("Combo1")->setEditText(QString());
     QVERIFY(hint->text() != first);
-  }
-
-  void aScrollBarsHandleCanBeSeenOnABlackDesktop() {
-    QPalette black(Qt::white, Qt::black, Qt::black, Qt::black, Qt::black, Qt::white, Qt::black);
-    QScrollBar bar(Qt::Vertical);
-    bar.setPalette(black);
-    bar.setPageStep(bar.maximum());
-    bar.resize(bar.sizeHint().width(), 200);
-    const QImage picture = bar.grab().toImage();
-    const int between = bar.width() + 2;  // the arrows at both ends are always seen
-    int seen = 0;
-    for (int y = between; y < picture.height() - between; ++y)
-      for (int x = 0; x < picture.width(); ++x) seen += qGray(picture.pixel(x, y)) > 90 ? 1 : 0;
-    QVERIFY2(seen > picture.height() / 2, qPrintable(QString::number(seen)));
   }
 };
 

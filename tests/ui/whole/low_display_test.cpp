@@ -1,9 +1,5 @@
-#include <QScrollArea>
-#include <QScrollBar>
-
 #include "tests/ui/main_screen.h"
 #include "tests/ui/screen_test.h"
-#include "tests/ui/support.h"
 #include "ui/windows/frmGumik.h"
 
 // The commonest old laptop: 1366 x 768 pixels, 40 of them under the desktop's panel.
@@ -55,13 +51,9 @@ class LowDisplayTest : public QObject {
     QVERIFY(desk.screen->screen()->availableGeometry().contains(desk.screen->geometry()));
   }
 
-  void theMainScreenIsWholeWithLargerLetters() {
+  void theMainScreenIsWholeWithLargerLettersAndMoreThanFourRows() {
     Household desk(kLargePoints);
     QCOMPARE(scrollBarsOf(*desk.screen), QStringList());
-  }
-
-  void theListHasMoreThanFourRowsWithLargerLetters() {
-    Household desk(kLargePoints);
     const int row = desk.list()->visualRect(desk.list()->model()->index(0, 0)).height();
     QVERIFY(desk.list()->viewport()->height() > 4 * row);
     QVERIFY(desk.find<QWidget>("FrameAlkatresz")->x() > desk.find<QWidget>("FrameTank")->geometry().right());

@@ -1,11 +1,5 @@
-#include <QCheckBox>
-#include <QTabWidget>
-#include <QTimer>
-
 #include "tests/ui/main_screen.h"
-#include "tests/ui/next_dialog.h"
 #include "tests/ui/screen_test.h"
-#include "tests/ui/support.h"
 #include "ui/windows/frmSetup.h"
 
 // The switch of the main screen and that of the settings, which share their state and read it the other way
