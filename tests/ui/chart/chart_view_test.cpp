@@ -245,6 +245,12 @@ class ChartViewTest : public QObject {
     QCOMPARE(selected.count(), 4);
   }
 
+  void wishesForAWidthAndCanDoWithLess() {
+    QCOMPARE(chart_->sizeHint().width(), 700);
+    QCOMPARE(chart_->minimumSizeHint().width(), 320);
+    QCOMPARE(chart_->sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding));
+  }
+
   void wishesForAPlotOf220Pixels() {
     for (const int pointSize : {8, 10, 16}) {
       QFont font = chart_->font();
