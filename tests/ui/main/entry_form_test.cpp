@@ -77,7 +77,7 @@ class EntryFormTest : public QObject {
     QCoreApplication::processEvents();
     const QRect full = test::part<QCheckBox>(form.part, "ChkTeletank")->geometry();
     const QRect cue = test::part<QLabel>(form.part, "lbNemMai")->geometry();
-    const QRect back = form.button("cmdMa").geometry();
+    const QRect back = test::part<QPushButton>(form.part, "cmdMa")->geometry();
     QVERIFY(full.right() < cue.left() && cue.right() < back.left());
     QVERIFY(cue.height() >= form.part.fontMetrics().height());
     for (const QRect& beside : {cue, back}) QVERIFY(std::abs(beside.center().y() - full.center().y()) <= 1);
