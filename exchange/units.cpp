@@ -67,11 +67,11 @@ UnitHint statedHint(const LogTable& table, const std::vector<ColumnFacts>& facts
 }
 
 // Litres per hundred kilometres from one row to the next, in the middle; nothing where there is no telling.
+// There are volumes, and readings or distances.
 std::optional<double> middleConsumption(const std::vector<ColumnFacts>& facts, const Reading& reading) {
   const std::size_t volume = reading.columnOf(Meaning::Volume);
   const std::size_t odometer = reading.columnOf(Meaning::Odometer);
   const std::size_t trip = reading.columnOf(Meaning::Trip);
-  if (volume >= facts.size() || (odometer >= facts.size() && trip >= facts.size())) return std::nullopt;
   std::vector<std::pair<double, double>> fills;
   const ColumnFacts& distances = facts[std::min(odometer, trip)];
   for (std::size_t i = 0; i < distances.figures.size(); ++i)

@@ -39,6 +39,8 @@ def changes_of(path, text):
     for start, end, new, kind in sorted(found):
         line = text.count("\n", 0, start) + 1
         context = text.splitlines()[line - 1].strip()
+        if ".reserve(" in context:
+            continue  # without room made for them a container grows as its values come
         result.append(Change(path, line, kind, start, end, text[start:end], new, context))
     return result
 
@@ -134,8 +136,8 @@ def removed_calls(masked):
     found = []
     for match in STATEMENT.finditer(masked):
         start = match.start("call")
-        if re.match(r"[A-Za-z_]+", match["call"])[0] in NO_CALLS or match["call"].endswith(".reserve("):
-            continue  # without room made for them a container grows as its values come
+        if re.match(r"[A-Za-z_]+", match["call"])[0] in NO_CALLS:
+            continue
         end = closing(masked, match.end("call") - 1)
         while end >= 0 and (link := re.match(r"\)\s*(?:\.|->)\w+\(", masked[end:])):
             end = closing(masked, end + link.end() - 1)

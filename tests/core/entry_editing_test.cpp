@@ -89,6 +89,13 @@ TEST_F(EntryEditing, PlateTooLongForAFolderSaysSo) {
   expectFailure(FailureKind::OpenFailed, [&] { recordEntry(files_, folders_, plate, typed("1", "1")); });
 }
 
+TEST_F(EntryEditing, AFullLogbookSaysWhichEntryItCannotTake) {
+  folder_.write("ABC123/napiadat.dat", std::string(32'767 * NapiAdat::kLength, '\0'));
+  expectFailure(
+      FailureKind::FileFull, [&] { record(typed("1", "1")); },
+      [](const Failure& failure) { EXPECT_EQ(failure.record(), 32'768); });
+}
+
 TEST_F(EntryEditing, LongAndForeignPlatesAreFoldersLikeAnyOther) {
   for (const std::string& plate : {std::string(40, 'A'), std::string("日本語"), std::string("ŐŰ-123")}) {
     EXPECT_EQ(load(plate).count(), 0);

@@ -153,6 +153,7 @@ TEST(TheSignOfAColumn, IsThatOfTheOthersOrUsual) {
               ElementsAre(DecimalSign::Comma, DecimalSign::Point));
   EXPECT_THAT(signs({{"Km óra", "48,210"}}), ElementsAre(DecimalSign::Point));
   EXPECT_THAT(signs({{"Km", "48.210"}}), ElementsAre(DecimalSign::Comma));
+  EXPECT_THAT(signs({{"Km", "n.a.", "48000", "48,210"}}), ElementsAre(DecimalSign::Point));
 }
 
 TEST(AColumn, IsOfFiguresOrDaysWhereMoreThanHalfOfItsCellsAre) {

@@ -133,6 +133,7 @@ TEST(APlan, OfAnOwnFileWithoutItsConsumptionsWorksThemOut) {
       core::Logbook::of(std::vector<NapiAdat>{fuelling({2024, 1, 5}, 1'000, 400'000, true)}), {1}};
   const std::string whole = exchange::csvOf(listing).substr(3);
   EXPECT_TRUE(planOf(readLog(whole)).isOwn);
+  EXPECT_TRUE(planOf(readLog(whole, {.columns = {{14, exchange::Meaning::Day}}})).isOwn);  // there are 14
   std::string without = whole;
   without.replace(without.find(";Fogyasztás (liter/100 km)"),
                   std::string(";Fogyasztás (liter/100 km)").size(), "");

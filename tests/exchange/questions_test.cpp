@@ -168,6 +168,12 @@ TEST(Units, OfEnglishHeadsAreAskedUnlessTheMoneyTells) {
         "Date;Odometer;Volume;Cost;Currency\n2024-01-01;1000;60;5;PLN\n2024-01-02;2000;60;5;PLN\n",
         "Date;Odometer;Volume;Unit price (PLN)\n2024-01-01;1000;60;5\n2024-01-02;2000;60;5\n"})
     EXPECT_THAT(open(text, zloty), IsEmpty()) << text;
+  // Two litres over 100 km, whichever row comes first.
+  for (const char* rows :
+       {"2024-01-01;1000;20;5\n2024-01-02;2000;20;5\n", "2024-01-02;2000;20;5\n2024-01-01;1000;20;5\n"})
+    EXPECT_THAT(open(std::string("Date;Odometer;Volume;Cost (PLN)\n") + rows, zloty),
+                ElementsAre(Question::DistanceUnit))
+        << rows;
   EXPECT_THAT(openAfter("Date;Odometer (km);Volume", "60"), IsEmpty());
   EXPECT_THAT(openAfter("Date;Odometer;Volume", "60"),
               ElementsAre(Question::DistanceUnit, Question::VolumeUnit));

@@ -194,5 +194,17 @@ TEST(ARow, WithACellWithoutADigitOrBelowNothingIsNoFigure) {
   EXPECT_EQ(log.rows.unread.at(1).head, "Ft");
 }
 
+TEST(ARowLeftOut, MayBeAFillUpWhereItHasAVolumeOrMoreCellsThanHeads) {
+  const auto mayBe = [](exchange::UnreadRow::Why why, const std::string& volume) {
+    exchange::UnreadRow row{.why = why};
+    row.volume = volume;
+    return row.mayBeFillUp();
+  };
+  EXPECT_TRUE(mayBe(Why::DayNotUnderstood, "40"));
+  EXPECT_FALSE(mayBe(Why::DayNotUnderstood, "-"));
+  EXPECT_TRUE(mayBe(Why::TooManyCells, ""));
+  EXPECT_FALSE(mayBe(Why::Total, "40"));
+}
+
 }  // namespace
 }  // namespace tarvik::test

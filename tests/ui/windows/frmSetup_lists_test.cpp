@@ -39,6 +39,31 @@ class SettingsListsTest : public QObject {
     }
   }
 
+  // The first and the last of three came back into what had been open all the while.
+  void whatIsTakenBackIsListedAnewAndWhatCameBackIsChosen() {
+    const auto vehicle = [](const char* plate) { return padded(plate, 8) + std::string("\x2D\0", 2); };
+    const auto text = [](const char* written) { return padded(written, 50); };
+    const std::vector<std::tuple<const char*, const char*, std::vector<std::string>>> files{
+        {"rendsz.dat", "List1", {vehicle("A"), vehicle("B"), vehicle("C")}},
+        {"alkatr.dat", "listAlkatr", {text("A"), text("B"), text("C")}},
+        {"megjegyz.dat", "listMegj", {text("A"), text("B"), text("C")}}};
+    for (const auto& [file, list, records] : files)
+      for (const std::size_t back : {0U, 2U}) {
+        const std::string all = records[0] + records[1] + records[2];
+        const std::size_t length = records[0].size();
+        ShownSetup setup({{file, std::string(all).erase(back * length, length)}});
+        setup.current.write(file, all);
+        emit setup.context.news.travelled({.name = "törlés",
+                                           .files = {{.path = setup.context.folders.inCurrent(file),
+                                                      .recordLength = length,
+                                                      .at = back * length,
+                                                      .inserted = length}}});
+        QCOMPARE(setup.rows(list).size(), 3);
+        QCOMPARE(setup.list(list)->currentRow(), static_cast<int>(back));
+        QVERIFY2(setup.list(list)->currentItem()->isSelected(), list);
+      }
+  }
+
   void theNoteButtonIsDisabledBeforeTheQuestionThePartButtonAfterIt() {
     ShownSetup setup({{"alkatr.dat", padded("A", 50)}, {"megjegyz.dat", padded("B", 50)}});
     setup.openPage(2);
