@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QScreen>
+
 #include "tests/reminders/builders.h"
 #include "tests/ui/support.h"
 #include "ui/lists/list_view.h"

@@ -1,7 +1,5 @@
 #include "ui/exchange/import_preview.h"
 
-#include <QtTest>
-
 #include "tests/support/forwarding_file_system.h"
 #include "tests/ui/main_screen.h"
 #include "tests/ui/screen_test.h"

@@ -2,7 +2,6 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QtTest>
 
 #include "reminders/date_reminders.h"
 #include "reminders/km_reminders.h"

@@ -1,7 +1,6 @@
 #include "ui/look/plate_chooser.h"
 
 #include <QVBoxLayout>
-#include <QtTest>
 
 #include "tests/ui/by_hand.h"
 #include "tests/ui/screen_test.h"

@@ -2,7 +2,6 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
-#include <QtTest>
 #include <filesystem>
 
 #include "core/machine_file_system.h"

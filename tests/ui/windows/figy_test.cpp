@@ -1,7 +1,6 @@
 #include "ui/windows/figy.h"
 
 #include <QLabel>
-#include <QScreen>
 #include <filesystem>
 
 #include "tests/ui/next_dialog.h"

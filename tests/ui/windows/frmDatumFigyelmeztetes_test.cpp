@@ -2,7 +2,6 @@
 
 #include <QAccessible>
 #include <QLabel>
-#include <QScreen>
 
 #include "tests/ui/reminder_desk.h"
 #include "tests/ui/screen_test.h"

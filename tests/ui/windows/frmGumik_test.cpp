@@ -1,7 +1,6 @@
 #include "ui/windows/frmGumik.h"
 
 #include <QGroupBox>
-#include <QtTest>
 #include <filesystem>
 
 #include "tests/ui/register_desk.h"

@@ -2,7 +2,6 @@
 
 #include <QCheckBox>
 #include <QLabel>
-#include <QtTest>
 #include <limits>
 
 #include "tests/ui/register_desk.h"

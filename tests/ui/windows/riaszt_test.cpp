@@ -1,7 +1,6 @@
 #include "ui/windows/riaszt.h"
 
 #include <QListWidget>
-#include <QScreen>
 
 #include "tests/ui/reminder_desk.h"
 #include "tests/ui/screen_test.h"
