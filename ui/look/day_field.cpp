@@ -88,7 +88,6 @@ void DayField::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
     settle();
     event->ignore();
-    emit editingFinished();
     return;
   }
   if (takesKey(*event)) return event->accept();
