@@ -60,6 +60,23 @@ class frmGumikTest : public QObject {
     QCOMPARE(mark(1, Qt::CheckStateRole).value<Qt::CheckState>(), Qt::Unchecked);
   }
 
+  // The last of more sets than the list has room for, and of another car than the one that is listed.
+  void aSetOfAnotherCarThatCameBackIsListedWithThatCarsAndInView() {
+    Tyres tyres({setOf("ABC-123", "a")});
+    std::vector<TyreSet> sets(40, setOf("DEF-456", "b"));
+    sets.push_back(setOf("DEF-456", "came back"));
+    tyres.store(sets);
+    emit tyres.context.news.travelled({.name = "törlés",
+                                       .files = {{.path = tyres.program / "Gumik.dat",
+                                                  .recordLength = TyreSet::kLength,
+                                                  .at = 40 * TyreSet::kLength,
+                                                  .inserted = TyreSet::kLength}}});
+    QCOMPARE(tyres.plate(), "DEF-456");
+    QCOMPARE(tyres.texts().size(), 41);
+    const QRect row = tyres.list()->visualRect(tyres.list()->model()->index(40, 0));
+    QVERIFY(tyres.list()->viewport()->rect().contains(row));
+  }
+
   void aSetWithoutAUsableMaximumShowsADashAndCanBeMended() {
     Tyres tyres;
     TyreSet broken = setOf("ABC-123", "a");
