@@ -147,6 +147,18 @@ TEST_F(RecordFileTest, AppendOverwritesAPartialTail) {
   EXPECT_EQ(stored(), std::string("AAAABBBBD\0\0\0", 12));
 }
 
+TEST_F(RecordFileTest, IsReadAsFarAsItGoesWhereItGotShorterSinceItWasMeasured) {
+  struct Shrunk final : test::ForwardingFileSystem {
+    int status(int descriptor, FileStatus& status) override {
+      const int result = ForwardingFileSystem::status(descriptor, status);
+      status.size += 2 * kLength;
+      return result;
+    }
+  } shrunk;
+  write("AAAABBBB");
+  EXPECT_EQ(readRecords(shrunk, path_, kLength).size, 2 * kLength);
+}
+
 TEST_F(RecordFileTest, Holds32767RecordsAndNotOneMore) {
   write(std::string(32'766 * kLength, 'x'));
   append("AAAA");
