@@ -66,7 +66,8 @@ STATEMENT = re.compile(r"(?:(?<=[;{})])|\belse)\s+(?P<call>(?:emit )?[A-Za-z_][\
 CALL = re.compile(r"(?P<name>[A-Za-z_]\w*)(?:<[\w:]+>)?\(")
 NO_CALLS = {"if", "for", "while", "switch", "return", "sizeof", "decltype", "catch", "static_assert", "alignof"}
 # Whose two arguments may stand either way.
-SYMMETRIC = {"max", "min", "qMax", "qMin", "hypot", "gcd", "checkedSum", "checkedProduct", "product", "areSame", "agree"}
+SYMMETRIC = {"max", "min", "qMax", "qMin", "hypot", "gcd", "checkedSum", "checkedProduct", "product", "areSame", "agree",
+             "areUnits"}
 # Whose first two arguments may.
 SYMMETRIC_FIRST = {"__builtin_add_overflow", "__builtin_mul_overflow", "clamp", "isProduct", "takeProductOf",
                    "isNear"}

@@ -69,6 +69,15 @@ class DatedCopiesTest : public testing::Test {
   FixedClock clock_{{2026, 3, 21}};
 };
 
+TEST_F(DatedCopiesTest, AreMadeOfASingleByteToo) {
+  MemoryFileSystem disk;
+  disk.putFolder("/p");
+  disk.put("/p/megjegyz.dat", "x");
+  SafetyNet net(disk, folders_, clock_);
+  change(disk);
+  EXPECT_EQ(disk.contents(kToday + "/megjegyz.dat"), "x");
+}
+
 TEST_F(DatedCopiesTest, HoldAllFilesAsTheyWereBeforeTheFirstChangeOfTheDay) {
   SafetyNet net(disk_, folders_, clock_);
   EXPECT_THAT(sets(), ElementsAre());
