@@ -124,6 +124,31 @@ TEST_F(TakingBackTest, GivesASetCopiedByHandBackWithAVehicleThatIsNotThere) {
   EXPECT_EQ(disk_.contents("/p/rendsz.dat"), "JKL-012 22");
 }
 
+// Else a power cut could take the folder away with the logbook that is in it.
+TEST_F(TakingBackTest, PutsTheFolderOfAVehicleThatIsNotThereOnTheDiskWithItsName) {
+  struct Watched final : test::InterceptedFileSystem {
+    using InterceptedFileSystem::InterceptedFileSystem;
+    int makeFolder(const std::string& path) override {
+      steps.push_back("make " + path);
+      return InterceptedFileSystem::makeFolder(path);
+    }
+    int syncFolder(const std::string& path) override {
+      steps.push_back("sync " + path);
+      return InterceptedFileSystem::syncFolder(path);
+    }
+    bool admitted(test::Call) override { return true; }
+    std::vector<std::string> steps;
+  } watched(disk_);
+  disk_.putFolder("/p/Mentések/Régi gép");
+  disk_.putFolder("/p/Mentések/Régi gép/JKL-012");
+  disk_.put("/p/Mentések/Régi gép/JKL-012/napiadat.dat", kKept);
+  const DatedSet wanted = set();
+  takeBack(watched, folders_, copies_, wanted, wanted.files);
+  const auto made = std::ranges::find(watched.steps, "make /p/JKL-012");
+  ASSERT_LT(made - watched.steps.begin(), std::ssize(watched.steps) - 1);
+  EXPECT_EQ(made[1], "sync /p");
+}
+
 // A vehicle that is in no list any more still has its logbook, which is copied before it is replaced.
 TEST_F(TakingBackTest, CopiesTheLogbookOfAVehicleThatIsNotListedToo) {
   disk_.put("/p/rendsz.dat", "");

@@ -144,6 +144,13 @@ std::vector<Meaning> productOf(std::vector<std::string> a, std::vector<std::stri
   return meanings({a, b, c});
 }
 
+TEST(AProduct, TellsTheColumnWithoutAHeadInTheFirstPlaceToo) {
+  EXPECT_THAT(meanings({named("Zutty", kCosts), kLitres, kPrices}),
+              ElementsAre(M::TotalCost, M::Volume, M::UnitPrice));
+  EXPECT_THAT(meanings({named("Zutty", kLitres), kPrices, kCosts}),
+              ElementsAre(M::Volume, M::UnitPrice, M::TotalCost));
+}
+
 TEST(AProduct, OfTwoColumnsIsTheCostOfWhatSpreadsMore) {
   const auto isOne = [](const std::vector<Meaning>& found) {
     return found == std::vector{M::Volume, M::UnitPrice, M::TotalCost};
