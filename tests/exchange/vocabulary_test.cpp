@@ -217,5 +217,11 @@ TEST(AWord, OfEnglishOrHungarianTellsTheLanguageOfAHead) {
   EXPECT_FALSE(exchange::isHungarianHead("Datum"));
 }
 
+TEST(ACurrency, MayBeADollarOfFiveCountries) {
+  for (const std::string& currency : listed("USD, CAD, AUD, NZD, MXN"))
+    EXPECT_TRUE(exchange::isDollar(currency)) << currency;
+  EXPECT_FALSE(exchange::isDollar("EUR"));
+}
+
 }  // namespace
 }  // namespace tarvik::test
