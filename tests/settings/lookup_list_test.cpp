@@ -5,6 +5,7 @@
 
 #include <vector>
 
+#include "core/failure.h"
 #include "core/machine_file_system.h"
 #include "tests/support/temporary_folder.h"
 
@@ -57,6 +58,16 @@ TEST_F(LookupListTest, ATextIsAppendedAsTypedToItsOwnList) {
   EXPECT_EQ(current_.read("alkatr.dat"),
             padded(" olajsz\xFBr\xF5", kWidth) + padded("\xC9ksz\xEDj ", kWidth));
   EXPECT_EQ(current_.read("megjegyz.dat"), padded("Mos\xE1s", kWidth));
+}
+
+TEST_F(LookupListTest, ADeletionGoesThroughTheListsOwnTemporaryFile) {
+  for (const auto& [list, temporary] : {std::pair(kPartNames, "alkx.dat"), std::pair(kNotes, "megjx.dat")}) {
+    append(list, "A");
+    append(list, "B");
+    current_.makeFolder(temporary);
+    EXPECT_THROW(remove(list, 1), core::Failure) << temporary;
+    EXPECT_EQ(loadLookupTexts(files_, folders_, list).count(), 2) << temporary;
+  }
 }
 
 TEST(Matching, EveryEntryThatContainsTheNewTextIsFoundInFileOrderAndTrimmedWhateverTheCase) {
