@@ -21,9 +21,9 @@ inline constexpr int kPaperEnd = 292;
 
 /// A column of the table.
 struct RuledColumn {
-  const char* title;
-  int ruleX;              ///< the rule at its left, millimetres
-  int end;                ///< how far its texts may go, millimetres
+  const char* title = "";
+  int ruleX = 0;          ///< the rule at its left, millimetres
+  int end = 0;            ///< how far its texts may go, millimetres
   bool isFigure = false;  ///< whether its texts stand at the right
 };
 

@@ -5,6 +5,7 @@
 #include "core/failure.h"
 #include "core/machine_file_system.h"
 #include "tests/core/entries.h"
+#include "tests/support/bytes.h"
 #include "tests/support/expect_failure.h"
 #include "tests/support/temporary_folder.h"
 
@@ -40,7 +41,7 @@ NapiAdat stored(std::int32_t km, std::int64_t litres, bool full, std::int64_t co
 
 std::string fileOf(const std::vector<NapiAdat>& entries) {
   std::string bytes;
-  for (const NapiAdat& entry : entries) bytes += test::toText(encoded(entry));
+  for (const NapiAdat& entry : entries) bytes += test::textOf(encoded(entry));
   return bytes;
 }
 

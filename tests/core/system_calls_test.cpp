@@ -12,6 +12,7 @@
 #include "settings/start_settings.h"
 #include "settings/vehicles.h"
 #include "tests/safety/prepared_disk.h"
+#include "tests/support/bytes.h"
 #include "tests/support/intercepted_file_system.h"
 #include "tests/support/temporary_folder.h"
 #include "tyres/tyre_register.h"
@@ -237,7 +238,7 @@ TEST(SystemCalls, OfAWatchedRecordingReadTheFileWholeTheFirstTimeAlone) {
 
 TEST(SystemCalls, OfAReminderFlagThatIsStoredAlreadyWriteNothing) {
   MemoryFileSystem disk =
-      preparedDisk(kDiskFolders.inCurrent("set.dat"), toText(core::encoded(settings::SetRecord{})));
+      preparedDisk(kDiskFolders.inCurrent("set.dat"), test::textOf(core::encoded(settings::SetRecord{})));
   CountingFileSystem files(disk);
   settings::saveReminderFlag(files, kDiskFolders, core::kFlagClear);
   EXPECT_EQ(textOf(files), "open 1, close 1, status 1, statusOf 1, read 1, tryLock 1");

@@ -9,6 +9,7 @@
 #include "core/record_list.h"
 #include "reminders/figy_datum_rec.h"
 #include "reminders/figyel_rec.h"
+#include "tests/support/bytes.h"
 #include "tests/support/temporary_folder.h"
 
 namespace tarvik::test {
@@ -50,7 +51,7 @@ inline core::NapiAdat entry(std::int32_t reading, std::int32_t day) {
 template <core::Record R>
 std::string fileOf(std::initializer_list<R> records) {
   std::string bytes;
-  for (const R& record : records) bytes += toText(core::encoded(record));
+  for (const R& record : records) bytes += textOf(core::encoded(record));
   return bytes;
 }
 

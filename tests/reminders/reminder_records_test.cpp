@@ -2,6 +2,7 @@
 
 #include "reminders/reminder_row.h"
 #include "tests/reminders/builders.h"
+#include "tests/support/bytes.h"
 #include "tests/support/expect_failure.h"
 
 namespace tarvik::reminders {
@@ -18,13 +19,13 @@ TEST(FigyelRecBytes, AreThese68) {
   const std::string expected = std::string("\x88\x13\x00\x00\x40\xE2\x01\x00", 8) + "2013.07.05" +
                                padded("F\xFBt\xF5, \xF5szi", 40) + "ABC-123   ";
   EXPECT_EQ(expected.size(), 68U);
-  EXPECT_EQ(test::toText(core::encoded(reminder)), expected);
+  EXPECT_EQ(test::textOf(core::encoded(reminder)), expected);
   EXPECT_EQ(core::decoded<FigyelRec>(core::encoded(reminder)), reminder);
 }
 
 TEST(FigyelRecBytes, KeepNegativeFigures) {
   const FigyelRec reminder = test::kmReminder(-1, -2, "x", "A");
-  EXPECT_EQ(test::toText(core::encoded(reminder)).substr(0, 8), "\xFE\xFF\xFF\xFF\xFF\xFF\xFF\xFF");
+  EXPECT_EQ(test::textOf(core::encoded(reminder)).substr(0, 8), "\xFE\xFF\xFF\xFF\xFF\xFF\xFF\xFF");
   EXPECT_EQ(core::decoded<FigyelRec>(core::encoded(reminder)), reminder);
 }
 
@@ -36,7 +37,7 @@ TEST(FigyDatumRecBytes, AreThese68) {
   const std::string expected = std::string("\x00\x00\x00\x00\x80\x3E\xE4\x40", 8) + "2013.06.01" +
                                padded("M\xFBszaki", 40) + "ABC-123   ";
   EXPECT_EQ(expected.size(), 68U);
-  EXPECT_EQ(test::toText(core::encoded(reminder)), expected);
+  EXPECT_EQ(test::textOf(core::encoded(reminder)), expected);
   EXPECT_EQ(core::decoded<FigyDatumRec>(core::encoded(reminder)), reminder);
 }
 

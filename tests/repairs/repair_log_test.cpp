@@ -5,6 +5,7 @@
 
 #include "core/machine_file_system.h"
 #include "core/record_file.h"
+#include "tests/support/bytes.h"
 #include "tests/support/expect_failure.h"
 #include "tests/support/temporary_folder.h"
 
@@ -40,7 +41,7 @@ class RepairLogTest : public testing::Test {
  protected:
   void store(const std::vector<Repair>& repairs) {
     std::string bytes;
-    for (const Repair& repair : repairs) bytes += test::toText(core::encoded(repair));
+    for (const Repair& repair : repairs) bytes += test::textOf(core::encoded(repair));
     program_.write(kFile, bytes);
   }
   std::vector<Repair> stored() {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/bytes.h"
 #include "tests/support/temporary_folder.h"
 
 namespace tarvik::repairs {
@@ -26,7 +27,7 @@ std::string sampleBytes() {
 
 TEST(RepairRecord, HasThese186Bytes) {
   EXPECT_EQ(sampleBytes().size(), 186U);
-  EXPECT_EQ(test::toText(core::encoded(sample())), sampleBytes());
+  EXPECT_EQ(test::textOf(core::encoded(sample())), sampleBytes());
 }
 
 TEST(RepairRecord, ReadsBackWhatItWrote) {

@@ -7,6 +7,7 @@
 
 #include "core/failure.h"
 #include "core/machine_file_system.h"
+#include "tests/support/bytes.h"
 #include "tests/support/temporary_folder.h"
 
 namespace tarvik::settings {
@@ -40,7 +41,7 @@ LookupTexts listOf(std::initializer_list<const char*> texts) {
 }
 
 TEST(LookupTextRecord, HasTheseFiftyBytes) {
-  EXPECT_EQ(test::toText(core::encoded(LookupText{.text = core::FixedText<50>("Szűrő")})),
+  EXPECT_EQ(test::textOf(core::encoded(LookupText{.text = core::FixedText<50>("Szűrő")})),
             padded("Sz\xFBr\xF5", kWidth));
 }
 

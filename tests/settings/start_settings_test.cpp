@@ -5,6 +5,7 @@
 #include "core/failure.h"
 #include "core/machine_file_system.h"
 #include "core/record_list.h"
+#include "tests/support/bytes.h"
 #include "tests/support/temporary_folder.h"
 
 namespace tarvik::settings {
@@ -26,7 +27,7 @@ class StartSettingsTest : public testing::Test {
 
 TEST(SetRecordBytes, AreTheseTwelve) {
   const SetRecord on{.remindersOn = core::kFlagSet, .plate = core::FixedText<10>("ŐŰ-123")};
-  EXPECT_EQ(test::toText(core::encoded(on)), "\xFF\xFF\xD5\xDB-123    ");
+  EXPECT_EQ(test::textOf(core::encoded(on)), "\xFF\xFF\xD5\xDB-123    ");
   EXPECT_EQ(core::decoded<SetRecord>(core::encoded(on)), on);
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/machine_file_system.h"
+#include "tests/support/bytes.h"
 #include "tests/support/expect_failure.h"
 #include "tests/support/forwarding_file_system.h"
 #include "tests/support/temporary_folder.h"
@@ -38,8 +39,8 @@ Vehicle vehicle(std::string_view plate, std::int16_t tank) {
 }
 
 TEST(VehicleRecord, HasTheseTenBytes) {
-  EXPECT_EQ(test::toText(core::encoded(vehicle("ABC123", 45))), std::string("ABC123  \x2D\x00", 10));
-  EXPECT_EQ(test::toText(core::encoded(vehicle("ŐŰ-1", -5))), "\xD5\xDB-1    \xFB\xFF");
+  EXPECT_EQ(test::textOf(core::encoded(vehicle("ABC123", 45))), std::string("ABC123  \x2D\x00", 10));
+  EXPECT_EQ(test::textOf(core::encoded(vehicle("ŐŰ-1", -5))), "\xD5\xDB-1    \xFB\xFF");
 }
 
 TEST_F(VehiclesTest, AMissingFileCountsAsNoVehiclesAndIsCreatedEmpty) {

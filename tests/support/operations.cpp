@@ -11,6 +11,7 @@
 #include "settings/lookup_list.h"
 #include "settings/start_settings.h"
 #include "settings/vehicles.h"
+#include "tests/support/bytes.h"
 #include "tests/support/temporary_folder.h"
 #include "tyres/tyre_register.h"
 
@@ -24,7 +25,7 @@ using core::FixedText;
 
 template <core::Record R>
 std::string bytesOf(const R& record) {
-  return toText(core::encoded(record));
+  return textOf(core::encoded(record));
 }
 
 std::string numbered(std::string_view text, int number) {

@@ -62,10 +62,6 @@ std::vector<std::string> TemporaryFolder::names() const {
   return found;
 }
 
-std::string toText(const std::vector<std::byte>& bytes) {
-  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
-}
-
 std::string padded(std::string_view text, std::size_t width) {
   std::string result(text.substr(0, width));
   result.resize(width, ' ');

@@ -32,9 +32,6 @@ class TemporaryFolder {
   std::string path_;
 };
 
-/// The bytes of a record or block as a string, to compare with a file's.
-std::string toText(const std::vector<std::byte>& bytes);
-
 /// A text padded with spaces to a width, as fixed texts are stored (ASCII).
 std::string padded(std::string_view text, std::size_t width);
 

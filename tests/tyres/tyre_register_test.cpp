@@ -7,6 +7,7 @@
 
 #include "core/machine_file_system.h"
 #include "core/record_file.h"
+#include "tests/support/bytes.h"
 #include "tests/support/expect_failure.h"
 #include "tests/support/forwarding_file_system.h"
 #include "tests/support/temporary_folder.h"
@@ -63,7 +64,7 @@ class TyreRegisterTest : public testing::Test {
  protected:
   void store(const std::vector<TyreSet>& sets) {
     std::string bytes;
-    for (const TyreSet& set : sets) bytes += test::toText(core::encoded(set));
+    for (const TyreSet& set : sets) bytes += test::textOf(core::encoded(set));
     program_.write(kFile, bytes);
   }
   std::int16_t seasonOfTheNext() {
@@ -337,8 +338,8 @@ class ChangedBeforeTheLock : public test::ForwardingFileSystem {
 
 TEST_F(TyreRegisterTest, ADistanceLooksForTheSetAgainOnceTheFileIsLocked) {
   store({fitted(setOf("A", "first")), fitted(setOf("A", "second"))});
-  ChangedBeforeTheLock files(program_, test::toText(core::encoded(setOf("B"))) +
-                                           test::toText(core::encoded(fitted(setOf("A", "second")))));
+  ChangedBeforeTheLock files(program_, test::textOf(core::encoded(setOf("B"))) +
+                                           test::textOf(core::encoded(fitted(setOf("A", "second")))));
   addDistance(files, folders_, "A", 1);
   TyreSet run = fitted(setOf("A", "second"));
   run.kmRun = 10'001;
@@ -347,7 +348,7 @@ TEST_F(TyreRegisterTest, ADistanceLooksForTheSetAgainOnceTheFileIsLocked) {
 
 TEST_F(TyreRegisterTest, ADistanceForASetThatIsGoneMeanwhileIsDropped) {
   store({fitted(setOf("A"))});
-  ChangedBeforeTheLock files(program_, test::toText(core::encoded(setOf("A"))));
+  ChangedBeforeTheLock files(program_, test::textOf(core::encoded(setOf("A"))));
   addDistance(files, folders_, "A", 1);
   EXPECT_THAT(stored(), ElementsAre(setOf("A")));
 }

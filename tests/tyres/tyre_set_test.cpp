@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/bytes.h"
 #include "tests/support/temporary_folder.h"
 
 namespace tarvik::tyres {
@@ -28,7 +29,7 @@ std::string sampleBytes() {
 
 TEST(TyreSetRecord, HasTheseSeventyOneBytes) {
   EXPECT_EQ(sampleBytes().size(), 71U);
-  EXPECT_EQ(test::toText(core::encoded(sample())), sampleBytes());
+  EXPECT_EQ(test::textOf(core::encoded(sample())), sampleBytes());
 }
 
 TEST(TyreSetRecord, ReadsBackWhatItWrote) {

@@ -11,6 +11,7 @@
 #include <deque>
 
 #include "core/record_file.h"
+#include "tests/support/bytes.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/forwarding_file_system.h"
 #include "tests/support/temporary_folder.h"
@@ -190,7 +191,7 @@ struct Bench {
   explicit Bench(int entries) : count(entries) {
     folder.makeFolder("ABC123");
     std::string bytes;
-    for (int i = 1; i <= entries; ++i) bytes += toText(core::encoded(entryOf(i)));
+    for (int i = 1; i <= entries; ++i) bytes += textOf(core::encoded(entryOf(i)));
     folder.write("ABC123/napiadat.dat", bytes);
   }
 

@@ -6,6 +6,7 @@
 #include "core/machine_file_system.h"
 #include "core/napi_adat.h"
 #include "core/record_file.h"
+#include "tests/support/bytes.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/ui/box_script.h"
@@ -25,7 +26,7 @@ Widget* part(const QWidget& screen, const char* name) {
 template <core::Record R>
 std::string bytesOf(const std::vector<R>& records) {
   std::string bytes;
-  for (const R& record : records) bytes += toText(core::encoded(record));
+  for (const R& record : records) bytes += textOf(core::encoded(record));
   return bytes;
 }
 

@@ -135,7 +135,7 @@ class ListPrinterTest : public QObject {
     const QString note = QString(49, 'M') + 'N';
     entry.Alkatresz = core::FixedText<50>(part.toStdString());
     entry.Megjegyzes = core::FixedText<50>(note.toStdString());
-    bench.folder.write("ABC123/napiadat.dat", toText(core::encoded(entry)));
+    bench.folder.write("ABC123/napiadat.dat", textOf(core::encoded(entry)));
     bench.answers.heading("");
     QVERIFY(bench.print());
     const auto [partLeft, partRight] = extentOf(part, bench.path("sent.pdf"));
@@ -264,3 +264,4 @@ class ListPrinterTest : public QObject {
 
 TARVIK_SCREEN_TEST(ListPrinterTest)
 #include "list_printer_test.moc"
+#include "tests/support/bytes.h"

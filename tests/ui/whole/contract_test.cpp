@@ -337,7 +337,7 @@ class ContractTest : public QObject {
   }
   void theLogOfACopy() {
     MainScreen main;
-    const std::string entry = toText(core::encoded(fuelling({2026, 11, 19}, 10'000, 300'000, true)));
+    const std::string entry = textOf(core::encoded(fuelling({2026, 11, 19}, 10'000, 300'000, true)));
     for (const char* folder : {"ABC123", "Mentések", "Mentések/2026-11-20", "Mentések/2026-11-20/ABC123"})
       main.folder.makeFolder(folder);
     main.folder.write("Mentések/2026-11-20/ABC123/napiadat.dat", entry);
@@ -391,3 +391,4 @@ class ContractTest : public QObject {
 
 TARVIK_SCREEN_TEST(ContractTest)
 #include "contract_test.moc"
+#include "tests/support/bytes.h"

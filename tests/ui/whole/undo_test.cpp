@@ -32,7 +32,7 @@ struct Household : MainScreen {
     set.maxKm = 40'000;
     set.onCar = tyres::kFitted;
     set.kmRun = 100;
-    folder.write("Gumik.dat", toText(core::encoded(set)));
+    folder.write("Gumik.dat", textOf(core::encoded(set)));
     choosePlateAtStart("ABC123", false);
     open();
   }
@@ -331,4 +331,5 @@ class UndoTest : public QObject {
 };
 
 TARVIK_SCREEN_TEST(UndoTest)
+#include "tests/support/bytes.h"
 #include "undo_test.moc"
