@@ -94,6 +94,11 @@ class ImportPreviewTest : public QObject {
   static void type(const Preview& preview, const char* name, const QString& text) {
     test::typeInto(*test::part<QLineEdit>(preview, name), text);
   }
+  static QStringList choicesOf(const Preview& preview, const char* name) {
+    QStringList choices;
+    for (int i = 0; i < box(preview, name)->count(); ++i) choices << box(preview, name)->itemText(i);
+    return choices;
+  }
   static QString row(const QAbstractItemModel* model, int number, int columns) {
     QStringList cells;
     for (int column = 0; column < columns; ++column)
@@ -177,6 +182,32 @@ class ImportPreviewTest : public QObject {
                    "ABC-123 naplójához: log.csv – 3 sor: 2 bejegyzés, ebből 2 kijelölve, 1 sor kimarad"));
       choose(preview, "cmbTavolsag", 1);
       QVERIFY(label(preview, "lbOsszeg").contains("805 km"));
+      preview.reject();
+    });
+  }
+
+  void everyChoiceIsNamed() {
+    const std::pair<const char*, QStringList> choices[] = {
+        {"cmbNapok", {"nap, hónap, év", "hónap, nap, év", "év, hónap, nap"}},
+        {"cmbTavolsag", {"kilométer", "mérföld (1,609 km)"}},
+        {"cmbMennyiseg", {"liter", "amerikai gallon (3,785 liter)", "angol gallon (4,546 liter)"}},
+        {"cmbKmKezdet", {"az első tankolás előtt", "az utolsó tankoláskor"}},
+        {"cmbPenznem",
+         {"forint (HUF)", "euró (EUR)", "amerikai dollár (USD)", "angol font (GBP)", "svájci frank (CHF)",
+          "cseh korona (CZK)", "lengyel zloty (PLN)", "román lej (RON)", "szerb dinár (RSD)",
+          "ukrán hrivnya (UAH)", "más pénznem"}},
+        {"cmbHely", {"nap szerint a helyére", "a napló végére"}},
+        {"cmbTizedes", {"vessző (40,5)", "pont (40.5)"}},
+        {"cmbElvalaszto", {"pontosvessző", "vessző", "tabulátor", "függőleges vonal"}},
+        {"cmbKodolas",
+         {"UTF-8", "közép-európai (Windows-1250)", "nyugat-európai (Windows-1252)",
+          "közép-európai (ISO 8859-2)", "közép-európai (DOS 852)", "cirill (Windows-1251)", "cirill (KOI8-R)",
+          "UTF-16 (LE)", "UTF-16 (BE)"}}};
+    Import csv;
+    csv.read(kForintLog, [&](Preview& preview) {
+      for (const auto& [name, named] : choices) QCOMPARE(choicesOf(preview, name), named);
+      choose(preview, "cmbPenznem", 10);
+      QCOMPARE(label(preview, "lbValto"), QStringLiteral("A fájl pénzneme hány &forint:"));
       preview.reject();
     });
   }
@@ -284,15 +315,15 @@ class ImportPreviewTest : public QObject {
 
   void anOpenOrderOfDaysAndSeveralVehiclesAreAskedFor() {
     Import csv;
-    QVERIFY(csv.take("Rendszám,Dátum,Km óra,Liter\nA,1/2/2012,1000,40\nB,2/2/2012,500,30\n",
-                     [](Preview& preview) {
-                       QVERIFY(!button(preview)->isEnabled());
-                       QCOMPARE(box(preview, "cmbJarmu")->itemText(1), QStringLiteral("B (1 sor)"));
-                       choose(preview, "cmbJarmu", 0);
-                       choose(preview, "cmbNapok", 1);
-                       QVERIFY(button(preview)->isEnabled());
-                       takeOver(preview);
-                     }));
+    QVERIFY(csv.take(
+        "Rendszám,Dátum,Km óra,Liter\nA,1/2/2012,1000,40\nB,2/2/2012,500,30\n", [](Preview& preview) {
+          QVERIFY(!button(preview)->isEnabled());
+          QCOMPARE(choicesOf(preview, "cmbJarmu"), (QStringList{"A (1 sor)", "B (1 sor)", "minden sor"}));
+          choose(preview, "cmbJarmu", 0);
+          choose(preview, "cmbNapok", 1);
+          QVERIFY(button(preview)->isEnabled());
+          takeOver(preview);
+        }));
     QCOMPARE(csv.stored().size(), 1U);
     QCOMPARE(csv.stored()[0].Datum, core::toStored(core::dayOf({2012, 1, 2})));
   }
@@ -313,10 +344,12 @@ class ImportPreviewTest : public QObject {
   void unknownWordsForAFullTankAreAskedFor() {
     Import csv;
     QVERIFY(csv.take(
-        "Dátum;Km óra;Liter;Ft;Tele\n2012.01.05.;1000;41;25575;csurig\n2012.01.19.;1500;31;18600;feles\n",
+        "Dátum;Km óra;Liter;Ft;Tele\n2012.01.05.;1000;41;25575;csurig\n2012.01.19.;1500;31;18600;feles\n"
+        "2012.01.29.;2000;31;18600;\n",
         [](Preview& preview) {
           QCOMPARE(state(preview), QStringLiteral("Válaszd ki, melyik szó jelenti, hogy tele lett a tank!"));
-          QCOMPARE(box(preview, "cmbTele")->itemText(0), QStringLiteral("„csurig” (1 sor)"));
+          QCOMPARE(choicesOf(preview, "cmbTele"),
+                   (QStringList{"„csurig” (1 sor)", "„feles” (1 sor)", "(üres) (1 sor)"}));
           choose(preview, "cmbTele", 0);
           QCOMPARE(rowsOf(preview)->index(1, 4).data().toString(), QStringLiteral("X"));
           QCOMPARE(rowsOf(preview)->index(2, 4).data().toString(), QString());
@@ -430,6 +463,28 @@ class ImportPreviewTest : public QObject {
     QCOMPARE(csv.stored().size(), 2U);
     QVERIFY(csv.stored()[0] == other);
     QCOMPARE(csv.stored()[1].KmOra, 1500);
+  }
+
+  void aListThatFailsAfterTheImportSaysThatItIsMade() {
+    Import csv;
+    csv.list = [] { throw core::Failure(core::FailureKind::OpenFailed).file("x"); };
+    BoxScript boxes({QMessageBox::Ok, QMessageBox::Ok});
+    QVERIFY(csv.read(kForintLog, takeOver));
+    QCOMPARE(
+        boxes.seen.value(0).text,
+        QStringLiteral("A fájl nem nyitható meg:\nx\n\nA bejegyzések bekerültek a naplóba. A lista vagy az "
+                       "összesítése nem teljes."));
+    QCOMPARE(csv.stored().size(), 2U);
+  }
+
+  void moreThanALogbookHoldsIsRefused() {
+    Import csv;
+    csv.desk.writeLogbook(kPlate, std::vector(32'766, fuelling({2011, 12, 1}, 600, 400'000, true)));
+    csv.read(kForintLog, [](Preview& preview) {
+      QCOMPARE(state(preview), QStringLiteral("Túl sok: a naplóba legfeljebb 32767 bejegyzés fér!"));
+      QVERIFY(!button(preview)->isEnabled());
+      preview.reject();
+    });
   }
 
   void anImportThatTheSystemDoesNotConfirmIsListedBeforeItIsTold() {

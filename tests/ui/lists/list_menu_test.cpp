@@ -199,6 +199,9 @@ class ListMenuTest : public QObject {
     QCOMPARE(screen.cell(2, 1), QStringLiteral("2000"));
     const auto* rows = qobject_cast<ui::ListDelegate*>(screen.list()->itemDelegate());
     QCOMPARE(rows->marked(), QStringLiteral("3"));
+    QCOMPARE(screen.find<QAction>("mnuVisszavonas")->text(),
+             QStringLiteral("&Visszavonás: beolvasás, log.csv"));
+    QCOMPARE(screen.label("lbTortent"), QStringLiteral("Beolvasva: log.csv – visszavonás: Ctrl+Z"));
   }
 
   void theOtherListsAreCopiedAndSavedWithEveryField() {

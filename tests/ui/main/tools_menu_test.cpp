@@ -42,6 +42,7 @@ class ToolsMenuTest : public QObject {
  private slots:
   void hasWhatHidesBehindARightClickToo() {
     Screen main;
+    QCOMPARE(main.tools()->title(), "&Eszközök");
     QStringList items;
     for (const QAction* item : main.tools()->actions())
       items.append(item->isSeparator() ? "-" : item->text().remove('&') + '|' + item->shortcut().toString());

@@ -92,6 +92,7 @@ class BoxesTest : public QObject {
     main.open();
     expect("list-without-plate", [&] { main.press("cmd_lista"); });
     expect("print-nothing", [&] { main.pick("mnuPrint"); });
+    expect("years-without-plate", [&] { main.chooseItem("mnuEvesOsszesito"); });
     expect("record-without-km", [&] { main.press("cmd_rogzit"); });
     main.type("txKmOra", "1");
     expect("record-without-plate", [&] { main.press("cmd_rogzit"); });

@@ -10,6 +10,7 @@
 #include "tests/ui/main_screen.h"
 #include "tests/ui/screen_test.h"
 #include "ui/exchange/import_preview.h"
+#include "ui/lists/list_hint.h"
 #include "ui/lists/list_view.h"
 #include "ui/windows/figy.h"
 #include "ui/windows/frmDatumFigyelmeztetes.h"
@@ -109,9 +110,16 @@ QString alignmentOf(const QWidget& part) {
                                          : QString();
 }
 
+// What a part says while it is empty.
+QString hintOf(const QWidget& part) {
+  const auto* list = qobject_cast<const QAbstractItemView*>(&part);
+  const auto* hint = list == nullptr ? nullptr : list->viewport()->findChild<ui::ListHint*>();
+  return hint == nullptr ? part.property("placeholderText").toString() : hint->text();
+}
+
 // What a part of its kind need not be: its hint while it is empty, its look, its way to be used.
 QStringList habitsOf(const QWidget& part) {
-  QStringList words{quoted("hint", part.property("placeholderText").toString())};
+  QStringList words{quoted("hint", hintOf(part))};
   const std::pair<const char*, const char*> habits[] = {{"default", "default"},
                                                         {"autoDefault", "enter"},
                                                         {"calendarPopup", "calendar"},

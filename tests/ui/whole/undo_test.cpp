@@ -100,6 +100,7 @@ class UndoTest : public QObject {
 
     main.redo();
     QCOMPARE(main.rows(), 2);
+    QCOMPARE(main.line(), QString("Újra megtéve: törlés, 2026.03.21. – visszavonás: Ctrl+Z"));
     main.undo();
     QVERIFY(main.logbook("ABC123") == before);
     main.key(nullptr, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
@@ -206,6 +207,11 @@ class UndoTest : public QObject {
     Household main;
     main.press("Check1");
     QCOMPARE(main.context.state.reminderState, std::int16_t{1});
+    QCOMPARE(main.undoItem(), QString("&Visszavonás: figyelmeztetések kapcsolása"));
+    QCOMPARE(main.line(), QString("Figyelmeztetések bekapcsolva – visszavonás: Ctrl+Z"));
+    main.press("Check1");
+    QCOMPARE(main.line(), QString("Figyelmeztetések kikapcsolva – visszavonás: Ctrl+Z"));
+    main.undo();
     main.undo();
     QVERIFY(!main.box("Check1")->isChecked());
     QCOMPARE(main.box("Check1")->text(), QString("  Kikapcsolva  "));
@@ -313,6 +319,7 @@ class UndoTest : public QObject {
     QCOMPARE(main.rows(), 3);
     QVERIFY(main.folder.read("Mentések/2026-11-21 visszaállítás előtt/ABC123/napiadat.dat") == after);
     QCOMPARE(main.undoItem(), QString("&Visszavonás: visszaállítás, 2026.11.21."));
+    QCOMPARE(main.line(), QString("Visszaállítva: 2026.11.21. – visszavonás: Ctrl+Z"));
     main.undo();
     QVERIFY(main.logbook("ABC123") == after);
     QCOMPARE(main.rows(), 1);

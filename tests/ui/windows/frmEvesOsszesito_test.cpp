@@ -78,10 +78,14 @@ class FrmEvesOsszesitoTest : public QObject {
             10 * years.list().visualRect(years.list().model()->index(0, 0)).height());
   }
 
-  void anEmptyLogbookSaysSo() {
-    Years years(std::vector<NapiAdat>{});
-    QCOMPARE(years.list().model()->rowCount(), 0);
-    QCOMPARE(years.list().viewport()->findChild<QLabel*>()->text(), QString("ABC123 naplója még üres."));
+  void aLogbookThatCannotBeReadIsTold() {
+    test::Desk desk;
+    desk.program.makeFolder("ABC123/napiadat.dat");
+    test::BoxScript boxes({QMessageBox::Ok});
+    const frmEvesOsszesito screen(desk.context, "ABC123", nullptr);
+    QCOMPARE(boxes.seen.value(0).text,
+             QString("A fájl nem nyitható meg:\n%1\n(ez egy mappa, nem fájl)\n\nAz összesítő nem készült el.")
+                 .arg(toQt(desk.program / "ABC123/napiadat.dat")));
   }
 
   void figuresAreCopiedAndSavedAsASpreadsheetTakesThem() {

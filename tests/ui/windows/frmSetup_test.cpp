@@ -1,6 +1,8 @@
 #include "tests/ui/screen_test.h"
 #include "tests/ui/setup_desk.h"
 
+#include <QAction>
+#include <QLabel>
 #include <QSignalSpy>
 
 // The settings as a window, what they show first, and their page of what is loaded at the start.
@@ -76,6 +78,9 @@ class SettingsTest : public QObject {
     setup.press("cmdSetup");
     QCOMPARE(setup.current.read("set.dat"), kRemindersOff);
     QCOMPARE(boxes.seen.size(), 0);
+    QCOMPARE(part<QAction>(setup.screen, "mnuVisszavonas")->text(), "&Visszavonás: indulási beállítások");
+    QCOMPARE(part<QLabel>(setup.screen, "lbTortent")->text(),
+             "Elmentve: indulási beállítások – visszavonás: Ctrl+Z");
   }
 
   void savingCutsThePlateToTenCharacters() {
