@@ -12,6 +12,7 @@
 #include "ui/exchange/import_preview.h"
 #include "ui/lists/list_hint.h"
 #include "ui/lists/list_view.h"
+#include "ui/look/look.h"
 #include "ui/windows/figy.h"
 #include "ui/windows/frmDatumFigyelmeztetes.h"
 #include "ui/windows/frmEvesOsszesito.h"
@@ -27,6 +28,7 @@
 //   name kind "caption" label lbName "its label" spoken "its accessible name" tip "its tooltip" ... disabled
 //   hidden tab
 //
+// The columns of a table have room each for the text that is named, and those without one share what remains.
 // The screen's own line says where the keyboard starts. What a control does not have is left out; so is an
 // accessible name that is its caption or its label. A button says "default" that Enter presses from
 // anywhere, and "enter" where it becomes that with the focus: none does on a screen of the program.
@@ -242,6 +244,11 @@ class Page {
       if (line.isEmpty() || line.startsWith(QLatin1Char('#'))) continue;
       line = onceSpaced(line);
       const QString part = line.section(QLatin1Char(' '), 0, 0);
+      static const QRegularExpression room(R"re( room((?: "[^"]*")+))re");
+      if (const auto match = room.match(line); match.hasMatch()) {
+        rooms_.insert(part, match.captured(1).mid(2).chopped(1).split("\" \""));
+        line.remove(room);
+      }
       lines_.insert(part, line);
       if (line.endsWith(" tab")) order_ << part;
     }
@@ -249,6 +256,8 @@ class Page {
 
   const QMap<QString, QString>& lines() const { return lines_; }
   const QStringList& order() const { return order_; }
+  // The texts that the columns of the tables have room for.
+  const QMap<QString, QStringList>& rooms() const { return rooms_; }
 
  private:
   // One space between two words; spaces within quotes stay.
@@ -260,8 +269,17 @@ class Page {
   }
 
   QMap<QString, QString> lines_;
+  QMap<QString, QStringList> rooms_;
   QStringList order_;
 };
+
+// Whether a column is as wide as its head and its text between its sides, and no wider.
+bool hasRoom(const QTreeView& table, int column, const QString& text) {
+  const QHeaderView& header = *table.header();
+  if (text.isEmpty()) return header.sectionResizeMode(column) == QHeaderView::Stretch;
+  const int width = table.fontMetrics().horizontalAdvance(text) + 2 * ui::gridStep();
+  return header.sectionSize(column) == std::max(width, header.sectionSizeHint(column));
+}
 
 QStringList differences(const Actual& actual, const Page& page) {
   QStringList all;
@@ -281,8 +299,16 @@ QStringList differences(const Actual& actual, const Page& page) {
 }
 
 void compareWithPage(const QWidget& screen) {
-  for (const QString& difference : differences(Actual(screen), Page(screen.objectName())))
-    QTest::qFail(qPrintable(difference), __FILE__, __LINE__);
+  const Page page(screen.objectName());
+  QStringList all = differences(Actual(screen), page);
+  for (const QTreeView* table : screen.findChildren<QTreeView*>()) {
+    const QStringList texts = page.rooms().value(table->objectName());
+    for (int column = 0; column < table->model()->columnCount(); ++column)
+      if (!table->isColumnHidden(column) &&
+          (column >= texts.size() || !hasRoom(*table, column, texts[column])))
+        all << table->objectName() + " has other room than for " + texts.value(column);
+  }
+  for (const QString& difference : all) QTest::qFail(qPrintable(difference), __FILE__, __LINE__);
 }
 
 // What every screen has beside its page: arrows check options, padding is not told, and Escape closes it.
