@@ -104,7 +104,7 @@ std::string shortDateOfStored(double stored) {
 std::optional<Day> dayFromShortDate(std::string_view text) {
   if (text.size() == kShortDateForm.size() + 1 && text.back() == '.') text.remove_suffix(1);
   if (!std::ranges::equal(text, kShortDateForm, fitsForm)) return std::nullopt;
-  return existingDay({numberAt(text.substr(0, 4)), numberAt(text.substr(5, 2)), numberAt(text.substr(8, 2))});
+  return existingDay({numberAt(text.substr(0, 4)), numberAt(text.substr(5, 2)), numberAt(text.substr(8))});
 }
 
 int weekday(Day day) {

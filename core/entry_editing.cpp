@@ -61,8 +61,6 @@ Ratio recordEntry(FileSystem& files, const DataFolders& folders, const std::stri
   input = withDefaults(std::move(input));
   NapiAdat entry = toEntry(input);
   RecordFile file(files, folders.logbook(plate), NapiAdat::kLength);
-  if (file.count() >= kHighestRecordNumber)
-    throw Failure(FailureKind::FileFull).file(folders.logbook(plate)).record(file.count() + 1);
   const auto found = trailOf(file).reach(requiredNumber(input.tankoltLiter, "txTankoltLiter"),
                                          requiredNumber(input.kmOra, "txKmOra"));
   if (!found) throw Failure(FailureKind::DivisionByZero).field("txKmOra");

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/expect_failure.h"
+#include "tests/support/intercepted_file_system.h"
 #include "tests/support/memory_file_system.h"
 
 namespace tarvik::core {
@@ -54,7 +55,7 @@ TEST(IsUsablePlate, AnyOtherPlateIs) {
 
 TEST(IsUsablePlate, NameThatWindowsGivesToADeviceIsNot) {
   for (const std::string_view plate :
-       {"CON", "con", "Prn", "AUX", "NUL", "COM1", "com9", "LPT1", "lpt9", "COM¹", "lpt³", "CONIN$",
+       {"CON", "con", "Prn", "AUX", "NUL", "COM1", "com9", "LPT1", "lpt9", "COM¹", "LPT²", "lpt³", "CONIN$",
         "conout$", " NUL ", "NUL.txt", "con.a.b", "LPT1 .x"})
     EXPECT_FALSE(isUsablePlate(plate)) << plate;
 }
@@ -85,6 +86,20 @@ TEST_F(RequiredFoldersTest, AreOneByWhateverPathsTheyAreNamed) {
   EXPECT_TRUE(isOneFolder(disk_, {"/program", "/link"}));
   EXPECT_FALSE(isOneFolder(disk_, {"/program", "/current"}));
   EXPECT_FALSE(isOneFolder(disk_, {"/program", "/gone"}));
+}
+
+// Some file systems of the network number nothing: all their files have the number 0.
+TEST_F(RequiredFoldersTest, AreNotOneBecauseNeitherHasANumber) {
+  struct Unnumbered final : test::InterceptedFileSystem {
+    using InterceptedFileSystem::InterceptedFileSystem;
+    bool admitted(test::Call) override { return true; }
+    int statusOf(const std::string& path, FileStatus& status) override {
+      const int result = InterceptedFileSystem::statusOf(path, status);
+      status.inode = 0;
+      return result;
+    }
+  } files(disk_);
+  EXPECT_FALSE(isOneFolder(files, {"/program", "/current"}));
 }
 
 TEST_F(RequiredFoldersTest, AreToldToBeGoneWhereTheSystemHasNoPathForThem) {

@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "core/dated_copies.h"
 #include "core/dated_sets.h"
 #include "core/machine_file_system.h"
@@ -129,6 +131,44 @@ TEST(DatedSets, KnowWhereTheirFilesBelong) {
   EXPECT_THAT(places("/Indítási mappa"),
               ElementsAre("/c/rendsz.dat", "/c/Gumik.dat", "/c/Szerviz.dat", "/c/figyel.dat",
                           "/c/figyDatum.dat", "/c/alkatr.dat", "/c/megjegyz.dat", "/c/set.dat"));
+}
+
+// The part is no vehicle, whatever lies in it.
+TEST(DatedSets, HaveWhatLiesBesideThePartToo) {
+  MemoryFileSystem disk = household();
+  for (const char* folder :
+       {"/p/Mentések", "/p/Mentések/2026-03-21", "/p/Mentések/2026-03-21/Indítási mappa"})
+    disk.putFolder(folder);
+  disk.put(kToday + "/Gumik.dat", "x");
+  disk.put(kToday + "/Indítási mappa/set.dat", "x");
+  disk.put(kToday + "/Indítási mappa/napiadat.dat", "x");
+  std::vector<std::string> found;
+  const auto sets = datedSets(disk, {.program = "/p", .current = "/c"});
+  for (const SetFile& file : sets.at(0).files) found.push_back(file.place);
+  EXPECT_THAT(found, ElementsAre("/p/Gumik.dat", "/c/set.dat"));
+}
+
+TEST(DatedSets, NameTheVehiclesInTheirOrderWhateverTheDisksIs) {
+  struct Backwards final : test::InterceptedFileSystem {
+    using InterceptedFileSystem::InterceptedFileSystem;
+    bool admitted(test::Call) override { return true; }
+    int list(const std::string& path, std::vector<std::string>& names) override {
+      const int result = InterceptedFileSystem::list(path, names);
+      std::ranges::reverse(names);
+      return result;
+    }
+  };
+  MemoryFileSystem disk = household();
+  for (const std::string folder : {"", "/ABC-123", "/DEF-456"}) {
+    if (folder.empty()) disk.putFolder("/p/Mentések");
+    disk.putFolder(kToday + folder);
+    if (!folder.empty()) disk.put(kToday + folder + "/napiadat.dat", "x");
+  }
+  Backwards files(disk);
+  const auto sets = datedSets(files, kFolders);
+  ASSERT_EQ(sets.at(0).files.size(), 2U);
+  EXPECT_EQ(sets[0].files[0].plate, "ABC-123");
+  EXPECT_EQ(sets[0].files[1].plate, "DEF-456");
 }
 
 TEST(TheVehicleList, IsEmptyWhereItIsMissingAndTellsWhyElse) {

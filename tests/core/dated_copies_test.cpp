@@ -197,6 +197,7 @@ TEST_F(DatedCopiesTest, LeaveAForeignThingOfTheDaysNameAloneAndSaySo) {
   const auto failure = net.copies().takeFailure();
   ASSERT_TRUE(failure.has_value());
   EXPECT_EQ(failure->systemError(), EEXIST);
+  EXPECT_EQ(failure->file(), kToday);
   EXPECT_EQ(net.copies().takeFailure(), std::nullopt);
 }
 
@@ -204,6 +205,8 @@ TEST_F(DatedCopiesTest, TakeAwayWhatARunThatWasCutShortLeft) {
   disk_.putFolder(kSets);
   disk_.putFolder(kToday + ".tmp");
   disk_.put(kToday + ".tmp/Gumik.dat", "half");
+  disk_.putFolder(kToday + ".tmp/Indítási mappa");
+  disk_.put(kToday + ".tmp/Indítási mappa/set.dat", "half");
   disk_.putFolder(kSets + "/2020-01-01.tmp");
   disk_.putFolder(kSets + "/mine.tmp");
   disk_.putFolder(kSets + "/2021-01-01.tmp");
@@ -253,7 +256,8 @@ TEST(SetNameTest, IsTheDayAsItSorts) {
   EXPECT_EQ(dayOfSet("2024-02-29"), dayOf({2024, 2, 29}));
   EXPECT_EQ(dayOfSet("2024-02-29 visszaállítás előtt 2"), dayOf({2024, 2, 29}));
   for (const char* name :
-       {"2023-02-29", "2024-02-2", "2024.02.29", "2024-02-29x", "2024-02-29.tmp", "+024-02-29", ""})
+       {"2023-02-29", "2024-02-2", "2024.02.29", "2024-02-29x", "2024-02-29.tmp", "+024-02-29", "2024x02-29",
+        "2024-02x29", "202a-02-28", "2024-1a-29", "2024-02-2a", ""})
     EXPECT_EQ(dayOfSet(name), std::nullopt) << name;
 }
 
@@ -311,6 +315,56 @@ TEST_F(DatedCopiesTest, AreListedWithTheNewestFirstAndThoseCopiedByHandBehind) {
   EXPECT_EQ(found[2].files[0].plate, "JKL-012");
   EXPECT_EQ(found[2].files[0].place, "/p/JKL-012/napiadat.dat");
   EXPECT_EQ(found[2].files[1].place, "/p/Szerviz.dat");
+}
+
+TEST_F(DatedCopiesTest, OfNowAreAsManyAsAreMadeAndComeBeforeTheDaysOwn) {
+  SafetyNet net(disk_, folders_, clock_);
+  change(disk_);
+  const std::vector<SetFile> wanted = datedSets(disk_, folders_).at(0).files;
+  const std::string first = kToday + " visszaállítás előtt";
+  EXPECT_EQ(net.copies().copyNow(wanted), first);
+  EXPECT_EQ(net.copies().copyNow(wanted), first + " 2");
+  EXPECT_EQ(net.copies().copyNow(wanted), first + " 3");
+  std::vector<std::string> paths;
+  for (const DatedSet& set : datedSets(disk_, folders_)) paths.push_back(set.path);
+  EXPECT_THAT(paths, ElementsAre(first + " 3", first + " 2", first, kToday));
+}
+
+TEST_F(DatedCopiesTest, AreNotMadeAgainWhereTheDaysHasALogbookAlone) {
+  disk_.putFolder(kSets);
+  disk_.putFolder(kToday);
+  disk_.putFolder(kToday + "/ABC-123");
+  disk_.put(kToday + "/ABC-123/napiadat.dat", "kept");
+  SafetyNet net(disk_, folders_, clock_);
+  change(disk_);
+  EXPECT_EQ(net.copies().takeFailure(), std::nullopt);
+  EXPECT_EQ(disk_.contents(kToday + "/ABC-123/napiadat.dat"), "kept");
+  EXPECT_FALSE(disk_.has(kToday + "/Gumik.dat"));
+}
+
+TEST_F(DatedCopiesTest, TakeAFileOfAsManyRecordsAsThereAreNumbersFor) {
+  constexpr std::size_t kMost = std::size_t{50} * 32'767;
+  disk_.put("/p/alkatr.dat", std::string(kMost, 'x'));
+  disk_.put("/p/megjegyz.dat", std::string(kMost + 50, 'x'));
+  DatedCopies copies(disk_, folders_, clock_);
+  copies.beforeChange();
+  EXPECT_EQ(disk_.contents(kToday + "/alkatr.dat").size(), kMost);
+  EXPECT_FALSE(disk_.has(kToday + "/megjegyz.dat"));
+  EXPECT_EQ(copies.takeLeftOut().size(), 1U);
+}
+
+TEST_F(DatedCopiesTest, OfTheNextDaySayNothingOfYesterdaysFailure) {
+  disk_.putFolder(kSets);
+  disk_.put(kToday, "a letter");
+  disk_.putOther("/p/Szerviz.dat");
+  DatedCopies copies(disk_, folders_, clock_);
+  copies.beforeChange();
+  clock_.day = dayOf({2026, 3, 22});
+  copies.beforeChange();
+  EXPECT_EQ(copies.takeFailure(), std::nullopt);
+  clock_.day = dayOf({2026, 3, 23});
+  copies.beforeChange();
+  EXPECT_EQ(copies.takeLeftOut().size(), 1U);
 }
 
 TEST(DataFilesTest, HaveTheLengthsOfTheirRecords) {

@@ -97,6 +97,37 @@ TEST_F(HistoryTest, TakesAnActionOfSeveralFilesBackInOneStepAndInReverseOrder) {
   EXPECT_EQ(at("b"), "bbbb");
 }
 
+TEST_F(HistoryTest, NamesNoStepAfterAnActionThatIsOver) {
+  {
+    const History::Action action(history_, "rögzítés");
+    add("a", "aaaa");
+  }
+  add("b", "bbbb");
+  EXPECT_EQ(history_.undoName(), "");
+  undo();
+  EXPECT_EQ(history_.undoName(), "rögzítés");
+}
+
+// It is compared a piece at a time.
+TEST_F(HistoryTest, SeesWhatAnotherProgramChangedAnywhereInALongFile) {
+  constexpr std::size_t kSize = std::size_t{12} * 32'000;
+  foreign("a", std::string(kSize, 'a'));
+  {
+    RecordFile file(disk_, "/f/a", 12);
+    file.rewrite(file.seen(5), bytesOf("AAAAAAAAAAAA"));
+  }
+  const std::string ours = at("a");
+  for (const std::size_t place : {std::size_t{0}, std::size_t{262'143}, std::size_t{262'144}, kSize - 1}) {
+    std::string theirs = ours;
+    theirs[place] = 'z';
+    foreign("a", theirs);
+    expectFailure(FailureKind::FileChanged, [&] { undo(); });
+  }
+  foreign("a", ours);
+  undo();
+  EXPECT_EQ(at("a"), std::string(kSize, 'a'));
+}
+
 TEST_F(HistoryTest, MakesNoStepOfAnActionThatChangesNothingOrFails) {
   foreign("a", "aaaa");
   {

@@ -1,5 +1,6 @@
 #include "core/machine_file_system.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <linux/filter.h>
 #include <linux/seccomp.h>
@@ -99,6 +100,28 @@ class PosixFileTest : public testing::Test {
   test::TemporaryFolder folder_;
   MachineFileSystem files_;
 };
+
+TEST_F(PosixFileTest, ListsWhatLiesInAFolder) {
+  folder_.makeFolder("Mentések");
+  folder_.write(".rejtett", "");
+  folder_.write("..x", "");
+  folder_.write("Mentések/napiadat.dat", "");
+  std::vector<std::string> names;
+  EXPECT_EQ(files_.list(folder_ / "", names), 0);
+  EXPECT_THAT(names, testing::UnorderedElementsAre("Mentések", ".rejtett", "..x"));
+  EXPECT_EQ(files_.list(folder_ / "nowhere", names), -1);
+  EXPECT_EQ(errno, ENOENT);
+}
+
+TEST_F(PosixFileTest, TellsWhenAFileWasChangedLast) {
+  folder_.write("data", "1");
+  struct stat native {};
+  ASSERT_EQ(::stat((folder_ / "data").c_str(), &native), 0);
+  FileStatus status;
+  ASSERT_EQ(files_.statusOf(folder_ / "data", status), 0);
+  EXPECT_EQ(status.changed / 1'000'000'000, native.st_ctim.tv_sec);
+  EXPECT_EQ(status.changed % 1'000'000'000, native.st_ctim.tv_nsec);
+}
 
 TEST_F(PosixFileTest, WritesThatCannotBeOrderedAreSynced) {
   const OpenFile file(files_, files_.open(folder_ / "data", OpenMode::Create));

@@ -57,6 +57,7 @@ TEST(DoubtOf, AChosenEntryMayFollowTheOneBeforeItOrTheLastOne) {
   const EarlierReadings both{.last = 241'419, .before = 200'000};
   EXPECT_EQ(doubtOf("201000", both), std::nullopt);
   EXPECT_EQ(doubtOf("242000", both), std::nullopt);
+  EXPECT_EQ(doubtOf("241419", both), std::nullopt);
   EXPECT_EQ(doubtOf("199999", both), (ReadingDoubt{Kind::Less, 200'000}));
   EXPECT_EQ(doubtOf("203001", both), (ReadingDoubt{Kind::Far, 200'000}));
   EXPECT_EQ(doubtOf("244420", both), (ReadingDoubt{Kind::Far, 241'419}));
@@ -66,6 +67,8 @@ TEST(CanStillBecomeSound, WhatFurtherDigitsCanStillMakeAReading) {
   for (const char* typed : {"", "0", "2", "24", "241", "2414", "24142", "241419", "244419", "244"})
     EXPECT_TRUE(canStillBecomeSound(typed, kNew)) << typed;
   EXPECT_TRUE(canStillBecomeSound("10", {99'500, 99'500}));
+  EXPECT_TRUE(
+      canStillBecomeSound("500000,5", kNew));  // no whole number: nothing is said of it while it is typed
 }
 
 TEST(CanStillBecomeSound, WhatNoFurtherDigitMends) {

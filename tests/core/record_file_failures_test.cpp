@@ -134,6 +134,10 @@ TEST_F(RecordFileFailuresTest, AFailedAppendPutsThePartBehindTheLastRecordBack) 
   failOnce(test::Call::Sync, EIO);
   test::expectFailure(FailureKind::SyncFailed, [&] { append(std::string_view("add\0", 4)); });
   EXPECT_EQ(disk_.contents(kPath), "old1ta");
+  disk_.put(kPath, "old1t");
+  failOnce(test::Call::Sync, EIO);
+  test::expectFailure(FailureKind::SyncFailed, [&] { append(std::string_view("add\0", 4)); });
+  EXPECT_EQ(disk_.contents(kPath), "old1t");
 }
 
 TEST_F(RecordFileFailuresTest, ADiskThatTakesNothingIsFull) {

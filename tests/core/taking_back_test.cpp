@@ -79,6 +79,25 @@ TEST_F(TakingBackTest, NamesWhatIsDamaged) {
   EXPECT_EQ(lines[2].state, SetFileState::Unreadable);
 }
 
+TEST_F(TakingBackTest, TakesAPartOfARecordForDamageUnlessItIsThereNowToo) {
+  for (const std::string& part : {std::string("h"), std::string("half")}) {
+    disk_.put(set().path + "/ABC-123/napiadat.dat", kKept + part);
+    EXPECT_EQ(compared(disk_, set())[0].state, SetFileState::Damaged);
+    disk_.put("/p/ABC-123/napiadat.dat", kKept + part);
+    EXPECT_EQ(compared(disk_, set())[0].state, SetFileState::Whole);
+  }
+}
+
+TEST_F(TakingBackTest, PassesDaysThatCannotBeReadAndFilesThatAreEmptyOnBothSides) {
+  const std::string damaged = test::textOf(encoded(NapiAdat{.KmOra = 300, .Datum = 1e18}));
+  disk_.put(set().path + "/ABC-123/napiadat.dat", kKept + damaged);
+  disk_.put(set().path + "/set.dat", "");
+  const std::vector<SetComparison> lines = compared(disk_, set());
+  EXPECT_EQ(lines.size(), 3U);
+  EXPECT_EQ(lines[0].entries, 3);
+  EXPECT_EQ(lines[0].lastDay, dayOf({2026, 3, 20}));
+}
+
 TEST_F(TakingBackTest, GivesAllBackAfterACopyOfNowAndIsUndoneInOneStep) {
   SafetyNet net(disk_, folders_, clock_);
   const DatedSet wanted = set();

@@ -129,6 +129,7 @@ TEST(Totals, EmptyListingKeepsTheCostsAndClearsTheRest) {
   EXPECT_EQ(totals.megtettKm, "");
   EXPECT_EQ(totals.liter, "");
   EXPECT_EQ(totals.fogyaszt, "");
+  EXPECT_EQ(totalFigures(listingOf({})).distanceKm, 0);
 }
 
 // Sums that leave their type.

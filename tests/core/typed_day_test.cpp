@@ -159,13 +159,25 @@ TEST(PartsTyped, PartsThatWereNotTypedStay) {
 
 TEST(PartsTyped, WhatIsNoDayIsNone) {
   for (const char* keys :
-       {"15", "0612", "201", "15\t06\t21", "0612.06.21", "2013.2.31", "20130631", "2013062", "20131",
-        "2013..21", "2013.x", "2013.06.21.5", "2013.06.2x", "20130", "201300"})
+       {"15",      "0612",       "201",      "15\t06\t21", "0612.06.21",   "2013.2.31",   "20130631",
+        "2013062", "20131",      "2013..21", "2013.x",     "2013.06.21.5", "2013.06.2.5", "2013.jún5",
+        "2013.!",  "2013.06.2x", "20130",    "20130.",     "20130 ",       "201300"})
     EXPECT_EQ(typed(keys, DayPart::Year), "-") << keys;
   for (const char* keys : {"13", "00", "0", "2013", "6.32", "6.00", "6.0", "062113", "2"})
     EXPECT_EQ(typed(keys, DayPart::Month, dayOf({2013, 1, 31})), "-") << keys;
   for (const char* keys : {"32", "00", "0", "201", "5.6", "x", "5-"})
     EXPECT_EQ(typed(keys, DayPart::Day), "-") << keys;
+}
+
+TEST(PartsTyped, AKeyThatLeadsToNoMonthOrDayDoesNotFit) {
+  const auto fits = [](const char* keys) {
+    return partsTyped(keys, DayPart::Year, DayPart::Day).has_value();
+  };
+  for (const char* keys :
+       {"2013.0", "2013.01", "2013.12", "2013.12.0", "2013.12.01", "2013.12.13", "2013.12.31"})
+    EXPECT_TRUE(fits(keys)) << keys;
+  for (const char* keys : {"2013.00", "2013.13", "2013.12.00", "2013.12.32", "20130.", "20130 ", "2013.!"})
+    EXPECT_FALSE(fits(keys)) << keys;
 }
 
 TEST(PartsTyped, SaysWhichPartWasReached) {
@@ -188,6 +200,7 @@ TEST(PartsTyped, StopsBehindTheLastShownPart) {
 
 TEST(Stepped, GoesByYearsMonthsAndDays) {
   EXPECT_EQ(stepped(kShown, DayPart::Year, -1), dayOf({2012, 7, 5}));
+  EXPECT_EQ(stepped(kShown, DayPart::Year, 3), dayOf({2016, 7, 5}));
   EXPECT_EQ(stepped(kShown, DayPart::Month, 6), dayOf({2014, 1, 5}));
   EXPECT_EQ(stepped(kShown, DayPart::Month, -7), dayOf({2012, 12, 5}));
   EXPECT_EQ(stepped(kShown, DayPart::Day, -5), dayOf({2013, 6, 30}));
@@ -196,6 +209,7 @@ TEST(Stepped, GoesByYearsMonthsAndDays) {
 }
 
 TEST(Stepped, StaysWithinTheDaysThatHaveAText) {
+  EXPECT_EQ(stepped(dayOf({100, 2, 15}), DayPart::Month, -1), dayOf({100, 1, 15}));
   for (const DayPart part : {DayPart::Year, DayPart::Month, DayPart::Day}) {
     EXPECT_EQ(stepped(kLastDay, part, 1), kLastDay);
     EXPECT_EQ(stepped(kFirstDay, part, -1), kFirstDay);
