@@ -39,7 +39,7 @@ def changes_of(path, text):
     for start, end, new, kind in sorted(found):
         line = text.count("\n", 0, start) + 1
         context = text.splitlines()[line - 1].strip()
-        if ".reserve(" in context:
+        if ".reserve(" in context or "makeRoom(" in context:
             continue  # without room made for them a container grows as its values come
         result.append(Change(path, line, kind, start, end, text[start:end], new, context))
     return result
@@ -67,7 +67,8 @@ CALL = re.compile(r"(?P<name>[A-Za-z_]\w*)(?:<[\w:]+>)?\(")
 NO_CALLS = {"if", "for", "while", "switch", "return", "sizeof", "decltype", "catch", "static_assert", "alignof"}
 # Whose two arguments may stand either way.
 SYMMETRIC = {"max", "min", "qMax", "qMin", "hypot", "gcd", "checkedSum", "checkedProduct", "product", "areSame", "agree",
-             "areUnits"}
+             "areUnits", "equal", "isEqual", "isUntouched", "equalInFront", "equalBehind", "greatestCommonDivisor",
+             "commonDivisor", "checkedSum128"}
 # Whose first two arguments may.
 SYMMETRIC_FIRST = {"__builtin_add_overflow", "__builtin_mul_overflow", "clamp", "isProduct", "takeProductOf",
                    "isNear"}

@@ -57,6 +57,14 @@ TEST(RecordCharts, ShowTheLastHundredPrices) {
     expectRecords(series(2, numbered(shown.count)), shown.first, shown.last);
 }
 
+TEST(RecordCharts, AreNoneForANumberThatNoChartHas) {
+  EXPECT_TRUE(series(0, numbered(10)).empty());
+  std::vector<NapiAdat> entries = numbered(10);
+  for (NapiAdat& entry : entries) entry.TankoltKtg = 1;
+  EXPECT_FALSE(series(7, entries).empty());
+  EXPECT_TRUE(series(8, entries).empty());
+}
+
 TEST(RecordCharts, PassOverRecordsWithoutAPositiveValue) {
   std::vector<NapiAdat> entries = numbered(5);
   entries[2].Fogyasztas = {0};

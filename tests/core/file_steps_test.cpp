@@ -10,7 +10,8 @@
 #include "tests/support/intercepted_file_system.h"
 #include "tests/support/memory_file_system.h"
 
-// What each step of a change tells when the system refuses it: the kind, the file and the system's own reason.
+// What each step of a change tells when the system refuses it: the kind, the file and the system's own
+// reason.
 
 namespace tarvik::core {
 namespace {
@@ -70,8 +71,10 @@ TEST_F(FileStepsTest, AFileThatDoesNotOpenIsToldAndAMissingFolderByItself) {
 }
 
 TEST_F(FileStepsTest, APlaceThatCannotBeMadeFreeIsTold) {
-  expectTold(Call::Remove, EPERM, FailureKind::OpenFailed, [&] { std::ignore = steps::createPrivate(files_, kPath); });
-  expectTold(Call::Open, EROFS, FailureKind::OpenFailed, [&] { std::ignore = steps::createPrivate(files_, kPath); });
+  expectTold(Call::Remove, EPERM, FailureKind::OpenFailed,
+             [&] { std::ignore = steps::createPrivate(files_, kPath); });
+  expectTold(Call::Open, EROFS, FailureKind::OpenFailed,
+             [&] { std::ignore = steps::createPrivate(files_, kPath); });
 }
 
 TEST_F(FileStepsTest, AFileWhoseNameCannotBeLookedUpAgainIsTold) {
@@ -84,7 +87,8 @@ TEST_F(FileStepsTest, AFileWhoseNameCannotBeLookedUpAgainIsTold) {
 
 TEST_F(FileStepsTest, WhatAnOpenFileRefusesIsTold) {
   const OpenFile file = steps::openOrCreate(files_, kPath);
-  expectTold(Call::Truncate, EIO, FailureKind::WriteFailed, [&] { steps::setLength(files_, file, 1, kPath); });
+  expectTold(Call::Truncate, EIO, FailureKind::WriteFailed,
+             [&] { steps::setLength(files_, file, 1, kPath); });
   expectTold(Call::SetMode, EPERM, FailureKind::WriteFailed,
              [&] { steps::giveMode(files_, file, 0123, kPath); });
   expectTold(Call::WriteOut, EIO, FailureKind::SyncFailed, [&] { steps::writeOut(files_, file, kPath); });

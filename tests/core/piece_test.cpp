@@ -33,6 +33,7 @@ TEST(DifferingPieceTest, IsFoundAtAnyPlaceOfLongContents) {
     EXPECT_EQ(piece.at, at);
     EXPECT_EQ(textOf(piece.removed), "a") << at;
     EXPECT_EQ(textOf(piece.added), "b") << at;
+    EXPECT_EQ(textOf(differingPiece(bytesOf(after), bytesOf(before)).removed), "b") << at;
     EXPECT_FALSE(isEqual(bytesOf(before), bytesOf(after))) << at;
   }
   EXPECT_TRUE(isEqual(bytesOf(before), bytesOf(std::string(20'000, 'a'))));

@@ -41,7 +41,11 @@ TEST(TableDocument, HasFortyRowsAPageAndNoneWithoutRows) {
   const TableDocument document = documentOf(41);
   ASSERT_EQ(document.pageCount(), 2);
   EXPECT_EQ(document.page(1).texts.size(), 3u + 40 * 3);
-  EXPECT_EQ(document.page(2).texts.size(), 3u + 3);
+  const Page second = document.page(2);
+  ASSERT_EQ(second.texts.size(), 3u + 3);
+  EXPECT_EQ(second.texts[3], (Text{10, 30, 8, "2013", 88}));
+  EXPECT_EQ(second.rules[1], (Rule{9, 29, 280, 29}));
+  EXPECT_EQ(second.rules[2], (Rule{9, 33, 280, 33}));
 }
 
 }  // namespace

@@ -152,6 +152,7 @@ TEST(DueDateRows, HaveNoPlaceholder) {
 TEST(DaysLeft, AreToldInThreeForms) {
   EXPECT_EQ(daysLeftText(core::addDays(kToday, 14), kToday), "14 nap múlva esedékes!");
   EXPECT_EQ(daysLeftText(core::addDays(kToday, 5), kToday), "5 nap múlva esedékes!");
+  EXPECT_EQ(daysLeftText(core::addDays(kToday, 1), kToday), "1 nap múlva esedékes!");
   EXPECT_EQ(daysLeftText(kToday, kToday), " MA ESEDÉKES!!!!");
   EXPECT_EQ(daysLeftText(core::addDays(kToday, -3), kToday), "-3 nappal túllépve!!!!");
 }

@@ -135,6 +135,7 @@ TEST_F(MenuEntryTest, StaysAsItWasWhicheverCallFails) {
       EXPECT_EQ(files_.modeOf(kEntry), 0600u) << nth;
       EXPECT_EQ(files_.contents(kEntry), menuEntryText(kPlace)) << nth;
     }
+    EXPECT_FALSE(files_.has(kEntry + ".tmp")) << nth;
     files_.setModeOf(kEntry, 0600);
   }
   EXPECT_GE(failures, 5);

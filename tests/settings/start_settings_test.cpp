@@ -76,5 +76,10 @@ TEST_F(StartSettingsTest, TheReminderFlagOfMissingSettingsGoesWithAnEmptyPlate) 
   EXPECT_EQ(load().plate.trimmed(), "");
 }
 
+TEST_F(StartSettingsTest, TheReminderFlagOfMissingSettingsIsWrittenWhenItIsOffToo) {
+  saveReminderFlag(files_, folders_, core::kFlagClear);
+  EXPECT_EQ(stored(), std::string(12, '\0'));
+}
+
 }  // namespace
 }  // namespace tarvik::settings
