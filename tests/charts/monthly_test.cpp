@@ -129,6 +129,9 @@ TEST(MonthlyDistance, IsTheDifferenceToTheFuellingBeforeEvenOfAnEarlierMonth) {
                  fuelling(stored(2012, 2, 15), 1, 10'450), fuelling(stored(2012, 3, 5), 1, 11'000),
                  fuelling(stored(2012, 3, 6), 1, 11'020)});
   EXPECT_EQ(points, (Points{{"2012. 2. hó", whole(450)}, {"2012. 3. hó", whole(570)}}));
+  EXPECT_EQ(series(4, {note(stored(2012, 1, 1)), fuelling(stored(2012, 2, 1), 1, 1),
+                       fuelling(stored(2012, 2, 15), 1, 451)}),
+            (Points{{"2012. 2. hó", whole(450)}}));
 }
 
 TEST(MonthlyDistance, AddsNothingForTheFirstFuellingOfTheRange) {
