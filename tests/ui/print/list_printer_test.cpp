@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "core/machine_file_system.h"
+#include "tests/support/bytes.h"
 #include "tests/ui/print_desk.h"
 #include "tests/ui/screen_test.h"
 #include "ui/print/page_painter.h"
@@ -264,4 +265,3 @@ class ListPrinterTest : public QObject {
 
 TARVIK_SCREEN_TEST(ListPrinterTest)
 #include "list_printer_test.moc"
-#include "tests/support/bytes.h"

@@ -7,6 +7,7 @@
 #include <QTextStream>
 
 #include "exchange/own_format.h"
+#include "tests/support/bytes.h"
 #include "tests/ui/main_screen.h"
 #include "tests/ui/screen_test.h"
 #include "ui/exchange/import_preview.h"
@@ -425,4 +426,3 @@ class ContractTest : public QObject {
 
 TARVIK_SCREEN_TEST(ContractTest)
 #include "contract_test.moc"
-#include "tests/support/bytes.h"

@@ -1,6 +1,7 @@
 #include <QListWidget>
 #include <QScopeGuard>
 
+#include "tests/support/bytes.h"
 #include "tests/ui/main_screen.h"
 #include "tests/ui/screen_test.h"
 #include "tyres/tyre_set.h"
@@ -338,5 +339,4 @@ class UndoTest : public QObject {
 };
 
 TARVIK_SCREEN_TEST(UndoTest)
-#include "tests/support/bytes.h"
 #include "undo_test.moc"
