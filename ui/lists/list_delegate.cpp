@@ -132,7 +132,6 @@ ListDelegate::ListDelegate(QObject* parent, Ticks ticks) : QStyledItemDelegate(p
 
 void ListDelegate::mark(const QString& record, QAbstractItemView& view) {
   marked_ = record;
-  view.viewport()->update();
   QTimer::singleShot(kMarkMilliseconds, &view, [this, record, &view] {
     if (marked_ == record) marked_.clear();
     view.viewport()->update();

@@ -75,18 +75,28 @@ class ListAccessibleTest : public QObject {
   void the_number_that_qt_tells_is_that_of_the_part_beside() {
     struct Telling : ListView {
       void scrollTo(const QModelIndex& index, ScrollHint hint) override {
-        if (places.isEmpty())
-          for (int number = 0; number < 9; ++number) places.append(accessiblePlace(number));
+        count(ofKeyboard);
         ListView::scrollTo(index, hint);
       }
-      QList<int> places;
+      QRegion visualRegionForSelection(const QItemSelection& selection) const override {
+        count(ofSelection);
+        return ListView::visualRegionForSelection(selection);
+      }
+      void count(QList<int>& places) const {
+        if (places.isEmpty())
+          for (int number = 0; number < 9; ++number) places.append(accessiblePlace(number));
+      }
+      QList<int> ofKeyboard;
+      mutable QList<int> ofSelection;
     };
     Shown list;
     Telling told;
     told.setModel(&list.model);
     told.show();
     told.setCurrentIndex(list.model.index(1, 0));
-    QCOMPARE(told.places, QList<int>({0, 1, 1, 2, 3, 3, 4, 5, 5}));
+    const QList<int> places{0, 1, 1, 2, 3, 3, 4, 5, 5};
+    QCOMPARE(told.ofKeyboard, places);
+    QCOMPARE(told.ofSelection, places);
     QCOMPARE(told.accessiblePlace(4), 4);
   }
 
