@@ -131,7 +131,6 @@ void ChartPanel::draw(int choice, const core::Logbook& entries) {
 
 core::Logbook ChartPanel::logbook() {
   plate_ = sources_.plate().trimmed();
-  isDrawable_ = false;
   auto found = core::foundLogbook(context_.files, context_.folders, toLogic(plate_));
   isDrawable_ = found.has_value();
   return found ? std::move(*found) : core::Logbook();
