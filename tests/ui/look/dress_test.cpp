@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -41,6 +42,13 @@ class DressTest : public QObject {
     QTRY_VERIFY(result.minimumWidth() > width * 3 / 2);
     QTRY_VERIFY(button.height() > height * 3 / 2);
     heading.setParent(nullptr);
+  }
+
+  void aChooserIsWiderThanItsEntry() {
+    const QString text = QStringLiteral("amerikai gallon (3,785 liter)");
+    QComboBox chooser;
+    chooser.addItem(text);
+    QVERIFY(chooser.sizeHint().width() > chooser.fontMetrics().horizontalAdvance(text));
   }
 
   void newColoursReachWhatWasColouredByTheOldOnes() {
