@@ -48,7 +48,7 @@ QString rateLabel(const std::string& currency) {
   return QStringLiteral("1 %1 hány &forint:").arg(toQt(currency));
 }
 
-// A number above 0 with a decimal comma, or a point as other programs write it.
+// A number from 0 up with a decimal comma, or a point as other programs write it.
 std::optional<core::Ratio> typedNumber(const QLineEdit& field) {
   const QString typed = field.text().replace(QLatin1Char('.'), QLatin1Char(','));
   const auto number = core::localeNumber(toLogic(typed));
@@ -82,7 +82,6 @@ ImportChoices::ImportChoices(QWidget* parent) : QWidget(parent), form_(new QForm
              {Question::Gallon, volume_},         {Question::TripStart, tripReading_},
              {Question::FullWord, fullWord_},     {Question::Currency, currency_},
              {Question::Rate, rates_.front()},    {Question::DecimalSign, sign_}};
-  isShowing_ = false;
 }
 
 void ImportChoices::addUnits() {
@@ -154,7 +153,6 @@ QComboBox* ImportChoices::addBox(const QString& name, const QString& label, cons
   box->setPlaceholderText(QStringLiteral("Válaszd ki!"));
   box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   box->addItems(items);
-  box->setCurrentIndex(-1);
   connect(box, &QComboBox::currentIndexChanged, this, [this, chosen](int index) {
     if (!isShowing_) chosen(index);
   });

@@ -20,7 +20,6 @@ constexpr int kLongestText = 24;
 QLabel* labelOf(const std::string& text, const QString& name, QWidget* parent) {
   auto* label = new QLabel(parent);
   label->setObjectName(name);
-  label->setTextFormat(Qt::PlainText);
   const QString whole = toQt(text).simplified();
   label->setText(whole.size() <= kLongestText ? whole : whole.left(kLongestText - 1) + QStringLiteral("…"));
   if (label->text() != whole) label->setToolTip(whole);
@@ -41,7 +40,6 @@ std::vector<std::string> samplesOf(const exchange::LogTable& table, std::size_t 
 }  // namespace
 
 ImportColumns::ImportColumns(QWidget* parent) : QScrollArea(parent) {
-  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setWidgetResizable(true);
   setFocusPolicy(Qt::NoFocus);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -92,24 +90,22 @@ void ImportColumns::build(const exchange::LogTable& table) {
   auto* grid = new QGridLayout(contents);
   grid->setVerticalSpacing(1);
   setWidget(contents);
-  boxes_.clear();
   for (std::size_t column = 0; column < table.heads.size(); ++column) addColumn(table, column);
   grid->setColumnStretch(static_cast<int>(table.heads.size()), 1);
   grid->setRowStretch(2 + kSamples, 1);
   makeAccessible(*contents);
-  updateGeometry();
 }
 
 void ImportColumns::show(const exchange::LogTable& table, const exchange::Reading& reading) {
   isShowing_ = true;
-  if (boxes_.size() != table.heads.size() || widget() == nullptr) build(table);
+  if (boxes_.empty()) build(table);
   for (std::size_t column = 0; column < boxes_.size(); ++column)
     boxes_[column]->setCurrentIndex(static_cast<int>(reading.columns[column].meaning));
   isShowing_ = false;
 }
 
 QSize ImportColumns::sizeHint() const {
-  const QSize contents = widget() == nullptr ? QSize() : widget()->sizeHint();
+  const QSize contents = widget()->sizeHint();
   return {contents.width(),
           contents.height() + horizontalScrollBar()->sizeHint().height() + 2 * frameWidth()};
 }

@@ -1,5 +1,7 @@
 #include "ui/exchange/import_preview.h"
 
+#include <QAbstractItemModelTester>
+
 #include "tests/support/forwarding_file_system.h"
 #include "tests/ui/main_screen.h"
 #include "tests/ui/screen_test.h"
@@ -90,6 +92,10 @@ class ImportPreviewTest : public QObject {
   }
   static void choose(const Preview& preview, const char* name, int index) {
     box(preview, name)->setCurrentIndex(index);
+  }
+  static QChar sideOf(const QVariant& alignment) {
+    const auto side = alignment.value<Qt::Alignment>();
+    return side.testFlag(Qt::AlignRight) ? '>' : side.testFlag(Qt::AlignHCenter) ? '|' : '<';
   }
   static void type(const Preview& preview, const char* name, const QString& text) {
     test::typeInto(*test::part<QLineEdit>(preview, name), text);
@@ -229,12 +235,19 @@ class ImportPreviewTest : public QObject {
   void allOrNoneCanBeTickedAtOnce() {
     Import csv;
     csv.read(kForintLog, [](Preview& preview) {
+      auto* entries = rowsOf(preview);
+      const QAbstractItemModelTester keepsTheRulesOfModels(entries);
+      const QSignalSpy changed(entries, &QAbstractItemModel::dataChanged);
       test::press(*test::part<QPushButton>(preview, "cmdEgyikSem"));
+      QCOMPARE(changed.count(), 1);
+      QCOMPARE(changed[0][0].toModelIndex(), entries->index(0, 0));
+      QCOMPARE(changed[0][1].toModelIndex(), entries->index(2, 9));
       QCOMPARE(state(preview), QStringLiteral("Kijelölve: 0 bejegyzés"));
       QVERIFY(!button(preview)->isEnabled());
       test::press(*test::part<QPushButton>(preview, "cmdMind"));
       QCOMPARE(state(preview), QStringLiteral("Kijelölve: 2 bejegyzés"));
-      preview.reject();
+      test::press(*test::part<QPushButton>(preview, "cmdMegsem"));
+      QVERIFY(!preview.isVisible());
     });
   }
 
@@ -242,8 +255,12 @@ class ImportPreviewTest : public QObject {
     Import csv;
     QVERIFY(csv.take(kForintLog, [](Preview& preview) {
       auto* model = rowsOf(preview);
+      const QSignalSpy changed(model, &QAbstractItemModel::dataChanged);
       QVERIFY(model->setData(model->index(1, 0), Qt::Unchecked, Qt::CheckStateRole));
       QVERIFY(!model->setData(model->index(0, 0), Qt::Checked, Qt::CheckStateRole));
+      QCOMPARE(changed.count(), 1);
+      QCOMPARE(changed[0][0].toModelIndex(), model->index(0, 0));
+      QCOMPARE(changed[0][1].toModelIndex(), model->index(2, 9));
       QCOMPARE(state(preview), QStringLiteral("Kijelölve: 1 bejegyzés"));
       takeOver(preview);
     }));
@@ -260,7 +277,11 @@ class ImportPreviewTest : public QObject {
       auto* place = box(preview, "cmbHely");
       QVERIFY(place->isVisible());
       QCOMPARE(place->currentText(), QStringLiteral("nap szerint a helyére"));
-      QVERIFY(test::part<QLabel>(preview, "lbValtozik")->isVisible());
+      QVERIFY(label(preview, "lbOsszegNaplo").startsWith("A naplóban:  1 bejegyzés"));
+      for (const auto& [button, isOthersChanged] : {std::pair("cmdEgyikSem", false), {"cmdMind", true}}) {
+        test::press(*test::part<QPushButton>(preview, button));
+        QCOMPARE(test::part<QLabel>(preview, "lbValtozik")->isVisible(), isOthersChanged);
+      }
       takeOver(preview);
     }));
     QCOMPARE(csv.told, QStringLiteral("2 bejegyzés került a naplóba.\n\nA napló 1 bejegyzésének más lett a "
@@ -283,15 +304,19 @@ class ImportPreviewTest : public QObject {
 
   void aForeignCurrencyIsAskedFor() {
     Import csv;
-    QVERIFY(csv.take("Date,Odometer (mi),Gallons (US),Total ($),Full\n2012-01-05,1000,10,40,1\n",
-                     [](Preview& preview) {
-                       QCOMPARE(state(preview), QStringLiteral("Írd be, hány forint a fájl pénzneme!"));
-                       QVERIFY(!button(preview)->isEnabled());
-                       QCOMPARE(label(preview, "lbValto"), QStringLiteral("1 USD hány &forint:"));
-                       type(preview, "txValto", "360,5");
-                       QVERIFY(button(preview)->isEnabled());
-                       takeOver(preview);
-                     }));
+    QVERIFY(csv.take(
+        "Date,Odometer (mi),Gallons (US),Total ($),Full\n2012-01-05,1000,10,40,1\n", [](Preview& preview) {
+          QCOMPARE(state(preview), QStringLiteral("Írd be, hány forint a fájl pénzneme!"));
+          QVERIFY(!button(preview)->isEnabled());
+          QCOMPARE(label(preview, "lbValto"), QStringLiteral("1 USD hány &forint:"));
+          for (const auto& [rate, isEnough] : {std::pair("0", false), {"0,5", true}, {"", false}}) {
+            type(preview, "txValto", rate);
+            QCOMPARE(button(preview)->isEnabled(), isEnough);
+          }
+          type(preview, "txValto", "360,5");
+          QVERIFY(button(preview)->isEnabled());
+          takeOver(preview);
+        }));
     const core::NapiAdat entry = csv.stored()[0];
     QCOMPARE(entry.KmOra, 1609);
     QCOMPARE(entry.TankoltLiter.tenThousandths, 378'541);
@@ -319,8 +344,12 @@ class ImportPreviewTest : public QObject {
         "Rendszám,Dátum,Km óra,Liter\nA,1/2/2012,1000,40\nB,2/2/2012,500,30\n", [](Preview& preview) {
           QVERIFY(!button(preview)->isEnabled());
           QCOMPARE(choicesOf(preview, "cmbJarmu"), (QStringList{"A (1 sor)", "B (1 sor)", "minden sor"}));
+          QCOMPARE(box(preview, "cmbJarmu")->currentIndex(), -1);
           choose(preview, "cmbJarmu", 0);
+          QCOMPARE(box(preview, "cmbJarmu")->currentIndex(), 0);
+          const QSignalSpy emptied(box(preview, "cmbJarmu")->model(), &QAbstractItemModel::rowsRemoved);
           choose(preview, "cmbNapok", 1);
+          QCOMPARE(emptied.count(), 0);
           QVERIFY(button(preview)->isEnabled());
           takeOver(preview);
         }));
@@ -333,6 +362,10 @@ class ImportPreviewTest : public QObject {
     QVERIFY(csv.take("Dátum;Megtett km;Liter;Ft\n2012.01.05.;640;41;25575\n2012.01.19.;510;31;18600\n",
                      [](Preview& preview) {
                        QCOMPARE(state(preview), QStringLiteral("Írd be a km óra állását!"));
+                       for (const auto& [km, isEnough] : {std::pair("-1", false), {"0", true}, {"", false}}) {
+                         type(preview, "txKmKezdet", km);
+                         QCOMPARE(button(preview)->isEnabled(), isEnough);
+                       }
                        choose(preview, "cmbKmKezdet", 1);
                        type(preview, "txKmKezdet", "10000");
                        takeOver(preview);
@@ -344,12 +377,16 @@ class ImportPreviewTest : public QObject {
   void unknownWordsForAFullTankAreAskedFor() {
     Import csv;
     QVERIFY(csv.take(
-        "Dátum;Km óra;Liter;Ft;Tele\n2012.01.05.;1000;41;25575;csurig\n2012.01.19.;1500;31;18600;feles\n"
+        "Dátum;Km óra;Liter;Ft;Tele\n2012.01.05.;1000;41;25575;csurig\n2012.01.19.;1500;31;18600;félig\n"
         "2012.01.29.;2000;31;18600;\n",
         [](Preview& preview) {
           QCOMPARE(state(preview), QStringLiteral("Válaszd ki, melyik szó jelenti, hogy tele lett a tank!"));
           QCOMPARE(choicesOf(preview, "cmbTele"),
-                   (QStringList{"„csurig” (1 sor)", "„feles” (1 sor)", "(üres) (1 sor)"}));
+                   (QStringList{"„csurig” (1 sor)", "„félig” (1 sor)", "(üres) (1 sor)"}));
+          choose(preview, "cmbKodolas", 1);
+          QCOMPARE(choicesOf(preview, "cmbTele"),
+                   (QStringList{"„csurig” (1 sor)", "„fĂ©lig” (1 sor)", "(üres) (1 sor)"}));
+          choose(preview, "cmbKodolas", 0);
           choose(preview, "cmbTele", 0);
           QCOMPARE(rowsOf(preview)->index(1, 4).data().toString(), QStringLiteral("X"));
           QCOMPARE(rowsOf(preview)->index(2, 4).data().toString(), QString());
@@ -357,6 +394,94 @@ class ImportPreviewTest : public QObject {
         }));
     QCOMPARE(csv.stored().at(0).Teletank, core::kFlagSet);
     QCOMPARE(csv.stored().at(1).Teletank, std::int16_t{0});
+  }
+
+  void theColumnsAreShownWholeWithTheirFirstValuesCutWhereTheyAreLong() {
+    Import csv;
+    const std::string log =
+        "Dátum;Km óra;Liter;Ft;Megjegyzés, amely nem kell\n"
+        "2012.01.05.;1000;40;24000;\n2012.01.19.;1500;41;24600; \n2012.01.29.;2000;41;24600;egy\n"
+        "2012.02.05.;2500;40;24000;pontosan 24 betűs szöveg\n"
+        "2012.02.19.;3000;40;24000;ez már huszonöt betűs lesz\n2012.02.29.;3500;40;24000;négy\n";
+    csv.read(log, [](Preview& preview) {
+      auto* columns = test::part<QScrollArea>(preview, "oszlopok");
+      QCOMPARE(columns->height(), columns->sizeHint().height());
+      QStringList shown;
+      for (const char* name : {"lbOszlop_4", "lbErtek_4_0", "lbErtek_4_1", "lbErtek_4_2"})
+        shown << label(preview, name) << test::part<QLabel>(preview, name)->toolTip();
+      QCOMPARE(shown, (QStringList{"Megjegyzés, amely nem k…", "Megjegyzés, amely nem kell", "egy", "",
+                                   "pontosan 24 betűs szöveg", "", "ez már huszonöt betűs l…",
+                                   "ez már huszonöt betűs lesz"}));
+      for (const char* name : {"cmbOszlop_0", "cmbOszlop_1", "lbOszlop_0", "lbErtek_0_0", "lbErtek_0_2"}) {
+        const auto* part = test::part<QWidget>(preview, name);
+        QCOMPARE(part->visibleRegion().boundingRect(), part->rect());
+        if (part->inherits("QComboBox")) QCOMPARE(part->width(), part->sizeHint().width());
+        if (!part->inherits("QComboBox")) QCOMPARE(part->height(), part->sizeHint().height());
+      }
+      QVERIFY(test::part<QLabel>(preview, "lbOszlop_0")->font().bold());
+      columns->setFixedWidth(columns->minimumSizeHint().width());
+      QTRY_VERIFY(columns->horizontalScrollBar()->isVisible());
+      QCOMPARE(columns->viewport()->height(), columns->widget()->sizeHint().height());
+      preview.close();
+    });
+  }
+
+  void figuresStandAtTheRightAndATankThatIsFullInTheMiddle() {
+    Import csv;
+    csv.read(kForintLog, [](Preview& preview) {
+      const auto* rows = rowsOf(preview);
+      QString heads;
+      QString cells;
+      for (int column = 0; column < 10; ++column) {
+        heads += sideOf(rows->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole));
+        cells += sideOf(rows->index(1, column).data(Qt::TextAlignmentRole));
+      }
+      QCOMPARE(cells, QStringLiteral("<>>>|>><<<"));
+      QCOMPARE(heads, cells);
+      preview.close();
+    });
+  }
+
+  void anEntryOfAnOwnLogShowsAllItsCostsAndWorks() {
+    Import csv;
+    const std::string log =
+        "Dátum;Km óra állás;Liter;Tankolt költség (Ft);Üzemanyag ár (Ft/liter);Tele tankolva;Olajcsere;"
+        "Szűrőbetét csere;Gyertya csere;Alkatrész megnevezése;Alkatrész költség (Ft);Megjegyzés;"
+        "Megjegyzés költsége (Ft);Fogyasztás (liter/100 km)\r\n"
+        "2013-07-05;12345;40,5;16000;395,06;igen;igen;igen;igen;ablaktörlő;1200;jég verte;30;0\r\n";
+    csv.read(log, [](Preview& preview) {
+      const auto* entry = rowsOf(preview);
+      QCOMPARE(entry->index(1, 6).data().toString(), QStringLiteral("17 230"));
+      QCOMPARE(entry->index(1, 7).data().toString(),
+               QStringLiteral("olajcsere, szűrőcsere, gyertyacsere, ablaktörlő, jég verte"));
+      preview.close();
+    });
+  }
+
+  void theFirstWordForAFullTankIsShownAmongTheWords() {
+    Import csv;
+    const std::string heads = "Dátum;Km óra;Liter;Ft;Tele\n";
+    csv.read(heads + "2012.01.05.;1000;40;24000;\n2012.01.19.;1500;41;24600;igen\n", [](Preview& preview) {
+      QCOMPARE(choicesOf(preview, "cmbTele"), (QStringList{"(üres) (1 sor)", "„igen” (1 sor)"}));
+      QCOMPARE(box(preview, "cmbTele")->currentIndex(), 1);
+      preview.close();
+    });
+    csv.read(heads + "2012.01.05.;1000;40;24000;igen\n2012.01.19.;1500;41;24600;tele\n",
+             [](Preview& preview) {
+               QCOMPARE(box(preview, "cmbTele")->currentIndex(), 0);
+               preview.close();
+             });
+  }
+
+  void aCurrencyThatHasNoNameHereIsAnotherOneAndOneThatIsOpenIsNone() {
+    Import csv;
+    for (const auto& [head, shown] : {std::pair("Cost (SEK)", "más pénznem"), {"Cost", ""}}) {
+      const std::string log = std::string("Date;Odometer (km);Litres;") + head + "\n2012-01-05;1000;40;60\n";
+      csv.read(log, [shown = shown](Preview& preview) {
+        QCOMPARE(box(preview, "cmbPenznem")->currentText(), QString::fromUtf8(shown));
+        preview.close();
+      });
+    }
   }
 
   // Nothing is understood of this file; the person says what its columns are.
@@ -409,7 +534,11 @@ class ImportPreviewTest : public QObject {
     Import csv;
     csv.read("Dátum;Km óra;Liter;Ft\n2012.01.05.;1000;40,5;24300\n", [](Preview& preview) {
       QCOMPARE(box(preview, "cmbKodolas")->currentText(), QStringLiteral("UTF-8"));
+      QCOMPARE(box(preview, "cmbKodolas")->count(), 9);
       QCOMPARE(box(preview, "cmbElvalaszto")->currentText(), QStringLiteral("pontosvessző"));
+      choose(preview, "cmbKodolas", 1);
+      QCOMPARE(label(preview, "lbOszlop_0"), QStringLiteral("DĂˇtum"));
+      choose(preview, "cmbKodolas", 0);
       choose(preview, "cmbElvalaszto", 1);
       QVERIFY(!button(preview)->isEnabled());
       choose(preview, "cmbElvalaszto", 0);

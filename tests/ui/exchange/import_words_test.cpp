@@ -97,6 +97,16 @@ class ImportWordsTest : public QObject {
     QCOMPARE(page.size(), 5);
   }
 
+  void whatNoCarDoesIsOdd() {
+    using exchange::Doubt;
+    QSet<Doubt> odd;
+    for (int i = 0; i <= static_cast<int>(Doubt::PartLettersLost); ++i)
+      if (isOdd({static_cast<Doubt>(i)})) odd.insert(static_cast<Doubt>(i));
+    QCOMPARE(odd, (QSet<Doubt>{Doubt::DayInFuture, Doubt::DayTooEarly, Doubt::OdometerFalls,
+                               Doubt::OdometerJumps, Doubt::ConsumptionOdd, Doubt::PriceOdd}));
+    QVERIFY(!isOdd({}));
+  }
+
   void theNameOfAFileIsNoPlaceholder() {
     const TextFile large{.fault = TextFile::Fault::TooLarge, .size = 100 * 1024 * 1024};
     QVERIFY(wordsOf(large, "50%2.csv").endsWith("\n50%2.csv (100 MB)"));
