@@ -49,6 +49,25 @@ class TextFileTest : public QObject {
     QCOMPARE(decoded(bytes), QString::fromUtf8("Дата;Пробег;Литры;Стоимость;Полный бак;Комментарий"));
   }
 
+  void otherSystemsAreGuessedByTheirLettersToo() {
+    const std::tuple<Encoding, QByteArray, const char*> texts[] = {
+        {Encoding::Koi8, "\xE4\xC1\xD4\xC1;\xEC\xC9\xD4\xD2\xD9;\xF0\xCF\xCC\xCE\xD9\xCA \xC2\xC1\xCB",
+         "Дата;Литры;Полный бак"},
+        {Encoding::Dos852,
+         "Datum;Litry;Pln\xA0 n\xA0"
+         "dr\xA7",
+         "Datum;Litry;Plná nádrž"},
+        {Encoding::Latin2,
+         "Pln\xE1 n\xE1"
+         "dr\xBE;V\xFDm\xECna oleje",
+         "Plná nádrž;Výměna oleje"},
+        {Encoding::Windows1250, "Mennyis\xE9g;taxi", "Mennyiség;taxi"}};  // the same letters in Latin 2
+    for (const auto& [encoding, bytes, text] : texts) {
+      QCOMPARE(encodingOf(bytes), encoding);
+      QCOMPARE(decoded(bytes), text);
+    }
+  }
+
   void everyEncodingCanBeChosen() {
     const auto as = [](Encoding encoding, const char* bytes) {
       return QString::fromStdString(decodedText(bytes, encoding));

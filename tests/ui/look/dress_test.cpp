@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QComboBox>
+#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -49,6 +50,12 @@ class DressTest : public QObject {
     QComboBox chooser;
     chooser.addItem(text);
     QVERIFY(chooser.sizeHint().width() > chooser.fontMetrics().horizontalAdvance(text));
+  }
+
+  void theProgramsPictureIsThereInEverySize() {
+    QList<QSize> sizes;
+    for (const int size : {16, 24, 32, 48, 64, 128}) sizes << QSize(size, size);
+    QCOMPARE(QApplication::windowIcon().availableSizes(), sizes);
   }
 
   void newColoursReachWhatWasColouredByTheOldOnes() {
