@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QComboBox>
+#include <QFrame>
 #include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
@@ -50,6 +51,23 @@ class DressTest : public QObject {
     QComboBox chooser;
     chooser.addItem(text);
     QVERIFY(chooser.sizeHint().width() > chooser.fontMetrics().horizontalAdvance(text));
+  }
+
+  void aCardIsFilledHalfWayToTheFieldsAndHasNarrowMargins() {
+    const int step = gridStep();
+    for (const auto& [look, side, above, paper] :
+         {std::tuple("card", step, step, 100), {"band", step, 0, 0}, {"", step * 3 / 2, step, 0}}) {
+      QFrame frame;
+      frame.setProperty("look", look);
+      QPalette colours;
+      colours.setColor(QPalette::Window, Qt::black);
+      colours.setColor(QPalette::Base, QColor(200, 200, 200));
+      frame.setPalette(colours);
+      frame.resize(40, 40);
+      const QVBoxLayout layout(&frame);
+      QCOMPARE(layout.contentsMargins(), QMargins(side, above, side, above));
+      QCOMPARE(frame.grab().toImage().pixelColor(20, 20), QColor(paper, paper, paper));
+    }
   }
 
   void theProgramsPictureIsThereInEverySize() {
