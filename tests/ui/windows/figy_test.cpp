@@ -336,6 +336,31 @@ class FigyTest : public QObject {
     QCOMPARE(figy.screen.focusWidget(), &figy.dateList());
   }
 
+  void whatIsTakenBackIsListedAnewOnItsTabWithNothingChosen() {
+    Figy figy({.km = {kmReminder(1, 2, "Olaj", "A"), kmReminder(3, 4, "Fék", "A")},
+               .dates = {dateReminder(1, "Adó", "A"), dateReminder(2, "Műszaki", "A")}});
+    clickRow(figy.kmList(), 0);
+    figy.pressAndAnswer("cmd_del", QMessageBox::Yes);
+    figy.openTab(1);
+    clickRow(figy.dateList(), 1);
+    emit figy.context.news.travelled({.name = "törlés", .files = {}});
+    QCOMPARE(figy.context.state.selectedReminder, 2);
+    QApplication::setActiveWindow(&figy.screen);  // a question took the front
+    QTest::keyClick(&figy.dateList(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(part<QTabWidget>(figy.screen, "SSTab1")->currentIndex(), 0);
+    QCOMPARE(rowsOf(figy.kmList()).size(), 2);
+    QCOMPARE(figy.context.state.selectedReminder, 0);
+    QVERIFY(!figy.button("cmdDel2")->isEnabled());
+    figy.openTab(1);
+    clickRow(figy.dateList(), 0);
+    figy.pressAndAnswer("cmdDel2", QMessageBox::Yes);
+    figy.openTab(0);
+    QApplication::setActiveWindow(&figy.screen);  // a question took the front
+    QTest::keyClick(&figy.kmList(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(part<QTabWidget>(figy.screen, "SSTab1")->currentIndex(), 1);
+    QCOMPARE(rowsOf(figy.dateList()).size(), 2);
+  }
+
   void theDateListSortsByItsHeadsToo() {
     Figy figy({.dates = {dateReminder(1, "Műszaki", "A"), dateReminder(2, "Adó", "B")}});
     figy.openTab(1);

@@ -277,6 +277,7 @@ class frmGumikTest : public QObject {
     Tyres tyres({setOf("ABC-123", "a"), setOf("ABC-123", "b"), setOf("ABC-123", "c")});
     tyres.clickRow(1);
     tyres.press("cmdGumiDel");
+    QCOMPARE(tyres.screen->focusWidget(), tyres.list());
     QCOMPARE(tyres.list()->highlightedRecord(), "2");
     QVERIFY(!tyres.isEnabled("cmdGumiDel"));
     QVERIFY(tyres.isEnabled("cmdGumiFel"));

@@ -33,6 +33,7 @@ class SettingsListsTest : public QObject {
       QCOMPARE(setup.current.read(file), stored);
       setup.clickRow(list, 1);
       setup.press(button);
+      QCOMPARE(setup.screen.focusWidget(), setup.list(list));
       QCOMPARE(setup.rows(list), QStringList({fifty("A"), fifty("C")}));
       QVERIFY2(!setup.button(button)->isEnabled(), button);
       QCOMPARE(setup.current.read(file), padded("A", 50) + padded("C", 50));

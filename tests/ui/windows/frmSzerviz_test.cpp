@@ -152,6 +152,18 @@ class frmSzervizTest : public QObject {
     QCOMPARE(log.date()->date(), QDate(2013, 6, 30));
   }
 
+  void whatIsTakenBackLeavesNothingChosen() {
+    Log log({repairOf("ABC-123", "a"), repairOf("ABC-123", "b")});
+    log.clickRow(0);
+    log.press("cmdDelSzerviz");
+    QCOMPARE(log.screen->focusWidget(), log.list());
+    log.clickRow(0);
+    QTest::keyClick(log.list(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(log.texts(), (QStringList{"a", "b"}));
+    QCOMPARE(log.list()->highlightedRecord(), QString());
+    QVERIFY(!log.button("cmdDelSzerviz")->isEnabled());
+  }
+
   void aFigurePastItsFieldIsToldAndNothingIsWrittenOrCleared() {
     Log log;
     log.type("txtSzervizMegnev", "a");

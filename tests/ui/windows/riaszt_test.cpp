@@ -143,6 +143,18 @@ class RiasztTest : public QObject {
     QCOMPARE(alert.context.state.alertSelection, 4);
   }
 
+  void whatIsTakenBackIsListedAndChosen() {
+    const Alert alert;
+    alert.click(1);
+    alert.press();
+    QCOMPARE(alert.lines(), (QStringList{line("Másé", 1), line("Olaj", 2)}));
+    alert.click(0);
+    QTest::keyClick(alert.list(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(alert.lines(), (QStringList{line("Másé", 1), line("Olaj", 2), line("Fék", 4)}));
+    QCOMPARE(alert.list()->currentRow(), 2);
+    QCOMPARE(alert.context.state.alertSelection, 4);
+  }
+
   void aDeletionThatCannotBeSavedIsTold() {
     const Alert alert;
     alert.storeKm({kOther});
