@@ -44,7 +44,7 @@ constexpr Look kLooks[kColumns] = {{"Dátum", "MM9999.99.99."},
                                    {"Költség", "999 999 999"},
                                    {"Megjegyzés", "MMMMMMMMMMMM"},
                                    {"Észrevétel", ""},
-                                   {"Sor", "999999"}};
+                                   {"", ""}};  // the row's line, which is not shown
 
 bool isFigure(int column) {
   return column == kKmOra || column == kLiter || column == kKm || column == kFogyasztas || column == kKoltseg;

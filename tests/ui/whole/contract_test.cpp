@@ -29,7 +29,8 @@
 //   name kind "caption" label lbName "its label" spoken "its accessible name" tip "its tooltip" ... disabled
 //   hidden tab
 //
-// The columns of a table have room each for the text that is named, and those without one share what remains.
+// A field is as wide as the text that it is for. The columns of a table have room each for the text that is
+// named, and those without one share what remains.
 // The screen's own line says where the keyboard starts. What a control does not have is left out; so is an
 // accessible name that is its caption or its label. A button says "default" that Enter presses from
 // anywhere, and "enter" where it becomes that with the focus: none does on a screen of the program.
@@ -122,7 +123,7 @@ QString hintOf(const QWidget& part) {
 
 // What a part of its kind need not be: its hint while it is empty, its look, its way to be used.
 QStringList habitsOf(const QWidget& part) {
-  QStringList words{quoted("hint", hintOf(part))};
+  QStringList words{quoted("for", part.property("longest").toString()), quoted("hint", hintOf(part))};
   const std::pair<const char*, const char*> habits[] = {{"default", "default"},
                                                         {"autoDefault", "enter"},
                                                         {"calendarPopup", "calendar"},
