@@ -294,6 +294,15 @@ class DayFieldTest : public QObject {
     QCOMPARE(bench.text(), "2024.05.29.");
   }
 
+  void aFieldOfAMonthHasRoomForTheLongestMonthAndOneOfADayForADay() {
+    Bench bench;
+    const int ofDay = bench.field.sizeHint().width();
+    bench.field.showUpTo(DayPart::Month);
+    const QFontMetrics letters = bench.field.fontMetrics();
+    QCOMPARE(bench.field.sizeHint().width() - ofDay,
+             letters.horizontalAdvance("9999. szeptember ") - letters.horizontalAdvance("9999.99.99. "));
+  }
+
   void aProgramCanChooseAPartToo() {
     Bench bench;
     const std::pair<QDateTimeEdit::Section, const char*> parts[] = {{QDateTimeEdit::YearSection, "2014"},
