@@ -30,10 +30,10 @@
 //   hidden tab
 //
 // A field is as wide as the text that it is for. The columns of a table have room each for the text that is
-// named, and those without one share what remains.
-// The screen's own line says where the keyboard starts. What a control does not have is left out; so is an
-// accessible name that is its caption or its label. A button says "default" that Enter presses from
-// anywhere, and "enter" where it becomes that with the focus: none does on a screen of the program.
+// named, and those without one share what remains. The screen's own line says where the keyboard starts. What
+// a control does not have is left out; so is an accessible name that is its caption or its label. A button
+// says "default" that Enter presses from anywhere, and "enter" where it becomes that with the focus: none
+// does on a screen of the program.
 
 using namespace tarvik;
 using namespace tarvik::test;
