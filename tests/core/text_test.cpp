@@ -65,14 +65,15 @@ TEST(CodePage, HungarianSentence) {
 TEST(ToCodePage, CharacterThatTheCodePageLacksIsOneQuestionMark) {
   EXPECT_EQ(toCodePage("aõb"), "a?b");
   EXPECT_EQ(toCodePage("Ж漢🚗"), "???");
-  EXPECT_EQ(toCodePage("\u0081"), "?");
+  EXPECT_EQ(toCodePage("\u0080\u0081"), "??");
+  EXPECT_EQ(toCodePage("\U0010FFFF"), "?");
 }
 
 // Too short ones, overlong ones and those that are forbidden; what follows such a start is not swallowed.
 TEST(ToCodePage, MalformedTextIsOneQuestionMarkAByte) {
-  for (const char* text :
-       {"\xC3", "\xE2\x82", "\xF0\x9F\x9A", "\xFF\xFE", "\xC0\xAF", "\xC1\xA1", "\xE0\x83\xA1",
-        "\xF0\x80\x83\xA1", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xF8\x90\x80\x80"})
+  for (const char* text : {"\xC3", "\xE2\x82", "\xF0\x9F\x9A", "\xFF\xFE", "\xC0\xAF", "\xC1\xA1",
+                           "\xE0\x83\xA1", "\xF0\x80\x83\xA1", "\xED\xA0\x80", "\xED\xBF\xBF",
+                           "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xF8\x90\x80\x80"})
     EXPECT_EQ(toCodePage(text), std::string(std::strlen(text), '?'));
   EXPECT_EQ(toCodePage("a\x80z"), "a?z");
   EXPECT_EQ(toCodePage("\xC3("), "?(");
