@@ -34,6 +34,10 @@ void ListingModel::refill(const std::function<void()>& fill) {
   endResetModel();
 }
 
+QStringList ListingModel::longestTexts() {
+  return {"9999.99.99.", "9999999", "999,99", "-9999", "X", "X", "X", "", ""};
+}
+
 int ListingModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : listing_.rows();
 }

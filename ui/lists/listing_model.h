@@ -18,6 +18,8 @@ class ListingModel : public QAbstractTableModel {
 
   /// Tells the views that everything is listed anew; fill changes the listing meanwhile and throws nothing.
   void refill(const std::function<void()>& fill);
+  /// The longest text that each column is laid out for; empty for those that share what remains.
+  static QStringList longestTexts();
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;

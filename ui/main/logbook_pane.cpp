@@ -49,8 +49,7 @@ LogbookPane::LogbookPane(Context& context, QWidget* parent)
   ui_->paneLayout->addWidget(results_);
   makeAccessible(*this);
   ui_->ListView1->setModel(rows_);
-  delegate_ =
-      layOutList(*ui_->ListView1, {"9999.99.99.", "9999999", "999,99", "-9999", "X", "X", "X", "", ""});
+  delegate_ = layOutList(*ui_->ListView1, ListingModel::longestTexts());
   emptyList_ = new ListHint(*ui_->ListView1);
   ui_->ListView1->onRowChosen(
       [this](int row) { return guarded(window(), [&] { choose(listed_.listing.number(row)); }); });

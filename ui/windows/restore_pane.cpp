@@ -70,7 +70,7 @@ void showLog(core::Logbook logbook, const QString& title, QWidget* parent) {
   list->setAccessibleName(title);
   auto* rows = new ListingModel(listing, &screen);
   list->setModel(rows);
-  layOutList(*list, {"9999.99.99.", "9999999", "999,99", "-9999", "X", "X", "X", "", ""});
+  layOutList(*list, ListingModel::longestTexts());
   list->onRowChosen([](int) { return true; });
   layout->addWidget(list, 1);
   addClosing(screen, *layout);
