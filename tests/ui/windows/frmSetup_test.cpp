@@ -93,6 +93,18 @@ class SettingsTest : public QObject {
                                                         12));
   }
 
+  void theStartPlateFollowsItsOwnFileAndTheChosenCarStaysWhereNothingCameBack() {
+    ShownSetup setup({{"rendsz.dat", kTwoVehicles}, {"set.dat", kRemindersOff}});
+    setup.clickRow("List1", 1);
+    setup.current.write("set.dat", std::string("\x00\x00XYZ987    ", 12));
+    for (const auto& [file, plate] : {std::pair("rendsz.dat", "ABC123    "), {"set.dat", "XYZ987    "}}) {
+      emit setup.context.news.travelled(
+          {.name = "csere", .files = {{.path = setup.context.folders.inCurrent(file)}}});
+      QCOMPARE(setup.startPlate()->currentText(), plate);
+      QCOMPARE(setup.list("List1")->currentRow(), 1);
+    }
+  }
+
   void typingReplacesTheStoredStartPlate() {
     ShownSetup setup({{"set.dat", kRemindersOff}});
     setup.openPage(1);
