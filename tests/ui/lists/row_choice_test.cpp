@@ -27,9 +27,9 @@ struct Rows {
     test::bringUp(view);
     view.setFocus();
   }
-  void fill(int count) {
+  void fill(int count, int first = 1) {
     std::vector<TextRow> rows;
-    for (int record = 1; record <= count; ++record)
+    for (int record = first; record <= count; ++record)
       rows.push_back({.cells = {QString("row %1").arg(100 - record), QString::number(record)},
                       .record = QString::number(record)});
     model.setRows(std::move(rows));
@@ -324,6 +324,53 @@ class RowChoiceTest : public QObject {
     QCOMPARE(rows.chosen, QList<int>{41});
     rows.key(Qt::Key_Space);
     QCOMPARE(rows.chosen, (QList<int>{41, 41}));
+  }
+
+  void aRefillWithoutTheFirstRowKeepsTheKeyboardOnItsRecordAndTheListWhereItWas() {
+    Rows rows(60);
+    rows.view.scrollTo(rows.model.index(40, 0), QAbstractItemView::PositionAtTop);
+    rows.click(41);
+    const int scrolled = rows.view.verticalScrollBar()->value();
+    rows.view.keepPlace([&] {
+      rows.fill(0);
+      rows.view.scrollToTop();
+      rows.fill(60, 2);
+    });
+    QCOMPARE(rows.view.currentIndex().row(), 40);
+    QCOMPARE(rows.view.verticalScrollBar()->value(), scrolled);
+    rows.view.keepPlace([&] { rows.fill(3); });
+    QVERIFY(!rows.view.currentIndex().isValid());
+    rows.click(0);
+    rows.view.keepPlace([&] { rows.fill(3); });
+    QCOMPARE(rows.view.currentIndex().row(), 0);
+    rows.click(2);
+    rows.view.keepPlace([&] {
+      rows.fill(3);
+      rows.view.highlightRecord(1);
+    });
+    QCOMPARE(rows.view.currentIndex().row(), 0);
+  }
+
+  void theSpaceBarTakesTheOnlyRowAndTakesItAgain() {
+    Rows rows(1);
+    rows.key(Qt::Key_Space);
+    rows.key(Qt::Key_Space);
+    QCOMPARE(rows.chosen, (QList<int>{0, 0}));
+  }
+
+  void aShorterListOfTextsKeepsTheKeyboardOnItsLastRow() {
+    QListWidget list;
+    list.addItems({"a", "b", "c"});
+    RowChoice choice(&list, [](int) { return true; });
+    test::bringUp(list);
+    test::clickRow(list, 2);
+    choice.keepPlace([&] { delete list.takeItem(0); });
+    QCOMPARE(list.currentRow(), 1);
+    choice.keepPlace([&] {
+      list.clear();
+      list.addItem("d");
+    });
+    QCOMPARE(list.currentRow(), 0);
   }
 
   void noKeyChoosesARowThatStaysOutOfSight_data() {
