@@ -121,7 +121,7 @@ bool RowChoice::pressKey(int key) {
   isPressed_ = false;
   const int current = view_->currentIndex().row();
   const bool isAgain = key == Qt::Key_Space && row() >= 0 && current == row();
-  const bool isThere = row() < 0;
+  const bool isThere = row() < 0 && view_->model()->rowCount() > 0;
   const bool isLast = isThere && current < 0 && key == Qt::Key_End;
   const bool isFirst = isThere && (current < 0 ? key == Qt::Key_Space : staysOn(current, key));
   if (isLast) choose(view_->model()->rowCount() - 1);
