@@ -37,7 +37,6 @@ void count(ColumnFacts& facts) {
 
 void readFigures(ColumnFacts& facts) {
   std::vector<double> found;
-  facts.figures.clear();
   for (const std::string_view cell : facts.cells) {
     const auto figure = isFigureCell(cell) ? readFigure(cell, facts.sign) : std::nullopt;
     facts.figures.push_back(figure ? std::optional(toDouble(*figure)) : std::nullopt);
@@ -144,9 +143,7 @@ std::vector<ColumnFacts> lookAt(const LogTable& table, std::optional<DecimalSign
   const std::vector<const CsvRow*> rows = dataRows(table);
   std::vector<ColumnFacts> facts;
   for (std::size_t column = 0; column < table.heads.size(); ++column) {
-    facts.push_back({.head = table.hasHeads ? readHead(table.heads[column]) : HeadReading{},
-                     .cells = cellsOf(rows, column),
-                     .figures = {}});
+    facts.push_back({.head = readHead(table.heads[column]), .cells = cellsOf(rows, column), .figures = {}});
     count(facts.back());
   }
   const auto shown = shownByAll(facts);

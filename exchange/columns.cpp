@@ -232,7 +232,7 @@ class Proposal {
 
   void settleMoney() {
     const bool isFree = !isTaken(Meaning::TotalCost) && !isTaken(Meaning::UnitPrice);
-    if (isFree && isTaken(Meaning::Volume) && takeMoneyProduct()) return;
+    if (isFree && isTaken(Meaning::Volume)) takeMoneyProduct();
     const auto any = [](const ColumnFacts& facts) {
       return (facts.areFigures() && !areRunningSums(facts)) || facts.filled == 0;
     };
@@ -251,17 +251,15 @@ class Proposal {
   }
 
   // Of several columns of money one may be the product of another and the volume.
-  bool takeMoneyProduct() {
+  void takeMoneyProduct() {
     const std::size_t volume = columnOf(Meaning::Volume);
     const std::vector<std::size_t> money = moneyColumns();
     for (const std::size_t total : money)
       for (const std::size_t unit : money)
         if (total != unit && isProduct(volume, unit, total)) {
           settle(total, Meaning::TotalCost);
-          settle(unit, Meaning::UnitPrice);
-          return true;
+          return settle(unit, Meaning::UnitPrice);
         }
-    return false;
   }
 
   // Of volume, price and cost the one that no head names, where two are known.

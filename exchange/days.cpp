@@ -262,7 +262,7 @@ bool startWithYear(std::span<const DatedReading> rows, const Trial& trial) {
 ShownDayOrder shownOf(const std::vector<Trial>& trials) {
   const Trial& best = trials.front();
   ShownDayOrder shown{.possible = {best.order}};
-  for (const Trial& trial : std::span(trials).subspan(1)) {
+  for (const Trial& trial : trials) {
     const bool isAsGood = trial.read == best.read && trial.days != best.days && !isWorse(trial, best);
     if (isAsGood || readsOthers(trial, best)) shown.possible.push_back(trial.order);
   }

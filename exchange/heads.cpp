@@ -45,8 +45,7 @@ using Vocabulary = std::unordered_map<std::string, HeadWord>;
 void addPhrases(const HeadWords& words, Vocabulary& vocabulary) {
   for (std::string_view rest = words.phrases; !rest.empty();) {
     const std::size_t end = std::min(rest.find(','), rest.size());
-    if (std::string phrase = squeezed(rest.substr(0, end)); !phrase.empty())
-      vocabulary.emplace(std::move(phrase), words.word);
+    vocabulary.emplace(squeezed(rest.substr(0, end)), words.word);
     rest.remove_prefix(std::min(end + 1, rest.size()));
   }
 }
@@ -71,21 +70,19 @@ std::string withoutSideWords(const Words& words) {
 
 // Something for each unit of volume or distance, as it stands: "Ft/l", "$ per gallon", "l/100 km", "km/l".
 struct Quotient {
-  bool isByVolume = false;
-  bool isByDistance = false;
-  bool isConsumption = false;
+  bool isByVolume;
+  bool isByDistance;
+  bool isConsumption;
 };
 
 bool isPer(const Words& words, std::size_t at) {
   constexpr std::string_view kPer = "PER, PRO, JE, AL, ZA, PE, POR, AU, PAR";
-  return at > 0 && isListed(words[at - 1], kPer);
+  return isListed(words[at - 1], kPer);
 }
 
 Quotient quotientIn(std::string_view head, const Words& words) {
-  Quotient quotient;
   const bool hasStroke = head.find('/') != std::string_view::npos;
   const bool hasHundred = std::ranges::find(words, "100") != words.end();
-  quotient.isConsumption = hasDistance(words) && (hasHundred || (hasVolume(words) && hasStroke));
   bool isPerVolume = hasStroke && hasVolume(words);
   bool isPerDistance = hasStroke && hasDistance(words);
   for (std::size_t i = 1; i < words.size(); ++i) {
@@ -93,9 +90,9 @@ Quotient quotientIn(std::string_view head, const Words& words) {
     isPerVolume = isPerVolume || isVolumeWord(words[i]);
     isPerDistance = isPerDistance || isDistanceWord(words[i]);
   }
-  quotient.isByVolume = isPerVolume && !hasDistance(words);
-  quotient.isByDistance = isPerDistance && !hasVolume(words);
-  return quotient;
+  return {.isByVolume = isPerVolume && !hasDistance(words),
+          .isByDistance = isPerDistance && !hasVolume(words),
+          .isConsumption = hasDistance(words) && (hasHundred || (hasVolume(words) && hasStroke))};
 }
 
 // The longest phrase of the vocabulary among those that it is shown, as from a length on.

@@ -20,7 +20,7 @@ struct Slot {
 };
 
 bool isBefore(const NapiAdat& a, const NapiAdat& b) {
-  return a.Datum != b.Datum ? a.Datum < b.Datum : a.KmOra < b.KmOra;
+  return a.Datum < b.Datum || (a.Datum == b.Datum && a.KmOra < b.KmOra);
 }
 
 std::vector<Slot> slotsAtEnd(ImportPlan& plan, const core::Logbook& logbook) {
@@ -98,9 +98,7 @@ class Walk {
   void passNew(PlannedEntry& planned) {
     noticeUnticked(planned);
     compareReadings(planned);
-    const bool isGap = hasGapBefore(planned.doubts);
-    if (isGap) breakOff();
-    if (!plan_.isOwn) workOut(planned, isGap);
+    if (!plan_.isOwn) workOut(planned);
     if (!planned.isTaken) {
       leftOut_ = leftOut_ || (!isDouble(planned) && !planned.entry.TankoltLiter.isZero());
       return;
@@ -127,10 +125,6 @@ class Walk {
     });
   }
 
-  void breakOff() {
-    if (!plan_.isOwn) trail_.breakOff();
-  }
-
   void compareReadings(PlannedEntry& planned) {
     planned.doubts.erase(Doubt::OdometerFalls);
     planned.doubts.erase(Doubt::OdometerJumps);
@@ -139,10 +133,11 @@ class Walk {
     if (planned.distance > kGreatestStep) planned.doubts.insert(Doubt::OdometerJumps);
   }
 
-  void workOut(PlannedEntry& planned, bool isGap) {
+  void workOut(PlannedEntry& planned) {
+    if (hasGapBefore(planned.doubts)) trail_.breakOff();
     planned.doubts.erase(Doubt::NoConsumption);
     planned.doubts.erase(Doubt::ConsumptionOdd);
-    const auto found = isGap ? core::Amount{} : consumptionOf(trail_, planned.entry);
+    const auto found = consumptionOf(trail_, planned.entry);
     planned.entry.Fogyasztas = found.value_or(core::Amount{});
     if (!found && !isDouble(planned)) planned.doubts.insert(Doubt::NoConsumption);
     if (isOdd(planned.entry.Fogyasztas)) planned.doubts.insert(Doubt::ConsumptionOdd);
@@ -165,8 +160,7 @@ class Walk {
 bool doDiffer(std::vector<Slot> a, std::vector<Slot> b) {
   for (std::vector<Slot>* slots : {&a, &b})
     std::erase_if(*slots, [](const Slot& slot) { return slot.planned != nullptr && !slot.planned->isTaken; });
-  return !std::ranges::equal(
-      a, b, [](const Slot& x, const Slot& y) { return x.number == y.number && x.planned == y.planned; });
+  return !std::ranges::equal(a, b, {}, &Slot::planned, &Slot::planned);
 }
 
 }  // namespace

@@ -23,7 +23,7 @@ constexpr core::Day kFirstCarDay{18'264};  // 1 January 1950
 struct Candidate {
   const LogRow* row;
   core::Ratio kilometres;
-  bool runsBackwards = false;
+  bool runsBackwards;
 };
 
 bool isLatestFirst(const std::vector<LogRow>& rows) {

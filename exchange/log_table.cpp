@@ -98,7 +98,7 @@ class Cutter {
   explicit Cutter(std::vector<CsvRow> rows) : rows_(std::move(rows)) {}
 
   void cut() {
-    for (at_ = 0; at_ < rows_.size(); ++at_) place(rows_[at_]);
+    for (; at_ < rows_.size(); ++at_) place(rows_[at_]);
   }
 
   std::vector<Section> sections;

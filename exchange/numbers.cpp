@@ -53,7 +53,7 @@ std::size_t leadingDigits(std::string_view text) {
 
 // Whether whole digits are grouped as people group them: by three, or in India by two before the last three.
 bool areGroups(std::span<const std::size_t> lengths) {
-  if (lengths.size() == 1) return lengths[0] > 0;
+  if (lengths.size() == 1) return true;
   const auto middle = lengths.subspan(1, lengths.size() - 2);
   if (lengths.back() != 3 || lengths[0] == 0) return false;
   const auto areAll = [&](std::size_t length) {
@@ -74,7 +74,7 @@ bool takeWhole(std::string_view& text, char group, std::string& digits) {
     if (grouping == 0) break;
     text.remove_prefix(grouping);
   }
-  return areGroups(lengths) || (lengths.size() == 1 && digits.empty());
+  return areGroups(lengths);
 }
 
 bool isNegative(std::string_view before) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <span>
+#include <utility>
 
 #include "core/text.h"
 #include "exchange/units.h"
@@ -68,9 +69,7 @@ std::vector<Named> namedRows(const LogTable& table, const std::vector<ColumnFact
 }
 
 void putInOrder(std::vector<Stop>& stops) {
-  std::ranges::stable_sort(stops, [](const Stop& a, const Stop& b) {
-    return a.day != b.day ? a.day < b.day : a.reading < b.reading;
-  });
+  std::ranges::stable_sort(stops, {}, [](const Stop& stop) { return std::pair(stop.day, stop.reading); });
   for (std::size_t i = 0; i < stops.size(); ++i) stops[i].order = i;
 }
 
@@ -168,7 +167,7 @@ int wholeOf(std::string_view cell) {
   int number = 0;
   for (const char c : core::trimmed(cell)) {
     if (c == '.') continue;
-    if (c < '0' || c > '9' || number > 9'999) return 0;
+    if (!core::isDigit(c) || number > 9'999) return 0;
     number = number * 10 + (c - '0');
   }
   return number;

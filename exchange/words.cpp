@@ -93,7 +93,7 @@ std::vector<std::string> wordsOf(std::string_view foldedText) {
   std::vector<std::string> words;
   while (!foldedText.empty()) {
     const std::size_t end = std::min(foldedText.find(' '), foldedText.size());
-    if (end > 0) words.emplace_back(foldedText.substr(0, end));
+    words.emplace_back(foldedText.substr(0, end));
     foldedText.remove_prefix(std::min(end + 1, foldedText.size()));
   }
   return words;
