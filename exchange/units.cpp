@@ -26,7 +26,7 @@ UnitHint hintOf(const LogTable& table, const std::vector<ColumnFacts>& facts, st
   if (column >= facts.size()) return {};
   if (const UnitHint hint = unitHintOf(table.heads[column]); hint.distance || hint.volume) return hint;
   for (const std::string_view cell : facts[column].cells)
-    if (const UnitHint hint = unitHintOf(cell); !cell.empty() && (hint.distance || hint.volume)) return hint;
+    if (const UnitHint hint = unitHintOf(cell); hint.distance || hint.volume) return hint;
   return {};
 }
 
@@ -79,10 +79,10 @@ std::optional<double> middleConsumption(const std::vector<ColumnFacts>& facts, c
       fills.emplace_back(*distances.figures[i], *facts[volume].figures[i]);
   std::ranges::sort(fills);
   std::vector<double> found;
-  for (std::size_t i = 0; i < fills.size(); ++i) {
-    const double before = trip < facts.size() || i == 0 ? 0 : fills[i - 1].first;
-    const double distance = fills[i].first - before;
-    if (distance > 0 && (i > 0 || trip < facts.size())) found.push_back(fills[i].second / distance * 100);
+  const bool areTrips = trip < odometer;
+  for (std::size_t i = areTrips ? 0 : 1; i < fills.size(); ++i) {
+    const double distance = fills[i].first - (areTrips ? 0 : fills[i - 1].first);
+    if (distance > 0) found.push_back(fills[i].second / distance * 100);
   }
   if (found.empty()) return std::nullopt;
   std::ranges::sort(found);
@@ -99,7 +99,7 @@ bool isPlausible(std::optional<double> consumption) {
 }
 
 bool isEnglishColumn(const LogTable& table, std::size_t column) {
-  return !table.hasHeads || (column < table.heads.size() && isEnglishHead(table.heads[column]));
+  return !table.hasHeads || isEnglishHead(table.heads[column]);
 }
 
 }  // namespace
