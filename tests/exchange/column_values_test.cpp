@@ -147,6 +147,7 @@ TEST(TheSignOfAColumn, IsThatOfTheOthersOrUsual) {
               ElementsAre(DecimalSign::Point, DecimalSign::Comma, DecimalSign::Point));
   EXPECT_THAT(signs({open, {"Jegyzet", "7,1", "a", "b"}}),
               ElementsAre(DecimalSign::Point, DecimalSign::Comma));
+  EXPECT_EQ(signs({open, {"Hely", "M3 12,5 km", "M7"}})[0], DecimalSign::Point);
   EXPECT_THAT(signs({{"Liter", "1,234"}, {"Ft", "1.234"}}),
               ElementsAre(DecimalSign::Comma, DecimalSign::Comma));
   EXPECT_THAT(signs({{"Km óra", "48.210", "x"}, {"Ft", "1,234"}}),
@@ -171,6 +172,9 @@ TEST(AColumn, IsOfFiguresOrDaysWhereMoreThanHalfOfItsCellsAre) {
   EXPECT_EQ(facts("Zutty", {"20240105"}), std::pair(true, true));
   EXPECT_EQ(facts("Zutty", {"20240105120000"}).second, true);
   EXPECT_EQ(facts("Zutty", {""}), std::pair(false, false));
+  const Column kinds("Zutty", {"40", "E10"});
+  const ColumnFacts& read = kinds;
+  EXPECT_THAT(read.figures, ElementsAre(40, std::nullopt));
   EXPECT_TRUE(isFigureCell("40,5 l"));
   EXPECT_TRUE(isFigureCell("+1'234.5"));
   EXPECT_TRUE(isFigureCell("R971.70"));

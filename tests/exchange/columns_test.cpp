@@ -86,6 +86,7 @@ TEST(TheDistance, IsTheReadingThatTheHeadsSayMostPlainly) {
       meanings({kSixTrips, named("Zutty", {"", "48000", "48500", "49000", "49500", "50000", "50500"})}),
       ElementsAre(M::Trip, M::NotUnderstood));
   EXPECT_THAT(meanings({kDays, unknown}), ElementsAre(M::Day, M::Odometer));
+  EXPECT_THAT(meanings({unknown, kDays}), ElementsAre(M::Odometer, M::Day));
   EXPECT_NE(meanings({kDays, {"Mileage", "18.5", "19.1", "18.7", "18.1"}})[1], M::Odometer);
   EXPECT_THAT(meanings({kTrips, named("Km", kKm)}, {{0, M::Trip}}), ElementsAre(M::Trip, M::Odometer));
   EXPECT_THAT(meanings({kTrips, unknown}, {{0, M::Trip}}), ElementsAre(M::Trip, M::NotUnderstood));
@@ -134,6 +135,9 @@ TEST(TheVolume, IsTheColumnThatTheHeadsSayMostPlainly) {
               ElementsAre(M::NotNeeded, M::TotalCost));
   EXPECT_THAT(meanings({{"Amount", "1", "0", "1", "0"}, kCosts}), ElementsAre(M::Full, M::TotalCost));
   EXPECT_THAT(meanings({named("Amount", kLitres), kDays}), ElementsAre(M::NotNeeded, M::Day));
+  EXPECT_THAT(meanings({{"Benzin", "95", "95", "98", "95"}, named("Amount", kLitres), kCosts}),
+              ElementsAre(M::NotNeeded, M::Volume, M::TotalCost));
+  EXPECT_EQ(meanings({{"Liter", "40"}, {"Amount", "24000"}, {"Ár", "600"}})[0], M::Volume);
 }
 
 std::vector<Meaning> productOf(std::vector<std::string> a, std::vector<std::string> b,
@@ -159,11 +163,16 @@ TEST(AProduct, OfTwoColumnsIsTheCostOfWhatSpreadsMore) {
   EXPECT_THAT(productOf({"600", "610", "620"}, {"40", "44", "20"}, {"24000", "26840", "12400"}),
               ElementsAre(M::UnitPrice, M::Volume, M::TotalCost));
   // Two in a hundred may lie between them, and three rows have to be compared.
-  EXPECT_TRUE(isOne(productOf({"40", "44", "20"}, {"600", "610", "620"}, {"24480", "26840", "12400"})));
+  EXPECT_TRUE(isOne(productOf({"51", "44", "20"}, {"1000", "610", "620"}, {"50000", "26840", "12400"})));
   EXPECT_FALSE(isOne(productOf({"40", "44", "20"}, {"600", "610", "620"}, {"24500", "26840", "12400"})));
   EXPECT_FALSE(isOne(productOf({"40", "44", "0"}, {"600", "610", "620"}, {"24000", "26840", "0"})));
   EXPECT_FALSE(isOne(productOf({"40", "44", "44"}, {"600", "610", "620"}, {"24000", "26840", "27280"})));
   EXPECT_FALSE(isOne(productOf({"40", "44", "20"}, {"600", "610", "600"}, {"24000", "26840", "12000"})));
+  // Those that spread alike are told by their places; a litre may cost less than 1, and so may a fill.
+  EXPECT_THAT(productOf({"10", "20", "30"}, {"1", "2", "3"}, {"10", "40", "90"}),
+              ElementsAre(M::UnitPrice, M::Volume, M::TotalCost));
+  EXPECT_TRUE(isOne(productOf({"40", "44", "20"}, {"0.85", "0.9", "0.95"}, {"34", "39.6", "19"})));
+  EXPECT_TRUE(isOne(productOf({"0.4", "0.5", "0.2"}, {"1.7", "1.8", "1.9"}, {"0.68", "0.9", "0.38"})));
   // A figure that is not above nothing is not compared, and no column is multiplied with itself.
   EXPECT_TRUE(
       isOne(productOf({"40", "44", "20", "0", "5", "5", "-1"}, {"600", "610", "620", "5", "0", "5", "5"},
@@ -207,6 +216,10 @@ TEST(AProduct, LeavesWhatIsSaidAndHeadsOfMoneyTheirMeaning) {
       named("Zutty", kLitres), named("Pukk", kPrices), named("Bumm", kCosts), {"Más", "1", "2", "3", "4"}};
   EXPECT_THAT(meanings(said, {{3, M::UnitPrice}}),
               ElementsAre(M::Volume, M::NotUnderstood, M::TotalCost, M::UnitPrice));
+  std::swap(said[0], said[1]);
+  EXPECT_THAT(meanings(said, {{3, M::UnitPrice}}),
+              ElementsAre(M::NotUnderstood, M::Volume, M::TotalCost, M::UnitPrice));
+  std::swap(said[0], said[1]);
   EXPECT_THAT(meanings(said, {{3, M::TotalCost}}),
               ElementsAre(M::Volume, M::UnitPrice, M::NotUnderstood, M::TotalCost));
 }
@@ -231,6 +244,8 @@ TEST(Money, OfSeveralColumnsWithoutAProductIsWhatTheHeadsSay) {
   EXPECT_THAT(behind({named("Ár", kCosts), named("Ft", other)}), ElementsAre(M::NotNeeded, M::TotalCost));
   EXPECT_THAT(behind({named("Ár", other), named("Egységár", {"", "600", "611", "622", "604"})}),
               ElementsAre(M::TotalCost, M::UnitPrice));
+  EXPECT_THAT(meanings({{"Liter", "40"}, {"Ár", "600"}, {"Ft", "24000"}}),
+              ElementsAre(M::Volume, M::UnitPrice, M::TotalCost));  // of one row
   EXPECT_THAT(behind({{"Ft", "", "", "", ""}}), ElementsAre(M::TotalCost));
   EXPECT_THAT(behind({{"Egységár", "", "", "", ""}, kCosts}), ElementsAre(M::UnitPrice, M::TotalCost));
   EXPECT_THAT(behind({{"Ft", "sok", "sok", "sok", "sok"}}), ElementsAre(M::NotNeeded));
@@ -347,6 +362,7 @@ TEST(AnUnknownColumn, IsAskedAboutWhereItMayHoldWhatNoOtherDoes) {
   const std::vector<std::string> kinds{"Zutty", "A", "B", "A", "B"};
   const std::vector<std::string> figures{"Zutty", "61", "62", "64", "68"};
   EXPECT_EQ(unknown({kCosts, kinds}), 4U);
+  EXPECT_EQ(proposed({kinds, kDays, kKm, kLitres, kCosts}).unknownColumn, 0U);
   EXPECT_EQ(unknown({kCosts, kFills, kinds}), std::nullopt);
   EXPECT_EQ(unknown({kCosts, named("Részleges", kFills), kinds}), std::nullopt);
   EXPECT_EQ(unknown({kCosts, kinds}, {{4, M::NotUnderstood}}), std::nullopt);

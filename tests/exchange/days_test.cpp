@@ -63,8 +63,9 @@ TEST(ADay, OfATwoDigitYearOrASpreadsheetsCountLiesFrom1980To2079) {
 }
 
 TEST(ADay, IsNoneWhereItDoesNotExistOrOtherTextStands) {
-  for (const char* text : {"", "31.12", "20131301", "1,2,2013", "99999999", "2013x7x5", "2013-07", "-07-05",
-                           "2013--05", "123", "400123", "July 5th", "201307.05", "29220", "65746"})
+  for (const char* text :
+       {"", "31.12", "20131301", "1,2,2013", "99999999", "2013x7x5", "2013-07", "-07-05", "2013--05", "123",
+        "400123", "July 5th", "5.7.02013", "201307.05", "29220", "65746"})
     EXPECT_EQ(readDay(text, DayOrder::DayFirst), std::nullopt) << text;
   for (const char* text :
        {"2013-02-30", "2013-07-05x", "2013-07-05 tegnap", "2013 07 05", "02013-07-05", "2013-07-05 14",
@@ -132,6 +133,8 @@ TEST(TheOrderOfDays, IsToldByAPartOverTwelveAnywhereInTheFile) {
               ElementsAre(DayOrder::YearFirst));
   EXPECT_THAT(shown({{"2024-01-02", {}}, {"", {}}, {"2024. 3. 4.", {}}}).possible,
               ElementsAre(DayOrder::YearFirst));
+  EXPECT_THAT(shown({{"2024-01-02", {}}}).possible, ElementsAre(DayOrder::YearFirst));
+  EXPECT_THAT(shown({{"13.01.2024", {}}, {"2024-02-01", {}}}).possible, ElementsAre(DayOrder::DayFirst));
 }
 
 TEST(TheOrderOfDays, StaysOpenWhereNothingTells) {
@@ -159,6 +162,9 @@ TEST(TheOrderOfDays, IsOpenInAFileThatHasBoth) {
       shown({{"13/1/2024", {}}, {"14/1/2024", {}}, {"15/1/2024", {}}, {"1/14/2024", {}}}).isCertain());
   EXPECT_FALSE(
       shown({{"13/1/2024", {}}, {"14/1/2024", {}}, {"1/13/2024", {}}, {"1/14/2024", {}}}).isCertain());
+  EXPECT_FALSE(
+      shown({{"1/13/2024", {}}, {"13/1/2024", {}}, {"14/1/2024", {}}, {"15/1/2024", {}}, {"1/14/2024", {}}})
+          .isCertain());
 }
 
 }  // namespace

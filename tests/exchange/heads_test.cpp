@@ -19,7 +19,7 @@ TEST(AText, IsFoldedToPlainCapitalsAndParted) {
   EXPECT_EQ(folded("Пробег"), "PROBEG");
   EXPECT_EQ(folded("Preț/litru"), "PRET LITRU");
   EXPECT_EQ(folded("ÓRAÁLLÁS"), "ORAALLAS");
-  EXPECT_EQ(folded("km×l🚗"), "KM L");
+  for (const char* text : {"km×l🚗", "kmあl", "km𐲀l", "km l\xC3"}) EXPECT_EQ(folded(text), "KM L") << text;
   EXPECT_EQ(folded("CO2Ft x1B"), "CO2FT X1B");
   EXPECT_EQ(squeezed("KM ORA"), "KMORA");
 }
@@ -40,7 +40,7 @@ TEST(AHead, IsUnderstoodInManyLanguages) {
       {HeadWord::Day, {"Dátum", "fuelup_date", "Fecha"}},
       {HeadWord::Odometer,
        {"Km óra", "kmóraállás", "odometerReading", "Total Miles", "Kilometerstand", "Przebieg",
-        "Stav tachometru", "Пробег", "Contachilometri", "Km coche"}},
+        "Stav tachometru", "Пробег", "Contachilometri", "Km coche", "Odometer/km"}},
       {HeadWord::Distance, {"Km", "Kilométer", "Zutty (km)"}},
       {HeadWord::Trip, {"Megtett km", "Gefahrene km"}},
       {HeadWord::Volume,
@@ -58,18 +58,30 @@ TEST(AHead, IsUnderstoodInManyLanguages) {
       {HeadWord::Note, {"Megjegyzések", "Poznámka"}},
       {HeadWord::Vehicle, {"Rendszám", "car_id"}},
       {HeadWord::Known,
-       {"l/100km", "MPG", "Fuel Economy", "Cost per km", "Reifen", "Coût/km", "Kosten pro km"}},
+       {"l/100km", "Zutty (km/l)", "l per 100 km", "MPG", "Fuel Economy", "Cost per km", "Reifen", "Coût/km",
+        "Kosten pro km"}},
       {HeadWord::Unknown, {"Vérnyomás", "", "Zutty/l", "Zutty (€)"}}};
   for (const auto& [word, heads] : words)
     for (const char* head : heads) EXPECT_EQ(readHead(head).word, word) << head;
 }
 
 TEST(AHead, IsTheStrongerTheMoreOfItIsUnderstood) {
-  const std::vector<std::pair<std::string, int>> heads{{"Liter", 4},           {"€", 3},
-                                                       {"gallonban", 3},       {"kilométerben", 3},
-                                                       {"Megjegyzés (km)", 3}, {"Zutty megjegyzés", 2},
-                                                       {"Zuttymegjegyzés", 1}, {"Zutty (l)", 1},
-                                                       {"Zutty (km)", 1},      {"Zutty", 0}};
+  const std::vector<std::pair<std::string, int>> heads{{"Liter", 4},
+                                                       {"€", 3},
+                                                       {"gallonban", 3},
+                                                       {"kilométerben", 3},
+                                                       {"Megjegyzés (km)", 3},
+                                                       {"Zutty megjegyzés", 2},
+                                                       {"Zuttymegjegyzés", 1},
+                                                       {"Zutty (l)", 1},
+                                                       {"Zutty (km)", 1},
+                                                       {"Zutty", 0},
+                                                       {"Megjegyzészutty", 1},
+                                                       {"Zutty odo", 0},
+                                                       {"kWh", 4},
+                                                       {"l/100 km", 4},
+                                                       {"EUR per km", 4},
+                                                       {"Zutty EUR/l", 4}};
   for (const auto& [head, strength] : heads) EXPECT_EQ(readHead(head).strength, strength) << head;
   EXPECT_EQ(readHead("Benzin (Ft/l)").word, HeadWord::UnitPrice);
   EXPECT_EQ(readHead("Megjegyzés (Ft/l)").word, HeadWord::Note);

@@ -31,11 +31,13 @@ std::vector<int> wholeReadings(const ImportPlan& plan) {
 }
 
 TEST(APlan, NoticesALitreOfLessThan50OrMoreThan2000Forints) {
-  const auto doubts = [](const std::string& cost) {
-    return planOfRows("2024-01-01,1000,40," + cost + ",1,0,\n").entries.at(0).doubts;
+  const auto doubts = [](const std::string& litresAndCost) {
+    return planOfRows("2024-01-01,1000," + litresAndCost + ",1,0,\n").entries.at(0).doubts;
   };
-  for (const char* cost : {"2000", "80000", "0"}) EXPECT_THAT(doubts(cost), IsEmpty()) << cost;
-  for (const char* cost : {"1999", "80001"}) EXPECT_THAT(doubts(cost), ElementsAre(Doubt::PriceOdd)) << cost;
+  for (const char* bill : {"40,2000", "40,80000", "40,0", "0.00001,500"})  // the last is stored as no litres
+    EXPECT_THAT(doubts(bill), IsEmpty()) << bill;
+  for (const char* bill : {"40,1999", "40,80001", "1,2001"})
+    EXPECT_THAT(doubts(bill), ElementsAre(Doubt::PriceOdd)) << bill;
 }
 
 TEST(APlan, NoticesNoPriceWhoseMoneyIsNotKnown) {
@@ -70,6 +72,28 @@ TEST(APlan, ForgetsAJumpOrAFallWithTheEntryBeforeIt) {
       Not(Contains(Doubt::OdometerJumps)));
 }
 
+// No distance to the second entry, and 40 litres over 100 kilometres.
+TEST(APlan, ForgetsWhatItNoticedOfAConsumptionWithTheEntryBeforeIt) {
+  for (const auto& [reading, doubt] : std::vector<std::pair<const char*, Doubt>>{
+           {"1500", Doubt::NoConsumption}, {"1600", Doubt::ConsumptionOdd}}) {
+    auto plan =
+        planOfRows(std::string("2024-01-01,1000,40,24000,1,0,\n2024-01-02,1500,40,24000,1,0,\n2024-01-03,") +
+                   reading + ",40,24000,1,0,\n");
+    plan.entries[2].isTaken = true;
+    EXPECT_THAT(plan.entries[2].doubts, ElementsAre(doubt));
+    plan.entries[1].isTaken = false;
+    exchange::settle(plan, {.logbook = {}});
+    EXPECT_THAT(plan.entries[2].doubts, ElementsAre(Doubt::UntickedBefore));
+  }
+}
+
+TEST(APlan, NoticesMoreThanATankOfOneLitre) {
+  EXPECT_THAT(planOf(readLog(logOf("2024-01-01,1000,2,1200,1,0,\n")), {}, exchange::Place::InOrder, 1)
+                  .entries.at(0)
+                  .doubts,
+              ElementsAre(Doubt::MoreThanTank));
+}
+
 TEST(APlan, TellsAnEntryOfOneBeforeItThatIsUntickedAndTookFuel) {
   const core::Logbook logbook =
       core::Logbook::of(std::vector<NapiAdat>{fuelling({2024, 1, 1}, 1'000, 400'000, true)});
@@ -99,6 +123,7 @@ TEST(APlan, PutsEachEntryBeforeTheFirstLaterOneByDayThenReading) {
       "09,2000,30,18000,1,0,\n",
       logbook);
   EXPECT_THAT(wholeReadings(plan), ElementsAre(1'900, 1'000, 1'500, 1'600, 2'000, 2'000));
+  EXPECT_EQ(plan.whole.back().TankoltLiter.tenThousandths, 300'000);
 }
 
 TEST(APlan, KnowsAServiceAgainByItsTextsAndCosts) {
@@ -117,6 +142,9 @@ TEST(APlan, KnowsAServiceAgainByItsTextsAndCosts) {
     EXPECT_EQ(plan.entries.at(0).doubts.contains(Doubt::AlreadyThere), i == 0) << i;
     EXPECT_EQ(plan.entries.at(0).isTaken, i != 0) << i;
   }
+  EXPECT_TRUE(planOfRows("2024-01-05,1000,40,24000,1,0,\n", logbook).entries.at(0).isTaken);  // a fill-up
+  const core::Listing blank{core::Logbook::of(std::vector<NapiAdat>{NapiAdat{}}), {1}};
+  EXPECT_TRUE(planOf(readLog(exchange::csvOf(blank).substr(3)), logbook).entries.at(0).isTaken);
 }
 
 TEST(APlan, TakesNoLitresForThoseOfADamagedRecordAtTheOtherEndOfTheirField) {
@@ -146,6 +174,26 @@ TEST(APlan, OfAnOwnFileWithoutItsConsumptionsWorksThemOut) {
   std::string unnamed = whole;
   unnamed.replace(unnamed.find("Km óra állás"), std::string("Km óra állás").size(), "Zutty");
   EXPECT_THAT(readLog(unnamed).reading.open, ElementsAre(exchange::Question::OdometerColumn));
+}
+
+TEST(APlan, OfAnOwnFileTakesDaysAsASpreadsheetOfAnotherCountryLeavesThem) {
+  const core::Listing listing{
+      core::Logbook::of(std::vector<NapiAdat>{fuelling({2024, 1, 15}, 1'000, 400'000, true)}), {1}};
+  std::string text = exchange::csvOf(listing).substr(3);
+  text.replace(text.find("2024-01-15"), 10, "1/15/2024");
+  EXPECT_EQ(planOf(readLog(text)).entries.at(0).entry.Datum, core::toStored(core::dayOf({2024, 1, 15})));
+}
+
+// Ten of the fourteen heads; the cell behind the last of them is of none.
+TEST(AnOwnFile, HasTenOfItsHeadsAndNothingBehindThem) {
+  const std::string heads =
+      "Dátum;Km óra állás;Liter;Tankolt költség (Ft);Üzemanyag ár (Ft/liter);Tele tankolva;Olajcsere;"
+      "Szűrőbetét csere;Gyertya csere";
+  const std::string row = "\n2024-01-15;1000;40;24000;600;igen;nem;nem;nem";
+  const ReadLog own = readLog(heads + ";Megjegyzés" + row + ";mosás;500\n");
+  EXPECT_TRUE(own.reading.isOwn);
+  EXPECT_EQ(own.rows.rows.at(0).own.value_or(NapiAdat{}).MegjKtg, 0);
+  EXPECT_FALSE(readLog(heads + row + "\n").reading.isOwn);
 }
 
 TEST(APlan, TellsLettersThatCouldNotBeDecoded) {

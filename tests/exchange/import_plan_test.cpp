@@ -44,6 +44,8 @@ TEST(APlan, OrdersEntriesByDayThenReading) {
       planOf(readLog(logOf("2024-01-09,1900,40,24000,1,0,\n2024-01-09,1500,40,24000,1,0,\n"
                            "2024-01-05,1000,40,24000,1,0,\n")));
   EXPECT_THAT(readings(plan), ElementsAre(1'000, 1'500, 1'900));
+  const auto twice = planOf(readLog(logOf("2024-01-09,1000,40,24000,1,0,\n2024-01-09,1000,30,18000,1,0,\n")));
+  EXPECT_EQ(twice.entries.at(0).entry.TankoltLiter.tenThousandths, 400'000);  // then as the file goes
 }
 
 TEST(APlan, MakesEntriesAsTheyWouldBeTypedIn) {
@@ -119,13 +121,15 @@ TEST(APlan, TakesAFillUpWithoutADistanceWithoutAConsumption) {
 }
 
 TEST(APlan, NoticesANoteThatTheLogbookCannotKeepWhole) {
-  const auto plan = planOf(readLog(logOf(
-      "2024-01-01,1000,40,24000,1,0," + std::string(51, 'x') +
-      "\n2024-01-02,1500,40,24000,1,0,給油\n2024-01-03,1800,40,24000,1,0," + std::string(50, 'x') + "\n")));
+  const auto plan = planOf(
+      readLog(logOf("2024-01-01,1000,40,24000,1,0," + std::string(51, 'x') +
+                    "\n2024-01-02,1500,40,24000,1,0,給油\n2024-01-03,1800,40,24000,1,0," +
+                    std::string(50, 'x') + "\n2024-01-04,2300,40,24000,1,0," + std::string(51, 'x') + "\n")));
   EXPECT_THAT(plan.entries[0].doubts, ElementsAre(Doubt::NoteCut));
   EXPECT_THAT(plan.entries[1].doubts, ElementsAre(Doubt::LettersLost));
   EXPECT_EQ(plan.entries[1].entry.Megjegyzes.trimmed(), "??");
   EXPECT_THAT(plan.entries[2].doubts, IsEmpty());
+  EXPECT_EQ(plan.entries[3].entry.Fogyasztas.tenThousandths, 80'000);
 }
 
 TEST(APlan, OfAnOwnFileKeepsTheConsumptionsThatWereRecorded) {
@@ -216,6 +220,11 @@ TEST(APlan, NoticesNothingAtTheEdges) {
                   .doubts,
               IsEmpty());
   EXPECT_THAT(planOf(readLog(logOf("1950-01-01,153796,40,24000,1,0,\n"))).entries.at(0).doubts, IsEmpty());
+  EXPECT_THAT(planOf(readLog(logOf("2026-05-30,1000,40,24000,1,0,\n2026-05-31,1500,40,24000,1,0,\n"
+                                   "2026-06-01,2000,150,90000,1,0,\n")))
+                  .entries.at(2)
+                  .doubts,
+              IsEmpty());  // today, and 30 litres
   EXPECT_THAT(planOf(readLog(logOf("1949-12-31,153796,40,24000,1,0,\n"))).entries.at(0).doubts,
               ElementsAre(Doubt::DayTooEarly));
 }
@@ -259,6 +268,17 @@ TEST(APlan, GivesNoConsumptionBehindARowThatIsLeftOut) {
   }
 }
 
+// A row that is left out lacks before the next one up.
+TEST(APlan, GivesNoConsumptionAboveARowThatIsLeftOutOfAFileFromItsLatestRowOn) {
+  const auto plan =
+      planOf(readLog(logOf("2024-01-06,3500,40,24000,1,0,\n2024-01-05,3000,40,24000,1,0,\n"
+                           "2024-31-03,2000,40,24000,1,0,\n2024-01-02,1500,40,24000,1,0,\n"
+                           "2024-01-01,1000,40,24000,1,0,\n")));
+  ASSERT_EQ(plan.entries.size(), 4U);
+  for (std::size_t i = 0; i < 4; ++i)
+    EXPECT_EQ(plan.entries[i].doubts.contains(Doubt::LeftOutBefore), i == 2) << i;
+}
+
 // 9,223,372,036 litres over one kilometre: a hundred times that is more than a record keeps.
 TEST(APlan, LeavesAnEntryAloneWhoseConsumptionNoRecordCanKeep) {
   const core::Logbook logbook =
@@ -267,6 +287,16 @@ TEST(APlan, LeavesAnEntryAloneWhoseConsumptionNoRecordCanKeep) {
   const auto plan = planOf(readLog(logOf("2024-01-01,1000,40,24000,1,0,\n")), logbook);
   EXPECT_EQ(plan.changed, 0);
   EXPECT_EQ(plan.whole.size(), 4U);
+}
+
+// Its third entry would have got 8 litres when it was typed in; that nothing stands there is nobody's matter.
+TEST(APlan, LeavesTheConsumptionsOfEntriesBeforeItsOwnAlone) {
+  const core::Logbook logbook =
+      bookOf({fuelling({2023, 12, 1}, 100, 400'000, true), fuelling({2023, 12, 2}, 500, 400'000, true),
+              fuelling({2023, 12, 3}, 1'000, 400'000, true)});
+  const auto plan = planOf(readLog(logOf("2024-01-01,1500,40,24000,1,0,\n")), logbook);
+  EXPECT_EQ(plan.changed, 0);
+  EXPECT_TRUE(plan.whole.at(2).Fogyasztas.isZero());
 }
 
 // January to March into a logbook from April on: 500 km a month. The first entry that is there had no
@@ -291,6 +321,10 @@ TEST(APlan, PutsThePastBeforeWhatIsThere) {
   EXPECT_EQ(atEnd.changed, 0);
   EXPECT_TRUE(atEnd.doPlacesDiffer);
   EXPECT_FALSE(planOf(readLog(logOf("2024-07-01,4000,40,24000,1,0,\n")), logbook).doPlacesDiffer);
+  auto none = plan;
+  for (auto& planned : none.entries) planned.isTaken = false;
+  exchange::settle(none, {.logbook = logbook});
+  EXPECT_FALSE(none.doPlacesDiffer);
 }
 
 TEST(APlan, OfAnOwnFileKeepsTheOrderOfADay) {

@@ -35,6 +35,15 @@ TEST(ASummary, SumsFillUpsAndCostsUp) {
   EXPECT_EQ(summary.forintsPerLitre, Ratio(600));
 }
 
+// 40 litres over 500 kilometres: the first of the two fill-ups at the lowest reading is left aside, and the
+// service before both.
+TEST(ASummary, CountsTheLitresBehindTheFirstFillUp) {
+  const std::vector<NapiAdat> entries{
+      fuelling({2024, 1, 5}, 1'000, 400'000, true), fuelling({2024, 1, 5}, 1'000, 100'000, true),
+      fuelling({2024, 1, 9}, 1'500, 300'000, true), fuelling({2024, 1, 1}, 900, 0, false)};
+  EXPECT_EQ(summaryOf(entries).consumption, Ratio(8));
+}
+
 TEST(ASummary, HasNoAverageOfNothing) {
   const LogSummary none = summaryOf({});
   EXPECT_EQ(none.kilometres, 0);

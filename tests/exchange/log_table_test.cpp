@@ -69,6 +69,8 @@ TEST(ATitle, StandsAloneApartOrMarkedBeforeHeads) {
   EXPECT_THAT(after("# szerviz\n1;2\n"), ElementsAre(RowKind::Comment, RowKind::Data));
   EXPECT_THAT(after("\n5\nfoo;bar\n"), ElementsAre(RowKind::Empty, RowKind::Data, RowKind::Data));
   EXPECT_THAT(after("\nszerviz\n"), ElementsAre(RowKind::Empty, RowKind::Data));
+  EXPECT_THAT(after("\nszerviz\nolaj\nfoo;bar\n"),
+              ElementsAre(RowKind::Empty, RowKind::Data, RowKind::Data, RowKind::Data));
 }
 
 TEST(Units, BelowTheHeadsBelongToThem) {
@@ -154,6 +156,9 @@ TEST(ASecondTable, HasItsCellsUnderTheHeadsAndTheRestBehindThem) {
   EXPECT_THAT(table.rows.at(5).row.cells, ElementsAre("2024-01-06", "49400", "30", "z", "behind"));
   EXPECT_THAT(table.rows.at(6).row.cells, ElementsAre("", "", "40", ""));
   EXPECT_FALSE(table.hasSections);
+  const std::string row = "\n2024-01-06;49400;30;x\n";
+  EXPECT_THAT(readTable("Date;Odo;Litres;Zutty" + row + "Date;Odo;Litres;Pukk" + row).heads,
+              ElementsAre("Date", "Odo", "Litres", "Zutty", "Pukk"));
 }
 
 TEST(Sections, TellVehiclesApartOnlyWithRows) {
@@ -162,6 +167,7 @@ TEST(Sections, TellVehiclesApartOnlyWithRows) {
   EXPECT_FALSE(readTable(opel + fiat).hasSections);
   EXPECT_TRUE(readTable(opel + kRow + fiat).hasSections);
   EXPECT_EQ(readTable(opel + kRow + fiat).rows.back().section, "Fiat");
+  EXPECT_EQ(readTable(opel + kRow + fiat).rows.front().section, "");
   EXPECT_EQ(readTable(std::string(kHeads) + kRow).rows.back().section, "Date");
   EXPECT_FALSE(readTable(opel + kRow + "\nCosts\nDate;Money\n2024-01-05;5\n").hasSections);
 }
@@ -177,6 +183,18 @@ TEST(AFileWithoutHeads, HasTheRowsWithAsManyCellsAsMost) {
   EXPECT_THAT(named.heads, ElementsAre("foo", "bar"));
   EXPECT_THAT(kinds(named), ElementsAre(RowKind::BeforeTable, RowKind::Heads, RowKind::Data));
   EXPECT_EQ(readTable("1\n;2;\n3\n").fault, LogTable::Fault::NoTable);
+}
+
+TEST(AFile, HasTwiceTheRowsOfALogbookAndTwoMillionCellsAtMost) {
+  const auto isTooMuch = [](std::size_t rows, std::size_t cells) {
+    std::string text;
+    for (std::size_t i = 0; i < rows; ++i) text += "1" + std::string(cells - 1, ';') + "\n";
+    return readTable(text, ';').fault == LogTable::Fault::TooManyRows;
+  };
+  EXPECT_FALSE(isTooMuch(65'534, 1));
+  EXPECT_TRUE(isTooMuch(65'535, 1));
+  EXPECT_FALSE(isTooMuch(4'000, 500));
+  EXPECT_TRUE(isTooMuch(4'001, 500));
 }
 
 TEST(AFile, ThatEndsInQuotesTellsWhere) {

@@ -11,7 +11,7 @@ using core::Ratio;
 
 // Two signs: the last one; one that groups: the other one; not three digits behind it, or no group before it.
 TEST(TheDecimalSign, IsTheOneThatAFigureShows) {
-  for (const std::string_view figure : {"1.234,50", "1.234.567", "40,5", ",500", "1.234,567"})
+  for (const std::string_view figure : {"1.234,50", "1.234.567", "40,5", "40, l", ",500", "1.234,567"})
     EXPECT_EQ(shownDecimalSign(std::array{figure}), DecimalSign::Comma) << figure;
   for (const std::string_view figure :
        {"1,234.50", "1,234,567", "40.50", "0.500", "1234.567", "1,234.567", "1.5 x 2"})
@@ -34,6 +34,7 @@ TEST(AFigure, IsReadWithItsGroupsSignsAndUnits) {
       {"153796", Ratio(153'796)},
       {",5", Ratio(1, 2)},
       {"5,", Ratio(5)},
+      {"5.", std::nullopt},
       {".500", std::nullopt},
       {"-5", Ratio(-5)},
       {"\u22125", Ratio(-5)},

@@ -347,7 +347,7 @@ TEST(DaysOfALog, AreAskedForUnlessOneColumnOrThreeHaveThem) {
   // A cell behind the last head is none of the three.
   for (const auto& [a, b] :
        std::vector<std::pair<M, M>>{{M::Year, M::Month}, {M::Year, M::DayOfMonth}, {M::Month, M::DayOfMonth}})
-    EXPECT_TRUE(readLog("a;b;Km;Liter\n4;5;1000;40;6\n3;4;1500;40\n", {.columns = {{0, a}, {1, b}}})
+    EXPECT_TRUE(readLog("a;b;Km óra;Liter\n4;5;1000;40;6\n3;4;1500;40\n", {.columns = {{0, a}, {1, b}}})
                     .rows.rows.empty());
   const std::string twoOrders = "Date;Odo (km);Litres\n1/2/2024;1000;40\n2/3/2024;2000;60\n";
   EXPECT_TRUE(readLog(twoOrders).asks(Question::DayOrder));

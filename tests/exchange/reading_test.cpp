@@ -24,6 +24,7 @@ TEST(AColumn, ThatCouldBePricesOfALitreOrOfAllIsAsked) {
       "50\n";
   EXPECT_TRUE(readLog(text).asks(Question::Price));
   EXPECT_EQ(readLog(text).meaningOf("Cena"), Meaning::NotUnderstood);  // so that either can be chosen
+  EXPECT_EQ(readLog(text).reading.unknownColumn, 3U);
   const ReadLog said = readLog(text, {.columns = {{3, Meaning::TotalCost}}});
   EXPECT_FALSE(said.asks(Question::Price));
   EXPECT_EQ(said.rows.rows[0].forints, Ratio(50));
@@ -173,6 +174,7 @@ TEST(ALogOfDistances, IsAskedForItsReading) {
                                {.columns = {{3, Meaning::Trip}}});
   EXPECT_EQ(both.meaningOf("Km"), Meaning::Odometer);
   EXPECT_FALSE(both.asks(Question::TripStart));
+  EXPECT_EQ(planOf(both).entries.at(1).entry.KmOra, 48'866);
 }
 
 TEST(ALogOfDistances, ThatRunsPastWhatALogbookKeepsIsLeftOutInTheOrderOfItsRows) {
@@ -190,17 +192,18 @@ TEST(ALogOfDistances, ThatRunsPastWhatALogbookKeepsIsLeftOutInTheOrderOfItsRows)
   EXPECT_TRUE(startingAt("", 2'147'483'648).asks(Question::TripStart));
 }
 
-// 640, then 250 without a fill-up, then 510.
+// 640, then 250 without a fill-up on the same day or another one, then 510.
 TEST(ALogOfDistances, CountsThoseOfRowsThatAreLeftOut) {
-  const std::string rows[] = {"2024.01.05.;640;41;25575\n", "2024.01.09.;250;;\n",
-                              "2024.01.19.;510;31;18600\n"};
+  const std::string first = "2024.01.05.;640;41;25575\n";
+  const std::string last = "2024.01.19.;510;31;18600\n";
   const exchange::Choices start{.tripStart = exchange::TripStart{true, Ratio(1'000)}};
-  for (const std::string& text : {rows[0] + rows[1] + rows[2], rows[2] + rows[1] + rows[0]}) {
-    const auto plan = planOf(readLog("Dátum;Megtett km;Liter;Ft\n" + text, start));
-    ASSERT_EQ(plan.entries.size(), 2U);
-    EXPECT_EQ(plan.entries[0].entry.KmOra, 1'640);
-    EXPECT_EQ(plan.entries[1].entry.KmOra, 2'400);
-  }
+  for (const std::string between : {"2024.01.05.;250;;\n", "2024.01.09.;250;;\n"})
+    for (const std::string& text : {first + between + last, last + between + first}) {
+      const auto plan = planOf(readLog("Dátum;Megtett km;Liter;Ft\n" + text, start));
+      ASSERT_EQ(plan.entries.size(), 2U);
+      EXPECT_EQ(plan.entries[0].entry.KmOra, 1'640) << text;
+      EXPECT_EQ(plan.entries[1].entry.KmOra, 2'400) << text;
+    }
 }
 
 // The consumption is written with a comma, what is kept with a point.

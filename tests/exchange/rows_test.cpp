@@ -138,6 +138,7 @@ TEST(ARow, NamesItsOwnUnits) {
 }
 
 TEST(ARow, IsFullByTheWordsOfItsColumn) {
+  EXPECT_TRUE(readLog(kTable).rows.rows.at(1).isFull);  // no column tells
   const auto areFull = [](const std::vector<std::string>& words, const Choices& choices = {}) {
     std::string text = "Dátum;Km;Liter;Ft;Tele\n";
     for (std::size_t i = 0; i < words.size(); ++i)
@@ -150,8 +151,10 @@ TEST(ARow, IsFullByTheWordsOfItsColumn) {
   EXPECT_THAT(areFull({"csurig", "Csurig", "feles"}, {.fullWord = "csurig"}), ElementsAre(true, true, false));
   EXPECT_THAT(areFull({"csurig", "igen"}), ElementsAre(false, true));
   std::vector<std::string> many;
-  for (int i = 0; i < 41; ++i) many.push_back("w" + std::to_string(i));
+  for (int i = 0; i < 39; ++i) many.push_back("w" + std::to_string(i));
   many.push_back("igen");
+  EXPECT_TRUE(areFull(many).back());
+  many.insert(many.begin(), "w");
   EXPECT_THAT(areFull(many), testing::Each(false));  // more words than are asked for
 }
 

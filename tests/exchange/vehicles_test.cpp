@@ -108,6 +108,18 @@ TEST(SeveralVehicles, AreToldFromTwoFillUpsOnButNotFromOneSlip) {
                    .asks(Question::Vehicle));
 }
 
+// Each slip lies 10,000 below the one before it.
+TEST(SeveralVehicles, AreSoughtAmongFortyThatTheReadingsCouldBeOf) {
+  const auto asks = [](int slips) {
+    std::string text = kNamedHeads;
+    for (int i = 0; i < slips; ++i) text += fillUps("A", 1980 + i, 900'000 - 10'000 * i, 0, 1);
+    text += fillUps("A", 2020, 300'000, 500, 3) + fillUps("A", 2021, 20'000, 500, 3);
+    return readLog(text).asks(Question::Vehicle);
+  };
+  EXPECT_TRUE(asks(38));
+  EXPECT_FALSE(asks(39));
+}
+
 TEST(SeveralVehicles, HaveASlipAmongThoseOfTheNearestReadings) {
   const ReadLog log =
       readLog(kNamedHeads + fillUps("A", 2022, 100'000, 600, 5) + fillUps("A", 2023, 20'000, 500, 5) +

@@ -93,6 +93,7 @@ TEST(AWord, OfEachLanguageNamesWhatIsNoFuelInLitres) {
   EXPECT_TRUE(exchange::namesOtherFuel("Strom"));
   EXPECT_FALSE(exchange::namesOtherFuel("Diesel"));
   EXPECT_TRUE(exchange::namesOtherFuel(std::string(36, 'x') + " kWh"));
+  EXPECT_FALSE(exchange::namesOtherFuel(std::string(37, 'x') + " kWh"));
 }
 
 TEST(AWord, OfEachLanguageNamesAFuelling) {
