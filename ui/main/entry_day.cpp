@@ -4,7 +4,6 @@
 #include <QEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QScopedValueRollback>
 #include <QTimer>
 
 #include "ui/base/text.h"
@@ -20,7 +19,6 @@ void keepPlace(QWidget& part) {
   QSizePolicy policy = part.sizePolicy();
   policy.setRetainSizeWhenHidden(true);
   part.setSizePolicy(policy);
-  part.hide();
 }
 
 }  // namespace
@@ -41,7 +39,6 @@ EntryDay::EntryDay(const core::Clock& clock, DayField& field, QLabel& cue, QPush
 }
 
 void EntryDay::showToday() {
-  const QScopedValueRollback own(isOwn_, true);
   field_.setDate(toQt(clock_.today()));
   isSet_ = false;
   showCue();
@@ -64,7 +61,6 @@ bool EntryDay::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void EntryDay::onChanged() {
-  if (isOwn_) return;
   isSet_ = true;
   showCue();
 }

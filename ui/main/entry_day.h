@@ -37,7 +37,6 @@ class EntryDay : public QObject {
   QLabel& cue_;
   QPushButton& back_;
   bool isSet_ = false;  // by a person or an entry
-  bool isOwn_ = false;  // the day is being set here
 };
 
 }  // namespace tarvik::ui

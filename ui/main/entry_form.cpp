@@ -63,7 +63,6 @@ void EntryForm::connectButtons() {
 void EntryForm::load() {
   const auto fill = [this](QComboBox* field, const settings::LookupFile& list) {
     const auto texts = settings::loadLookupTexts(context_.files, context_.folders, list);
-    field->clear();
     for (int number = 1; number <= texts.count(); ++number)
       field->addItem(toQt(texts.record(number).text.asStored()));
   };
@@ -160,7 +159,6 @@ void EntryForm::setNarrowTank(bool isNarrow) {
   QWidget* const cue = ui_->lbNemMai;
   QWidget* const back = ui_->cmdMa;
   QWidget* const full = ui_->ChkTeletank;
-  for (QWidget* part : {cue, back, full}) tank.removeWidget(part);
   if (isNarrow) {
     tank.addWidget(full, 2, 0, 1, 2);
     tank.addWidget(cue, 2, 2, 1, 3, Qt::AlignRight | Qt::AlignVCenter);
@@ -173,7 +171,6 @@ void EntryForm::setNarrowTank(bool isNarrow) {
   tank.invalidate();
   ui_->FrameTank->updateGeometry();
   setTabOrder(ui_->DTPicker1, isNarrow ? full : back);
-  setTabOrder(isNarrow ? full : back, isNarrow ? back : full);
 }
 
 int EntryForm::wideWidth() const {

@@ -46,6 +46,7 @@ class EntryDayTest : public QObject {
     main.clickRow(0);
     QCOMPARE(main.field().date(), QDate(2013, 7, 1));
     QVERIFY(main.isCued());
+    QVERIFY(main.find<QLabel>("lbNemMai")->font().bold());
   }
 
   void theCueComesAndGoesWithTheTypedDay() {
@@ -119,6 +120,11 @@ class EntryDayTest : public QObject {
           main.type("DTPicker1", kToday);
         },
         [](Day& main) { main.field().setDate(kToday.addDays(1)), main.field().setDate(kToday); },
+        [](Day& main) {
+          enter(main.field(), Way::Tab);
+          typeKeys(main.field(), "2026");
+          pressKey(Qt::Key_Tab);
+        },
     };
     for (const auto& set : sets) {
       Day main;
