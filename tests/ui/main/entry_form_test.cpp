@@ -84,6 +84,45 @@ class EntryFormTest : public QObject {
     QVERIFY(full.top() > form.edit("txTankoltLiter").geometry().bottom());
   }
 
+  void theTabKeyGoesByTheLinesOfTheTankNarrowOrWide() {
+    Form form;
+    form.part.load();
+    core::EntryInput input = anInput();
+    form.part.showEntry({input, input.datum});
+    const auto places = [&form] {
+      QCoreApplication::processEvents();
+      QList<QRect> found;
+      for (const char* name : {"lbNemMai", "cmdMa", "ChkTeletank"})
+        found << test::part<QWidget>(form.part, name)->geometry();
+      return found;
+    };
+    const auto order = [&form] {
+      QStringList names;
+      for (QWidget* part = test::part<QWidget>(form.part, "DTPicker1"); names.size() < 3;
+           part = part->nextInFocusChain())
+        if (QStringList{"DTPicker1", "cmdMa", "ChkTeletank"}.contains(part->objectName()))
+          names << part->objectName();
+      return names;
+    };
+    const QList<QRect> wide = places();
+    form.part.setNarrowTank(true);
+    QVERIFY(places() != wide);
+    QCOMPARE(order(), QStringList({"DTPicker1", "ChkTeletank", "cmdMa"}));
+    form.part.setNarrowTank(false);
+    QCOMPARE(places(), wide);
+    QCOMPARE(order(), QStringList({"DTPicker1", "cmdMa", "ChkTeletank"}));
+  }
+
+  void thePriceOfAnEntryStaysUntilItsCostIsLeft() {
+    Form form;
+    QVERIFY(QTest::qWaitForWindowActive(&form.part));
+    form.part.showInput(anInput());
+    form.edit("txTankoltKtg").setFocus();
+    QCOMPARE(test::part<QLabel>(form.part, "lbFtperLiter")->text(), QString("399,99"));
+    form.edit("txKmOra").setFocus();
+    QCOMPARE(test::part<QLabel>(form.part, "lbFtperLiter")->text(), QString("400,00"));
+  }
+
   void anEntryBringsItsDayAndOneWithADamagedDayLeavesIt() {
     Form form;
     form.part.showEntry({anInput(), core::dayOf({1999, 12, 31})});

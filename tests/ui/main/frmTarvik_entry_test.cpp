@@ -1,5 +1,6 @@
 #include "tests/ui/main_screen.h"
 #include "tests/ui/screen_test.h"
+#include "ui/lists/list_delegate.h"
 
 using namespace tarvik;
 using namespace tarvik::test;
@@ -77,6 +78,49 @@ class FrmTarvikEntryTest : public QObject {
     after[71 * 2 - 4] = '\xF6';  // 2 + 500 = 502
     after[71 * 2 - 3] = '\x01';
     QVERIFY(main.folder.read("Gumik.dat") == after);
+  }
+
+  // What an entry is about: its fuel, or else its part, or else its note.
+  void whatWasDoneIsToldInAWord_data() {
+    QTest::addColumn<QString>("litres");
+    QTest::addColumn<QString>("part");
+    QTest::addColumn<QString>("note");
+    QTest::addColumn<QString>("word");
+    QTest::newRow("fuel") << "30"
+                          << "Izzó"
+                          << "Mosás"
+                          << "tankolás";
+    QTest::newRow("part") << ""
+                          << "Izzó"
+                          << "Mosás"
+                          << "Izzó";
+    QTest::newRow("note") << ""
+                          << ""
+                          << "Mosás"
+                          << "Mosás";
+    QTest::newRow("neither") << ""
+                             << ""
+                             << ""
+                             << "bejegyzés";
+  }
+  void whatWasDoneIsToldInAWord() {
+    QFETCH(QString, litres);
+    QFETCH(QString, part);
+    QFETCH(QString, note);
+    QFETCH(QString, word);
+    ListedCar main({});
+    main.type("txKmOra", "10000");
+    main.type("txTankoltLiter", litres);
+    main.type("txAlkatresz", part);
+    main.type("txMegjegyzes", note);
+    BoxScript boxes({QMessageBox::Yes, QMessageBox::Yes});
+    main.press("cmd_rogzit");
+    QCOMPARE(main.label("lbTortent"), QString("Rögzítve: 2026.11.21. %1 – visszavonás: Ctrl+Z").arg(word));
+    QCOMPARE(qobject_cast<ui::ListDelegate*>(main.list()->itemDelegate())->marked(), QString("1"));
+    main.clickRow(0);
+    main.press("cmd_del");
+    QCOMPARE(main.label("lbTortent"), QString("Törölve: 2026.11.21. %1 – visszavonás: Ctrl+Z").arg(word));
+    QCOMPARE(main.screen->focusWidget(), main.list());
   }
 
   void aKmThatDoesNotFitIsRefused() {
@@ -200,6 +244,10 @@ class FrmTarvikEntryTest : public QObject {
     QCOMPARE(main.combo("txAlkatresz")->count(), 3);
     QCOMPARE(main.combo("txAlkatresz")->itemText(2), QString("szűrő"));
     QCOMPARE(main.screen->focusWidget(), main.combo("txAlkatresz"));
+    main.type("txMegjegyzes", "Mosás");
+    main.find<QAction>("mnuVisszavonas")->trigger();
+    QCOMPARE(main.combo("txAlkatresz")->count(), 2);
+    QCOMPARE(main.combo("txAlkatresz")->currentText(), QString("szűrő"));
   }
 
   void quickAddStopsAtTheFirstNo() {

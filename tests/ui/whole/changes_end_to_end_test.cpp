@@ -362,6 +362,7 @@ class ChangesEndToEndTest : public QObject {
     QCOMPARE(boxes.seen.size(), 2);
     QVERIFY2(boxes.seen[1].text.endsWith("\n\nA szöveg fel van véve. A legördülő lista nem teljes."),
              qPrintable(boxes.seen[1].text));
+    QCOMPARE(screen->findChild<QComboBox*>("txAlkatresz")->currentText(), QString("Izzó"));
   }
 
   void anEntryWhoseTyresFailSaysWhatBecameOfBoth() {
