@@ -42,6 +42,13 @@ class FrmTarvikKeyboardTest : public QObject {
     }
   }
 
+  void f10GoesToTheMenu() {
+    Household main;
+    main.key(Qt::Key_F10);
+    QCOMPARE(main.focus(), "menubar");
+    QVERIFY(main.screen->menuBar()->activeAction() != nullptr);
+  }
+
   void fromTheListTheyGoToTheOdometerWhereNoFieldCanBeReturnedTo() {
     Household main;
     main.list()->setFocus();

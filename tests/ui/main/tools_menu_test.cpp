@@ -3,6 +3,7 @@
 #include "tests/ui/screen_test.h"
 #include "ui/base/text.h"
 #include "ui/lists/list_delegate.h"
+#include "ui/windows/frmEvesOsszesito.h"
 #include "ui/windows/frmGumik.h"
 
 using namespace tarvik;
@@ -61,6 +62,17 @@ class ToolsMenuTest : public QObject {
       if (!item->isSeparator()) letters.append(item->text().section('&', 1).left(1).toLower());
     QVERIFY(!letters.contains(""));
     QCOMPARE(letters.removeDuplicates(), 0);
+  }
+
+  void opensTheYearsOfTheChosenCar() {
+    Screen main;
+    QString title;
+    onNextDialog<ui::frmEvesOsszesito>([&title](ui::frmEvesOsszesito& years) {
+      title = years.windowTitle();
+      years.close();
+    });
+    main.chooseItem("mnuEvesOsszesito");
+    QVERIFY2(title.contains("ABC-123"), qPrintable(title));
   }
 
   void tellsWhichProgramItIs() {

@@ -164,6 +164,23 @@ class UndoTest : public QObject {
     QCOMPARE(main.marked(), QString("2"));
   }
 
+  void anEntryComesBackIntoAListOfItsMonthAndPutsAnotherMonthsListAside() {
+    for (const bool isItsMonth : {true, false}) {
+      Household main;
+      main.deleteRow(0);
+      main.press("cmd_lista");
+      main.press("opSzürö_2");
+      main.type("DTPSzürö", QDate(2026, isItsMonth ? 3 : 4, 1));
+      main.press("cmdSzürés");
+      QCOMPARE(main.rows(), 1);
+      main.undo();
+      QCOMPARE(main.find<QRadioButton>("opSzürö_2")->isChecked(), isItsMonth);
+      QCOMPARE(main.rows(), isItsMonth ? 2 : 3);
+      QCOMPARE(main.cell(0, 1), QString("10000"));
+      QCOMPARE(main.marked(), QString("1"));
+    }
+  }
+
   void aTyreSetDeletedWithoutAQuestionComesBackInItsScreen() {
     Household main;
     const std::string before = main.folder.read("Gumik.dat");
@@ -213,6 +230,10 @@ class UndoTest : public QObject {
     main.press("Check1");
     QCOMPARE(main.line(), QString("Figyelmeztetések kikapcsolva – visszavonás: Ctrl+Z"));
     main.undo();
+    QVERIFY(main.box("Check1")->isChecked());
+    QCOMPARE(main.box("Check1")->text(), QString("  Bekapcsolva  "));
+    QCOMPARE(main.context.state.reminderState, std::int16_t{1});
+    QVERIFY(main.find<QTimer>("Timer1")->isActive());
     main.undo();
     QVERIFY(!main.box("Check1")->isChecked());
     QCOMPARE(main.box("Check1")->text(), QString("  Kikapcsolva  "));
