@@ -117,14 +117,19 @@ class ReadingCueTest : public QObject {
 
   void whatDigitsCouldMendIsCuedAfterAPauseAndWhereThePersonGoesOn() {
     Readings main;
+    const auto* pause = main.find<QTimer>("pause");
+    QCOMPARE(pause->interval(), 1'000);
     main.type("txKmOra", "24");
     QCOMPARE(main.cue(), QString());
     main.pause();
     QCOMPARE(main.cue(), QString(kLess));
+    QVERIFY(!pause->isActive());
     main.type("txKmOra", "2414");
     QCOMPARE(main.cue(), QString());
+    QVERIFY(pause->isActive());
     pressKey(Qt::Key_Return);
     QCOMPARE(main.cue(), QString(kLess));
+    QVERIFY(!pause->isActive());
     QVERIFY(main.edit("txTankoltLiter")->hasFocus());
   }
 
@@ -141,8 +146,10 @@ class ReadingCueTest : public QObject {
 
   void aShownEntryIsNotCuedAndItsCorrectionFollowsTheOneBeforeIt() {
     Readings main;
-    main.clickRow(1);
-    main.pause();
+    for (const int row : {2, 1}) {
+      main.clickRow(row);
+      QVERIFY(!main.find<QTimer>("pause")->isActive());
+    }
     QCOMPARE(main.cue(), QString());
     main.type("txKmOra", "202000");
     main.pause();
@@ -158,6 +165,10 @@ class ReadingCueTest : public QObject {
     main.type("txKmOra", "242000");
     main.type("Combo1", "KLM456");
     QCOMPARE(main.cue(), QString("Több mint 3 000 km az előző állás óta: 5000"));
+    main.type("Combo1", "ABC123");
+    main.clickRow(2);
+    main.type("Combo1", "KLM456");
+    QCOMPARE(main.cue(), QString());  // nobody typed the reading of a chosen row
   }
 
   void theCueStandsWholeBesideTheTitleAndMovesNothing() {
