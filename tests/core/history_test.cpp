@@ -98,6 +98,8 @@ TEST_F(HistoryTest, TakesAnActionOfSeveralFilesBackInOneStepAndInReverseOrder) {
 }
 
 TEST_F(HistoryTest, NamesNoStepAfterAnActionThatIsOver) {
+  EXPECT_EQ(history_.undoName(), "");
+  EXPECT_EQ(history_.redoName(), "");
   {
     const History::Action action(history_, "rögzítés");
     add("a", "aaaa");
