@@ -66,9 +66,7 @@ class ImportTest : public QObject {
   static QAbstractItemModel* rowsOf(const Preview& preview) {
     return part<QTreeView>(preview, "ListViewBejegyzesek")->model();
   }
-  static QComboBox* box(const Preview& preview, const char* name) {
-    return part<QComboBox>(preview, name);
-  }
+  static QComboBox* box(const Preview& preview, const char* name) { return part<QComboBox>(preview, name); }
   static void choose(const Preview& preview, const char* name, int index) {
     box(preview, name)->setCurrentIndex(index);
   }
