@@ -19,12 +19,12 @@ KINDS = {
     1: (
         "9-light",
         "manual",
-        "9-dark:main-row,chart-2d-bars,chart-3d-area,box-delete",
+        "9-dark:gallery,main-row,chart-2d-bars,chart-3d-area,box-delete",
         "12-light:main-filter,settings-start,tyres-change,alert-km",
         "12-dark:main-row,chart-3d-line,reminders-km,alert-date,tyres,settings-cars,box-error",
-        "9-contrast:main-row,main-filter,chart-2d-line,tyres,alert-date,box-record",
+        "9-contrast:gallery,main-row,main-filter,chart-2d-line,tyres,alert-date,box-record",
     ),
-    2: ("9-light:main-row,chart-3d-bars,settings-lists,box-change", "12-dark:main,tyres,repairs,chart-2d-area"),
+    2: ("9-light:gallery,main-row,chart-3d-bars,settings-lists,box-change", "12-dark:main,tyres,repairs,chart-2d-area"),
 }
 
 

@@ -18,6 +18,7 @@
 #include "print/list_document.h"
 #include "reminders/km_alert.h"
 #include "settings/vehicles.h"
+#include "tests/looks/gallery.h"
 #include "tests/support/fixed_clock.h"
 #include "ui/main/frmTarvik.h"
 #include "ui/print/page_painter.h"
@@ -241,6 +242,7 @@ void photographAll(Camera& camera, const std::string& household, const std::stri
   photographCharts(stage);
   photographScreens(stage);
   photographBoxes(stage);
+  photographGallery(camera);
 }
 
 void photographForManual(Camera& camera, const std::string& household) {
