@@ -46,7 +46,8 @@ QPointF between(const QPointF& from, const QPointF& to, double atX) {
 }
 
 // The line in the pieces that need a face of their own: it is cut halfway between two points (on a whole
-// pixel, where neighbouring faces meet without a seam) and where it crosses zero.
+// pixel, where neighbouring faces meet without a seam, if there is one between them) and where it crosses
+// zero.
 QList<Vertex> cutLine(const Run& run, double zero) {
   QList<Vertex> line;
   for (qsizetype index = 0; index < run.size(); ++index) {
@@ -54,7 +55,7 @@ QList<Vertex> cutLine(const Run& run, double zero) {
     if (index + 1 == run.size()) break;
     const QPointF from = run[index].position;
     const QPointF to = run[index + 1].position;
-    const double middle = std::round((from.x() + to.x()) / 2);
+    const double middle = std::clamp(std::round((from.x() + to.x()) / 2), from.x(), to.x());
     const double crossing = (from.y() - zero) * (to.y() - zero) < 0
                                 ? from.x() + (to.x() - from.x()) * (zero - from.y()) / (to.y() - from.y())
                                 : middle;

@@ -155,6 +155,14 @@ class ChartShapesTest : public QObject {
              QString("front 1 25.25,100 25.25,40 51,40 51,100"));
   }
 
+  // Two points on one pixel: the next whole one is beyond both.
+  void theCutOfASteepLineIsOnIt() {
+    ChartFrame frame = frameOf(2, 0, 10);
+    frame.front.setWidth(1);
+    QCOMPARE(drawn(ChartType::Area2D, frame, {10, 0}).first(),
+             QString("front 1 0.25,100 0.25,0 0.75,100 0.75,100"));
+  }
+
   void anAreaThatCrossesZeroIsCutThereToo() {
     const ChartFrame frame = frameOf(2, -10, 10);
     QCOMPARE(drawn(ChartType::Area2D, frame, {2, -6}).mid(0, 2),
