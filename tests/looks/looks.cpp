@@ -1,6 +1,7 @@
 // tarvik_looks HOUSEHOLD EMPTY OUT KIND[:SCENE,...]...: photographs every screen and state, or the named
 // ones, into OUT/KIND for each kind: the size of the letters and the colours (9-light, 12-dark, 9-contrast),
-// or "manual", which is what the manual shows beyond that. The scale is the one that Qt is started with.
+// or "manual", which is what the manual shows beyond that, or "charts", all forms of the chart. The scale is
+// the one that Qt is started with.
 
 #include <QApplication>
 #include <QCursor>
@@ -13,6 +14,7 @@
 #include <QStyle>
 #include <QTranslator>
 
+#include "tests/looks/chart_sheet.h"
 #include "tests/looks/scenes.h"
 #include "ui/look/look.h"
 
@@ -92,6 +94,8 @@ int main(int argc, char** argv) {
                   scenes.split(QLatin1Char(','), Qt::SkipEmptyParts));
     if (kind == QStringLiteral("manual"))
       tarvik::looks::photographForManual(camera, folders[0].toStdString());
+    else if (kind == QStringLiteral("charts"))
+      tarvik::looks::photographChartSheet(camera);
     else
       tarvik::looks::photographAll(camera, folders[0].toStdString(), folders[1].toStdString());
   }

@@ -19,6 +19,7 @@ KINDS = {
     1: (
         "9-light",
         "manual",
+        "charts",
         "9-dark:gallery,main-row,chart-2d-bars,chart-3d-area,box-delete",
         "12-light:main-filter,settings-start,tyres-change,alert-km",
         "12-dark:main-row,chart-3d-line,reminders-km,alert-date,tyres,settings-cars,box-error",
