@@ -20,6 +20,7 @@
 #include <QToolTip>
 #include <QTreeView>
 #include <QVBoxLayout>
+#include <functional>
 
 #include "ui/look/day_field.h"
 #include "ui/look/editable_box.h"
@@ -42,9 +43,13 @@ class Sheet {
 
   void add(QWidget& part) { add(part.grab()); }
   void add(const QPixmap& part) {
-    const QSize size = part.deviceIndependentSize().toSize();
+    add(part.deviceIndependentSize().toSize(),
+        [&](QPainter& painter, const QRect& place) { painter.drawPixmap(place, part); });
+  }
+  void add(QSize size, const std::function<void(QPainter& painter, const QRect& place)>& paint) {
     if (pen_.x() + size.width() > kSheet.width()) startLine();
-    QPainter(&picture_).drawPixmap(pen_, part);
+    QPainter painter(&picture_);
+    paint(painter, {pen_, size});
     pen_.rx() += size.width() + kGap;
     highest_ = std::max(highest_, size.height());
   }
@@ -211,7 +216,7 @@ void Gallery::addFrames() {
     auto& group = made<QGroupBox>(isLong ? QStringLiteral("Egy csoport címe") : QStringLiteral("Cím"));
     auto* column = new QVBoxLayout(&group);
     column->addWidget(new QLabel(QStringLiteral("Km")));
-    column->addWidget(new QLabel(QStringLiteral("Ft")));
+    column->addWidget(new QPushButton(QStringLiteral("Ft")));
     add(group);
   }
   for (const char* look : {"card", "band", ""}) {
@@ -231,12 +236,13 @@ void Gallery::addLists() {
       {QStringLiteral("Dátum"), QStringLiteral("Egy hosszú fejléc szövege"), QStringLiteral("Ft")});
   for (int row = 0; row < rows.rowCount(); ++row)
     for (int column = 0; column < rows.columnCount(); ++column)
-      rows.setItem(row, column, new QStandardItem(QStringLiteral("%1. sor, %2. oszlop").arg(row).arg(column)));
+      rows.setItem(row, column,
+                   new QStandardItem(QStringLiteral("%1. sor, %2. oszlop").arg(row).arg(column)));
   list.setModel(&rows);
   list.setRootIsDecorated(false);
   list.setAllColumnsShowFocus(true);
   list.header()->setStretchLastSection(false);
-  list.setColumnWidth(2, 40);
+  for (const int column : {1, 2}) list.resizeColumnToContents(column);
   constexpr QSize kList(230, 110);
   add(list, kList);
   list.setFocus();
@@ -264,10 +270,12 @@ void Gallery::addHeadings() {
   tabs.setTabEnabled(2, false);
   add(tabs);
   tabs.setFocus();
+  window_.setAttribute(Qt::WA_KeyboardFocusChange);
   add(tabs);
   for (const Qt::Orientation direction : {Qt::Horizontal, Qt::Vertical}) {
     auto& bar = made<QScrollBar>(direction);
-    const QSize size = QSize(90, 90).boundedTo(bar.sizeHint().expandedTo(direction == Qt::Horizontal ? QSize(90, 0) : QSize(0, 90)));
+    const QSize size = QSize(90, 90).boundedTo(
+        bar.sizeHint().expandedTo(direction == Qt::Horizontal ? QSize(90, 0) : QSize(0, 90)));
     add(bar, size);
     bar.setValue(40);
     bar.setSliderDown(true);
@@ -304,8 +312,13 @@ void Gallery::addRest() {
   QToolTip::hideText();
   for (const auto sign :
        {QStyle::SP_MessageBoxQuestion, QStyle::SP_MessageBoxInformation, QStyle::SP_MessageBoxWarning,
-        QStyle::SP_MessageBoxCritical, QStyle::SP_ToolBarHorizontalExtensionButton})
-    for (const int side : {18, 64}) sheet_.add(window_.style()->standardIcon(sign).pixmap(side, side));
+        QStyle::SP_MessageBoxCritical, QStyle::SP_ToolBarHorizontalExtensionButton}) {
+    sheet_.add({2 * 64, 48}, [&](QPainter& painter, const QRect& place) {
+      const QIcon icon = window_.style()->standardIcon(sign);
+      icon.paint(&painter, {place.topLeft(), QSize(64, 48)});
+      painter.drawPixmap(place.topLeft() + QPoint(80, 0), icon.pixmap(20, 20));
+    });
+  }
 }
 
 void Gallery::addAll() {

@@ -8,7 +8,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
-#include <QPushButton>
 #include <QStyleOption>
 #include <algorithm>
 
@@ -70,10 +69,6 @@ int widthOfLongest(const QWidget& field) {
   return longest.isEmpty() ? 0 : field.fontMetrics().horizontalAdvance(longest) + 1;
 }
 
-int titleHeight(const QWidget* group) {
-  return QFontMetrics(bold(group == nullptr ? QApplication::font() : group->font())).height();
-}
-
 QFont headline(const QFont& like) {
   QFont font = bold(like);
   font.setPointSizeF(like.pointSizeF() * kHeadline);
@@ -92,7 +87,7 @@ void showIn(QWidget& part, const char* tone, bool isColoured, const QColor& colo
 }  // namespace
 
 int gridStep() {
-  return std::max(4, (lineHeight() + 1) / 2);
+  return (lineHeight() + 1) / 2;
 }
 
 int rowHeight() {
@@ -121,8 +116,6 @@ void LookStyle::polish(QWidget* widget) {
   if (hasLook(widget, "overdue") || widget->property(kOverdue).toBool()) showOverdue(*widget, true);
   if (widget->property(kDimmed).toBool()) showDimmed(*widget, true);
   if (hasLook(widget, "heading")) widget->setFont(headline(QApplication::font()));
-  if (qobject_cast<QPushButton*>(widget) != nullptr || qobject_cast<QComboBox*>(widget) != nullptr)
-    widget->setAttribute(Qt::WA_Hover);
   if (auto* label = qobject_cast<QLabel*>(widget)) {
     // Qt takes a text with tags in it for HTML: a tooltip's or a box' too, which are labels and come by here.
     label->setTextFormat(Qt::PlainText);
@@ -184,8 +177,6 @@ int LookStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const
       return step / 2;
     case PM_HeaderMargin:
       return step / 2 + 1;
-    case PM_ButtonMargin:
-      return 2 * step;
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:
       return 0;
@@ -202,14 +193,13 @@ QSize LookStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
       if (hasLook(widget, "short")) return {size.width() + 2 * gridStep(), fieldHeight()};
       return {std::max(size.width() + 3 * gridStep(), 9 * gridStep()), fieldHeight()};
     case CT_LineEdit:
-      if (const int width = widget == nullptr ? 0 : widthOfLongest(*widget)) {
+      if (const int width = widthOfLongest(*widget)) {
         const int sides = result.width() - size.width() + (framed(option) ? gridStep() : 0) + 6;
         return {width + sides, framed(option) ? fieldHeight() : labelHeight(*widget)};
       }
       return {result.width(), framed(option) ? fieldHeight() : result.height()};
     case CT_ComboBox:
-      if (const int width = widget == nullptr ? 0 : widthOfLongest(*widget))
-        result.setWidth(width + 4 * gridStep());
+      if (const int width = widthOfLongest(*widget)) result.setWidth(width + 4 * gridStep());
       return {result.width(), fieldHeight()};
     case CT_SpinBox:
       return {result.width() + gridStep() / 2, fieldHeight()};
@@ -223,9 +213,7 @@ QSize LookStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
       return result + QSize(gridStep(), gridStep() / 2);
     case CT_GroupBox:
       return {std::max(result.width(),
-                       QFontMetrics(bold(widget == nullptr ? QApplication::font() : widget->font()))
-                               .horizontalAdvance(titleOf(option)) +
-                           2 * gridStep()),
+                       QFontMetrics(titleFont()).horizontalAdvance(titleOf(*option)) + 2 * gridStep()),
               result.height()};
     default:
       return result;
@@ -245,10 +233,10 @@ QRect LookStyle::subControlRect(ComplexControl control, const QStyleOptionComple
   if (control != CC_GroupBox) return QProxyStyle::subControlRect(control, option, part, widget);
   const QRect all = option->rect;
   const int top = gridStep() * 3 / 4;
-  const int title = titleHeight(widget);
+  const int title = QFontMetrics(titleFont()).height();
   switch (part) {
     case SC_GroupBoxLabel:
-      return {all.left() + gridStep(), all.top() + top, all.width() - 2 * gridStep(), title};
+      return {all.left() + gridStep(), all.top() + top, all.width(), title};
     case SC_GroupBoxContents:
       return all.adjusted(0, top + title, 0, 0);
     default:
@@ -289,8 +277,7 @@ void LookStyle::drawControl(ControlElement element, const QStyleOption* option, 
   if (element == CE_HeaderSection) return paintHeading(*painter, *option);
   if (element == CE_HeaderEmptyArea) return paintHeading(*painter, *option);
   const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
-  if (element == CE_PushButtonLabel && button != nullptr && isMain(widget) &&
-      (option->state & State_Enabled)) {
+  if (button != nullptr && isMain(widget) && (option->state & State_Enabled)) {
     QStyleOptionButton main(*button);
     main.palette.setColor(QPalette::ButtonText, main.palette.color(QPalette::HighlightedText));
     return QProxyStyle::drawControl(element, &main, painter, widget);
@@ -313,15 +300,13 @@ void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
                                    QPainter* painter, const QWidget* widget) const {
   if (control == CC_GroupBox) {
     paintCard(*painter, *option);
-    return paintTitle(*painter, *option, titleOf(option), titleFont(widget),
-                      subControlRect(control, option, SC_GroupBoxLabel, widget));
+    return paintTitle(*painter, titleOf(*option), subControlRect(control, option, SC_GroupBoxLabel, widget));
   }
   if (control == CC_ScrollBar) {
     QProxyStyle::drawComplexControl(control, option, painter, widget);
     return paintHandle(*painter, *option, subControlRect(control, option, SC_ScrollBarSlider, widget));
   }
-  const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
-  if (control == CC_ComboBox && combo != nullptr)
+  if (const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option))
     return paintSelector(*painter, *combo, subControlRect(control, option, SC_ComboBoxArrow, widget));
   QProxyStyle::drawComplexControl(control, option, painter, widget);
 }

@@ -108,9 +108,8 @@ bool framed(const QStyleOption* option) {
   return frame != nullptr && frame->lineWidth > 0;
 }
 
-QString titleOf(const QStyleOption* option) {
-  const auto* group = qstyleoption_cast<const QStyleOptionGroupBox*>(option);
-  return group == nullptr ? QString() : group->text;
+QString titleOf(const QStyleOption& group) {
+  return static_cast<const QStyleOptionGroupBox&>(group).text;
 }
 
 QFont bold(QFont font) {
@@ -118,8 +117,8 @@ QFont bold(QFont font) {
   return font;
 }
 
-QFont titleFont(const QWidget* group) {
-  return bold(group == nullptr ? QApplication::font() : group->font());
+QFont titleFont() {
+  return bold(QApplication::font());
 }
 
 QColor readableHighlight(const QPalette& palette, QPalette::ColorGroup group) {
@@ -182,11 +181,8 @@ void paintOutline(QPainter& painter, const QStyleOption& option) {
 }
 
 void paintHandle(QPainter& painter, const QStyleOption& option, const QRect& place) {
-  painter.save();
   painter.setPen(outline(option.palette, kFieldLine));
-  painter.setBrush(Qt::NoBrush);
   painter.drawRect(place.adjusted(0, 0, -1, -1));
-  painter.restore();
 }
 
 void paintHeading(QPainter& painter, const QStyleOption& option) {
@@ -196,13 +192,9 @@ void paintHeading(QPainter& painter, const QStyleOption& option) {
                    outline(palette, kCardLine));
 }
 
-void paintTitle(QPainter& painter, const QStyleOption& option, const QString& title, const QFont& font,
-                const QRect& place) {
-  painter.save();
-  painter.setFont(font);
-  painter.setPen(option.palette.color(QPalette::WindowText));
+void paintTitle(QPainter& painter, const QString& title, const QRect& place) {
+  painter.setFont(titleFont());
   painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, title);
-  painter.restore();
 }
 
 void paintCheckBox(QPainter& painter, const QStyleOption& option) {

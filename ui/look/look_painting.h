@@ -23,11 +23,11 @@ bool hasLook(const QWidget* widget, const char* look);
 /// Whether an option's field has a frame of its own (the field inside a drop-down has none).
 bool framed(const QStyleOption* option);
 /// The title of a group box' option.
-QString titleOf(const QStyleOption* option);
+QString titleOf(const QStyleOption& group);
 /// The font in bold.
 QFont bold(QFont font);
 /// The bold font of a group's title.
-QFont titleFont(const QWidget* group);
+QFont titleFont();
 /// Text that steps back behind the rest and can still be read on every palette.
 QColor quietText(const QPalette& palette);
 
@@ -40,8 +40,7 @@ void paintKeyboardsPlace(QPainter& painter, const QStyleOption& option);
 /// The edge of a scroll bar's handle, which is as black as its groove on a desktop of high contrast.
 void paintHandle(QPainter& painter, const QStyleOption& option, const QRect& place);
 void paintHeading(QPainter& painter, const QStyleOption& option);
-void paintTitle(QPainter& painter, const QStyleOption& option, const QString& title, const QFont& font,
-                const QRect& place);
+void paintTitle(QPainter& painter, const QString& title, const QRect& place);
 void paintCheckBox(QPainter& painter, const QStyleOption& option);
 void paintRadioButton(QPainter& painter, const QStyleOption& option);
 void paintSelector(QPainter& painter, const QStyleOptionComboBox& option, const QRect& arrow);

@@ -98,7 +98,7 @@ void ReadingCue::showDoubt(const std::optional<core::ReadingDoubt>& doubt) {
 // On the line of the title, which has the room, so that nothing moves while a person types.
 void ReadingCue::place() {
   const QRect line = titleLine(frame_);
-  const int title = QFontMetrics(titleFont(&frame_)).horizontalAdvance(frame_.title());
+  const int title = QFontMetrics(titleFont()).horizontalAdvance(frame_.title());
   const int left = line.left() + title + 2 * gridStep();
   const int width = std::min(cue_.sizeHint().width(), line.right() - left);
   cue_.setGeometry(left, line.top(), width, line.height());

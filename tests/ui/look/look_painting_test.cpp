@@ -97,8 +97,9 @@ QImage radioButton(QStyle::State state) {
   return painted(option, [&](QPainter& painter) { paintRadioButton(painter, option); });
 }
 
-QImage selector(QStyle::State state) {
-  const auto option = optionIn<QStyleOptionComboBox>(state);
+QImage selector(QStyle::State state, bool isEditable = false) {
+  auto option = optionIn<QStyleOptionComboBox>(state);
+  option.editable = isEditable;
   return painted(option, [&](QPainter& painter) { paintSelector(painter, option, QRect(40, 0, 20, 24)); });
 }
 
@@ -187,6 +188,15 @@ class LookPaintingTest : public QObject {
     QVERIFY(nearestTo(QColor(168, 138, 156), plain, QRect(46, 8, 9, 8)) < 60);
     QVERIFY(nearestTo(kButtonText, plain, QRect(46, 8, 9, 8)) > 160);
   }
+
+  // An editable one has the surface of a field.
+  void anArrowHasTheColourOfTheTextOnItsSurface() {
+    const QRect arrow(46, 8, 9, 8);
+    QVERIFY(nearestTo(kButtonText, selector(QStyle::State_Enabled), arrow) < 10);
+    QVERIFY(nearestTo(kText, selector(QStyle::State_Enabled, true), arrow) < 10);
+  }
+
+  void aPartWithoutAWidgetHasNoLook() { QVERIFY(!hasLook(nullptr, "card")); }
 
   void theLineAroundARowOrAListIsItsOutermostPixels() {
     const auto option = optionIn(QStyle::State_Enabled);
