@@ -79,7 +79,6 @@ void figy::prepareFields() {
   QSizePolicy keepsItsPlace = ui_->Label3->sizePolicy();
   keepsItsPlace.setRetainSizeWhenHidden(true);
   ui_->Label3->setSizePolicy(keepsItsPlace);
-  ui_->Label3->hide();
   ui_->DTPMikor->setDate(toQt(context_.clock.today()));
 }
 

@@ -57,7 +57,6 @@ frmGumik::frmGumik(Context& context, const QString& plate, const QStringList& pl
       ui_(std::make_unique<Ui::frmGumik>()),
       tyres_(context.files, context.folders) {
   ui_->setupUi(this);
-  ui_->frameGumiModosit->hide();
   new_ = {.type = ui_->txtGumiTipusa,
           .size = ui_->txtGumiMeret,
           .maxKm = ui_->txtGumiMaxKm,

@@ -87,6 +87,16 @@ class ImportPreviewTest : public test::ImportTest {
     QVERIFY(!csv.desk.program.has("Gumik.dat"));
   }
 
+  void enterOnTheTakingButtonTakesNothing() {
+    Import csv;
+    BoxScript none;
+    QVERIFY(!csv.read(kForintLog, [](Preview& preview) {
+      button(preview)->setFocus();
+      QTest::keyClick(button(preview), Qt::Key_Return);
+      preview.reject();
+    }));
+  }
+
   // 70.5 litres for 42,300 Ft: 600 Ft a litre; without the first fill 30 litres over 500 km.
   void oneLineSaysWhatWillComeOfItBesideTheLogbook() {
     Import csv;

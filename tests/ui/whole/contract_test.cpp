@@ -68,9 +68,8 @@ QString kindOf(const QWidget& part) {
   if (part.objectName().startsWith("Frm")) return QStringLiteral("panel");
   if (part.objectName() == "menubar") return QStringLiteral("menu");
   const bool isNamed = !part.objectName().isEmpty() && !part.objectName().startsWith("qt_");
-  const bool isArea =
-      isNamed && (part.metaObject() == &QWidget::staticMetaObject ||
-                  part.metaObject() == &QFrame::staticMetaObject || part.objectName().endsWith("Band"));
+  const QByteArray type = part.metaObject()->className();
+  const bool isArea = isNamed && (type == "QWidget" || type == "QFrame" || type.startsWith("tarvik::"));
   return isArea ? QStringLiteral("area") : QString();
 }
 
