@@ -42,10 +42,17 @@ QList<double> withGaps(QList<double> values, int every) {
 
 QList<Shown> series() {
   const QString costs = QStringLiteral("Havi tankolási költség");
-  const QString cut = QStringLiteral("Az átlagfogyasztás alakulása a gépkocsi megvásárlása óta, tankolásonként");
+  const QString cut =
+      QStringLiteral("Az átlagfogyasztás alakulása a gépkocsi megvásárlása óta, tankolásonként");
   return {
       {360, costs, QStringLiteral("Ft"), monthLabels(11), waves(11), 5, 3},
-      {220, costs, QStringLiteral("Ft"), monthLabels(8), {3000, -1500, 0, qQNaN(), 4000, 3500, -700, -2500}, 7, 5},
+      {220,
+       costs,
+       QStringLiteral("Ft"),
+       monthLabels(8),
+       {3000, -1500, 0, qQNaN(), 4000, 3500, -700, -2500},
+       7,
+       5},
       {190, cut, QStringLiteral("liter / 100 km"), longLabels(1), {7.63}},
       {190, costs, QString(), {}, {}},
       {190, costs, QStringLiteral("km"), longLabels(3), {-0.0035, -0.0095, -0.006}, 0, 2},
@@ -56,7 +63,8 @@ QList<Shown> series() {
 
 void hover(ui::ChartView& chart, int row) {
   const QPointF place = chart.pointRect(row).center();
-  QMouseEvent move(QEvent::MouseMove, place, chart.mapToGlobal(place), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+  QMouseEvent move(QEvent::MouseMove, place, chart.mapToGlobal(place), Qt::NoButton, Qt::NoButton,
+                   Qt::NoModifier);
   QCoreApplication::sendEvent(&chart, &move);
   QToolTip::hideText();
 }

@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""photograph.py BUILD OUT: puts a picture of every screen and state into OUT/100 and OUT/200."""
+"""photograph.py BUILD OUT: puts a picture of every screen and state into OUT/100 and OUT/200, and of those
+that are put together otherwise where the display is low into OUT/low."""
 
 import os
 import pathlib
@@ -13,6 +14,7 @@ sys.path.insert(0, str(HERE.parent / "outside"))
 from desktop import Desktop  # noqa: E402
 
 SCREEN = (1920, 1080)
+LOW_SCREEN = (1366, 728)
 DAY = "2026.03.25."
 # All scenes once; of the other letters, colours and scale as many that each style element is seen there.
 KINDS = {
@@ -29,9 +31,9 @@ KINDS = {
 }
 
 
-def photograph(build, out, scale):
-    """Pictures at one scale, on a display that has room for the same at every scale."""
-    desktop = Desktop(size=[side * scale for side in SCREEN])
+def photograph(build, out, kinds, size, scale=1):
+    """Pictures at one scale, on a display of that size."""
+    desktop = Desktop(size=[side * scale for side in size])
     household, empty = desktop.scratch / "household", desktop.scratch / "empty"
     household.mkdir()
     empty.mkdir()
@@ -39,7 +41,7 @@ def photograph(build, out, scale):
     subprocess.run([build / "tools/demo/tarvik_make_demo", log, household, DAY], check=True)
     environment = dict(os.environ, QT_SCALE_FACTOR=str(scale), FONTCONFIG_FILE=str(HERE / "fonts.conf"))
     del environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"]
-    command = [build / "tests/looks/tarvik_looks", household, empty, out / str(100 * scale), *KINDS[scale]]
+    command = [build / "tests/looks/tarvik_looks", household, empty, out, *kinds]
     subprocess.run(command, env=environment, check=True)
     desktop.end()
 
@@ -47,8 +49,9 @@ def photograph(build, out, scale):
 def main():
     build, out = (pathlib.Path(argument).resolve() for argument in sys.argv[1:])
     shutil.rmtree(out, ignore_errors=True)
-    for scale in KINDS:
-        photograph(build, out, scale)
+    for scale, kinds in KINDS.items():
+        photograph(build, out / str(100 * scale), kinds, SCREEN, scale)
+    photograph(build, out / "low", ["9-light:main-row,chart-2d-bars"], LOW_SCREEN)
 
 
 main()

@@ -20,6 +20,7 @@
 #include "settings/vehicles.h"
 #include "tests/looks/gallery.h"
 #include "tests/support/fixed_clock.h"
+#include "ui/exchange/import_preview.h"
 #include "ui/main/frmTarvik.h"
 #include "ui/print/page_painter.h"
 #include "ui/windows/riaszt.h"
@@ -85,6 +86,7 @@ class Stage {
     restTimer();
   }
   void shootKmAlert(const char* name);
+  void shootImport(const char* name);
   void showChart(const char* option, const char* type);
   void hideChart() { press("cmdGrafikon"); }
 
@@ -121,6 +123,25 @@ void Stage::shootKmAlert(const char* name) {
     return;
   }
   qFatal("no car of the household has a passed reminder");
+}
+
+// A file in gallons and euros of two cars, with a reading that falls, a fill-up that is odd, two rows that
+// are none and a column that nobody knows; whose gallons they are is still asked.
+void Stage::shootImport(const char* name) {
+  const QByteArray file =
+      "Car;Date;Odometer;Gallons;Total (EUR);Notes;Colour\n"
+      "KLM456;2014.01.31.;181000;10,5;61,4;motorway;red\n"
+      "KLM456;2014.02.14.;181600;9,25;55;;\n"
+      "KLM456;2014.02.14.;180600;9;55;typed twice?;blue\n"
+      "KLM456;2014.03.20.;182200;90;540;;\n"
+      "KLM456;soon;182900;10;60;;\n"
+      "OLD111;2014.03.21.;99000;8;44;another car;\n"
+      ";;;;;;\n";
+  camera_.shootOpened(QString::fromUtf8(name), [&] {
+    ui::ImportPreview(context_, {.name = "log.csv", .bytes = file, .plate = kPlate, .logbook = logbook()},
+                      &screen_)
+        .exec();
+  });
 }
 
 void Stage::showChart(const char* option, const char* type) {
@@ -180,6 +201,7 @@ void photographScreens(Stage& stage) {
   stage.withOpenedByMenu("mnuSzerviz",
                          [&](QWidget& screen) { stage.camera().shoot(screen, QStringLiteral("repairs")); });
   stage.shootKmAlert("alert-km");
+  stage.shootImport("import");
 }
 
 void photographBoxes(Stage& stage) {
