@@ -4,6 +4,7 @@
 
 #include "tests/reminders/builders.h"
 #include "tests/ui/support.h"
+#include "ui/lists/list_delegate.h"
 #include "ui/lists/list_view.h"
 
 namespace tarvik::test {
@@ -42,6 +43,11 @@ inline QStringList rowsOf(const ui::ListView& view) {
   QStringList rows;
   for (int row = 0; row < view.model()->rowCount(); ++row) rows << rowText(*view.model(), row);
   return rows;
+}
+
+/// The record that a list marks as one that was not there before.
+inline QString markedIn(const ui::ListView& view) {
+  return qobject_cast<ui::ListDelegate*>(view.itemDelegate())->marked();
 }
 
 /// A text as the lists show it, padded to the width of the records' text.

@@ -51,7 +51,6 @@ ChartPanel::ChartPanel(Context& context, ChartSources sources, QWidget* parent)
       ui_(std::make_unique<Ui::FrmGrafikon>()) {
   ui_->setupUi(this);
   for (const NamedType& type : kTypes) ui_->Combo2->addItem(QString::fromUtf8(type.name));
-  ui_->Combo2->setCurrentIndex(kFirstType);
   makeFigureFields({ui_->txtGrafDb}, QStringLiteral("99999"));
   makeAccessible(*this);
   takeOutOfUse(*ui_->Check2);
@@ -65,7 +64,7 @@ ChartPanel::ChartPanel(Context& context, ChartSources sources, QWidget* parent)
   connect(ui_->MSChart1, &ChartView::pointSelected, this,
           [this](int, int row) { guarded(window(), [&] { describePoint(row); }); });
   onSignal(ui_->MSChart1, &ChartView::pictureWanted, this, &ChartPanel::savePicture);
-  setType(ui_->Combo2->currentIndex());
+  ui_->Combo2->setCurrentIndex(kFirstType);
 }
 
 ChartPanel::~ChartPanel() = default;
@@ -96,8 +95,6 @@ void ChartPanel::toggle(QPushButton& button, QPoint mainTopLeft) {
 void ChartPanel::showChart(int choice) {
   draw(choice, logbook());
   show();
-  raise();
-  ui_->MSChart1->raise();
   seenLast_ = choice;
   const bool scrolls = choice == charts::kConsumptions;
   ui_->chkGrafikon->setVisible(scrolls);
@@ -204,7 +201,6 @@ bool ChartPanel::eventFilter(QObject* watched, QEvent* event) {
 
 void ChartPanel::setType(int index) {
   if (index >= 0) ui_->MSChart1->setChartType(static_cast<int>(kTypes[static_cast<std::size_t>(index)].type));
-  ui_->MSChart1->update();
 }
 
 void ChartPanel::describePoint(int row) {

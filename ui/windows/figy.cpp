@@ -10,7 +10,6 @@
 #include "ui/exchange/csv_files.h"
 #include "ui/lists/list_menu.h"
 #include "ui/lists/list_tables.h"
-#include "ui/look/access.h"
 #include "ui/look/dialog_parts.h"
 #include "ui/look/enter_key.h"
 #include "ui/look/figure_fields.h"
@@ -54,7 +53,6 @@ figy::figy(Context& context, QString plate, QWidget* parent)
             .choose = &figy::chooseDate,
             .csvName = QStringLiteral("figyelmeztetesek_datum"),
             .csv = &dateRemindersCsv};
-  makeAccessible(*this);
   addClosingMenu(*this, ui_->mnu_bezar);
   prepareFields();
   prepareTab(km_);

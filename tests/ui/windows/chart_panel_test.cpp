@@ -104,8 +104,18 @@ class ChartPanelTest : public QObject {
     }
   }
 
+  void withoutACarItSaysThatNoneIsChosen() {
+    Screen screen;
+    screen.plate.clear();
+    screen.choose(2);
+    const auto* line = screen.control<QLabel>("lbGrafikon");
+    QCOMPARE(line->text(), "Nincs kiválasztva rendszám");
+    QCOMPARE(line->toolTip(), line->text());
+  }
+
   void startsWithTheLatestFiftyAndTheScrollRangeRight() {
     Screen screen(numbered(120), 1);
+    QCOMPARE(screen.scrollBar()->pageStep(), 50);
     test::typeInto(*screen.count(), "20");
     QCOMPARE(screen.scrollBar()->pageStep(), 20);
     test::press(*screen.limit());

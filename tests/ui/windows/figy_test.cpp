@@ -218,6 +218,15 @@ class FigyTest : public QObject {
     QVERIFY(!figy.button("cmdDel2")->isEnabled());
   }
 
+  void aRowThatCannotBeReadIsNotChosen() {
+    const Figy figy({.km = {kmReminder(1, 2, "Olaj", "A")}});
+    std::filesystem::remove(figy.current / "figyel.dat");
+    figy.current.makeFolder("figyel.dat");
+    const test::BoxScript boxes({QMessageBox::Ok});
+    clickRow(figy.kmList(), 0);
+    QVERIFY(!figy.kmList().currentIndex().isValid());
+  }
+
   // A reminder whose text is taken away is out of the list and still the chosen one.
   void aClickOnThePlaceholderLeavesTheDeletionOffered() {
     Figy figy({.km = {kmReminder(1, 2, "Olaj", "ABC-123")}});
@@ -349,6 +358,7 @@ class FigyTest : public QObject {
     QTest::keyClick(&figy.dateList(), Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(part<QTabWidget>(figy.screen, "SSTab1")->currentIndex(), 0);
     QCOMPARE(rowsOf(figy.kmList()).size(), 2);
+    QCOMPARE(test::markedIn(figy.kmList()), "1");
     QCOMPARE(figy.context.state.selectedReminder, 0);
     QVERIFY(!figy.button("cmdDel2")->isEnabled());
     figy.openTab(1);

@@ -75,11 +75,18 @@ class FrmDatumFigyelmeztetesTest : public QObject {
     clickRow(alert.list(), 0);
     QCOMPARE(alert.details(), (QStringList{"2013.07.19.", shownText("Műszaki"), "2013.06.01", "ABC-123",
                                            "14 nap múlva esedékes!"}));
+    QCOMPARE(part<QLabel>(alert.screen, "lbSzoveg")->accessibleDescription(), "Műszaki");
   }
 
   void aClickOnAnOverdueOneKeepsTheMinusSign() {
     const Alert alert;
+    const auto colour = [&] {
+      return part<QLabel>(alert.screen, "lbNapok")->palette().color(QPalette::WindowText);
+    };
+    clickRow(alert.list(), 0);
+    const QColor usual = colour();
     clickRow(alert.list(), 2);
+    QVERIFY(colour() != usual);
     QCOMPARE(alert.details(),
              (QStringList{"2013.07.02.", shownText(""), "2013.06.01", "DEF-456", "-3 nappal túllépve!!!!"}));
   }
@@ -132,6 +139,7 @@ class FrmDatumFigyelmeztetesTest : public QObject {
     QCOMPARE(rowsOf(alert.list()), QStringList({"2013.07.05.|" + shownText("Adó") + "|DEF-456   |1",
                                                 "2013.07.19.|" + shownText("Műszaki") + "|ABC-123   |2"}));
     QCOMPARE(alert.details(), QStringList({"", "", "", "", ""}));
+    QCOMPARE(test::markedIn(alert.list()), "2");
   }
 
   void anOverdueRowSaysSoWithoutBeingClicked() {
@@ -158,7 +166,7 @@ class FrmDatumFigyelmeztetesTest : public QObject {
             alert.list().visualRect(date).width());
   }
 
-  void aRefusedDeletionEmptiesTheDetails() {
+  void aRefusedDeletionEmptiesTheDetailsAndForgetsWhatWasChosen() {
     const Alert alert;
     clickRow(alert.list(), 1);
     alert.storeDates({kFar, kSoon});
@@ -167,6 +175,8 @@ class FrmDatumFigyelmeztetesTest : public QObject {
     QVERIFY(alert.screen.isVisible());
     QCOMPARE(alert.details(), (QStringList{"", "", "", "", ""}));
     QCOMPARE(rowsOf(alert.list()).size(), 1);
+    alert.deleteAndAnswer(QMessageBox::Yes);
+    QCOMPARE(alert.storedDates(), fileOf({kFar, kSoon}));
   }
 
   void command1ClosesWithoutAChange() {

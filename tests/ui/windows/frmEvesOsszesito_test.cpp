@@ -71,6 +71,12 @@ class FrmEvesOsszesitoTest : public QObject {
     QVERIFY(!years.list().model()->index(2, 0).data(Qt::CheckStateRole).isValid());
   }
 
+  void aClickedYearIsChosen() {
+    Years years;
+    test::clickRow(years.list(), 1);
+    QCOMPARE(years.list().currentIndex().row(), 1);
+  }
+
   void allColumnsAndTenYearsAreInSight() {
     Years years;
     QVERIFY(!years.list().horizontalScrollBar()->isVisible());

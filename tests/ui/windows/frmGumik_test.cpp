@@ -136,6 +136,16 @@ class frmGumikTest : public QObject {
     QVERIFY(!tyres.isEnabled("cmdGumiFel") && tyres.isEnabled("cmdGumiLe"));
   }
 
+  void anOpenChangeGoesWhenAnotherCarsSetComesBack() {
+    Tyres tyres({setOf("ABC-123", "a"), setOf("DEF-456", "b")});
+    tyres.clickRow(0);
+    tyres.press("cmdGumiModositKeret");
+    emit tyres.context.news.travelled(
+        {.name = "törlés",
+         .files = {{.path = tyres.program / "Gumik.dat", .recordLength = TyreSet::kLength}}});
+    QVERIFY(!tyres.isChangeOpen());
+  }
+
   void openingTheChangeFrameGoesIntoItAndCancellingComesBack() {
     Tyres tyres({setOf("ABC-123", "a")});
     tyres.clickRow(0);

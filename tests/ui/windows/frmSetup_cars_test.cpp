@@ -152,6 +152,7 @@ class SettingsCarsTest : public QObject {
     setup.clickRow("List1", 1);
     setup.press("cmdRendszamDel");
     QCOMPARE(setup.rows("List1"), QStringList({"ABC123  "}));
+    QCOMPARE(setup.screen.focusWidget()->objectName(), "List1");
     QCOMPARE(part<QLabel>(setup.screen, "lbTortent")->text(), "Törölve: ŐŰ-456 – visszavonás: Ctrl+Z");
     setup.add("DEF456", "50");
     QCOMPARE(setup.rows("List1"), QStringList({"ABC123   - 45", "DEF456   - 50"}));

@@ -3,11 +3,13 @@
 #include <QListWidget>
 #include <cerrno>
 
+#include "tests/core/entries.h"
 #include "tests/support/forwarding_file_system.h"
 #include "tests/ui/next_dialog.h"
 #include "tests/ui/screen_test.h"
 #include "tests/ui/support.h"
 #include "ui/base/text.h"
+#include "ui/lists/list_view.h"
 
 namespace tarvik::ui {
 namespace {
@@ -75,6 +77,25 @@ class RestorePaneTest : public QObject {
     });
     QVERIFY(isOffered);
     QVERIFY(!desk.current.has("alkatr.dat"));
+  }
+
+  void aClickedRowOfACopysLogIsChosen() {
+    test::Desk desk;
+    desk.writeLogbook("Mentések/2013-07-01/ABC-123", {test::fuelling({2013, 6, 1}, 10'000, 300'000, true)});
+    int chosen = -1;
+    test::onNextDialog<QDialog>([&](QDialog& screen) {
+      test::part<QListWidget>(screen, "listKulonbsegek")->setCurrentRow(0);
+      test::onNextDialog<QDialog>([&](QDialog& log) {
+        auto* const list = test::part<ListView>(log, "ListViewMentes");
+        test::clickRow(*list, 0);
+        chosen = list->currentIndex().row();
+        log.close();
+      });
+      test::press(*test::part<QPushButton>(screen, "cmdMentesNezet"));
+      screen.close();
+    });
+    openRestoreScreen(desk.context, nullptr);
+    QCOMPARE(chosen, 0);
   }
 
   void whatCameBackAndWhatDidNotIsToldWhereTheDiskFailsHalfWay() {
