@@ -54,8 +54,8 @@ class ArrowsCheck : public QObject {
         option_->parentWidget()->findChildren<QRadioButton*>(QString(), Qt::FindDirectChildrenOnly);
     const bool isAnyChecked = std::ranges::any_of(group, &QRadioButton::isChecked);
     const qsizetype wanted = group.indexOf(option_) + (isAnyChecked ? step : 0);
-    QRadioButton* const next = group[qBound(0, wanted, group.size() - 1)];
-    next->setFocus(step < 0 ? Qt::BacktabFocusReason : Qt::TabFocusReason);
+    QRadioButton* const next = group.value(wanted, option_);
+    next->setFocus(step == -1 ? Qt::BacktabFocusReason : Qt::TabFocusReason);
     next->click();
     return true;
   }
@@ -114,7 +114,6 @@ void openWithF10(QMenuBar& menu) {
 // Assistive tools are told of a parent's windows in another place than of its parts, and only of open ones.
 void takeOutOfUse(QWidget& control) {
   control.setWindowFlag(Qt::Window);
-  control.hide();
 }
 
 }  // namespace tarvik::ui

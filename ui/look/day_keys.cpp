@@ -11,8 +11,7 @@ bool isTyped(const QKeyEvent& event) {
 }
 
 bool mayRunCommand(const QKeyEvent& event) {
-  const bool isEnter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-  return !event.isAccepted() && (isEnter || (event.modifiers() & Qt::AltModifier));
+  return !event.isAccepted() && (event.modifiers() & Qt::AltModifier);
 }
 
 bool endsPart(const QString& keys) {

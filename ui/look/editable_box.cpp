@@ -1,6 +1,5 @@
 #include "ui/look/editable_box.h"
 
-#include <QCompleter>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
@@ -24,10 +23,8 @@ qsizetype spacesAtEnd(const QString& text) {
 
 }  // namespace
 
-// A field without a completer would get one over all texts of the box, which is slower than the box itself.
 EditableBox::EditableBox(QWidget* parent) : QComboBox(parent) {
   auto* field = new QLineEdit(this);
-  field->setCompleter(new QCompleter(field));
   setLineEdit(field);
   setCompleter(nullptr);
   connect(field, &QLineEdit::textEdited, this, &EditableBox::followEdit);
@@ -43,7 +40,6 @@ void EditableBox::keyPressEvent(QKeyEvent* event) {
   if (item < 0 || item >= count()) return;
   setCurrentIndex(item);
   emit activated(item);
-  emit textActivated(itemText(item));
 }
 
 // Of equal items the one that was chosen.
@@ -81,7 +77,7 @@ void EditableBox::followText(const QString& text) {
 void EditableBox::keepCursorFromPadding() {
   const int behindLetters = static_cast<int>(length_ - padding_);
   if (padding_ == 0 || isEdited_ || lineEdit()->hasSelectedText()) return;
-  if (lineEdit()->cursorPosition() > behindLetters) lineEdit()->setCursorPosition(behindLetters);
+  lineEdit()->setCursorPosition(std::min(lineEdit()->cursorPosition(), behindLetters));
 }
 
 }  // namespace tarvik::ui

@@ -37,12 +37,6 @@ QList<QRadioButton*> optionsBeside(const QWidget& part) {
   return part.parentWidget()->findChildren<QRadioButton*>(QString(), Qt::FindDirectChildrenOnly);
 }
 
-bool isSameField(const QWidget& one, const QWidget& other) {
-  for (const QRadioButton* option : optionsBeside(one))
-    if (option == &other) return true;
-  return false;
-}
-
 // Of options the checked one has the keyboard.
 void goTo(QWidget& part) {
   QWidget* goal = &part;
@@ -59,16 +53,11 @@ class EnterKey : public QObject {
  public:
   explicit EnterKey(QWidget& screen) : QObject(&screen), screen_(screen) {
     screen.installEventFilter(this);
-    for (QPushButton* button : screen.findChildren<QPushButton*>()) {
-      button->setAutoDefault(false);
-      button->setDefault(false);
-      button->installEventFilter(this);
-    }
+    for (QPushButton* button : screen.findChildren<QPushButton*>()) button->setAutoDefault(false);
   }
 
   bool eventFilter(QObject*, QEvent* event) override {
     if (event->type() != QEvent::KeyPress || !isEnter(*static_cast<QKeyEvent*>(event))) return false;
-    event->accept();
     QWidget* const here = screen_.focusWidget();
     if (here != nullptr && !static_cast<QKeyEvent*>(event)->isAutoRepeat()) pressedOn(*here);
     return true;
@@ -98,11 +87,12 @@ class EnterKey : public QObject {
     goTo(goal);
   }
 
-  // The order of the Tab key ends where it comes back to the window.
+  // The order of the Tab key ends where it comes back to the window. It passes the options beside one that
+  // has the keyboard.
   void goToNext(QWidget& here) const {
     for (QWidget* next = here.nextInFocusChain(); next != &here && next != &screen_;
          next = next->nextInFocusChain())
-      if (isField(*next) && canBeGoneTo(*next) && !isSameField(here, *next)) return goTo(*next);
+      if (isField(*next) && canBeGoneTo(*next)) return goTo(*next);
   }
 
   QWidget& screen_;

@@ -19,9 +19,6 @@ FittingArea::FittingArea(QWidget* contents, QWidget* parent) : QScrollArea(paren
   setFocusPolicy(Qt::NoFocus);
   contents->setAttribute(Qt::WA_Resized);  // the area would measure what has not its looks yet
   setWidget(contents);
-  contents->setAutoFillBackground(false);
-  viewport()->setAutoFillBackground(false);
-  contents->installEventFilter(this);
 }
 
 QSize FittingArea::sizeHint() const {

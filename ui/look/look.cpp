@@ -54,13 +54,10 @@ bool isMain(const QWidget* widget) {
   return widget != nullptr && isMainAction(*widget);
 }
 
-// The row of a list with the keyboard, which Qt fills with a tint of the highlight. A list of columns paints
-// it without naming itself.
-bool isRowNotChosen(const QStyleOption& option, const QWidget* widget) {
+// The row of a list with the keyboard, which Qt fills with a tint of the highlight.
+bool isRowNotChosen(const QStyleOption& option) {
   const auto* row = qstyleoption_cast<const QStyleOptionFocusRect*>(&option);
-  if (row == nullptr || (widget != nullptr && qobject_cast<const QAbstractItemView*>(widget) == nullptr))
-    return false;
-  return row->backgroundColor != row->palette.color(QPalette::Highlight);
+  return row != nullptr && row->backgroundColor != row->palette.color(QPalette::Highlight);
 }
 
 // A field that is made for one text is as wide as that text, whatever Qt guesses.
@@ -126,7 +123,6 @@ void LookStyle::polish(QWidget* widget) {
 
 // Not every desktop says how a hint in a field looks; it can be told from a text and still be read.
 void LookStyle::polish(QPalette& palette) {
-  QProxyStyle::polish(palette);
   for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
     QColor hint = palette.color(group, QPalette::Text);
     hint.setAlphaF(kHintStrength);
@@ -228,9 +224,12 @@ QRect LookStyle::subElementRect(SubElement element, const QStyleOption* option, 
 
 QRect LookStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
                                 const QWidget* widget) const {
-  if (control == CC_ComboBox && part == SC_ComboBoxEditField)
-    return QProxyStyle::subControlRect(control, option, part, widget).adjusted(gridStep() / 2 - 2, 0, 0, 0);
-  if (control != CC_GroupBox) return QProxyStyle::subControlRect(control, option, part, widget);
+  if (control != CC_GroupBox) {
+    QRect place = QProxyStyle::subControlRect(control, option, part, widget);
+    if (control == CC_ComboBox && part == SC_ComboBoxEditField)
+      place.setLeft(place.left() + gridStep() / 2 - 2);
+    return place;
+  }
   const QRect all = option->rect;
   const int top = gridStep() * 3 / 4;
   const int title = QFontMetrics(titleFont()).height();
@@ -257,7 +256,7 @@ void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
       return paintRadioButton(*painter, *option);
     case PE_FrameFocusRect:
       if (qobject_cast<const QAbstractButton*>(widget) != nullptr) return;  // its own line shows it
-      if (isRowNotChosen(*option, widget)) return paintKeyboardsPlace(*painter, *option);
+      if (isRowNotChosen(*option)) return paintKeyboardsPlace(*painter, *option);
       break;
     case PE_Frame:
       if (qobject_cast<const QAbstractItemView*>(widget) != nullptr) return paintOutline(*painter, *option);

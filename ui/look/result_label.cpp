@@ -22,15 +22,10 @@ QAccessibleInterface* resultInterface(const QString&, QObject* object) {
   return label ? new ResultAccessible(label) : nullptr;
 }
 
-void installResultAccessibility() {
-  static const bool installed = (QAccessible::installFactory(resultInterface), true);
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 ResultLabel::ResultLabel(QWidget* parent) : QLabel(parent) {
-  installResultAccessibility();
+  QAccessible::installFactory(resultInterface);
   setTextFormat(Qt::PlainText);
 }
 

@@ -89,7 +89,6 @@ UndoLine::UndoLine(Context& context, QWidget& screen, QBoxLayout& layout, Follow
       follow_(std::move(follow)),
       line_(new QLabel(&screen)) {
   line_->setObjectName(QStringLiteral("lbTortent"));
-  line_->setTextFormat(Qt::PlainText);
   line_->setWordWrap(true);
   line_->hide();
   layout.addWidget(line_);

@@ -1,13 +1,17 @@
 #include "ui/look/access.h"
 
+#include <QAccessible>
+#include <QDialog>
 #include <QFocusEvent>
 #include <QListWidget>
+#include <QMainWindow>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
 #include "tests/ui/by_hand.h"
 #include "tests/ui/dressed.h"
 #include "tests/ui/screen_test.h"
+#include "ui/look/dialog_parts.h"
 
 namespace tarvik::ui {
 namespace {
@@ -122,6 +126,65 @@ class AccessTest : public QObject {
       QCOMPARE(list->item(row)->data(Qt::AccessibleTextRole).toString(), row == 0 ? "Olaj" : "Gumi");
     QCOMPARE(list->item(0)->text(), "  Olaj      ");
     QCOMPARE(box->itemData(0, Qt::AccessibleTextRole).toString(), "ABC-123");
+  }
+
+  void aFieldThatCannotBeEditedIsToldAsAResult() {
+    QWidget screen;
+    QLineEdit field(&screen);
+    field.setReadOnly(true);
+    makeAccessible(screen);
+    QVERIFY(!QAccessible::queryAccessibleInterface(&field)->state().editable);
+  }
+
+  void F10GoesToTheMenuOfADialogAndItsFirstItemClosesIt() {
+    QDialog dialog;
+    new QVBoxLayout(&dialog);
+    QAction close("&Bezár");
+    QAction print("&Nyomtatás");
+    addClosingMenu(dialog, &close, {&print});
+    auto* const menu = qobject_cast<QMenuBar*>(dialog.layout()->menuBar());
+    QCOMPARE(menu->actions(), (QList{&close, &print}));
+    test::bringUp(dialog);
+    QTest::keyClick(&dialog, Qt::Key_F10);
+    QVERIFY(menu->hasFocus());
+    QCOMPARE(menu->activeAction(), &close);
+    close.trigger();
+    QVERIFY(!dialog.isVisible());
+  }
+
+  void theMenuGivesTheKeyboardBackWhenItsWindowComesToTheFrontAgain() {
+    QMainWindow window;
+    auto* const layout = new QVBoxLayout;
+    QLineEdit field;
+    QLineEdit other;
+    for (QLineEdit* part : {&field, &other}) layout->addWidget(part);
+    auto* const contents = new QWidget;
+    contents->setLayout(layout);
+    window.setCentralWidget(contents);
+    openWithF10(*window.menuBar());
+    test::bringUp(window);
+    const auto goAwayAndBack = [&window] {
+      QWidget screen;
+      test::bringUp(screen);
+      screen.close();
+      window.activateWindow();
+      return QTest::qWaitForWindowActive(&window);
+    };
+    QVERIFY(goAwayAndBack());
+    field.setFocus();
+    window.menuBar()->setFocus(Qt::MenuBarFocusReason);
+    QVERIFY(goAwayAndBack());
+    QVERIFY(field.hasFocus());
+    other.setFocus();
+    QVERIFY(goAwayAndBack());
+    QVERIFY(other.hasFocus());
+  }
+
+  void aLongTextOfAFieldIsShownFromItsBeginning() {
+    QLineEdit field;
+    fillField(&field, "egy hosszú szöveg");
+    QCOMPARE(field.text(), QString("egy hosszú szöveg"));
+    QCOMPARE(field.cursorPosition(), 0);
   }
 
   void whatIsTakenOutOfUseIsNoPartOfItsScreen() {

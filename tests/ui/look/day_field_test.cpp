@@ -324,6 +324,8 @@ class DayFieldTest : public QObject {
     QCOMPARE(bench.field.displayedSections(), QDateTimeEdit::YearSection | QDateTimeEdit::MonthSection);
     bench.field.setSelectedSection(QDateTimeEdit::MonthSection);
     QCOMPARE(bench.chosen(), "december");
+    bench.field.showUpTo(DayPart::Year);
+    QCOMPARE(bench.field.displayedSections(), QDateTimeEdit::YearSection);
   }
 
   void aTypedPartIsTakenBackLetterByLetter() {

@@ -1,3 +1,4 @@
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QComboBox>
 #include <QFrame>
@@ -6,6 +7,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScopeGuard>
+#include <QTest>
 #include <QVBoxLayout>
 
 #include "tests/ui/dressed.h"
@@ -13,12 +15,30 @@
 #include "ui/look/look.h"
 
 namespace tarvik::ui {
+namespace {
+
+// Whether nothing goes on by itself any more.
+bool isIdle() {
+  return QTest::qWaitFor(
+      [] { return !QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents); });
+}
+
+// Keeps from windows that there is a new font: Qt tells them nothing of a new one of the desktop.
+class Deaf : public QObject {
+ public:
+  bool eventFilter(QObject*, QEvent* event) override {
+    return event->type() == QEvent::ApplicationFontChange;
+  }
+};
+
+}  // namespace
 
 class DressTest : public QObject {
   Q_OBJECT
 
  private slots:
   void initTestCase() { test::dressOnce(); }
+  void init() { QVERIFY(isIdle()); }
 
   void aLargerFontReachesWhatWasMeasuredByTheOldOne() {
     const QFont before = QApplication::font();
@@ -39,10 +59,14 @@ class DressTest : public QObject {
     const int height = button.height();
     QFont larger = before;
     larger.setPointSizeF(before.pointSizeF() * 2);
+    Deaf deaf;
+    window.installEventFilter(&deaf);
     QApplication::setFont(larger);
+    window.removeEventFilter(&deaf);
     QTRY_VERIFY(heading.fontMetrics().height() > headline * 3 / 2);
     QTRY_VERIFY(result.minimumWidth() > width * 3 / 2);
     QTRY_VERIFY(button.height() > height * 3 / 2);
+    QVERIFY(isIdle());
     heading.setParent(nullptr);
   }
 
@@ -80,8 +104,10 @@ class DressTest : public QObject {
     const QPalette before = QApplication::palette();
     const auto back = qScopeGuard([&] { QApplication::setPalette(before); });
     QLineEdit overdue;
+    QLineEdit dimmed;
     showOverdue(overdue, true);
-    overdue.show();
+    showDimmed(dimmed, true);
+    for (QLineEdit* field : {&overdue, &dimmed}) field->show();
     QPalette dark = before;
     dark.setColor(QPalette::Base, Qt::black);
     dark.setColor(QPalette::Text, Qt::white);
@@ -89,6 +115,8 @@ class DressTest : public QObject {
     QApplication::setPalette(dark);
     QTRY_VERIFY(overdue.palette().color(QPalette::Text) != red);
     QCOMPARE(overdue.palette().color(QPalette::Text), overdueColour(QApplication::palette()));
+    QCOMPARE(dimmed.palette().color(QPalette::Text),
+             QApplication::palette().color(QPalette::PlaceholderText));
   }
 };
 

@@ -74,6 +74,10 @@ class EditableBoxTest : public QObject {
     test::typeInto(form.box, "Lampa");
     form.key(Qt::Key_Down);
     QCOMPARE(form.text(), fifty("OLAJ"));
+    form.box.setCurrentIndex(2);
+    form.box.setEditText("OLAJ");
+    form.key(Qt::Key_Down);
+    QCOMPARE(form.text(), fifty("SZURO"));
   }
 
   void ofEqualItemsTheChosenOneCounts() {
@@ -103,6 +107,15 @@ class EditableBoxTest : public QObject {
     }
     QTest::mouseClick(form.box.lineEdit(), Qt::LeftButton, {}, form.box.lineEdit()->rect().center());
     QCOMPARE(form.cursor(), 4);
+    form.key(Qt::Key_A, Qt::ControlModifier);
+    form.key(Qt::Key_End);
+    QCOMPARE(form.cursor(), 4);
+  }
+
+  void theCursorStandsBehindTheLastLetterOfATextThatIsAsLongAsTheOneBefore() {
+    Form form;
+    for (const char* text : {"ABC", "AB "}) form.box.setEditText(text);
+    QCOMPARE(form.cursor(), 2);
   }
 
   void typingTakesThePlaceOfThePadding() {
@@ -110,6 +123,8 @@ class EditableBoxTest : public QObject {
     form.key(Qt::Key_Down);
     test::typeKeys(form.box, " 10W");
     QCOMPARE(form.text(), fifty("OLAJ 10W"));
+    QCOMPARE(form.cursor(), 8);
+    form.key(Qt::Key_End);
     QCOMPARE(form.cursor(), 8);
     form.key(Qt::Key_Backspace);
     form.key(Qt::Key_Home);

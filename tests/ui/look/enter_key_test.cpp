@@ -96,6 +96,19 @@ class EnterKeyTest : public QObject {
     }
   }
 
+  void inTheLastFieldOfAllItStays() {
+    QDialog dialog;
+    auto* const column = new QVBoxLayout(&dialog);
+    QLineEdit first;
+    QLineEdit last;
+    for (QLineEdit* field : {&first, &last}) column->addWidget(field);
+    followEnterRule(dialog);
+    test::bringUp(dialog);
+    last.setFocus();
+    QTest::keyClick(&last, Qt::Key_Return);
+    QVERIFY(last.hasFocus());
+  }
+
   void ofOptionsItGoesToTheCheckedOne() {
     Form form;
     form.summer.setChecked(true);
