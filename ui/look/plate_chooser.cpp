@@ -26,15 +26,14 @@ bool isArrow(const QEvent& event) {
 
 PlateChooser::PlateChooser(QComboBox* box, std::function<void()> chosen)
     : QObject(box), box_(box), chosen_(std::move(chosen)) {
-  box->setCompleter(nullptr);
   box->installEventFilter(this);
   connect(box, &QComboBox::activated, this, [this] {
     if (!isTyped_) chosen_();
   });
 }
 
-bool PlateChooser::eventFilter(QObject* watched, QEvent* event) {
-  if (watched != box_ || isTyped_ || isStepping_) return false;
+bool PlateChooser::eventFilter(QObject*, QEvent* event) {
+  if (isTyped_ || isStepping_) return false;
   if (isArrow(*event)) return step(event);
   return endsEditing(*event) && handOn(event);
 }

@@ -29,11 +29,10 @@ QSize SideBySide::minimumSizeHint() const {
   return {width, layout()->minimumSize().height()};
 }
 
-void SideBySide::resizeEvent(QResizeEvent* event) {
+void SideBySide::resizeEvent(QResizeEvent*) {
   const bool isWide = width() >= wideWidth();
   static_cast<QBoxLayout*>(layout())->setDirection(isWide ? QBoxLayout::LeftToRight
                                                           : QBoxLayout::TopToBottom);
-  QWidget::resizeEvent(event);
 }
 
 }  // namespace tarvik::ui

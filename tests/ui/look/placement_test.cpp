@@ -153,8 +153,8 @@ class PlacementTest : public QObject {
     parts->setContentsMargins(0, 0, 0, 0);
     parts->setSpacing(7);
     parts->setSizeConstraint(QLayout::SetNoConstraint);
-    for (const int width : {100, 150, 80}) parts->addWidget(fixed(width, 30));
-    QCOMPARE(band.wideWidth(), 100 + 7 + 150 + 7 + 80);
+    for (const int width : {150, 100, 80}) parts->addWidget(fixed(width, 30));
+    QCOMPARE(band.wideWidth(), 150 + 7 + 100 + 7 + 80);
     QCOMPARE(band.minimumSizeHint(), QSize(150, 30));
     band.show();
     band.resize(band.wideWidth() - 1, 200);

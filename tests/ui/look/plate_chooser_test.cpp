@@ -53,10 +53,11 @@ class PlateChooserTest : public QObject {
     Form form([](Form& opened) { opened.other.setFocus(); });
     form.box.setEditText("DEF-456   ");
     form.box.setFocus();
-    QTest::keyClick(&form.box, Qt::Key_Down);
+    QTest::keyPress(&form.box, Qt::Key_Down);
     QCOMPARE(form.box.currentText(), QString("GHI-789 "));
     QVERIFY(form.box.hasFocus());
     QTest::keyClick(&form.box, Qt::Key_Up);
+    QCOMPARE(form.box.currentText(), QString("DEF-456 "));
     QTest::keyClick(&form.box, Qt::Key_Up);
     QCOMPARE(form.box.currentText(), QString("ABCD-123"));
     QTest::keyClick(&form.box, Qt::Key_Up);

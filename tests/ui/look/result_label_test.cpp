@@ -84,7 +84,7 @@ class ResultLabelTest : public QObject {
     field.setText("1 234 Ft.");
     field.setAccessibleName("Eddigi Költség");
     QAccessibleInterface& told = *QAccessible::queryAccessibleInterface(&field);
-    QVERIFY(told.state().readOnly);
+    QVERIFY(told.state().readOnly && told.state().selectableText);
     QVERIFY(!told.state().editable);
     QVERIFY(told.editableTextInterface() == nullptr);
     QCOMPARE(told.text(QAccessible::Name), QString("Eddigi Költség"));
@@ -94,20 +94,32 @@ class ResultLabelTest : public QObject {
   void itsTextIsReadAndSelected() {
     QLineEdit field;
     field.setReadOnly(true);
+    field.show();
     field.setText("1 234 Ft.");
     QAccessibleTextInterface& text = *QAccessible::queryAccessibleInterface(&field)->textInterface();
     QCOMPARE(text.characterCount(), 9);
     QCOMPARE(text.text(2, 5), QString("234"));
+    using Span = std::pair<int, int>;
+    const auto selection = [&text](int index) {
+      Span span{-1, -1};
+      text.selection(index, &span.first, &span.second);
+      return span;
+    };
     QCOMPARE(text.selectionCount(), 0);
+    QCOMPARE(selection(0), Span(0, 0));
     text.addSelection(2, 5);
     QCOMPARE(field.selectedText(), QString("234"));
-    int start = 0;
-    int end = 0;
-    text.selection(0, &start, &end);
-    QCOMPARE(start, 2);
-    QCOMPARE(end, 5);
+    QCOMPARE(text.selectionCount(), 1);
+    QCOMPARE(selection(0), Span(2, 5));
+    QCOMPARE(selection(1), Span(0, 0));
     text.removeSelection(0);
     QVERIFY(!field.hasSelectedText());
+    Span whole;
+    text.attributes(4, &whole.first, &whole.second);
+    QCOMPARE(whole, Span(0, 9));
+    QVERIFY(!text.characterRect(8).isEmpty() && text.characterRect(9).isEmpty());
+    text.scrollToSubstring(3, 5);
+    QCOMPARE(text.cursorPosition(), 3);
     text.setCursorPosition(4);
     QCOMPARE(text.cursorPosition(), 4);
   }
