@@ -99,9 +99,7 @@ RestorePane::RestorePane(Context& context, QWidget* parent)
   connect(lines_, &QListWidget::itemChanged, this, &RestorePane::enableButtons);
   onClick(this, look_, &RestorePane::lookAtLog);
   onClick(this, take_, &RestorePane::takeBack);
-  connect(&context_.news, &ChangeNews::travelled, this, [this] {
-    if (isVisible()) guarded(window(), [this] { compare(); });
-  });
+  connect(&context_.news, &ChangeNews::travelled, this, [this] { guarded(window(), [this] { compare(); }); });
 }
 
 void RestorePane::build() {

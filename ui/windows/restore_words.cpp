@@ -11,7 +11,6 @@ constexpr qsizetype kDayCharacters = 10;
 
 QString registerName(core::Register which) {
   static const QHash<core::Register, QString> names{
-      {core::Register::Entries, "napló"},
       {core::Register::Vehicles, "Gépkocsik"},
       {core::Register::PartNames, "Alkatrészek"},
       {core::Register::Notes, "Megjegyzések"},

@@ -79,6 +79,29 @@ class RestorePaneTest : public QObject {
     QVERIFY(!desk.current.has("alkatr.dat"));
   }
 
+  void whatIsTakenBackAndUndoneIsComparedAnewAndTheDaysOwnCopiesAreThere() {
+    Copy desk;
+    desk.current.write("megjegyz.dat", std::string(50, 'n'));
+    QStringList sets;
+    QStringList differences;
+    test::BoxScript boxes({QMessageBox::Yes});
+    desk.open([&](QDialog& screen) {
+      const auto* lines = test::part<QListWidget>(screen, "listKulonbsegek");
+      const auto note = [&] { differences << lines->item(lines->count() - 1)->text(); };
+      note();
+      test::press(*test::part<QPushButton>(screen, "cmdVisszaallit"));
+      note();
+      const auto* copies = test::part<QListWidget>(screen, "listMentesek");
+      for (int row = 0; row < copies->count(); ++row) sets << copies->item(row)->text();
+      sets << copies->currentItem()->text();
+      QTest::keyClick(&screen, Qt::Key_Z, Qt::ControlModifier);
+      note();
+    });
+    QCOMPARE(sets.join("/"), "2013.07.05. visszaállítás előtt/2013.07.05./2013.07.01./2013.07.01.");
+    QCOMPARE(differences, QStringList({"Alkatrészek: 1 bejegyzéssel több", "Alkatrészek: ugyanaz",
+                                       "Alkatrészek: 1 bejegyzéssel több"}));
+  }
+
   void aClickedRowOfACopysLogIsChosen() {
     test::Desk desk;
     desk.writeLogbook("Mentések/2013-07-01/ABC-123", {test::fuelling({2013, 6, 1}, 10'000, 300'000, true)});
@@ -104,7 +127,9 @@ class RestorePaneTest : public QObject {
     Context context{disk, desk.context.folders, desk.clock, "1.0.0"};
     const std::string notes(50, 'n');
     desk.current.write("megjegyz.dat", notes);
+    desk.program.write("Mentések/2013-07-01/rendsz.dat", std::string("ABC123  \x2D\x00", 10));
     desk.program.write("Mentések/2013-07-01/megjegyz.dat", std::string(50, 'x'));
+    desk.program.write("Mentések/2013-07-01/set.dat", std::string(12, ' '));
     test::BoxScript boxes({QMessageBox::Yes, QMessageBox::Ok});
     test::onNextDialog<QDialog>([&](QDialog& screen) {
       QTest::mouseClick(test::part<QPushButton>(screen, "cmdVisszaallit"), Qt::LeftButton);
@@ -114,9 +139,13 @@ class RestorePaneTest : public QObject {
     QCOMPARE(desk.current.read("alkatr.dat"), std::string(50, 'x'));
     QCOMPARE(desk.current.read("megjegyz.dat"), notes);
     QCOMPARE(boxes.seen.size(), 2);
+    QCOMPARE(boxes.seen[0].text,
+             "Biztos VISSZAÁLLÍTHATÓ\na(z) 2013.07.01. mentésből:\nGépkocsik, Alkatrészek, Megjegyzések, "
+             "Indulási beállítások ?");
     QCOMPARE(boxes.seen[1].text,
-             QStringLiteral("A fájl nem cserélhető le az új változatára:\n%1\n(a lemez hibát jelzett)\n\n"
-                            "Visszaállítva: Alkatrészek.\nElmaradt: Megjegyzések.")
+             QStringLiteral(
+                 "A fájl nem cserélhető le az új változatára:\n%1\n(a lemez hibát jelzett)\n\n"
+                 "Visszaállítva: Gépkocsik, Alkatrészek.\nElmaradt: Megjegyzések, Indulási beállítások.")
                  .arg(toQt(desk.current / "megjegyz.dat")));
   }
 };

@@ -153,6 +153,11 @@ class RiasztTest : public QObject {
     QCOMPARE(alert.lines(), (QStringList{line("Másé", 1), line("Olaj", 2), line("Fék", 4)}));
     QCOMPARE(alert.list()->currentRow(), 2);
     QCOMPARE(alert.context.state.alertSelection, 4);
+    alert.click(0);
+    alert.press();
+    alert.click(1);
+    QTest::keyClick(alert.list(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(alert.list()->currentRow(), 0);
   }
 
   void aDeletionThatCannotBeSavedIsTold() {
