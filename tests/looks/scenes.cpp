@@ -162,6 +162,10 @@ void photographMain(Stage& stage) {
   stage.press("opSzürö_1");
   stage.shoot("main-filter");
   stage.press("cmd_lista");
+  stage.part<QAction>("mnuKereses").trigger();
+  stage.type("txKereses", "olaj");
+  stage.shoot("main-search");
+  stage.press("cmdKeresesVege");
 }
 
 void photographCharts(Stage& stage) {
