@@ -1,6 +1,6 @@
 #include "tests/looks/chart_sheet.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QImage>
 #include <QMouseEvent>
 #include <QPixmap>
@@ -28,6 +28,14 @@ struct Shown {
   int hovered = 0;
 };
 
+// None of the colours and letters that a chart would have without its style.
+QPalette paperPalette() {
+  QPalette palette;
+  palette.setColor(QPalette::Base, QColor(0xff, 0xf8, 0xe4));
+  palette.setColor(QPalette::Text, QColor(0x30, 0x10, 0x50));
+  return palette;
+}
+
 QStringList longLabels(int count) {
   QStringList labels;
   for (int number = 1; number <= count; ++number)
@@ -45,7 +53,7 @@ QList<Shown> series() {
   const QString cut =
       QStringLiteral("Az átlagfogyasztás alakulása a gépkocsi megvásárlása óta, tankolásonként");
   return {
-      {360, costs, QStringLiteral("Ft"), monthLabels(11), waves(11), 5, 3},
+      {410, costs, QStringLiteral("Ft"), monthLabels(11), waves(11), 5, 3},
       {220,
        costs,
        QStringLiteral("Ft"),
@@ -55,8 +63,8 @@ QList<Shown> series() {
        5},
       {190, cut, QStringLiteral("liter / 100 km"), longLabels(1), {7.63}},
       {190, costs, QString(), {}, {}},
-      {190, costs, QStringLiteral("km"), longLabels(3), {-0.0035, -0.0095, -0.006}, 0, 2},
-      {190, costs, QStringLiteral("Ft"), dateLabels(60), withGaps(waves(60), 7), 0, 31},
+      {190, costs, QStringLiteral("km"), longLabels(3), {-0.0065, -0.0095, -0.007}, 0, 2},
+      {190, costs, QStringLiteral("Ft"), dateLabels(30), withGaps(waves(30), 7), 0, 17},
       {190, costs, QStringLiteral("Ft"), dateLabels(3000), waves(3000), 1501},
   };
 }
@@ -84,6 +92,8 @@ void addChart(QWidget& sheet, const QPoint& corner, int type, const Shown& shown
 
 void photographChartSheet(Camera& camera) {
   QWidget sheet;
+  sheet.setPalette(paperPalette());
+  sheet.setFont(QFont(QApplication::font().family(), 10));
   int top = 0;
   for (const Shown& shown : series()) {
     for (int type = 0; type < kTypes; ++type) addChart(sheet, {type * kWidth, top}, type, shown);

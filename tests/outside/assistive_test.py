@@ -99,8 +99,16 @@ class Assistive(unittest.TestCase):
         self.button("Grafikon megjelenítése")
         chooser = self.program.window("Grafikon választás")
         chooser.part("radio button", "Üzemanyag árak").press()
-        chooser.part("push button", "Megjelenít").press()
-        self.assertTrue(self.main.part("chart").name.startswith("Üzemanyag árak"))
+        news = ["object:property-change:accessible-name", "object:property-change:accessible-description"]
+        with Heard(*news, "object:state-changed:selected") as heard:
+            chooser.part("push button", "Megjelenít").press()
+            for kind in news:
+                heard.wait(lambda told, part, data: str(told).startswith(kind) and part.role == "chart", kind)
+            chart = self.main.part("chart")
+            self.assertTrue(chart.name.startswith("Üzemanyag árak"))
+            point = chart.children()[1]
+            point.press()
+            heard.wait(lambda told, part, data: part.name == point.name, "the chosen point")
         self.button("Grafikon elrejtése")
         wait_for(lambda: not self.main.has("chart"), "the chart to go")
 

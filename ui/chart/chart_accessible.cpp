@@ -16,7 +16,7 @@ class PointAccessible : public QAccessibleInterface, public QAccessibleActionInt
 
   bool isValid() const override { return chart_ && row_ <= chart_->rowCount(); }
   QObject* object() const override { return nullptr; }
-  QWindow* window() const override { return parent() ? parent()->window() : nullptr; }
+  QWindow* window() const override { return parent()->window(); }
   QAccessible::Role role() const override { return QAccessible::ListItem; }
   QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(chart_); }
   QAccessibleInterface* child(int) const override { return nullptr; }
@@ -109,12 +109,9 @@ QAccessibleInterface* chartInterface(const QString&, QObject* object) {
 
 }  // namespace
 
+// Qt keeps a factory once, however often it is told.
 void installChartAccessibility() {
-  static const bool installed = [] {
-    QAccessible::installFactory(chartInterface);
-    return true;
-  }();
-  static_cast<void>(installed);
+  QAccessible::installFactory(chartInterface);
 }
 
 }  // namespace tarvik::ui

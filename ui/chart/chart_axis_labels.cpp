@@ -33,7 +33,7 @@ double widestOf(const QStringList& labels, const QFontMetricsF& metrics) {
 
 // Distances that people count in: months of quarters, half years and years among them.
 int readableDistance(double smallest) {
-  for (const int distance : {1, 2, 3, 4, 6, 8, 10, 12, 15, 18, 24, 30, 36, 48, 60}) {
+  for (const int distance : {2, 3, 4, 6, 8, 10, 12, 15, 18, 24, 30, 36, 48, 60}) {
     if (distance >= smallest) return distance;
   }
   return static_cast<int>(std::ceil(smallest));
@@ -88,16 +88,19 @@ bool areTooClose(const PlacedLabel& left, const PlacedLabel& right) {
 
 }  // namespace
 
+double levelLabelHeight(const QFontMetricsF& metrics) {
+  return metrics.height() + kTickLength + kLabelGap;
+}
+
 LabelFit fitLabels(const QStringList& labels, const QFontMetricsF& metrics, double width,
                    double chartHeight) {
   const double widest = widestOf(labels, metrics);
   const double height = metrics.height();
-  // A chart may be narrower than what stands beside its plot.
-  const double rowWidth = std::max(width, 1.0) / static_cast<double>(std::max<qsizetype>(labels.size(), 1));
-  const double above = kTickLength + kLabelGap;
-  const double turnedHeight = (widest + height) * kDiagonal + above;
+  // A chart may be narrower than what stands beside its plot; without labels the room has no end.
+  const double rowWidth = std::max(width, 1.0) / static_cast<double>(labels.size());
+  const double turnedHeight = (widest + height) * kDiagonal + kTickLength + kLabelGap;
   LabelFit fit;
-  fit.height = height + above;
+  fit.height = levelLabelHeight(metrics);
   if (widest + kLevelSpacing <= rowWidth) return fit;
   if (rowWidth * kDiagonal >= height + kTurnedSpacing && turnedHeight <= chartHeight * kTurnedShare) {
     fit.turned = true;
@@ -121,7 +124,6 @@ QList<PlacedLabel> placeLabels(const LabelFit& fit, const QStringList& labels, c
     return inside(placed(labels[row - 1], metrics, fit, tick), chartWidth);
   };
   QList<PlacedLabel> places{place(1)};
-  if (frame.rows == 1) return places;
   const PlacedLabel last = place(frame.rows);
   for (int row = 1 + fit.every; row < frame.rows; row += fit.every) {
     const PlacedLabel next = place(row);
@@ -137,10 +139,6 @@ void ChartAxisLabels::setTexts(const AxisTexts& texts, const ChartFrame& frame, 
   texts_ = texts;
   frame_ = frame;
   style_ = style;
-}
-
-void ChartAxisLabels::applyDefaultAntialiasingHint(QCPPainter* painter) const {
-  painter->setAntialiasing(false);
 }
 
 void ChartAxisLabels::draw(QCPPainter* painter) {

@@ -16,6 +16,9 @@ struct LabelFit {
   double leftOverhang = 0;
 };
 
+/// The height in pixels that labels need while they stand level.
+double levelLabelHeight(const QFontMetricsF& metrics);
+
 /// Decides how labels fit the room of `width` pixels without overlapping: all of them level, else all of them
 /// turned by 45 degrees while that leaves enough of `chartHeight`, else some of them level.
 LabelFit fitLabels(const QStringList& labels, const QFontMetricsF& metrics, double width, double chartHeight);
@@ -58,7 +61,7 @@ class ChartAxisLabels : public QCPLayerable {
   const ChartFrame& frame() const { return frame_; }
 
  protected:
-  void applyDefaultAntialiasingHint(QCPPainter* painter) const override;
+  void applyDefaultAntialiasingHint(QCPPainter*) const override {}  // sharp, as a painter begins
   void draw(QCPPainter* painter) override;
 
  private:

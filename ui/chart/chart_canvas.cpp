@@ -40,7 +40,7 @@ class ValueTicker : public QCPAxisTickerFixed {
 // points.
 QPointF depthOf(ChartType type, int rows, double width) {
   if (!drawsDepth(type)) return {};
-  const double rowWidth = width / std::max(rows, 1);
+  const double rowWidth = width / rows;  // without end when there are none
   const double across = std::clamp(std::round(rowWidth * (drawsBars(type) ? 0.9 : 1.6)), 10.0, kDeepest);
   return {across, -std::round(across * kDepthRise)};
 }
@@ -58,21 +58,18 @@ double titleHeight(const ChartStyle& style) {
 }
 
 // The unit stands over the numbers of the value axis, the topmost of which reaches half a line beyond it.
-double unitHeight(const ChartStyle& style, const QString& unit) {
-  if (unit.isEmpty()) return kTopGap;
-  return std::ceil(QFontMetricsF(style.labelFont).height() * kUnitLines) - kTitlePadding / 2 + kUnitGap;
+double unitHeight(const QFontMetricsF& metrics) {
+  return std::ceil(metrics.height() * kUnitLines) - kTitlePadding / 2 + kUnitGap;
 }
 
 }  // namespace
 
 // Every start asks, and needs no title yet: its font is not made for its height.
 int chartHeightForPlot(int plotHeight, const QFont& font) {
-  ChartStyle style;
-  style.labelFont = font;
-  const double title = std::ceil(QFontMetricsF(font).height() * kTitleScale) + kTitlePadding;
-  const LabelFit level = fitLabels({}, QFontMetricsF(style.labelFont), 1, 1);
-  const double around = title + unitHeight(style, QStringLiteral("l")) + std::ceil(kDeepest * kDepthRise) +
-                        level.height + kEdgeGap;
+  const QFontMetricsF metrics(font);
+  const double title = std::ceil(metrics.height() * kTitleScale) + kTitlePadding;
+  const double around =
+      title + unitHeight(metrics) + std::ceil(kDeepest * kDepthRise) + levelLabelHeight(metrics) + kEdgeGap;
   return plotHeight + static_cast<int>(std::ceil(around));
 }
 
@@ -92,16 +89,11 @@ ChartCanvas::ChartCanvas(QWidget* parent)
   plotLayout()->setRowSpacing(0);
   axisRect()->setAutoMargins(QCP::msNone);
   xAxis->setTicks(false);
-  xAxis->setTickLabels(false);
   xAxis->grid()->setVisible(false);
   yAxis->setSubTicks(false);
-  yAxis->setTickLength(0);
   yAxis->setTickLabelPadding(static_cast<int>(kValueLabelPadding));
-  bars_->setWidthType(QCPBars::wtPlotCoords);
   bars_->setPen(Qt::NoPen);
   setPlottingHint(QCP::phCacheLabels, false);
-  // A replot that painted at once would paint the old buffers, and none may begin inside it.
-  setPlottingHint(QCP::phImmediateRefresh, false);
   // A polyline stroked as a whole costs many times its segments where it is steep.
   setPlottingHint(QCP::phFastPolylines);
   // The library replots by itself as well: whoever asked for it, what it plots is the content shown.
@@ -141,7 +133,8 @@ ChartFrame ChartCanvas::arrangedFrame(LabelFit& fit) const {
   frame.rows = static_cast<int>(content_.values.size());
   frame.drawn = static_cast<int>(points_.size());
   frame.depth = depthOf(content_.type, frame.drawn, width());
-  const double top = titleHeight(style_) + unitHeight(style_, content_.unit) - frame.depth.y();
+  const double aboveAxis = content_.unit.isEmpty() ? kTopGap : unitHeight(metrics);
+  const double top = titleHeight(style_) + aboveAxis - frame.depth.y();
   const double room = height() - top - kEdgeGap;
   fit = fitLabels(content_.labels, metrics, width() - kRightGap - frame.depth.x() - 56, height());
   const double plotHeight = std::max(room - fit.height, kSmallestPlot);
@@ -194,7 +187,6 @@ void ChartCanvas::arrange() {
 void ChartCanvas::applyLayout(const ChartFrame& frame) {
   setBackground(QBrush(style_.background));
   const int heightOfTitle = static_cast<int>(titleHeight(style_));
-  title_->setMinimumSize(1, heightOfTitle);
   title_->setMaximumSize(QWIDGETSIZE_MAX, heightOfTitle);
   title_->setSizeConstraintRect(QCPLayoutElement::scrOuterRect);
   title_->setFont(style_.titleFont);
@@ -208,7 +200,7 @@ void ChartCanvas::applyLayout(const ChartFrame& frame) {
 }
 
 void ChartCanvas::applyAxes(const ChartFrame& frame) {
-  xAxis->setRange(0.5, std::max(frame.rows, 1) + 0.5);
+  xAxis->setRange(0.5, frame.rows + 0.5);
   xAxis->setBasePen(frame.scale.lower < 0 ? style_.grid : style_.axis);
   yAxis->setRange(frame.scale.lower, frame.scale.upper);
   yAxis->setTicker(QSharedPointer<QCPAxisTicker>(new ValueTicker(frame.scale)));
@@ -218,7 +210,7 @@ void ChartCanvas::applyAxes(const ChartFrame& frame) {
   yAxis->setTickLabelColor(style_.quietText);
   yAxis->grid()->setVisible(!drawsDepth(content_.type));
   yAxis->grid()->setPen(style_.grid);
-  yAxis->grid()->setZeroLinePen(frame.scale.lower < 0 ? style_.axis : style_.grid);
+  yAxis->grid()->setZeroLinePen(style_.axis);
 }
 
 void ChartCanvas::applyFlatSeries(const ChartFrame& frame) {
@@ -232,14 +224,13 @@ void ChartCanvas::applyFlatSeries(const ChartFrame& frame) {
     keys.append(point.row);
     values.append(std::isfinite(point.value) ? point.value : qQNaN());
   }
-  if (bars_->visible()) bars_->setData(keys, values, true);
-  if (graph_->visible()) graph_->setData(keys, values, true);
+  if (bars_->visible()) bars_->setData(keys, values);
+  if (graph_->visible()) graph_->setData(keys, values);
   bars_->setWidth(barWidth(frame) / frame.rowWidth());
 }
 
 void ChartCanvas::applyFlatColors(const ChartFrame& frame) {
   bars_->setBrush(style_.series);
-  bars_->setAntialiasedFill(true);
   // The line over it hides the fill's edge.
   graph_->setAntialiasedFill(false);
   graph_->setPen(QPen(style_.series, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
@@ -264,7 +255,7 @@ QList<QPolygonF> ChartCanvas::axisLabelOutlines() {
   const ChartFrame& frame = labels_->frame();
   for (const double value : frame.scale.ticks()) {
     QRectF box(QPointF(), metrics.size(Qt::TextSingleLine, decimalText(value, frame.scale.decimals)));
-    box.moveCenter({0, frame.y(value)});
+    box.moveCenter({frame.front.left(), frame.y(value)});
     box.moveRight(frame.front.left() - kValueLabelPadding);
     outlines.append(QPolygonF(box));
   }
@@ -285,11 +276,8 @@ void ChartCanvas::resizeEvent(QResizeEvent*) {
   markChanged();
 }
 
-void ChartCanvas::changeEvent(QEvent* event) {
-  QCustomPlot::changeEvent(event);
-  const QEvent::Type type = event->type();
-  if (type == QEvent::PaletteChange || type == QEvent::FontChange || type == QEvent::StyleChange)
-    markChanged();
+void ChartCanvas::changeEvent(QEvent*) {
+  markChanged();
 }
 
 QPixmap ChartCanvas::picture(double scale) {

@@ -56,7 +56,6 @@ void ChartWalls::draw(QCPPainter* painter) {
   for (const double value : frame_.scale.ticks()) {
     const QPointF start(front.left(), frame_.y(value));
     painter->setPen(value == 0 && frame_.scale.lower < 0 ? style_.axis : style_.grid);
-    painter->setBrush(Qt::NoBrush);
     painter->drawPolyline(QPolygonF({start, start + depth, start + depth + QPointF(front.width(), 0)}));
   }
   painter->setPen(style_.grid);
@@ -78,7 +77,7 @@ QRect ChartSolids::clipRect() const {
 }
 
 bool ChartSolids::standsOut(const ChartFace& face) const {
-  return face.row > 0 && (face.row == content_.selectedRow || face.row == content_.hoveredRow);
+  return face.row == content_.selectedRow || face.row == content_.hoveredRow;
 }
 
 bool ChartSolids::drawsFace(const ChartFace& face) const {
@@ -93,7 +92,6 @@ QColor ChartSolids::rowColor(int row) const {
 }
 
 void ChartSolids::draw(QCPPainter* painter) {
-  painter->setAntialiasing(true);
   for (const ChartFace& face : faces_) {
     if (drawsFace(face)) drawFace(*painter, face);
   }
@@ -104,11 +102,10 @@ void ChartSolids::draw(QCPPainter* painter) {
 
 void ChartSolids::drawFace(QCPPainter& painter, const ChartFace& face) const {
   if (face.side == FaceSide::Marker) return drawMarker(painter, face);
-  const QColor base = drawsBars(content_.type) && face.row > 0 ? rowColor(face.row) : style_.series;
+  const QColor base = drawsBars(content_.type) ? rowColor(face.row) : style_.series;
   const QColor color = shaded(base, face.side);
   if (face.side == FaceSide::Edge) {
     painter.setPen(QPen(color, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.setBrush(Qt::NoBrush);
     painter.drawPolyline(face.outline);
     return;
   }

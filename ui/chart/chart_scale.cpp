@@ -28,7 +28,7 @@ Range finiteRange(const QList<double>& values) {
     range.lower = std::min(range.lower, value);
     range.upper = std::max(range.upper, value);
   }
-  return range.lower > range.upper ? Range{0, 0} : range;
+  return range.lower > range.upper ? Range{} : range;
 }
 
 // A line may leave zero out only while its values stay within the farther 60 % of the way from it.

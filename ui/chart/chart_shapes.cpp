@@ -52,7 +52,7 @@ QList<ChartFace> barFaces(const ChartFrame& frame, const QList<ChartPoint>& poin
 }
 
 bool isHit(const ChartFace& face, const QPointF& position) {
-  if (face.row == 0 || face.side == FaceSide::Edge || face.side == FaceSide::Marker) return false;
+  if (face.side == FaceSide::Edge || face.side == FaceSide::Marker) return false;
   return face.outline.containsPoint(position, Qt::OddEvenFill);
 }
 

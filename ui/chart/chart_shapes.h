@@ -42,7 +42,8 @@ struct ChartFrame {
 /// The width in pixels of the bars on a frame.
 double barWidth(const ChartFrame& frame);
 
-/// Which way a face looks, by which it is shaded; an edge is a line and not a face, a marker a disc.
+/// Which way a face looks, by which it is shaded; an edge is a line and not a face, a marker the square
+/// around its disc.
 enum class FaceSide { Front, Top, Right, Under, Edge, Marker };
 
 /// One visible piece of a drawn series and the row it belongs to, 0 when it belongs to none.

@@ -2,12 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace tarvik::ui {
 namespace {
-
-constexpr int kDiscCorners = 16;
 
 // A vertex of the drawn line and the row it belongs to.
 struct Vertex {
@@ -49,10 +46,8 @@ QPointF between(const QPointF& from, const QPointF& to, double atX) {
 // pixel, where neighbouring faces meet without a seam, if there is one between them) and where it crosses
 // zero.
 QList<Vertex> cutLine(const Run& run, double zero) {
-  QList<Vertex> line;
-  for (qsizetype index = 0; index < run.size(); ++index) {
-    line.append(run[index]);
-    if (index + 1 == run.size()) break;
+  QList<Vertex> line{run.first()};
+  for (qsizetype index = 0; index + 1 < run.size(); ++index) {
     const QPointF from = run[index].position;
     const QPointF to = run[index + 1].position;
     const double middle = std::clamp(std::round((from.x() + to.x()) / 2), from.x(), to.x());
@@ -62,6 +57,7 @@ QList<Vertex> cutLine(const Run& run, double zero) {
     if (crossing < middle) line.append({QPointF(crossing, zero), run[index].row});
     line.append({between(from, to, middle), run[index + 1].row});
     if (crossing > middle) line.append({QPointF(crossing, zero), run[index + 1].row});
+    line.append(run[index + 1]);
   }
   return line;
 }
@@ -96,15 +92,6 @@ void appendFronts(QList<ChartFace>& faces, const ChartFrame& frame, const QList<
     faces.append({piece, FaceSide::Front, row});
     start = end;
   }
-}
-
-QPolygonF disc(const QPointF& centre, double radius) {
-  QPolygonF outline;
-  for (int corner = 0; corner < kDiscCorners; ++corner) {
-    const double angle = 2 * std::numbers::pi * corner / kDiscCorners;
-    outline.append(centre + QPointF(std::cos(angle), std::sin(angle)) * radius);
-  }
-  return outline;
 }
 
 void appendEdge(QList<ChartFace>& faces, const ChartFrame& frame, const Vertex& from, const Vertex& to) {
@@ -152,7 +139,8 @@ void appendMarkers(QList<ChartFace>& faces, const ChartFrame& frame, const QList
   for (const ChartPoint& point : points) {
     if (!std::isfinite(point.value)) continue;
     const QPointF centre = frame.at(frame.x(point.row), frame.y(point.value), z);
-    faces.append({disc(centre, radius), FaceSide::Marker, point.row});
+    const QPointF corner(radius, radius);
+    faces.append({QRectF(centre - corner, centre + corner), FaceSide::Marker, point.row});
   }
 }
 

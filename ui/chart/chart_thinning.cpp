@@ -12,7 +12,7 @@ namespace {
 void appendExtremes(QList<int>& rows, const QList<double>& values, int first, int last) {
   int lowest = first;
   int highest = first;
-  for (int row = first + 1; row <= last; ++row) {
+  for (int row = first; row <= last; ++row) {
     const double value = values[row - 1];
     if (!std::isfinite(value)) continue;
     if (!(values[lowest - 1] <= value)) lowest = row;

@@ -63,8 +63,6 @@ void ChartView::setPoints(const QStringList& labels, const QList<double>& values
   content_.hoveredRow = 0;
   pressedRow_ = 0;
   redraw();
-  QAccessibleEvent reordered(this, QAccessible::ObjectReorder);
-  QAccessible::updateAccessibility(&reordered);
   QAccessibleEvent described(this, QAccessible::DescriptionChanged);
   QAccessible::updateAccessibility(&described);
 }
@@ -152,9 +150,8 @@ bool ChartView::event(QEvent* event) {
   return true;
 }
 
-void ChartView::showEvent(QShowEvent* event) {
+void ChartView::showEvent(QShowEvent*) {
   sizedCanvas();
-  QWidget::showEvent(event);
 }
 
 void ChartView::resizeEvent(QResizeEvent*) {
@@ -169,7 +166,7 @@ void ChartView::mousePressEvent(QMouseEvent* event) {
 void ChartView::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return QWidget::mouseReleaseEvent(event);
   const int row = std::exchange(pressedRow_, 0);
-  if (row > 0 && row == rowAtPosition(event->position())) selectRow(row);
+  if (row == rowAtPosition(event->position())) selectRow(row);
 }
 
 void ChartView::mouseMoveEvent(QMouseEvent* event) {
@@ -179,9 +176,8 @@ void ChartView::mouseMoveEvent(QMouseEvent* event) {
   showPointTip(event->globalPosition().toPoint());
 }
 
-void ChartView::leaveEvent(QEvent* event) {
+void ChartView::leaveEvent(QEvent*) {
   setHoveredRow(0);
-  QWidget::leaveEvent(event);
 }
 
 void ChartView::setHoveredRow(int row) {
@@ -197,7 +193,7 @@ void ChartView::showPointTip(const QPoint& globalPosition) {
 }
 
 void ChartView::selectNextFrom(int row, int step) {
-  for (int next = row + step; next >= 1 && next <= rowCount(); next += step) {
+  for (int next = row + step; next != 0 && next <= rowCount(); next += step) {
     if (hasPoint(next)) return selectRow(next);
   }
 }

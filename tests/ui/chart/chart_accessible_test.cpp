@@ -95,6 +95,17 @@ class ChartAccessibleTest : public QObject {
     QCOMPARE(chart->text(QAccessible::Name), QStringLiteral("Grafikon"));
   }
 
+  void thePointsGoWithTheirChartAndOtherPartsAreLeftToQt() {
+    chart_->setPoints(monthLabels(3), waves(3));
+    const auto point = QAccessible::uniqueId(QAccessible::queryAccessibleInterface(chart_.get())->child(1));
+    QVERIFY(QAccessible::accessibleInterface(point) != nullptr);
+    chart_.reset();
+    QVERIFY(QAccessible::accessibleInterface(point) == nullptr);
+    const QWidget other;
+    QVERIFY(QAccessible::queryAccessibleInterface(const_cast<QWidget*>(&other))->role() !=
+            QAccessible::Chart);
+  }
+
   void accessiblePointOfAShorterSeriesIsInvalid() {
     chart_->setPoints(monthLabels(3), waves(3));
     QAccessibleInterface* const point = QAccessible::queryAccessibleInterface(chart_.get())->child(2);

@@ -43,9 +43,9 @@ class ChartAxisLabelsTest : public QObject {
 
  private slots:
   void labelsStandLevelWhileEachHasItsWidthAnd14Pixels() {
-    const QStringList labels{"a", "2013.07.05.", "b"};
+    const QStringList labels{"2013.07.05.", "a", "b"};
     const double width = 3 * (widthOf("2013.07.05.") + 14);
-    const LabelFit fit = fitLabels(labels, metrics(), width + 0.1, 1000);
+    const LabelFit fit = fitLabels(labels, metrics(), width, 1000);
     QVERIFY(!fit.turned);
     QCOMPARE(fit.every, 1);
     QCOMPARE(fit.height, metrics().height() + 8);
@@ -81,7 +81,10 @@ class ChartAxisLabelsTest : public QObject {
     QCOMPARE(everyHowMany(10'008, distance - 0.4), distance);  // 10,007 rows apart: a prime
   }
 
-  void aDistanceBeyondThoseIsTheSmallestThatFits() { QCOMPARE(everyHowMany(10'008, 70.3), 71); }
+  void aDistanceThatFitsAndOneBeyondThoseAreTaken() {
+    QCOMPARE(everyHowMany(10'008, 2), 2);
+    QCOMPARE(everyHowMany(10'008, 70.3), 71);
+  }
 
   void withoutAnyRoomOneLabelIsLeft() {
     for (const double width : {0.0, -1.0, -500.0}) {

@@ -2,6 +2,7 @@
 
 #include <QPaintDevice>
 #include <QPaintEngine>
+#include <QSignalSpy>
 #include <QWidget>
 #include <algorithm>
 
@@ -233,6 +234,49 @@ class ChartCanvasTest : public QObject {
     };
     const QImage resized = pictureAt({690, 300}, {400, 200});
     QCOMPARE(resized, pictureAt({400, 200}, {400, 200}));
+  }
+
+  void aChartAtRestIsPlottedOnce() {
+    window_->show();
+    show(ChartType::Bars2D, {"a", "b", "c"}, {30, 90, 40});
+    const QSignalSpy plotted(canvas_, &QCustomPlot::afterReplot);
+    canvas_->grab();
+    canvas_->grab();
+    QCOMPARE(plotted.count(), 1);
+  }
+
+  void anotherFontIsTakenForEveryText() {
+    show(ChartType::Bars2D, {"a", "b"}, {30, 90}, "km");
+    const Paper before(*canvas_);
+    QFont large = canvas_->font();
+    large.setPointSize(2 * large.pointSize());
+    canvas_->setFont(large);
+    const Paper after(*canvas_);
+    for (const QString& text : {"Havi tankolási költség", "km", "0", "40", "a", "b"})
+      QVERIFY2(after.boxOf(text).height() > 1.5 * before.boxOf(text).height(), qPrintable(text));
+  }
+
+  void aPictureIsOfWhatIsShownLast() {
+    show(ChartType::Bars2D, {"a", "b", "c"}, {30, 90, 40});
+    const QImage before = canvas_->picture(1).toImage();
+    show(ChartType::Bars2D, {"a", "b", "c"}, {30, 10, 40});
+    QVERIFY(canvas_->picture(1).toImage() != before);
+  }
+
+  void onPaperNothingIsRoundedToPixels() {
+    show(ChartType::Bars2D, {"a", "b", "c", "d", "e", "f", "g"}, QList<double>(7, 1.0));
+    Paper paper(*canvas_);
+    const double middle = middleOf(2);
+    QVERIFY(std::abs(middle - std::round(middle)) > 0.01);
+    const auto isTick = [&](const DrawnLine& drawn) { return std::abs(drawn.line.x1() - middle) < 0.001; };
+    QCOMPARE(std::count_if(paper.lines().begin(), paper.lines().end(), isTick), 1);
+  }
+
+  void thePlotIsAsHighAsItIsWished() {
+    canvas_->resize(700, chartHeightForPlot(220, canvas_->font()));
+    show(ChartType::Bars3D, {"a"}, {1});
+    canvas_->picture(1);
+    QCOMPARE(canvas_->axisRect()->height(), 220);
   }
 
   void aChartOnADisplayOfAnotherScaleIsDrawnAnew() {

@@ -124,6 +124,33 @@ class ChartDrawingTest : public QObject {
     QCOMPARE(pictureOf(*chart), pictureOf(*fresh));
   }
 
+  void textsAndSizeLeaveNothingOfTheOnesBefore() {
+    const auto chart = newChart(ChartType::Bars2D, {3, 1, 2});
+    const QImage before = pictureOf(*chart);
+    chart->setTitleText("Havi költség");
+    const QImage titled = pictureOf(*chart);
+    QVERIFY(titled != before);
+    chart->setUnitText("km");
+    QVERIFY(pictureOf(*chart) != titled);
+    chart->setTitleText("");
+    chart->setUnitText("Ft");
+    QCOMPARE(pictureOf(*chart), before);
+    chart->resize(400, 200);
+    QCOMPARE(pictureOf(*chart).pixelColor(398, 100), Qt::white);
+    const auto small = newChart(ChartType::Bars2D, {3, 1, 2});
+    small->resize(400, 200);
+    small->rowAtPosition({});
+    QCOMPARE(pictureOf(*chart), pictureOf(*small));
+  }
+
+  void anInfiniteValueIsAGap_data() { addTypes(); }
+  void anInfiniteValueIsAGap() {
+    QFETCH(int, type);
+    const auto chart = newChart(type, monthLabels(3), {3, HUGE_VAL, 2});
+    QCOMPARE(pictureOf(*chart), pictureOf(*newChart(type, monthLabels(3), {3, std::nan(""), 2})));
+    QCOMPARE(chart->rowValues(), QStringList({"3", "", "2"}));
+  }
+
   void paletteLeavesNothingOfTheOneBefore_data() { addTypes(); }
   void paletteLeavesNothingOfTheOneBefore() {
     QFETCH(int, type);

@@ -26,6 +26,8 @@ class ChartScaleTest : public QObject {
 
   void keepsTheMarkerOfAValueOnAStepInside() {
     QCOMPARE(valueScale({5000}, Baseline::Zero, 5).upper, 5250.0);
+    QCOMPARE(valueScale({-3, 97}, Baseline::Zero, 5).upper, 100.0);   // three hundredths of the span
+    QCOMPARE(valueScale({-10, 90}, Baseline::Zero, 5).upper, 100.0);  // a tenth
   }
 
   void runsFromZeroToOneWithoutAnyValue() {
@@ -81,6 +83,9 @@ class ChartScaleTest : public QObject {
     QCOMPARE(scale.upper, 422.0);
     QCOMPARE(scale.ticks(), QList<double>({380, 390, 400, 410, 420}));
     QCOMPARE(valueScale({100, 420}, Baseline::Free, 5).lower, 0.0);
+    QCOMPARE(valueScale({4, 10}, Baseline::Free, 5).lower, 0.0);
+    QCOMPARE(valueScale({-10, -4}, Baseline::Free, 5).upper, 0.0);
+    QVERIFY(valueScale({-10, -4.1}, Baseline::Free, 5).upper < 0);
     QCOMPARE(valueScale({420, 420}, Baseline::Free, 5).lower, 0.0);
   }
 
@@ -88,6 +93,8 @@ class ChartScaleTest : public QObject {
     QCOMPARE(valueScale({9.4}, Baseline::Zero, 4).decimals, 1);  // steps of 2,5
     QCOMPARE(valueScale({0.8}, Baseline::Zero, 4).decimals, 1);
     QCOMPARE(valueScale({90000}, Baseline::Zero, 4).decimals, 0);
+    QCOMPARE(decimalText(-0.004, 2), "0,00");
+    QCOMPARE(decimalText(-0.006, 2), "-0,01");
   }
 };
 

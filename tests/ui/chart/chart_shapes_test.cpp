@@ -173,6 +173,14 @@ class ChartShapesTest : public QObject {
              QStringList({"front 1 25,50 25,80 50,60 50,50", "front 2 50,50 50,60 62.5,50 75,40 75,50"}));
   }
 
+  void anAreaThatTouchesZeroIsNotCutThere() {
+    const ChartFrame frame = frameOf(2, -10, 10);
+    QCOMPARE(drawn(ChartType::Area2D, frame, {6, 0}).mid(0, 2),
+             QStringList({"front 1 25,50 25,20 50,35 50,50", "front 2 50,50 50,35 75,50 75,50"}));
+    QCOMPARE(drawn(ChartType::Area2D, frame, {0, 6}).mid(0, 2),
+             QStringList({"front 1 25,50 25,50 50,35 50,50", "front 2 50,50 50,35 75,20 75,50"}));
+  }
+
   void aSolidAreaShowsItsSlopesItsLidAndItsEnd() {
     QCOMPARE(drawn(ChartType::Area3D, frameOf(2, -10, 10, {20, -20}), {2, -6}),
              QStringList({"top 1 28,37 40.5,47 54.5,33 42,23", "top 1 40.5,47 53,47 67,33 54.5,33",
@@ -198,13 +206,16 @@ class ChartShapesTest : public QObject {
   void theNearestMarkerWithinItsReachIsHit() {
     const QList<ChartFace> faces = chartFaces(ChartType::Line2D, frameOf(2, 0, 10), pointsOf({5, 5}));
     QCOMPARE(rowAt(faces, {25, 50}), 1);
-    QCOMPARE(rowAt(faces, {25, 55.9}), 1);
+    QCOMPARE(rowAt(faces, {31, 50}), 1);
     QCOMPARE(rowAt(faces, {25, 56.1}), 0);
     ChartFrame close = frameOf(1, 0, 10);
     close.rows = close.drawn = 10;  // markers of 1.5 pixels, 5 apart
     const QList<ChartFace> many = chartFaces(ChartType::Line2D, close, pointsOf({5, 5, 5}));
     QCOMPARE(rowAt(many, {4.9, 50}), 1);
     QCOMPARE(rowAt(many, {5.1, 50}), 2);
+    close.drawn = 1;                                                                      // of 4 pixels now
+    QCOMPARE(rowAt(chartFaces(ChartType::Line2D, close, pointsOf({5, 5})), {5, 50}), 1);  // the first of two
+    QCOMPARE(rowAt({}, {5, 50}), 0);
   }
 
   void theForemostFaceIsHitAndAnEdgeNever() {

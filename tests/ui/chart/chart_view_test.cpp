@@ -46,6 +46,16 @@ class ChartViewTest : public QObject {
     QVERIFY(chart_->visibleRegion().contains(chart_->pointRect(1).center().toPoint()));
   }
 
+  void takesTheKeyboard() { QCOMPARE(chart_->focusPolicy(), Qt::StrongFocus); }
+
+  void whatIsNotPaintedYetIsFound() {
+    chart_->plot(ChartType::Bars2D, {"a"}, {1});
+    const QPointF place = chart_->pointRect(1).center();
+    QCOMPARE(chart_->rowAtPosition(place), 1);
+    chart_->setPoints({}, {});
+    QCOMPARE(chart_->rowAtPosition(place), 0);
+  }
+
   void startsEmptyAsFlatBars() {
     QCOMPARE(chart_->property("chartType").toInt(), 1);
     QCOMPARE(chart_->property("titleText").toString(), QString());
