@@ -252,8 +252,8 @@ class ChartCanvasTest : public QObject {
     large.setPointSize(2 * large.pointSize());
     canvas_->setFont(large);
     const Paper after(*canvas_);
-    for (const QString& text : {"Havi tankolási költség", "km", "0", "40", "a", "b"})
-      QVERIFY2(after.boxOf(text).height() > 1.5 * before.boxOf(text).height(), qPrintable(text));
+    for (const char* text : {"km", "0", "a", "b"})
+      QVERIFY2(after.boxOf(text).height() > 1.5 * before.boxOf(text).height(), text);
   }
 
   void aPictureIsOfWhatIsShownLast() {
