@@ -5,7 +5,6 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QTimer>
 
 #include "ui/base/text.h"
 
@@ -42,11 +41,12 @@ void NoteTypeAhead::selectWhole(Qt::FocusReason reason) {
   if (isBlank(edit_->text())) edit_->setText(QStringLiteral("Tankolás"));
   edit_->selectAll();
   // The mouse press that brought the focus sets the cursor after this event.
-  if (reason == Qt::MouseFocusReason) QTimer::singleShot(0, edit_, &QLineEdit::selectAll);
+  if (reason == Qt::MouseFocusReason)
+    QMetaObject::invokeMethod(edit_, &QLineEdit::selectAll, Qt::QueuedConnection);
 }
 
 bool NoteTypeAhead::complete(const QString& key) {
-  const qsizetype selected = edit_->hasSelectedText() ? edit_->selectedText().size() : 0;
+  const qsizetype selected = edit_->selectedText().size();
   const qsizetype start = edit_->hasSelectedText() ? edit_->selectionStart() : edit_->cursorPosition();
   if (!isBlank(edit_->text().mid(start + selected))) return false;
   const auto found = find_(edit_->text().left(start), key);
