@@ -39,9 +39,8 @@ EntryDay::EntryDay(const core::Clock& clock, DayField& field, QLabel& cue, QPush
 }
 
 void EntryDay::showToday() {
-  field_.setDate(toQt(clock_.today()));
+  show(clock_.today());
   isSet_ = false;
-  showCue();
 }
 
 void EntryDay::show(core::Day day) {

@@ -168,7 +168,6 @@ void EntryForm::setNarrowTank(bool isNarrow) {
     tank.addWidget(back, 1, 6);
     tank.addWidget(full, 1, 7);
   }
-  tank.invalidate();
   ui_->FrameTank->updateGeometry();
   setTabOrder(ui_->DTPicker1, isNarrow ? full : back);
 }

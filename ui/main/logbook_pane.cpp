@@ -245,9 +245,6 @@ void LogbookPane::chooseMode(int mode) {
 }
 
 void LogbookPane::applyFilter() {
-  const bool isYear = ui_->opSzürö_1->isChecked();
-  const bool isMonth = ui_->opSzürö_2->isChecked();
-  listMode_ = isYear ? core::kYearList : isMonth ? core::kMonthList : core::kWholeList;
   ui_->FrameSzürö->hide();
   guarded(window(), [this] { beolvas(); }, {.failed = kListIncomplete});
   ui_->ListView1->setFocus();

@@ -146,6 +146,15 @@ class EntryDayTest : public QObject {
     QVERIFY(main.isCued());
   }
 
+  void theWayBackFromADayThatHasBecomeTodayTakesTheCueAway() {
+    Day main;
+    main.type("DTPicker1", kTomorrow);
+    ++main.clock.day.number;
+    QVERIFY(main.isCued());
+    main.press("cmdMa");
+    QVERIFY(!main.isCued());
+  }
+
   void theButtonBeginsAnew() {
     Day main;
     main.clickRow(0);

@@ -123,6 +123,15 @@ class EntryFormTest : public QObject {
     QCOMPARE(test::part<QLabel>(form.part, "lbFtperLiter")->text(), QString("400,00"));
   }
 
+  void aFieldWhoseStrayLetterGoesGetsTheKeyboard() {
+    Form form;
+    QVERIFY(QTest::qWaitForWindowActive(&form.part));
+    form.edit("txKmOra").setFocus();
+    form.edit("txTankoltLiter").setText("3x");
+    QCOMPARE(form.edit("txTankoltLiter").text(), QString("3"));
+    QVERIFY(form.edit("txTankoltLiter").hasFocus());
+  }
+
   void anEntryBringsItsDayAndOneWithADamagedDayLeavesIt() {
     Form form;
     form.part.showEntry({anInput(), core::dayOf({1999, 12, 31})});

@@ -3,6 +3,8 @@
 #include "core/listing.h"
 #include "tests/ui/main_screen.h"
 #include "tests/ui/screen_test.h"
+#include "ui/lists/list_delegate.h"
+#include "ui/lists/list_view.h"
 
 using namespace tarvik;
 using namespace tarvik::test;
@@ -131,6 +133,35 @@ class FrmTarvikListTest : public QObject {
     QCOMPARE(main.edit("tx_fogyaszt")->text(), QString("7,63 Liter/100Km"));
   }
 
+  void theListButtonOpensAndClosesTheFilter() {
+    ListedCar main(twoFills());
+    for (const bool isOpen : {true, false}) {
+      main.press("cmd_lista");
+      QCOMPARE(main.find<QWidget>("FrameSzürö")->isVisible(), isOpen);
+    }
+  }
+
+  void whatIsRecordedComesIntoViewMarkedUnlessTheFilterHidesIt() {
+    ListedCar main(std::vector(100, fuelling({2013, 7, 1}, 10'000, 405'000, true)));
+    const auto marked = [&] {
+      return qobject_cast<ui::ListDelegate*>(main.list()->itemDelegate())->marked();
+    };
+    BoxScript boxes({QMessageBox::Yes, QMessageBox::Yes});
+    main.list()->scrollToTop();
+    main.type("txKmOra", "11000");
+    main.press("cmd_rogzit");
+    QVERIFY(main.list()->viewport()->rect().contains(main.middleOf(100)));
+    QCOMPARE(marked(), "101");
+    main.press("cmd_lista");
+    main.find<QRadioButton>("opSzürö_1")->click();
+    main.type("DTPSzürö", QDate(2013, 7, 1));
+    main.press("cmdSzürés");
+    main.type("txKmOra", "12000");
+    main.press("cmd_rogzit");
+    QCOMPARE(main.rows(), 100);
+    QCOMPARE(marked(), "101");
+  }
+
   void aListingPutsTheKeyboardIntoTheListWhereverItWas() {
     ListedCar main(twoFills());
     main.press("cmd_lista");
@@ -237,13 +268,17 @@ class FrmTarvikListTest : public QObject {
   void theChartsOpenByTheirLetterThoughTheMenuHasItToo() {
     MainScreen main;
     main.open();
-    QString opened;
-    QTimer::singleShot(0, main.screen.get(), [&] {
-      opened = QApplication::activeModalWidget()->objectName();
-      QApplication::activeModalWidget()->close();
-    });
-    QTest::keyClick(main.edit("txKmOra"), Qt::Key_G, Qt::AltModifier);
-    QCOMPARE(opened, QString("frmMelyGrafikon"));
+    QStringList opened;
+    for (const Qt::Key letter : {Qt::Key_G, Qt::Key_B}) {
+      onNextDialog<QDialog>([&](QDialog& screen) {
+        opened << screen.objectName();
+        screen.close();
+      });
+      QApplication::setActiveWindow(main.screen.get());  // what closed took the front
+      QTest::keyClick(main.edit("txKmOra"), letter, Qt::AltModifier);
+      QTRY_COMPARE(opened.size(), letter == Qt::Key_G ? 1 : 2);
+    }
+    QCOMPARE(opened, QStringList({"frmMelyGrafikon", "frmSetup"}));
   }
 
   void aNoteListThatCannotBeReadIsToldOnceAndNotAtEachKey() {
