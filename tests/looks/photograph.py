@@ -51,7 +51,7 @@ def main():
     shutil.rmtree(out, ignore_errors=True)
     for scale, kinds in KINDS.items():
         photograph(build, out / str(100 * scale), kinds, SCREEN, scale)
-    photograph(build, out / "low", ["9-light:main-row,chart-2d-bars"], LOW_SCREEN)
+    photograph(build, out / "low", ["9-light:main-row,chart-2d-bars", "14-light:main-row"], LOW_SCREEN)
 
 
 main()

@@ -100,6 +100,18 @@ class FrmTarvikChartTest : public QObject {
     }
   }
 
+  void aChartOpenedByItsLetterLeavesTheKeyboardOnItsButton() {
+    Household main;
+    main.edit("txKmOra")->setFocus();
+    onNextDialog<ui::frmMelyGrafikon>([](ui::frmMelyGrafikon& chooser) {
+      part<QRadioButton>(chooser, "Option2")->click();
+      test::press(*part<QPushButton>(chooser, "cmdMegjelenit"));
+    });
+    QTest::keyClick(main.edit("txKmOra"), Qt::Key_G, Qt::AltModifier);
+    QVERIFY(main.chart().isVisible());
+    QCOMPARE(main.screen->focusWidget()->objectName(), "cmdGrafikon");
+  }
+
   void aListedCarsChartTakesThePlaceOfTheOneBefore() {
     Household main;
     main.showChart("Option2");

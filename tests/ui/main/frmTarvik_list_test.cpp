@@ -3,6 +3,8 @@
 #include "core/listing.h"
 #include "tests/ui/main_screen.h"
 #include "tests/ui/screen_test.h"
+#include "ui/base/text.h"
+#include "ui/exchange/import_preview.h"
 #include "ui/lists/list_delegate.h"
 #include "ui/lists/list_view.h"
 
@@ -14,6 +16,10 @@ namespace {
 void hover(QWidget* field) {
   QEvent enter(QEvent::Enter);
   QApplication::sendEvent(field, &enter);
+}
+
+QString markedIn(MainScreen& main) {
+  return qobject_cast<ui::ListDelegate*>(main.list()->itemDelegate())->marked();
 }
 
 std::vector<core::NapiAdat> twoFills() {
@@ -143,15 +149,12 @@ class FrmTarvikListTest : public QObject {
 
   void whatIsRecordedComesIntoViewMarkedUnlessTheFilterHidesIt() {
     ListedCar main(std::vector(100, fuelling({2013, 7, 1}, 10'000, 405'000, true)));
-    const auto marked = [&] {
-      return qobject_cast<ui::ListDelegate*>(main.list()->itemDelegate())->marked();
-    };
     BoxScript boxes({QMessageBox::Yes, QMessageBox::Yes});
     main.list()->scrollToTop();
     main.type("txKmOra", "11000");
     main.press("cmd_rogzit");
     QVERIFY(main.list()->viewport()->rect().contains(main.middleOf(100)));
-    QCOMPARE(marked(), "101");
+    QCOMPARE(markedIn(main), "101");
     main.press("cmd_lista");
     main.find<QRadioButton>("opSzürö_1")->click();
     main.type("DTPSzürö", QDate(2013, 7, 1));
@@ -159,7 +162,20 @@ class FrmTarvikListTest : public QObject {
     main.type("txKmOra", "12000");
     main.press("cmd_rogzit");
     QCOMPARE(main.rows(), 100);
-    QCOMPARE(marked(), "101");
+    QCOMPARE(markedIn(main), "101");
+  }
+
+  void whatIsImportedIsListedAndTheNewestMarked() {
+    ListedCar main(twoFills());
+    main.folder.write(
+        "log.csv", "Dátum;Km óra;Liter;Költség (Ft);Tele;Megjegyzés\n2024.02.05.;11000;40,5;24300;igen;\n");
+    takeFileInNextDialog(ui::toQt(main.folder / "log.csv"));
+    onNextDialog<ui::ImportPreview>(
+        [](ui::ImportPreview& preview) { press(*part<QPushButton>(preview, "cmdAtvesz")); });
+    BoxScript boxes({QMessageBox::Ok});
+    main.chooseItem("mnuCsvBeolvasas");
+    QCOMPARE(main.rows(), 3);
+    QCOMPARE(markedIn(main), "3");
   }
 
   void aListingPutsTheKeyboardIntoTheListWhereverItWas() {
