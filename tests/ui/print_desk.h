@@ -145,10 +145,12 @@ class OneWayPrintSystem final : public ui::PrintSystem {
       return false;
     };
     isDrawn = draw({.device = writer, .isRefused = isRefused, .canBeTakenBack = false});
+    mode = writer.pageLayout().mode();
     return {};
   }
 
   bool isDrawn = false;
+  QPageLayout::Mode mode = QPageLayout::StandardMode;
 
  private:
   QString paper_;

@@ -73,7 +73,8 @@ std::optional<QString> askText(QWidget* parent, const QString& title, const QStr
 }
 
 void makeRoomForTitle(QDialog& dialog) {
-  dialog.resize(dialog.sizeHint().expandedTo({widthOfTitle(dialog), 0}));
+  dialog.setMinimumWidth(widthOfTitle(dialog));
+  dialog.resize(dialog.sizeHint());
 }
 
 }  // namespace tarvik::ui

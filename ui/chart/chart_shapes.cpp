@@ -51,11 +51,6 @@ QList<ChartFace> barFaces(const ChartFrame& frame, const QList<ChartPoint>& poin
   return faces;
 }
 
-bool isHit(const ChartFace& face, const QPointF& position) {
-  if (face.side == FaceSide::Edge || face.side == FaceSide::Marker) return false;
-  return face.outline.containsPoint(position, Qt::OddEvenFill);
-}
-
 int markerAt(const QList<ChartFace>& faces, const QPointF& position) {
   int nearest = 0;
   double nearestDistance = HUGE_VAL;
@@ -113,8 +108,9 @@ QList<ChartFace> chartFaces(ChartType type, const ChartFrame& frame, const QList
 
 int rowAt(const QList<ChartFace>& faces, const QPointF& position) {
   if (const int row = markerAt(faces, position)) return row;
-  const auto found = std::find_if(faces.crbegin(), faces.crend(),
-                                  [&](const ChartFace& face) { return isHit(face, position); });
+  const auto found = std::find_if(faces.crbegin(), faces.crend(), [&](const ChartFace& face) {
+    return face.outline.containsPoint(position, Qt::OddEvenFill);
+  });
   return found == faces.crend() ? 0 : found->row;
 }
 

@@ -14,9 +14,12 @@ bool drawPdf(OutputFile& file, const QString& title, const DrawDocument& draw) {
   return draw({.device = writer, .isRefused = [&file] { return file.hasFailed(); }});
 }
 
+QString printerAmong(const QString& byDefault, const QStringList& available) {
+  return byDefault.isEmpty() && !available.isEmpty() ? available.first() : byDefault;
+}
+
 QString PrintSystem::printer() {
-  const QString byDefault = QPrinterInfo::defaultPrinterName();
-  return byDefault.isEmpty() ? QPrinterInfo::availablePrinterNames().value(0) : byDefault;
+  return printerAmong(QPrinterInfo::defaultPrinterName(), QPrinterInfo::availablePrinterNames());
 }
 
 QString PdfPrintSystem::print(const QString& printer, const QString& title, core::FileSystem& files,

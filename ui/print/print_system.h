@@ -23,6 +23,9 @@ using DrawDocument = std::function<bool(const Sheets& sheets)>;
 /// Draws a document into a PDF file, which the caller commits; false when the person cancelled it.
 bool drawPdf(OutputFile& file, const QString& title, const DrawDocument& draw);
 
+/// The name of the default printer, or of the first one where none is the default; empty without any.
+QString printerAmong(const QString& byDefault, const QStringList& available);
+
 /// What the program needs of the machine's printing: which printer, and to hand it a document. Tests have
 /// one of their own. Its halves are posix_print_system.cpp (CUPS) and windows_print_system.cpp; the build
 /// takes one of them.
@@ -30,7 +33,7 @@ class PrintSystem {
  public:
   virtual ~PrintSystem() = default;
 
-  /// The name of the default printer, or of the first one where none is the default; empty without any.
+  /// The name of the printer to print on, of those that the machine has; empty without any.
   virtual QString printer();
 
   /// Prints a document. Returns empty when it was taken or the person cancelled it, otherwise why not, in the

@@ -113,6 +113,15 @@ class DocumentTest : public QObject {
     }
   }
 
+  void anotherFileBesideTheDataIsReplaced() {
+    test::Desk desk;
+    desk.current.write("rendsz.dat", std::string("ABC-123 \x2D\x00", 10));
+    desk.current.write("kép.png", "old");
+    BoxScript boxes({QMessageBox::Yes});
+    QVERIFY(saved(desk, desk.current / "kép.png"));
+    QCOMPARE(desk.current.read("kép.png"), std::string("new"));
+  }
+
   void aNameOfDataThatIsFreeIsRefusedToo() {
     test::Desk desk;
     BoxScript boxes({QMessageBox::Ok});

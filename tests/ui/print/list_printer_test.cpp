@@ -8,6 +8,7 @@
 #include "tests/support/bytes.h"
 #include "tests/ui/print_desk.h"
 #include "tests/ui/screen_test.h"
+#include "ui/base/message_boxes.h"
 #include "ui/print/page_painter.h"
 
 using namespace tarvik;
@@ -117,7 +118,9 @@ class ListPrinterTest : public QObject {
     bench.answers.heading("Fejléc");
     QVERIFY(bench.print());
     const QString pdf = bench.path("sent.pdf");
-    QVERIFY(outputOf("pdfinfo", {pdf}).contains("842 x 595 pts (A4)"));
+    const QString facts = outputOf("pdfinfo", {pdf});
+    QVERIFY(facts.contains("842 x 595 pts (A4)"));
+    QVERIFY(facts.contains(QRegularExpression("Title: +Tarvik ABC123\n")));
     for (const auto& [word, xMm] : std::initializer_list<std::pair<const char*, double>>{{"Fejléc", 10},
                                                                                          {"Dátum", 10},
                                                                                          {"Km.", 30},
@@ -245,10 +248,18 @@ class ListPrinterTest : public QObject {
     bench.answers.heading("Minden");
     bench.answers.expect<QProgressDialog>([](QProgressDialog& dialog) {
       QVERIFY(!dialog.findChild<QPushButton*>());
+      QCOMPARE(dialog.minimum(), 0);
+      QCOMPARE(dialog.maximum(), 100);
+      QCOMPARE(dialog.minimumDuration(), 40);
+      QDialog titled;
+      titled.setWindowTitle(dialog.windowTitle());
+      ui::makeRoomForTitle(titled);
+      QVERIFY(dialog.width() >= titled.width());
       dialog.close();
     });
     ui::printList(bench.context, bench.plate, allRows(4'000), &bench.window, system);
     QVERIFY(system.isDrawn);
+    QCOMPARE(system.mode, QPageLayout::FullPageMode);
     if (hasPoppler())
       QVERIFY(outputOf("pdfinfo", {bench.path("paper.pdf")}).contains(QRegularExpression("Pages: +100\n")));
   }

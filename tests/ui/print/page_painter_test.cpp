@@ -117,6 +117,15 @@ class PagePainterTest : public QObject {
     QVERIFY(hasInk(picture, 230, 30, 10, 2.5));
   }
 
+  void aSerifIsAskedForWhereTheFontsAreMissing() {
+    QImage paper(10, 10, QImage::Format_RGB32);
+    QPainter painter(&paper);
+    print::Page page;
+    page.texts.push_back({.sizePt = 10, .text = "x", .widthMm = 9});
+    ui::paintPage(painter, page);
+    QCOMPARE(painter.font().styleHint(), QFont::Times);
+  }
+
   void theFontIsTheSystemsOwnOrItsEqual() {
     QStringList installed{"Arial", "Times New Roman", "Times New Roman CE"};
     const auto family = [&] {

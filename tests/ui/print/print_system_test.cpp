@@ -52,6 +52,12 @@ class PrintSystemTest : public QObject {
     QCOMPARE(answer, QStringLiteral("A sor nem fogad munkát."));
   }
 
+  void theDefaultPrinterIsTakenOrElseTheFirst() {
+    QCOMPARE(ui::printerAmong("Nappali", {"Konyha", "Nappali"}), "Nappali");
+    QCOMPARE(ui::printerAmong("", {"Konyha", "Nappali"}), "Konyha");
+    QCOMPARE(ui::printerAmong("", {}), "");
+  }
+
   void aDocumentThatIsCancelledIsNotSent() {
     QString answer("x");
     QVERIFY(printedOn("Nappali", "7", false, &answer).isEmpty());
