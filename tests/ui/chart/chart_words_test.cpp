@@ -44,6 +44,11 @@ class ChartWordsTest : public QObject {
              "2 pont. Legkisebb érték: 1 (c). Legnagyobb érték: 2 (b). Utolsó érték: 1 (c).");
   }
 
+  void namesTheFirstOfTheSmallestAndTheLastOfTheLargest() {
+    QCOMPARE(chartInWords(content("", {"a", "b", "c", "d", "e"}, {2, 1, 1, 2, 1.5})),
+             "5 pont. Legkisebb érték: 1 (b). Legnagyobb érték: 2 (d). Utolsó érték: 1,5 (e).");
+  }
+
   void saysThatThereAreNoData() {
     QCOMPARE(chartInWords(content("Ft", {}, {})), "Nincs adat.");
     QCOMPARE(chartInWords(content("Ft", {"a"}, {NAN})), "Nincs adat.");
