@@ -24,7 +24,6 @@ constexpr int kRoomForCursor = 2;
 // happens to the text, and told of the cursor in a text that is finished.
 DayField::DayField(QWidget* parent) : QDateEdit(parent) {
   letAssistiveToolsIn(*this);
-  setLocale({QLocale::Hungarian, QLocale::Hungary});
   setDisplayFormat(formatOf(last_));
   setCalendarPopup(true);
   setDateRange(toQt(core::kFirstDay), toQt(core::kLastDay));
@@ -33,9 +32,6 @@ DayField::DayField(QWidget* parent) : QDateEdit(parent) {
   connect(lineEdit(), &QLineEdit::textChanged, this, &DayField::onEdited);
   connect(lineEdit(), &QLineEdit::cursorPositionChanged, this, &DayField::onCursorMoved);
   connect(lineEdit(), &QLineEdit::selectionChanged, this, &DayField::onMoved);
-  connect(this, &QDateEdit::dateChanged, this, [this] {
-    if (!keepsText_) forget();
-  });
 }
 
 void DayField::showUpTo(DayPart last) {
@@ -58,7 +54,6 @@ void DayField::step(DayPart part, int steps) {
 }
 
 QSize DayField::sizeHint() const {
-  ensurePolished();
   QStyleOptionSpinBox option;
   initStyleOption(&option);
   const int width = fontMetrics().horizontalAdvance(widestText(last_) + QLatin1Char(' ')) + kRoomForCursor;

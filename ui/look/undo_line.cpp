@@ -1,14 +1,11 @@
 #include "ui/look/undo_line.h"
 
-#include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QBoxLayout>
-#include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QTimer>
 #include <algorithm>
 #include <utility>
 
@@ -39,9 +36,7 @@ bool isRedoKey(const QKeyEvent& key) {
 // A day's and a drop-down's text is a field inside of it.
 QLineEdit* fieldOf(QObject* part) {
   if (auto* field = qobject_cast<QLineEdit*>(part)) return field;
-  const bool hasField =
-      qobject_cast<QAbstractSpinBox*>(part) != nullptr || qobject_cast<QComboBox*>(part) != nullptr;
-  return hasField ? part->findChild<QLineEdit*>() : nullptr;
+  return part->findChild<QLineEdit*>();
 }
 
 QString filesOf(const std::vector<std::string>& paths) {
@@ -77,7 +72,8 @@ void tellCopy(Context& context) {
   else if (const std::vector<core::Failure> leftOut = copies.takeLeftOut(); !leftOut.empty())
     text = leftOutText(leftOut);
   if (text.isEmpty()) return;
-  QTimer::singleShot(0, qApp, [text] { tell(QApplication::activeWindow(), text); });
+  QMetaObject::invokeMethod(
+      qApp, [text] { tell(QApplication::activeWindow(), text); }, Qt::QueuedConnection);
 }
 
 }  // namespace
@@ -114,7 +110,7 @@ void UndoLine::addItem(QAction*& item, const QString& name, const QList<QKeySequ
 }
 
 UndoLine* UndoLine::of(QWidget* part) {
-  for (QWidget* screen = part != nullptr ? part->window() : nullptr; screen != nullptr;
+  for (QWidget* screen = part->window(); screen != nullptr;
        screen = screen->parentWidget() != nullptr ? screen->parentWidget()->window() : nullptr)
     if (auto* line = screen->findChild<UndoLine*>(QString(), Qt::FindDirectChildrenOnly)) return line;
   return nullptr;
@@ -185,7 +181,6 @@ bool UndoLine::eventFilter(QObject* watched, QEvent* event) {
   if (!isUndo && !isRedoKey(key)) return false;
   const QLineEdit* field = fieldOf(watched);
   if (field == nullptr || (isUndo ? field->isUndoAvailable() : field->isRedoAvailable())) return false;
-  event->ignore();
   return true;
 }
 

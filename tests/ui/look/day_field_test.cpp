@@ -388,7 +388,36 @@ class DayFieldTest : public QObject {
       QCOMPARE(bench.text(), shown(set));
       typeWithMoves("2013.06.21");
       QCOMPARE(bench.field.date(), QDate(2013, 6, 21));
+      bench.field.setDate(set);
+      typeWithMoves("x");
+      finish(bench, End::Enter);
+      QCOMPARE(bench.text(), shown(set));
     }
+  }
+
+  void whatIsTypedIsTakenBeforeItIsShownInAnotherWay() {
+    Bench bench;
+    enter(bench.field, Way::Tab);
+    typeWithMoves("2014>8");
+    bench.field.showUpTo(DayPart::Month);
+    QCOMPARE(bench.text(), "2014. augusztus");
+    QCOMPARE(bench.chosen(), "2014");
+    typeWithMoves("2015");
+    QCOMPARE(bench.text(), "2015. augusztus");
+  }
+
+  void itTellsThatAPersonTouchesIt() {
+    Bench bench;
+    QSignalSpy touched(&bench.field, &DayField::touched);
+    enter(bench.field, Way::Tab);
+    QCOMPARE(touched.count(), 0);
+    pressKey(Qt::Key_Up);
+    QCOMPARE(touched.count(), 1);
+    typeWithMoves("2");
+    QCOMPARE(touched.count(), 2);
+    QTest::mousePress(&bench.field, Qt::LeftButton, {}, {bench.field.width() - 6, bench.field.height() / 2});
+    QCOMPARE(touched.count(), 3);
+    QApplication::activePopupWidget()->close();
   }
 
   void theCalendarStaysAndTakesWhatIsTyped() {

@@ -9,6 +9,7 @@
 #include "tests/ui/by_hand.h"
 #include "tests/ui/dressed.h"
 #include "tests/ui/screen_test.h"
+#include "ui/look/day_field.h"
 #include "ui/look/editable_box.h"
 #include "ui/look/look.h"
 #include "ui/look/main_button.h"
@@ -53,7 +54,7 @@ struct Form {
   QLineEdit text;
   QLineEdit result;
   EditableBox box;
-  QDateEdit day;
+  DayField day;
   QRadioButton winter{"winter"};
   QRadioButton summer{"summer"};
   QCheckBox last{"last"};

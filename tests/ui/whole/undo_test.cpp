@@ -137,6 +137,23 @@ class UndoTest : public QObject {
     while (field->isUndoAvailable()) main.undo(field);
     main.undo(field);
     QCOMPARE(main.rows(), 3);
+    main.type("txKmOra", "5");
+    main.redo(field);
+    QCOMPARE(main.rows(), 2);
+  }
+
+  void inADropDownOrADayTheKeysAreTheFieldsInsideOfIt() {
+    Household main;
+    main.deleteRow(1);
+    auto* note = main.find<QComboBox>("txMegjegyzes");
+    main.type("txMegjegyzes", "abc");
+    main.undo(note);
+    QVERIFY(note->currentText() != "abc");
+    QCOMPARE(main.rows(), 2);
+    auto* day = main.find<QDateEdit>("DTPicker1");
+    day->setFocus();
+    main.undo(day);
+    QCOMPARE(main.rows(), 3);
   }
 
   void whatAnotherProgramChangedSinceIsRefusedInWords() {
