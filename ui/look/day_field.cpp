@@ -124,15 +124,12 @@ QValidator::State DayField::validate(QString& input, int& cursor) const {
     input = joined(shownParts(*pasted, last_), last_).text;
     cursor = static_cast<int>(input.size());
   }
-  return core::dayOfText(toLogic(input), shownDay(), last_) ? QValidator::Acceptable
-                                                            : QValidator::Intermediate;
+  return QValidator::Acceptable;
 }
 
-// Midnight of the person's own zone would be the day before in Qt's, which counts days in UTC.
-QDateTime DayField::dateTimeFromText(const QString& text) const {
-  QDateTime value = dateTime();
-  value.setDate(toQt(core::dayOfText(toLogic(text), shownDay(), last_).value_or(shownDay())));
-  return value;
+// What is typed is the value at once.
+QDateTime DayField::dateTimeFromText(const QString&) const {
+  return dateTime();
 }
 
 QString DayField::textFromDateTime(const QDateTime& value) const {
@@ -203,14 +200,14 @@ bool DayField::rubOut() {
 }
 
 bool DayField::moveByArrow(int step) {
-  if (typing_) return goOn(step) || step > 0;
+  if (typing_) return goOn(step) || step == 1;
   const auto typing = begun();
   return typing && !typing->replacesAll && lineEdit()->hasSelectedText() && goOn(step);
 }
 
 // To the next or the last part; false = there is none to go to.
 bool DayField::goOn(int step) {
-  if (typing_ && step > 0 && openNextPart()) return true;
+  if (typing_ && step == 1 && openNextPart()) return true;
   if (typing_ && !typedParts()) return false;
   if (base_ && !meant()) return false;
   const int part = static_cast<int>(currentPart()) + step;

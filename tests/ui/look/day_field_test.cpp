@@ -265,6 +265,17 @@ class DayFieldTest : public QObject {
     typeWithMoves("5");
     finish(bench, End::Enter);
     QCOMPARE(bench.text(), "2015.07.05.");
+    bench.restart();
+    enter(bench.field, Way::Backtab);
+    typeWithMoves("2");
+    pressKey(Qt::Key_Right);
+    typeWithMoves("1");
+    QCOMPARE(bench.text(), "2013.07.21.");
+    bench.restart();
+    enter(bench.field, Way::Tab);
+    typeWithMoves("2014");
+    pressKey(Qt::Key_Right);
+    QCOMPARE(bench.chosen(), "07");
   }
 
   void arrowsUpAndDownStepThePartUnderTheCursor() {
