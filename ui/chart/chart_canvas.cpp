@@ -276,8 +276,10 @@ void ChartCanvas::resizeEvent(QResizeEvent*) {
   markChanged();
 }
 
-void ChartCanvas::changeEvent(QEvent*) {
-  markChanged();
+void ChartCanvas::changeEvent(QEvent* event) {
+  const QEvent::Type type = event->type();
+  if (type == QEvent::PaletteChange || type == QEvent::FontChange || type == QEvent::StyleChange)
+    markChanged();
 }
 
 QPixmap ChartCanvas::picture(double scale) {

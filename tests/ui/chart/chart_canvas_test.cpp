@@ -243,6 +243,14 @@ class ChartCanvasTest : public QObject {
     canvas_->grab();
     canvas_->grab();
     QCOMPARE(plotted.count(), 1);
+    QEvent anotherWindowIsActive(QEvent::ActivationChange);
+    QCoreApplication::sendEvent(canvas_, &anotherWindowIsActive);
+    canvas_->grab();
+    QCOMPARE(plotted.count(), 1);
+    QEvent anotherStyle(QEvent::StyleChange);
+    QCoreApplication::sendEvent(canvas_, &anotherStyle);
+    canvas_->grab();
+    QCOMPARE(plotted.count(), 2);
   }
 
   void anotherFontIsTakenForEveryText() {
