@@ -140,7 +140,9 @@ class OneWayPrintSystem final : public ui::PrintSystem {
   QString printer() override { return QStringLiteral("Nappali"); }
   QString print(const QString&, const QString&, core::FileSystem&, const ui::DrawDocument& draw) override {
     QPdfWriter writer(paper_);
-    const auto isRefused = [] {
+    const auto isRefused = [this] {
+      for (QWidget* widget : QApplication::topLevelWidgets())
+        if (const auto* progress = qobject_cast<QProgressDialog*>(widget)) steps << progress->value();
       showProgress();
       return false;
     };
@@ -150,6 +152,7 @@ class OneWayPrintSystem final : public ui::PrintSystem {
   }
 
   bool isDrawn = false;
+  QList<int> steps;  ///< of the progress, before each sheet
   QPageLayout::Mode mode = QPageLayout::StandardMode;
 
  private:

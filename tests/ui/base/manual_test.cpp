@@ -72,6 +72,24 @@ class ManualTest : public QObject {
     QCOMPARE(desk.pages.opened, QList{page});
   }
 
+  void aKeyHeldDownOpensItOnce() {
+    ManualDesk desk;
+    desk.program.write("kezikonyv.html", "");
+    QTest::keyPress(&desk.field, Qt::Key_F1);
+    QTest::simulateEvent(&desk.field, true, Qt::Key_F1, Qt::NoModifier, {}, true);
+    QCoreApplication::processEvents();
+    QCOMPARE(desk.pages.opened.size(), 1);
+  }
+
+  void withoutTheKeyboardAnywhereItIsTheWindowsChapter() {
+    ManualDesk desk;
+    desk.program.write("kezikonyv.html", "");
+    desk.field.clearFocus();
+    desk.manual.item()->trigger();
+    QCoreApplication::processEvents();
+    QCOMPARE(desk.pages.opened.value(0).fragment(), "a-főablak");
+  }
+
   void aDialogWithoutAChapterHasThatOfTheScreenBelow() {
     ManualDesk desk;
     desk.program.write("kezikonyv.html", "");

@@ -260,6 +260,7 @@ class ListPrinterTest : public QObject {
     ui::printList(bench.context, bench.plate, allRows(4'000), &bench.window, system);
     QVERIFY(system.isDrawn);
     QCOMPARE(system.mode, QPageLayout::FullPageMode);
+    QCOMPARE(system.steps.value(0, -1), 0);
     if (hasPoppler())
       QVERIFY(outputOf("pdfinfo", {bench.path("paper.pdf")}).contains(QRegularExpression("Pages: +100\n")));
   }

@@ -117,13 +117,16 @@ class PagePainterTest : public QObject {
     QVERIFY(hasInk(picture, 230, 30, 10, 2.5));
   }
 
-  void aSerifIsAskedForWhereTheFontsAreMissing() {
+  void aThinPenAndASerifAsItIsOnPaperAreTaken() {
     QImage paper(10, 10, QImage::Format_RGB32);
     QPainter painter(&paper);
     print::Page page;
     page.texts.push_back({.sizePt = 10, .text = "x", .widthMm = 9});
+    page.rules.push_back({0, 0, 9, 0});
     ui::paintPage(painter, page);
     QCOMPARE(painter.font().styleHint(), QFont::Times);
+    QCOMPARE(painter.font().hintingPreference(), QFont::PreferNoHinting);
+    QCOMPARE(painter.pen(), QPen(Qt::black, 0.15 * paper.logicalDpiX() / 25.4, Qt::SolidLine, Qt::FlatCap));
   }
 
   void theFontIsTheSystemsOwnOrItsEqual() {
