@@ -32,6 +32,9 @@ DayField::DayField(QWidget* parent) : QDateEdit(parent) {
   connect(lineEdit(), &QLineEdit::textChanged, this, &DayField::onEdited);
   connect(lineEdit(), &QLineEdit::cursorPositionChanged, this, &DayField::onCursorMoved);
   connect(lineEdit(), &QLineEdit::selectionChanged, this, &DayField::onMoved);
+  connect(this, &QDateEdit::dateChanged, this, [this] {
+    if (!keepsText_) forget();
+  });
 }
 
 void DayField::showUpTo(DayPart last) {

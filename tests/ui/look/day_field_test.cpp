@@ -404,6 +404,14 @@ class DayFieldTest : public QObject {
       finish(bench, End::Enter);
       QCOMPARE(bench.text(), shown(set));
     }
+    Bench bench;
+    enter(bench.field, Way::Tab);
+    typeWithMoves("20");
+    pressKey(Qt::Key_Home);
+    bench.field.setDate(QDate(2020, 2, 3));
+    typeWithMoves("x");
+    finish(bench, End::Enter);
+    QCOMPARE(bench.field.date(), QDate(2020, 2, 3));
   }
 
   void whatIsTypedIsTakenBeforeItIsShownInAnotherWay() {
