@@ -123,6 +123,15 @@ class FrmTarvikEntryTest : public QObject {
     QCOMPARE(main.screen->focusWidget(), main.list());
   }
 
+  void whereATextWasAddedIsTheKeyboardAfterwards() {
+    ListedCar main({});
+    main.type("txAlkatresz", "Izzó");
+    BoxScript boxes({QMessageBox::Yes});
+    main.find<QPushButton>("cmdAlkatresz")->setFocus();
+    main.press("cmdAlkatresz");
+    QCOMPARE(main.screen->focusWidget(), main.combo("txAlkatresz"));
+  }
+
   void aKmThatDoesNotFitIsRefused() {
     ListedCar main({});
     main.type("txKmOra", "3000000000");

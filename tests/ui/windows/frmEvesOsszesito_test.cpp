@@ -74,7 +74,7 @@ class FrmEvesOsszesitoTest : public QObject {
   void aClickedYearIsChosen() {
     Years years;
     test::clickRow(years.list(), 1);
-    QCOMPARE(years.list().currentIndex().row(), 1);
+    QVERIFY(years.list().selectionModel()->isRowSelected(1));
   }
 
   void allColumnsAndTenYearsAreInSight() {

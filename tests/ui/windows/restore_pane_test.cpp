@@ -106,20 +106,20 @@ class RestorePaneTest : public QObject {
   void aClickedRowOfACopysLogIsChosen() {
     test::Desk desk;
     desk.writeLogbook("Mentések/2013-07-01/ABC-123", {test::fuelling({2013, 6, 1}, 10'000, 300'000, true)});
-    int chosen = -1;
+    bool isChosen = false;
     test::onNextDialog<QDialog>([&](QDialog& screen) {
       test::part<QListWidget>(screen, "listKulonbsegek")->setCurrentRow(0);
       test::onNextDialog<QDialog>([&](QDialog& log) {
         auto* const list = test::part<ListView>(log, "ListViewMentes");
         test::clickRow(*list, 0);
-        chosen = list->currentIndex().row();
+        isChosen = list->selectionModel()->isRowSelected(0);
         log.close();
       });
       test::press(*test::part<QPushButton>(screen, "cmdMentesNezet"));
       screen.close();
     });
     openRestoreScreen(desk.context, nullptr);
-    QCOMPARE(chosen, 0);
+    QVERIFY(isChosen);
   }
 
   void whatCameBackAndWhatDidNotIsToldWhereTheDiskFailsHalfWay() {
