@@ -276,7 +276,7 @@ void DayField::showTyping() {
 void DayField::put(const QString& text, int start, int length) {
   const QScopedValueRollback own(isOwn_, true);
   if (lineEdit()->text() != text) lineEdit()->setText(text);
-  length > 0 ? lineEdit()->setSelection(start, length) : lineEdit()->setCursorPosition(start);
+  lineEdit()->setSelection(start, length);
   shown_ = text;
 }
 

@@ -425,6 +425,30 @@ class DayFieldTest : public QObject {
     QCOMPARE(bench.text(), "2015. augusztus");
   }
 
+  void whatIsBeingTypedStaysWhileItIsPaintedAndMended() {
+    Bench bench;
+    enter(bench.field, Way::Tab);
+    typeWithMoves("20");
+    bench.field.repaint();
+    QCoreApplication::processEvents();
+    QCOMPARE(bench.text(), "20.07.05.");
+    bench.restart();
+    clickLetter(bench.field, 4);
+    pressKey(Qt::Key_Backspace);
+    clickLetter(bench.field, 1);
+    QCOMPARE(bench.text(), "201.07.05.");
+  }
+
+  void aPointBeforeAnythingIsTypedIsTakenInSilence() {
+    Bench bench;
+    enter(bench.field, Way::Tab);
+    typeWithMoves(".");
+    QCOMPARE(bench.text(), "2013.07.05.");
+    pressKey(Qt::Key_Backspace);
+    typeWithMoves(".");
+    QCOMPARE(bench.text(), ".07.05.");
+  }
+
   void itTellsThatAPersonTouchesIt() {
     Bench bench;
     QSignalSpy touched(&bench.field, &DayField::touched);
