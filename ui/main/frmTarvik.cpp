@@ -201,6 +201,10 @@ void frmTarvik::beolvas() {
   logbook_->beolvas();
 }
 
+void frmTarvik::MezoDel() {
+  entry_->MezoDel();
+}
+
 QString frmTarvik::plate() const {
   return ui_->Combo1->currentText();
 }

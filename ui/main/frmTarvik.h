@@ -34,6 +34,8 @@ class frmTarvik : public QMainWindow {
 
   /// Rebuilds the list and the totals from the logbook of the chosen vehicle.
   void beolvas();
+  /// Clears the entry's fields; the note's cost and the date stay for the day's next entry.
+  void MezoDel();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
