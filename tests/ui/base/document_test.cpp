@@ -49,12 +49,17 @@ class DocumentTest : public QObject {
 
   void theDialogIsTheSameAsNewEachTime() {
     test::Desk desk;
+    const test::TemporaryFolder home;
+    home.makeFolder("Documents");
+    const QByteArray homeBefore = qgetenv("HOME");
+    qputenv("HOME", home.path().c_str());
     QStringList seen;
     for (int time = 0; time < 2; ++time) {
       onNextDialog<QFileDialog>([&](QFileDialog& dialog) {
         auto* const name = dialog.findChild<QLineEdit*>("fileNameEdit");
         seen << name->text() + " " + name->selectedText() + " " + dialog.defaultSuffix() + " " +
                     dialog.selectedNameFilter() + " " + dialog.directory().path();
+        dialog.setDirectory(ui::toQt(desk.current.path()));
         emit dialog.filterSelected("PDF dokumentum (*.pdf)");
         test::nameFile(dialog, ui::toQt(desk.current / "ábra"));
         static_cast<QDialog&>(dialog).accept();
@@ -65,9 +70,13 @@ class DocumentTest : public QObject {
       });
       QCOMPARE(desk.current.names(), std::vector<std::string>{"ábra.pdf"});
       fs::remove(desk.current / "ábra.pdf");
+      for (const QWidget* widget : QApplication::topLevelWidgets())  // none watches the folder any more
+        if (const auto* dialog = qobject_cast<const QFileDialog*>(widget))
+          QCOMPARE(dialog->directory(), QDir(ui::toQt(home / "Documents")));
     }
     QVERIFY2(seen[0].startsWith("kép.png kép.png png PNG kép (*.png) "), qPrintable(seen[0]));
     QCOMPARE(seen[1], seen[0]);
+    qputenv("HOME", homeBefore);
   }
 
   void theDialogLeavesNothingInThePersonsSettings() {
