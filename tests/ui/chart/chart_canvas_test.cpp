@@ -280,6 +280,14 @@ class ChartCanvasTest : public QObject {
     QCOMPARE(std::count_if(paper.lines().begin(), paper.lines().end(), isTick), 1);
   }
 
+  void moreThan400RowsAreDrawnByTheirStretches() {
+    for (const auto& [rows, drawn] :
+         {std::pair(400, 400), {401, 201}}) {  // of equal values the first, and the last
+      show(ChartType::Line2D, QStringList(rows, "a"), QList<double>(rows, 5.0));
+      QCOMPARE(canvas_->faces().size(), drawn);
+    }
+  }
+
   void thePlotIsAsHighAsItIsWished() {
     canvas_->resize(700, chartHeightForPlot(220, canvas_->font()));
     show(ChartType::Bars3D, {"a"}, {1});

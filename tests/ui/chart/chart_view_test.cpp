@@ -7,6 +7,7 @@
 
 #include "tests/ui/chart_samples.h"
 #include "tests/ui/screen_test.h"
+#include "ui/chart/chart_canvas.h"
 
 using tarvik::ui::ChartType;
 using tarvik::ui::ChartView;
@@ -256,6 +257,8 @@ class ChartViewTest : public QObject {
   void wishesForAWidthAndCanDoWithLess() {
     QCOMPARE(chart_->sizeHint().width(), 700);
     QCOMPARE(chart_->minimumSizeHint().width(), 320);
+    QCOMPARE(chart_->sizeHint().height(), tarvik::ui::chartHeightForPlot(220, chart_->font()));
+    QCOMPARE(chart_->minimumSizeHint().height(), tarvik::ui::chartHeightForPlot(72, chart_->font()));
     QCOMPARE(chart_->sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding));
   }
 
