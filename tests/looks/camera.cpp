@@ -32,7 +32,9 @@ QImage photograph(QWidget& window) {
 }
 
 // Whether the display has got what the window draws, and nothing of another window stands over it any more.
+// On a busy machine a window comes up in a size that it had before it was laid out.
 bool shows(const QImage& display, QWidget& window) {
+  if (window.size() != window.size().expandedTo(window.minimumSize())) return false;
   const QImage drawn = window.grab().toImage().convertToFormat(QImage::Format_RGB32);
   if (display.size() != drawn.size()) return false;
   qint64 differing = 0;
