@@ -123,6 +123,15 @@ class FrmTarvikEntryTest : public QObject {
     QCOMPARE(main.screen->focusWidget(), main.list());
   }
 
+  void theFieldsAreClearedButForTheNotesCost() {
+    ListedCar main({});
+    main.type("txKmOra", "10000");
+    main.type("txMegjKtg", "800");
+    main.screen->MezoDel();
+    QCOMPARE(main.edit("txKmOra")->text(), QString());
+    QCOMPARE(main.edit("txMegjKtg")->text(), QString("800"));
+  }
+
   void whereATextWasAddedIsTheKeyboardAfterwards() {
     ListedCar main({});
     main.type("txAlkatresz", "Izzó");
