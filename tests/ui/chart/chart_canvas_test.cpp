@@ -288,6 +288,12 @@ class ChartCanvasTest : public QObject {
     }
   }
 
+  void numbersStand38PixelsApart() {
+    canvas_->resize(700, chartHeightForPlot(6 * 38, canvas_->font()));
+    show(ChartType::Bars3D, {"a"}, {60});
+    QVERIFY(Paper(*canvas_).words().contains("10"));  // six steps, and not five of 20
+  }
+
   void thePlotIsAsHighAsItIsWished() {
     canvas_->resize(700, chartHeightForPlot(220, canvas_->font()));
     show(ChartType::Bars3D, {"a"}, {1});
