@@ -1,5 +1,6 @@
 #include "ui/look/editable_box.h"
 
+#include <QCompleter>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
@@ -23,8 +24,10 @@ qsizetype spacesAtEnd(const QString& text) {
 
 }  // namespace
 
+// A field without a completer would get one over all texts of the box, which is slower than the box itself.
 EditableBox::EditableBox(QWidget* parent) : QComboBox(parent) {
   auto* field = new QLineEdit(this);
+  field->setCompleter(new QCompleter(field));
   setLineEdit(field);
   setCompleter(nullptr);
   connect(field, &QLineEdit::textEdited, this, &EditableBox::followEdit);

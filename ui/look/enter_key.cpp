@@ -53,7 +53,11 @@ class EnterKey : public QObject {
  public:
   explicit EnterKey(QWidget& screen) : QObject(&screen), screen_(screen) {
     screen.installEventFilter(this);
-    for (QPushButton* button : screen.findChildren<QPushButton*>()) button->setAutoDefault(false);
+    for (QPushButton* button : screen.findChildren<QPushButton*>()) {
+      button->setAutoDefault(false);
+      button->installEventFilter(this);  // on some desktops Enter presses whatever button has the
+      // keyboard
+    }
   }
 
   bool eventFilter(QObject*, QEvent* event) override {

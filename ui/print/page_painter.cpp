@@ -72,7 +72,7 @@ class TextPainter {
     painter_.save();
     painter_.translate(baseline);
     painter_.scale(narrowing, 1);
-    painter_.drawText(QPointF(), metrics_.elidedText(ink, Qt::ElideRight, room));
+    painter_.drawText(QPointF(), share < kNarrowest ? metrics_.elidedText(ink, Qt::ElideRight, room) : ink);
     painter_.restore();
   }
 

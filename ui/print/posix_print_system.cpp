@@ -10,7 +10,7 @@ namespace {
 // all the same. Qt's own printer would send the document too, but it drops the answer.
 class CupsLibrary {
  public:
-  bool isUsable() const { return library_.isLoaded(); }
+  bool isUsable() const { return printFile_ && addOption_ && freeOptions_ && lastErrorString_; }
   QString errorString() const { return library_.errorString(); }
 
   QString print(const QByteArray& queue, const QByteArray& file, const QByteArray& title) const {

@@ -17,6 +17,14 @@
 namespace tarvik::ui {
 namespace {
 
+/// A button as some desktops have it: Enter presses it whenever it has the keyboard.
+class EagerButton : public QPushButton {
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    event->key() == Qt::Key_Return ? click() : QPushButton::keyPressEvent(event);
+  }
+};
+
 /// A dialog with an entry whose button asks, one whose button does not, and a list.
 struct Form {
   Form() {
@@ -39,7 +47,7 @@ struct Form {
     unasked.setProperty("look", "main");
     box.addItems({"one", "two"});
     rows.addItems({"one", "two"});
-    for (QPushButton* button : {&asks, &unasked, &harmless})
+    for (QPushButton* button : QList<QPushButton*>{&asks, &unasked, &harmless})
       QObject::connect(button, &QPushButton::clicked, [this, button] { pressed << button; });
     followEnterRule(dialog);
     test::bringUp(dialog);
@@ -61,7 +69,7 @@ struct Form {
   QPushButton asks{"asks"};
   QLineEdit other;
   QLineEdit ends;
-  QPushButton unasked{"unasked"};
+  EagerButton unasked;
   QPushButton harmless{"harmless"};
   QListWidget rows;
   QList<QPushButton*> pressed;

@@ -100,6 +100,14 @@ class PagePainterTest : public QObject {
     QVERIFY(!hasInk(picture, 69.2, 30.2, 10, 2.6));
   }
 
+  void aTextThatNarrowerLettersMakeFitIsNeverCut() {
+    for (int width = 30; width < 45; ++width) {
+      print::Page page;
+      page.texts.push_back({.sizePt = 10, .text = std::string(15, 'W'), .widthMm = width});
+      QVERIFY2(hasInk(pictureOf(page), width - 1.3, 0.6, 1.3, 1.2), qPrintable(QString::number(width)));
+    }
+  }
+
   void aHeadingThatIsTooLongForThatIsCut() {
     const core::Logbook logbook = logbookOf(1);
     const print::ListDocument document(logbook, allRows(1), std::string(300, 'W'));
