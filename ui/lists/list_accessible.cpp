@@ -179,7 +179,7 @@ class ListAccessible : public QAccessibleWidget, public QAccessibleTableInterfac
   QAccessibleInterface* caption() const override { return nullptr; }
   QAccessibleInterface* summary() const override { return nullptr; }
   QAccessibleInterface* cellAt(int row, int column) const override {
-    const bool isThere = row >= 0 && row < rowCount() && column >= 0 && column < columnCount();
+    const bool isThere = row >= 0 && column >= 0 && column < columnCount();
     return isThere ? child((row + 1) * columnCount() + column) : nullptr;
   }
   int rowCount() const override { return list()->model() ? list()->model()->rowCount() : 0; }
