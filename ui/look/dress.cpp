@@ -25,11 +25,12 @@ QPixmap ownPicture(const QString& path) {
   return QPixmap::fromImageReader(&reader);
 }
 
-// Every start reads them: their few colours are in a table, and there is none of 256 pixels.
+// Every start reads them all and hands them to the display: none is larger than a desktop's list of windows
+// shows at twice its usual size.
 QIcon programIcon() {
   bringIcons();
   QIcon icon;
-  for (const int size : {16, 24, 32, 48, 64, 128})
+  for (const int size : {16, 24, 32, 48, 64})
     icon.addPixmap(ownPicture(QStringLiteral(":/tarvik/icon-%1.png").arg(size)));
   return icon;
 }

@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QCalendarWidget>
 #include <QComboBox>
 #include <QDateEdit>
 #include <QGroupBox>
@@ -9,6 +10,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QStyleOption>
+#include <QTextCharFormat>
 #include <algorithm>
 
 #include "ui/base/colours.h"
@@ -52,6 +54,12 @@ bool isCard(const QWidget* widget) {
 
 bool isMain(const QWidget* widget) {
   return widget != nullptr && isMainAction(*widget);
+}
+
+// What stands out from what it lies in or over by a line around it: a list, and what opens as a window.
+bool isOutlined(const QWidget* widget) {
+  return qobject_cast<const QAbstractItemView*>(widget) != nullptr ||
+         (widget != nullptr && widget->windowType() == Qt::Popup);
 }
 
 // The row of a list with the keyboard, which Qt fills with a tint of the highlight.
@@ -118,6 +126,11 @@ void LookStyle::polish(QWidget* widget) {
     label->setTextFormat(Qt::PlainText);
     if (label->contentsMargins().isNull()) label->setContentsMargins(0, kAccent, 0, kAccent);
     if (const int width = widthOfLongest(*label)) label->setMinimumWidth(width + label->indent() + 1);
+  }
+  if (auto* calendar = qobject_cast<QCalendarWidget*>(widget)) {
+    QTextCharFormat red;  // Qt's own is hard to read on dark desktops
+    red.setForeground(overdueColour(QApplication::palette()));
+    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) calendar->setWeekdayTextFormat(day, red);
   }
 }
 
@@ -258,9 +271,9 @@ void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
       if (qobject_cast<const QAbstractButton*>(widget) != nullptr) return;  // its own line shows it
       if (isRowNotChosen(*option)) return paintKeyboardsPlace(*painter, *option);
       break;
-    case PE_Frame:
-      if (qobject_cast<const QAbstractItemView*>(widget) != nullptr) return paintOutline(*painter, *option);
-      break;
+    case PE_PanelMenu:
+      QProxyStyle::drawPrimitive(element, option, painter, widget);
+      return paintOutline(*painter, *option);
     default:
       break;
   }
@@ -271,7 +284,7 @@ void LookStyle::drawControl(ControlElement element, const QStyleOption* option, 
                             const QWidget* widget) const {
   if (element == CE_ShapedFrame) {
     if (hasLook(widget, "card")) return paintCard(*painter, *option);
-    if (qobject_cast<const QAbstractItemView*>(widget) != nullptr) return paintOutline(*painter, *option);
+    if (isOutlined(widget)) return paintOutline(*painter, *option);
   }
   if (element == CE_HeaderSection) return paintHeading(*painter, *option);
   if (element == CE_HeaderEmptyArea) return paintHeading(*painter, *option);
