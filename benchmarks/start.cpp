@@ -1,6 +1,6 @@
-// tarvik_bench_start PROGRAM BARE FIRST_PAINT FOLDER ROUNDS PLATFORM...: how long a program takes from its
-// start to its first painted window, and how much memory, beside a bare window of Qt. The
-// program is copied into FOLDER, where its data are. Writes the rows of the table.
+// tarvik_bench_start PROGRAM BARE FORMS FIRST_PAINT FOLDER ROUNDS PLATFORM...: how long a program takes from
+// its start to its first painted window, and how much memory, beside a bare window of Qt and beside the forms
+// of its own window. The program is copied into FOLDER, where its data are. Writes the rows of the table.
 
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -113,21 +113,23 @@ std::string programIn(const std::string& folder, const std::string& program, int
   return folder + "/Tarvik";
 }
 
-/// The bare window and the program over its two folders.
+/// The bare window, the bare forms, and the program over its two folders.
 struct Programs {
   std::string bare;
+  std::string forms;
   std::string empty;
   std::string full;
 };
 
-/// Program and bare window on one platform, in turns.
+/// The programs on one platform, in turns.
 void measure(const std::string& platform, const Programs& programs, int rounds) {
   setenv("QT_QPA_PLATFORM", platform.c_str(), 1);
-  Starts bare, first, empty, full;
-  for (const auto& program : {programs.bare, programs.empty, programs.full})
+  Starts bare, forms, first, empty, full;
+  for (const auto& program : {programs.bare, programs.forms, programs.empty, programs.full})
     startOnce(program);  // into the caches
   for (int round = 0; round < rounds; ++round) {
     bare.add(startOnce(programs.bare));
+    forms.add(startOnce(programs.forms));
     emptyFolderOf(programs.empty);
     first.add(startOnce(programs.empty));
     empty.add(startOnce(programs.empty));
@@ -139,6 +141,8 @@ void measure(const std::string& platform, const Programs& programs, int rounds) 
   writeAgainstFloor(figure + "empty folder" + where, empty.nanoseconds, floor, 1.5);
   writeAgainstFloor(figure + "the very first in it" + where, first.nanoseconds, floor, 1.5);
   writeAgainstFloor(figure + "full logbook" + where, full.nanoseconds, floor, 1.75);
+  writeAgainstFloor(figure + "empty folder" + where, empty.nanoseconds,
+                    {"its forms alone", forms.nanoseconds}, 1.15);
   const Beside work{"bare window", bare.processorNanoseconds};
   const std::string cost = "the same start's processor time, ";
   writeAgainstFloor(cost + "empty folder" + where, empty.processorNanoseconds, work, 1.5);
@@ -151,15 +155,17 @@ void measure(const std::string& platform, const Programs& programs, int rounds) 
 
 int main(int argc, char** argv) {
   using namespace tarvik::bench;
-  if (argc < 7) {
-    std::fputs("usage: tarvik_bench_start PROGRAM BARE FIRST_PAINT FOLDER ROUNDS PLATFORM...\n", stderr);
+  if (argc < 8) {
+    std::fputs("usage: tarvik_bench_start PROGRAM BARE FORMS FIRST_PAINT FOLDER ROUNDS PLATFORM...\n",
+               stderr);
     return 2;
   }
-  const std::string folder = std::filesystem::absolute(argv[4]).string();
+  const std::string folder = std::filesystem::absolute(argv[5]).string();
   const Programs programs{.bare = std::filesystem::absolute(argv[2]).string(),
+                          .forms = std::filesystem::absolute(argv[3]).string(),
                           .empty = programIn(folder + "/start-empty", argv[1], 0),
                           .full = programIn(folder + "/start-full", argv[1], kFullLogbook)};
-  setenv("LD_PRELOAD", std::filesystem::absolute(argv[3]).c_str(), 1);
-  for (int i = 6; i < argc; ++i) measure(argv[i], programs, std::atoi(argv[5]));
+  setenv("LD_PRELOAD", std::filesystem::absolute(argv[4]).c_str(), 1);
+  for (int i = 7; i < argc; ++i) measure(argv[i], programs, std::atoi(argv[6]));
   return 0;
 }
