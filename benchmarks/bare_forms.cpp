@@ -1,5 +1,5 @@
-// The least that the main screen takes: Qt, the program's libraries, the screen's forms in Qt's own style over
-// an empty list, and nothing that makes them work.
+// The least that the main screen takes: Qt, the program's libraries, the screen's forms in Qt's own style
+// over an empty list, and nothing that makes them work.
 
 #include <QApplication>
 #include <QMainWindow>

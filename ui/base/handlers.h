@@ -33,7 +33,7 @@ template <typename Screen>
 void onMenu(Screen* screen, QAction* item, void (Screen::*handler)()) {
   QObject::connect(
       item, &QAction::triggered, screen,
-      [screen, handler] { guarded(screen, [=] { (screen->*handler)(); }); }, Qt::QueuedConnection);
+      [screen, handler] { guarded(windowOf(screen), [=] { (screen->*handler)(); }); }, Qt::QueuedConnection);
 }
 
 }  // namespace tarvik::ui

@@ -4,48 +4,31 @@
 #include <QPushButton>
 #include <QScopeGuard>
 #include <QShortcut>
-#include <QStyle>
-#include <algorithm>
 
 #include "core/file_steps.h"
 #include "settings/start_settings.h"
 #include "settings/vehicles.h"
-#include "ui/base/about.h"
 #include "ui/base/change.h"
 #include "ui/base/guarded.h"
 #include "ui/base/handlers.h"
-#include "ui/base/manual.h"
-#include "ui/base/menu_entry_action.h"
 #include "ui/base/message_boxes.h"
 #include "ui/base/text.h"
 #include "ui/exchange/csv_files.h"
 #include "ui/look/access.h"
 #include "ui/look/enter_key.h"
-#include "ui/look/fitting_area.h"
-#include "ui/look/look.h"
-#include "ui/look/placement.h"
 #include "ui/look/plate_chooser.h"
 #include "ui/look/undo_line.h"
 #include "ui/main/entry_changes.h"
 #include "ui/main/entry_form.h"
 #include "ui/main/logbook_pane.h"
+#include "ui/main/main_menu.h"
+#include "ui/main/main_placement.h"
 #include "ui/main/reminder_switch.h"
-#include "ui/print/list_printer.h"
 #include "ui/windows/chart_panel.h"
-#include "ui/windows/frmEvesOsszesito.h"
-#include "ui/windows/frmGumik.h"
-#include "ui/windows/frmSetup.h"
-#include "ui/windows/frmSzerviz.h"
-#include "ui/windows/restore_pane.h"
 #include "ui_frmTarvik.h"
 
 namespace tarvik::ui {
 namespace {
-
-constexpr int kWidthTwips = 10'600;
-constexpr int kWishedRows = 6;
-// The size of letters that the width is made for.
-constexpr double kUsualPoints = 9;
 
 template <typename TextOf>
 QStringList platesOf(const Context& context, TextOf textOf) {
@@ -72,11 +55,15 @@ frmTarvik::frmTarvik(Context& context) : ui_(std::make_unique<Ui::frmTarvik>()),
   makeAccessible(*this);
   compose();
   connectParts();
-  undo_ = new UndoLine(context_, *this, *ui_->mainLayout,
-                       [this](const core::Travelled& travelled) { follow(travelled); });
-  connectMenu();
+  auto* const undo = new UndoLine(context_, *this, *ui_->mainLayout,
+                                  [this](const core::Travelled& travelled) { follow(travelled); });
+  new MainMenu(context_, *this, {*logbook_, *reminders_, *undo},
+               {.plate = [this] { return plate(); },
+                .plates = [this] { return trimmedPlates(context_); },
+                .refusesBlankPlate = [this](const QString& what) { return refusesBlankPlate(what); },
+                .setPlates = [this](const QStringList& plates) { setPlates(plates); }});
   setUpKeyboard();
-  place();
+  placeMainScreen(*this, {*ui_->mainLayout, *entry_, *logbook_, *chart_});
 }
 
 frmTarvik::~frmTarvik() = default;
@@ -96,35 +83,6 @@ void frmTarvik::compose() {
   logbook_->layOver(*chart_);
 }
 
-// Where the display has room the list is taller than it must be, as high as a chart over it wishes, and holds
-// as many letters as at their usual size, which takes a little more than their growth; where it is too low
-// for the smallest chart, the fields and the results stand beside each other, and all parts closer together.
-void frmTarvik::place() {
-  keepWithinReach(*this);
-  const int list = logbook_->listHeight();
-  const double larger = std::max(0.0, QFontInfo(font()).pointSizeF() / kUsualPoints - 1);
-  const int more = larger > 0 ? qRound(pixelsOfTwips(kWidthTwips, *this) * larger) + 2 * gridStep() : 0;
-  const QSize wanted(
-      pixelsOfTwips(kWidthTwips, *this) + more,
-      sizeHint().height() + std::max(kWishedRows * rowHeight(), chart_->sizeHint().height() - list));
-  const int least = ui_->centralwidget->sizeHint().height() - list + chart_->minimumSizeHint().height();
-  const QSize room = FittingArea::roomOnDisplay(*this);
-  if (room.height() >= least) return openInTheMiddle(*this, wanted);
-  for (QLayout* parts : {static_cast<QLayout*>(ui_->mainLayout), entry_->layout(), logbook_->layout()})
-    parts->setSpacing(gridStep() / 2);
-  ui_->mainLayout->setContentsMargins(gridStep(), gridStep(), gridStep(), gridStep());
-  entry_->setNarrowTank(true);
-  if (wideWidth() > room.width()) entry_->setNarrowTank(false);
-  openInTheMiddle(*this, {wideWidth(), wanted.height()});
-}
-
-// The width from which on the fields and the results stand beside each other, in pixels.
-int frmTarvik::wideWidth() const {
-  const QMargins sides = ui_->mainLayout->contentsMargins();
-  return std::max(entry_->wideWidth(), logbook_->wideWidth()) + sides.left() + sides.right() +
-         style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-}
-
 void frmTarvik::connectParts() {
   new PlateChooser(ui_->Combo1, [this] { guarded(this, [this] { toggleFilter(); }); });
   onSignal(ui_->Combo1, &QComboBox::currentTextChanged, this, &frmTarvik::followPlate);
@@ -141,38 +99,6 @@ void frmTarvik::connectParts() {
   onSignal(logbook_, &LogbookPane::listedAnew, chart_, &ChartPanel::redraw);
   onSignal(logbook_, &LogbookPane::listWanted, this, &frmTarvik::uncoverList);
   onSignal(logbook_, &LogbookPane::importWanted, this, &frmTarvik::importLog);
-}
-
-void frmTarvik::connectMenu() {
-  connect(ui_->mnuKilep, &QAction::triggered, this, &QWidget::close, Qt::QueuedConnection);
-  onMenu(this, ui_->mnuSetup, &frmTarvik::openSetup);
-  onMenu(this, ui_->mnuGumik, &frmTarvik::openGumik);
-  onMenu(this, ui_->mnuSzerviz, &frmTarvik::openSzerviz);
-  onMenu(this, ui_->mnuPrint, &frmTarvik::print);
-  QMenu* tools = menuBar()->addMenu(QStringLiteral("&Eszközök"));
-  tools->setObjectName(QStringLiteral("mnuEszkozok"));
-  fillTools(*tools);
-}
-
-void frmTarvik::fillTools(QMenu& tools) {
-  tools.addActions({undo_->undoItem(), undo_->redoItem()});
-  tools.addSeparator();
-  tools.addAction(logbook_->searchItem());
-  auto* years = tools.addAction(QStringLiteral("Éves &összesítő…"));
-  years->setObjectName(QStringLiteral("mnuEvesOsszesito"));
-  onMenu(this, years, &frmTarvik::openEvesOsszesito);
-  tools.addSeparator();
-  tools.addActions(logbook_->exchangeItems());
-  tools.addSeparator();
-  auto* restore = tools.addAction(QStringLiteral("Visszaállítá&s mentésből…"));
-  restore->setObjectName(QStringLiteral("mnuVisszaallitas"));
-  onMenu(this, restore, &frmTarvik::openRestore);
-  addMenuEntryAction(tools, context_);
-  tools.addSeparator();
-  tools.addAction((new Manual(context_, *this))->item());
-  auto* about = tools.addAction(QStringLiteral("A &Tarvik névjegye"));
-  about->setObjectName(QStringLiteral("mnuNevjegy"));
-  onMenu(this, about, &frmTarvik::openAbout);
 }
 
 void frmTarvik::setUpKeyboard() {
@@ -298,38 +224,6 @@ void frmTarvik::jump() {
   const bool canReturn = lastField_ && lastField_->isVisible() && lastField_->isEnabled();
   if (!canReturn) return entry_->startTyping(Qt::ShortcutFocusReason);
   lastField_->setFocus(Qt::ShortcutFocusReason);
-}
-
-void frmTarvik::openSetup() {
-  frmSetup screen(context_, frameGeometry().topLeft(), this);
-  connect(&screen, &frmSetup::vehiclesChanged, this, &frmTarvik::setPlates);
-  connect(&screen, &frmSetup::reminderTimerWanted, reminders_, &ReminderSwitch::setChecking);
-  screen.exec();
-}
-
-void frmTarvik::openGumik() {
-  frmGumik(context_, plate(), trimmedPlates(context_), this).exec();
-}
-
-void frmTarvik::openSzerviz() {
-  frmSzerviz(context_, plate(), trimmedPlates(context_), this).exec();
-}
-
-void frmTarvik::openEvesOsszesito() {
-  if (refusesBlankPlate(QStringLiteral("Így nem összesíthető..."))) return;
-  frmEvesOsszesito(context_, plate(), this).exec();
-}
-
-void frmTarvik::openRestore() {
-  openRestoreScreen(context_, this);
-}
-
-void frmTarvik::openAbout() {
-  tellAbout(this, context_);
-}
-
-void frmTarvik::print() {
-  printList(context_, plate(), logbook_->printedRows(), this);
 }
 
 void frmTarvik::closeEvent(QCloseEvent* event) {

@@ -16,10 +16,9 @@ class ChartPanel;
 class EntryForm;
 class LogbookPane;
 class ReminderSwitch;
-class UndoLine;
 
-/// The main screen: the vehicle selector and the menu that opens the other screens, and what it is composed
-/// of: the reminder switch, the entry's form, the logbook and the charts over it.
+/// The main screen: the vehicle selector, and what it is composed of: the menu that opens the other screens,
+/// the reminder switch, the entry's form, the logbook and the charts over it.
 class frmTarvik : public QMainWindow {
   Q_OBJECT
 
@@ -43,11 +42,7 @@ class frmTarvik : public QMainWindow {
 
  private:
   void compose();
-  void place();
-  int wideWidth() const;
   void connectParts();
-  void connectMenu();
-  void fillTools(QMenu& tools);
   void setUpKeyboard();
 
   QString plate() const;
@@ -65,13 +60,6 @@ class frmTarvik : public QMainWindow {
   void uncoverList();
   void importLog();
   void jump();
-  void openSetup();
-  void openGumik();
-  void openSzerviz();
-  void openEvesOsszesito();
-  void openRestore();
-  void openAbout();
-  void print();
 
   std::unique_ptr<Ui::frmTarvik> ui_;
   Context& context_;
@@ -79,7 +67,6 @@ class frmTarvik : public QMainWindow {
   EntryForm* entry_ = nullptr;
   LogbookPane* logbook_ = nullptr;
   ChartPanel* chart_ = nullptr;
-  UndoLine* undo_ = nullptr;
   QPointer<QWidget> lastField_;
 };
 
