@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 
+#include "core/text.h"
 #include "exchange/cell_words.h"
 #include "exchange/words.h"
 
@@ -35,6 +36,13 @@ double steadiness(const ColumnFacts& facts) {
     before = figure;
   }
   return up + down == 0 ? 1 : static_cast<double>(std::max(up, down)) / static_cast<double>(up + down);
+}
+
+bool areTimeStamps(const ColumnFacts& facts) {
+  return facts.filled > 0 && std::ranges::all_of(facts.cells, [](std::string_view cell) {
+           const bool isLong = cell.size() == 10 || cell.size() == 13;
+           return cell.empty() || (isLong && cell.front() == '1' && std::ranges::all_of(cell, core::isDigit));
+         });
 }
 
 DistanceKind distanceKind(const ColumnFacts& facts) {

@@ -14,6 +14,10 @@ double steadiness(const ColumnFacts& facts);
 enum class DistanceKind { Reading, Trip, Either, None };
 DistanceKind distanceKind(const ColumnFacts& facts);
 
+/// Nothing but a clock's counts of seconds or thousandths since 1970, from 2001 to 2033: no reading and no
+/// amount is as large.
+bool areTimeStamps(const ColumnFacts& facts);
+
 /// Few values, all whole and from 80 to 100: those are octane numbers.
 bool areOctanes(const ColumnFacts& facts);
 

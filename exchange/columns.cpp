@@ -83,10 +83,15 @@ class Proposal {
     return !isTaken(meaning) && take(best(word, fits), meaning);
   }
 
-  std::size_t firstUnknown(const Fits& fits) const {
+  std::size_t firstOpen(const Fits& fits) const {
     for (std::size_t i = 0; i < facts_.size(); ++i)
-      if (!isSettled_[i] && facts_[i].head.word == HeadWord::Unknown && fits(facts_[i])) return i;
+      if (!isSettled_[i] && fits(facts_[i])) return i;
     return kNone;
+  }
+
+  std::size_t firstUnknown(const Fits& fits) const {
+    return firstOpen(
+        [&](const ColumnFacts& facts) { return facts.head.word == HeadWord::Unknown && fits(facts); });
   }
 
   void settleDays() {
@@ -94,15 +99,13 @@ class Proposal {
     if (!isTaken(Meaning::Day) && !isTaken(Meaning::Year) &&
         !takeBest(HeadWord::Day, Meaning::Day, areDays) && !takeApart()) {
       const std::size_t other = firstUnknown([](const ColumnFacts& facts) { return facts.areDays(); });
-      if (!take(other, Meaning::Day)) take(firstOfPlainDays(), Meaning::Day);
+      // Days that are no figures as well, or a clock's, whatever their head says ("Tankolás", "createdAt").
+      const auto arePlain = [](const ColumnFacts& facts) {
+        return facts.areDays() && facts.numbers < facts.days;
+      };
+      if (!take(other, Meaning::Day) && !take(firstOpen(arePlain), Meaning::Day))
+        take(firstOpen(areTimeStamps), Meaning::Day);
     }
-  }
-
-  // Days that are no figures as well, whatever their head says ("Tankolás").
-  std::size_t firstOfPlainDays() const {
-    for (std::size_t i = 0; i < facts_.size(); ++i)
-      if (!isSettled_[i] && facts_[i].areDays() && facts_[i].numbers < facts_[i].days) return i;
-    return kNone;
   }
 
   // Year, month and day in three columns.

@@ -13,6 +13,10 @@ namespace {
 
 using core::isDigit;
 
+constexpr core::Day kFirstOf1970{25'569};
+constexpr std::int64_t kSecondsOfAnHour = 3'600;
+constexpr std::int64_t kSecondsOfADay = 24 * kSecondsOfAnHour;
+
 constexpr bool isLetter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || static_cast<unsigned char>(c) >= 0x80;
 }
@@ -156,11 +160,27 @@ core::CalendarDate dateOf(const DayParts& parts, DayOrder order) {
   return {wholeYear(c), a, b};
 }
 
+// Seconds since 1970 of the last Sunday of a month of 31 days. The clocks change an hour later, which makes
+// no other day.
+std::int64_t changeOfClocks(int year, int month) {
+  const core::Day last = core::dayOf({year, month, 31});
+  return (core::daysBetween(kFirstOf1970, last) - (core::weekday(last) - 1)) * kSecondsOfADay;
+}
+
+// The day in Hungary at a moment: a program that keeps days as moments means the person's midnight. Clocks
+// are an hour ahead there, and two from the end of March to that of October.
+core::Day dayOfMoment(std::int64_t seconds) {
+  const auto at = [&](std::int64_t ahead) {
+    return core::addDays(kFirstOf1970, (seconds + ahead * kSecondsOfAnHour) / kSecondsOfADay);
+  };
+  const int year = core::calendarDate(at(1)).year;
+  const bool isSummer = seconds >= changeOfClocks(year, 3) && seconds < changeOfClocks(year, 10);
+  return at(isSummer ? 2 : 1);
+}
+
 // Digits alone: year, month and day, with a time of day in six more or not; seconds or thousandths since
 // 1970; the days that a spreadsheet counts.
 std::optional<core::Day> dayOfDigits(std::string_view text) {
-  constexpr std::int64_t kSecondsOfADay = 86'400;
-  constexpr std::int32_t kFirstOf1970 = 25'569;
   constexpr std::int32_t kFirstOf1980 = 29'221;
   constexpr std::int32_t kFirstOf2080 = 65'746;
   std::int64_t number = 0;
@@ -171,8 +191,7 @@ std::optional<core::Day> dayOfDigits(std::string_view text) {
     return core::existingDay({static_cast<int>(number / 10'000), static_cast<int>(number / 100 % 100),
                               static_cast<int>(number % 100)});
   if (text.size() == 13) number /= 1'000;
-  if (text.size() == 10 || text.size() == 13)
-    return core::Day{kFirstOf1970 + static_cast<std::int32_t>(number / kSecondsOfADay)};
+  if (text.size() == 10 || text.size() == 13) return dayOfMoment(number);
   const bool isCount = text.size() == 5 && number >= kFirstOf1980 && number < kFirstOf2080;
   return isCount ? std::optional(core::Day{static_cast<std::int32_t>(number)}) : std::nullopt;
 }

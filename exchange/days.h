@@ -14,9 +14,10 @@ namespace tarvik::exchange {
 enum class DayOrder { DayFirst, MonthFirst, YearFirst };
 
 /// The day of a text: three numbers with points, slashes or dashes between them, or with a month's name (of
-/// the usual languages) among them; year, month and day in eight digits; a spreadsheet's or a clock's count
-/// of days or seconds. A time of day or a day of the week beside it is dropped. Years of two digits are 1980
-/// to 2079. Nothing for any other text and for a day that does not exist.
+/// the usual languages) among them; year, month and day in eight digits; a spreadsheet's
+/// count of days; a clock's count of seconds or thousandths since 1970, of which the day is Hungary's. A time
+/// of day or a day of the week beside it is dropped. Years of two digits are 1980 to 2079. Nothing for any
+/// other text and for a day that does not exist.
 std::optional<core::Day> readDay(std::string_view text, DayOrder order);
 
 /// Whether a text is a day in one order or another.

@@ -54,6 +54,19 @@ TEST(TheDay, IsInTheColumnWhoseHeadOrWhoseValuesSaySo) {
   EXPECT_THAT(meanings({kDays, named("Zutty", kDays)}, {{1, M::Day}}), ElementsAre(M::NotNeeded, M::Day));
 }
 
+TEST(TheDay, IsAClocksCountUnderAnyHeadWhereThereIsNoOther) {
+  const std::vector<std::string> thousandths{"createdAt", "1704542400000", "", "1705924800000"};
+  const std::vector<std::string> seconds{"createdAt", "1704542400", "1705924800", "1706961600"};
+  for (const auto& counts : {thousandths, seconds}) {
+    EXPECT_THAT(meanings({counts, kKm}), ElementsAre(M::Day, M::Odometer));
+    EXPECT_THAT(meanings({counts, named("Zutty", kDays)}), ElementsAre(M::NotNeeded, M::Day));
+    EXPECT_THAT(meanings({named("Zutty", counts), kDays}), ElementsAre(M::NotUnderstood, M::Day));
+  }
+  for (const char* other : {"2704542400", "0704542400", "170454240", "17045424001", "170454240x", "x"})
+    EXPECT_THAT(meanings({{"createdAt", "1704542400", other}}), ElementsAre(testing::Ne(M::Day))) << other;
+  EXPECT_THAT(meanings({{"createdAt", "", ""}}), ElementsAre(testing::Ne(M::Day)));
+}
+
 TEST(TheDay, MayStandInThreeColumnsOfWhichNoneIsMissing) {
   const Columns apart{{"Év", "2024", "2024"}, {"Hónap", "1", "2"}, {"Nap", "5", "19"}};
   EXPECT_THAT(meanings(apart), ElementsAre(M::Year, M::Month, M::DayOfMonth));

@@ -18,10 +18,25 @@ ShownDayOrder shown(const std::vector<DatedReading>& days) {
 TEST(ADay, ThatBeginsWithItsYearIsReadInAnyOrder) {
   for (const char* text : {"2013-07-05", "2013.07.05.", "2013. 07. 05.", "2013/7/5", "20130705",
                            "2013-07-05 14:03", "2013-07-05T14:03:00Z", "2013.07.05. 14:03", "20130705140300",
-                           "20130705T1403Z0", "2013. július 5.", "2013. júl. 5.", "1372982400", "1373068799",
+                           "20130705T1403Z0", "2013. július 5.", "2013. júl. 5.", "1372975200", "1373061599",
                            "1372982400000", "41460", "2013/Jul/5", "среда 2013.07.05", "2013-07-05, 14:03"})
     for (const DayOrder order : {DayOrder::DayFirst, DayOrder::MonthFirst, DayOrder::YearFirst})
       EXPECT_EQ(readDay(text, order), dayOf({2013, 7, 5})) << text;
+}
+
+TEST(ADay, CountedInSecondsIsTheOneInHungary) {
+  const auto day = [](const char* seconds) { return readDay(seconds, DayOrder::DayFirst); };
+  EXPECT_EQ(day("1704495599"), dayOf({2024, 1, 5}));  // an hour ahead in winter
+  EXPECT_EQ(day("1704495600"), dayOf({2024, 1, 6}));
+  EXPECT_EQ(day("1704063600"), dayOf({2024, 1, 1}));      // the year's first moment
+  EXPECT_EQ(day("1711839600000"), dayOf({2024, 3, 31}));  // the day on which summer begins, and its eve
+  EXPECT_EQ(day("1711839599999"), dayOf({2024, 3, 30}));
+  EXPECT_EQ(day("1711922399"), dayOf({2024, 3, 31}));  // two hours ahead in summer
+  EXPECT_EQ(day("1711922400"), dayOf({2024, 4, 1}));
+  EXPECT_EQ(day("1729979999"), dayOf({2024, 10, 26}));
+  EXPECT_EQ(day("1729980000"), dayOf({2024, 10, 27}));  // the day on which it ends
+  EXPECT_EQ(day("1730069999"), dayOf({2024, 10, 27}));
+  EXPECT_EQ(day("1730070000"), dayOf({2024, 10, 28}));
 }
 
 TEST(ADay, ThatEndsWithItsYearFollowsTheOrder) {

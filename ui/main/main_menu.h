@@ -26,8 +26,9 @@ struct MenuParts {
 struct MenuSources {
   std::function<QString()> plate;       ///< the chosen one, as it is shown
   std::function<QStringList()> plates;  ///< those of all vehicles, without padding; may throw Failure
-  std::function<bool(const QString& consequence)> refusesBlankPlate;  ///< whether none is chosen, which it tells
-  std::function<void(const QStringList& platesAsStored)> setPlates;   ///< the vehicles have changed
+  std::function<bool(const QString& consequence)>
+      refusesBlankPlate;  ///< whether none is chosen, which it tells
+  std::function<void(const QStringList& platesAsStored)> setPlates;  ///< the vehicles have changed
 };
 
 /// The main screen's menu: its items open the other screens. The menu Eszközök is added to those of the form.

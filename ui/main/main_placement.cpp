@@ -38,8 +38,7 @@ int wideWidth(const QMainWindow& window, const MainParts& parts) {
 
 void moveTogether(const MainParts& parts) {
   const int step = gridStep();
-  for (QLayout* layout :
-       {static_cast<QLayout*>(&parts.layout), parts.entry.layout(), parts.logbook.layout()})
+  for (QLayout* layout : {static_cast<QLayout*>(&parts.layout), parts.entry.layout(), parts.logbook.layout()})
     layout->setSpacing(step / 2);
   parts.layout.setContentsMargins(step, step, step, step);
   parts.entry.setNarrowTank(true);
