@@ -75,7 +75,6 @@ class PartsReader {
     return isDigit(c) ? takeDigit(c) : takeLetter(c);
   }
 
-  // In a part that no key parted from the one before it nobody knows which digit is missing.
   bool isWhole() const { return isParted_ || here().empty() || here().size() == longest(parts_.at); }
 
   TypedParts parts() const {
@@ -109,7 +108,7 @@ class PartsReader {
   }
 
   bool end() {
-    if (!isWhole()) return false;
+    if (here() == "0") return false;
     isMarked_ = false;
     if (isAtLast())
       isEnded_ = true;
@@ -172,7 +171,7 @@ std::optional<TypedParts> partsTyped(std::string_view typed, DayPart first, DayP
 std::optional<Day> dayOfParts(const TypedParts& parts, Day shown, DayPart last) {
   CalendarDate date = calendarDate(shown);
   const auto& [year, month, day] = parts.texts;
-  if (!parts.isWhole || (!year.empty() && !isYear(year, date.year))) return std::nullopt;
+  if (!year.empty() && !isYear(year, date.year)) return std::nullopt;
   if (!year.empty()) date.year = number(year);
   if (!month.empty()) date.month = monthNumber(month);
   if (date.month < 1 || date.month > 12) return std::nullopt;
@@ -187,7 +186,8 @@ std::optional<Day> dayOfParts(const TypedParts& parts, Day shown, DayPart last) 
 
 std::optional<Day> dayOfText(std::string_view text, Day shown, DayPart last) {
   const auto parts = partsTyped(withoutLeadingGap(text), DayPart::Year, DayPart::Day);
-  if (!parts || parts->text(DayPart::Year).empty() || parts->text(last).empty()) return std::nullopt;
+  if (!parts || !parts->isWhole || parts->text(DayPart::Year).empty() || parts->text(last).empty())
+    return std::nullopt;
   return dayOfParts(*parts, shown, last);
 }
 

@@ -16,7 +16,7 @@ enum class DayPart { Year, Month, Day };
 struct TypedParts {
   std::array<std::string, 3> texts;  ///< by part; empty = not typed, the shown one holds
   DayPart at = DayPart::Year;        ///< the part that was reached
-  bool isWhole = true;  ///< false = a digit is missing in a part that only digits led to ("2013062")
+  bool isWhole = true;  ///< false = a digit less than full in a part that only digits led to ("2013062")
 
   const std::string& text(DayPart part) const { return texts[static_cast<std::size_t>(part)]; }
 };
@@ -27,15 +27,16 @@ struct TypedParts {
 /// Nothing when the keys do not fit: letters elsewhere, a month 13, a day 32, digits behind the last part.
 std::optional<TypedParts> partsTyped(std::string_view typed, DayPart first, DayPart last);
 
-/// The day of the typed parts; the others are those of the shown day. A year has four digits and does not
-/// begin with 0, unless it is the shown one, so that "15" or "0612" is none. Where the shown parts end before
-/// the day of the month, that becomes the last one of a month that has fewer days. Nothing when the parts are
-/// no day.
+/// The day of the typed parts, as they are shown; the others are those of the shown day. A year has four
+/// digits and does not begin with 0, unless it is the shown one, so that "15" or "0612" is none. Where the
+/// shown parts end before the day of the month, that becomes the last one of a month that has fewer days.
+/// Nothing when the parts are no day.
 std::optional<Day> dayOfParts(const TypedParts& parts, Day shown, DayPart last);
 
 /// The day that a whole text is: "2013.06.21.", "2013.06.21", "20130621", "2013 06 21", "2013-06-21",
 /// "2013. 6. 21.", "2013. június 21.". Where less than a day is shown, year and month or the year alone will
-/// do; the rest is the shown day's. Nothing for any other text.
+/// do; the rest is the shown day's. Nothing for any other text: of digits alone ("2013062") nobody sees where
+/// one is missing.
 std::optional<Day> dayOfText(std::string_view text, Day shown, DayPart last);
 
 /// The day that many years, months or days later (earlier for a negative count); the 31st becomes the last

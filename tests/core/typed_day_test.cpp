@@ -157,11 +157,18 @@ TEST(PartsTyped, PartsThatWereNotTypedStay) {
   EXPECT_EQ(typed("21.", DayPart::Day), "2013.07.21.");
 }
 
+TEST(PartsTyped, AShownPartOfOneDigitHoldsWhicheverKeyLedToIt) {
+  EXPECT_EQ(typed("2013062", DayPart::Year), "2013.06.02.");
+  EXPECT_EQ(typed("20131", DayPart::Year), "2013.01.05.");
+  EXPECT_EQ(typed("20136\t21", DayPart::Year), "2013.06.21.");
+  EXPECT_EQ(typed("025", DayPart::Month), "2013.02.05.");
+  EXPECT_EQ(typed("2013.045", DayPart::Year), "2013.04.05.");
+}
+
 TEST(PartsTyped, WhatIsNoDayIsNone) {
-  for (const char* keys :
-       {"15",      "0612",       "201",      "15\t06\t21", "0612.06.21",   "2013.2.31",   "20130631",
-        "2013062", "20131",      "2013..21", "2013.x",     "2013.06.21.5", "2013.06.2.5", "2013.jún5",
-        "2013.!",  "2013.06.2x", "20130",    "20130.",     "20130 ",       "201300"})
+  for (const char* keys : {"15", "0612", "201", "15\t06\t21", "0612.06.21", "2013.2.31", "20130631",
+                           "2013..21", "2013.x", "2013.06.21.5", "2013.06.2.5", "2013.jún5", "2013.!",
+                           "2013.06.2x", "20130", "20130.", "20130 ", "201300"})
     EXPECT_EQ(typed(keys, DayPart::Year), "-") << keys;
   for (const char* keys : {"13", "00", "0", "2013", "6.32", "6.00", "6.0", "062113", "2"})
     EXPECT_EQ(typed(keys, DayPart::Month, dayOf({2013, 1, 31})), "-") << keys;

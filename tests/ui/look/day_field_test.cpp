@@ -57,10 +57,10 @@ class DayFieldTest : public QObject {
   }
 
   void whatIsNoDayGivesBackTheOldOne() {
-    const QStringList noDays{"2013.06.31", "2013.13.01",  "2013.02.29", "2013.06.00",  "2013.06.215",
-                             "201306215",  "2013062",     "06/21/2013", "2013..06.21", "2o13.06.21",
-                             "2013,06,21", "13.06.21",    "0612.06.21", "15.06.21",    "2013.06.2l",
-                             "x",          "2013.06.21x", "2014>>x",    "2014>>99"};
+    const QStringList noDays{"2013.06.31",  "2013.13.01", "2013.02.29",  "2013.06.00", "2013.06.215",
+                             "201306215",   "06/21/2013", "2013..06.21", "2o13.06.21", "2013,06,21",
+                             "13.06.21",    "0612.06.21", "15.06.21",    "2013.06.2l", "x",
+                             "2013.06.21x", "2014>>x",    "2014>>99"};
     DayBench bench;
     for (const Way way : kWays)
       for (const QString& keys : noDays)
@@ -74,6 +74,22 @@ class DayFieldTest : public QObject {
           finish(bench, end);
           QVERIFY2(bench.text() == "2013.07.05.", what);
         }
+  }
+
+  void aDayThatIsShownWithOneDigitIsTaken() {
+    const QList<std::pair<QString, QString>> typedAndShown{
+        {"2013062", "2013.06.2."}, {"2013.025", "2013.02.5."}, {"20134>5", "2013.4.5."}};
+    DayBench bench;
+    for (const auto& [keys, shown] : typedAndShown)
+      for (const End end : kEnds) {
+        bench.restart();
+        enter(bench.field, Way::Tab);
+        typeWithMoves(keys);
+        QCOMPARE(bench.text(), shown);
+        finish(bench, end);
+        const QStringList parts = shown.split('.');
+        QCOMPARE(bench.field.date(), QDate(parts[0].toInt(), parts[1].toInt(), parts[2].toInt()));
+      }
   }
 
   void aButtonsLetterFindsTheDayWhileItIsTyped() {
