@@ -56,6 +56,19 @@ void DayField::step(DayPart part, int steps) {
   select(part);
 }
 
+bool DayField::takeBack() {
+  if (!entered_ || lineEdit()->text() == joined(shownParts(*entered_, last_), last_).text) return false;
+  const DayPart part = currentPart();
+  forget();
+  setDate(toQt(*entered_));
+  select(part);
+  return true;
+}
+
+void DayField::keep() {
+  if (entered_) entered_ = toLogic(date());
+}
+
 QSize DayField::sizeHint() const {
   QStyleOptionSpinBox option;
   initStyleOption(&option);
@@ -95,6 +108,7 @@ void DayField::keyPressEvent(QKeyEvent* event) {
 void DayField::focusInEvent(QFocusEvent* event) {
   QAbstractSpinBox::focusInEvent(event);
   const Qt::FocusReason reason = event->reason();
+  if (!entered_) entered_ = toLogic(date());
   if (reason == Qt::MouseFocusReason || reason == Qt::PopupFocusReason ||
       reason == Qt::ActiveWindowFocusReason)
     return;
@@ -105,6 +119,7 @@ void DayField::focusInEvent(QFocusEvent* event) {
 void DayField::focusOutEvent(QFocusEvent* event) {
   const bool isMenu = event->reason() == Qt::PopupFocusReason;
   if (!isMenu) settle();
+  if (!isMenu && event->reason() != Qt::ActiveWindowFocusReason) entered_.reset();
   const QScopedValueRollback keeps(keepsText_, isMenu);
   QDateEdit::focusOutEvent(event);
 }

@@ -26,6 +26,10 @@ class DayField : public QDateEdit {
   void stepBy(int steps) override;
   /// Steps one part, whatever is under the cursor.
   void step(core::DayPart part, int steps);
+  /// Brings back the day that stood there when the keyboard came; false = there is nothing else in the field.
+  bool takeBack();
+  /// From now on the day that stands in the field is the one that is brought back.
+  void keep();
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
@@ -80,9 +84,10 @@ class DayField : public QDateEdit {
   std::optional<core::Day> meant() const;
 
   core::DayPart last_ = core::DayPart::Day;
-  std::optional<core::Day> before_;  // the day that stood there before anything was typed
-  std::optional<core::Day> base_;    // while the text is not that of the value: the day that was shown last
-  std::optional<Typing> typing_;     // none = the text is edited in another way
+  std::optional<core::Day> entered_;  // while the keyboard is here: the day that it came to
+  std::optional<core::Day> before_;   // the day that stood there before anything was typed
+  std::optional<core::Day> base_;     // while the text is not that of the value: the day that was shown last
+  std::optional<Typing> typing_;      // none = the text is edited in another way
   QString shown_;
   int mark_ = 0;            // where the selection or the cursor was before an edit
   bool isOwn_ = false;      // the text is being set here

@@ -11,6 +11,7 @@
 
 #include "ui/base/guarded.h"
 #include "ui/base/text.h"
+#include "ui/look/day_field.h"
 
 namespace tarvik::ui {
 namespace {
@@ -164,6 +165,7 @@ void UndoLine::showOnLine(const QString& what) {
 }
 
 void UndoLine::forgetTyping() {
+  for (DayField* day : screen_.findChildren<DayField*>()) day->keep();
   for (QLineEdit* field : screen_.findChildren<QLineEdit*>()) {
     if (!field->isUndoAvailable() && !field->isRedoAvailable()) continue;
     const int cursor = field->cursorPosition();
@@ -172,15 +174,24 @@ void UndoLine::forgetTyping() {
   }
 }
 
-// A field would take the keys whether it has anything to undo or not.
+// A field would take the keys whether it has anything to undo or not. A day has no typing that Qt could take
+// back, and Ctrl+Y is not every desktop's key.
 bool UndoLine::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::ShortcutOverride || !watched->isWidgetType()) return false;
   if (static_cast<QWidget*>(watched)->window() != &screen_) return false;
   const auto& key = *static_cast<QKeyEvent*>(event);
   const bool isUndo = isUndoKey(key);
   if (!isUndo && !isRedoKey(key)) return false;
-  const QLineEdit* field = fieldOf(watched);
-  if (field == nullptr || (isUndo ? field->isUndoAvailable() : field->isRedoAvailable())) return false;
+  if (auto* day = qobject_cast<DayField*>(watched)) {
+    if (isUndo && day->takeBack()) event->accept();
+    return true;
+  }
+  QLineEdit* const field = fieldOf(watched);
+  if (field == nullptr || (isUndo && field->isUndoAvailable())) return false;
+  if (isUndo || !field->isRedoAvailable()) return true;
+  if (key.matches(QKeySequence::Redo)) return false;
+  field->redo();
+  event->accept();
   return true;
 }
 
