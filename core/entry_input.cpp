@@ -79,6 +79,11 @@ bool hasEntry(const Logbook& logbook, const EntryInput& input) {
   return false;
 }
 
+bool mayBeMeantFor(const NapiAdat& entry, const EntryInput& input) {
+  const NapiAdat typed = toEntry(withDefaults(input));
+  return typed.Datum == entry.Datum || typed.KmOra == entry.KmOra;
+}
+
 ShownEntry toInput(const NapiAdat& entry) {
   const std::optional<Day> datum = dayFromStored(entry.Datum);
   EntryInput input{.kmOra = std::to_string(entry.KmOra),

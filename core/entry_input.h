@@ -37,6 +37,10 @@ NapiAdat toEntry(const EntryInput& input);
 /// toEntry does; blank fields count as their defaults.
 bool hasEntry(const Logbook& logbook, const EntryInput& input);
 
+/// Whether the input may be meant for an entry that was chosen: it has that entry's day or its reading.
+/// Throws as toEntry does; blank fields count as their defaults.
+bool mayBeMeantFor(const NapiAdat& entry, const EntryInput& input);
+
 /// The input fields that show an entry: numbers in their plain text form, texts trimmed. A damaged date
 /// gives nothing, so that the date on the screen stays.
 struct ShownEntry {

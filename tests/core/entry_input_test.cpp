@@ -291,5 +291,20 @@ TEST(HasEntry, AnEntryWithoutFuelIsKnownThoughItsTankIsTickedFull) {
   EXPECT_TRUE(hasEntry(drop, typed));
 }
 
+TEST(MayBeMeantFor, AnEntryWhoseDayOrReadingIsTyped) {
+  EntryInput typed;
+  typed.kmOra = "12600";
+  typed.datum = Day{41'460};
+  const NapiAdat entry = toEntry(withDefaults(typed));
+  typed.tankoltLiter = "40,5";
+  EXPECT_TRUE(mayBeMeantFor(entry, typed));
+  typed.kmOra = "12601";
+  EXPECT_TRUE(mayBeMeantFor(entry, typed));
+  typed.datum = Day{41'461};
+  EXPECT_FALSE(mayBeMeantFor(entry, typed));
+  typed.kmOra = "12600";
+  EXPECT_TRUE(mayBeMeantFor(entry, typed));
+}
+
 }  // namespace
 }  // namespace tarvik::core

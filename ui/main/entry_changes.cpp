@@ -65,13 +65,18 @@ bool EntryChanges::change(const QString& done, const std::function<void()>& make
   return carryOut(form_.window(), {.done = done, .make = make, .list = [this] { pane_.relistInPlace(); }});
 }
 
-// What does not convert is told when it is recorded.
-bool EntryChanges::isRecorded(const core::EntryInput& input) const {
+// Who corrects the chosen entry and goes on with Enter means no second one. What does not convert is told
+// when it is recorded.
+bool EntryChanges::wouldDouble(const core::EntryInput& input) const {
   const ListedLogbook& listed = pane_.listed();
-  bool isKnown = false;
+  const core::Logbook& logbook = listed.listing.logbook;
+  bool isDouble = false;
   if (core::trimmed(plate()) == listed.plate)
-    quietly([&] { isKnown = core::hasEntry(listed.listing.logbook, input); });
-  return isKnown;
+    quietly([&] {
+      isDouble = core::hasEntry(logbook, input) ||
+                 (listed.selected > 0 && core::mayBeMeantFor(logbook.record(listed.selected), input));
+    });
+  return isDouble;
 }
 
 void EntryChanges::record() {
@@ -79,7 +84,7 @@ void EntryChanges::record() {
   const core::EntryInput input = form_.input();
   if (!ask(form_.window(), QStringLiteral(" Rögzítés az adatállományban !"),
            QStringLiteral("Biztos JÓK az adatok ?\nMehet a rögzítés ?"),
-           isRecorded(input) ? DefaultAnswer::No : DefaultAnswer::Yes))
+           wouldDouble(input) ? DefaultAnswer::No : DefaultAnswer::Yes))
     return;
   form_.startTyping();
   const Step step(&form_, nameOf(QStringLiteral("rögzítés"), toQt(core::shortDate(input.datum))),

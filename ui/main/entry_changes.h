@@ -32,7 +32,7 @@ class EntryChanges : public QObject {
   void record();
   void modify();
   void remove();
-  bool isRecorded(const core::EntryInput& input) const;
+  bool wouldDouble(const core::EntryInput& input) const;
   bool change(const QString& done, const std::function<void()>& make);
   Attempt addDistanceToTyres(const core::Ratio& distance);
   std::string plate() const;

@@ -10,6 +10,7 @@
 #include "ui/base/handlers.h"
 #include "ui/base/manual.h"
 #include "ui/base/menu_entry_action.h"
+#include "ui/base/text.h"
 #include "ui/look/undo_line.h"
 #include "ui/main/logbook_pane.h"
 #include "ui/main/reminder_switch.h"
@@ -90,7 +91,7 @@ void MainMenu::openAbout() {
 }
 
 void MainMenu::print() {
-  printList(context_, sources_.plate(), parts_.logbook.printedRows(), &screen_);
+  printList(context_, toQt(parts_.logbook.listed().plate), parts_.logbook.printedRows(), &screen_);
 }
 
 }  // namespace tarvik::ui

@@ -80,6 +80,27 @@ class FrmTarvikEntryTest : public QObject {
     QVERIFY(main.folder.read("Gumik.dat") == after);
   }
 
+  void enterDoesNotRecordAChosenEntryASecondTimeWhereItIsCorrected() {
+    ListedCar main(
+        {fuelling({2024, 1, 1}, 10'000, 405'000, true), fuelling({2024, 1, 11}, 10'400, 300'000, true)});
+    const auto answerOfEnter = [&] {
+      BoxScript boxes({QMessageBox::No});
+      main.press("cmd_rogzit");
+      return boxes.seen[0].enter;
+    };
+    main.clickRow(1);
+    main.type("txTankoltLiter", "33,5");
+    QCOMPARE(answerOfEnter(), QMessageBox::No);
+    main.type("txKmOra", "10401");
+    QCOMPARE(answerOfEnter(), QMessageBox::No);
+    main.type("DTPicker1", QDate(2024, 1, 12));
+    QCOMPARE(answerOfEnter(), QMessageBox::Yes);
+    main.type("txKmOra", "10400");
+    QCOMPARE(answerOfEnter(), QMessageBox::No);
+    main.screen->beolvas();  // nothing is chosen any more
+    QCOMPARE(answerOfEnter(), QMessageBox::Yes);
+  }
+
   // What an entry is about: its fuel, or else its part, or else its note.
   void whatWasDoneIsToldInAWord_data() {
     QTest::addColumn<QString>("litres");

@@ -232,6 +232,15 @@ class BetweenScreensTest : public QObject {
                      "Kilométer összesen: -2 000 km. Tankolás összesen: 135,00 liter"));
   }
 
+  void theListedCarIsPrintedWhateverCarIsChosenMeanwhile() {
+    Household main;
+    main.open();
+    const QString listed = main.printed("Napló");
+    main.type("Combo1", "XYZ789");
+    QCOMPARE(main.printed("Napló"), listed);
+    QVERIFY(listed.contains("2024.01.22. 11000 30,00"));
+  }
+
   void theChartButtonShowsTheChosenChartOverTheListAndHidesItAgain() {
     Household main;
     main.open();
