@@ -232,8 +232,12 @@ void LogbookPane::openFilter() {
     if (option->isChecked()) option->setFocus(Qt::ShortcutFocusReason);
 }
 
+// As it was listed: a mode that was only clicked at would filter the next listing.
 void LogbookPane::closeFilter() {
   ui_->FrameSzürö->hide();
+  QRadioButton* const modes[] = {ui_->opSzürö_0, ui_->opSzürö_1, ui_->opSzürö_2};
+  modes[listed_.filter.mode]->setChecked(true);
+  ui_->DTPSzürö->setDate(toQt(listed_.filter.picked));
   if (filterOpener_) filterOpener_->setFocus(Qt::ShortcutFocusReason);
 }
 

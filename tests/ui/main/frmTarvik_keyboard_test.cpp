@@ -78,6 +78,21 @@ class FrmTarvikKeyboardTest : public QObject {
     QCOMPARE(main.focus(), "txKmOra");
   }
 
+  void escapeLeavesTheFilterAsItWasListed() {
+    ListedCar main(
+        {fuelling({2024, 1, 1}, 10'000, 405'000, true), fuelling({2024, 2, 1}, 10'400, 300'000, true)});
+    const QDate before = main.find<QDateEdit>("DTPSzürö")->date();
+    main.press("cmd_lista");
+    main.press("opSzürö_2");
+    main.type("DTPSzürö", QDate(2024, 1, 1));
+    QTest::keyClick(main.find<QDateEdit>("DTPSzürö"), Qt::Key_Escape);
+    QVERIFY(main.find<QWidget>("FrameSzürö")->isHidden());
+    QVERIFY(main.find<QRadioButton>("opSzürö_0")->isChecked());
+    QCOMPARE(main.find<QDateEdit>("DTPSzürö")->date(), before);
+    main.screen->beolvas();
+    QCOMPARE(main.rows(), 2);
+  }
+
   void theFilterOpensOnItsOptionAndEscapeGoesBack() {
     Household main;
     main.edit("txKmOra")->setFocus();
