@@ -136,7 +136,9 @@ class RowReader {
 
   std::string_view cell(const CsvRow& row, Meaning meaning) const {
     const std::size_t column = reading_.columnOf(meaning);
-    return column < reading_.columns.size() ? core::trimmed(row.cell(column)) : std::string_view();
+    if (column >= reading_.columns.size()) return {};
+    const std::string_view text = core::trimmed(row.cell(column));
+    return std::ranges::find(kFigures, meaning) == kFigures.end() ? text : withoutRemark(text);
   }
 
   UnreadRow unread(const TableRow& row, Why why, std::string head, std::string cellText) const {
