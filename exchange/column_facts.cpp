@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <set>
 
 #include "core/text.h"
@@ -14,9 +15,21 @@ double toDouble(const core::Ratio& value) {
   return static_cast<double>(value.numerator()) / static_cast<double>(value.denominator());
 }
 
-std::vector<std::string_view> cellsOf(const std::vector<const CsvRow*>& rows, std::size_t column) {
+// Whether a head says that figures of distance, volume or money stand below it.
+bool isOfFigures(HeadWord word) {
+  constexpr std::array kWords = {HeadWord::Odometer, HeadWord::Distance,  HeadWord::Trip,
+                                 HeadWord::Volume,   HeadWord::TotalCost, HeadWord::UnitPrice,
+                                 HeadWord::Price,    HeadWord::NoteCost};
+  return std::ranges::find(kWords, word) != kWords.end();
+}
+
+std::vector<std::string_view> cellsOf(const std::vector<const CsvRow*>& rows, std::size_t column,
+                                      const HeadReading& head) {
   std::vector<std::string_view> cells;
-  for (const CsvRow* row : rows) cells.push_back(core::trimmed(row->cell(column)));
+  for (const CsvRow* row : rows) {
+    const std::string_view cell = core::trimmed(row->cell(column));
+    cells.push_back(isOfFigures(head.word) ? withoutRemark(cell) : cell);
+  }
   return cells;
 }
 
@@ -31,7 +44,7 @@ void count(ColumnFacts& facts) {
     ++facts.filled;
     if (!hasDigit(cell)) continue;
     if (looksLikeDay(cell) && (facts.head.word == HeadWord::Day || !countsDays(cell))) ++facts.days;
-    if (isFigureCell(cell)) ++facts.numbers;
+    if (isFigureCell(cell) || (isOfFigures(facts.head.word) && beginsWithFigure(cell))) ++facts.numbers;
   }
 }
 
@@ -124,14 +137,6 @@ DecimalSign usualSign(const LogTable& table, const std::vector<ColumnFacts>& fac
 
 }  // namespace
 
-bool isFigureCell(std::string_view cell) {
-  if (!hasDigit(cell) || !looksLikeFigure(cell)) return false;
-  std::string around;
-  for (const char c : cell)
-    around += std::string_view("0123456789.,-+'").find(c) == std::string_view::npos ? c : ' ';
-  return folded(around).empty() || isUnitText(around);
-}
-
 std::vector<const CsvRow*> dataRows(const LogTable& table) {
   std::vector<const CsvRow*> rows;
   for (const TableRow& row : table.rows)
@@ -143,7 +148,8 @@ std::vector<ColumnFacts> lookAt(const LogTable& table, std::optional<DecimalSign
   const std::vector<const CsvRow*> rows = dataRows(table);
   std::vector<ColumnFacts> facts;
   for (std::size_t column = 0; column < table.heads.size(); ++column) {
-    facts.push_back({.head = readHead(table.heads[column]), .cells = cellsOf(rows, column), .figures = {}});
+    const HeadReading head = readHead(table.heads[column]);
+    facts.push_back({.head = head, .cells = cellsOf(rows, column, head), .figures = {}});
     count(facts.back());
   }
   const auto shown = shownByAll(facts);

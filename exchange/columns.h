@@ -14,23 +14,20 @@ namespace tarvik::exchange {
 /// The cells of a column that stand in rows of data, and what they look like.
 struct ColumnFacts {
   HeadReading head;
-  std::vector<std::string_view> cells;  ///< trimmed, of each row of data; empty where the row is shorter
+  std::vector<std::string_view> cells;  ///< trimmed, of each row of data; empty where the row is shorter;
+                                        ///< under heads of figures without the remarks behind them
   std::vector<std::optional<double>> figures;  ///< what they come to with the sign below
   DecimalSign sign = DecimalSign::Point;
   bool isSignOpen = false;  ///< each of its figures could be read with either
   std::size_t filled = 0;
   std::size_t days = 0;      ///< cells that look like days
-  std::size_t numbers = 0;   ///< cells that are figures
+  std::size_t numbers = 0;   ///< cells that are figures, or under a head of figures begin with one
   std::size_t distinct = 0;  ///< figures that differ
   double median = 0;
 
   bool areFigures() const { return numbers > 0 && 2 * numbers > filled; }
   bool areDays() const { return days > 0 && 2 * days > filled; }
 };
-
-/// Whether a cell is a figure, alone or with a unit or a currency: "40,5 l" is one, "E10" and "Super 95" are
-/// not.
-bool isFigureCell(std::string_view cell);
 
 /// The rows of data of a table.
 std::vector<const CsvRow*> dataRows(const LogTable& table);

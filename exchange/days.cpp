@@ -45,6 +45,27 @@ std::optional<int> monthOfName(std::string_view letters) {
   return found == kMonths.end() ? std::nullopt : std::optional(static_cast<int>(found - kMonths.begin()) + 1);
 }
 
+// Hungarian, English, German, French, Spanish, Italian, Portuguese; a name may be cut after its first letter.
+constexpr std::string_view kWeekdays =
+    "HETFO, KEDD, SZERDA, CSUTORTOK, PENTEK, SZOMBAT, VASARNAP, MONDAY, TUESDAY, WEDNESDAY, THURSDAY, "
+    "FRIDAY, "
+    "SATURDAY, SUNDAY, MONTAG, DIENSTAG, MITTWOCH, DONNERSTAG, FREITAG, SAMSTAG, SONNABEND, SONNTAG, LUNDI, "
+    "MARDI, MERCREDI, JEUDI, VENDREDI, SAMEDI, DIMANCHE, LUNES, MARTES, MIERCOLES, JUEVES, VIERNES, SABADO, "
+    "DOMINGO, LUNEDI, MARTEDI, MERCOLEDI, GIOVEDI, VENERDI, SABATO, DOMENICA, SEGUNDA, TERCA, QUARTA, "
+    "QUINTA, "
+    "SEXTA";
+
+// What Hungarian puts behind the number of a day ("3-án").
+constexpr std::string_view kDayEndings = "I, AI, EI, JEI, A, E, JE, AN, EN, JEN";
+
+std::optional<int> monthOfNumeral(std::string_view letters) {
+  constexpr auto kNumerals = std::to_array<std::string_view>(
+      {"I", "II", "III", "IV", "V", "VI", "VII", "VIII", "IX", "X", "XI", "XII"});
+  const auto* found = std::ranges::find(kNumerals, letters);
+  return found == kNumerals.end() ? std::nullopt
+                                  : std::optional(static_cast<int>(found - kNumerals.begin()) + 1);
+}
+
 // The parts of a day as they stand.
 struct DayParts {
   std::array<int, 3> numbers{};
@@ -73,11 +94,14 @@ void skip(std::string_view& text, std::string_view characters) {
 // What may stand between a month's name and a number.
 constexpr std::string_view kBesideName = " ./-,'";
 
-// The next part: a number, or the name of a month.
-bool takePart(std::string_view& text, DayParts& parts, std::size_t i) {
+// The next part: a number, the name of a month, or its Roman numeral, which stands apart from the numbers on
+// both sides ("2023. II. 3.").
+bool takePart(std::string_view& text, DayParts& parts, std::size_t i, bool isApart) {
   parts.digits[i] = takeNumber(text, parts.numbers[i]);
   if (parts.digits[i] > 0) return true;
-  const auto month = monthOfName(takeLetters(text));
+  const std::string_view letters = takeLetters(text);
+  auto month = monthOfName(letters);
+  if (!month && i == 1 && isApart && !text.empty() && !isDigit(text.front())) month = monthOfNumeral(letters);
   if (month) parts.numbers[i] = *month;
   return month.has_value();
 }
@@ -96,10 +120,28 @@ bool takeSeparator(std::string_view& text, bool isBesideName) {
   return true;
 }
 
-// What may stand behind a day: nothing, or a time of day set apart from it.
+// A day of the week, in brackets or not.
+bool isWeekday(std::string_view rest) {
+  skip(rest, " ,(");
+  const std::string_view word = takeLetters(rest);
+  skip(rest, ".)");
+  return rest.empty() && beginsListed(folded(word), kWeekdays);
+}
+
+void skipDayEnding(std::string_view& text) {
+  if (!text.starts_with('-')) return;
+  std::string_view rest = text.substr(1);
+  if (isListed(folded(takeLetters(rest)), kDayEndings)) text = rest;
+}
+
+// What may stand behind a day: nothing, or a day of the week or a time of day set apart from it.
 bool isTimeOrNothing(std::string_view rest) {
-  if (rest.starts_with('.')) rest.remove_prefix(1);
+  skipDayEnding(rest);
+  const bool hasPoint = rest.starts_with('.');
+  if (hasPoint) rest.remove_prefix(1);
   if (core::trimmed(rest).empty()) return true;
+  if ((hasPoint || std::string_view(" ,(").find(rest.front()) != std::string_view::npos) && isWeekday(rest))
+    return true;
   const bool isApart = rest.starts_with(' ') || rest.starts_with('T') || rest.starts_with(',');
   return isApart && hasDigit(rest) && rest.find(':') != std::string_view::npos;
 }
@@ -129,10 +171,13 @@ std::optional<DayParts> partsOf(std::string_view text) {
   skipWeekday(text);
   skipTime(text);
   DayParts parts;
+  bool isApart = false;
   for (std::size_t i = 0;; ++i) {
-    if (!takePart(text, parts, i)) return std::nullopt;
+    if (!takePart(text, parts, i, isApart)) return std::nullopt;
     if (i == 2) break;
+    const std::size_t before = text.size();
     if (!takeSeparator(text, isBesideName(parts, i, text))) return std::nullopt;
+    isApart = text.size() < before;
   }
   const auto names = std::ranges::count(parts.digits, std::size_t{0});
   return names < 2 && isTimeOrNothing(text) ? std::optional(parts) : std::nullopt;

@@ -10,6 +10,7 @@
 #include "exchange/columns.h"
 #include "exchange/log_reader.h"
 #include "exchange/own_format.h"
+#include "exchange/totals.h"
 #include "exchange/vehicles.h"
 #include "exchange/words.h"
 
@@ -38,13 +39,6 @@ std::string wholeText(const CsvRow& row) {
     if (!core::trimmed(cell).empty() && text.size() < kLongest)
       text += (text.empty() ? "" : " | ") + onOneLine(cell);
   return text;
-}
-
-// A sum, an average: a cell names it alone, or the first one begins with it ("Összesen 400 l").
-bool isTotal(const CsvRow& row) {
-  if (std::ranges::any_of(row.cells, namesTotal)) return true;
-  const std::vector<std::string> words = wordsOf(folded(wholeText(row)));
-  return !words.empty() && namesTotal(words.front());
 }
 
 // The figures of a row in the file's own units, as far as it has them.
@@ -104,7 +98,27 @@ class RowReader {
     return read;
   }
 
+  // A row without a day and a reading that has the sum of the volumes above it is no fill-up.
+  void noticeSum(const TableRow& row, VolumesAbove& above, std::variant<LogRow, UnreadRow>& read) const {
+    auto* unread = std::get_if<UnreadRow>(&read);
+    const auto volume = volumeOf(row);
+    const bool isOpen =
+        unread != nullptr && (unread->why == Why::NoDay || unread->why == Why::DayNotUnderstood);
+    if (isOpen && volume && !hasDigit(cell(row.row, Meaning::Odometer)) && above.comeTo(*volume))
+      *unread = this->unread(row, Why::Total, {}, {});
+    if (unread != nullptr && unread->why == Why::Total)
+      above.beginPart();
+    else if (volume)
+      above.add(*volume);
+  }
+
  private:
+  std::optional<double> volumeOf(const TableRow& row) const {
+    const auto volume = row.kind == RowKind::Data ? figure(row.row, Meaning::Volume) : std::nullopt;
+    if (!volume || !*volume) return std::nullopt;
+    return static_cast<double>((*volume)->numerator()) / static_cast<double>((*volume)->denominator());
+  }
+
   // A row that is left out was driven all the same.
   void noteTrip(const CsvRow& row, core::Day day, UnreadRow& unread) const {
     constexpr int kLongest = 100'000;
@@ -136,7 +150,9 @@ class RowReader {
 
   std::string_view cell(const CsvRow& row, Meaning meaning) const {
     const std::size_t column = reading_.columnOf(meaning);
-    return column < reading_.columns.size() ? core::trimmed(row.cell(column)) : std::string_view();
+    if (column >= reading_.columns.size()) return {};
+    const std::string_view text = core::trimmed(row.cell(column));
+    return std::ranges::find(kFigures, meaning) == kFigures.end() ? text : withoutRemark(text);
   }
 
   UnreadRow unread(const TableRow& row, Why why, std::string head, std::string cellText) const {
@@ -327,10 +343,12 @@ bool UnreadRow::mayBeFillUp() const {
 
 LogRows readRows(const LogTable& table, const Reading& reading) {
   const RowReader reader(table, reading);
+  VolumesAbove above;
   LogRows rows;
   std::size_t place = 0;
   for (const TableRow& row : table.rows) {
     auto read = reader.read(row, place);
+    reader.noticeSum(row, above, read);
     if (row.kind == RowKind::Data) ++place;
     if (auto* unread = std::get_if<UnreadRow>(&read))
       rows.unread.push_back(std::move(*unread));

@@ -40,7 +40,7 @@ struct UnreadRow {
     FigureTooLarge,  ///< for the fields of a logbook
     NothingInIt,     ///< neither fuel nor cost nor note
     OtherFuel,       ///< counted in something else than litres (kWh, kg), or no fuel (AdBlue)
-    Total,           ///< a sum or an average
+    Total,           ///< a sum or an average, named or known by its volume
     TooManyCells,    ///< more than heads: a decimal comma parts them
     OtherVehicle,    ///< than the chosen one
     OtherSection,    ///< of the file, with something else than fill-ups

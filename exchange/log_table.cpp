@@ -28,8 +28,10 @@ std::size_t filledCells(const CsvRow& row) {
   return static_cast<std::size_t>(std::ranges::count_if(row.cells, isFilled));
 }
 
+// Figures among other cells, where the row was parted at another sign than its own, are values as well.
 bool isValue(std::string_view cell) {
-  return isBareFigure(cell) || (hasDigit(cell) && looksLikeDay(cell));
+  return isBareFigure(cell) || isFigureCell(core::trimmed(cell)) ||
+         (hasDigit(cell) && (looksLikeDay(cell) || cell.find_first_of(";\t|") != std::string_view::npos));
 }
 
 // Whether a row could be the heads of any table: two cells and more, no values among them.
@@ -358,10 +360,28 @@ void takeUnheaded(std::vector<CsvRow> rows, LogTable& table) {
   }
 }
 
+// Objects in braces, alone or in a list, as programs exchange them: no rows of a table.
+bool isJson(std::string_view text) {
+  const auto takeBlanks = [&] {
+    text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
+  };
+  takeBlanks();
+  if (text.starts_with('[')) text.remove_prefix(1);
+  takeBlanks();
+  if (!text.starts_with('{')) return false;
+  text.remove_prefix(1);
+  takeBlanks();
+  return text.starts_with('"') || text.starts_with('}');
+}
+
 }  // namespace
 
 LogTable readTable(std::string_view text, std::optional<char> separator) {
   LogTable table;
+  if (isJson(text)) {
+    table.fault = LogTable::Fault::NoTable;
+    return table;
+  }
   table.shape = findShape(text, separator);
   std::vector<CsvRow> rows = rowsOf(text, table);
   if (table.fault != LogTable::Fault::None) return table;

@@ -33,7 +33,7 @@ struct LogTable {
     None,
     RowTooLong,   ///< an endless line, a quote that is never closed
     TooManyRows,  ///< more rows than a logbook takes
-    NoTable,      ///< no two rows with several cells
+    NoTable,      ///< no row with several cells, or no rows at all (JSON)
   };
   Fault fault = Fault::None;
   int faultLine = 0;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/text.h"
+#include "exchange/numbers.h"
 #include "exchange/words.h"
 
 // Units and money as texts name them. Whoever adds one adds its words here: those of a unit to its list, a
@@ -85,6 +86,26 @@ std::string_view currencyOfWord(std::string_view word) {
   return found == kCurrencies.end() ? std::string_view() : found->code;
 }
 
+constexpr std::string_view kDigits = "0123456789";
+
+// Whether what stands behind a figure leaves it as it is: words that neither multiply nor divide it and name
+// no unit. A short word may be a unit that is not known here, unless it stands in brackets or behind a unit.
+bool isRemark(std::string_view text, bool isBehindUnit) {
+  constexpr std::size_t kShortest = 4;
+  constexpr std::string_view kOtherMeasures =
+      "EZER, EZRES, EFT, TSD, TAUSEND, THOUSAND, SZAZ, MILLIO, MILLIOS, MILLION, MFT, MIO, MILLIARD, MRD, "
+      "KG, "
+      "KILO, GRAMM, TONNA, TONNE, KWH, WH, DECI, DECILITER, CENTI, HEKTO, HEKTOLITER, PINT, PINTS, QUART, "
+      "QUARTS, DARAB";
+  const Words words = wordsOf(folded(text));
+  if (words.empty() || hasListed(words, kOtherMeasures) ||
+      text.find_first_of("/*%") != std::string_view::npos)
+    return false;
+  if (std::ranges::any_of(words, isUnitWord) || !currencyOf(text).empty()) return false;
+  return isBehindUnit || text.find_first_of("([") != std::string_view::npos ||
+         words.front().size() >= kShortest;
+}
+
 }  // namespace
 
 core::Ratio kilometresOf(DistanceUnit unit) {
@@ -145,6 +166,36 @@ bool isUnitWord(std::string_view word) {
 bool isUnitText(std::string_view text) {
   const Words words = wordsOf(folded(text));
   return !words.empty() ? std::ranges::all_of(words, isUnitWord) : !currencyOf(text).empty();
+}
+
+bool isFigureCell(std::string_view cell) {
+  if (!hasDigit(cell) || !looksLikeFigure(cell)) return false;
+  std::string around;
+  for (const char c : cell)
+    around += std::string_view("0123456789.,-+'").find(c) == std::string_view::npos ? c : ' ';
+  return folded(around).empty() || isUnitText(around);
+}
+
+bool beginsWithFigure(std::string_view cell) {
+  const std::size_t first = cell.find_first_of(kDigits);
+  if (first == std::string_view::npos) return false;
+  const std::size_t end = std::min(cell.find_first_not_of("0123456789.,'", first), cell.size());
+  const std::string_view behind = cell.substr(end);
+  const bool isOtherText = behind.starts_with('-') || behind.starts_with('/') || behind.starts_with(':');
+  return !isOtherText && isFigureCell(cell.substr(0, end));
+}
+
+std::string_view withoutRemark(std::string_view cell) {
+  constexpr std::size_t kLongest = 100;
+  if (cell.size() > kLongest || !hasDigit(cell) || isFigureCell(cell)) return cell;
+  const std::size_t digits = cell.find_last_of(kDigits) + 1;
+  for (std::size_t end = cell.size() - 1; end >= digits; --end) {
+    if (std::string_view(" ([-,;").find(cell[end]) == std::string_view::npos) continue;
+    const std::string_view figure = core::trimmed(cell.substr(0, end));
+    if (isFigureCell(figure) && isRemark(cell.substr(end), !folded(figure.substr(digits)).empty()))
+      return figure;
+  }
+  return cell;
 }
 
 bool isDollar(std::string_view currency) {

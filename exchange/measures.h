@@ -42,6 +42,18 @@ bool isUnitWord(std::string_view word);
 /// Whether a text is a word for a unit or a currency, or several: "(km)", "Ft/l".
 bool isUnitText(std::string_view text);
 
+/// Whether a cell is a figure, alone or with a unit or a currency: "40,5 l" is one, "E10" and "Super 95" are
+/// not.
+bool isFigureCell(std::string_view cell);
+
+/// Whether a cell begins with a figure, whatever words and figures stand behind it: "27,2 ezer Ft".
+bool beginsWithFigure(std::string_view cell);
+
+/// A cell of a column of figures without the remark behind its figure: "27235 Ft" of "27235 Ft kártyával".
+/// The whole cell where there is none, and where what stands there may make it another figure ("27,2 ezer
+/// Ft", "5 kg").
+std::string_view withoutRemark(std::string_view cell);
+
 /// Whether a currency, by its three letters, is of dollars.
 bool isDollar(std::string_view currency);
 

@@ -68,6 +68,42 @@ TEST(ADay, MayHaveTheNameOfItsMonth) {
   EXPECT_EQ(readMonth("13"), std::nullopt);
 }
 
+TEST(ADay, MayHaveItsDayOfTheWeekBehindIt) {
+  for (const char* text :
+       {"2023. február 3., péntek", "2023.02.03. (péntek)", "2023.02.03. péntek", "2023.02.03.péntek",
+        "2023.02.03. P", "2023-02-03 P.", "2023.02.03, Pén", "03.02.2023 Fri", "03.02.2023 (Freitag)",
+        "3 Feb 2023, Friday", "2023.02.03. péntek 14:05"})
+    EXPECT_EQ(readDay(text, DayOrder::DayFirst), dayOf({2023, 2, 3})) << text;
+  for (const char* text : {"2023.02.03 Foo", "2023.02.03. péntek este", "2023-02-03P", "2023.02.03. péntek 2",
+                           "2023.02.03 ()", "2023.02.03. pénteken"})
+    EXPECT_EQ(readDay(text, DayOrder::DayFirst), std::nullopt) << text;
+}
+
+TEST(ADay, MayHaveItsMonthInRomanNumeralsBetweenTheOthers) {
+  for (const char* text :
+       {"2023. II. 3.", "2023.II.3", "3.II.2023", "3. II. 2023.", "3/II/2023", "2023 II 3"})
+    EXPECT_EQ(readDay(text, DayOrder::DayFirst), dayOf({2023, 2, 3})) << text;
+  const std::vector<const char*> numerals{"I",   "II",   "III", "IV", "V",  "VI",
+                                          "VII", "VIII", "IX",  "X",  "XI", "XII"};
+  for (int month = 1; month <= 12; ++month)
+    EXPECT_EQ(readDay("2023." + std::string(numerals[static_cast<std::size_t>(month - 1)]) + ".3.",
+                      DayOrder::DayFirst),
+              dayOf({2023, month, 3}));
+  for (const char* text :
+       {"2023.ii.3", "2023.IIII.3", "12V2013", "2023X.3", "2023.X3", "II.3.2023", "3.2023.II", "2023.XIII.3"})
+    EXPECT_EQ(readDay(text, DayOrder::DayFirst), std::nullopt) << text;
+}
+
+TEST(ADay, MayHaveAHungarianEnding) {
+  for (const char* text : {"2023. február 3-án", "2023. február 3-i", "2023. február 3-ai", "2023.02.03-án",
+                           "2023. február 3-án, péntek", "2023. február 3-án 14:05"})
+    EXPECT_EQ(readDay(text, DayOrder::DayFirst), dayOf({2023, 2, 3})) << text;
+  EXPECT_EQ(readDay("2023. február 1-jén", DayOrder::DayFirst), dayOf({2023, 2, 1}));
+  EXPECT_EQ(readDay("2023. február 4-én", DayOrder::DayFirst), dayOf({2023, 2, 4}));
+  for (const char* text : {"2023. február 3-ig", "2023-02-03-x", "2023. február 3-án este", "2023-02-03-"})
+    EXPECT_EQ(readDay(text, DayOrder::DayFirst), std::nullopt) << text;
+}
+
 TEST(ADay, OfATwoDigitYearOrASpreadsheetsCountLiesFrom1980To2079) {
   EXPECT_EQ(readDay("1.2.80", DayOrder::DayFirst), dayOf({1980, 2, 1}));
   EXPECT_EQ(readDay("1.2.79", DayOrder::DayFirst), dayOf({2079, 2, 1}));

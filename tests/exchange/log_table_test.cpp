@@ -51,6 +51,26 @@ TEST(ARowOfAFile, OfWordsIsDataUnlessItNamesADay) {
               ElementsAre(RowKind::Heads, RowKind::Data, RowKind::Heads, RowKind::Data));
 }
 
+TEST(ARowOfAFile, OfFiguresWithTheirUnitsIsDataWhateverItsDay) {
+  const std::string row = "egyszer;113121 km;44,95 l;27235 Ft\n";
+  EXPECT_THAT(kinds(readTable("Dátum;Km óra;Liter;Ft\n" + row + row)),
+              ElementsAre(RowKind::Heads, RowKind::Data, RowKind::Data));
+  const LogTable table = readTable(row + row);
+  EXPECT_FALSE(table.hasHeads);
+  EXPECT_THAT(kinds(table), ElementsAre(RowKind::Data, RowKind::Data));
+}
+
+TEST(AFile, OfObjectsInBracesIsNoTable) {
+  const std::string object = R"({"date": "2023-02-03", "odometer": 113121, "litres": 44.95})";
+  for (const std::string& text :
+       {object, "[" + object + "," + object + "]", " [\n  " + object + "\n]\n", object + "\n" + object + "\n",
+        std::string("{\n \"fills\": []}"), std::string("[{}]")})
+    EXPECT_EQ(readTable(text).fault, LogTable::Fault::NoTable) << text;
+  for (const std::string text :
+       {"[km];{Date};Litres\n1000;2023-02-03;40\n", "{Date};Odometer;Litres\n2023-02-03;1;40\n"})
+    EXPECT_EQ(readTable(text).fault, LogTable::Fault::None) << text;
+}
+
 TEST(ATitle, StandsAloneApartOrMarkedBeforeHeads) {
   const std::string text = std::string(kHeads) + kRow;
   const auto after = [&](const std::string& rest) {

@@ -387,7 +387,7 @@ TEST(TheDecimalSign, IsAskedOfFiguresThatTheLogbookKeeps) {
   EXPECT_EQ(said.rows.rows[0].forints, Ratio(1'234));
   EXPECT_TRUE(
       readLog("Ft\tDátum\tKm óra\tLiter\n1.234\t2024.01.05.\t1000\t40\n").asks(Question::DecimalSign));
-  EXPECT_TRUE(readLog("Dátum\tKm óra\tFt\tLiter\n2024.01.05.\t1000\t1.234\t40.123 talán\n")
+  EXPECT_TRUE(readLog("Dátum\tKm óra\tFt\tLiter\n2024.01.05.\t1000\t1.234\tkb. 40.123\n")
                   .asks(Question::DecimalSign));  // words tell nothing of figures
 }
 
