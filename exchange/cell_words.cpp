@@ -18,7 +18,7 @@ constexpr std::string_view kYes =
 
 constexpr std::string_view kNo =
     "NO, N, FALSE, F, 0, 0 0, OFF, HALF, NEIN, FALSCH, TEIL, NEM, HAMIS, FEL, FELIG, NON, FAUX, FALSO, "
-    "NAO, NIE, NE, NU, NET, FALSZ, LOZ, NINCS, PARTIALLY";
+    "NAO, NIE, NEE, NE, NU, NET, FALSZ, LOZ, NINCS, PARTIALLY";
 
 }  // namespace
 

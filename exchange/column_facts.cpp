@@ -149,7 +149,10 @@ std::vector<ColumnFacts> lookAt(const LogTable& table, std::optional<DecimalSign
   std::vector<ColumnFacts> facts;
   for (std::size_t column = 0; column < table.heads.size(); ++column) {
     const HeadReading head = readHead(table.heads[column]);
-    facts.push_back({.head = head, .cells = cellsOf(rows, column, head), .figures = {}});
+    facts.push_back({.head = head,
+                     .currency = currencyOf(table.heads[column]),
+                     .cells = cellsOf(rows, column, head),
+                     .figures = {}});
     count(facts.back());
   }
   const auto shown = shownByAll(facts);

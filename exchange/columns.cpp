@@ -66,11 +66,23 @@ class Proposal {
   // The column still open whose head says that word most plainly and whose values fit.
   std::size_t best(HeadWord word, const Fits& fits) const {
     std::size_t found = kNone;
-    for (std::size_t i = 0; i < facts_.size(); ++i) {
-      if (isSettled_[i] || facts_[i].head.word != word || !fits(facts_[i])) continue;
-      if (found == kNone || facts_[i].head.strength > facts_[found].head.strength) found = i;
-    }
+    for (std::size_t i = 0; i < facts_.size(); ++i)
+      if (!isSettled_[i] && facts_[i].head.word == word && fits(facts_[i]) &&
+          (found == kNone || isBetter(facts_[i], facts_[found])))
+        found = i;
     return found;
+  }
+
+  // Of columns that say the same: forints beside other money; then the plainer one; then of readings the
+  // furthest one, a leg's end and not its start, what the odometer shows and not a sum.
+  static bool isBetter(const ColumnFacts& facts, const ColumnFacts& than) {
+    constexpr std::string_view kForint = "HUF";
+    const bool areMoneys = !facts.currency.empty() && !than.currency.empty();
+    if (areMoneys && (facts.currency == kForint) != (than.currency == kForint))
+      return facts.currency == kForint;
+    if (facts.head.strength != than.head.strength) return facts.head.strength > than.head.strength;
+    const bool areReadings = facts.head.word == HeadWord::Odometer || facts.head.word == HeadWord::Distance;
+    return areReadings && facts.median > than.median;
   }
 
   bool take(std::size_t column, Meaning meaning) {
@@ -251,6 +263,25 @@ class Proposal {
       takeBest(HeadWord::Amount, Meaning::TotalCost,
                [&](const ColumnFacts& facts) { return any(facts) && !areAnswers(facts); });
     takeThirdOfProduct();
+    if (!isTaken(Meaning::UnitPrice)) takeBest(HeadWord::NetCost, Meaning::TotalCost, any);
+    takeOtherPayments();
+  }
+
+  // What was paid in another way or money, in rows of its own ("Kártya", "Készpénz"), costs as well.
+  void takeOtherPayments() {
+    const std::size_t cost = columnOf(Meaning::TotalCost);
+    if (cost == kNone) return;
+    for (std::size_t i = 0; i < facts_.size(); ++i)
+      if (!isSettled_[i] && facts_[i].head.word == HeadWord::TotalCost && fillsGapsOf(cost, i))
+        settle(i, Meaning::TotalCost);
+  }
+
+  // Whether a column has a figure in rows where another one has none, and nowhere else.
+  bool fillsGapsOf(std::size_t column, std::size_t other) const {
+    if (!facts_[other].areFigures()) return false;
+    for (std::size_t row = 0; row < facts_[other].cells.size(); ++row)
+      if (!facts_[other].cells[row].empty() && !facts_[column].cells[row].empty()) return false;
+    return true;
   }
 
   // Of several columns of money one may be the product of another and the volume.
@@ -328,13 +359,30 @@ class Proposal {
     constexpr std::pair<HeadWord, Meaning> kWords[] = {{HeadWord::Missed, Meaning::Missed},
                                                        {HeadWord::NoteCost, Meaning::NoteCost},
                                                        {HeadWord::Part, Meaning::Part},
+                                                       {HeadWord::PartCost, Meaning::PartCost},
                                                        {HeadWord::Description, Meaning::Description},
                                                        {HeadWord::DistanceUnit, Meaning::DistanceUnit},
                                                        {HeadWord::VolumeUnit, Meaning::VolumeUnit},
                                                        {HeadWord::Currency, Meaning::Currency}};
     for (const auto& [word, meaning] : kWords) takeBest(word, meaning, any);
+    settleChanges();
     settleKinds();
     settleRest();
+  }
+
+  // "Olajcsere" says whether, or what it cost.
+  void settleChanges() {
+    constexpr std::pair<HeadWord, Meaning> kChanges[] = {{HeadWord::OilChange, Meaning::OilChange},
+                                                         {HeadWord::FilterChange, Meaning::FilterChange},
+                                                         {HeadWord::PlugChange, Meaning::PlugChange}};
+    const auto areChanges = [](const ColumnFacts& facts) {
+      return areAnswers(facts) || (!facts.areFigures() && areTwoKinds(facts));
+    };
+    const auto areCosts = [](const ColumnFacts& facts) {
+      return facts.areFigures() && facts.head.strength == 4;
+    };
+    for (const auto& [word, meaning] : kChanges)
+      takeBest(word, meaning, areChanges) || takeBest(word, Meaning::NoteCost, areCosts);
   }
 
   void settleRest() {
@@ -356,6 +404,7 @@ class Proposal {
       takeBest(HeadWord::Kind, Meaning::Full, tellsFills) ||
           takeBest(HeadWord::Fuel, Meaning::Full, tellsFills) ||
           takeBest(HeadWord::Known, Meaning::Full, namesFills) ||
+          takeBest(HeadWord::Volume, Meaning::Full, tellsFills) ||
           takeBest(HeadWord::Unknown, Meaning::Full, namesFills);
     takeBest(HeadWord::Kind, Meaning::Kind, [](const ColumnFacts&) { return true; });
   }

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -14,6 +15,7 @@ namespace tarvik::exchange {
 /// The cells of a column that stand in rows of data, and what they look like.
 struct ColumnFacts {
   HeadReading head;
+  std::string currency;                 ///< that the head names
   std::vector<std::string_view> cells;  ///< trimmed, of each row of data; empty where the row is shorter;
                                         ///< under heads of figures without the remarks behind them
   std::vector<std::optional<double>> figures;  ///< what they come to with the sign below

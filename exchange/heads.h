@@ -19,6 +19,7 @@ enum class HeadWord {
   Fuel,    ///< how much or of which kind
   Amount,  ///< of fuel or of money
   TotalCost,
+  NetCost,  ///< without tax
   UnitPrice,
   Price,  ///< of a unit or of all
   Full,
@@ -27,6 +28,10 @@ enum class HeadWord {
   Note,
   NoteCost,
   Part,
+  PartCost,
+  OilChange,
+  FilterChange,
+  PlugChange,
   Description,
   Kind,
   DistanceUnit,

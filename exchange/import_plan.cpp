@@ -116,6 +116,10 @@ core::EntryInput typedIn(const Candidate& candidate) {
   input.tankoltLiter = core::plainText(core::toAmount(row.litres));
   input.tankoltKtg = wholeText(row.forints);
   input.megjKtg = wholeText(row.noteForints);
+  input.alkatreszKtg = wholeText(row.partForints);
+  input.olajcsere = row.isOilChange;
+  input.szurocsere = row.isFilterChange;
+  input.gyertyacsere = row.isPlugChange;
   input.ftPerLiter = core::pricePerLitre(input.tankoltKtg, input.tankoltLiter).value_or(std::string());
   input.teletank = row.isFull;
   return core::withDefaults(std::move(input));

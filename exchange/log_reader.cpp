@@ -8,6 +8,7 @@
 #include "core/text.h"
 #include "exchange/cell_words.h"
 #include "exchange/columns.h"
+#include "exchange/heads.h"
 #include "exchange/log_reader.h"
 #include "exchange/own_format.h"
 #include "exchange/totals.h"
@@ -76,7 +77,7 @@ class Reckoning {
 bool fitsLogbook(const LogRow& row) {
   return fits<std::int32_t>(row.kilometres.value_or(0)) && fits<std::int32_t>(row.trip.value_or(0)) &&
          fits<std::int64_t>(row.litres, kPartsOfAmount) && fits<std::int32_t>(row.forints) &&
-         fits<std::int32_t>(row.noteForints);
+         fits<std::int32_t>(row.noteForints) && fits<std::int32_t>(row.partForints);
 }
 
 class RowReader {
@@ -148,8 +149,17 @@ class RowReader {
     return std::nullopt;
   }
 
+  // Of several columns of a meaning the one that the row has something in, else the first; past the columns
+  // for none.
+  std::size_t columnOf(const CsvRow& row, Meaning meaning) const {
+    const std::size_t first = reading_.columnOf(meaning);
+    for (std::size_t i = first; i < reading_.columns.size(); ++i)
+      if (reading_.columns[i].meaning == meaning && !core::trimmed(row.cell(i)).empty()) return i;
+    return first;
+  }
+
   std::string_view cell(const CsvRow& row, Meaning meaning) const {
-    const std::size_t column = reading_.columnOf(meaning);
+    const std::size_t column = columnOf(row, meaning);
     if (column >= reading_.columns.size()) return {};
     const std::string_view text = core::trimmed(row.cell(column));
     return std::ranges::find(kFigures, meaning) == kFigures.end() ? text : withoutRemark(text);
@@ -212,8 +222,8 @@ class RowReader {
   std::optional<std::optional<core::Ratio>> figure(const CsvRow& row, Meaning meaning) const {
     const std::string_view text = cell(row, meaning);
     if (!hasDigit(text)) return std::nullopt;
-    auto value = isFigureCell(text) ? readFigure(text, reading_.columns[reading_.columnOf(meaning)].sign)
-                                    : std::nullopt;
+    auto value =
+        isFigureCell(text) ? readFigure(text, reading_.columns[columnOf(row, meaning)].sign) : std::nullopt;
     if (value && *value < 0) value.reset();
     return value;
   }
@@ -222,7 +232,7 @@ class RowReader {
     RowFigures figures;
     for (const Meaning meaning : kFigures) {
       const auto found = figure(row.row, meaning);
-      if (found && !*found) return unreadCell(row, Why::FigureNotUnderstood, reading_.columnOf(meaning));
+      if (found && !*found) return unreadCell(row, Why::FigureNotUnderstood, columnOf(row.row, meaning));
       if (found) figures[meaning] = **found;
     }
     LogRow read{.line = row.row.line, .day = day};
@@ -233,9 +243,14 @@ class RowReader {
       return unreadCell(row, Why::NoOdometer,
                         std::min(reading_.columnOf(Meaning::Odometer), reading_.columnOf(Meaning::Trip)));
     readWords(row.row, read);
-    if (read.litres.isZero() && read.forints.isZero() && read.noteForints.isZero() && read.note.empty())
-      return unreadCell(row, Why::NothingInIt, reading_.columnOf(Meaning::Volume));
+    if (!hasAnything(read)) return unreadCell(row, Why::NothingInIt, reading_.columnOf(Meaning::Volume));
     return read;
+  }
+
+  static bool hasAnything(const LogRow& read) {
+    return !read.litres.isZero() || !read.forints.isZero() || !read.noteForints.isZero() ||
+           !read.partForints.isZero() || read.isOilChange || read.isFilterChange || read.isPlugChange ||
+           !read.note.empty() || !read.part.empty();
   }
 
   // False where a figure is too large to be worked out.
@@ -259,6 +274,7 @@ class RowReader {
     read.litres = reckoning.product(volume, litresOf(volumeUnitOf(row)));
     read.forints = volume.isZero() ? 0 : reckoning.product(cost, rate);
     read.noteForints = reckoning.product(volume.isZero() ? noteCost + cost : noteCost, rate);
+    read.partForints = reckoning.product(figureIn(figures, Meaning::PartCost), rate);
     return !reckoning.isTooLarge();
   }
 
@@ -282,6 +298,9 @@ class RowReader {
     for (const Meaning meaning : {Meaning::Currency, Meaning::TotalCost, Meaning::UnitPrice})
       if (currency.empty() && !reading_.isCurrencySaid)
         currency = isBareDollar(cell(row, meaning)) ? reading_.dollar : currencyOf(cell(row, meaning));
+    const std::size_t cost = columnOf(row, Meaning::TotalCost);
+    if (currency.empty() && cost != reading_.columnOf(Meaning::TotalCost))
+      currency = currencyOf(reading_.columns[cost].head);
     if (currency.empty()) currency = reading_.currency;
     const auto found = reading_.rates.find(currency);
     return found == reading_.rates.end() ? core::Ratio(1) : found->second;
@@ -299,7 +318,14 @@ class RowReader {
   static bool saysMissed(std::string_view text) {
     if (const auto answer = yesOrNo(text)) return *answer;
     if (folded(text).empty()) return !text.empty() && text != "-" && text != "–";  // a mark
-    return text.find_first_of("123456789") != std::string_view::npos;
+    return wholeHead(folded(text)) == HeadWord::Missed ||
+           text.find_first_of("123456789") != std::string_view::npos;
+  }
+
+  // "x", "igen", "csere".
+  bool saysChanged(const CsvRow& row, Meaning meaning) const {
+    const std::string_view text = cell(row, meaning);
+    return yesOrNo(text).value_or(!text.empty() && text != "-" && text != "–");
   }
 
   void readWords(const CsvRow& row, LogRow& read) const {
@@ -309,11 +335,17 @@ class RowReader {
     read.isDamaged = std::ranges::any_of(
         row.cells, [](const std::string& text) { return text.find("\xEF\xBF\xBD") != std::string::npos; });
     read.part = onOneLine(cell(row, Meaning::Part));
+    read.isOilChange = saysChanged(row, Meaning::OilChange);
+    read.isFilterChange = saysChanged(row, Meaning::FilterChange);
+    read.isPlugChange = saysChanged(row, Meaning::PlugChange);
     read.note = onOneLine(cell(row, Meaning::Description));
     for (std::size_t i = 0; i < reading_.columns.size(); ++i)
       if (reading_.columns[i].meaning == Meaning::Note) join(read.note, onOneLine(row.cell(i)));
     if (read.note.empty() && !isFuelling && !namesFuelling(cell(row, Meaning::Kind)))
       read.note = onOneLine(cell(row, Meaning::Kind));
+    // What only its column's head names: "Szervizköltség".
+    if (read.note.empty() && !isFuelling && hasDigit(cell(row, Meaning::NoteCost)))
+      read.note = onOneLine(reading_.columns[reading_.columnOf(Meaning::NoteCost)].head);
   }
 
   std::variant<LogRow, UnreadRow> readOwn(const TableRow& row, core::Day day) const {

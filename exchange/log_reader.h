@@ -22,9 +22,13 @@ struct LogRow {
   core::Ratio litres = 0;                   ///< 0: no fill-up
   core::Ratio forints = 0;      ///< worked out from the price of a unit where the file has only that
   core::Ratio noteForints = 0;  ///< what the note cost: beside the fuel, or all where there is none
+  core::Ratio partForints = 0;
   bool isFull = false;
   bool isAfterMissed = false;  ///< a fill-up before it is not in the file
-  bool isDamaged = false;      ///< letters of it could not be decoded
+  bool isOilChange = false;
+  bool isFilterChange = false;
+  bool isPlugChange = false;
+  bool isDamaged = false;  ///< letters of it could not be decoded
   std::string note{};
   std::string part{};
   std::optional<core::NapiAdat> own{};  ///< the entry itself, of a file that this program wrote

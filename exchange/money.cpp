@@ -49,11 +49,10 @@ void addColumn(NamedMoney& named, const ColumnFacts& facts, const std::string& h
 
 NamedMoney namedMoney(const LogTable& table, const std::vector<ColumnFacts>& facts, const Reading& reading) {
   NamedMoney named;
-  for (const Meaning meaning :
-       {Meaning::TotalCost, Meaning::UnitPrice, Meaning::NoteCost, Meaning::Currency}) {
-    const std::size_t column = reading.columnOf(meaning);
-    if (column < facts.size()) addColumn(named, facts[column], table.heads[column], meaning);
-  }
+  for (const Meaning meaning : {Meaning::TotalCost, Meaning::UnitPrice, Meaning::NoteCost, Meaning::Currency})
+    for (std::size_t column = 0; column < facts.size(); ++column)
+      if (reading.columns[column].meaning == meaning)
+        addColumn(named, facts[column], table.heads[column], meaning);
   named.isDollarOpen = named.hasDollars && std::ranges::none_of(named.currencies, isDollar);
   if (named.isDollarOpen) add(named, "USD");
   return named;

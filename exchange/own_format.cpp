@@ -224,6 +224,17 @@ std::vector<Meaning> ownMeanings(const std::vector<std::string>& heads) {
   return meanings;
 }
 
+namespace {
+
+// As it is shown while a fill is typed, in whole hundredths.
+core::Amount priceOf(std::int32_t cost, const core::Ratio& litres) {
+  constexpr std::int64_t kPartsOfAHundredth = 100;
+  const auto hundredths = core::roundedAwayFromZero(core::Ratio(cost) / litres, 2);
+  return {static_cast<std::int64_t>(hundredths) * kPartsOfAHundredth};
+}
+
+}  // namespace
+
 OwnRow readOwnRow(const CsvRow& row, const Reading& reading, core::Day day) {
   OwnRow own;
   for (const OwnColumn& column : kColumns) {
@@ -235,6 +246,9 @@ OwnRow readOwnRow(const CsvRow& row, const Reading& reading, core::Day day) {
     if (column.meaning == Meaning::Part) own.part = restored(cell);
     if (column.meaning == Meaning::Note) own.note = restored(cell);
   }
+  const core::Ratio litres = own.entry.TankoltLiter.ratio();
+  if (!reading.has(Meaning::UnitPrice) && litres > 0)
+    own.entry.FtPerLiter = priceOf(own.entry.TankoltKtg, litres);
   return own;
 }
 

@@ -51,7 +51,8 @@ inline constexpr int kMeanings = static_cast<int>(Meaning::Vehicle) + 1;
 
 /// The columns whose figures a row is made of.
 inline constexpr std::array kFigures = {Meaning::Odometer,  Meaning::Trip,      Meaning::Volume,
-                                        Meaning::TotalCost, Meaning::UnitPrice, Meaning::NoteCost};
+                                        Meaning::TotalCost, Meaning::UnitPrice, Meaning::NoteCost,
+                                        Meaning::PartCost};
 
 /// A column and how it is read.
 struct ColumnReading {

@@ -105,6 +105,15 @@ TEST(TheDistance, IsTheReadingThatTheHeadsSayMostPlainly) {
   EXPECT_THAT(meanings({kTrips, unknown}, {{0, M::Trip}}), ElementsAre(M::Trip, M::NotUnderstood));
 }
 
+TEST(TheDistance, OfHeadsAsPlainIsTheFurthestReading) {
+  const std::vector<std::string> start{"Kezdő km", "48210", "48866", "49391", "49991"};
+  const std::vector<std::string> end{"Záró km", "48866", "49391", "49991", "50500"};
+  EXPECT_THAT(meanings({kDays, start, end}), ElementsAre(M::Day, M::NotNeeded, M::Odometer));
+  EXPECT_THAT(meanings({kDays, end, start}), ElementsAre(M::Day, M::Odometer, M::NotNeeded));
+  const std::vector<std::string> sum{"Össz km", "641", "1311", "1983", "2621"};
+  EXPECT_THAT(meanings({kDays, sum, kKm}), ElementsAre(M::Day, M::NotNeeded, M::Odometer));
+}
+
 TEST(TheDistance, OfAnUnknownHeadHasFourReadingsAboveAThousandThatRise) {
   const auto meaning = [](const std::vector<std::string>& cells) {
     return meanings({kDays, named("Zutty", cells)}).at(1);
@@ -266,6 +275,31 @@ TEST(Money, OfSeveralColumnsWithoutAProductIsWhatTheHeadsSay) {
   EXPECT_THAT(behind({{"Amount", "1", "0", "1", "0"}, kPrices}), ElementsAre(M::Full, M::UnitPrice));
 }
 
+TEST(Money, WithTaxComesBeforeMoneyWithout) {
+  const std::vector<std::string> net{"Nettó összeg", "18898", "21134", "9764", "19370"};
+  const std::vector<std::string> tax{"ÁFA összeg", "5102", "5706", "2636", "5230"};
+  EXPECT_THAT(behind({net, tax, named("Bruttó összeg", kCosts)}),
+              ElementsAre(M::NotNeeded, M::NotNeeded, M::TotalCost));
+  EXPECT_THAT(behind({net}), ElementsAre(M::TotalCost));
+  EXPECT_THAT(behind({net, kPrices}), ElementsAre(M::NotNeeded, M::UnitPrice));
+}
+
+TEST(Money, OfForintsComesBeforeOther) {
+  const std::vector<std::string> euros{"Összeg (€)", "62", "70", "32", "64"};
+  EXPECT_THAT(behind({euros, named("Összeg (Ft)", kCosts)}), ElementsAre(M::NotNeeded, M::TotalCost));
+  EXPECT_THAT(behind({named("Összeg (Ft)", kCosts), euros}), ElementsAre(M::TotalCost, M::NotNeeded));
+  EXPECT_THAT(behind({named("Költség", kCosts), euros}), ElementsAre(M::TotalCost, M::NotNeeded));
+}
+
+TEST(Money, PaidInAnotherWayInRowsOfItsOwnIsACostToo) {
+  const std::vector<std::string> card{"Fizetve kártyával", "24000", "", "12400", ""};
+  const std::vector<std::string> cash{"Fizetve készpénzzel", "", "26840", "", "24600"};
+  EXPECT_THAT(behind({card, cash}), ElementsAre(M::TotalCost, M::TotalCost));
+  EXPECT_THAT(behind({named("Fizetve kártyával", kCosts), cash}), ElementsAre(M::TotalCost, M::NotNeeded));
+  EXPECT_THAT(behind({card, named("Fizetve készpénzzel", {"", "", "x", "", "y"})}),
+              ElementsAre(M::TotalCost, M::NotNeeded));
+}
+
 TEST(Money, WithoutVolumesIsWhatTheHeadsSay) {
   EXPECT_THAT(meanings({kDays, kKm, kCosts, named("Ár", kPrices)}),
               ElementsAre(M::Day, M::Odometer, M::TotalCost, M::UnitPrice));
@@ -353,6 +387,26 @@ TEST(FullFills, AreSaidByOneColumn) {
   EXPECT_THAT(behind({named("Station", kFills)}), ElementsAre(M::NotNeeded));
   EXPECT_THAT(behind({named("Zutty", words)}), ElementsAre(M::Full));
   EXPECT_THAT(behind({named("Zutty", kFills)}), ElementsAre(M::NotUnderstood));
+}
+
+TEST(FullFills, AreSaidUnderAHeadOfTheVolumeToo) {
+  EXPECT_THAT(behind({kCosts, {"Tankolt", "tele", "tele", "nem tele", "tele"}}),
+              ElementsAre(M::TotalCost, M::Full));
+  EXPECT_THAT(behind({kCosts, {"Getankt", "ja", "ja", "nee", "ja"}}), ElementsAre(M::TotalCost, M::Full));
+  EXPECT_THAT(behind({kCosts, {"Vol getankt", "ja", "ja", "nee", "ja"}}), ElementsAre(M::TotalCost, M::Full));
+}
+
+TEST(Changes, AreSaidByAnswersAndCostByFigures) {
+  const std::vector<std::string> marks{"Olajcsere", "", "x", "", ""};
+  EXPECT_THAT(behind({kCosts, marks, named("Szűrőbetét csere", marks), named("Gyertya", marks)}),
+              ElementsAre(M::TotalCost, M::OilChange, M::FilterChange, M::PlugChange));
+  const std::vector<std::string> costs{"Olajcsere", "", "12000", "", ""};
+  EXPECT_THAT(behind({kCosts, costs}), ElementsAre(M::TotalCost, M::NoteCost));
+  EXPECT_THAT(behind({kCosts, named("Olajcsere (km)", costs)}), ElementsAre(M::TotalCost, M::NotNeeded));
+  EXPECT_THAT(
+      behind({kCosts, named("Alkatrész", {"", "", "Fékbetét", "", ""}), named("Alkatrész költség", costs)}),
+      ElementsAre(M::TotalCost, M::Part, M::PartCost));
+  EXPECT_THAT(behind({kCosts, named("Szervizköltség", costs)}), ElementsAre(M::TotalCost, M::NoteCost));
 }
 
 TEST(WordsOfARow, HaveAColumnEach) {

@@ -37,6 +37,64 @@ TEST(ARowLeftOut, IsShownWithItsOwnCellsAndWhole) {
   EXPECT_EQ(apart.rows.unread.at(1).day, "");
 }
 
+TEST(ARow, MayBeAChangeAPartOrItsCostAlone) {
+  const ReadLog log = readLog(
+      "Dátum;Km;Liter;Ft;Olajcsere;Szűrő;Gyertya;Alkatrész;Alkatrész ára (Ft)\n"
+      "2024.01.05.;48210;41;25575;nem;-;;;\n2024.01.19.;48866;44;27681;igen;x;csere;Fékbetét;12500\n"
+      "2024.01.20.;48900;;;x;;;;\n2024.01.21.;48910;;;;;;;9000\n2024.01.22.;48920;;;;;;Izzó;\n"
+      "2024.01.23.;48930;;;nem;;;;\n");
+  const auto entries = planOf(log).entries;
+  ASSERT_EQ(entries.size(), 5U);
+  const auto flags = [&](std::size_t row) {
+    const core::NapiAdat& entry = entries[row].entry;
+    return std::array{entry.Olajcsere != 0, entry.Szurocsere != 0, entry.Gyertyacsere != 0};
+  };
+  EXPECT_THAT(flags(0), ElementsAre(false, false, false));
+  EXPECT_THAT(flags(1), ElementsAre(true, true, true));
+  EXPECT_EQ(entries[1].entry.Alkatresz.trimmed(), "Fékbetét");
+  EXPECT_EQ(entries[1].entry.AlkatreszKtg, 12'500);
+  EXPECT_THAT(flags(2), ElementsAre(true, false, false));
+  EXPECT_EQ(entries[3].entry.AlkatreszKtg, 9'000);
+  EXPECT_EQ(entries[4].entry.Alkatresz.trimmed(), "Izzó");
+  EXPECT_EQ(log.rows.unread.back().why, Why::NothingInIt);
+}
+
+TEST(ARow, TakesItsCostFromTheColumnThatHasOne) {
+  const std::string text = "Dátum;Km;Liter;Ft;EUR\n2024.01.05.;48210;41;25575;\n2024.01.19.;48866;44;;70,5\n";
+  EXPECT_TRUE(readLog(text).asks(exchange::Question::Rate));
+  const ReadLog log = readLog(text, {.rates = {{"EUR", Ratio(400)}}});
+  EXPECT_EQ(log.rows.rows.at(0).forints, 25'575);
+  EXPECT_EQ(log.rows.rows.at(1).forints, 28'200);
+}
+
+TEST(ARow, WithoutFuelHasTheHeadOfItsCostForANote) {
+  const ReadLog log =
+      readLog("Dátum;Km;Liter;Ft;Szervizköltség\n2024.01.05.;48210;41;25575;\n2024.01.19.;48866;;;32000\n");
+  EXPECT_EQ(log.rows.rows.at(1).note, "Szervizköltség");
+  EXPECT_EQ(log.rows.rows.at(1).noteForints, 32'000);
+}
+
+TEST(ARow, IsBehindAMissedFillByTheWordsOfTheHeadToo) {
+  const ReadLog log = readLog(
+      "Date;Odometer (km);Litres;Missed\n2024-01-05;48210;41;no\n2024-01-19;48866;44;missed\n"
+      "2024-02-02;49391;40;kimaradt\n2024-02-12;49991;42;so-so\n");
+  EXPECT_FALSE(log.rows.rows.at(0).isAfterMissed);
+  EXPECT_TRUE(log.rows.rows.at(1).isAfterMissed);
+  EXPECT_TRUE(log.rows.rows.at(2).isAfterMissed);
+  EXPECT_FALSE(log.rows.rows.at(3).isAfterMissed);
+}
+
+TEST(AnOwnRow, WithoutItsPriceHasTheOneOfItsCost) {
+  const ReadLog log = readLog(
+      "Dátum;Km óra állás;Liter;Tankolt költség (Ft);Tele tankolva;Olajcsere;Szűrőbetét csere;Gyertya csere;"
+      "Alkatrész megnevezése;Alkatrész költség (Ft);Megjegyzés;Megjegyzés költsége (Ft);"
+      "Fogyasztás (liter/100 km)\n2024-01-05;48210;41,37;25575;igen;nem;nem;nem;;0;Tankolás;0;0\n"
+      "2024-01-06;48211;0;0;nem;nem;nem;nem;;0;Mosás;500;0\n");
+  ASSERT_TRUE(log.reading.isOwn);
+  EXPECT_EQ(log.rows.rows.at(0).own->FtPerLiter.tenThousandths, 6'182'000);  // 25,575 / 41.37 = 618.2016
+  EXPECT_EQ(log.rows.rows.at(1).own->FtPerLiter.tenThousandths, 0);
+}
+
 TEST(ARowLeftOut, IsShownAsFarAsThreeHundredBytesReach) {
   const auto text = [](std::size_t first) {
     return readLog(std::string(kTable) + ";" + std::string(first, 'x') + ";y\n").rows.unread.at(1).text;
