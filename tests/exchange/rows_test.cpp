@@ -238,6 +238,39 @@ TEST(ARow, TakesNoFigureFromOtherTexts) {
   EXPECT_EQ(log.rows.rows.at(0).litres, Ratio(4'688, 100));
 }
 
+// 37.85411784 litres are ten US gallons, 45.4609 ten of the imperial ones.
+TEST(ARow, IsPaidByTheUnitThatItsPriceIsOf) {
+  const auto cost = [](const std::string& heads, const std::string& litres, const Choices& choices = {}) {
+    Choices said = choices;
+    said.rates = {{"USD", Ratio(1)}, {"GBP", Ratio(1)}, {"EUR", Ratio(1)}};
+    return readLog(heads + "\n2023-02-03,113121," + litres + ",3.5\n2023-02-16,113791," + litres + ",3.5\n",
+                   said)
+        .rows.rows.at(0)
+        .forints;
+  };
+  const std::string litres = "Date,Odometer (km),Litres,";
+  EXPECT_EQ(cost(litres + "Price per gallon (USD)", "37.85411784"), Ratio(35));
+  EXPECT_EQ(cost(litres + "Price per gallon (GBP)", "45.4609"), Ratio(35));
+  EXPECT_EQ(cost(litres + "Price/US gal (EUR)", "37.85411784"), Ratio(35));
+  EXPECT_EQ(cost(litres + "Price per litre (USD)", "10"), Ratio(35));
+  EXPECT_EQ(cost("Date,Odometer (km),US gallons,Price per litre (USD)", "10"),
+            Ratio(13'248'941'244, 100'000'000));
+  EXPECT_EQ(cost("Date,Odometer (km),Gallons,Price per gallon (USD)", "10", {.volume = VolumeUnit::UkGallon}),
+            Ratio(35));
+}
+
+TEST(ARow, TakesNoPriceOfAGallonThatIsOpenBesideLitres) {
+  const ReadLog log = readLog(
+      "Date,Odometer (km),Litres,Price per gallon "
+      "(EUR)\n2023-02-03,113121,40,3.5\n2023-02-16,113791,40,3.5\n");
+  EXPECT_EQ(log.meaningOf("Price per gallon (EUR)"), exchange::Meaning::NotNeeded);
+  EXPECT_TRUE(log.rows.rows.at(0).forints.isZero());
+  const ReadLog known = readLog(
+      "Date,Odometer (km),Litres,Price per gallon (EUR),MPG (imp gal)\n2023-02-03,113121,45.4609,3.5,\n",
+      {.rates = {{"EUR", Ratio(400)}}});
+  EXPECT_EQ(known.rows.rows.at(0).forints, Ratio(14'000));
+}
+
 TEST(ARowLeftOut, MayBeAFillUpWhereItHasAVolumeOrMoreCellsThanHeads) {
   const auto mayBe = [](exchange::UnreadRow::Why why, const std::string& volume) {
     exchange::UnreadRow row{.why = why};
