@@ -90,11 +90,9 @@ constexpr std::string_view kDigits = "0123456789";
 
 // Words that make the figure before them another one.
 constexpr std::string_view kOtherMeasures =
-    "EZER, EZRES, EFT, TSD, TAUSEND, THOUSAND, SZAZ, MILLIO, MILLIOS, MILLION, MFT, MIO, MILLIARD, MRD, KG, "
-    "KILO, "
-    "GRAMM, TONNA, TONNE, KWH, WH, DECI, DECILITER, DL, CENTI, CL, ML, HEKTO, HEKTOLITER, HL, PINT, PINTS, "
-    "PT, "
-    "QUART, QUARTS, QT, OZ, DARAB";
+    "EZER, EZRES, EFT, TSD, TAUSEND, THOUSAND, SZAZ, MILLIO, MILLIOS, MILLION, MFT, MIO, MILLIARD, MRD, "
+    "KG, KILO, GRAMM, TONNA, TONNE, KWH, WH, DECI, DECILITER, DL, CENTI, CL, ML, HEKTO, HEKTOLITER, HL, "
+    "PINT, PINTS, PT, QUART, QUARTS, QT, OZ, DARAB";
 
 // Whether what stands behind a figure leaves it as it is: words that neither multiply nor divide it and name
 // no unit. A short word may be a unit that is not known here, unless it stands in brackets or behind a unit
