@@ -263,7 +263,9 @@ class RowReader {
     if (trip != figures.end() && !reading_.has(Meaning::Odometer))
       read.trip = reckoning.product(trip->second, kilometres);
     core::Ratio volume = figureIn(figures, Meaning::Volume);
-    const core::Ratio price = reckoning.quotient(figureIn(figures, Meaning::UnitPrice), reading_.priceShare);
+    core::Ratio price = reckoning.quotient(figureIn(figures, Meaning::UnitPrice), reading_.priceShare);
+    if (reading_.priceVolume)
+      price = reckoning.product(price, litresOf(volumeUnitOf(row)) / litresOf(*reading_.priceVolume));
     core::Ratio cost = figureIn(figures, Meaning::TotalCost);
     const bool isService = namesService(cell(row, Meaning::Kind));
     if (volume.isZero() && !cost.isZero() && !price.isZero() && !reading_.has(Meaning::Volume) && !isService)

@@ -88,21 +88,25 @@ std::string_view currencyOfWord(std::string_view word) {
 
 constexpr std::string_view kDigits = "0123456789";
 
+// Words that make the figure before them another one.
+constexpr std::string_view kOtherMeasures =
+    "EZER, EZRES, EFT, TSD, TAUSEND, THOUSAND, SZAZ, MILLIO, MILLIOS, MILLION, MFT, MIO, MILLIARD, MRD, "
+    "KG, KILO, GRAMM, TONNA, TONNE, KWH, WH, DECI, DECILITER, DL, CENTI, CL, ML, HEKTO, HEKTOLITER, HL, "
+    "PINT, PINTS, PT, QUART, QUARTS, QT, OZ, DARAB";
+
 // Whether what stands behind a figure leaves it as it is: words that neither multiply nor divide it and name
-// no unit. A short word may be a unit that is not known here, unless it stands in brackets or behind a unit.
+// no unit. A short word may be a unit that is not known here, unless it stands in brackets or behind a unit
+// ("kp" is how Hungarian writes cash).
 bool isRemark(std::string_view text, bool isBehindUnit) {
   constexpr std::size_t kShortest = 4;
-  constexpr std::string_view kOtherMeasures =
-      "EZER, EZRES, EFT, TSD, TAUSEND, THOUSAND, SZAZ, MILLIO, MILLIOS, MILLION, MFT, MIO, MILLIARD, MRD, "
-      "KG, "
-      "KILO, GRAMM, TONNA, TONNE, KWH, WH, DECI, DECILITER, CENTI, HEKTO, HEKTOLITER, PINT, PINTS, QUART, "
-      "QUARTS, DARAB";
   const Words words = wordsOf(folded(text));
   if (words.empty() || hasListed(words, kOtherMeasures) ||
       text.find_first_of("/*%") != std::string_view::npos)
     return false;
   if (std::ranges::any_of(words, isUnitWord) || !currencyOf(text).empty()) return false;
-  return isBehindUnit || text.find_first_of("([") != std::string_view::npos ||
+  const std::string_view begin = core::trimmed(text);
+  const bool isInBrackets = begin.starts_with('(') || begin.starts_with('[');
+  return isBehindUnit || (isInBrackets && folded(text).size() > 1) || words.front() == "KP" ||
          words.front().size() >= kShortest;
 }
 

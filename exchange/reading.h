@@ -135,8 +135,9 @@ struct Reading {
   std::string currency;                 ///< of costs that name none
   std::vector<std::string> currencies;  ///< foreign ones, each with a rate to be known
   std::map<std::string, core::Ratio> rates;
-  std::string dollar = "USD";   ///< whose dollars they are where only their sign stands
-  std::int64_t priceShare = 1;  ///< 100 where prices of a litre are in cents or pence
+  std::string dollar = "USD";             ///< whose dollars they are where only their sign stands
+  std::int64_t priceShare = 1;            ///< 100 where prices of a litre are in cents or pence
+  std::optional<VolumeUnit> priceVolume;  ///< what a price is of, where volumes are in another unit
   std::vector<FullWord> fullWords;
   std::vector<VehicleRows> vehicles;      ///< empty: one
   std::vector<std::size_t> vehicleOfRow;  ///< of each row of the table's data; past the vehicles for none

@@ -24,8 +24,9 @@ void VolumesAbove::Sum::add(double more) {
 }
 
 bool VolumesAbove::Sum::comesTo(double other) const {
-  constexpr double kRounding = 0.5;
-  return rows > 1 && std::abs(volume - other) <= kRounding;
+  const bool isWhole = other == std::floor(other);
+  const double rounding = isWhole ? 0.5 : 0.05;
+  return rows > 1 && std::abs(volume - other) <= rounding;
 }
 
 void VolumesAbove::add(double volume) {

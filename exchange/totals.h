@@ -17,7 +17,7 @@ class VolumesAbove {
   /// A sum: another one counts from there.
   void beginPart() { part_ = {}; }
   /// Whether a volume is that of two rows and more, of those since the last sum or of all; it may be rounded
-  /// to a whole number.
+  /// to a whole number or to tenths.
   bool comeTo(double volume) const;
 
  private:

@@ -98,6 +98,29 @@ bool isPlausible(std::optional<double> consumption) {
   return !consumption || (*consumption >= kLeast && *consumption <= kMost);
 }
 
+// Whose gallon prices are of that only say "gallon": other heads or the money tell. Nothing where they do
+// not.
+std::optional<VolumeUnit> gallonOf(const LogTable& table, const std::string& currency) {
+  for (const std::string& head : table.heads)
+    if (const UnitHint hint = unitHintOf(head);
+        hint.volume && *hint.volume != VolumeUnit::Litre && !hint.isGallonOpen)
+      return hint.volume;
+  if (currency == "USD") return VolumeUnit::UsGallon;
+  return currency == "GBP" ? std::optional(VolumeUnit::UkGallon) : std::nullopt;
+}
+
+// Prices may be of another unit than the volumes ("price per gallon" beside litres). Such a column is not
+// needed where it is open which.
+void findPriceVolume(const LogTable& table, const std::vector<ColumnFacts>& facts,
+                     const std::string& currency, Reading& reading) {
+  const std::size_t column = reading.columnOf(Meaning::UnitPrice);
+  const UnitHint price = hintOf(table, facts, column);
+  const bool areGallons = reading.volume != VolumeUnit::Litre;
+  if (!price.volume || *price.volume == reading.volume || (price.isGallonOpen && areGallons)) return;
+  reading.priceVolume = price.isGallonOpen ? gallonOf(table, currency) : price.volume;
+  if (!reading.priceVolume) reading.columns[column].meaning = Meaning::NotNeeded;
+}
+
 bool isEnglishColumn(const LogTable& table, std::size_t column) {
   return !table.hasHeads || isEnglishHead(table.heads[column]);
 }
@@ -120,6 +143,7 @@ void findUnits(const LogTable& table, const std::vector<ColumnFacts>& facts, con
   const bool hasGallons = stated.volume && *stated.volume != VolumeUnit::Litre;
   reading.distance = choices.distance.value_or(stated.distance.value_or(DistanceUnit::Kilometre));
   reading.volume = choices.volume.value_or(stated.volume.value_or(VolumeUnit::Litre));
+  findPriceVolume(table, facts, currency, reading);
   const bool isVolumeOpen = !stated.volume && !isMoneyOfLitres(currency) &&
                             !(stated.distance == DistanceUnit::Kilometre) && (isEnglish || namesMpg(table));
   bool isDistanceOpen =

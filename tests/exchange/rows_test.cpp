@@ -260,22 +260,23 @@ TEST(ARow, WithACellWithoutADigitOrBelowNothingIsNoFigure) {
 TEST(ARow, IsReadToTheRemarkBehindItsFigures) {
   const ReadLog log = readLog(
       "Dátum;Km óra;Liter;Fizetve (Ft)\n2023.02.03;113121 km (szerviz);44,95;27235\n"
-      "2023.02.16;113791;46,88 l (tele);28733 (kártya)\n2023.02.24;114463;43,45;26 631 Ft kártyával\n"
+      "2023.02.16;113791;46,88 l (tele);28733 (kártya)\n2023.02.24;114463;43,45;26 631 Ft "
+      "kártyával\n2023.02.28;114800;20,00;12000 kp\n"
       "2023.03.03;115101;39,71;23425 Ft-ért\n2023.03.17;115532;28,59 - fele;Ft 17323 kártya\n");
   std::vector<Ratio> forints;
   for (const auto& row : log.rows.rows) forints.push_back(row.forints);
-  EXPECT_THAT(forints,
-              ElementsAre(Ratio(27'235), Ratio(28'733), Ratio(26'631), Ratio(23'425), Ratio(17'323)));
+  EXPECT_THAT(forints, ElementsAre(Ratio(27'235), Ratio(28'733), Ratio(26'631), Ratio(12'000), Ratio(23'425),
+                                   Ratio(17'323)));
   EXPECT_EQ(log.rows.rows.at(0).kilometres, Ratio(113'121));
   EXPECT_EQ(log.rows.rows.at(1).litres, Ratio(4'688, 100));
-  EXPECT_EQ(log.rows.rows.at(4).litres, Ratio(2'859, 100));
+  EXPECT_EQ(log.rows.rows.at(5).litres, Ratio(2'859, 100));
   EXPECT_TRUE(log.reading.open.empty());
 }
 
 TEST(ARow, IsRefusedWhereTheWordsBehindAFigureMayMakeItAnotherOne) {
-  for (const char* cell :
-       {"27,2 ezer Ft", "27 e Ft", "27 eFt", "27k", "27 k", "27 (EFT)", "0,027 millió Ft", "27,2 tsd. Ft",
-        "27235 (2 tétel)", "27235 (kp EUR)", "27235 kp", "27235 Ft/fő", "27235 (10%)"}) {
+  for (const char* cell : {"27,2 ezer Ft", "27 e Ft", "27 eFt", "27k", "27 k", "27 (EFT)", "0,027 millió Ft",
+                           "27,2 tsd. Ft", "27235 (2 tétel)", "27235 (kp EUR)", "27235 xy", "27 xy (fele)",
+                           "27 (e)", "27 (dl)", "27235 Ft/fő", "27235 (10%)"}) {
     const ReadLog log = readLog("Dátum;Km óra;Liter;Ft\n2023.02.03;113121;44,95;" + std::string(cell) +
                                 "\n2023.02.16;113791;46,88;" + cell + "\n");
     ASSERT_THAT(leftOut(log), ElementsAre(testing::Pair(2, Why::FigureNotUnderstood),
@@ -294,6 +295,39 @@ TEST(ARow, TakesNoFigureFromOtherTexts) {
   EXPECT_EQ(log.meaningOf("Számla"), exchange::Meaning::NotNeeded);
   EXPECT_THAT(leftOut(log), ElementsAre(testing::Pair(2, Why::FigureNotUnderstood)));
   EXPECT_EQ(log.rows.rows.at(0).litres, Ratio(4'688, 100));
+}
+
+// 37.85411784 litres are ten US gallons, 45.4609 ten of the imperial ones.
+TEST(ARow, IsPaidByTheUnitThatItsPriceIsOf) {
+  const auto cost = [](const std::string& heads, const std::string& litres, const Choices& choices = {}) {
+    Choices said = choices;
+    said.rates = {{"USD", Ratio(1)}, {"GBP", Ratio(1)}, {"EUR", Ratio(1)}};
+    return readLog(heads + "\n2023-02-03,113121," + litres + ",3.5\n2023-02-16,113791," + litres + ",3.5\n",
+                   said)
+        .rows.rows.at(0)
+        .forints;
+  };
+  const std::string litres = "Date,Odometer (km),Litres,";
+  EXPECT_EQ(cost(litres + "Price per gallon (USD)", "37.85411784"), Ratio(35));
+  EXPECT_EQ(cost(litres + "Price per gallon (GBP)", "45.4609"), Ratio(35));
+  EXPECT_EQ(cost(litres + "Price/US gal (EUR)", "37.85411784"), Ratio(35));
+  EXPECT_EQ(cost(litres + "Price per litre (USD)", "10"), Ratio(35));
+  EXPECT_EQ(cost("Date,Odometer (km),US gallons,Price per litre (USD)", "10"),
+            Ratio(13'248'941'244, 100'000'000));
+  EXPECT_EQ(cost("Date,Odometer (km),Gallons,Price per gallon (USD)", "10", {.volume = VolumeUnit::UkGallon}),
+            Ratio(35));
+}
+
+TEST(ARow, TakesNoPriceOfAGallonThatIsOpenBesideLitres) {
+  const ReadLog log = readLog(
+      "Date,Odometer (km),Litres,Price per gallon "
+      "(EUR)\n2023-02-03,113121,40,3.5\n2023-02-16,113791,40,3.5\n");
+  EXPECT_EQ(log.meaningOf("Price per gallon (EUR)"), exchange::Meaning::NotNeeded);
+  EXPECT_TRUE(log.rows.rows.at(0).forints.isZero());
+  const ReadLog known = readLog(
+      "Date,Odometer (km),Litres,Price per gallon (EUR),MPG (imp gal)\n2023-02-03,113121,45.4609,3.5,\n",
+      {.rates = {{"EUR", Ratio(400)}}});
+  EXPECT_EQ(known.rows.rows.at(0).forints, Ratio(14'000));
 }
 
 TEST(ARowLeftOut, MayBeAFillUpWhereItHasAVolumeOrMoreCellsThanHeads) {

@@ -55,6 +55,12 @@ std::optional<core::Ratio> typedNumber(const QLineEdit& field) {
   return number && *number >= 0 ? number : std::nullopt;
 }
 
+// A reading is of whole kilometres: points before three digits group them, as in the cells of a file.
+std::optional<core::Ratio> typedReading(const QLineEdit& field) {
+  const auto grouped = exchange::readFigure(toLogic(field.text()), exchange::DecimalSign::Comma);
+  return grouped && *grouped >= 0 ? grouped : typedNumber(field);
+}
+
 bool isAsked(const Reading& reading, Question question) {
   return std::ranges::find(reading.asked, question) != reading.asked.end();
 }
@@ -187,7 +193,7 @@ void ImportChoices::takeTyped() {
 
 void ImportChoices::takeTrip() {
   choices_.tripStart.reset();
-  if (const auto reading = typedNumber(*tripReading_))
+  if (const auto reading = typedReading(*tripReading_))
     choices_.tripStart = exchange::TripStart{tripStart_->currentIndex() == 0, *reading};
 }
 

@@ -107,6 +107,21 @@ class ImportQuestionsTest : public test::ImportTest {
     QCOMPARE(csv.stored().at(1).KmOra, 10'000);
   }
 
+  void aTypedReadingMayHaveItsThousandsApart() {
+    for (const char* km : {"112.480", "112 480", "112480", "112480,4"}) {
+      Import csv;
+      QVERIFY(
+          csv.take("Dátum;Megtett út (km);Liter;Ft/liter\n2023.02.03;641;44,95;605,9\n"
+                   "2023.02.16;670;46,88;612,9\n",
+                   [&](Preview& preview) {
+                     type(preview, "txKmKezdet", km);
+                     takeOver(preview);
+                   }));
+      QCOMPARE(csv.stored().at(0).KmOra, 113'121);
+      QCOMPARE(csv.stored().at(1).KmOra, 113'791);
+    }
+  }
+
   void unknownWordsForAFullTankAreAskedFor() {
     Import csv;
     QVERIFY(csv.take(
