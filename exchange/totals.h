@@ -5,8 +5,7 @@
 namespace tarvik::exchange {
 
 /// Whether a row is named as a sum or an average: a cell says so alone, or the first one begins or ends with
-/// it
-/// ("Összesen 400 l", "február összesen").
+/// it ("Összesen 400 l", "február összesen").
 bool isTotal(const CsvRow& row);
 
 /// The volumes of the rows of a file so far, by which a sum is known that nothing names.
