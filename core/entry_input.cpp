@@ -1,5 +1,7 @@
 #include "core/entry_input.h"
 
+#include <algorithm>
+
 #include "core/field_number.h"
 #include "core/number_format.h"
 #include "core/number_text.h"
@@ -31,6 +33,23 @@ std::string withoutStrays(std::string_view text) {
     text.remove_prefix(length);
   }
   return kept;
+}
+
+// A number that was pasted has its point among digits, a typed one at the end. In front of three digits it
+// groups them where amounts are whole; else it stands for the comma.
+std::string withPointRead(std::string text, Point point) {
+  const std::size_t first = text.find('.');
+  if (first == std::string::npos || first + 1 == text.size()) return text;
+  bool areGroups = point == Point::Groups;
+  for (std::size_t at = first; at != std::string::npos; at = text.find('.', at + 1)) {
+    const std::size_t end = std::min(text.find_first_not_of("0123456789", at + 1), text.size());
+    areGroups = areGroups && end - at == 4;
+  }
+  if (areGroups)
+    std::erase(text, '.');
+  else if (text.find_first_of(".,", first + 1) == std::string::npos)
+    text[first] = ',';
+  return text;
 }
 
 void dropLast(std::string& text) {
@@ -114,9 +133,9 @@ std::optional<std::string> pricePerLitre(std::string_view tankoltKtg, std::strin
   return formatted(Ratio(toWhole(*cost)) / *litres, "###.00");
 }
 
-TextAtCursor numericPart(TextAtCursor text) {
+TextAtCursor numericPart(TextAtCursor text, Point point) {
   if (isNumeric(text)) return text;
-  text = {withoutStrays(text.before), withoutStrays(text.behind)};
+  text = {withPointRead(withoutStrays(text.before), point), withoutStrays(text.behind)};
   while (!isNumeric(text)) dropLast(text.before.empty() ? text.behind : text.before);
   return text;
 }

@@ -65,9 +65,14 @@ struct TextAtCursor {
   friend bool operator==(const TextAtCursor&, const TextAtCursor&) = default;
 };
 
+/// What a point before three digits does in a number that was pasted: it groups whole amounts ("25.000"), and
+/// is a comma where amounts have decimals.
+enum class Point { Groups, Comma };
+
 /// What a numeric field keeps of its text, so that it is empty or a number: letters and signs that no number
-/// has go, wherever they stand; if that is not enough, such as of two commas, the characters before the
-/// cursor go, which were typed last, and then those at the end.
-TextAtCursor numericPart(TextAtCursor text);
+/// has go, wherever they stand; a point that came with digits behind it was pasted and is read; if that is
+/// not enough, such as of two commas, the characters before the cursor go, which were typed last, and then
+/// those at the end.
+TextAtCursor numericPart(TextAtCursor text, Point point);
 
 }  // namespace tarvik::core

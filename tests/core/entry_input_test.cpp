@@ -230,7 +230,7 @@ TEST(PricePerLitre, StaysWhileAFieldIsEmptyZeroOrNoNumber) {
 // What a numeric field keeps; the cursor is behind the first text.
 
 std::string keptOf(std::string typed) {
-  const TextAtCursor kept = numericPart({.before = std::move(typed), .behind = ""});
+  const TextAtCursor kept = numericPart({.before = std::move(typed), .behind = ""}, Point::Groups);
   EXPECT_EQ(kept.behind, "");
   return kept.before;
 }
@@ -242,21 +242,37 @@ TEST(NumericPart, ANumberStaysAsItWasTyped) {
 
 TEST(NumericPart, LettersAndMalformedBytesGoAlone) {
   const std::vector<std::pair<const char*, const char*>> typedAndKept{
-      {"12a", "12"},       {"a", ""},         {"12ő", "12"},        {"40.5", "40"},
+      {"12a", "12"},       {"a", ""},         {"12ő", "12"},        {"40.", "40"},
       {"9x1234", "91234"}, {"12 abc", "12 "}, {"1a2b3", "123"},     {"árvíztűrő", ""},
       {"1,2,3", "1,2"},    {"12\xC5", "12"},  {"\x80\x80\x80", ""}, {"12a\u00A0345", "12\u00A0345"}};
   for (const auto& [typed, kept] : typedAndKept) EXPECT_EQ(keptOf(typed), kept);
 }
 
 TEST(NumericPart, AStrayLetterOrASecondCommaGoesWhereItWasTyped) {
-  EXPECT_EQ(numericPart({"9x", "1234"}), (TextAtCursor{"9", "1234"}));
-  EXPECT_EQ(numericPart({"9ő", "1234,5"}), (TextAtCursor{"9", "1234,5"}));
-  EXPECT_EQ(numericPart({"x", "12"}), (TextAtCursor{"", "12"}));
-  EXPECT_EQ(numericPart({"12", "x"}), (TextAtCursor{"12", ""}));
-  EXPECT_EQ(numericPart({"1,", "2,5"}), (TextAtCursor{"1", "2,5"}));
-  EXPECT_EQ(numericPart({"12,5,", ""}), (TextAtCursor{"12,5", ""}));
-  EXPECT_EQ(numericPart({"12-", "5"}), (TextAtCursor{"12", "5"}));
-  EXPECT_EQ(numericPart({"", "1,2,3"}), (TextAtCursor{"", "1,2"}));
+  EXPECT_EQ(numericPart({"9x", "1234"}, Point::Groups), (TextAtCursor{"9", "1234"}));
+  EXPECT_EQ(numericPart({"9ő", "1234,5"}, Point::Groups), (TextAtCursor{"9", "1234,5"}));
+  EXPECT_EQ(numericPart({"x", "12"}, Point::Groups), (TextAtCursor{"", "12"}));
+  EXPECT_EQ(numericPart({"12", "x"}, Point::Groups), (TextAtCursor{"12", ""}));
+  EXPECT_EQ(numericPart({"1,", "2,5"}, Point::Groups), (TextAtCursor{"1", "2,5"}));
+  EXPECT_EQ(numericPart({"12,5,", ""}, Point::Groups), (TextAtCursor{"12,5", ""}));
+  EXPECT_EQ(numericPart({"12-", "5"}, Point::Groups), (TextAtCursor{"12", "5"}));
+  EXPECT_EQ(numericPart({"", "1,2,3"}, Point::Groups), (TextAtCursor{"", "1,2"}));
+}
+
+TEST(NumericPart, APastedPointGroupsOrStandsForTheComma) {
+  const auto kept = [](const char* pasted, Point point) { return numericPart({pasted, ""}, point).before; };
+  EXPECT_EQ(kept("25.000", Point::Groups), "25000");
+  EXPECT_EQ(kept("25.000 Ft", Point::Groups), "25000 ");
+  EXPECT_EQ(kept("1.234.567", Point::Groups), "1234567");
+  EXPECT_EQ(kept("1.234,5", Point::Groups), "1234,5");
+  EXPECT_EQ(kept("40.55", Point::Groups), "40,55");
+  EXPECT_EQ(kept("40.5500", Point::Groups), "40,5500");
+  EXPECT_EQ(kept("40.550", Point::Comma), "40,550");
+  EXPECT_EQ(kept("40.55", Point::Comma), "40,55");
+  EXPECT_EQ(kept("1.234.56", Point::Groups), "1");  // no number in either way
+  EXPECT_EQ(kept("1.234,5", Point::Comma), "1");
+  EXPECT_EQ(kept("40.", Point::Comma), "40");
+  EXPECT_EQ(numericPart({"40.", "55"}, Point::Comma), (TextAtCursor{"40", "55"}));
 }
 
 // Whether a logbook has what is typed.

@@ -64,7 +64,8 @@ void feedNumbers(std::string_view input) {
   attempt([&] { core::pricePerLitre(input, input.substr(input.size() / 2)); });
   attempt([&] { core::storedConsumption(input); });
   core::numericPart(
-      {std::string(input.substr(0, input.size() / 2)), std::string(input.substr(input.size() / 2))});
+      {std::string(input.substr(0, input.size() / 2)), std::string(input.substr(input.size() / 2))},
+      core::Point::Groups);
   attempt([&] {
     core::EntryInput typed;
     typed.kmOra = input.substr(0, input.size() / 2);

@@ -231,7 +231,8 @@ void EntryForm::keepNumeric(QLineEdit* field) {
   const QString text = field->text();
   const int cursor = field->cursorPosition();
   const core::TextAtCursor kept =
-      core::numericPart({.before = toLogic(text.left(cursor)), .behind = toLogic(text.mid(cursor))});
+      core::numericPart({.before = toLogic(text.left(cursor)), .behind = toLogic(text.mid(cursor))},
+                        field == ui_->txTankoltLiter ? core::Point::Comma : core::Point::Groups);
   const QString before = toQt(kept.before);
   if (before + toQt(kept.behind) == text) return;
   field->setText(before + toQt(kept.behind));

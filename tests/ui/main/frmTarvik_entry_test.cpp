@@ -1,3 +1,5 @@
+#include <QClipboard>
+
 #include "tests/ui/main_screen.h"
 #include "tests/ui/screen_test.h"
 #include "ui/lists/list_delegate.h"
@@ -99,6 +101,18 @@ class FrmTarvikEntryTest : public QObject {
     QCOMPARE(answerOfEnter(), QMessageBox::No);
     main.screen->beolvas();  // nothing is chosen any more
     QCOMPARE(answerOfEnter(), QMessageBox::Yes);
+  }
+
+  void aPastedAmountKeepsItsThousandsAndItsDecimals() {
+    ListedCar main({});
+    for (const auto& [name, pasted, kept] : {std::tuple("txTankoltKtg", "25.000 Ft", "25000 "),
+                                             {"txTankoltLiter", "40.55", "40,55"},
+                                             {"txKmOra", "280.500", "280500"}}) {
+      QApplication::clipboard()->setText(pasted);
+      main.edit(name)->setFocus();
+      main.edit(name)->paste();
+      QCOMPARE(main.edit(name)->text(), kept);
+    }
   }
 
   // What an entry is about: its fuel, or else its part, or else its note.
