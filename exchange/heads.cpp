@@ -75,8 +75,11 @@ struct Quotient {
   bool isConsumption;
 };
 
+// "per gallon", "per US gallon".
 bool isPer(const Words& words, std::size_t at) {
   constexpr std::string_view kPer = "PER, PRO, JE, AL, ZA, PE, POR, AU, PAR";
+  constexpr std::string_view kWhose = "US, UK, IMP, IMPERIAL";
+  if (at > 1 && isListed(words[at - 1], kWhose)) --at;
   return isListed(words[at - 1], kPer);
 }
 
@@ -181,7 +184,8 @@ HeadWord settledByUnit(HeadWord word, std::string_view head) {
 // Whether a head is of money, be it in hundredths ("ct/l").
 bool namesMoney(HeadWord word, std::string_view head, const Words& words) {
   constexpr std::string_view kHundredths = "CT, CENT, CENTS, P, PENCE";
-  return isMoney(word) || !currencyOf(head).empty() || hasListed(words, kHundredths);
+  return isMoney(word) || !currencyOf(head).empty() || hasListed(words, kHundredths) ||
+         std::ranges::any_of(words, [](const std::string& other) { return isMoney(wholeHead(other)); });
 }
 
 // A head that only its unit tells of: "Üa. (l)".
