@@ -356,15 +356,15 @@ class Proposal {
     takeBest(HeadWord::Full, Meaning::Full, areWords) ||
         takeBest(HeadWord::Amount, Meaning::Full, areAnswers) ||
         takeBest(HeadWord::Partial, Meaning::Partial, areWords);
-    constexpr std::pair<HeadWord, Meaning> kWords[] = {{HeadWord::Missed, Meaning::Missed},
-                                                       {HeadWord::NoteCost, Meaning::NoteCost},
-                                                       {HeadWord::Part, Meaning::Part},
-                                                       {HeadWord::PartCost, Meaning::PartCost},
-                                                       {HeadWord::Description, Meaning::Description},
-                                                       {HeadWord::DistanceUnit, Meaning::DistanceUnit},
-                                                       {HeadWord::VolumeUnit, Meaning::VolumeUnit},
-                                                       {HeadWord::Currency, Meaning::Currency}};
+    constexpr std::pair<HeadWord, Meaning> kWords[] = {
+        {HeadWord::Missed, Meaning::Missed},         {HeadWord::NoteCost, Meaning::NoteCost},
+        {HeadWord::PartCost, Meaning::PartCost},     {HeadWord::DistanceUnit, Meaning::DistanceUnit},
+        {HeadWord::VolumeUnit, Meaning::VolumeUnit}, {HeadWord::Currency, Meaning::Currency}};
     for (const auto& [word, meaning] : kWords) takeBest(word, meaning, any);
+    // "Alkatrész" may be what it cost; figures are no words of a note.
+    const auto areTexts = [](const ColumnFacts& facts) { return !facts.areFigures(); };
+    takeBest(HeadWord::Part, Meaning::Part, areTexts) || takeBest(HeadWord::Part, Meaning::PartCost, any);
+    takeBest(HeadWord::Description, Meaning::Description, areTexts);
     settleChanges();
     settleKinds();
     settleRest();
@@ -393,9 +393,14 @@ class Proposal {
         settle(i, Meaning::Note);
       else if (word == HeadWord::Vehicle && areNames(facts_[i]))
         settle(i, Meaning::Vehicle);
-      else if (word != HeadWord::Unknown || facts_[i].filled == 0)
+      else if (facts_[i].filled == 0 || !(word == HeadWord::Unknown || isCostOfWords(facts_[i])))
         settle(i, Meaning::NotNeeded);
     }
+  }
+
+  // Figures where a head promises words ("Service") may be costs: the person says.
+  static bool isCostOfWords(const ColumnFacts& facts) {
+    return facts.head.word == HeadWord::Description && facts.areFigures();
   }
 
   // A column of kinds may say which fills were full.

@@ -407,6 +407,11 @@ TEST(Changes, AreSaidByAnswersAndCostByFigures) {
       behind({kCosts, named("Alkatrész", {"", "", "Fékbetét", "", ""}), named("Alkatrész költség", costs)}),
       ElementsAre(M::TotalCost, M::Part, M::PartCost));
   EXPECT_THAT(behind({kCosts, named("Szervizköltség", costs)}), ElementsAre(M::TotalCost, M::NoteCost));
+  EXPECT_THAT(behind({kCosts, named("Munkadíj", costs)}), ElementsAre(M::TotalCost, M::NoteCost));
+  EXPECT_THAT(behind({kCosts, named("Alkatrész", costs)}), ElementsAre(M::TotalCost, M::PartCost));
+  EXPECT_THAT(behind({kCosts, named("Service", costs)}), ElementsAre(M::TotalCost, M::NotUnderstood));
+  EXPECT_THAT(behind({kCosts, named("Service", {"", "", "Wash", "", ""})}),
+              ElementsAre(M::TotalCost, M::Description));
 }
 
 TEST(WordsOfARow, HaveAColumnEach) {
