@@ -58,7 +58,7 @@ void DayField::step(DayPart part, int steps) {
 
 bool DayField::takeBack() {
   if (!entered_ || lineEdit()->text() == joined(shownParts(*entered_, last_), last_).text) return false;
-  const DayPart part = currentPart();
+  const DayPart part = typing_ ? typing_->first : currentPart();
   forget();
   setDate(toQt(*entered_));
   select(part);

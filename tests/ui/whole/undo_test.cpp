@@ -169,6 +169,7 @@ class UndoTest : public QObject {
       main.undo(day);
       QCOMPARE(day->date(), before);
       QCOMPARE(day->text(), before.toString("yyyy.MM.dd."));
+      QCOMPARE(day->findChild<QLineEdit*>()->selectedText(), QString("2026"));  // to be typed again
       QCOMPARE(main.rows(), 2);
       main.edit("txKmOra")->setFocus();
     }
