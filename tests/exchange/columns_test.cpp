@@ -289,6 +289,8 @@ TEST(Money, OfForintsComesBeforeOther) {
   EXPECT_THAT(behind({euros, named("Összeg (Ft)", kCosts)}), ElementsAre(M::NotNeeded, M::TotalCost));
   EXPECT_THAT(behind({named("Összeg (Ft)", kCosts), euros}), ElementsAre(M::TotalCost, M::NotNeeded));
   EXPECT_THAT(behind({named("Költség", kCosts), euros}), ElementsAre(M::TotalCost, M::NotNeeded));
+  EXPECT_THAT(behind({named("Költség", kCosts), {"Összeg (Ft)", "11", "17", "12", "15"}}),
+              ElementsAre(M::TotalCost, M::NotNeeded));  // as plain as a head can be
 }
 
 TEST(Money, PaidInAnotherWayInRowsOfItsOwnIsACostToo) {
