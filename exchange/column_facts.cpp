@@ -25,10 +25,11 @@ bool isOfFigures(HeadWord word) {
 
 std::vector<std::string_view> cellsOf(const std::vector<const CsvRow*>& rows, std::size_t column,
                                       const HeadReading& head) {
+  const bool mayHaveRemarks = isOfFigures(head.word);
   std::vector<std::string_view> cells;
   for (const CsvRow* row : rows) {
     const std::string_view cell = core::trimmed(row->cell(column));
-    cells.push_back(isOfFigures(head.word) ? withoutRemark(cell) : cell);
+    cells.push_back(mayHaveRemarks ? withoutRemark(cell) : cell);
   }
   return cells;
 }

@@ -76,7 +76,6 @@ class Proposal {
   // Of columns that say the same: forints beside other money; then the plainer one; then of readings the
   // furthest one, a leg's end and not its start, what the odometer shows and not a sum.
   static bool isBetter(const ColumnFacts& facts, const ColumnFacts& than) {
-    constexpr std::string_view kForint = "HUF";
     const bool areMoneys = !facts.currency.empty() && !than.currency.empty();
     if (areMoneys && (facts.currency == kForint) != (than.currency == kForint))
       return facts.currency == kForint;

@@ -317,9 +317,11 @@ class RowReader {
     return false;
   }
 
+  static bool isFilledIn(std::string_view text) { return !text.empty() && text != "-" && text != "–"; }
+
   static bool saysMissed(std::string_view text) {
     if (const auto answer = yesOrNo(text)) return *answer;
-    if (folded(text).empty()) return !text.empty() && text != "-" && text != "–";  // a mark
+    if (folded(text).empty()) return isFilledIn(text);  // a mark
     return wholeHead(folded(text)) == HeadWord::Missed ||
            text.find_first_of("123456789") != std::string_view::npos;
   }
@@ -327,7 +329,7 @@ class RowReader {
   // "x", "igen", "csere".
   bool saysChanged(const CsvRow& row, Meaning meaning) const {
     const std::string_view text = cell(row, meaning);
-    return yesOrNo(text).value_or(!text.empty() && text != "-" && text != "–");
+    return yesOrNo(text).value_or(isFilledIn(text));
   }
 
   void readWords(const CsvRow& row, LogRow& read) const {

@@ -54,6 +54,9 @@ bool beginsWithFigure(std::string_view cell);
 /// Ft", "5 kg").
 std::string_view withoutRemark(std::string_view cell);
 
+/// The money that logbooks are in, by its three letters.
+inline constexpr std::string_view kForint = "HUF";
+
 /// Whether a currency, by its three letters, is of dollars.
 bool isDollar(std::string_view currency);
 

@@ -9,8 +9,6 @@
 namespace tarvik::exchange {
 namespace {
 
-constexpr std::string_view kForint = "HUF";
-
 bool holdsAnything(const std::vector<ColumnFacts>& facts, const Reading& reading, Meaning meaning) {
   const std::size_t column = reading.columnOf(meaning);
   return column < facts.size() && facts[column].filled > 0;

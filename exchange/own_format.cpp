@@ -165,6 +165,13 @@ bool readCell(std::string_view cell, Text& text) {
   return true;
 }
 
+// As it is shown while a fill is typed, in whole hundredths.
+core::Amount priceOf(std::int32_t cost, const core::Ratio& litres) {
+  constexpr std::int64_t kPartsOfAHundredth = 100;
+  const auto hundredths = core::roundedAwayFromZero(core::Ratio(cost) / litres, 2);
+  return {static_cast<std::int64_t>(hundredths) * kPartsOfAHundredth};
+}
+
 }  // namespace
 
 std::string isoDay(double stored) {
@@ -223,17 +230,6 @@ std::vector<Meaning> ownMeanings(const std::vector<std::string>& heads) {
   }
   return meanings;
 }
-
-namespace {
-
-// As it is shown while a fill is typed, in whole hundredths.
-core::Amount priceOf(std::int32_t cost, const core::Ratio& litres) {
-  constexpr std::int64_t kPartsOfAHundredth = 100;
-  const auto hundredths = core::roundedAwayFromZero(core::Ratio(cost) / litres, 2);
-  return {static_cast<std::int64_t>(hundredths) * kPartsOfAHundredth};
-}
-
-}  // namespace
 
 OwnRow readOwnRow(const CsvRow& row, const Reading& reading, core::Day day) {
   OwnRow own;

@@ -75,7 +75,7 @@ Reading ownReading(const LogTable& table, const Choices& choices) {
     if (column < meanings.size()) meanings[column] = meaning;
   readColumns(table, facts, meanings, reading);
   reading.hasCosts = true;
-  reading.currency = "HUF";
+  reading.currency = kForint;
   reading.saysWhichAreFull = true;
   showSign(reading);
   askForColumns(reading);

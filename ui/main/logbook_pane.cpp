@@ -70,9 +70,9 @@ void LogbookPane::setUpFilter() {
   chooseMode(core::kMonthList);
   ui_->ListView1->setMinimumWidth(
       std::max(ui_->ListView1->minimumWidth(), ui_->FrameSzürö->minimumSizeHint().width()));
-  const QList<QRadioButton*> modes{ui_->opSzürö_0, ui_->opSzürö_1, ui_->opSzürö_2};
-  for (int mode = 0; mode < modes.size(); ++mode)
-    connect(modes[mode], &QRadioButton::toggled, this, [this, mode](bool on) {
+  const QList<QRadioButton*> options = modes();
+  for (int mode = 0; mode < options.size(); ++mode)
+    connect(options[mode], &QRadioButton::toggled, this, [this, mode](bool on) {
       if (on) chooseMode(mode);
     });
   chooseMode(core::kWholeList);
@@ -221,6 +221,11 @@ void LogbookPane::saveLog() {
               window());
 }
 
+// The options by the modes that they choose.
+QList<QRadioButton*> LogbookPane::modes() const {
+  return {ui_->opSzürö_0, ui_->opSzürö_1, ui_->opSzürö_2};
+}
+
 void LogbookPane::toggleFilter() {
   ui_->FrameSzürö->isHidden() ? openFilter() : ui_->FrameSzürö->hide();
 }
@@ -228,15 +233,14 @@ void LogbookPane::toggleFilter() {
 void LogbookPane::openFilter() {
   filterOpener_ = window()->focusWidget();
   ui_->FrameSzürö->show();
-  for (QRadioButton* option : {ui_->opSzürö_0, ui_->opSzürö_1, ui_->opSzürö_2})
+  for (QRadioButton* option : modes())
     if (option->isChecked()) option->setFocus(Qt::ShortcutFocusReason);
 }
 
 // As it was listed: a mode that was only clicked at would filter the next listing.
 void LogbookPane::closeFilter() {
   ui_->FrameSzürö->hide();
-  QRadioButton* const modes[] = {ui_->opSzürö_0, ui_->opSzürö_1, ui_->opSzürö_2};
-  modes[listed_.filter.mode]->setChecked(true);
+  modes()[listed_.filter.mode]->setChecked(true);
   ui_->DTPSzürö->setDate(toQt(listed_.filter.picked));
   if (filterOpener_) filterOpener_->setFocus(Qt::ShortcutFocusReason);
 }

@@ -12,6 +12,7 @@
 #include "ui/main/listed_logbook.h"
 
 class QAction;
+class QRadioButton;
 
 namespace Ui {
 class LogbookPane;
@@ -110,6 +111,7 @@ class LogbookPane : public QWidget {
   std::string trimmedPlate() const;
   void fillList();
   void setUpFilter();
+  QList<QRadioButton*> modes() const;
   void openFilter();
   void closeFilter();
   bool takesFilterKey(const QKeyEvent& key);
